@@ -1,0 +1,45 @@
+# vlk_add_library(<target>
+#   EXPORT_NAME <Name>           the alias and installed name is Vela::<Name>
+#   INCLUDE_DIR <dir>            folder name used in includes: #include <dir/header.h>
+#   EXPORT_MACRO <MACRO>         in the generated <dir>/<dir>_export.h
+#   SOURCES <file>...            sources and private headers
+#   HEADERS <file>...            public headers; installed below include/<dir>
+#   PUBLIC <target>...           link interface
+#   PRIVATE <target>...)
+#
+# Makes a shared library with hidden visibility and a generated export header, and installs it with its headers.
+include(GenerateExportHeader)
+
+function(vlk_add_library target)
+  cmake_parse_arguments(arg "" "EXPORT_NAME;INCLUDE_DIR;EXPORT_MACRO" "SOURCES;HEADERS;PUBLIC;PRIVATE" ${ARGN})
+
+  add_library(${target} SHARED ${arg_SOURCES} ${arg_HEADERS})
+  add_library(Vela::${arg_EXPORT_NAME} ALIAS ${target})
+  vlk_target_options(${target})
+
+  set(generated ${PROJECT_BINARY_DIR}/generated)
+  set(export_header ${generated}/${arg_INCLUDE_DIR}/${arg_INCLUDE_DIR}_export.h)
+  generate_export_header(${target}
+    BASE_NAME ${arg_INCLUDE_DIR} EXPORT_MACRO_NAME ${arg_EXPORT_MACRO} EXPORT_FILE_NAME ${export_header})
+
+  # The folder that holds <INCLUDE_DIR>/ is the include root.
+  cmake_path(GET CMAKE_CURRENT_SOURCE_DIR PARENT_PATH include_root)
+  target_include_directories(${target} PUBLIC
+    $<BUILD_INTERFACE:${include_root}>
+    $<BUILD_INTERFACE:${generated}>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_link_libraries(${target} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
+  set_target_properties(${target} PROPERTIES
+    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} EXPORT_NAME ${arg_EXPORT_NAME})
+
+  install(TARGETS ${target} EXPORT vlk_ui_base_targets
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+  foreach(header IN LISTS arg_HEADERS)
+    cmake_path(GET header PARENT_PATH folder)
+    install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${arg_INCLUDE_DIR}/${folder})
+  endforeach()
+  install(FILES ${export_header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${arg_INCLUDE_DIR})
+endfunction()
