@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tqm_mesh_kernel/tqm_mesh_kernel_export.h>
+
+#include <functional>
+
+namespace Taren::Core {
+
+/// Where, and how urgently, a task runs.
+enum EQualityOfService : int {
+  MainThreadQoS = 0, ///< One first-in-first-out queue served by the Qt main thread.
+  HighQoS = 1,       ///< Worker threads, before everything else.
+  NormalQoS = 2,     ///< Worker threads.
+  LowQoS = 3,        ///< Worker threads, when nothing else waits.
+};
+
+/// Hands a task to the dispatcher, which runs it exactly once, later, never inside this call.
+///
+/// Callable from any thread. What the task throws is logged and goes no further. Tasks of MainThreadQoS run in
+/// the order in which they were handed over; they wait for an application object if there is none yet.
+///
+/// @code
+/// dispatchAsync([mesh] { mesh->smooth(); }, NormalQoS);
+/// @endcode
+///
+/// @return false when the dispatcher refuses the task, which it does once the application object is gone.
+TQM_MESH_KERNEL_EXPORT bool dispatchAsync(const std::function<void()>& task, EQualityOfService qos);
+/// @overload Moves the task instead of copying it.
+TQM_MESH_KERNEL_EXPORT bool dispatchAsync(std::function<void()>&& task, EQualityOfService qos);
+
+/// Runs a task where its quality of service belongs and waits for its end.
+///
+/// Runs inline when the calling thread is the right one already (the main thread for MainThreadQoS, a worker of
+/// the dispatcher for the others). The main thread serves its own queue while it waits, so a worker that in turn
+/// waits for the main thread is always served.
+///
+/// @return false when the dispatcher refused the task, which then did not run.
+TQM_MESH_KERNEL_EXPORT bool dispatchSync(const std::function<void()>& task, EQualityOfService qos);
+
+/// Whether the calling thread is the one that runs tasks of MainThreadQoS. True everywhere while there is no
+/// application object.
+TQM_MESH_KERNEL_EXPORT bool isMainThread() noexcept;
+
+} // namespace Taren::Core

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tqm_mesh_kernel/i_service.h>
+#include <tqm_mesh_kernel/waypoint_ring.h>
+
+#include <QList>
+
+#include <memory>
+#include <vector>
+
+namespace Taren::Core {
+
+/// The host of the program's services and the keeper of its profiler waypoints.
+///
+/// Services are for the main thread; waypoints may be recorded from any thread.
+///
+/// @code
+/// Kernel kernel;
+/// kernel.registerService(std::make_shared<MeshStore>());
+/// kernel.registerService(std::make_shared<WorkbenchApp>());
+/// if (kernel.start() != RcmSuccess)
+///   return 1;                      // what had started is terminated again
+/// const int status = application.exec();
+/// kernel.stop();
+/// @endcode
+class TQM_MESH_KERNEL_EXPORT Kernel {
+public:
+  explicit Kernel(std::size_t waypointCapacity = WaypointRing::defaultCapacity);
+  /// Stops what still runs.
+  ~Kernel();
+  Kernel(const Kernel&) = delete;
+  Kernel& operator=(const Kernel&) = delete;
+
+  /// Records a named point in time on the calling thread. The newest ones are kept.
+  void ProfilerWaypoint(const QString& name);
+  const WaypointRing& waypoints() const noexcept { return m_waypoints; }
+  /// Writes the waypoints kept to a file that trace viewers of the Chrome trace-event format open.
+  /// @return false, and the reason in @p error when given, if the file cannot be written.
+  bool writeTrace(const QString& path, QString* error = nullptr) const;
+
+  /// Adds a service at the end of the start order.
+  /// @throws std::invalid_argument for a null service, std::logic_error after start().
+  void registerService(std::shared_ptr<IService> service);
+  /// Initialises the services in the order of their registration. When one fails or throws, those initialised
+  /// before it are terminated in reverse order and the failing one's status is returned.
+  /// @throws std::logic_error when already started.
+  ERcmStatus start();
+  /// Terminates the services in reverse order of registration, all of them, whatever one of them throws.
+  void stop() noexcept;
+  bool isStarted() const noexcept { return m_started; }
+  /// The first service of that name, or null.
+  std::shared_ptr<IService> service(const QString& name) const;
+
+private:
+  WaypointRing m_waypoints;
+  std::vector<std::shared_ptr<IService>> m_services;
+  std::size_t m_initialised = 0;
+  bool m_started = false;
+};
+
+} // namespace Taren::Core

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "main_thread_queue.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QLoggingCategory>
+
+#include <exception>
+
+namespace Taren::Core {
+
+namespace {
+
+Q_LOGGING_CATEGORY(dispatcherLog, "taren.dispatcher")
+
+// Tasks that queue tasks are served this many times over at exit; whoever still queues then never ends.
+constexpr int closingRounds = 1000;
+
+class Receiver : public QObject {
+public:
+  explicit Receiver(MainThreadQueue& queue) : m_queue(queue) {}
+
+  bool event(QEvent* event) override {
+    if (event->type() != QEvent::User)
+      return QObject::event(event);
+    m_queue.serve();
+    return true;
+  }
+
+private:
+  MainThreadQueue& m_queue;
+};
+
+} // namespace
+
+void runGuarded(const std::function<void()>& task) noexcept {
+  try {
+    task();
+  } catch (const std::exception& error) {
+    qCWarning(dispatcherLog, "A dispatched task failed: %s", error.what());
+  } catch (...) {
+    qCWarning(dispatcherLog, "A dispatched task failed with an unknown exception");
+  }
+}
+
+MainThreadQueue::MainThreadQueue() = default;
+MainThreadQueue::~MainThreadQueue() = default;
+
+bool MainThreadQueue::push(std::function<void()>&& task) {
+  const std::lock_guard lock(m_mutex);
+  if (m_closed)
+    return false;
+  m_queued.push_back(std::move(task));
+  requestServing();
+  return true;
+}
+
+// Called under the lock, so that the receiver cannot go away meanwhile.
+void MainThreadQueue::requestServing() {
+  if (m_mainThreadWaits)
+    m_changed.notify_one();
+  if (m_servingRequested || !m_receiver)
+    return;
+  m_servingRequested = true;
+  QCoreApplication::postEvent(m_receiver.get(), new QEvent(QEvent::User));
+}
+
+void MainThreadQueue::attachToEventLoop() {
+  const std::lock_guard lock(m_mutex);
+  m_closed = false;
+  m_servingRequested = false;
+  m_receiver = std::make_unique<Receiver>(*this);
+  if (!m_queued.empty())
+    requestServing();
+}
+
+void MainThreadQueue::serve() {
+  {
+    const std::lock_guard lock(m_mutex);
+    if (m_next == m_batch.size()) {
+      m_batch.clear();
+      m_next = 0;
+      m_batch.swap(m_queued);
+    }
+    m_servingRequested = false;
+    // A task may turn an event loop of its own; this wakes it for the rest of the batch, in order.
+    if (m_batch.size() - m_next > 1)
+      requestServing();
+  }
+  while (m_next < m_batch.size()) {
+    const std::function<void()> task = std::move(m_batch[m_next++]);
+    runGuarded(task);
+  }
+}
+
+void MainThreadQueue::serveUntil(const std::function<bool()>& done) {
+  while (!done()) {
+    serve();
+    std::unique_lock lock(m_mutex);
+    m_mainThreadWaits = true;
+    m_changed.wait(lock, [&] { return !m_queued.empty() || done(); });
+    m_mainThreadWaits = false;
+  }
+}
+
+void MainThreadQueue::wake() {
+  const std::lock_guard lock(m_mutex);
+  m_changed.notify_all();
+}
+
+void MainThreadQueue::close() {
+  const auto hasTasks = [this] {
+    const std::lock_guard lock(m_mutex);
+    return !m_queued.empty();
+  };
+  for (int round = 0; round < closingRounds && hasTasks(); ++round)
+    serve();
+  const std::lock_guard lock(m_mutex);
+  m_closed = true;
+  m_receiver.reset();
+}
+
+} // namespace Taren::Core

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tqm_mesh_kernel/tqm_mesh_kernel_export.h>
+
+#include <QList>
+#include <QString>
+
+#include <chrono>
+#include <cstddef>
+#include <mutex>
+
+class QIODevice;
+
+namespace Taren::Core {
+
+/// A named point in time on one thread.
+struct Waypoint {
+  QString name;
+  std::chrono::nanoseconds time{}; ///< Since the ring was made.
+  quint64 thread = 0;              ///< Identifies the recording thread within this process.
+};
+
+/// Keeps the newest waypoints, up to a fixed number. All operations may be called from any thread.
+class TQM_MESH_KERNEL_EXPORT WaypointRing {
+public:
+  static constexpr std::size_t defaultCapacity = 4096;
+
+  /// @throws std::invalid_argument when @p capacity is 0.
+  explicit WaypointRing(std::size_t capacity = defaultCapacity);
+
+  void record(const QString& name);
+  void clear();
+  std::size_t capacity() const noexcept { return m_capacity; }
+
+  /// A copy of what is kept, oldest first.
+  QList<Waypoint> waypoints() const;
+
+  /// Writes the waypoints in the Chrome trace-event format (chrome://tracing, Perfetto).
+  /// @return false when the device took less than everything.
+  bool writeTrace(QIODevice& device) const;
+
+private:
+  const std::size_t m_capacity;
+  const std::chrono::steady_clock::time_point m_start;
+  mutable std::mutex m_mutex;
+  QList<Waypoint> m_waypoints;
+  qsizetype m_oldest = 0;
+};
+
+} // namespace Taren::Core
