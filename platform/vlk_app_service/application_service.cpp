@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include "application_service.h"
+
+#include "config_manager.h"
+#include "i_app_manager.h"
+#include "shutdown_protocol.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace Vela::Services {
+
+namespace {
+
+using WeakDelegate = std::weak_ptr<ShutdownProtocol>;
+
+auto isOwnedLike(const std::shared_ptr<ShutdownProtocol>& delegate) {
+  return [&delegate](const WeakDelegate& other) {
+    return !other.owner_before(delegate) && !delegate.owner_before(other);
+  };
+}
+
+} // namespace
+
+ApplicationService& ApplicationService::GetInstance() {
+  static ApplicationService service;
+  return service;
+}
+
+ApplicationService::ApplicationService() { qAddPostRoutine(release); }
+
+ApplicationService::~ApplicationService() = default;
+
+// Services and managers own widgets and settings, which must not outlive the application object.
+void ApplicationService::release() {
+  ApplicationService& service = GetInstance();
+  service.m_kernel.stop();
+  service.m_appManager.reset();
+  service.m_configManager.reset();
+}
+
+void ApplicationService::EnableWorkspaceSwitching(bool enable) {
+  const bool before = isWorkspaceSwitchingEnabled();
+  m_switchingLocks = enable ? std::max(0, m_switchingLocks - 1) : m_switchingLocks + 1;
+  if (isWorkspaceSwitchingEnabled() != before)
+    Q_EMIT workspaceSwitchingChanged(!before);
+}
+
+void ApplicationService::setAppManager(std::unique_ptr<IAppManager> manager) {
+  m_appManager = std::move(manager);
+}
+
+ConfigManager& ApplicationService::GetConfigManager() {
+  if (!m_configManager)
+    m_configManager = std::make_unique<ConfigManager>();
+  return *m_configManager;
+}
+
+void ApplicationService::setConfigManager(std::unique_ptr<ConfigManager> manager) {
+  m_configManager = std::move(manager);
+}
+
+void ApplicationService::addShutdownProtocolDelegate(const std::shared_ptr<ShutdownProtocol>& delegate) {
+  if (!delegate)
+    return;
+  m_shutdownDelegates.removeIf([](const WeakDelegate& other) { return other.expired(); });
+  if (std::none_of(m_shutdownDelegates.cbegin(), m_shutdownDelegates.cend(), isOwnedLike(delegate)))
+    m_shutdownDelegates.append(delegate);
+}
+
+void ApplicationService::removeShutdownProtocolDelegate(const std::shared_ptr<ShutdownProtocol>& delegate) {
+  m_shutdownDelegates.removeIf(
+      [same = isOwnedLike(delegate)](const WeakDelegate& other) { return other.expired() || same(other); });
+}
+
+qsizetype ApplicationService::shutdownProtocolDelegateCount() const {
+  return std::count_if(m_shutdownDelegates.cbegin(), m_shutdownDelegates.cend(),
+                       [](const WeakDelegate& delegate) { return !delegate.expired(); });
+}
+
+bool ApplicationService::requestShutdown() {
+  // Copies, because a delegate may register or remove delegates when asked.
+  const QList<WeakDelegate> asked = m_shutdownDelegates;
+  for (const WeakDelegate& weak : asked) {
+    if (const auto delegate = weak.lock(); delegate && !delegate->mayShutDown())
+      return false;
+  }
+  const QList<WeakDelegate> told = m_shutdownDelegates;
+  for (const WeakDelegate& weak : told) {
+    if (const auto delegate = weak.lock())
+      delegate->onShutDown();
+  }
+  return true;
+}
+
+} // namespace Vela::Services

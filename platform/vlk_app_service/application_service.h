@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tqm_mesh_kernel/kernel.h>
+#include <vlk_app_service/vlk_app_service_export.h>
+
+#include <QList>
+#include <QObject>
+
+#include <memory>
+
+namespace Vela::Services {
+
+class ConfigManager;
+class IAppManager;
+class ShutdownProtocol;
+
+/// The one place where the parts of a program find what they share: the kernel, the application manager, the
+/// settings, the shutdown delegates and the switch for changing workspaces.
+///
+/// For the main thread, except that the kernel's waypoints may be recorded from any thread. What it holds is let
+/// go when the application object ends.
+///
+/// @code
+/// auto& service = ApplicationService::GetInstance();
+/// service.setAppManager(std::make_unique<MyAppManager>());
+/// service.Kernel().registerService(std::make_shared<MyApp>());
+/// @endcode
+class VLK_APP_SERVICE_EXPORT ApplicationService : public QObject {
+  Q_OBJECT
+
+public:
+  static ApplicationService& GetInstance();
+
+  Taren::Core::Kernel& Kernel() noexcept { return m_kernel; }
+
+  /// Switches the changing of workspaces off and on. The switch counts: it is on again after as many calls with
+  /// true as there were with false; a call with true too many does nothing.
+  void EnableWorkspaceSwitching(bool enable);
+  bool isWorkspaceSwitchingEnabled() const noexcept { return m_switchingLocks == 0; }
+
+  /// The application manager; null until one is set.
+  IAppManager* GetAppManager() const noexcept { return m_appManager.get(); }
+  void setAppManager(std::unique_ptr<IAppManager> manager);
+
+  ConfigManager& GetConfigManager();
+  /// Replaces the settings; null brings back those of the organisation and application name.
+  void setConfigManager(std::unique_ptr<ConfigManager> manager);
+
+  /// Registers a delegate, which is held weakly. Null, and one that is registered already, are ignored. Delegates
+  /// are told apart by their owner: two pointers to different bases of one object are one delegate.
+  void addShutdownProtocolDelegate(const std::shared_ptr<ShutdownProtocol>& delegate);
+  void removeShutdownProtocolDelegate(const std::shared_ptr<ShutdownProtocol>& delegate);
+  /// How many delegates are registered and alive.
+  qsizetype shutdownProtocolDelegateCount() const;
+
+  /// Asks each delegate, in order of registration, whether the program may shut down; when all agree, tells each.
+  /// @return whether all agreed.
+  bool requestShutdown();
+
+Q_SIGNALS:
+  void workspaceSwitchingChanged(bool enabled);
+
+private:
+  ApplicationService();
+  ~ApplicationService() override;
+  static void release();
+
+  Taren::Core::Kernel m_kernel;
+  std::unique_ptr<IAppManager> m_appManager;
+  std::unique_ptr<ConfigManager> m_configManager;
+  QList<std::weak_ptr<ShutdownProtocol>> m_shutdownDelegates;
+  int m_switchingLocks = 0;
+};
+
+} // namespace Vela::Services
