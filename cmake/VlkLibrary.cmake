@@ -31,7 +31,11 @@ function(vlk_add_library target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_link_libraries(${target} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
   set_target_properties(${target} PROPERTIES
-    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} EXPORT_NAME ${arg_EXPORT_NAME})
+    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} EXPORT_NAME ${arg_EXPORT_NAME}
+    # Installed libraries find one another wherever the tree was unpacked.
+    INSTALL_RPATH $<IF:$<PLATFORM_ID:Darwin>,@loader_path,$ORIGIN>)
+  list(TRANSFORM arg_HEADERS PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/ OUTPUT_VARIABLE public_headers)
+  set_property(GLOBAL APPEND PROPERTY VLK_PUBLIC_HEADERS ${public_headers} ${export_header})
 
   install(TARGETS ${target} EXPORT vlk_ui_base_targets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}

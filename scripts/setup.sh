@@ -1,0 +1,63 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# Installs the Debian packages that are lacking for the named purposes.
+# Usage: scripts/setup.sh [build|test|lint|demo|docs]...      (default: build test)
+. "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+packages_for() {
+  case $1 in
+    build)
+      echo g++ cmake ninja-build ccache
+      echo qt6-base-dev qt6-svg-dev libtbb-dev libassimp-dev libbenchmark-dev
+      # What the programs need at run time besides the libraries: SVG icons, fonts with known metrics.
+      echo libqt6svg6 fontconfig fonts-dejavu-core fonts-liberation
+      ;;
+    test) echo xvfb xauth clang-format ;;
+    lint) echo clang clang-format clang-tidy clazy python3 ;;
+    demo)
+      # A Wayland session without an X server needs Qt's platform plugin for it.
+      [ -n "${WAYLAND_DISPLAY:-}" ] && [ -z "${DISPLAY:-}" ] && echo qt6-wayland
+      true
+      ;;
+    docs) echo doxygen ;;
+    *) return 1 ;;
+  esac
+}
+
+wanted=()
+[ $# -gt 0 ] || set -- build test
+for purpose in "$@"; do
+  list=$(packages_for "$purpose") || die "unknown purpose: $purpose (build, test, lint, demo or docs)"
+  read -r -d '' -a names <<<"$list" || true
+  wanted+=("${names[@]}")
+done
+
+if ! command -v dpkg-query >/dev/null; then
+  say "This system has no Debian packages; going on with what is installed. Needed are the equivalents of:"
+  say "  ${wanted[*]}"
+  exit 0
+fi
+
+installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "${wanted[@]}" 2>/dev/null |
+  sed -n 's/^installed //p') || true
+lacking=()
+for package in "${wanted[@]}"; do
+  grep -qxF "$package" <<<"$installed" || lacking+=("$package")
+done
+[ ${#lacking[@]} -gt 0 ] || exit 0
+
+say "Installing: ${lacking[*]}"
+apt() {
+  as_root env DEBIAN_FRONTEND=noninteractive \
+    apt-get -q -o Dpkg::Use-Pty=0 -o Acquire::Retries=3 -o DPkg::Lock::Timeout=300 "$@"
+}
+if [ "$(id -u)" -ne 0 ] && ! command -v sudo >/dev/null; then
+  die "neither root nor sudo: ask for these packages to be installed: ${lacking[*]}"
+fi
+for attempt in 1 2 3; do
+  if apt update && apt install -y --no-install-recommends "${lacking[@]}"; then
+    exit 0
+  fi
+  [ "$attempt" = 3 ] || { say "That did not work; once more in 5 s."; sleep 5; }
+done
+die "could not install: ${lacking[*]}"

@@ -1,0 +1,35 @@
+# Installs BUILD_DIR, moves the installed tree, builds consumer/ against it and runs the result.
+set(prefix ${WORK_DIR}/prefix)
+set(consumer_build ${WORK_DIR}/build)
+
+function(run)
+  execute_process(COMMAND ${ARGN} COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+# What an earlier run installed must not be found. The tree is moved because a package may be unpacked anywhere.
+file(REMOVE_RECURSE ${prefix} ${WORK_DIR}/staging)
+run(${CMAKE_COMMAND} --install ${BUILD_DIR} --config ${CONFIG} --prefix ${WORK_DIR}/staging)
+file(RENAME ${WORK_DIR}/staging ${prefix})
+
+file(GLOB_RECURSE installed_cmake ${prefix}/*.cmake)
+foreach(file IN LISTS installed_cmake)
+  file(STRINGS ${file} lines)
+  foreach(folder IN ITEMS ${SOURCE_DIR} ${BUILD_DIR})
+    string(FIND "${lines}" "${folder}/" position)
+    if(NOT position EQUAL -1)
+      message(FATAL_ERROR "${file} names ${folder}")
+    endif()
+  endforeach()
+endforeach()
+
+run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer_build} -G ${GENERATOR}
+  -D CMAKE_BUILD_TYPE=${CONFIG}
+  -D CMAKE_CXX_COMPILER=${CXX_COMPILER}
+  "-D CMAKE_CXX_COMPILER_LAUNCHER=${CXX_COMPILER_LAUNCHER}"
+  -D CMAKE_PREFIX_PATH=${prefix})
+run(${CMAKE_COMMAND} --build ${consumer_build} --config ${CONFIG} --parallel 2)
+
+if(NOT DEFINED ENV{QT_QPA_PLATFORM})
+  set(ENV{QT_QPA_PLATFORM} offscreen)
+endif()
+run(${consumer_build}/consumer)
