@@ -17,8 +17,8 @@ enum EQualityOfService : int {
 
 /// Hands a task to the dispatcher, which runs it exactly once, later, never inside this call.
 ///
-/// Callable from any thread. What the task throws is logged and goes no further. Tasks of MainThreadQoS run in
-/// the order in which they were handed over; they wait for an application object if there is none yet.
+/// Callable from any thread. What the task throws is logged and goes no further. Tasks of MainThreadQoS run
+/// in the order in which they were handed over; they wait for an application object if there is none yet.
 ///
 /// @code
 /// dispatchAsync([mesh] { mesh->smooth(); }, NormalQoS);
@@ -31,9 +31,9 @@ TQM_MESH_KERNEL_EXPORT bool dispatchAsync(std::function<void()>&& task, EQuality
 
 /// Runs a task where its quality of service belongs and waits for its end.
 ///
-/// Runs inline when the calling thread is the right one already (the main thread for MainThreadQoS, a worker of
-/// the dispatcher for the others). The main thread serves its own queue while it waits, so a worker that in turn
-/// waits for the main thread is always served.
+/// Runs inline when the calling thread is the right one already (the main thread for MainThreadQoS, a worker
+/// of the dispatcher for the others). The main thread serves its own queue while it waits, so a worker that
+/// in turn waits for the main thread is always served.
 ///
 /// @return false when the dispatcher refused the task, which then did not run.
 TQM_MESH_KERNEL_EXPORT bool dispatchSync(const std::function<void()>& task, EQualityOfService qos);

@@ -14,8 +14,8 @@ enum ERcmStatus : int {
   RcmUnavailable = 2, ///< Something it needs is missing.
 };
 
-/// A service of the kernel: a part of the program that is started with it and ended with it. Application objects
-/// are services. Kernel::registerService() owns it jointly with whoever else holds it.
+/// A service of the kernel: a part of the program that is started with it and ended with it. Application
+/// objects are services. Kernel::registerService() owns it jointly with whoever else holds it.
 ///
 /// @code
 /// class MeshStore : public Taren::Core::IService {

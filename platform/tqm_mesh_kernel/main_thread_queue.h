@@ -15,8 +15,8 @@ namespace Taren::Core {
 /// Runs a task; logs what it throws.
 void runGuarded(const std::function<void()>& task) noexcept;
 
-/// The first-in-first-out queue of tasks that the Qt main thread serves from its event loop. Many tasks handed
-/// over in one turn of the event loop cost one wake-up.
+/// The first-in-first-out queue of tasks that the Qt main thread serves from its event loop. Many tasks
+/// handed over in one turn of the event loop cost one wake-up.
 class MainThreadQueue {
 public:
   MainThreadQueue();

@@ -55,8 +55,8 @@ bool QtTbbDispatcher::dispatchSync(const std::function<void()>& task, EQualityOf
 bool QtTbbDispatcher::enqueueForWorkers(std::function<void()>&& task, EQualityOfService qos) {
   if (m_refuses)
     return false;
-  static constexpr std::array<void (*)(), 3> runNext{
-      runNextWorkerTask<HighQoS>, runNextWorkerTask<NormalQoS>, runNextWorkerTask<LowQoS>};
+  static constexpr std::array<void (*)(), 3> runNext{runNextWorkerTask<HighQoS>, runNextWorkerTask<NormalQoS>,
+                                                     runNextWorkerTask<LowQoS>};
   const auto index = static_cast<std::size_t>(qos - HighQoS);
   ++m_workerTasks;
   m_arenas.at(index).enqueue(std::move(task), runNext.at(index));

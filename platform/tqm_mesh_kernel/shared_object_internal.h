@@ -18,9 +18,9 @@ TQM_MESH_KERNEL_EXPORT std::shared_ptr<SharedObjectInternal> acquireSelf(SharedO
 
 /// The base of objects that are held by shared pointer and hand out shared pointers to themselves.
 ///
-/// It is a virtual base, so an object has one however many Taren::Objects::SharedObject<T> it derives from, and
-/// with it exactly one control block, which every std::shared_ptr to any of its types shares. The object comes
-/// to be shared by createShared() or adoptShared(), the only door for plain pointers.
+/// It is a virtual base, so an object has one however many Taren::Objects::SharedObject<T> it derives from,
+/// and with it exactly one control block, which every std::shared_ptr to any of its types shares. The object
+/// comes to be shared by createShared() or adoptShared(), the only door for plain pointers.
 ///
 /// The last reference deletes the object on the main thread; when it goes on another thread the deletion is
 /// dispatched there. An object that is deleted by hand although it is shared disarms its control block: the
@@ -38,8 +38,8 @@ protected:
   SharedObjectInternal(const SharedObjectInternal& other) noexcept;
   SharedObjectInternal& operator=(const SharedObjectInternal& other) noexcept;
 
-  /// The first line of every destructor of a shared class: from here on no reference deletes the object and none
-  /// can be made.
+  /// The first line of every destructor of a shared class: from here on no reference deletes the object and
+  /// none can be made.
   void beginDestruction() noexcept;
   /// A reference, or empty when the object is not shared or is being destroyed.
   std::shared_ptr<SharedObjectInternal> lockSelf() const noexcept;
@@ -57,9 +57,9 @@ private:
   bool m_dying = false;
 };
 
-/// Takes a plain pointer into shared ownership; an object that is shared already is joined, never given a second
-/// owner. A QObject with a Qt parent loses its parent, which would be a second owner. Null gives an empty pointer.
-/// For the main thread, or for an object no other thread knows yet.
+/// Takes a plain pointer into shared ownership; an object that is shared already is joined, never given a
+/// second owner. A QObject with a Qt parent loses its parent, which would be a second owner. Null gives an
+/// empty pointer. For the main thread, or for an object no other thread knows yet.
 /// @throws std::bad_weak_ptr for an object that is being destroyed.
 template <class T>
 std::shared_ptr<T> adoptShared(T* object) {

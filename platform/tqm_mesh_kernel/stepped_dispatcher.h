@@ -9,8 +9,8 @@
 
 namespace Taren::Core {
 
-/// A dispatcher that runs nothing by itself: its owner steps it. For tests that look at what stands between two
-/// tasks, and for hosts without an event loop.
+/// A dispatcher that runs nothing by itself: its owner steps it. For tests that look at what stands between
+/// two tasks, and for hosts without an event loop.
 ///
 /// Tasks may be handed over from any thread; whoever steps runs them, whatever their quality of service.
 ///

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <oneapi/tbb/task_arena.h>
+
 #include <deque>
 #include <functional>
 #include <mutex>
-
-#include <oneapi/tbb/task_arena.h>
 
 namespace Taren::Core {
 
@@ -14,8 +14,8 @@ class WorkerArena {
 public:
   explicit WorkerArena(oneapi::tbb::task_arena::priority priority);
 
-  /// @p runNext must call runNext() of this arena. It carries no state of its own: what crosses the threads goes
-  /// through this class's mutex.
+  /// @p runNext must call runNext() of this arena. It carries no state of its own: what crosses the threads
+  /// goes through this class's mutex.
   void enqueue(std::function<void()>&& task, void (*runNext)());
   void runNext();
 

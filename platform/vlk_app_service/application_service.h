@@ -18,8 +18,8 @@ class ShutdownProtocol;
 /// The one place where the parts of a program find what they share: the kernel, the application manager, the
 /// settings, the shutdown delegates and the switch for changing workspaces.
 ///
-/// For the main thread, except that the kernel's waypoints may be recorded from any thread. What it holds is let
-/// go when the application object ends.
+/// For the main thread, except that the kernel's waypoints may be recorded from any thread. What it holds is
+/// let go when the application object ends.
 ///
 /// @code
 /// auto& service = ApplicationService::GetInstance();
@@ -34,8 +34,8 @@ public:
 
   Taren::Core::Kernel& Kernel() noexcept { return m_kernel; }
 
-  /// Switches the changing of workspaces off and on. The switch counts: it is on again after as many calls with
-  /// true as there were with false; a call with true too many does nothing.
+  /// Switches the changing of workspaces off and on. The switch counts: it is on again after as many calls
+  /// with true as there were with false; a call with true too many does nothing.
   void EnableWorkspaceSwitching(bool enable);
   bool isWorkspaceSwitchingEnabled() const noexcept { return m_switchingLocks == 0; }
 
@@ -47,14 +47,15 @@ public:
   /// Replaces the settings; null brings back those of the organisation and application name.
   void setConfigManager(std::unique_ptr<ConfigManager> manager);
 
-  /// Registers a delegate, which is held weakly. Null, and one that is registered already, are ignored. Delegates
-  /// are told apart by their owner: two pointers to different bases of one object are one delegate.
+  /// Registers a delegate, which is held weakly. Null, and one that is registered already, are ignored.
+  /// Delegates are told apart by their owner: two pointers to different bases of one object are one delegate.
   void addShutdownProtocolDelegate(const std::shared_ptr<ShutdownProtocol>& delegate);
   void removeShutdownProtocolDelegate(const std::shared_ptr<ShutdownProtocol>& delegate);
   /// How many delegates are registered and alive.
   qsizetype shutdownProtocolDelegateCount() const;
 
-  /// Asks each delegate, in order of registration, whether the program may shut down; when all agree, tells each.
+  /// Asks each delegate, in order of registration, whether the program may shut down; when all agree, tells
+  /// each.
   /// @return whether all agreed.
   bool requestShutdown();
 

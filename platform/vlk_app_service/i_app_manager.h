@@ -21,8 +21,8 @@ public:
   IAppManager(const IAppManager&) = delete;
   IAppManager& operator=(const IAppManager&) = delete;
 
-  /// Makes the commands of a controller, in the order in which it shall hold them. Called on the main thread each
-  /// time the controller's view loads. The controller adopts the commands; null ones are passed over.
+  /// Makes the commands of a controller, in the order in which it shall hold them. Called on the main thread
+  /// each time the controller's view loads. The controller adopts the commands; null ones are passed over.
   virtual QList<UiBase::CommandBase*> commandsFor(UiBase::CmdsViewController* controller) = 0;
 };
 

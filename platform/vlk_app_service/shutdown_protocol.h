@@ -5,8 +5,8 @@
 
 namespace Vela::Services {
 
-/// What the application service asks and tells its delegates when the program is to end. The view controllers of
-/// loaded views are such delegates. Called on the main thread.
+/// What the application service asks and tells its delegates when the program is to end. The view controllers
+/// of loaded views are such delegates. Called on the main thread.
 class VLK_APP_SERVICE_EXPORT ShutdownProtocol {
 public:
   ShutdownProtocol();

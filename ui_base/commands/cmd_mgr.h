@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ui_base/commands/command_bag.h>
+#include <ui_base/commands/command_context.h>
+#include <ui_base/core/cmd_mgr_protocol.h>
+#include <ui_base/core/command_state_protocol.h>
+#include <ui_base/core/shared_object.h>
+#include <ui_base/ui_base_export.h>
+
+#include <QList>
+
+#include <memory>
+
+namespace Vela::UiBase {
+
+class CmdMgr;
+class CmdMgrPrivate;
+class CommandBase;
+
+} // namespace Vela::UiBase
+
+extern template class UI_BASE_EXPORT Taren::Objects::SharedObject<Vela::UiBase::CmdMgr>;
+
+namespace Vela::UiBase {
+
+/// Holds the commands of a view, finds them by identifier, switches many of them at once by contexts, which
+/// it keeps on a stack, and knows which one is running.
+///
+/// A shared object: make it with Taren::Objects::createShared<CmdMgr>(). It shares ownership of its commands
+/// and observes each of them synchronously. For the main thread; present states may be asked for from any
+/// thread, which then waits for the main thread.
+///
+/// Contexts are applied later, by a task of the main thread. A context handed over but not yet applied counts
+/// as applied for what a following pushContext() saves.
+///
+/// @code
+/// auto manager = Taren::Objects::createShared<CmdMgr>();
+/// manager->addCommand(new OpenCommand(controller));
+/// manager->pushContext(manager->disabledContext());   // everything disabled…
+/// manager->popContext();                              // …and as it was
+/// @endcode
+class UI_BASE_EXPORT CmdMgr : public Taren::Core::Delegator<CmdMgrProtocol>,
+                              public CommandStateProtocol,
+                              public virtual Taren::Objects::SharedObject<CmdMgr> {
+public:
+  CmdMgr();
+  ~CmdMgr() override;
+
+  /// Adds a command, which the manager takes into shared ownership. A group whose identifier is taken by a
+  /// group is absorbed by that one; a new group takes in the top-level commands that it contains.
+  /// @return the command that now stands under the identifier; null for null, or when it stood there already.
+  /// @throws std::logic_error when the identifier is empty, std::bad_weak_ptr when the manager is not shared.
+  CommandBase* addCommand(CommandBase* command);
+  /// Removes a command, at the top level or inside a group. The delegate is told its identifier.
+  /// @return false when it is not here.
+  bool removeCommand(const QString& id);
+  bool removeCommand(CommandBase* command);
+  void removeAllCommands();
+  /// The command of that identifier, at the top level or else inside a group; or null.
+  CommandBase* findCommand(const QString& id) const;
+  /// All commands of that identifier in a bag (null: the top level) and in its groups.
+  QVector<CommandBase*> findCommands(const QString& id, CommandBag* bag = nullptr) const;
+
+  void commandBegan(CommandBase* command) override;
+  void commandEnded(CommandBase* command) override;
+  /// The command between commandBegan() and commandEnded(); empty when there is none.
+  std::shared_ptr<CommandBase> runningCommand() const;
+
+  /// The contexts below cover the commands of a bag (null: the top level), those inside its groups included.
+  /// With an identifier they cover the bag of that group, or that single command; nothing when it names none.
+
+  /// Each command in its default state.
+  CommandContext defaultContext(CommandBag* bag = nullptr) const;
+  /// Each command disabled, checked left as it is.
+  CommandContext disabledContext(CommandBag* bag = nullptr) const;
+  CommandContext disabledContext(const QString& id) const;
+  /// Each command unchecked, enabled left as it is.
+  CommandContext inactiveContext(CommandBag* bag = nullptr) const;
+  CommandContext inactiveContext(const QString& id) const;
+  /// The present states.
+  CommandContext currentContext(CommandBag* bag = nullptr) const;
+  CommandContext currentContext(const QString& id) const;
+  /// The present states of those commands of a context that are here.
+  CommandContext currentContext(const CommandContext& context) const;
+  /// The present states of the commands that are checked.
+  CommandContext currentActiveContext(CommandBag* bag = nullptr) const;
+  CommandContext currentActiveContext(const QString& id) const;
+
+  /// Applies a context, later; identifiers that name no command are passed over.
+  void setContext(const CommandContext& context);
+  /// Saves the present states on the stack, then applies the context.
+  void pushContext(const CommandContext& context);
+  /// Applies what the matching pushContext() saved. Does nothing when the stack is empty.
+  void popContext();
+  /// Empties the stack and applies the default context.
+  void resetContext();
+  /// Replaces a command's state in the saved contexts, from the bottom up to the first that does not hold it.
+  void updateContextInStack(const QString& id, const CommandState& state);
+  const QList<CommandContext>& contextStack() const;
+  /// Whether a context is being applied just now.
+  bool isApplyingContext() const;
+
+  const CommandBag& commandBag() const;
+
+protected:
+  CommandBag& commandBag();
+  /// A command was removed and is not observed any more; called for the commands inside a group too.
+  virtual void commandForgotten(CommandBase& command);
+
+private:
+  struct PendingContext;
+  using StateOf = CommandState (*)(CommandBase&);
+
+  CommandBase* addGroup(const std::shared_ptr<CommandBase>& command);
+  void takeIn(CommandBag& children);
+  void forget(const std::shared_ptr<CommandBase>& command, const QString& id);
+  std::shared_ptr<CommandBase> findShared(const QString& id) const;
+  CommandContext contextOf(const QString& id, StateOf stateOf) const;
+  CommandContext presentContext() const;
+  void applyPending(PendingContext& pending);
+  void keepPendingCommands();
+
+  const std::unique_ptr<CmdMgrPrivate> d;
+};
+
+} // namespace Vela::UiBase

@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: MIT
+#include "command_base.h"
+
+#include "command_execution.h"
+#include "command_group.h"
+
+#include <ui_base/views/base_view.h>
+#include <ui_base/views/cmds_view_controller.h>
+#include <vlk_common_res/string.h>
+#include <vlk_license/license_service.h>
+
+#include <QLoggingCategory>
+
+#include <array>
+
+template class Taren::Objects::SharedObject<Vela::UiBase::CommandBase>;
+
+namespace Vela::UiBase {
+
+namespace {
+
+Q_LOGGING_CATEGORY(commandLog, "vela.command")
+
+} // namespace
+
+class CommandBasePrivate {
+public:
+  QPointer<BaseViewController> controller;
+  QPointer<CommandGroup> group;
+  QString baseGroupName = Resource::String::COMMAND_DEFAULT_GROUP();
+  bool attached = false;
+  QStringList attachedGroupNames;
+  Taren::Core::EQualityOfService executionQoS = Taren::Core::MainThreadQoS;
+  bool notificationEnabled = false;
+  std::array<QString, 2> notificationMessages;
+  bool paidFeature = false;
+};
+
+CommandBase::CommandBase(CmdsViewController* controller) : d(std::make_unique<CommandBasePrivate>()) {
+  d->controller = controller;
+  connect(this, &QAction::triggered, this, &CommandBase::onTriggered);
+  connect(this, &QAction::toggled, this, &CommandBase::onToggled);
+}
+
+CommandBase::~CommandBase() { beginDestruction(); }
+
+void CommandBase::setParent(QObject* parent) {
+  if (!isShared())
+    QAction::setParent(parent);
+}
+
+bool CommandBase::hasTag(const QString& tag) const { return commandTags().contains(tag); }
+
+QStringList CommandBase::commandTags() const { return {}; }
+
+CommandState CommandBase::defaultCommandState() { return {State::On, State::Off}; }
+
+CommandState CommandBase::commandState() { return {State(isEnabled()), State(isChecked())}; }
+
+void CommandBase::setCommandState(const CommandState& state) {
+  if (state.enabled != State::Keep && state.enabled != isEnabled())
+    setEnabled(state.enabled);
+  if (state.checked != State::Keep && isCheckable() && state.checked != isChecked())
+    setChecked(state.checked);
+}
+
+void CommandBase::setViewController(CmdsViewController* controller) { d->controller = controller; }
+
+Taren::Core::EQualityOfService CommandBase::executionQoS() { return d->executionQoS; }
+
+void CommandBase::setExecutionQoS(const Taren::Core::EQualityOfService& qos) { d->executionQoS = qos; }
+
+bool CommandBase::isExecutionNotificationEnabled() const { return d->notificationEnabled; }
+
+void CommandBase::enableExecutionNotification(bool enable) { d->notificationEnabled = enable; }
+
+QString CommandBase::getExecutionNotificationMessage(ENotification notification) const {
+  return d->notificationMessages.at(notification == EndNotification ? 1 : 0);
+}
+
+void CommandBase::setExecutionNotificationMessage(ENotification notification, const QString& message) {
+  d->notificationMessages.at(notification == EndNotification ? 1 : 0) = message;
+}
+
+bool CommandBase::hasCommand(const QString&) const { return false; }
+
+CommandBase* CommandBase::getCommand(const QString&) { return nullptr; }
+
+CommandGroup* CommandBase::commandGroup() const { return d->group; }
+
+void CommandBase::setCommandGroup(CommandGroup* group) { d->group = group; }
+
+QString CommandBase::baseGroupName() const { return d->baseGroupName; }
+
+void CommandBase::setBaseGroupName(const QString& name) { d->baseGroupName = name; }
+
+bool CommandBase::isAttached() const { return d->attached; }
+
+void CommandBase::setAttached(bool attached) { d->attached = attached; }
+
+void CommandBase::addAttachedCommandGroupName(const QString& name) {
+  if (!d->attachedGroupNames.contains(name))
+    d->attachedGroupNames.append(name);
+}
+
+void CommandBase::removeAttachedCommandGroupName(const QString& name) {
+  d->attachedGroupNames.removeAll(name);
+}
+
+QStringList CommandBase::attachedCommandGroupNames() const { return d->attachedGroupNames; }
+
+const QStringList& CommandBase::attachedCommandGroupName() const { return d->attachedGroupNames; }
+
+BaseView* CommandBase::getView() const { return d->controller ? d->controller->getView() : nullptr; }
+
+CmdsViewController* CommandBase::getViewController() const {
+  return dynamic_cast<CmdsViewController*>(d->controller.data());
+}
+
+bool CommandBase::isPaidFeature() const { return d->paidFeature; }
+
+void CommandBase::setIsPaidFeature(bool paid) { d->paidFeature = paid; }
+
+CommandContext CommandBase::getExecutionCommandContext() { return {}; }
+
+bool CommandBase::onExecute(bool checked) {
+  return std::make_shared<CommandExecution>(*this, checked)->run();
+}
+
+void CommandBase::onTriggered(bool checked) {
+  if (isCheckable())
+    return;
+  const CommandRef self(*this);
+  if (isPaidFeature() && !License::LicenseService::Instance().confirmPaidFeature(getView(), text()))
+    return;
+  if (self.get())
+    Q_EMIT toBeTriggered(checked);
+  if (self.get())
+    onExecute(checked);
+}
+
+void CommandBase::onToggled(bool checked) {
+  if (!isCheckable())
+    return;
+  const CommandRef self(*this);
+  Q_EMIT toBeToggled(checked);
+  if (self.get())
+    onExecute(checked);
+}
+
+void CommandBase::onExecutionFailed(const QString& reason) {
+  qCWarning(commandLog, "%s failed: %s", qUtf8Printable(commandId()), qUtf8Printable(reason));
+  if (BaseViewController* const controller = d->controller)
+    controller->showNotification(tr("\"%1\" failed: %2").arg(iconText(), reason), NotificationError);
+}
+
+} // namespace Vela::UiBase

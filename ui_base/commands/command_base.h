@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tqm_mesh_kernel/dispatch.h>
+#include <ui_base/commands/command_context.h>
+#include <ui_base/commands/command_id.h>
+#include <ui_base/commands/command_state.h>
+#include <ui_base/core/command_state_protocol.h>
+#include <ui_base/core/shared_object.h>
+#include <ui_base/ui_base_export.h>
+
+#include <QAction>
+#include <QStringList>
+
+#include <memory>
+
+namespace Vela::UiBase {
+
+class BaseView;
+class CmdsViewController;
+class CommandBase;
+class CommandBasePrivate;
+class CommandGroup;
+
+/// Which end of an execution a notification message belongs to.
+enum ENotification : int {
+  StartNotification = 0,
+  EndNotification = 1,
+};
+
+} // namespace Vela::UiBase
+
+extern template class UI_BASE_EXPORT Taren::Objects::SharedObject<Vela::UiBase::CommandBase>;
+
+namespace Vela::UiBase {
+
+/// The base of every user command: a QAction that announces CommandStateProtocol and runs its work along one
+/// fixed path, at once or through the dispatcher.
+///
+/// Triggering a command that is not checkable, or toggling one that is, leads to onExecute(): the observers
+/// hear commandBeganExecuting(), the work onExecuteAsync() runs, the observers hear commandEndedExecuting().
+/// With an executionQoS() of 0 all of it happens at once on the triggering thread. With any other value the
+/// work runs on a thread of the dispatcher and must not touch widgets; meanwhile the commands stand in
+/// getExecutionCommandContext(), and changing workspaces is switched off. The closing steps also run when the
+/// work throws or the dispatcher refuses it; what it throws is shown to the user.
+///
+/// Commands are shared objects: hand a plain one to CmdMgr::addCommand() or CommandBag::addCommand(), which
+/// take it into shared ownership, and delete none by hand. A command with a quality of service other than 0
+/// must be shared before it is triggered.
+///
+/// @code
+/// class SmoothCommand : public CommandBase {
+///   Q_OBJECT
+///   COMMAND_ID(SmoothCommand)
+/// public:
+///   explicit SmoothCommand(CmdsViewController* controller) : CommandBase(controller) {
+///     setText(tr("Smooth"));
+///     setExecutionQoS(Taren::Core::NormalQoS);
+///     setExecutionNotificationMessage(StartNotification, tr("Smoothing…"));
+///     enableExecutionNotification(true);
+///   }
+///   bool onExecuteAsync(bool) override { return smoothMesh(); }   // on a worker thread
+/// };
+/// @endcode
+class UI_BASE_EXPORT CommandBase : public QAction,
+                                   public Taren::Core::Broadcaster<CommandStateProtocol>,
+                                   public virtual Taren::Objects::SharedObject<CommandBase> {
+  Q_OBJECT
+  /// How the command stands; see commandState() and setCommandState().
+  Q_PROPERTY(Vela::UiBase::CommandState state READ commandState WRITE setCommandState)
+
+public:
+  ~CommandBase() override;
+
+  /// The command's key in bags, contexts and look-ups. COMMAND_ID defines it.
+  virtual QString commandId() const = 0;
+  /// Gives the command a Qt parent. A command that is shared has its owners and takes none.
+  virtual void setParent(QObject* parent);
+  virtual bool hasTag(const QString& tag) const;
+  /// Words that describe the kind of the command; none by default.
+  virtual QStringList commandTags() const;
+  /// The state in a default context: enabled, not checked.
+  virtual CommandState defaultCommandState();
+  /// The state of the action as it stands.
+  virtual CommandState commandState();
+  /// Applies a state; a part that is Keep stays, the checked part of a command that is not checkable is
+  /// ignored.
+  virtual void setCommandState(const CommandState& state);
+  virtual void setViewController(CmdsViewController* controller);
+  /// Where the work runs; 0, at once on the triggering thread, by default.
+  virtual Taren::Core::EQualityOfService executionQoS();
+  virtual void setExecutionQoS(const Taren::Core::EQualityOfService& qos);
+  /// Whether the view controller shows a busy cursor and the messages while the command executes; off by
+  /// default.
+  virtual bool isExecutionNotificationEnabled() const;
+  virtual void enableExecutionNotification(bool enable);
+  virtual QString getExecutionNotificationMessage(ENotification notification) const;
+  virtual void setExecutionNotificationMessage(ENotification notification, const QString& message);
+  /// The command's own work. Runs on the thread that executionQoS() names. What it throws is logged and
+  /// shown.
+  virtual bool onExecuteAsync(bool checked) = 0;
+  /// Whether the command holds a command of that identifier. Groups do.
+  virtual bool hasCommand(const QString& id) const;
+  /// The command of that identifier inside this one, or null.
+  virtual CommandBase* getCommand(const QString& id);
+  /// The group that holds the command, or null.
+  virtual CommandGroup* commandGroup() const;
+  virtual void setCommandGroup(CommandGroup* group);
+  /// The name of the group the command is shown in by default.
+  virtual QString baseGroupName() const;
+  virtual void setBaseGroupName(const QString& name);
+  /// Whether the command is also shown in the groups of attachedCommandGroupNames().
+  virtual bool isAttached() const;
+  virtual void setAttached(bool attached);
+  virtual void addAttachedCommandGroupName(const QString& name);
+  virtual void removeAttachedCommandGroupName(const QString& name);
+  virtual QStringList attachedCommandGroupNames() const;
+  virtual const QStringList& attachedCommandGroupName() const;
+
+  /// The view of the command's controller, or null.
+  BaseView* getView() const;
+  /// The command's controller, or null when there is none or it has died.
+  CmdsViewController* getViewController() const;
+  /// Whether the command asks the licence library before it runs.
+  bool isPaidFeature() const;
+
+public Q_SLOTS:
+  /// Runs the command; see the class.
+  /// @return what the work answered; for work that runs later, whether the dispatcher took it.
+  virtual bool onExecute(bool checked = false);
+
+protected Q_SLOTS:
+  virtual void onTriggered(bool checked);
+  virtual void onToggled(bool checked);
+
+Q_SIGNALS:
+  void toBeToggled(bool checked);
+  void toBeTriggered(bool checked);
+
+protected:
+  /// @param controller the controller whose view the command works on; may be null.
+  explicit CommandBase(CmdsViewController* controller);
+
+  /// How the commands of the controller stand while this one works on another thread; empty, which changes
+  /// nothing, by default.
+  virtual CommandContext getExecutionCommandContext();
+  /// The work threw. Called on the main thread after the closing steps; shows the reason over the view.
+  virtual void onExecutionFailed(const QString& reason);
+  void setIsPaidFeature(bool paid);
+
+private:
+  friend class CommandExecution;
+  const std::unique_ptr<CommandBasePrivate> d;
+};
+
+} // namespace Vela::UiBase

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "command_execution.h"
+
+#include "cmd_mgr.h"
+
+#include <ui_base/views/cmds_view_controller.h>
+#include <vlk_app_service/application_service.h>
+
+#include <QCoreApplication>
+
+namespace Vela::UiBase {
+
+using Taren::Core::dispatchAsync;
+using Taren::Core::MainThreadQoS;
+
+namespace {
+
+Services::ApplicationService& service() { return Services::ApplicationService::GetInstance(); }
+
+} // namespace
+
+CommandExecution::CommandExecution(CommandBase& command, bool checked)
+    : m_command(command),
+      m_className(QString::fromLatin1(command.metaObject()->className())),
+      m_checked(checked) {}
+
+bool CommandExecution::run() {
+  CommandBase* const command = m_command.get();
+  recordWaypoint("CMD BEGIN %1(%2)");
+  command->broadcast([ref = m_command, checked = m_checked](CommandStateProtocol* observer) {
+    if (CommandBase* const began = ref.get())
+      observer->commandBeganExecuting(began, checked);
+  });
+  if (!m_command.get())
+    return false;
+  const auto qos = command->executionQoS();
+  return qos == MainThreadQoS ? runNow() : runLater(qos);
+}
+
+bool CommandExecution::runNow() {
+  const bool result = work();
+  finish();
+  reportFailure();
+  return result;
+}
+
+bool CommandExecution::runLater(Taren::Core::EQualityOfService qos) {
+  pushContext();
+  const auto self = shared_from_this();
+  if (dispatchAsync([self] { self->workOnWorker(); }, qos))
+    return true;
+  close();
+  return false;
+}
+
+void CommandExecution::pushContext() {
+  const CommandContext context = m_command.get()->getExecutionCommandContext();
+  CmdsViewController* const controller = m_command.get()->getViewController();
+  if (context.isEmpty() || !controller)
+    return;
+  controller->pushContext(context);
+  m_contextHolder = controller;
+}
+
+void CommandExecution::popContext() {
+  if (auto* const manager = dynamic_cast<CmdMgr*>(m_contextHolder.data()))
+    manager->popContext();
+}
+
+bool CommandExecution::work() noexcept {
+  try {
+    return m_command.get()->onExecuteAsync(m_checked);
+  } catch (const std::exception& error) {
+    m_failure = QString::fromLocal8Bit(error.what());
+  } catch (...) {
+    m_failure = QCoreApplication::translate("Vela::UiBase::CommandBase", "unknown error");
+  }
+  return false;
+}
+
+void CommandExecution::workOnWorker() {
+  const auto self = shared_from_this();
+  const auto switchOff = [self] {
+    service().EnableWorkspaceSwitching(false);
+    self->m_switchedWorkspacesOff = true;
+  };
+  dispatchAsync(switchOff, MainThreadQoS);
+  work();
+  if (!dispatchAsync([self] { self->close(); }, MainThreadQoS))
+    close();
+}
+
+void CommandExecution::close() {
+  popContext();
+  finish();
+  if (m_switchedWorkspacesOff)
+    service().EnableWorkspaceSwitching(true);
+  reportFailure();
+}
+
+void CommandExecution::finish() {
+  recordWaypoint("CMD END   %1(%2)");
+  CommandBase* const command = m_command.get();
+  if (!command)
+    return;
+  command->broadcast([ref = m_command, checked = m_checked](CommandStateProtocol* observer) {
+    if (CommandBase* const ended = ref.get())
+      observer->commandEndedExecuting(ended, checked);
+  });
+}
+
+void CommandExecution::reportFailure() {
+  CommandBase* const command = m_command.get();
+  if (m_failure && command)
+    command->onExecutionFailed(*m_failure);
+}
+
+void CommandExecution::recordWaypoint(const char* text) const {
+  service().Kernel().ProfilerWaypoint(QString::fromLatin1(text).arg(
+      m_className, m_checked ? QStringLiteral("true") : QStringLiteral("false")));
+}
+
+} // namespace Vela::UiBase

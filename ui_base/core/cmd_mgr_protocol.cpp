@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#include "cmd_mgr_protocol.h"
+
+#include <QString>
+
+namespace Vela::UiBase {
+
+CmdMgrProtocol::CmdMgrProtocol() = default;
+CmdMgrProtocol::CmdMgrProtocol(const CmdMgrProtocol&) = default;
+CmdMgrProtocol& CmdMgrProtocol::operator=(const CmdMgrProtocol&) = default;
+CmdMgrProtocol::~CmdMgrProtocol() = default;
+
+void CmdMgrProtocol::commandAdded(CmdMgr*, CommandBase*) {}
+void CmdMgrProtocol::commandRemoved(CmdMgr*, QString) {}
+
+} // namespace Vela::UiBase
+
+template class Taren::Core::Broadcaster<Vela::UiBase::CmdMgrProtocol>;
+template class Taren::Core::Delegator<Vela::UiBase::CmdMgrProtocol>;
