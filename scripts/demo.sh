@@ -1,0 +1,51 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# Builds the workbench and opens a mesh in it: the named files, or a sample scan that is downloaded first. Without a
+# display it runs offscreen and writes screenshots.
+# Usage: scripts/demo.sh [FILE]...
+. "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+case ${1:-} in
+  -h | --help) sed -n '3,5s/^# //p' "$0"; exit 0 ;;
+esac
+files=()
+for file in "$@"; do
+  # The scripts work in the checkout's top folder.
+  files+=("$(cd "$OLDPWD" && realpath -m -- "$file")")
+done
+
+workbench=$root/build/release/bin/workbench
+pictures=$root/build/demo
+
+# screenshot <name> <argument...>
+screenshot() {
+  local picture=$pictures/$1.png
+  shift
+  QT_QPA_PLATFORM=offscreen "$workbench" "$@" --screenshot "$picture"
+  say "wrote $picture"
+}
+
+"$root/scripts/setup.sh" build demo
+step "Configure" configure release
+step "Build" build release workbench
+if [ ${#files[@]} -eq 0 ]; then
+  mapfile -t files < <("$root/scripts/samples.sh")
+  [ ${#files[@]} -gt 0 ] || exit 1
+  sampled=true
+fi
+
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+  if [ "${sampled:-false}" = true ]; then
+    say "More samples: ${files[*]:1}"
+    files=("${files[0]}")
+  fi
+  exec "$workbench" "${files[@]}"
+fi
+
+say "No display: running offscreen."
+mkdir -p "$pictures"
+rm -f "$pictures"/*.png
+for file in "${files[@]}"; do
+  name=$(basename "$file")
+  screenshot "${name%.*}" "$file"
+done
