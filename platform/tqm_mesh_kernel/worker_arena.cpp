@@ -19,12 +19,12 @@ int workerCount() { return std::max(2, static_cast<int>(std::thread::hardware_co
 
 WorkerArena::WorkerArena(oneapi::tbb::task_arena::priority priority) : m_arena(workerCount(), 0, priority) {}
 
-void WorkerArena::enqueue(std::function<void()>&& task, void (*runNext)()) {
+void WorkerArena::enqueue(std::function<void()>&& task, void (*runNextOfThis)()) {
   {
     const std::lock_guard lock(m_mutex);
     m_tasks.push_back(std::move(task));
   }
-  m_arena.enqueue(runNext);
+  m_arena.enqueue(runNextOfThis);
 }
 
 void WorkerArena::runNext() {

@@ -14,9 +14,9 @@ class WorkerArena {
 public:
   explicit WorkerArena(oneapi::tbb::task_arena::priority priority);
 
-  /// @p runNext must call runNext() of this arena. It carries no state of its own: what crosses the threads
+  /// @p runNextOfThis must call runNext() of this arena. It carries no state of its own: what crosses the threads
   /// goes through this class's mutex.
-  void enqueue(std::function<void()>&& task, void (*runNext)());
+  void enqueue(std::function<void()>&& task, void (*runNextOfThis)());
   void runNext();
 
   /// Whether the calling thread is inside a task of any arena.

@@ -109,6 +109,7 @@ protected:
   virtual void commandForgotten(CommandBase& command);
 
 private:
+  friend class CmdMgrPrivate;
   struct PendingContext;
   using StateOf = CommandState (*)(CommandBase&);
 

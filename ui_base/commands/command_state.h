@@ -69,11 +69,16 @@ public:
     return *this;
   }
 
-  friend constexpr bool operator==(const State& a, const State& b) noexcept { return a.m_value == b.m_value; }
-  // Constrained, or the conversions to bool and Action make every comparison ambiguous.
-  template <class T>
-  requires std::same_as<T, bool> || std::same_as<T, int> || std::same_as<T, Action>
-  friend constexpr bool operator==(const State& a, T b) noexcept { return a == State(b); }
+  // Constrained, or the conversions to and from State make every comparison ambiguous.
+  template <std::same_as<State> S>
+  friend constexpr bool operator==(const S& a, const S& b) noexcept {
+    return a.m_value == b.m_value;
+  }
+  template <std::same_as<State> S, class T>
+    requires std::same_as<T, bool> || std::same_as<T, int> || std::same_as<T, State::Action>
+  friend constexpr bool operator==(const S& a, T b) noexcept {
+    return a.m_value == S(b).m_value;
+  }
 
 private:
   int m_value = Off;

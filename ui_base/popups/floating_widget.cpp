@@ -61,12 +61,12 @@ QSize FloatingWidgetPrivate::fittingSize(const QSize& available) const {
 void FloatingWidgetPrivate::place() {
   if (!followed || !hasVisibleContent())
     return;
-  // The hints of a content that was changed since the last event are computed afresh.
   layout->activate();
   const QRect area = followed->rect().marginsRemoved(margins);
   const QSize size = fittingSize(area.size().expandedTo({0, 0}));
   host->setGeometry(QStyle::alignedRect(followed->layoutDirection(), alignment, size, area));
-  layout->activate();
+  // A hidden host gets its resize event later, but the gaps are computed now.
+  layout->setGeometry(host->rect());
   leaveGapsOpen();
 }
 
