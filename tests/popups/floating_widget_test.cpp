@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <ui_base/popups/floating_widget.h>
+
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPointer>
+
+using namespace Vela::UiBase;
+using Vela::Test::settle;
+
+namespace {
+
+class ClickCounter : public QWidget {
+public:
+  using QWidget::QWidget;
+  int presses = 0;
+
+protected:
+  void mousePressEvent(QMouseEvent*) override { ++presses; }
+};
+
+class FixedContent : public QWidget {
+public:
+  explicit FixedContent(const QSize& size) { setFixedSize(size); }
+
+protected:
+  void mousePressEvent(QMouseEvent* event) override { event->accept(); }
+};
+
+} // namespace
+
+class FloatingWidgetTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void placement_data() {
+    QTest::addColumn<Qt::Alignment>("alignment");
+    QTest::addColumn<bool>("rightToLeft");
+    QTest::addColumn<QRect>("expected");
+    const auto row = [](const char* name, Qt::Alignment alignment, bool rightToLeft, const QRect& expected) {
+      QTest::newRow(name) << alignment << rightToLeft << expected;
+    };
+    row("top centre", Qt::AlignTop | Qt::AlignHCenter, false, {130, 20, 100, 30});
+    row("top left", Qt::AlignTop | Qt::AlignLeft, false, {10, 20, 100, 30});
+    row("bottom right", Qt::AlignBottom | Qt::AlignRight, false, {250, 230, 100, 30});
+    row("bottom right, mirrored", Qt::AlignBottom | Qt::AlignRight, true, {10, 230, 100, 30});
+    row("centre", Qt::AlignCenter, false, {130, 125, 100, 30});
+  }
+  void placement() {
+    QFETCH(Qt::Alignment, alignment);
+    QFETCH(bool, rightToLeft);
+    QWidget view;
+    view.setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    view.resize(200, 200);
+    FloatingWidget host(&view);
+    host.setMargins({10, 20, 50, 40});
+    host.addWidget(new FixedContent({100, 30}));
+    host.setAlignment(alignment);
+    view.show();
+    view.resize(400, 300);
+    QTEST(host.geometry(), "expected");
+  }
+
+  void neverLargerThanTheParent() {
+    QWidget view;
+    view.resize(120, 60);
+    FloatingWidget host(&view);
+    auto* label = new QLabel(QStringLiteral("many words to wrap ").repeated(20));
+    label->setWordWrap(true);
+    host.addWidget(label);
+    view.show();
+    QVERIFY(view.rect().contains(host.geometry()));
+    view.resize(5, 5);
+    QVERIFY(host.width() <= 5 && host.height() <= 5);
+  }
+
+  void visibleOnlyWithVisibleContent() {
+    QWidget view;
+    view.resize(200, 200);
+    FloatingWidget host(&view);
+    view.show();
+    host.show();
+    QVERIFY2(!host.isVisible(), "nothing in it");
+    auto* content = new FixedContent({20, 20});
+    content->hide();
+    host.addWidget(content);
+    QVERIFY2(!host.isVisible(), "its content was hidden on purpose");
+    content->show();
+    QVERIFY(host.isVisible() && content->isVisible());
+    content->hide();
+    QVERIFY(!host.isVisible());
+    content->show();
+
+    host.hide();
+    content->hide();
+    content->show();
+    QVERIFY2(!host.isVisible(), "hidden on purpose, it stays hidden");
+    host.show();
+    QVERIFY(host.isVisible());
+    delete content;
+    settle();
+    QVERIFY(!host.isVisible());
+  }
+
+  void hiddenContentDoesNotFlashWithItsView() {
+    QWidget view;
+    FloatingWidget host(&view);
+    auto* content = new FixedContent({20, 20});
+    host.addWidget(content);
+    content->hide();
+    view.show();
+    QVERIFY(!host.isVisible());
+  }
+
+  void followsItsContent() {
+    QWidget view;
+    view.resize(300, 200);
+    FloatingWidget host(&view);
+    auto* label = new QLabel(QStringLiteral("short"));
+    host.addWidget(label);
+    view.show();
+    settle();
+    const int before = host.width();
+    label->setText(QStringLiteral("a good deal longer"));
+    settle();
+    QVERIFY(host.width() > before);
+    QVERIFY(std::abs(host.geometry().center().x() - view.rect().center().x()) <= 1);
+  }
+
+  void followsANewParent() {
+    QWidget first;
+    QWidget second;
+    first.resize(200, 200);
+    second.resize(300, 300);
+    auto* host = new FloatingWidget(&first);
+    host->addWidget(new FixedContent({100, 20}));
+    first.show();
+    second.show();
+    host->setParent(&second);
+    host->show();
+    QCOMPARE(host->geometry(), QRect(100, 8, 100, 20));
+    first.resize(500, 500);
+    QCOMPARE(host->geometry(), QRect(100, 8, 100, 20));
+    second.resize(200, 300);
+    QCOMPARE(host->geometry(), QRect(50, 8, 100, 20));
+    host->setParent(nullptr);
+    host->show();
+    QVERIFY(!host->isVisible());
+    delete host;
+  }
+
+  void clicksBesideTheContentReachTheView() {
+    ClickCounter view;
+    view.resize(200, 200);
+    FloatingWidget host(&view);
+    host.setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    host.addWidget(new FixedContent({100, 20}));
+    host.addWidget(new FixedContent({40, 20}));
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    settle();
+    const auto press = [&](const QPoint& at) {
+      QTest::mouseClick(view.windowHandle(), Qt::LeftButton, {}, at);
+      return view.presses;
+    };
+    QCOMPARE(host.size(), QSize(100, 40));
+    QCOMPARE(press({90, 15}), 0);
+    QCOMPARE(press({20, 40}), 0);
+    QCOMPARE(press({100, 40}), 1); // beside the narrow one
+    QCOMPARE(press({150, 15}), 2);
+    QCOMPARE(press({20, 60}), 3);
+  }
+
+  void comesToTheFront() {
+    QWidget view;
+    view.resize(200, 200);
+    FloatingWidget host(&view);
+    auto* content = new FixedContent({50, 50});
+    content->hide();
+    host.addWidget(content);
+    QWidget cover(&view);
+    cover.resize(200, 200);
+    view.show();
+    content->show();
+    QCOMPARE(view.childAt(100, 20), content);
+  }
+};
+
+VELA_TEST_MAIN(FloatingWidgetTest)
+#include "floating_widget_test.moc"

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+#include "notification_fixture.h"
+
+#include <support/test_case.h>
+
+#include <QLabel>
+#include <QSignalSpy>
+
+using namespace Vela::UiBase;
+using Vela::Test::settle;
+
+/// Everything a notification refers to may die at any time; most useful under the address sanitizer.
+class NotificationLifetimeTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void contentIsOwnedAndDeletedAfterTheEnd() {
+    NotificationFixture f;
+    QPointer<QLabel> shown = new QLabel(QStringLiteral("shown"));
+    QPointer<QLabel> replaced = new QLabel(QStringLiteral("replaced"));
+    f.bar->showNotification(replaced, FadeInOnly, 0);
+    QVERIFY(replaced->isVisible());
+    QCOMPARE(f.bar->showNotification(replaced, FadeInOnly, 0), quint64(0));
+    f.bar->showNotification(shown, FadeInOnly, 0);
+    QVERIFY(shown->isVisible() && !replaced->isVisible());
+    settle();
+    QVERIFY(!replaced);
+    f.bar->hideNotification();
+    settle();
+    QVERIFY(!shown && !f.bar->isVisible());
+  }
+
+  void contentStaysWhileItFadesOut() {
+    NotificationFixture f;
+    f.bar->setFadeDuration(30);
+    QPointer<QLabel> content = new QLabel(QStringLiteral("content"));
+    f.bar->showNotification(content, FadeOutOnly, 0);
+    f.bar->hideNotification();
+    settle();
+    QVERIFY(content && content->isVisible());
+    QTRY_VERIFY(!content);
+  }
+
+  void interruptedContentComesBack() {
+    NotificationFixture f;
+    QPointer<QLabel> content = new QLabel(QStringLiteral("content"));
+    f.bar->showNotification(content, FadeInOnly, 0);
+    const quint64 error = f.post(NotificationError, QStringLiteral("error"), 0);
+    settle();
+    QVERIFY(content && !content->isVisible());
+    f.bar->hideNotification(error);
+    QVERIFY(content && content->isVisible());
+  }
+
+  void contentDies_data() {
+    QTest::addColumn<bool>("waiting");
+    QTest::addColumn<bool>("anotherWaits");
+    QTest::newRow("shown") << false << false;
+    QTest::newRow("shown, another waits") << false << true;
+    QTest::newRow("waiting") << true << false;
+  }
+  void contentDies() {
+    QFETCH(bool, waiting);
+    QFETCH(bool, anotherWaits);
+    NotificationFixture f;
+    f.bar->setFadeDuration(60000);
+    QSignalSpy ended(f.bar, &NotificationBar::notificationEnded);
+    if (waiting)
+      f.post(NotificationError, QStringLiteral("error"));
+    Notification notification;
+    notification.severity = NotificationWarning;
+    notification.durationMs = 0;
+    notification.content = new QLabel(QStringLiteral("content"));
+    const quint64 id = f.bar->showNotification(notification);
+    if (anotherWaits)
+      f.post(NotificationWarning, QStringLiteral("another"));
+    delete notification.content;
+    settle();
+    QCOMPARE(ended, QList<QVariantList>({{id}}));
+    QCOMPARE(f.bar->waitingCount(), 0);
+    QCOMPARE(f.bar->isVisible(), waiting || anotherWaits);
+  }
+
+  void receiverDies_data() {
+    QTest::addColumn<bool>("waiting");
+    QTest::newRow("shown") << false;
+    QTest::newRow("waiting") << true;
+  }
+  void receiverDies() {
+    QFETCH(bool, waiting);
+    NotificationFixture f;
+    const quint64 error = waiting ? f.post(NotificationError, QStringLiteral("error")) : 0;
+    auto receiver = std::make_unique<ActionReceiver>();
+    f.bar->showNotification(QStringLiteral("text"), FadeInOnly, 0, true, receiver.get(), SLOT(onAction()));
+    if (!waiting) {
+      f.button(QStringLiteral("Details"))->setFocus();
+      f.key(Qt::Key_Tab);
+      QVERIFY(f.button(QStringLiteral("Details")));
+    }
+    receiver.reset();
+    f.bar->hideNotification(error);
+    QCOMPARE(f.reading(), QStringLiteral("text"));
+    QVERIFY(!f.button(QStringLiteral("Details")));
+    QVERIFY(f.button(QString()));
+  }
+
+  void barDies_data() {
+    QTest::addColumn<QString>("moment");
+    for (const char* moment : {"fading in", "fading out", "with a queue", "with its view", "in the action",
+                               "when shown", "when ended", "when ended, another waits"})
+      QTest::newRow(moment) << QString::fromLatin1(moment);
+  }
+  void barDies() {
+    QFETCH(QString, moment);
+    NotificationFixture f;
+    ActionReceiver receiver;
+    receiver.then = [&] { delete f.bar; };
+    f.bar->setFadeDuration(moment.startsWith(QLatin1String("fading")) ? 60000 : 0);
+    if (moment == QLatin1String("when shown"))
+      connect(f.bar, &NotificationBar::notificationShown, &receiver, &ActionReceiver::onAction);
+    f.bar->showNotification(new QLabel(QStringLiteral("content")), FadeInAndOut, 0, true, &receiver,
+                            SLOT(onAction()));
+    settle();
+    if (moment == QLatin1String("fading out")) {
+      f.bar->hideNotification();
+    } else if (moment == QLatin1String("with a queue")) {
+      f.post(NotificationError, QStringLiteral("error"));
+      f.bar->showNotification(new QLabel(QStringLiteral("waits")), FadeInAndOut, 0);
+    } else if (moment == QLatin1String("with its view")) {
+      delete f.view;
+    } else if (moment == QLatin1String("in the action")) {
+      f.click(f.button(QStringLiteral("Details")));
+    } else if (moment.startsWith(QLatin1String("when ended"))) {
+      const quint64 shown = f.bar->currentNotification();
+      if (moment.contains(QLatin1String("waits")))
+        f.post(NotificationError, QStringLiteral("error"));
+      connect(f.bar, &NotificationBar::notificationEnded, &receiver, &ActionReceiver::onAction);
+      f.bar->hideNotification(shown);
+    }
+    const bool diesByItself = moment.contains(QLatin1String("when")) ||
+                              moment.contains(QLatin1String("action")) ||
+                              moment.contains(QLatin1String("view"));
+    QCOMPARE(f.bar.isNull(), diesByItself);
+    delete f.bar;
+    settle();
+    QVERIFY(!f.host || !f.host->isVisible());
+  }
+
+  void listenersMayShowAndHide() {
+    NotificationFixture f;
+    int rounds = 0;
+    connect(f.bar, &NotificationBar::notificationEnded, f.bar, [&] {
+      if (++rounds < 5)
+        f.post(NotificationWarning, QStringLiteral("round %1").arg(rounds), 0);
+      if (rounds == 2)
+        f.bar->hideNotification(f.bar->currentNotification());
+    });
+    const quint64 first = f.post(NotificationWarning, QStringLiteral("first"), 0);
+    f.bar->hideNotification(first);
+    while (f.bar->isNotificationShowing())
+      f.bar->hideNotification(f.bar->currentNotification());
+    QCOMPARE(rounds, 5);
+    QVERIFY(!f.bar->isVisible());
+  }
+};
+
+VELA_TEST_MAIN(NotificationLifetimeTest)
+#include "notification_lifetime_test.moc"

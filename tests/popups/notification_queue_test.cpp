@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <ui_base/popups/notification_queue.h>
+
+#include <QRandomGenerator>
+#include <QSet>
+
+using namespace Vela::UiBase;
+
+namespace {
+
+/// "w:disk" is a warning with the text "disk"; "*" after the letter means endless, "!" that it cannot be
+/// closed.
+NotificationQueue::Entry entryFrom(const QString& script) {
+  const QString kind = script.section(QLatin1Char(':'), 0, 0);
+  auto entry = std::make_unique<NotificationEntry>();
+  entry->message = script.section(QLatin1Char(':'), 1);
+  entry->severity = kind.startsWith(QLatin1Char('e'))   ? NotificationError
+                    : kind.startsWith(QLatin1Char('w')) ? NotificationWarning
+                                                        : NotificationInfo;
+  entry->remainingMs = kind.contains(QLatin1Char('*')) ? 0 : 1000;
+  entry->closable = !kind.contains(QLatin1Char('!'));
+  return entry;
+}
+
+template <class Entries>
+QString messages(const Entries& entries) {
+  QStringList texts;
+  for (const auto& entry : entries)
+    texts << entry->message;
+  return texts.join(QLatin1Char(' '));
+}
+
+} // namespace
+
+class NotificationQueueTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void order_data() {
+    QTest::addColumn<QString>("posts");
+    QTest::addColumn<QString>("shownInTurn");
+    QTest::addColumn<QString>("dropped");
+    QTest::newRow("info replaces a shown info") << "i:start i:end"
+                                                << "end"
+                                                << "start";
+    QTest::newRow("info replaces a waiting info") << "e:a i:start i:end"
+                                                  << "a end"
+                                                  << "start";
+    QTest::newRow("info replaces an interrupted info") << "i:start e:a i:end"
+                                                       << "a end"
+                                                       << "start";
+    QTest::newRow("warnings keep their order") << "w:a w:b w:c"
+                                               << "a b c"
+                                               << "";
+    QTest::newRow("info waits behind a warning") << "w:a i:b w:c"
+                                                 << "a c b"
+                                                 << "";
+    QTest::newRow("error interrupts, warning returns first") << "w:a w:b e:c e:d"
+                                                             << "c d a b"
+                                                             << "";
+    QTest::newRow("interrupted twice") << "i:a w:b e:c"
+                                       << "c b a"
+                                       << "";
+    QTest::newRow("endless gives way to its equal") << "w*!:a w:b"
+                                                    << "b"
+                                                    << "a";
+    QTest::newRow("endless that can be closed waits for the user") << "w*:a w:b"
+                                                                   << "a b"
+                                                                   << "";
+    QTest::newRow("endless returns after an interruption") << "w*!:a e:b"
+                                                           << "b a"
+                                                           << "";
+    QTest::newRow("repeated while shown") << "w:a w:b w:a"
+                                          << "a b"
+                                          << "";
+    QTest::newRow("repeated while waiting") << "e:x w:a w:b w:a"
+                                            << "x a b"
+                                            << "";
+    QTest::newRow("same text, other severity") << "w:a e:a"
+                                               << "a a"
+                                               << "";
+    QTest::newRow("oldest of the least severe is dropped") << "e:x e:y w:a w:b w:c"
+                                                           << "x y b c"
+                                                           << "a";
+    QTest::newRow("the newcomer is the least severe") << "e:a e:b e:c e:d i:i"
+                                                      << "a b c d"
+                                                      << "i";
+  }
+  void order() {
+    QFETCH(QString, posts);
+    NotificationQueue queue;
+    queue.setLimit(3);
+    NotificationQueue::Entries dropped;
+    const QStringList scripts = posts.split(QLatin1Char(' '));
+    for (const QString& script : scripts)
+      QVERIFY(queue.post(entryFrom(script), dropped) > 0);
+
+    NotificationQueue::Entries shown;
+    do
+      shown.push_back(queue.takeCurrent());
+    while (queue.advance());
+    QTEST(messages(shown), "shownInTurn");
+    QTEST(messages(dropped), "dropped");
+  }
+
+  void repeatGivesFullTimeAgain() {
+    NotificationQueue queue;
+    NotificationQueue::Entries dropped;
+    const quint64 id = queue.post(entryFrom(QStringLiteral("w:a")), dropped);
+    queue.current()->remainingMs = 10;
+    QCOMPARE(queue.post(entryFrom(QStringLiteral("w:a")), dropped), id);
+    QCOMPARE(queue.current()->remainingMs, 1000);
+  }
+
+  void interruptionKeepsTimeLeft() {
+    NotificationQueue queue;
+    NotificationQueue::Entries dropped;
+    queue.post(entryFrom(QStringLiteral("w:a")), dropped);
+    queue.current()->remainingMs = 10;
+    queue.post(entryFrom(QStringLiteral("e:b")), dropped);
+    queue.takeCurrent();
+    QVERIFY(queue.advance());
+    QCOMPARE(queue.current()->remainingMs, 10);
+  }
+
+  /// Whatever is posted: nothing gets lost or comes twice, and the most severe entry is the one shown.
+  void anySequence() {
+    QRandomGenerator random(20240521);
+    const QStringList kinds = {"i:", "w:", "e:", "i*:", "w*!:", "e*:", "e*!:"};
+    NotificationQueue queue;
+    queue.setLimit(4);
+    QSet<quint64> open;
+    for (int step = 0; step < 5000; ++step) {
+      NotificationQueue::Entries ended;
+      if (random.bounded(3) != 0) {
+        const QString script =
+            kinds.at(random.bounded(int(kinds.size()))) + QString::number(random.bounded(40));
+        open.insert(queue.post(entryFrom(script), ended));
+      } else if (auto gone = queue.takeCurrent()) {
+        ended.push_back(std::move(gone));
+        queue.advance();
+      }
+      for (const auto& entry : ended)
+        QVERIFY(open.remove(entry->id));
+
+      QCOMPARE(int(open.size()), queue.waitingCount() + (queue.current() ? 1 : 0));
+      QVERIFY(queue.waitingCount() <= 4);
+      QVERIFY(queue.current() || queue.waitingCount() == 0);
+    }
+    NotificationQueue::Entries waiting = queue.takeAllWaiting();
+    QVERIFY(
+        std::ranges::is_sorted(waiting, std::ranges::greater(), [](const auto& e) { return e->severity; }));
+    QVERIFY(waiting.empty() || queue.current()->severity >= waiting.front()->severity);
+  }
+};
+
+VELA_TEST_MAIN(NotificationQueueTest)
+#include "notification_queue_test.moc"
