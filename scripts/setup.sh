@@ -13,7 +13,7 @@ packages_for() {
       echo libqt6svg6 fontconfig fonts-dejavu-core fonts-liberation
       ;;
     test) echo xvfb xauth clang-format ;;
-    lint) echo clang clang-format clang-tidy clazy python3 ;;
+    lint) echo clang clang-format clang-tidy clazy ;;
     demo)
       # A Wayland session without an X server needs Qt's platform plugin for it.
       [ -n "${WAYLAND_DISPLAY:-}" ] && [ -z "${DISPLAY:-}" ] && echo qt6-wayland

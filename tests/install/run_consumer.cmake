@@ -22,10 +22,20 @@ foreach(file IN LISTS installed_cmake)
   endforeach()
 endforeach()
 
+# The example in the README is one of the programs.
+file(READ ${SOURCE_DIR}/README.md readme)
+string(REGEX MATCH "```cpp\n.*" example "${readme}")
+string(SUBSTRING "${example}" 7 -1 example)
+string(FIND "${example}" "```" end)
+string(SUBSTRING "${example}" 0 ${end} example)
+file(WRITE ${WORK_DIR}/readme/main.cpp.new "${example}")
+file(COPY_FILE ${WORK_DIR}/readme/main.cpp.new ${WORK_DIR}/readme/main.cpp ONLY_IF_DIFFERENT)
+
 run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer_build} -G ${GENERATOR}
   -D CMAKE_BUILD_TYPE=${CONFIG}
   -D CMAKE_CXX_COMPILER=${CXX_COMPILER}
   "-D CMAKE_CXX_COMPILER_LAUNCHER=${CXX_COMPILER_LAUNCHER}"
+  -D README_EXAMPLE=${WORK_DIR}/readme/main.cpp
   -D CMAKE_PREFIX_PATH=${prefix})
 run(${CMAKE_COMMAND} --build ${consumer_build} --config ${CONFIG} --parallel 2)
 
