@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <workbench/mesh.h>
+
+#include <QString>
+
+#include <stdexcept>
+#include <stop_token>
+
+namespace Workbench {
+
+/// Why a mesh file was not loaded, in words for the user.
+class MeshLoadError : public std::runtime_error {
+public:
+  MeshLoadError(const QString& fileName, const QString& reason);
+
+  const QString& fileName() const noexcept { return m_fileName; } ///< As it was given.
+  const QString& reason() const noexcept { return m_reason; }
+  /// One sentence that names the file and the reason.
+  QString message() const;
+
+private:
+  QString m_fileName;
+  QString m_reason;
+};
+
+/// Loads a mesh file: OBJ, PLY, STL, OFF, glTF or GLB, all meshes of the scene merged.
+///
+/// The file is read by a program of its own, workbench_mesh_reader, which lies beside the application; a file
+/// that brings its format's importer down only ends that program. Blocks; for any thread.
+///
+/// @code
+/// try {
+///   show(loadMesh(fileName));
+/// } catch (const MeshLoadError& error) {
+///   tell(error.message());
+/// }
+/// @endcode
+/// @param stop  ends the reading early, which also throws
+/// @throws MeshLoadError
+Mesh loadMesh(const QString& fileName, const std::stop_token& stop = {});
+
+/// Whether the file's name ends like that of a mesh file.
+bool isMeshFileName(const QString& fileName);
+/// Name filters for a file dialog: mesh files, then all files.
+QString meshNameFilter();
+
+} // namespace Workbench

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include "lighting.h"
+
+#include <cmath>
+
+namespace Workbench {
+namespace {
+
+const QVector3D KeyColor(0.86F, 0.83F, 0.78F);
+const QVector3D FillColor(0.17F, 0.20F, 0.25F);
+const QVector3D RimColor(0.16F, 0.18F, 0.20F);
+const QVector3D SkyColor(0.22F, 0.235F, 0.26F);
+const QVector3D GroundColor(0.085F, 0.08F, 0.075F);
+const QVector3D HighlightColor(0.085F, 0.085F, 0.08F);
+
+float linearOf(float display) {
+  return display <= 0.04045F ? display / 12.92F : std::pow((display + 0.055F) / 1.055F, 2.4F);
+}
+
+float dot(const QVector3D& a, const QVector3D& b) { return QVector3D::dotProduct(a, b); }
+
+} // namespace
+
+QVector3D toLinear(const QColor& color) {
+  return {linearOf(float(color.redF())), linearOf(float(color.greenF())), linearOf(float(color.blueF()))};
+}
+
+const DisplayColors& DisplayColors::instance() {
+  static const DisplayColors colors;
+  return colors;
+}
+
+DisplayColors::DisplayColors() {
+  for (std::size_t i = 0; i < m_table.size(); ++i) {
+    const float light = float(i) / float(Steps - 1);
+    const float display = light <= 0.0031308F ? light * 12.92F : 1.055F * std::pow(light, 1 / 2.4F) - 0.055F;
+    m_table[i] = std::uint8_t(std::lround(display * 255));
+  }
+}
+
+Lighting::Lighting(const CameraAxes& axes, const RenderStyle& style)
+    : m_up(axes.up),
+      m_towardsEye(-axes.forward),
+      m_surface(toLinear(style.surface)),
+      m_backSide(toLinear(style.backSide)),
+      m_backgroundTop(toLinear(style.backgroundTop)),
+      m_backgroundBottom(toLinear(style.backgroundBottom)) {
+  const auto towards = [&axes](float right, float up, float eye) {
+    return (axes.right * right + axes.up * up - axes.forward * eye).normalized();
+  };
+  m_key = towards(-0.50F, 0.62F, 0.60F);
+  m_fill = towards(0.80F, 0.05F, 0.45F);
+  m_rim = towards(0.35F, 0.45F, -0.80F);
+  m_highlight = (m_key + m_towardsEye).normalized();
+}
+
+QVector3D Lighting::shade(const QVector3D& normal, bool backSide) const {
+  const float sky = 0.5F + 0.5F * dot(normal, m_up);
+  const float key = std::max(dot(normal, m_key), 0.0F);
+  const float fill = std::max(0.25F + 0.75F * dot(normal, m_fill), 0.0F);
+  const float rim = std::max(dot(normal, m_rim), 0.0F);
+  float highlight = std::max(dot(normal, m_highlight), 0.0F);
+  for (int i = 0; i < 5; ++i)
+    highlight *= highlight;
+  const QVector3D light =
+      GroundColor + (SkyColor - GroundColor) * sky + KeyColor * key + FillColor * fill + RimColor * rim;
+  return (backSide ? m_backSide : m_surface) * light + HighlightColor * highlight;
+}
+
+QVector3D Lighting::background(float height) const {
+  return m_backgroundTop + (m_backgroundBottom - m_backgroundTop) * height;
+}
+
+} // namespace Workbench

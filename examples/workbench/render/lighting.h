@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <workbench/camera.h>
+#include <workbench/render/render_style.h>
+
+#include <QRgb>
+#include <QVector3D>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace Workbench {
+
+/// The light of a colour of the display; light adds up. Red, green and blue from 0 to 1.
+QVector3D toLinear(const QColor& color);
+
+/// Turns light into colours of the display, by a table made once.
+class DisplayColors {
+public:
+  static const DisplayColors& instance();
+
+  /// Light outside 0 to 1 is clipped.
+  QRgb operator()(const QVector3D& light) const {
+    return qRgb(m_table[indexOf(light.x())], m_table[indexOf(light.y())], m_table[indexOf(light.z())]);
+  }
+
+private:
+  static constexpr int Steps = 4096;
+
+  DisplayColors();
+  static std::size_t indexOf(float light) {
+    return std::size_t(std::clamp(int(light * float(Steps - 1) + 0.5F), 0, Steps - 1));
+  }
+
+  std::array<std::uint8_t, Steps> m_table;
+};
+
+/// Lights that move with the camera: a warm key light from the upper left, a cool fill from the right, a rim
+/// from behind and a little light from all around.
+class Lighting {
+public:
+  Lighting(const CameraAxes& axes, const RenderStyle& style);
+
+  /// Light of a surface point. @p normal is a unit vector on the side that is seen.
+  QVector3D shade(const QVector3D& normal, bool backSide) const;
+  /// Light of the background at a height from 0 (top) to 1.
+  QVector3D background(float height) const;
+
+private:
+  QVector3D m_up;
+  QVector3D m_towardsEye;
+  QVector3D m_key;
+  QVector3D m_fill;
+  QVector3D m_rim;
+  QVector3D m_highlight; // half way between the key light and the eye
+  QVector3D m_surface;
+  QVector3D m_backSide;
+  QVector3D m_backgroundTop;
+  QVector3D m_backgroundBottom;
+};
+
+} // namespace Workbench

@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "test_meshes.h"
+
+#include <support/test_case.h>
+#include <workbench/camera.h>
+
+using namespace Workbench;
+
+namespace {
+
+const QSizeF Viewport(800, 600);
+
+bool near(const QPointF& a, const QPointF& b, double tolerance = 0.02) {
+  return (a - b).manhattanLength() < tolerance;
+}
+
+Camera lookingAt(const Bounds& bounds, double yaw = 0, double pitch = 0) {
+  Camera camera;
+  camera.orbit(yaw - camera.yaw(), pitch - camera.pitch());
+  camera.fit(bounds, Viewport);
+  return camera;
+}
+
+} // namespace
+
+class CameraTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void axesAreRightHanded_data() { angles(); }
+  void axesAreRightHanded() {
+    QFETCH(double, yaw);
+    QFETCH(double, pitch);
+    const CameraAxes axes = lookingAt({{-1, -1, -1}, {1, 1, 1}}, yaw, pitch).axes();
+    const QVector3D cross = QVector3D::crossProduct(axes.right, axes.up);
+    QVERIFY((cross + axes.forward).length() < 1e-6F);
+    QVERIFY(std::abs(QVector3D::dotProduct(axes.right, axes.up)) < 1e-6F);
+    QCOMPARE(axes.up.length(), 1.0F);
+    QVERIFY(axes.up.y() >= 0);
+  }
+
+  void fitShowsAllOfABoxAndLittleElse_data() { angles(); }
+  void fitShowsAllOfABoxAndLittleElse() {
+    QFETCH(double, yaw);
+    QFETCH(double, pitch);
+    const Bounds box{{100, -7, 3}, {110, 20, 6}};
+    for (const QSizeF& viewport : {QSizeF(800, 600), QSizeF(200, 900), QSizeF(900, 100)}) {
+      Camera camera = lookingAt(box, yaw, pitch);
+      camera.fit(box, viewport);
+      double reach = 0; // 1 at the rim of the picture
+      for (int i = 0; i < 8; ++i) {
+        const QVector3D corner((i & 1) != 0 ? box.min.x() : box.max.x(),
+                               (i & 2) != 0 ? box.min.y() : box.max.y(),
+                               (i & 4) != 0 ? box.min.z() : box.max.z());
+        const QPointF at = camera.project(corner, viewport).value();
+        reach = std::max({reach, std::abs(at.x() / viewport.width() * 2 - 1),
+                          std::abs(at.y() / viewport.height() * 2 - 1)});
+      }
+      QVERIFY2(reach < 1 && reach > 0.8, qPrintable(QString::number(reach)));
+    }
+  }
+
+  void aPointStaysUnderItsRay() {
+    const Camera camera = lookingAt({{-1, -1, -1}, {1, 1, 1}}, 37, -12);
+    for (const QPointF& position : {QPointF(0, 0), QPointF(400, 300), QPointF(713.5, 21.25)}) {
+      const Ray ray = camera.rayThrough(position, Viewport);
+      QVERIFY(near(camera.project(ray.origin + ray.direction * 3, Viewport).value(), position));
+    }
+    QVERIFY(!camera.project(camera.eye() - camera.axes().forward, Viewport));
+  }
+
+  void panMovesTheTargetPlaneWithTheMouse() {
+    Camera camera = lookingAt({{-1, -1, -1}, {1, 1, 1}}, 20, 40);
+    const QVector3D point = camera.pointInTargetPlane({100, 500}, Viewport);
+    camera.pan({37, -81}, Viewport);
+    QVERIFY(near(camera.project(point, Viewport).value(), {137, 419}));
+  }
+
+  void zoomKeepsTheAnchorInPlace_data() {
+    QTest::addColumn<double>("factor");
+    QTest::newRow("in") << 1.7;
+    QTest::newRow("out") << 0.3;
+    QTest::newRow("in beyond the limit") << 1e9;
+    QTest::newRow("out beyond the limit") << 1e-9;
+  }
+  void zoomKeepsTheAnchorInPlace() {
+    QFETCH(double, factor);
+    Camera camera = lookingAt({{-1, -1, -1}, {1, 1, 1}}, 20, 40);
+    const double before = camera.distance();
+    const QVector3D anchor = camera.pointInTargetPlane({100, 500}, Viewport);
+    camera.zoomAt(factor, anchor);
+    QVERIFY(near(camera.project(anchor, Viewport).value(), {100, 500}, 0.5));
+    QCOMPARE(camera.distance() < before, factor > 1);
+  }
+
+  void zoomIgnoresWhatIsNoFactor() {
+    const Camera before = lookingAt({{-1, -1, -1}, {1, 1, 1}});
+    for (const double factor : {0.0, -1.0, std::nan("")}) {
+      Camera camera = before;
+      camera.zoomAt(factor, {1, 0, 0});
+      QCOMPARE(camera, before);
+    }
+  }
+
+  void orbitKeepsTheDistanceAndEndsAtThePoles() {
+    Camera camera = lookingAt({{-1, -1, -1}, {1, 1, 1}});
+    const double distance = camera.distance();
+    for (int i = 0; i < 50; ++i) {
+      camera.orbit(33, 7);
+      QVERIFY(std::abs((camera.eye() - camera.target()).length() - distance) < 1e-4);
+      QVERIFY(std::abs(camera.yaw()) <= 180);
+    }
+    QCOMPARE(camera.pitch(), 90.0);
+    camera.orbit(0, -500);
+    QCOMPARE(camera.pitch(), -90.0);
+  }
+
+  void fitsWhatHasNoSize() {
+    Camera camera;
+    camera.fit({{5, 5, 5}, {5, 5, 5}}, Viewport);
+    QVERIFY(near(camera.project({5, 5, 5}, Viewport).value(), {400, 300}));
+    camera.fit({}, QSizeF());
+    QVERIFY(camera.distance() > 0);
+  }
+
+private:
+  void angles() {
+    QTest::addColumn<double>("yaw");
+    QTest::addColumn<double>("pitch");
+    QTest::newRow("front") << 0.0 << 0.0;
+    QTest::newRow("oblique") << 30.0 << 20.0;
+    QTest::newRow("behind, from below") << 170.0 << -60.0;
+    QTest::newRow("from above") << -95.0 << 90.0;
+  }
+};
+
+VELA_TEST_MAIN(CameraTest)
+#include "camera_test.moc"

@@ -1,0 +1,280 @@
+// SPDX-License-Identifier: MIT
+#include "test_meshes.h"
+
+#include <support/test_case.h>
+#include <workbench/renderer.h>
+
+#include <QPalette>
+
+#include <oneapi/tbb/global_control.h>
+#include <oneapi/tbb/task_arena.h>
+
+using namespace Workbench;
+
+namespace {
+
+RenderStyle lightStyle() { return RenderStyle::forPalette(QPalette(QColor(0xef, 0xef, 0xef))); }
+
+// Looks along -z at the plane z = 0, one unit there covering @p scale pixels.
+Camera frontCamera(const QSize& size, double scale) {
+  Camera camera;
+  camera.orbit(-camera.yaw(), -camera.pitch());
+  camera.fit({{-1, -1, -1}, {1, 1, 1}}, size);
+  camera.zoomAt(camera.distance() * scale / Camera::focalLength(size), camera.target());
+  return camera;
+}
+
+int drawnPixels(const Renderer& renderer) {
+  int count = 0;
+  for (int y = 0; y < renderer.image().height(); ++y) {
+    for (int x = 0; x < renderer.image().width(); ++x)
+      count += renderer.pick({x, y}) ? 1 : 0;
+  }
+  return count;
+}
+
+bool isNear(const QVector3D& a, const QVector3D& b, float tolerance) { return (a - b).length() < tolerance; }
+
+} // namespace
+
+class RendererTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void aSquareCoversExactlyItsPixels_data() {
+    QTest::addColumn<int>("cells");
+    QTest::addColumn<int>("oversampling");
+    QTest::newRow("two triangles") << 1 << 1;
+    QTest::newRow("many triangles, common edges on pixel centres") << 40 << 1;
+    QTest::newRow("triangles smaller than a pixel") << 150 << 1;
+    QTest::newRow("oversampled") << 7 << 2;
+  }
+  void aSquareCoversExactlyItsPixels() {
+    QFETCH(int, cells);
+    QFETCH(int, oversampling);
+    const QSize size(200, 160);
+    Renderer renderer;
+    renderer.render(Test::square(1, cells), frontCamera(size, 40.2), size, lightStyle(), oversampling);
+    for (int y = 0; y < size.height(); ++y) {
+      for (int x = 0; x < size.width(); ++x) {
+        const bool inside = x >= 60 && x < 140 && y >= 40 && y < 120;
+        QVERIFY2(renderer.pick({x, y}).has_value() == inside, qPrintable(QString("%1 %2").arg(x).arg(y)));
+      }
+    }
+  }
+
+  void picksTheTriangleAndThePoint() {
+    const QSize size(300, 200);
+    Renderer renderer;
+    const Camera camera = frontCamera(size, 50);
+    renderer.render(Test::square(1, 10, 0.5F), camera, size, lightStyle());
+    const QPoint pixel(171, 83);
+    const Ray ray = camera.rayThrough(QPointF(pixel) + QPointF(0.5, 0.5), size);
+    const QVector3D expected = ray.origin + ray.direction * (ray.origin.z() - 0.5F);
+    const auto hit = renderer.pick(pixel);
+    QVERIFY(hit);
+    QVERIFY(isNear(hit->point, expected, 1e-4F));
+    const int column = int((expected.x() + 1) * 5);
+    const int row = int((expected.y() + 1) * 5);
+    QCOMPARE(int(hit->triangle) / 2, row * 10 + column);
+    for (const QPoint& outside : {QPoint(0, 0), QPoint(-1, 100), QPoint(300, 100), QPoint(150, 200)})
+      QVERIFY(!renderer.pick(outside));
+  }
+
+  void theNearerTriangleHidesTheOther_data() {
+    QTest::addColumn<bool>("nearFirst");
+    QTest::newRow("near one first") << true;
+    QTest::newRow("far one first") << false;
+  }
+  void theNearerTriangleHidesTheOther() {
+    QFETCH(bool, nearFirst);
+    const Mesh front = Test::square(0.5F, 1, 0.4F);
+    const Mesh back = Test::square(1, 1, -0.4F);
+    const Mesh mesh = nearFirst ? Test::merged(front, back) : Test::merged(back, front);
+    const QSize size(120, 120);
+    Renderer renderer;
+    renderer.render(mesh, frontCamera(size, 30), size, lightStyle());
+    QCOMPARE(renderer.pick({60, 60})->triangle < 2, nearFirst);
+    QVERIFY(std::abs(renderer.pick({60, 60})->point.z() - 0.4F) < 1e-4F);
+    QVERIFY(std::abs(renderer.pick({60, 82})->point.z() + 0.4F) < 1e-4F);
+  }
+
+  void ofTwoInOnePlaneTheFirstStays() {
+    const QSize size(64, 64);
+    Renderer renderer;
+    renderer.render(Test::merged(Test::square(1), Test::square(1)), frontCamera(size, 20), size,
+                    lightStyle());
+    for (int x = 20; x < 44; ++x)
+      QVERIFY(renderer.pick({x, 30})->triangle < 2);
+  }
+
+  // The camera stands in a long tunnel of which the rear end lies behind it.
+  void clipsWhatReachesBehindTheEye() {
+    const Mesh tunnel(
+        {{-1, -1, 100},
+         {1, -1, 100},
+         {1, 1, 100},
+         {-1, 1, 100},
+         {-1, -1, -100},
+         {1, -1, -100},
+         {1, 1, -100},
+         {-1, 1, -100}},
+        {{0, 1, 5}, {0, 5, 4}, {1, 2, 6}, {1, 6, 5}, {2, 3, 7}, {2, 7, 6}, {3, 0, 4}, {3, 4, 7}});
+    const QSize size(320, 240);
+    const Camera camera = frontCamera(size, 300);
+    QVERIFY(camera.eye().z() < 100);
+    Renderer renderer;
+    renderer.render(tunnel, camera, size, lightStyle());
+    for (const QPoint& pixel :
+         {QPoint(0, 0), QPoint(0, 120), QPoint(319, 239), QPoint(160, 5), QPoint(9, 230)}) {
+      const auto hit = renderer.pick(pixel);
+      QVERIFY(hit);
+      const float reach = std::max(std::abs(hit->point.x()), std::abs(hit->point.y()));
+      QVERIFY2(std::abs(reach - 1) < 1e-3F, qPrintable(QString::number(reach)));
+      QVERIFY(hit->point.z() < camera.eye().z());
+    }
+    QVERIFY(drawnPixels(renderer) > size.width() * size.height() * 9 / 10);
+  }
+
+  void drawsTrianglesFarLargerThanTheFrame() {
+    const QSize size(100, 100);
+    Renderer renderer;
+    renderer.render(Test::square(1e6F), frontCamera(size, 20), size, lightStyle());
+    QCOMPARE(drawnPixels(renderer), size.width() * size.height());
+    QVERIFY(isNear(renderer.pick({50, 50})->point, {0.025F, -0.025F, 0}, 0.01F));
+  }
+
+  void leavesOutWhatIsBehindOrBroken() {
+    const QSize size(100, 100);
+    const Camera camera = frontCamera(size, 20);
+    const float nan = std::nanf("");
+    Renderer renderer;
+    renderer.render(Test::square(1, 2, camera.eye().z() + 1), camera, size, lightStyle());
+    QCOMPARE(drawnPixels(renderer), 0);
+    const Mesh broken(
+        {{nan, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 0}, {1e38F, 1e38F, 0}, {-1e38F, 1e38F, 1e38F}},
+        {{0, 1, 2}, {1, 1, 1}, {1, 3, 1}, {0, 0, 0}});
+    renderer.render(broken, camera, size, lightStyle());
+    QCOMPARE(drawnPixels(renderer), 0);
+    renderer.render(Mesh(), camera, size, lightStyle());
+    QCOMPARE(drawnPixels(renderer), 0);
+    renderer.render(Test::cube(1), camera, QSize(), lightStyle());
+    QVERIFY(renderer.image().isNull());
+    QVERIFY(!renderer.pick({0, 0}));
+  }
+
+  void theImageDoesNotDependOnTheThreads_data() {
+    QTest::addColumn<bool>("smooth");
+    QTest::newRow("flat") << false;
+    QTest::newRow("smooth") << true;
+  }
+  void theImageDoesNotDependOnTheThreads() {
+    QFETCH(bool, smooth);
+    const Mesh mesh = Test::merged(Test::blob(90), Test::square(0.9F, 30));
+    const QSize size(333, 257);
+    Camera camera = frontCamera(size, 80);
+    camera.orbit(25, 35);
+    RenderStyle style = lightStyle();
+    style.smooth = smooth;
+    using Control = oneapi::tbb::global_control;
+    const Control moreThanProcessors(Control::max_allowed_parallelism, 8);
+    QImage first;
+    for (const int threads : {1, 2, 5, 8}) {
+      Renderer renderer;
+      oneapi::tbb::task_arena arena(threads);
+      arena.execute([&] { renderer.render(mesh, camera, size, style); });
+      if (first.isNull())
+        first = renderer.image();
+      QVERIFY(renderer.image() == first);
+    }
+  }
+
+  void atTwiceTheSizeTheSamePointsAreSeen() {
+    const Mesh mesh = Test::blob(60);
+    const QSize size(160, 120);
+    Camera camera = frontCamera(size, 35);
+    camera.orbit(25, 35);
+    Renderer normal;
+    Renderer sharp;
+    normal.render(mesh, camera, size, lightStyle());
+    sharp.render(mesh, camera, size * 2, lightStyle());
+    QCOMPARE(sharp.image().size(), size * 2);
+    const double ratio = double(drawnPixels(sharp)) / drawnPixels(normal);
+    QVERIFY2(std::abs(ratio - 4) < 0.05, qPrintable(QString::number(ratio)));
+    const auto hit = normal.pick({80, 60});
+    const auto sharpHit = sharp.pick({160, 120});
+    QVERIFY(hit && sharpHit);
+    QVERIFY(isNear(hit->point, sharpHit->point, 0.02F));
+  }
+
+  void oversamplingMixesColoursAtEdges() {
+    const QSize size(100, 100);
+    Camera camera = frontCamera(size, 30);
+    const Mesh turned({{-1, -0.9F, 0}, {0.9F, -1, 0}, {1, 0.9F, 0}, {-0.9F, 1, 0}}, {{0, 1, 2}, {0, 2, 3}});
+    RenderStyle style = lightStyle();
+    style.backgroundBottom = style.backgroundTop;
+    const auto colours = [&](int oversampling) {
+      Renderer renderer;
+      renderer.render(turned, camera, size, style, oversampling);
+      QSet<QRgb> set;
+      for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x)
+          set.insert(renderer.image().pixel(x, y));
+      }
+      return set.size();
+    };
+    QCOMPARE(colours(1), 2);
+    QVERIFY(colours(2) > 2);
+  }
+
+  void shadingShowsTheShape() {
+    const QSize size(200, 200);
+    Camera camera = frontCamera(size, 60);
+    camera.orbit(30, 30);
+    RenderStyle style = lightStyle();
+    style.smooth = false;
+    Renderer renderer;
+    renderer.render(Test::cube(1.2F), camera, size, style);
+    QHash<QRgb, int> faces;
+    for (int y = 0; y < size.height(); ++y) {
+      for (int x = 0; x < size.width(); ++x) {
+        if (renderer.pick({x, y}))
+          ++faces[renderer.image().pixel(x, y)];
+      }
+    }
+    QCOMPARE(faces.size(), 3);
+    // From inside, the same face has the colour of the back side.
+    renderer.render(Test::square(1), frontCamera(size, 30), size, style);
+    const QColor outside = renderer.image().pixelColor(100, 100);
+    Camera behind = frontCamera(size, 30);
+    behind.orbit(180, 0);
+    renderer.render(Test::square(1), behind, size, style);
+    const QColor inside = renderer.image().pixelColor(100, 100);
+    QVERIFY(inside.hslSaturation() > outside.hslSaturation() + 10);
+  }
+
+  void theBackgroundSuitsThePalette() {
+    const QSize size(10, 50);
+    Renderer renderer;
+    const RenderStyle dark = RenderStyle::forPalette(QPalette(QColor(0x20, 0x20, 0x20)));
+    renderer.render(Mesh(), Camera(), size, dark);
+    QVERIFY(renderer.image().pixelColor(5, 25).lightness() < 80);
+    renderer.render(Mesh(), Camera(), size, lightStyle());
+    QVERIFY(renderer.image().pixelColor(5, 25).lightness() > 200);
+    QVERIFY(renderer.image().pixelColor(5, 0) != renderer.image().pixelColor(5, 49));
+  }
+
+  void imagesHandedOutStayAsTheyAre() {
+    const QSize size(50, 50);
+    Renderer renderer;
+    renderer.render(Test::square(1), frontCamera(size, 20), size, lightStyle());
+    const QImage first = renderer.image();
+    const QRgb middle = first.pixel(25, 25);
+    renderer.render(Mesh(), frontCamera(size, 20), size, lightStyle());
+    QCOMPARE(first.pixel(25, 25), middle);
+    QVERIFY(renderer.image().pixel(25, 25) != middle);
+  }
+};
+
+VELA_TEST_MAIN(RendererTest)
+#include "renderer_test.moc"

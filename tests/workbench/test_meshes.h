@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <workbench/mesh.h>
+
+namespace Workbench::Test {
+
+/// An axis-aligned cube around the origin, faces outwards, 12 triangles.
+Mesh cube(float edge);
+/// A square in the plane z, from (-half, -half) to (half, half), facing +z, of cells x cells x 2 triangles.
+Mesh square(float half, int cells = 1, float z = 0);
+/// A bumpy closed surface of 2 x rings x rings triangles: enough to fill many tiles.
+Mesh blob(int rings);
+/// Both meshes, the triangles of @p first first.
+Mesh merged(const Mesh& first, const Mesh& second);
+
+} // namespace Workbench::Test
