@@ -2,6 +2,7 @@
 #include "notification_fixture.h"
 
 #include <support/test_case.h>
+#include <vlk_common_res/styles.h>
 
 #include <QAccessible>
 #include <QApplication>
@@ -250,6 +251,19 @@ private Q_SLOTS:
     QWidget* label = f.bar->childAt(f.bar->rect().center());
     QVERIFY(label && label->toolTip().contains(text));
     QCOMPARE(f.reading(), QStringLiteral("Error: ") + text);
+  }
+
+  void looksFollowThePalette() {
+    auto& styles = Vela::Resource::Styles::Instance();
+    NotificationFixture f;
+    f.post(NotificationWarning, QStringLiteral("text"));
+    settle();
+    for (const auto palette : {Vela::Resource::Dark, Vela::Resource::Light}) {
+      styles.setPalette(palette);
+      const QImage picture = f.bar->grab().toImage();
+      QCOMPARE(picture.pixelColor(picture.width() / 2, 14),
+               styles.ColorsNotification(Vela::Resource::SeverityWarning).background);
+    }
   }
 
   void assistiveTechnologyReadsAnAlert() {

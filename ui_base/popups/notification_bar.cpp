@@ -105,8 +105,6 @@ void NotificationBar::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::LanguageChange)
     d->retranslate();
-  else if (event->type() == QEvent::PaletteChange)
-    d->applyLook();
 }
 
 void NotificationBar::enterEvent(QEnterEvent* event) {

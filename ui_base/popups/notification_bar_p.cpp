@@ -4,11 +4,13 @@
 #include <ui_base/popups/notification_button.h>
 #include <ui_base/popups/notification_icon.h>
 #include <ui_base/popups/notification_label.h>
+#include <vlk_common_res/styles.h>
 
 #include <QAccessible>
 #include <QApplication>
 #include <QGraphicsOpacityEffect>
 #include <QHBoxLayout>
+#include <QPalette>
 
 #include <algorithm>
 #include <cmath>
@@ -29,6 +31,8 @@ NotificationBarPrivate::NotificationBarPrivate(NotificationBar* owner)
       afterLeaving();
   });
   connect(qApp, &QApplication::focusChanged, this, &NotificationBarPrivate::onFocusChanged);
+  connect(&Vela::Resource::Styles::Instance(), &Vela::Resource::Styles::changed, this,
+          &NotificationBarPrivate::applyLook);
 }
 
 // --- the course of a notification
@@ -321,6 +325,11 @@ void NotificationBarPrivate::applyLook() {
   m_label->setTextColor(look.text);
   m_actionButton->setColor(look.accent);
   m_closeButton->setColor(look.text);
+  // For the text of a content.
+  QPalette palette = bar->palette();
+  palette.setColor(QPalette::Window, look.background);
+  palette.setColor(QPalette::WindowText, look.text);
+  bar->setPalette(palette);
   bar->update();
 }
 

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "notification_look.h"
 
-#include <QGuiApplication>
+#include <vlk_common_res/styles.h>
+
 #include <QPainter>
 #include <QPainterPath>
-#include <QPalette>
+
+#include <algorithm>
+#include <cmath>
 
 namespace Vela::UiBase {
 
@@ -22,6 +25,48 @@ void paintShadow(QPainter& painter, const QRectF& body) {
   }
 }
 
+Vela::Resource::ESeverity styleSeverity(ENotificationSeverity severity) {
+  switch (severity) {
+  case NotificationWarning:
+    return Vela::Resource::SeverityWarning;
+  case NotificationError:
+    return Vela::Resource::SeverityError;
+  case NotificationInfo:
+    break;
+  }
+  return Vela::Resource::SeverityInfo;
+}
+
+double luminance(const QColor& color) {
+  const auto linear = [](double channel) {
+    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b) {
+  const double first = luminance(a) + 0.05;
+  const double second = luminance(b) + 0.05;
+  return std::max(first, second) / std::min(first, second);
+}
+
+/// A vivid colour of the hue of `color`, as dark or as light as it must be to be read on `background`.
+QColor legibleOn(const QColor& background, const QColor& color) {
+  constexpr double readable = 5.0;
+  constexpr float vivid = 0.85F;
+  constexpr float step = 0.02F;
+  const bool darker = luminance(background) > 0.3;
+  QColor result = color;
+  const float hue = result.hslHueF();
+  const float saturation = std::max(vivid, result.hslSaturationF());
+  float lightness = result.lightnessF();
+  while (contrast(result, background) < readable && lightness > step && lightness < 1.0F - step) {
+    lightness += darker ? -step : step;
+    result = QColor::fromHslF(hue, saturation, lightness);
+  }
+  return result.toRgb();
+}
+
 QPainterPath trianglePath(const QRectF& square) {
   const double inset = square.width() * 0.09;
   QPainterPath path;
@@ -35,19 +80,9 @@ QPainterPath trianglePath(const QRectF& square) {
 } // namespace
 
 NotificationLook NotificationLook::of(ENotificationSeverity severity) {
-  const bool dark = QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
-  switch (severity) {
-  case NotificationError:
-    return dark ? NotificationLook{QColor(0x3b2426), QColor(0x7a3d40), QColor(0xf6e6e6), QColor(0xff8a80)}
-                : NotificationLook{QColor(0xfdf0ef), QColor(0xecb8b4), QColor(0x3d1412), QColor(0xc0271b)};
-  case NotificationWarning:
-    return dark ? NotificationLook{QColor(0x382f1c), QColor(0x705a26), QColor(0xf5eddb), QColor(0xf2bd4b)}
-                : NotificationLook{QColor(0xfff8e5), QColor(0xe9cf8e), QColor(0x3b2c05), QColor(0x9a6400)};
-  case NotificationInfo:
-    break;
-  }
-  return dark ? NotificationLook{QColor(0x2b3038), QColor(0x475061), QColor(0xe9edf3), QColor(0x76b5ff)}
-              : NotificationLook{QColor(0xffffff), QColor(0xcfd6e0), QColor(0x1d2530), QColor(0x1a66c2)};
+  const Vela::Resource::NotificationColors colors =
+      Vela::Resource::Styles::Instance().ColorsNotification(styleSeverity(severity));
+  return {colors.background, colors.border, colors.text, legibleOn(colors.background, colors.border)};
 }
 
 void paintNotificationBody(QPainter& painter, const QRectF& body, const NotificationLook& look) {

@@ -72,11 +72,11 @@ NotificationQueue::Entry NotificationQueue::takeWaiting(quint64 id) {
 }
 
 NotificationQueue::Entries NotificationQueue::takeWaiting(ENotificationSeverity severity) {
-  const auto rest = std::ranges::stable_partition(
-      m_waiting, [severity](const Entry& entry) { return entry->severity != severity; });
-  Entries taken;
-  std::ranges::move(rest, std::back_inserter(taken));
-  m_waiting.erase(rest.begin(), rest.end());
+  const auto rest = std::stable_partition(m_waiting.begin(), m_waiting.end(), [severity](const Entry& entry) {
+    return entry->severity != severity;
+  });
+  Entries taken(std::make_move_iterator(rest), std::make_move_iterator(m_waiting.end()));
+  m_waiting.erase(rest, m_waiting.end());
   return taken;
 }
 

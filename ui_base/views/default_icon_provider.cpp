@@ -4,8 +4,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-using Vela::UiBase::IIconProvider;
-
 const QString DefaultIconProvider::IMAGE_EXTENSION = QStringLiteral(".png");
 
 namespace {
