@@ -6,7 +6,7 @@
 
 #include <ui_base/views/base_view.h>
 #include <ui_base/views/cmds_view_controller.h>
-#include <vlk_common_res/string.h>
+#include <vlk_common_res/strings.h>
 #include <vlk_license/license_service.h>
 
 #include <QLoggingCategory>

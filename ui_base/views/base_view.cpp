@@ -159,12 +159,8 @@ void BaseView::showEvent(QShowEvent* event) {
 }
 
 void BaseView::hideEvent(QHideEvent* event) {
-  if (const auto controller = d->controller) {
-    const QPointer<BaseView> self(this);
+  if (const auto controller = d->controller)
     controller->viewWillDisappear();
-    if (!self)
-      return;
-  }
   QWidget::hideEvent(event);
   clearFocus();
   setMouseTracking(false);

@@ -1,0 +1,249 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <tqm_mesh_kernel/stepped_dispatcher.h>
+#include <ui_base/commands/command_base.h>
+#include <ui_base/popups/notification_bar.h>
+#include <ui_base/views/base_view.h>
+#include <ui_base/views/cmds_view_controller.h>
+#include <vlk_app_service/application_service.h>
+#include <vlk_app_service/i_app_manager.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QPointer>
+
+#include <functional>
+
+using Taren::Core::ScopedDispatcher;
+using Taren::Core::SteppedDispatcher;
+using Vela::Services::ApplicationService;
+using namespace Vela::UiBase;
+
+namespace {
+
+class NotingCommand : public CommandBase {
+  Q_OBJECT
+  COMMAND_ID(NotingCommand)
+
+public:
+  explicit NotingCommand(CmdsViewController* controller, QString suffix = {})
+      : CommandBase(controller), m_suffix(std::move(suffix)) {}
+  bool onExecuteAsync(bool) override {
+    if (work)
+      work();
+    return true;
+  }
+  std::function<void()> work;
+
+private:
+  QString m_suffix;
+};
+
+class SecondCommand : public NotingCommand {
+  Q_OBJECT
+  COMMAND_ID(SecondCommand)
+
+public:
+  using NotingCommand::NotingCommand;
+};
+
+class TwoCommands : public Vela::Services::IAppManager {
+public:
+  QList<CommandBase*> commandsFor(CmdsViewController* controller) override {
+    return {new NotingCommand(controller), nullptr, new SecondCommand(controller)};
+  }
+};
+
+/// A subclass that passes its view up through the virtual bases.
+class PhotoController : public CmdsViewController {
+public:
+  explicit PhotoController(BaseView* view) : CmdsViewController(view) {}
+};
+
+struct Screen {
+  QPointer<BaseView> view = new BaseView;
+  PhotoController* controller = new PhotoController(view);
+  Screen() {
+    ApplicationService::GetInstance().setAppManager(std::make_unique<TwoCommands>());
+    view->resize(400, 300);
+    view->show();
+  }
+  ~Screen() {
+    delete view;
+    ApplicationService::GetInstance().setAppManager(nullptr);
+  }
+  NotingCommand* command() const {
+    return dynamic_cast<NotingCommand*>(controller->findCommand(NotingCommand::className()));
+  }
+};
+
+int overrideCursors() {
+  int count = 0;
+  QList<QCursor> cursors;
+  while (QApplication::overrideCursor()) {
+    cursors.prepend(*QApplication::overrideCursor());
+    QApplication::restoreOverrideCursor();
+    ++count;
+  }
+  for (const QCursor& cursor : std::as_const(cursors))
+    QApplication::setOverrideCursor(cursor);
+  return count;
+}
+
+} // namespace
+
+class CmdsViewControllerTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void viewReachesVirtualBase();
+  void commandsComeFromAppManagerInOrder();
+  void closingUnchecksAndRemovesCommands();
+  void busyCursorFramesExecution_data();
+  void busyCursorFramesExecution();
+  void executionMessages_data();
+  void executionMessages();
+  void busyCursorEndsWithItsCommandOrController_data();
+  void busyCursorEndsWithItsCommandOrController();
+  void commandFindsItsViewUntilItDies();
+};
+
+void CmdsViewControllerTest::viewReachesVirtualBase() {
+  BaseView view;
+  auto* const controller = new PhotoController(&view);
+  QCOMPARE(controller->getView(), &view);
+  QCOMPARE(view.getViewController(), static_cast<BaseViewController*>(controller));
+  QCOMPARE(controller->shared_from_this().use_count(), 2L);
+  QVERIFY(controller->CmdMgr::shared_from_this() != nullptr);
+}
+
+void CmdsViewControllerTest::commandsComeFromAppManagerInOrder() {
+  const Screen screen;
+  QCOMPARE(std::as_const(*screen.controller).commandBag().count(), 2);
+  QCOMPARE(std::as_const(*screen.controller).commandBag().commandAt(0)->commandId(),
+           NotingCommand::className());
+  QCOMPARE(std::as_const(*screen.controller).commandBag().commandAt(1)->commandId(),
+           SecondCommand::className());
+  screen.view->hide();
+  screen.view->show();
+  QCOMPARE(std::as_const(*screen.controller).commandBag().count(), 2);
+}
+
+void CmdsViewControllerTest::closingUnchecksAndRemovesCommands() {
+  const Screen screen;
+  NotingCommand* const command = screen.command();
+  command->setCheckable(true);
+  command->setChecked(true);
+  const auto held = command->shared_from_this();
+  const QPointer<CommandBase> other = screen.controller->findCommand(SecondCommand::className());
+  QVERIFY(screen.view->close());
+  Vela::Test::settle();
+  QVERIFY(!held->isChecked() && held->isEnabled());
+  QVERIFY(!other);
+  QVERIFY(!held->getViewController());
+}
+
+void CmdsViewControllerTest::busyCursorFramesExecution_data() {
+  QTest::addColumn<bool>("before");
+  QTest::addColumn<bool>("during");
+  QTest::addColumn<int>("cursors");
+  QTest::newRow("enabled") << true << true << 1;
+  QTest::newRow("disabled") << false << false << 0;
+  QTest::newRow("switched off meanwhile") << true << false << 1;
+  QTest::newRow("switched on meanwhile") << false << true << 0;
+}
+
+void CmdsViewControllerTest::busyCursorFramesExecution() {
+  QFETCH(const bool, before);
+  QFETCH(const bool, during);
+  QFETCH(const int, cursors);
+  const Screen screen;
+  QApplication::setOverrideCursor(Qt::CrossCursor); // somebody else's
+  NotingCommand* const command = screen.command();
+  command->enableExecutionNotification(before);
+  int seen = 0;
+  command->work = [&] {
+    seen = overrideCursors() - 1;
+    command->enableExecutionNotification(during);
+  };
+  command->trigger();
+  QCOMPARE(seen, cursors);
+  QCOMPARE(overrideCursors(), 1);
+  QApplication::restoreOverrideCursor();
+  QVERIFY(!screen.controller->isNotificationShowing());
+}
+
+void CmdsViewControllerTest::executionMessages_data() {
+  QTest::addColumn<QString>("start");
+  QTest::addColumn<QString>("end");
+  QTest::addColumn<bool>("shownDuring");
+  QTest::addColumn<bool>("shownAfter");
+  QTest::newRow("both") << "Loading…"
+                        << "Loaded." << true << true;
+  QTest::newRow("start only") << "Loading…"
+                              << "" << true << false;
+  QTest::newRow("end only") << ""
+                            << "Loaded." << false << true;
+  QTest::newRow("none") << ""
+                        << "" << false << false;
+}
+
+void CmdsViewControllerTest::executionMessages() {
+  QFETCH(const QString, start);
+  QFETCH(const QString, end);
+  QFETCH(const bool, shownDuring);
+  QFETCH(const bool, shownAfter);
+  const Screen screen;
+  NotingCommand* const command = screen.command();
+  command->enableExecutionNotification(true);
+  command->setExecutionNotificationMessage(StartNotification, start);
+  command->setExecutionNotificationMessage(EndNotification, end);
+  bool during = false;
+  command->work = [&] { during = screen.controller->isNotificationShowing(); };
+  command->trigger();
+  QCOMPARE(during, shownDuring);
+  QCOMPARE(screen.controller->isNotificationShowing(), shownAfter);
+}
+
+void CmdsViewControllerTest::busyCursorEndsWithItsCommandOrController_data() {
+  QTest::addColumn<int>("end");
+  QTest::newRow("command removed") << 0;
+  QTest::newRow("view closed") << 1;
+  QTest::newRow("view deleted") << 2;
+}
+
+void CmdsViewControllerTest::busyCursorEndsWithItsCommandOrController() {
+  QFETCH(const int, end);
+  SteppedDispatcher dispatcher;
+  const ScopedDispatcher installed(dispatcher);
+  {
+    const Screen screen;
+    NotingCommand* const command = screen.command();
+    command->enableExecutionNotification(true);
+    command->setExecutionQoS(Taren::Core::NormalQoS);
+    command->trigger();
+    QCOMPARE(overrideCursors(), 1);
+    if (end == 0)
+      screen.controller->removeCommand(command);
+    else if (end == 1)
+      screen.view->close();
+    else
+      delete screen.view;
+    QCOMPARE(overrideCursors(), 0);
+    dispatcher.runAll();
+    QCOMPARE(overrideCursors(), 0);
+  }
+  QVERIFY(ApplicationService::GetInstance().isWorkspaceSwitchingEnabled());
+}
+
+void CmdsViewControllerTest::commandFindsItsViewUntilItDies() {
+  auto screen = std::make_unique<Screen>();
+  const auto command = screen->command()->shared_from_this();
+  QCOMPARE(command->getView(), screen->view.data());
+  QCOMPARE(command->getViewController(), screen->controller);
+  screen.reset();
+  QVERIFY(!command->getView() && !command->getViewController());
+}
+
+VELA_TEST_MAIN(CmdsViewControllerTest)
+#include "cmds_view_controller_test.moc"
