@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QProcess>
 
+#include <cstdlib>
 #include <cstring>
 #include <span>
 #include <type_traits>
@@ -47,9 +48,10 @@ QString readerPath() {
   return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("workbench_mesh_reader"));
 }
 
-QString reasonOf(int status, const QByteArray& details) {
-  const QString text = QString::fromUtf8(details).trimmed();
+QString reasonOf(int status, const QString& details) {
   switch (status) {
+  case MeshUnreadable:
+    return MeshText::tr("The file is damaged or incomplete: %1").arg(details);
   case MeshWithoutTriangles:
     return MeshText::tr("It contains no triangles.");
   case MeshNotFinite:
@@ -57,8 +59,7 @@ QString reasonOf(int status, const QByteArray& details) {
   case MeshTooLarge:
     return MeshText::tr("The mesh does not fit into memory, or the file is damaged.");
   default:
-    return text.isEmpty() ? MeshText::tr("The file is damaged or incomplete.")
-                          : MeshText::tr("The file is damaged or incomplete: %1").arg(text);
+    return MeshText::tr("The file is damaged, reading it failed.");
   }
 }
 
@@ -85,9 +86,10 @@ Bytes readStream(const QString& fileName, const std::stop_token& stop) {
   }
   append(stream, reader.readAllStandardOutput());
   if (reader.exitStatus() != QProcess::NormalExit)
-    throw MeshLoadError(fileName, MeshText::tr("The file is damaged, reading it failed."));
+    throw MeshLoadError(fileName, reasonOf(EXIT_FAILURE, {}));
   if (reader.exitCode() != MeshRead)
-    throw MeshLoadError(fileName, reasonOf(reader.exitCode(), reader.readAllStandardError()));
+    throw MeshLoadError(
+        fileName, reasonOf(reader.exitCode(), QString::fromUtf8(reader.readAllStandardError().trimmed())));
   return stream;
 }
 
@@ -146,7 +148,7 @@ Mesh loadMesh(const QString& fileName, const std::stop_token& stop) {
   } catch (const std::bad_alloc&) {
     throw MeshLoadError(fileName, reasonOf(MeshTooLarge, {}));
   } catch (const std::exception& error) {
-    throw MeshLoadError(fileName, reasonOf(MeshUnreadable, error.what()));
+    throw MeshLoadError(fileName, reasonOf(MeshUnreadable, QString::fromLatin1(error.what())));
   }
 }
 
