@@ -34,7 +34,7 @@ file(COPY_FILE ${WORK_DIR}/readme/main.cpp.new ${WORK_DIR}/readme/main.cpp ONLY_
 run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer_build} -G ${GENERATOR}
   -D CMAKE_BUILD_TYPE=${CONFIG}
   -D CMAKE_CXX_COMPILER=${CXX_COMPILER}
-  "-D CMAKE_CXX_COMPILER_LAUNCHER=${CXX_COMPILER_LAUNCHER}"
+  -D CMAKE_CXX_COMPILER_LAUNCHER=${CXX_COMPILER_LAUNCHER}
   -D README_EXAMPLE=${WORK_DIR}/readme/main.cpp
   -D CMAKE_PREFIX_PATH=${prefix})
 run(${CMAKE_COMMAND} --build ${consumer_build} --config ${CONFIG} --parallel 2)

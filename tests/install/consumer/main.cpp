@@ -74,7 +74,7 @@ int main(int argc, char** argv) {
   require(!Vela::Resource::Styles::Instance().ToolButtonOnToolPalette().isEmpty(), "no style sheet");
   require(QFile::exists(QStringLiteral(":/qss/libuitoolkit.css")), "no resource of the common resources");
   require(Vela::Common::convert(1, Vela::Common::Metre, Vela::Common::Millimetre) == 1000, "wrong unit");
-  require(Vela::License::LicenseService::Instance().state() == Vela::License::Licensed, "not licensed");
+  require(Vela::License::LicenseService::Instance().isLicensed(), "not licensed");
   require(QtUiToolkit::Instance().IconProvider() != nullptr, "no icon provider");
 
   auto* view = new BaseView;
