@@ -7,9 +7,12 @@
 #include <QAbstractButton>
 #include <QPointer>
 #include <QTest>
+#include <QTimer>
 #include <QWidget>
 
-/// A shown and active view with a focused button that stands for the work, and a bar over it.
+#include <functional>
+
+/// A shown and active view with a focused widget that stands for the work, and a bar over it.
 class NotificationFixture {
 public:
   NotificationFixture() : view(new QWidget), work(new QWidget(view)) {
@@ -20,6 +23,8 @@ public:
     bar = new Vela::UiBase::NotificationBar(view);
     host->addWidget(bar);
     bar->setFadeDuration(0);
+    // Next in the tab order, where Qt itself would leave the focus.
+    (new QWidget(view))->setFocusPolicy(Qt::StrongFocus);
     view->show();
     view->activateWindow();
     work->setFocus();
@@ -54,6 +59,12 @@ public:
                       target->mapTo(target->window(), target->rect().center()));
   }
   void key(Qt::Key which) const { QTest::keyClick(view->windowHandle(), which); }
+  /// Turns the event loop until a timer of this length has fired.
+  void letTimePass(int milliseconds) const {
+    bool passed = false;
+    QTimer::singleShot(milliseconds, bar, [&] { passed = true; });
+    QTRY_VERIFY(passed);
+  }
   void moveMouse(const QPoint& position) const { QTest::mouseMove(view->windowHandle(), position); }
 
   QPointer<QWidget> view;
