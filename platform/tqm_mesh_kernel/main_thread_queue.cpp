@@ -13,9 +13,6 @@ namespace {
 
 Q_LOGGING_CATEGORY(dispatcherLog, "taren.dispatcher")
 
-// Tasks that queue tasks are served this many times over at exit; whoever still queues then never ends.
-constexpr int closingRounds = 1000;
-
 class Receiver : public QObject {
 public:
   explicit Receiver(MainThreadQueue& queue) : m_queue(queue) {}
@@ -70,6 +67,7 @@ void MainThreadQueue::attachToEventLoop() {
   m_closed = false;
   m_servingRequested = false;
   m_receiver = std::make_unique<Receiver>(*this);
+  m_receiver->moveToThread(QCoreApplication::instance()->thread());
   if (!m_queued.empty())
     requestServing();
 }
@@ -108,15 +106,19 @@ void MainThreadQueue::wake() {
   m_changed.notify_all();
 }
 
+bool MainThreadQueue::isEmpty() {
+  const std::lock_guard lock(m_mutex);
+  return m_queued.empty() && m_next == m_batch.size();
+}
+
 void MainThreadQueue::close() {
-  const auto hasTasks = [this] {
+  {
     const std::lock_guard lock(m_mutex);
-    return !m_queued.empty();
-  };
-  for (int round = 0; round < closingRounds && hasTasks(); ++round)
+    m_closed = true;
+  }
+  while (!isEmpty())
     serve();
   const std::lock_guard lock(m_mutex);
-  m_closed = true;
   m_receiver.reset();
 }
 

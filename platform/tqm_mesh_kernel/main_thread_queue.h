@@ -29,7 +29,7 @@ public:
 
   /// The rest is for the main thread.
 
-  /// Starts to be woken by the event loop of the calling thread, and opens a closed queue.
+  /// Starts to be woken by the event loop of the application object's thread, and opens a closed queue.
   void attachToEventLoop();
   /// Runs the tasks queued so far; also from inside a task that turns an event loop of its own.
   void serve();
@@ -37,7 +37,8 @@ public:
   void serveUntil(const std::function<bool()>& done);
   /// Any thread.
   void wake();
-  /// Serves what is queued, then refuses further tasks.
+  bool isEmpty();
+  /// Refuses further tasks and serves those that are queued.
   void close();
 
 private:

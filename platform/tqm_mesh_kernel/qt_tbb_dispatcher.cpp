@@ -2,13 +2,20 @@
 #include "qt_tbb_dispatcher.h"
 
 #include <QCoreApplication>
-#include <QSemaphore>
+
+#include <atomic>
+#include <memory>
 
 namespace Taren::Core {
 
 namespace {
 
 using Priority = oneapi::tbb::task_arena::priority;
+
+// What is handed over while the application ends is still served, but whoever never stops is cut off: after
+// so many rounds of the main thread's queue, and after so many tasks for workers.
+constexpr int closingRounds = 1000;
+constexpr int closingTasks = 1000;
 
 EQualityOfService known(EQualityOfService qos) {
   return qos >= MainThreadQoS && qos <= LowQoS ? qos : NormalQoS;
@@ -22,7 +29,9 @@ QtTbbDispatcher& QtTbbDispatcher::instance() {
 }
 
 QtTbbDispatcher::QtTbbDispatcher()
-    : m_arenas{WorkerArena(Priority::high), WorkerArena(Priority::normal), WorkerArena(Priority::low)} {}
+    : m_parallelism(oneapi::tbb::global_control::max_allowed_parallelism,
+                    static_cast<std::size_t>(WorkerArena::workerCount()) + 1),
+      m_arenas{WorkerArena(Priority::high), WorkerArena(Priority::normal), WorkerArena(Priority::low)} {}
 
 bool QtTbbDispatcher::dispatchAsync(std::function<void()> task, EQualityOfService qos) {
   if (qos == MainThreadQoS)
@@ -36,31 +45,42 @@ bool QtTbbDispatcher::dispatchSync(const std::function<void()>& task, EQualityOf
     runGuarded(task);
     return true;
   }
-  // The waiting side may be gone from its wait before the last line of the task, so both share the semaphore.
-  const auto done = std::make_shared<QSemaphore>();
+  // The waiting side may be gone from its wait before the last line of the task, so both share the flag.
+  const auto done = std::make_shared<std::atomic_flag>();
   const auto announce = [this, &task, done] {
     runGuarded(task);
-    done->release();
+    done->test_and_set();
+    done->notify_all();
     m_mainThread.wake();
   };
   if (!dispatchAsync(announce, qos))
     return false;
   if (onMainThread && QCoreApplication::instance())
-    m_mainThread.serveUntil([&done] { return done->available() > 0; });
+    m_mainThread.serveUntil([&done] { return done->test(); });
   else
-    done->acquire();
+    done->wait(false);
   return true;
 }
 
 bool QtTbbDispatcher::enqueueForWorkers(std::function<void()>&& task, EQualityOfService qos) {
-  if (m_refuses)
+  // Counted before it is admitted, so that applicationEnds() waits for whoever it did not refuse.
+  ++m_workerTasks;
+  if (!admitsWorkerTask()) {
+    workerTaskEnded();
     return false;
+  }
   static constexpr std::array<void (*)(), 3> runNext{runNextWorkerTask<HighQoS>, runNextWorkerTask<NormalQoS>,
                                                      runNextWorkerTask<LowQoS>};
   const auto index = static_cast<std::size_t>(qos - HighQoS);
-  ++m_workerTasks;
   m_arenas.at(index).enqueue(std::move(task), runNext.at(index));
   return true;
+}
+
+bool QtTbbDispatcher::admitsWorkerTask() {
+  int left = m_admissions;
+  while (left > 0 && !m_admissions.compare_exchange_weak(left, left - 1)) {
+  }
+  return left != 0;
 }
 
 template <int qos>
@@ -76,16 +96,23 @@ void QtTbbDispatcher::workerTaskEnded() {
 }
 
 void QtTbbDispatcher::applicationStarts() {
-  instance().m_refuses = false;
+  instance().m_admissions = unlimitedAdmissions;
   instance().m_mainThread.attachToEventLoop();
   qAddPostRoutine(applicationEnds);
 }
 
 void QtTbbDispatcher::applicationEnds() {
   QtTbbDispatcher& dispatcher = instance();
-  dispatcher.m_mainThread.serveUntil([&] { return dispatcher.m_workerTasks == 0; });
-  dispatcher.m_refuses = true;
-  dispatcher.m_mainThread.close();
+  MainThreadQueue& queue = dispatcher.m_mainThread;
+  const auto workersAreIdle = [&dispatcher] { return dispatcher.m_workerTasks == 0; };
+  dispatcher.m_admissions = closingTasks;
+  for (int round = 0; round < closingRounds && !(workersAreIdle() && queue.isEmpty()); ++round) {
+    queue.serve();
+    queue.serveUntil(workersAreIdle);
+  }
+  dispatcher.m_admissions = 0;
+  queue.serveUntil(workersAreIdle);
+  queue.close();
 }
 
 namespace {

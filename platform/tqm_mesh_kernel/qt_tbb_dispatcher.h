@@ -5,6 +5,8 @@
 #include "main_thread_queue.h"
 #include "worker_arena.h"
 
+#include <oneapi/tbb/global_control.h>
+
 #include <array>
 #include <atomic>
 
@@ -31,14 +33,18 @@ private:
   static void applicationEnds();
 
   bool enqueueForWorkers(std::function<void()>&& task, EQualityOfService qos);
+  bool admitsWorkerTask();
   template <int qos>
   static void runNextWorkerTask();
   void workerTaskEnded();
 
+  static constexpr int unlimitedAdmissions = -1;
+
   MainThreadQueue m_mainThread;
+  oneapi::tbb::global_control m_parallelism; // oneTBB's own limit leaves a machine of two cores one worker
   std::array<WorkerArena, 3> m_arenas;
   std::atomic<int> m_workerTasks{0};
-  std::atomic<bool> m_refuses{false};
+  std::atomic<int> m_admissions{unlimitedAdmissions}; // how many more tasks the workers take
 };
 
 } // namespace Taren::Core

@@ -41,9 +41,10 @@ WaypointRing::WaypointRing(std::size_t capacity)
 }
 
 void WaypointRing::record(const QString& name) {
-  const auto time = std::chrono::steady_clock::now() - m_start;
-  Waypoint waypoint{name, time, currentThreadNumber()};
+  Waypoint waypoint{name, {}, currentThreadNumber()};
   const std::lock_guard lock(m_mutex);
+  // Under the lock, so that waypoints of several threads are kept in the order of their times.
+  waypoint.time = std::chrono::steady_clock::now() - m_start;
   if (m_waypoints.size() < static_cast<qsizetype>(m_capacity)) {
     m_waypoints.append(std::move(waypoint));
     return;

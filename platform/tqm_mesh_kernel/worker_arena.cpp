@@ -10,14 +10,25 @@ namespace Taren::Core {
 
 namespace {
 
-thread_local bool insideTask = false;
-
-// A worker more than the cores leave, so that a task that waits does not stop the others on a small machine.
-int workerCount() { return std::max(2, static_cast<int>(std::thread::hardware_concurrency())); }
+// How many arenas the calling thread works for; more than one when a task waits inside another arena.
+thread_local int arenasEntered = 0;
 
 } // namespace
 
-WorkerArena::WorkerArena(oneapi::tbb::task_arena::priority priority) : m_arena(workerCount(), 0, priority) {}
+WorkerArena::Attendance::Attendance(oneapi::tbb::task_arena& arena) : task_scheduler_observer(arena) {
+  observe(true);
+}
+
+void WorkerArena::Attendance::on_scheduler_entry(bool) { ++arenasEntered; }
+
+void WorkerArena::Attendance::on_scheduler_exit(bool) { --arenasEntered; }
+
+int WorkerArena::workerCount() noexcept {
+  return std::max(2, static_cast<int>(std::thread::hardware_concurrency()));
+}
+
+WorkerArena::WorkerArena(oneapi::tbb::task_arena::priority priority)
+    : m_arena(workerCount(), 0, priority), m_attendance(m_arena) {}
 
 void WorkerArena::enqueue(std::function<void()>&& task, void (*runNextOfThis)()) {
   {
@@ -34,11 +45,9 @@ void WorkerArena::runNext() {
     task = std::move(m_tasks.front());
     m_tasks.pop_front();
   }
-  const bool outer = std::exchange(insideTask, true);
   runGuarded(task);
-  insideTask = outer;
 }
 
-bool WorkerArena::isWorker() noexcept { return insideTask; }
+bool WorkerArena::isWorker() noexcept { return arenasEntered > 0; }
 
 } // namespace Taren::Core

@@ -25,12 +25,20 @@ auto isOwnedLike(const std::shared_ptr<ShutdownProtocol>& delegate) {
 
 ApplicationService& ApplicationService::GetInstance() {
   static ApplicationService service;
+  service.releaseWithApplication();
   return service;
 }
 
-ApplicationService::ApplicationService() { qAddPostRoutine(release); }
+ApplicationService::ApplicationService() = default;
 
 ApplicationService::~ApplicationService() = default;
+
+// Post routines run once, last registered first. Registered while there is an application object, this one
+// runs before the dispatcher closes, so that ending services may still hand over work.
+void ApplicationService::releaseWithApplication() {
+  if (!m_releaseRegistered && QCoreApplication::instance() && !m_releaseRegistered.exchange(true))
+    qAddPostRoutine(release);
+}
 
 // Services and managers own widgets and settings, which must not outlive the application object.
 void ApplicationService::release() {
@@ -38,6 +46,8 @@ void ApplicationService::release() {
   service.m_kernel.stop();
   service.m_appManager.reset();
   service.m_configManager.reset();
+  service.m_shutdownDelegates.clear();
+  service.m_releaseRegistered = false;
 }
 
 void ApplicationService::EnableWorkspaceSwitching(bool enable) {

@@ -7,6 +7,7 @@
 #include <QList>
 #include <QObject>
 
+#include <atomic>
 #include <memory>
 
 namespace Vela::Services {
@@ -65,6 +66,7 @@ Q_SIGNALS:
 private:
   ApplicationService();
   ~ApplicationService() override;
+  void releaseWithApplication();
   static void release();
 
   Taren::Core::Kernel m_kernel;
@@ -72,6 +74,7 @@ private:
   std::unique_ptr<ConfigManager> m_configManager;
   QList<std::weak_ptr<ShutdownProtocol>> m_shutdownDelegates;
   int m_switchingLocks = 0;
+  std::atomic<bool> m_releaseRegistered{false};
 };
 
 } // namespace Vela::Services

@@ -1,0 +1,268 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <tqm_mesh_kernel/dispatch.h>
+#include <vlk_app_service/application_service.h>
+#include <vlk_app_service/config_manager.h>
+#include <vlk_app_service/i_app_manager.h>
+#include <vlk_app_service/shutdown_protocol.h>
+
+#include <QApplication>
+#include <QFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+using namespace Vela::Services;
+
+namespace {
+
+class Delegate : public ShutdownProtocol {
+public:
+  Delegate(const QString& name, QStringList& notes) : m_name(name), m_notes(notes) {}
+
+  bool mayShutDown() override {
+    m_notes << m_name + QLatin1Char('?');
+    if (whenAsked)
+      whenAsked();
+    return agrees;
+  }
+  void onShutDown() override {
+    m_notes << m_name + QLatin1Char('!');
+    if (whenTold)
+      whenTold();
+  }
+
+  bool agrees = true;
+  std::function<void()> whenAsked;
+  std::function<void()> whenTold;
+
+private:
+  QString m_name;
+  QStringList& m_notes;
+};
+
+/// One owner with two delegate faces.
+struct Screen {
+  struct Left : ShutdownProtocol {};
+  struct Right : ShutdownProtocol {};
+  Left left;
+  Right right;
+};
+
+class AppManager : public IAppManager {
+public:
+  explicit AppManager(bool& gone) : m_gone(gone) {}
+  ~AppManager() override { m_gone = true; }
+  QList<Vela::UiBase::CommandBase*> commandsFor(Vela::UiBase::CmdsViewController*) override { return {}; }
+
+private:
+  bool& m_gone;
+};
+
+ApplicationService& service() { return ApplicationService::GetInstance(); }
+
+} // namespace
+
+class AppServiceTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void cleanup() { m_notes.clear(); }
+
+  void workspaceSwitchingCounts() {
+    QSignalSpy changes(&service(), &ApplicationService::workspaceSwitchingChanged);
+    QVERIFY(service().isWorkspaceSwitchingEnabled());
+    service().EnableWorkspaceSwitching(true); // one too many
+    QCOMPARE(changes.count(), 0);
+
+    service().EnableWorkspaceSwitching(false);
+    service().EnableWorkspaceSwitching(false);
+    service().EnableWorkspaceSwitching(true);
+    QVERIFY(!service().isWorkspaceSwitchingEnabled());
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(changes.takeFirst().first().toBool(), false);
+
+    service().EnableWorkspaceSwitching(true);
+    QVERIFY(service().isWorkspaceSwitchingEnabled());
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(changes.takeFirst().first().toBool(), true);
+  }
+
+  void allAreAskedThenAllAreTold() {
+    const auto a = added("a");
+    const auto b = added("b");
+    QVERIFY(service().requestShutdown());
+    QCOMPARE(notes(), QStringLiteral("a? b? a! b!"));
+  }
+
+  void oneRefusalKeepsTheProgramRunning() {
+    const auto a = added("a");
+    const auto b = added("b");
+    const auto c = added("c");
+    b->agrees = false;
+    QVERIFY(!service().requestShutdown());
+    QCOMPARE(notes(), QStringLiteral("a? b?"));
+  }
+
+  void delegatesAreHeldWeakly() {
+    auto a = added("a");
+    const auto b = added("b");
+    QCOMPARE(service().shutdownProtocolDelegateCount(), 2);
+    a.reset();
+    QCOMPARE(service().shutdownProtocolDelegateCount(), 1);
+    QVERIFY(service().requestShutdown());
+    QCOMPARE(notes(), QStringLiteral("b? b!"));
+  }
+
+  void aDelegateIsRegisteredOnce() {
+    const auto a = added("a");
+    service().addShutdownProtocolDelegate(a);
+    service().addShutdownProtocolDelegate(nullptr);
+    QCOMPARE(service().shutdownProtocolDelegateCount(), 1);
+    service().removeShutdownProtocolDelegate(nullptr);
+    QCOMPARE(service().shutdownProtocolDelegateCount(), 1);
+    service().removeShutdownProtocolDelegate(a);
+    QCOMPARE(service().shutdownProtocolDelegateCount(), 0);
+  }
+
+  void delegatesAreToldApartByOwner() {
+    const auto screen = std::make_shared<Screen>();
+    const std::shared_ptr<ShutdownProtocol> left(screen, &screen->left);
+    const std::shared_ptr<ShutdownProtocol> right(screen, &screen->right);
+    service().addShutdownProtocolDelegate(left);
+    service().addShutdownProtocolDelegate(right);
+    QCOMPARE(service().shutdownProtocolDelegateCount(), 1);
+    service().removeShutdownProtocolDelegate(right);
+    QCOMPARE(service().shutdownProtocolDelegateCount(), 0);
+  }
+
+  void delegatesMayLeaveAndDieMeanwhile() {
+    const auto a = added("a");
+    auto b = added("b");
+    auto c = added("c");
+    a->whenAsked = [&] { service().removeShutdownProtocolDelegate(b); };
+    a->whenTold = [&] { c.reset(); };
+    QVERIFY(service().requestShutdown());
+    QCOMPARE(notes(), QStringLiteral("a? b? c? a!"));
+  }
+
+  void theConfigManagerKeepsValuesInItsFile() {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("config.ini"));
+    const QString key = QStringLiteral("view/unit");
+    {
+      ConfigManager config(path);
+      QSignalSpy changes(&config, &ConfigManager::valueChanged);
+      QCOMPARE(config.value(key, 7).toInt(), 7);
+      config.setValue(key, QStringLiteral("mm"));
+      config.setValue(key, QStringLiteral("mm"));
+      QCOMPARE(changes.count(), 1);
+      QCOMPARE(changes.first().first().toString(), key);
+      config.setValue(QStringLiteral("recent"), QStringList({QStringLiteral("ä.obj"), QStringLiteral("b")}));
+      config.setValue(QStringLiteral("dropped"), 1);
+      config.remove(QStringLiteral("dropped"));
+      config.remove(QStringLiteral("dropped"));
+      QCOMPARE(changes.count(), 4);
+      QVERIFY(config.save());
+    }
+    const ConfigManager config(path);
+    QCOMPARE(config.value(key).toString(), QStringLiteral("mm"));
+    QCOMPARE(config.value(QStringLiteral("recent")).toStringList().first(), QStringLiteral("ä.obj"));
+    QVERIFY(!config.contains(QStringLiteral("dropped")));
+  }
+
+  void theConfigManagerSaysWhenItCannotSave() {
+    const QTemporaryDir folder;
+    QFile notAFolder(folder.filePath(QStringLiteral("file")));
+    QVERIFY(notAFolder.open(QIODevice::WriteOnly));
+    ConfigManager config(notAFolder.fileName() + QStringLiteral("/config.ini"));
+    config.setValue(QStringLiteral("a"), 1);
+    QVERIFY(!config.save());
+  }
+
+  void theSettingsCanBeReplaced() {
+    const QTemporaryDir folder;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+    auto replacement = std::make_unique<ConfigManager>(folder.filePath(QStringLiteral("own.ini")));
+    ConfigManager* const own = replacement.get();
+    service().setConfigManager(std::move(replacement));
+    QCOMPARE(&service().GetConfigManager(), own);
+    service().setConfigManager(nullptr);
+    service().GetConfigManager().setValue(QStringLiteral("check"), true);
+    QVERIFY(service().GetConfigManager().save());
+    const QString byName = QStringLiteral("vlk_ui_base_tests/vlk_ui_base_tests.conf");
+    QVERIFY(QFile::exists(folder.filePath(byName)));
+    QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("own.ini"))));
+    service().setConfigManager(nullptr);
+  }
+
+  void theAppManagerCanBeReplaced() {
+    bool gone = false;
+    QVERIFY(!service().GetAppManager());
+    service().setAppManager(std::make_unique<AppManager>(gone));
+    QVERIFY(service().GetAppManager());
+    service().setAppManager(nullptr);
+    QVERIFY(gone);
+  }
+
+private:
+  std::shared_ptr<Delegate> added(const char* name) {
+    auto delegate = std::make_shared<Delegate>(QLatin1String(name), m_notes);
+    service().addShutdownProtocolDelegate(delegate);
+    return delegate;
+  }
+  QString notes() const { return m_notes.join(QLatin1Char(' ')); }
+
+  QStringList m_notes;
+};
+
+namespace {
+
+/// A service that still has work to do when it ends.
+class ClosingService : public Taren::Core::IService {
+public:
+  explicit ClosingService(QString& notes) : m_notes(notes) {}
+
+  Taren::Core::ERcmStatus Initialize() override { return Taren::Core::RcmSuccess; }
+  void Terminate() override {
+    m_notes += service().GetAppManager() ? QStringLiteral("ended") : QStringLiteral("ended late");
+    const auto save = [this] { m_notes += QStringLiteral(", saved"); };
+    if (!Taren::Core::dispatchSync(save, Taren::Core::NormalQoS))
+      m_notes += QStringLiteral(", refused");
+    Taren::Core::dispatchAsync([this] { m_notes += QStringLiteral(", told"); }, Taren::Core::MainThreadQoS);
+  }
+  QString ServiceName() const override { return QStringLiteral("closing"); }
+
+private:
+  QString& m_notes;
+};
+
+/// Everything is let go with the application object, of each application object in turn.
+bool endsWithItsApplication(int& argc, char** argv) {
+  QString notes;
+  bool managerGone = false;
+  {
+    const auto application = Vela::Test::makeApplication(argc, argv);
+    service().setAppManager(std::make_unique<AppManager>(managerGone));
+    if (!service().Kernel().isStarted() && !service().Kernel().service(QStringLiteral("closing")))
+      service().Kernel().registerService(std::make_shared<ClosingService>(notes));
+    if (service().Kernel().start() != Taren::Core::RcmSuccess)
+      return false;
+  }
+  qInfo("at the end: %s", qUtf8Printable(notes));
+  return managerGone && notes == QStringLiteral("ended, saved, told");
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  // The service is older than any application object, as in a program that uses it in a static initialiser.
+  service().Kernel().ProfilerWaypoint(QStringLiteral("start"));
+  {
+    const auto application = Vela::Test::makeApplication(argc, argv);
+    AppServiceTest test;
+    if (const int failures = QTest::qExec(&test, argc, argv))
+      return failures;
+  }
+  return endsWithItsApplication(argc, argv) ? 0 : 1;
+}
+#include "app_service_test.moc"

@@ -1,0 +1,272 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <tqm_mesh_kernel/dispatch.h>
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QRegularExpression>
+#include <QThread>
+
+#include <oneapi/tbb/parallel_for.h>
+
+#include <atomic>
+#include <latch>
+#include <stdexcept>
+#include <thread>
+
+using namespace Taren::Core;
+
+namespace {
+
+class EventCounter : public QObject {
+public:
+  explicit EventCounter(QEvent::Type type) : m_type(type) { qApp->installEventFilter(this); }
+  int count() const { return m_count; }
+
+  bool eventFilter(QObject*, QEvent* event) override {
+    m_count += event->type() == m_type;
+    return false;
+  }
+
+private:
+  QEvent::Type m_type;
+  int m_count = 0;
+};
+
+enum Place { Main, Worker, Plain };
+
+void runAt(Place place, const std::function<void()>& f) {
+  if (place == Main)
+    f();
+  else if (place == Worker)
+    QVERIFY(dispatchSync(f, NormalQoS));
+  else
+    std::thread(f).join();
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Place)
+
+class KernelDispatcherTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void mainThreadTasksRunOnceInOrderOfTheirArrival() {
+    constexpr int threads = 4;
+    constexpr int perThread = 500;
+    std::vector<std::vector<int>> seen(threads);
+    bool elsewhere = false;
+    {
+      std::vector<std::jthread> pushers;
+      for (int thread = 0; thread < threads; ++thread) {
+        pushers.emplace_back([&, thread] {
+          for (int i = 0; i < perThread; ++i) {
+            const auto note = [&, thread, i] {
+              seen[static_cast<std::size_t>(thread)].push_back(i);
+              elsewhere = elsewhere || QThread::currentThread() != qApp->thread();
+            };
+            dispatchAsync(note, MainThreadQoS);
+          }
+        });
+      }
+    }
+    Vela::Test::settle();
+    QVERIFY(!elsewhere);
+    for (const std::vector<int>& order : seen) {
+      QCOMPARE(order.size(), std::size_t(perThread));
+      QVERIFY(std::is_sorted(order.begin(), order.end()));
+    }
+  }
+
+  void manyTasksCostOneWakeUp() {
+    EventCounter wakeUps(QEvent::User);
+    int ran = 0;
+    for (int i = 0; i < 1000; ++i)
+      QVERIFY(dispatchAsync([&ran] { ++ran; }, MainThreadQoS));
+    Vela::Test::settle();
+    QCOMPARE(ran, 1000);
+    // The second one is for the rest of the batch, in case a task had turned an event loop.
+    QVERIFY(wakeUps.count() <= 2);
+  }
+
+  void aTaskIsNeverRunInsideTheCall_data() {
+    QTest::addColumn<Place>("from");
+    QTest::addColumn<int>("qos");
+    for (int qos = MainThreadQoS; qos <= LowQoS; ++qos) {
+      QTest::addRow("from the main thread to %d", qos) << Main << qos;
+      QTest::addRow("from a worker to %d", qos) << Worker << qos;
+      QTest::addRow("from a plain thread to %d", qos) << Plain << qos;
+    }
+  }
+  void aTaskIsNeverRunInsideTheCall() {
+    QFETCH(Place, from);
+    QFETCH(int, qos);
+    static thread_local bool inside = false;
+    std::atomic<bool> wasInside{false};
+    std::atomic<int> ran{0};
+    runAt(from, [&] {
+      inside = true;
+      dispatchAsync(
+          [&] {
+            wasInside = inside;
+            ++ran;
+          },
+          EQualityOfService(qos));
+      inside = false;
+    });
+    QTRY_COMPARE(ran.load(), 1);
+    QVERIFY(!wasInside);
+  }
+
+  void aTaskWithAnEventLoopKeepsTheOrder() {
+    QStringList order;
+    QEventLoop dialog;
+    const auto note = [&order](const QString& text) { return [&order, text] { order << text; }; };
+    const auto open = [&] {
+      order << QStringLiteral("open");
+      dispatchAsync(note(QStringLiteral("queued by it")), MainThreadQoS);
+      dispatchAsync([&dialog] { dialog.quit(); }, MainThreadQoS);
+      dialog.exec();
+      order << QStringLiteral("closed");
+    };
+    dispatchAsync(note(QStringLiteral("first")), MainThreadQoS);
+    dispatchAsync(open, MainThreadQoS);
+    dispatchAsync(note(QStringLiteral("third")), MainThreadQoS);
+    dispatchAsync(note(QStringLiteral("fourth")), MainThreadQoS);
+    Vela::Test::settle();
+    QCOMPARE(order.join(QStringLiteral(", ")),
+             QStringLiteral("first, open, third, fourth, queued by it, closed"));
+  }
+
+  void aTaskThatQueuesItselfLeavesTheEventLoopRunning() {
+    std::function<void()> again;
+    bool stop = false;
+    again = [&] {
+      if (!stop)
+        dispatchAsync(again, MainThreadQoS);
+    };
+    again();
+    bool turned = false;
+    QMetaObject::invokeMethod(
+        this, [&turned] { turned = true; }, Qt::QueuedConnection);
+    QTRY_VERIFY(turned);
+    stop = true;
+    Vela::Test::settle();
+  }
+
+  void whatATaskHoldsEndsWithIt() {
+    auto held = std::make_shared<int>();
+    std::weak_ptr<int> watch = held;
+    bool goneBeforeTheNext = false;
+    dispatchAsync([held = std::move(held)] {}, MainThreadQoS);
+    dispatchAsync([&] { goneBeforeTheNext = watch.expired(); }, MainThreadQoS);
+    Vela::Test::settle();
+    QVERIFY(goneBeforeTheNext);
+  }
+
+  void syncRunsWhereTheTaskBelongs_data() {
+    QTest::addColumn<Place>("from");
+    QTest::addColumn<int>("qos");
+    QTest::addColumn<bool>("isInline");
+    QTest::newRow("main to main") << Main << 0 << true;
+    QTest::newRow("worker to main") << Worker << 0 << false;
+    QTest::newRow("plain to main") << Plain << 0 << false;
+    for (int qos = HighQoS; qos <= LowQoS; ++qos) {
+      QTest::addRow("main to %d", qos) << Main << qos << false;
+      QTest::addRow("worker to %d", qos) << Worker << qos << true;
+      QTest::addRow("plain to %d", qos) << Plain << qos << false;
+    }
+  }
+  void syncRunsWhereTheTaskBelongs() {
+    QFETCH(Place, from);
+    QFETCH(int, qos);
+    QFETCH(bool, isInline);
+    std::thread::id caller;
+    std::thread::id runner;
+    std::atomic<bool> done{false};
+    const auto call = [&] {
+      caller = std::this_thread::get_id();
+      if (dispatchSync([&] { runner = std::this_thread::get_id(); }, EQualityOfService(qos)))
+        done = true;
+    };
+    if (from == Plain) {
+      // Its task for the main thread needs an event loop that turns.
+      std::jthread thread(call);
+      QTRY_VERIFY(done);
+    } else {
+      runAt(from, call);
+    }
+    QVERIFY(done);
+    QCOMPARE(caller == runner, isInline);
+    QCOMPARE(runner == std::this_thread::get_id(), qos == MainThreadQoS);
+  }
+
+  void theWaitingMainThreadServesItsQueue() {
+    QStringList order;
+    dispatchAsync([&order] { order << QStringLiteral("waited before"); }, MainThreadQoS);
+    const auto innermost = [&order] { order << QStringLiteral("worker again"); };
+    const auto onMain = [&] {
+      order << QStringLiteral("main");
+      QVERIFY(dispatchSync(innermost, HighQoS));
+    };
+    QVERIFY(dispatchSync([&] { QVERIFY(dispatchSync(onMain, MainThreadQoS)); }, LowQoS));
+    QCOMPARE(order.join(QStringLiteral(", ")), QStringLiteral("waited before, main, worker again"));
+  }
+
+  void workerTasksMayWaitForOneAnother_data() {
+    QTest::addColumn<int>("one");
+    QTest::addColumn<int>("other");
+    QTest::newRow("same") << 2 << 2;
+    QTest::newRow("low then high") << 3 << 1;
+    QTest::newRow("high then low") << 1 << 3;
+  }
+  void workerTasksMayWaitForOneAnother() {
+    QFETCH(int, one);
+    QFETCH(int, other);
+    auto meeting = std::make_shared<std::latch>(2);
+    auto met = std::make_shared<std::atomic<int>>(0);
+    const auto meet = [meeting, met] {
+      meeting->arrive_and_wait();
+      ++*met;
+    };
+    dispatchAsync(meet, EQualityOfService(one));
+    dispatchAsync(meet, EQualityOfService(other));
+    QTRY_COMPARE(met->load(), 2);
+  }
+
+  void helpersOfAParallelLoopAreWorkers() {
+    std::atomic<int> elsewhere{0};
+    const auto body = [&elsewhere](int) {
+      const auto caller = std::this_thread::get_id();
+      const auto look = [&] { elsewhere += caller != std::this_thread::get_id(); };
+      for (int i = 0; i < 100; ++i)
+        dispatchSync(look, NormalQoS);
+    };
+    QVERIFY(dispatchSync([&] { oneapi::tbb::parallel_for(0, 64, body); }, NormalQoS));
+    QCOMPARE(elsewhere.load(), 0);
+  }
+
+  void whatATaskThrowsIsLogged_data() {
+    QTest::addColumn<int>("qos");
+    QTest::newRow("main thread") << int(MainThreadQoS);
+    QTest::newRow("worker") << int(NormalQoS);
+  }
+  void whatATaskThrowsIsLogged() {
+    QFETCH(int, qos);
+    const auto place = EQualityOfService(qos);
+    QTest::ignoreMessage(QtWarningMsg, "A dispatched task failed: the mesh is empty");
+    QTest::ignoreMessage(QtWarningMsg, "A dispatched task failed with an unknown exception");
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^A dispatched task failed: .*")));
+    std::atomic<bool> next{false};
+    QVERIFY(dispatchSync([] { throw std::runtime_error("the mesh is empty"); }, place));
+    dispatchAsync([] { throw 7; }, place);
+    dispatchAsync(std::function<void()>(), place);
+    dispatchAsync([&next] { next = true; }, place);
+    QTRY_VERIFY(next);
+    QVERIFY(dispatchSync([] {}, HighQoS));
+  }
+};
+
+VELA_TEST_MAIN(KernelDispatcherTest)
+#include "kernel_dispatcher_test.moc"

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <tqm_mesh_kernel/dispatch.h>
+#include <tqm_mesh_kernel/shared_object_internal.h>
+
+#include <QCoreApplication>
+#include <QThread>
+
+#include <atomic>
+#include <thread>
+
+using namespace Taren::Core;
+
+namespace {
+
+/// An application object for the length of a scope. One program makes several here, as the dispatcher has to
+/// bear with each.
+class Application {
+public:
+  Application() : m_application(m_argc, m_argv) {}
+
+private:
+  int m_argc = 1;
+  char m_name[5] = "test";
+  char* m_argv[2] = {m_name, nullptr};
+  QCoreApplication m_application;
+};
+
+class Mesh : public virtual Taren::Objects::SharedObjectInternal {
+public:
+  explicit Mesh(QThread*& deletedOn) : m_deletedOn(deletedOn) {}
+  ~Mesh() override {
+    beginDestruction();
+    m_deletedOn = QThread::currentThread();
+  }
+
+private:
+  QThread*& m_deletedOn;
+};
+
+} // namespace
+
+class KernelExitTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  // First, as before the first application object nothing has closed yet.
+  void tasksWaitForTheApplication() {
+    bool ran = false;
+    std::thread::id worker;
+    QVERIFY(isMainThread());
+    QVERIFY(dispatchAsync([&ran] { ran = true; }, MainThreadQoS));
+    QVERIFY(dispatchSync([&worker] { worker = std::this_thread::get_id(); }, NormalQoS));
+    QVERIFY(worker != std::thread::id() && worker != std::this_thread::get_id());
+    QVERIFY(!ran);
+    const Application application;
+    QCoreApplication::processEvents();
+    QVERIFY(ran);
+  }
+
+  void theEndServesEveryTaskAndThenRefuses() {
+    std::atomic<int> ran{0};
+    const auto count = [&ran] { ++ran; };
+    {
+      const Application application;
+      const auto fromMainToWorkerAndBack = [&] {
+        ++ran;
+        dispatchAsync(
+            [&] {
+              ++ran;
+              dispatchAsync(count, MainThreadQoS);
+              dispatchSync(count, MainThreadQoS);
+            },
+            LowQoS);
+      };
+      QVERIFY(dispatchAsync(fromMainToWorkerAndBack, MainThreadQoS));
+      for (const auto qos : {MainThreadQoS, HighQoS, NormalQoS, LowQoS}) {
+        for (int i = 0; i < 50; ++i)
+          QVERIFY(dispatchAsync(count, qos));
+      }
+    }
+    QCOMPARE(ran.load(), 204);
+    for (const auto qos : {MainThreadQoS, HighQoS, NormalQoS, LowQoS})
+      QVERIFY(!dispatchAsync(count, qos));
+    QVERIFY(!dispatchSync(count, NormalQoS));
+    QCOMPARE(ran.load(), 204);
+  }
+
+  void theNextApplicationOpensTheDispatcherAgain() {
+    std::atomic<int> ran{0};
+    const Application application;
+    QCoreApplication::processEvents();
+    QVERIFY(dispatchAsync([&ran] { ++ran; }, MainThreadQoS));
+    QVERIFY(dispatchSync([&ran] { ++ran; }, NormalQoS));
+    QTRY_COMPARE(ran.load(), 2);
+  }
+
+  void whoHandsOverForeverIsCutOff_data() {
+    QTest::addColumn<int>("qos");
+    QTest::newRow("main thread") << int(MainThreadQoS);
+    QTest::newRow("worker") << int(NormalQoS);
+  }
+  void whoHandsOverForeverIsCutOff() {
+    QFETCH(int, qos);
+    std::atomic<bool> accepted{true};
+    std::function<void()> again = [&] { accepted = dispatchAsync(again, EQualityOfService(qos)); };
+    {
+      const Application application;
+      again();
+    }
+    QVERIFY(!accepted);
+  }
+
+  // A task that was accepted runs, however close to the end it came.
+  void noAcceptedTaskIsLost() {
+    for (int round = 0; round < 5; ++round) {
+      std::atomic<int> accepted{0};
+      std::atomic<int> ran{0};
+      std::vector<std::jthread> pushers;
+      {
+        const Application application;
+        for (const auto qos : {MainThreadQoS, NormalQoS, LowQoS}) {
+          pushers.emplace_back([&, qos] {
+            while (dispatchAsync([&ran] { ++ran; }, qos))
+              ++accepted;
+          });
+        }
+        while (accepted < 30)
+          QCoreApplication::processEvents();
+      }
+      pushers.clear();
+      QCOMPARE(ran.load(), accepted.load());
+    }
+  }
+
+  void objectsReleasedAtTheEndAreDeleted() {
+    QThread* duringTheEnd = nullptr;
+    QThread* afterTheEnd = nullptr;
+    std::shared_ptr<Mesh> survivor;
+    {
+      const Application application;
+      auto mesh = Taren::Objects::createShared<Mesh>(duringTheEnd);
+      dispatchAsync([mesh] {}, LowQoS);
+      survivor = Taren::Objects::createShared<Mesh>(afterTheEnd);
+    }
+    QCOMPARE(duringTheEnd, QThread::currentThread());
+    std::thread([survivor = std::move(survivor)]() mutable { survivor.reset(); }).join();
+    QVERIFY(afterTheEnd);
+  }
+};
+
+QTEST_APPLESS_MAIN(KernelExitTest)
+#include "kernel_exit_test.moc"

@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <tqm_mesh_kernel/kernel.h>
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSet>
+#include <QTemporaryDir>
+
+#include <stdexcept>
+#include <thread>
+
+using namespace Taren::Core;
+
+namespace {
+
+/// Notes "+name" when it starts and "-name" when it ends; what it does instead is told by the name's mark.
+class NotingService : public IService {
+public:
+  NotingService(const QString& name, QStringList& notes) : m_name(name), m_notes(notes) {}
+
+  ERcmStatus Initialize() override {
+    m_notes << QLatin1Char('+') + m_name;
+    if (m_name.endsWith(QLatin1Char('!')))
+      throw std::runtime_error("no room");
+    return m_name.endsWith(QLatin1Char('?')) ? RcmUnavailable : RcmSuccess;
+  }
+  void Terminate() override {
+    m_notes << QLatin1Char('-') + m_name;
+    if (m_name.endsWith(QLatin1Char('~')))
+      throw 7;
+  }
+  QString ServiceName() const override { return m_name; }
+
+private:
+  QString m_name;
+  QStringList& m_notes;
+};
+
+QStringList names(const QList<Waypoint>& waypoints) {
+  QStringList result;
+  for (const Waypoint& waypoint : waypoints)
+    result << waypoint.name;
+  return result;
+}
+
+QJsonArray traceEvents(const QByteArray& json) {
+  return QJsonDocument::fromJson(json).object().value(QStringLiteral("traceEvents")).toArray();
+}
+
+} // namespace
+
+class KernelHostTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void servicesStartInOrderAndEndInReverse_data() {
+    QTest::addColumn<QString>("services");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("notes");
+    QTest::addColumn<QString>("warning");
+    QTest::newRow("none") << QString() << int(RcmSuccess) << QString() << QString();
+    QTest::newRow("all start") << "a b c" << int(RcmSuccess) << "+a +b +c | -c -b -a" << QString();
+    QTest::newRow("one fails half-way")
+        << "a b c? d" << int(RcmUnavailable) << "+a +b +c? -b -a |" << QString();
+    QTest::newRow("the first fails") << "a? b" << int(RcmUnavailable) << "+a? |" << QString();
+    QTest::newRow("one throws") << "a b! c" << int(RcmFailure) << "+a +b! -a |"
+                                << R"(The service "b!" failed to start: no room)";
+    QTest::newRow("one throws at its end") << "a b~ c" << int(RcmSuccess) << "+a +b~ +c | -c -b~ -a"
+                                           << R"(The service "b~" failed to end)";
+  }
+  void servicesStartInOrderAndEndInReverse() {
+    QFETCH(QString, services);
+    QFETCH(int, status);
+    QFETCH(QString, warning);
+    QStringList notes;
+    Kernel kernel;
+    const QStringList serviceNames = services.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (const QString& name : serviceNames)
+      kernel.registerService(std::make_shared<NotingService>(name, notes));
+    if (!warning.isEmpty())
+      QTest::ignoreMessage(QtWarningMsg, qUtf8Printable(warning));
+
+    QCOMPARE(int(kernel.start()), status);
+    QCOMPARE(kernel.isStarted(), status == RcmSuccess);
+    if (!serviceNames.isEmpty())
+      notes << QStringLiteral("|");
+    kernel.stop();
+    kernel.stop();
+    QTEST(notes.join(QLatin1Char(' ')), "notes");
+    QVERIFY(!kernel.isStarted());
+  }
+
+  void theKernelEndsWhatStillRuns() {
+    QStringList notes;
+    {
+      Kernel kernel;
+      kernel.registerService(std::make_shared<NotingService>(QStringLiteral("a"), notes));
+      QCOMPARE(kernel.start(), RcmSuccess);
+    }
+    QCOMPARE(notes, QStringList({QStringLiteral("+a"), QStringLiteral("-a")}));
+  }
+
+  void servicesAreRegisteredBeforeTheStart() {
+    QStringList notes;
+    Kernel kernel;
+    const auto a = std::make_shared<NotingService>(QStringLiteral("a"), notes);
+    QVERIFY_EXCEPTION_THROWN(kernel.registerService(nullptr), std::invalid_argument);
+    kernel.registerService(a);
+    QCOMPARE(kernel.start(), RcmSuccess);
+    QVERIFY_EXCEPTION_THROWN(kernel.registerService(a), std::logic_error);
+    QVERIFY_EXCEPTION_THROWN(kernel.start(), std::logic_error);
+    QCOMPARE(notes.size(), 1);
+    QCOMPARE(kernel.service(QStringLiteral("a")), a);
+    QVERIFY(!kernel.service(QStringLiteral("b")));
+
+    kernel.stop();
+    QCOMPARE(kernel.start(), RcmSuccess);
+    QCOMPARE(notes.size(), 3);
+  }
+
+  void theNewestWaypointsAreKeptInOrder() {
+    QVERIFY_EXCEPTION_THROWN(WaypointRing(0), std::invalid_argument);
+    WaypointRing ring(3);
+    QVERIFY(ring.waypoints().isEmpty());
+    for (int i = 1; i <= 2; ++i)
+      ring.record(QString::number(i));
+    QCOMPARE(names(ring.waypoints()), QStringList({QStringLiteral("1"), QStringLiteral("2")}));
+    for (int i = 3; i <= 7; ++i)
+      ring.record(QString::number(i));
+    QCOMPARE(names(ring.waypoints()),
+             QStringList({QStringLiteral("5"), QStringLiteral("6"), QStringLiteral("7")}));
+    ring.clear();
+    ring.record(QStringLiteral("8"));
+    QCOMPARE(names(ring.waypoints()), QStringList(QStringLiteral("8")));
+  }
+
+  void waypointsComeFromAnyThread() {
+    constexpr int perThread = 2000;
+    Kernel kernel(1000);
+    {
+      std::vector<std::jthread> threads;
+      for (int thread = 0; thread < 3; ++thread) {
+        threads.emplace_back([&kernel] {
+          for (int i = 0; i < perThread; ++i)
+            kernel.ProfilerWaypoint(QStringLiteral("CMD BEGIN"));
+        });
+      }
+      for (int i = 0; i < 20; ++i)
+        QVERIFY(kernel.waypoints().waypoints().size() <= 1000);
+    }
+    // One more thread, recorded last, whose number nobody else has.
+    kernel.ProfilerWaypoint(QStringLiteral("main"));
+    const QList<Waypoint> kept = kernel.waypoints().waypoints();
+    QCOMPARE(kept.size(), 1000);
+    QVERIFY(std::is_sorted(kept.begin(), kept.end(),
+                           [](const Waypoint& a, const Waypoint& b) { return a.time < b.time; }));
+    QSet<quint64> others;
+    for (const Waypoint& waypoint : kept.first(999))
+      others.insert(waypoint.thread);
+    QVERIFY(!others.contains(kept.last().thread));
+    QVERIFY(others.size() <= 3);
+  }
+
+  void theTraceCanBeReadBack() {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("trace.json"));
+    const QString name = QStringLiteral("CMD BEGIN Öffnen(\"a\\b\")");
+    Kernel kernel;
+    kernel.ProfilerWaypoint(name);
+    std::thread([&kernel] { kernel.ProfilerWaypoint(QStringLiteral("CMD END   x(y)")); }).join();
+    QVERIFY(kernel.writeTrace(path));
+
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QJsonArray events = traceEvents(file.readAll());
+    QCOMPARE(events.size(), 2);
+    const QJsonObject first = events[0].toObject();
+    const QJsonObject second = events[1].toObject();
+    QCOMPARE(first.value(QStringLiteral("name")).toString(), name);
+    QCOMPARE(first.value(QStringLiteral("ph")).toString(), QStringLiteral("i"));
+    QCOMPARE(first.value(QStringLiteral("s")).toString(), QStringLiteral("t"));
+    QCOMPARE(first.value(QStringLiteral("pid")).toInteger(), qApp->applicationPid());
+    QVERIFY(first.value(QStringLiteral("tid")) != second.value(QStringLiteral("tid")));
+    const double microseconds = second.value(QStringLiteral("ts")).toDouble();
+    QVERIFY(microseconds >= first.value(QStringLiteral("ts")).toDouble());
+    QCOMPARE(microseconds, double(kernel.waypoints().waypoints().last().time.count()) / 1000);
+  }
+
+  void aTraceThatCannotBeWrittenSaysWhy() {
+    const QTemporaryDir folder;
+    QString error;
+    QVERIFY(!Kernel().writeTrace(folder.filePath(QStringLiteral("missing/trace.json")), &error));
+    QVERIFY(!error.isEmpty());
+    QVERIFY(!Kernel().writeTrace(folder.path()));
+  }
+
+  void anEmptyRingGivesAnEmptyTrace() {
+    QBuffer buffer;
+    QVERIFY(buffer.open(QIODevice::ReadWrite));
+    QVERIFY(WaypointRing().writeTrace(buffer));
+    QVERIFY(QJsonDocument::fromJson(buffer.data()).isObject());
+    QVERIFY(traceEvents(buffer.data()).isEmpty());
+  }
+};
+
+VELA_TEST_MAIN(KernelHostTest)
+#include "kernel_host_test.moc"

@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <tqm_mesh_kernel/dispatch.h>
+#include <tqm_mesh_kernel/shared_object_internal.h>
+#include <tqm_mesh_kernel/stepped_dispatcher.h>
+
+#include <QPointer>
+#include <QThread>
+
+#include <optional>
+#include <stdexcept>
+#include <thread>
+
+using namespace Taren::Core;
+using namespace Taren::Objects;
+
+namespace {
+
+class Shape : public virtual SharedObjectInternal {
+public:
+  int faces = 0;
+};
+
+class Picture : public virtual SharedObjectInternal {
+public:
+  int pixels = 0;
+};
+
+class TexturedMesh : public Shape, public Picture {
+public:
+  explicit TexturedMesh(std::function<void(TexturedMesh*)> atEnd = {}) : m_atEnd(std::move(atEnd)) {}
+  ~TexturedMesh() override {
+    beginDestruction();
+    if (m_atEnd)
+      m_atEnd(this);
+  }
+  bool canLockSelf() const { return lockSelf() != nullptr; }
+
+private:
+  std::function<void(TexturedMesh*)> m_atEnd;
+};
+
+class SharedQObject : public QObject, public virtual SharedObjectInternal {
+public:
+  using QObject::QObject;
+  ~SharedQObject() override { beginDestruction(); }
+};
+
+class FailsAfterAdoption : public virtual SharedObjectInternal {
+public:
+  explicit FailsAfterAdoption(std::shared_ptr<FailsAfterAdoption>& holder) {
+    holder = adoptShared(this);
+    throw std::runtime_error("no such mesh");
+  }
+};
+
+template <class A, class B>
+bool haveOneOwner(const std::shared_ptr<A>& a, const std::shared_ptr<B>& b) {
+  return !a.owner_before(b) && !b.owner_before(a);
+}
+
+} // namespace
+
+class KernelSharedObjectTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void everyBaseSharesOneOwner() {
+    bool gone = false;
+    auto mesh = createShared<TexturedMesh>([&gone](TexturedMesh*) { gone = true; });
+    std::shared_ptr<Shape> shape = adoptShared(static_cast<Shape*>(mesh.get()));
+    std::shared_ptr<Picture> picture = adoptShared(static_cast<Picture*>(mesh.get()));
+    QVERIFY(haveOneOwner(mesh, shape));
+    QVERIFY(haveOneOwner(mesh, picture));
+    QCOMPARE(mesh.use_count(), 3L);
+    QVERIFY(mesh->isShared());
+    mesh.reset();
+    shape.reset();
+    QVERIFY(!gone);
+    picture.reset();
+    QVERIFY(gone);
+  }
+
+  void adoptingTwiceJoins() {
+    QVERIFY(!adoptShared(static_cast<Shape*>(nullptr)));
+    auto* const plain = new TexturedMesh;
+    QVERIFY(!plain->isShared());
+    QVERIFY(!plain->canLockSelf());
+    const auto first = adoptShared(plain);
+    const auto second = adoptShared(plain);
+    QVERIFY(haveOneOwner(first, second));
+    QVERIFY(plain->canLockSelf());
+  }
+
+  void anObjectOnTheStackNeedsNoOwner() {
+    const TexturedMesh mesh;
+    QVERIFY(!mesh.isShared());
+  }
+
+  void copiesAreObjectsOfTheirOwn() {
+    const auto mesh = createShared<TexturedMesh>();
+    TexturedMesh copy(*mesh);
+    QVERIFY(!copy.isShared());
+    *mesh = copy;
+    QVERIFY(mesh->isShared());
+    QVERIFY(haveOneOwner(adoptShared(mesh.get()), mesh));
+  }
+
+  void aDyingObjectCannotBeAdopted_data() {
+    QTest::addColumn<bool>("byHand");
+    QTest::newRow("by its last reference") << false;
+    QTest::newRow("by hand") << true;
+  }
+  void aDyingObjectCannotBeAdopted() {
+    QFETCH(bool, byHand);
+    int refused = 0;
+    bool locked = true;
+    const auto atEnd = [&](TexturedMesh* dying) {
+      locked = dying->canLockSelf();
+      try {
+        adoptShared(dying);
+      } catch (const std::bad_weak_ptr&) {
+        ++refused;
+      }
+    };
+    auto* const mesh = new TexturedMesh(atEnd);
+    auto held = adoptShared(mesh);
+    if (byHand)
+      delete mesh;
+    held.reset();
+    QCOMPARE(refused, 1);
+    QVERIFY(!locked);
+
+    { const TexturedMesh neverShared(atEnd); }
+    QCOMPARE(refused, 2);
+  }
+
+  void deletionByHandDisarmsTheReferences() {
+    int deleted = 0;
+    auto* const mesh = new TexturedMesh([&deleted](TexturedMesh*) { ++deleted; });
+    auto first = adoptShared(mesh);
+    auto second = first;
+    delete mesh;
+    first.reset();
+    second.reset();
+    Vela::Test::settle();
+    QCOMPARE(deleted, 1);
+  }
+
+  void aQtParentGivesUpItsChild() {
+    auto parent = std::make_unique<QObject>();
+    auto child = adoptShared(new SharedQObject(parent.get()));
+    QVERIFY(!child->parent());
+    parent = std::make_unique<QObject>();
+    const QPointer<QObject> watch = child.get();
+
+    // A parent that comes later is an owner again, and deletes by hand.
+    child->setParent(parent.get());
+    parent.reset();
+    QVERIFY(!watch);
+    child.reset();
+  }
+
+  void aConstructorMayThrowAfterItShared() {
+    std::shared_ptr<FailsAfterAdoption> holder;
+    QVERIFY_EXCEPTION_THROWN(createShared<FailsAfterAdoption>(holder), std::runtime_error);
+    QVERIFY(holder);
+    holder.reset();
+  }
+
+  void theLastReferenceOnAWorkerDeletesOnTheMainThread() {
+    QThread* where = nullptr;
+    auto mesh = createShared<TexturedMesh>([&where](TexturedMesh*) { where = QThread::currentThread(); });
+    std::weak_ptr<TexturedMesh> watch = mesh;
+    TexturedMesh* const plain = mesh.get();
+    std::thread([mesh = std::move(mesh)]() mutable { mesh.reset(); }).join();
+    QVERIFY(!where);
+    QVERIFY(watch.expired());
+    QVERIFY(!plain->isShared());
+    QVERIFY_EXCEPTION_THROWN(adoptShared(plain), std::bad_weak_ptr);
+    Vela::Test::settle();
+    QCOMPARE(where, QThread::currentThread());
+  }
+
+  void deletionByHandOvertakesTheDispatchedOne() {
+    int deleted = 0;
+    auto mesh = createShared<TexturedMesh>([&deleted](TexturedMesh*) { ++deleted; });
+    TexturedMesh* const plain = mesh.get();
+    std::thread([mesh = std::move(mesh)]() mutable { mesh.reset(); }).join();
+    delete plain;
+    Vela::Test::settle();
+    QCOMPARE(deleted, 1);
+  }
+
+  void aRefusedDeletionHappensAtOnce() {
+    SteppedDispatcher dispatcher;
+    const ScopedDispatcher installed(dispatcher);
+    dispatcher.setRefusing(true);
+    std::atomic<bool> deleted{false};
+    auto mesh = createShared<TexturedMesh>([&deleted](TexturedMesh*) { deleted = true; });
+    std::thread([mesh = std::move(mesh)]() mutable { mesh.reset(); }).join();
+    QVERIFY(deleted);
+  }
+
+  void workersAndTheMainThreadShareFreely() {
+    constexpr int objects = 300;
+    int deleted = 0;
+    bool elsewhere = false;
+    const QThread* const mainThread = QThread::currentThread();
+    const auto atEnd = [&](TexturedMesh*) {
+      ++deleted; // a race unless every deletion is on the main thread
+      elsewhere = elsewhere || QThread::currentThread() != mainThread;
+    };
+    for (int i = 0; i < objects; ++i) {
+      auto mesh = createShared<TexturedMesh>(atEnd);
+      dispatchAsync([mesh] { mesh->faces = 1; }, NormalQoS);
+      dispatchAsync([picture = std::shared_ptr<Picture>(mesh)] { picture->pixels = 1; }, HighQoS);
+    }
+    QTRY_COMPARE(deleted, objects);
+    QVERIFY(!elsewhere);
+  }
+};
+
+VELA_TEST_MAIN(KernelSharedObjectTest)
+#include "kernel_shared_object_test.moc"

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <tqm_mesh_kernel/stepped_dispatcher.h>
+
+#include <stdexcept>
+#include <thread>
+
+using namespace Taren::Core;
+
+class KernelSteppedDispatcherTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void cleanup() { m_order.clear(); }
+
+  void stepsInOrderOfArrivalOrByQualityOfService() {
+    SteppedDispatcher dispatcher;
+    const ScopedDispatcher installed(dispatcher);
+    add("a", NormalQoS);
+    add("b", MainThreadQoS);
+    add("c", MainThreadQoS);
+    std::thread([this] { add("d", NormalQoS); }).join();
+    Vela::Test::settle();
+    QCOMPARE(m_order, QString());
+    QCOMPARE(dispatcher.pending(), std::size_t(4));
+    QCOMPARE(dispatcher.pending(NormalQoS), std::size_t(2));
+
+    QVERIFY(dispatcher.step(MainThreadQoS));
+    QCOMPARE(m_order, QStringLiteral("b"));
+    QVERIFY(!dispatcher.step(LowQoS));
+    QVERIFY(dispatcher.step());
+    QCOMPARE(m_order, QStringLiteral("ba"));
+    dispatcher.runAll();
+    QCOMPARE(m_order, QStringLiteral("bacd"));
+    QVERIFY(!dispatcher.step());
+  }
+
+  void runAllRunsWhatTasksHandOver() {
+    SteppedDispatcher dispatcher;
+    const ScopedDispatcher installed(dispatcher);
+    dispatchAsync(
+        [this] {
+          add("nested", LowQoS);
+          throw std::runtime_error("late");
+        },
+        MainThreadQoS);
+    QTest::ignoreMessage(QtWarningMsg, "A dispatched task failed: late");
+    dispatcher.runAll();
+    QCOMPARE(m_order, QStringLiteral("nested"));
+  }
+
+  void syncRunsAtOnce() {
+    SteppedDispatcher dispatcher;
+    const ScopedDispatcher installed(dispatcher);
+    add("later", NormalQoS);
+    QVERIFY(dispatchSync([this] { m_order += QStringLiteral("now"); }, NormalQoS));
+    QCOMPARE(m_order, QStringLiteral("now"));
+  }
+
+  void refusesOnDemand() {
+    SteppedDispatcher dispatcher;
+    const ScopedDispatcher installed(dispatcher);
+    dispatcher.setRefusing(true);
+    QVERIFY(!dispatchAsync([] {}, NormalQoS));
+    QVERIFY(!dispatchSync([this] { m_order += QStringLiteral("ran"); }, MainThreadQoS));
+    dispatcher.setRefusing(false);
+    QVERIFY(dispatchAsync([] {}, NormalQoS));
+    QCOMPARE(m_order, QString());
+    QCOMPARE(dispatcher.pending(), std::size_t(1));
+  }
+
+  void theDispatcherBeforeComesBack() {
+    SteppedDispatcher outer;
+    const ScopedDispatcher installedOuter(outer);
+    {
+      SteppedDispatcher inner;
+      const ScopedDispatcher installedInner(inner);
+      add("inner", MainThreadQoS);
+      QCOMPARE(inner.pending(), std::size_t(1));
+    }
+    add("outer", MainThreadQoS);
+    QCOMPARE(outer.pending(), std::size_t(1));
+    {
+      IDispatcher* const before = setDispatcher(nullptr);
+      QCOMPARE(before, &outer);
+      add("default", MainThreadQoS);
+      setDispatcher(before);
+    }
+    Vela::Test::settle();
+    QCOMPARE(m_order, QStringLiteral("default"));
+  }
+
+private:
+  void add(const char* name, EQualityOfService qos) {
+    QVERIFY(dispatchAsync([this, name] { m_order += QLatin1String(name); }, qos));
+  }
+
+  QString m_order;
+};
+
+VELA_TEST_MAIN(KernelSteppedDispatcherTest)
+#include "kernel_stepped_dispatcher_test.moc"
