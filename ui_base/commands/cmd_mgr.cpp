@@ -4,6 +4,8 @@
 #include "command_base.h"
 #include "command_group.h"
 
+#include <QMap>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 #include <stdexcept>
@@ -18,15 +20,14 @@ using Taren::Core::dispatchAsync;
 using Taren::Core::dispatchSync;
 using Taren::Core::MainThreadQoS;
 
-/// A context handed over to be applied. Its commands are looked up when that happens; references are kept
-/// only when the registry is emptied before.
+/// What is left to apply of a context handed over. Its commands are looked up when their turn comes;
+/// references are kept only when the registry is emptied before.
 struct CmdMgr::PendingContext {
-  CommandContext context;
-  bool registryEmptied = false;
-  std::vector<std::pair<std::weak_ptr<CommandBase>, CommandState>> commands;
+  QMap<QString, CommandState> states;
+  std::vector<std::pair<std::weak_ptr<CommandBase>, CommandState>> kept;
 
   void applyToKept() const {
-    for (const auto& [weak, state] : commands) {
+    for (const auto& [weak, state] : kept) {
       if (const auto command = weak.lock())
         command->setCommandState(state);
     }
@@ -49,15 +50,13 @@ CommandState disabledState(CommandBase&) { return {State::Off, State::Keep}; }
 CommandState inactiveState(CommandBase&) { return {State::Keep, State::Off}; }
 CommandState presentState(CommandBase& command) { return command.commandState(); }
 
-/// Calls @p visit with every command of a bag, those inside its groups included.
+/// Calls @p visit with every command of a bag, then with those inside its groups: the order of look-ups.
 template <class Visitor>
 void visitCommands(const CommandBag& bag, const Visitor& visit) {
-  for (int i = 0; i < bag.count(); ++i) {
-    CommandBase& command = *bag.commandAt(i);
-    visit(command);
-    if (auto* const group = dynamic_cast<CommandGroup*>(&command))
-      visitCommands(std::as_const(*group).commandBag(), visit);
-  }
+  for (int i = 0; i < bag.count(); ++i)
+    visit(*bag.commandAt(i));
+  for (const CommandGroup* const group : bag.groups())
+    visitCommands(group->commandBag(), visit);
 }
 
 CommandContext contextOfBag(const CommandBag& bag, CommandState (*stateOf)(CommandBase&)) {
@@ -93,6 +92,7 @@ CmdMgr::CmdMgr() : d(std::make_unique<CmdMgrPrivate>()) {}
 CmdMgr::~CmdMgr() {
   beginDestruction();
   keepPendingCommands();
+  d->bag.clear(); // while a command that dies of it can still look others up
 }
 
 CommandBase* CmdMgr::addCommand(CommandBase* command) {
@@ -102,46 +102,71 @@ CommandBase* CmdMgr::addCommand(CommandBase* command) {
     throw std::logic_error("A command id must be defined (with the COMMAND_ID macro)!");
   const std::shared_ptr<CmdMgr> self = shared_from_this();
   const auto shared = Taren::Objects::adoptShared(command);
-  const auto* const group = dynamic_cast<CommandGroup*>(command);
-  if (group && d->bag.getCommand(command->commandId()) == command)
-    return command; // it would absorb itself
 
-  CommandBase* result = nullptr;
-  if (group)
+  std::shared_ptr<CommandBase> result;
+  if (dynamic_cast<CommandGroup*>(command))
     result = addGroup(shared);
   else if (d->bag.addCommand(shared))
-    result = command;
+    result = shared;
   if (!result)
     return nullptr;
 
-  delegate([self, added = result->shared_from_this()](CmdMgrProtocol* observer) {
-    observer->commandAdded(self.get(), added.get());
-  });
-  if (result == command) // the group that absorbed the command is observed already
-    result->addObserver(self, false);
-  return result;
+  delegate([self, result](CmdMgrProtocol* observer) { observer->commandAdded(self.get(), result.get()); });
+  if (!d->bag.contains(result.get())) // the delegate removed it again
+    return nullptr;
+  observe(*result);
+  return result.get();
 }
 
-CommandBase* CmdMgr::addGroup(const std::shared_ptr<CommandBase>& command) {
+std::shared_ptr<CommandBase> CmdMgr::addGroup(const std::shared_ptr<CommandBase>& command) {
   auto& group = static_cast<CommandGroup&>(*command);
-  takeIn(group.commandBag());
-  if (auto* const registered = dynamic_cast<CommandGroup*>(d->bag.getCommand(group.commandId()))) {
+  const auto registered = std::dynamic_pointer_cast<CommandGroup>(d->bag.getSharedCommand(group.commandId()));
+  takeIn(group.commandBag(), registered.get());
+  if (registered) {
     registered->absorbCommandGroup(&group);
     return registered;
   }
-  return d->bag.addCommand(command) ? &group : nullptr;
+  return d->bag.addCommand(command) ? command : nullptr;
 }
 
 // A command never stands both at the top level and inside a group; it is observed through the group from now
-// on.
-void CmdMgr::takeIn(CommandBag& children) {
-  visitCommands(children, [this](CommandBase& child) {
+// on. What a registered group has already, it does not absorb.
+void CmdMgr::takeIn(const CommandBag& children, const CommandGroup* registered) {
+  visitCommands(children, [this, registered](CommandBase& child) {
     const QString id = child.commandId();
+    if (registered && registered->hasCommand(id))
+      return;
     while (const auto topLevel = d->bag.getSharedCommand(id)) {
-      topLevel->removeObserver(shared_from_this());
       d->bag.removeCommand(id);
+      if (topLevel.get() != &child)
+        letGo(*topLevel);
     }
   });
+}
+
+// What was absorbed, or also stands in a group, is observed already.
+void CmdMgr::observe(CommandBase& command) {
+  const std::shared_ptr<CmdMgr> self = sharedOrEmpty();
+  command.removeObserver(self);
+  command.addObserver(self, false);
+}
+
+// What also stands in another place goes on being observed. There is no reference to a manager that is
+// being destroyed, but then its observations have ended anyway.
+void CmdMgr::letGo(CommandBase& command) {
+  command.removeObserver(sharedOrEmpty());
+  const auto forgetUnlessHere = [this](CommandBase& left) {
+    if (stands(left)) {
+      observe(left);
+      return;
+    }
+    if (d->running.lock().get() == &left)
+      d->running.reset();
+    commandForgotten(left);
+  };
+  forgetUnlessHere(command);
+  if (const auto* const group = dynamic_cast<CommandGroup*>(&command))
+    visitCommands(group->commandBag(), forgetUnlessHere);
 }
 
 bool CmdMgr::removeCommand(const QString& id) { return removeCommand(findCommand(id)); }
@@ -151,14 +176,13 @@ bool CmdMgr::removeCommand(CommandBase* command) {
     return false;
   const auto kept = command->sharedOrEmpty();
   const QString id = command->commandId();
-  if (d->bag.removeCommand(command)) {
-    forget(kept, id);
-    return true;
+  if (!d->bag.removeCommand(command)) {
+    CommandGroup* const group = command->commandGroup();
+    if (!group || !stands(*command) || !group->removeCommand(command))
+      return false;
   }
-  CommandGroup* const group = command->commandGroup();
-  if (!group || findCommand(id) != command || !group->removeCommand(id))
-    return false;
-  forget(kept, id);
+  letGo(*kept);
+  tellRemoved(id);
   return true;
 }
 
@@ -166,17 +190,15 @@ void CmdMgr::removeAllCommands() {
   keepPendingCommands();
   const CommandBag removed = d->bag;
   d->bag.clear();
-  for (int i = 0; i < removed.count(); ++i)
-    forget(removed.sharedCommandAt(i), removed.commandAt(i)->commandId());
+  for (int i = 0; i < removed.count(); ++i) {
+    letGo(*removed.commandAt(i));
+    tellRemoved(removed.commandAt(i)->commandId());
+  }
 }
 
-void CmdMgr::forget(const std::shared_ptr<CommandBase>& command, const QString& id) {
-  const std::shared_ptr<CmdMgr> self = shared_from_this();
-  command->removeObserver(self);
-  commandForgotten(*command);
-  if (auto* const group = dynamic_cast<CommandGroup*>(command.get()))
-    visitCommands(group->commandBag(), [this](CommandBase& child) { commandForgotten(child); });
-  delegate([self, id](CmdMgrProtocol* observer) { observer->commandRemoved(self.get(), id); });
+void CmdMgr::tellRemoved(const QString& id) {
+  if (const std::shared_ptr<CmdMgr> self = sharedOrEmpty())
+    delegate([self, id](CmdMgrProtocol* observer) { observer->commandRemoved(self.get(), id); });
 }
 
 void CmdMgr::commandForgotten(CommandBase&) {}
@@ -205,6 +227,12 @@ QVector<CommandBase*> CmdMgr::findCommands(const QString& id, CommandBag* bag) c
       found.append(&command);
   });
   return found;
+}
+
+bool CmdMgr::stands(const CommandBase& command) const {
+  const QString id = command.commandId();
+  CommandBase* const first = findCommand(id);
+  return first && (first == &command || findCommands(id).contains(&command));
 }
 
 void CmdMgr::commandBegan(CommandBase* command) { d->running = command ? command->sharedOrEmpty() : nullptr; }
@@ -268,11 +296,11 @@ CommandContext CmdMgr::currentActiveContext(const QString& id) const {
 
 void CmdMgr::setContext(const CommandContext& context) {
   const std::weak_ptr<CmdMgr> weak = shared_from_this();
-  const auto pending = std::make_shared<PendingContext>(PendingContext{context, false, {}});
+  const auto pending = std::make_shared<PendingContext>(PendingContext{context.get(), {}});
   d->pending.append(pending);
   const auto apply = [weak, pending] {
     if (const auto self = weak.lock())
-      self->applyPending(*pending);
+      self->applyPending(pending);
     else
       pending->applyToKept();
   };
@@ -280,27 +308,26 @@ void CmdMgr::setContext(const CommandContext& context) {
     d->pending.removeOne(pending);
 }
 
-void CmdMgr::applyPending(PendingContext& pending) {
-  d->pending.removeIf([&pending](const auto& other) { return other.get() == &pending; });
+// A command may run on being toggled, and then push a context or change the registry. So an entry is taken
+// when its turn comes, and what is left stays pending.
+void CmdMgr::applyPending(const std::shared_ptr<PendingContext>& pending) {
+  const auto done = qScopeGuard([&] { d->pending.removeOne(pending); });
   const QScopedValueRollback applying(d->applying, true);
-  if (pending.registryEmptied) {
-    pending.applyToKept();
-    return;
+  while (!pending->states.isEmpty()) {
+    const QString id = pending->states.firstKey();
+    const CommandState state = pending->states.first();
+    pending->states.erase(pending->states.cbegin());
+    if (const auto command = findShared(id))
+      command->setCommandState(state);
   }
-  const auto& states = pending.context.get();
-  for (auto it = states.cbegin(); it != states.cend(); ++it) {
-    if (const auto command = findShared(it.key()))
-      command->setCommandState(it.value());
-  }
+  pending->applyToKept();
 }
 
 void CmdMgr::keepPendingCommands() {
   for (const auto& pending : std::as_const(d->pending)) {
-    if (std::exchange(pending->registryEmptied, true))
-      continue;
-    const auto& states = pending->context.get();
+    const auto states = std::exchange(pending->states, {});
     for (auto it = states.cbegin(); it != states.cend(); ++it)
-      pending->commands.emplace_back(findShared(it.key()), it.value());
+      pending->kept.emplace_back(findShared(it.key()), it.value());
   }
 }
 
@@ -309,7 +336,7 @@ CommandContext CmdMgr::presentContext() const {
   return onMainThread([&] {
     CommandContext present = contextOfBag(d->bag, presentState);
     for (const auto& pending : d->pending) {
-      const auto& states = pending->context.get();
+      const auto& states = pending->states;
       for (auto it = states.cbegin(); it != states.cend(); ++it) {
         CommandBase* const command = findCommand(it.key());
         if (!command)

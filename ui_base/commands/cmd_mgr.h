@@ -48,8 +48,10 @@ public:
   ~CmdMgr() override;
 
   /// Adds a command, which the manager takes into shared ownership. A group whose identifier is taken by a
-  /// group is absorbed by that one; a new group takes in the top-level commands that it contains.
-  /// @return the command that now stands under the identifier; null for null, or when it stood there already.
+  /// group is absorbed by that one, and dies unless somebody else holds it; a new group takes in the
+  /// top-level commands that it contains.
+  /// @return the command that now stands under the identifier, for an absorbed group the one that absorbed
+  /// it; null for null, and for a command (no group) that stood there already.
   /// @throws std::logic_error when the identifier is empty, std::bad_weak_ptr when the manager is not shared.
   CommandBase* addCommand(CommandBase* command);
   /// Removes a command, at the top level or inside a group. The delegate is told its identifier.
@@ -113,13 +115,16 @@ private:
   struct PendingContext;
   using StateOf = CommandState (*)(CommandBase&);
 
-  CommandBase* addGroup(const std::shared_ptr<CommandBase>& command);
-  void takeIn(CommandBag& children);
-  void forget(const std::shared_ptr<CommandBase>& command, const QString& id);
+  std::shared_ptr<CommandBase> addGroup(const std::shared_ptr<CommandBase>& command);
+  void takeIn(const CommandBag& children, const CommandGroup* registered);
+  void observe(CommandBase& command);
+  void letGo(CommandBase& command);
+  void tellRemoved(const QString& id);
+  bool stands(const CommandBase& command) const;
   std::shared_ptr<CommandBase> findShared(const QString& id) const;
   CommandContext contextOf(const QString& id, StateOf stateOf) const;
   CommandContext presentContext() const;
-  void applyPending(PendingContext& pending);
+  void applyPending(const std::shared_ptr<PendingContext>& pending);
   void keepPendingCommands();
 
   const std::unique_ptr<CmdMgrPrivate> d;

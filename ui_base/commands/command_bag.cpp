@@ -24,8 +24,8 @@ bool CommandBag::insertCommand(int position, const std::shared_ptr<CommandBase>&
     return false;
   const QString id = command->commandId();
   First& first = m_first[id];
-  const auto isCommand = [&command](const Entry& entry) { return entry.command == command; };
-  if (first.count > 0 && std::any_of(m_entries.begin(), m_entries.end(), isCommand))
+  const auto isSame = [&](const Entry& entry) { return entry.command == command && entry.id == id; };
+  if (first.count > 0 && std::any_of(m_entries.begin(), m_entries.end(), isSame))
     return false;
 
   const int at = std::clamp(position, 0, count());
@@ -93,6 +93,12 @@ void CommandBag::collectGroups() {
     if (auto* const group = dynamic_cast<CommandGroup*>(entry.command.get()))
       m_groups.append(group);
   }
+}
+
+bool CommandBag::contains(const CommandBase* command) const {
+  return command && (getCommand(command->commandId()) == command ||
+                     std::any_of(m_entries.begin(), m_entries.end(),
+                                 [command](const Entry& entry) { return entry.command.get() == command; }));
 }
 
 bool CommandBag::hasCommand(const QString& id) const { return m_first.contains(id); }

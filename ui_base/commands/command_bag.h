@@ -47,6 +47,8 @@ public:
   bool removeCommand(const CommandBase* command);
   void clear();
 
+  /// Whether that object stands here.
+  bool contains(const CommandBase* command) const;
   bool hasCommand(const QString& id) const;
   /// @p index becomes the position of the first match, or the number of commands when there is none.
   bool hasCommand(const QString& id, int& index) const;

@@ -49,9 +49,12 @@ void CommandBase::setParent(QObject* parent) {
     QAction::setParent(parent);
 }
 
-bool CommandBase::hasTag(const QString& tag) const { return commandTags().contains(tag); }
+// Overriders make the tags, so commandTags() is not const; asking for them changes nothing.
+bool CommandBase::hasTag(const QString& tag) const {
+  return const_cast<CommandBase*>(this)->commandTags().contains(tag);
+}
 
-QStringList CommandBase::commandTags() const { return {}; }
+QStringList CommandBase::commandTags() { return {}; }
 
 CommandState CommandBase::defaultCommandState() { return {State::On, State::Off}; }
 

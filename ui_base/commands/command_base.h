@@ -78,7 +78,7 @@ public:
   virtual void setParent(QObject* parent);
   virtual bool hasTag(const QString& tag) const;
   /// Words that describe the kind of the command; none by default.
-  virtual QStringList commandTags() const;
+  virtual QStringList commandTags();
   /// The state in a default context: enabled, not checked.
   virtual CommandState defaultCommandState();
   /// The state of the action as it stands.

@@ -11,6 +11,7 @@
 namespace Vela::UiBase {
 
 using Taren::Core::dispatchAsync;
+using Taren::Core::isMainThread;
 using Taren::Core::MainThreadQoS;
 
 namespace {
@@ -69,7 +70,8 @@ void CommandExecution::popContext() {
 
 bool CommandExecution::work() noexcept {
   try {
-    return m_command.get()->onExecuteAsync(m_checked);
+    CommandBase* const command = m_command.get();
+    return command && command->onExecuteAsync(m_checked);
   } catch (const std::exception& error) {
     m_failure = QString::fromLocal8Bit(error.what());
   } catch (...) {
@@ -80,20 +82,23 @@ bool CommandExecution::work() noexcept {
 
 void CommandExecution::workOnWorker() {
   const auto self = shared_from_this();
-  const auto switchOff = [self] {
-    service().EnableWorkspaceSwitching(false);
-    self->m_switchedWorkspacesOff = true;
-  };
-  dispatchAsync(switchOff, MainThreadQoS);
+  dispatchAsync([self] { self->switchWorkspacesOff(); }, MainThreadQoS);
   work();
   if (!dispatchAsync([self] { self->close(); }, MainThreadQoS))
     close();
 }
 
+// Does nothing after the closing steps, which overtake it when the dispatcher refused them.
+void CommandExecution::switchWorkspacesOff() {
+  auto untouched = WorkspaceSwitch::Untouched;
+  if (m_workspaceSwitch.compare_exchange_strong(untouched, WorkspaceSwitch::Off))
+    service().EnableWorkspaceSwitching(false);
+}
+
 void CommandExecution::close() {
   popContext();
   finish();
-  if (m_switchedWorkspacesOff)
+  if (m_workspaceSwitch.exchange(WorkspaceSwitch::Closed) == WorkspaceSwitch::Off)
     service().EnableWorkspaceSwitching(true);
   reportFailure();
 }
@@ -110,8 +115,13 @@ void CommandExecution::finish() {
 }
 
 void CommandExecution::reportFailure() {
-  CommandBase* const command = m_command.get();
-  if (m_failure && command)
+  if (!m_failure)
+    return;
+  if (!isMainThread()) {
+    dispatchAsync([self = shared_from_this()] { self->reportFailure(); }, MainThreadQoS);
+    return;
+  }
+  if (CommandBase* const command = m_command.get())
     command->onExecutionFailed(*m_failure);
 }
 

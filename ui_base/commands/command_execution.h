@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QString>
 
+#include <atomic>
 #include <memory>
 #include <optional>
 
@@ -22,12 +23,15 @@ public:
   bool run();
 
 private:
+  enum class WorkspaceSwitch : int { Untouched, Off, Closed };
+
   bool runNow();
   bool runLater(Taren::Core::EQualityOfService qos);
   void pushContext();
   void popContext();
   bool work() noexcept;
   void workOnWorker();
+  void switchWorkspacesOff();
   void close();
   void finish();
   void reportFailure();
@@ -37,7 +41,7 @@ private:
   const QString m_className;
   const bool m_checked;
   QPointer<BaseViewController> m_contextHolder; // the controller the execution context was pushed on
-  bool m_switchedWorkspacesOff = false;
+  std::atomic<WorkspaceSwitch> m_workspaceSwitch{WorkspaceSwitch::Untouched};
   std::optional<QString> m_failure;
 };
 

@@ -177,6 +177,19 @@ bool CommandGroup::removeCommand(const QString& id) {
   return true;
 }
 
+bool CommandGroup::removeCommand(const CommandBase* child) {
+  for (int i = 0; i < d->bag.count(); ++i) {
+    if (d->bag.commandAt(i) != child)
+      continue;
+    const QString id = child->commandId();
+    if (d->bag.getCommand(id) == child)
+      return removeCommand(id);
+    takeCommand(i);
+    return true;
+  }
+  return false;
+}
+
 std::shared_ptr<CommandBase> CommandGroup::takeCommand(int position) {
   auto command = d->bag.sharedCommandAt(position);
   detachChild(*command);

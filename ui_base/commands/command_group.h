@@ -60,6 +60,8 @@ public:
   virtual CommandBase* addCommand(CommandBase* command, int rank);
   /// Removes the first child of that identifier; the children of child groups are not looked at.
   virtual bool removeCommand(const QString& id);
+  /// Removes that child, also when it is not the first of its identifier.
+  bool removeCommand(const CommandBase* child);
   /// The group, this one or one below it, that directly holds a command of that identifier; or null.
   virtual CommandGroup* getCommandGroup(const QString& id);
   /// Takes over the children of another group, with their ranks. A child whose identifier stands here already

@@ -7,14 +7,15 @@
 
 namespace Vela::UiBase {
 
-/// What a task holds of a command: a reference when the command is shared, else a guard, which only the main
-/// thread may look through.
+/// What a task holds of a command: a reference, which keeps the command when it is shared, and a guard, which
+/// tells when one that is not shared, or was deleted by hand, has died. Only the main thread may go by the
+/// guard of a command that is not shared.
 class CommandRef {
 public:
   explicit CommandRef(CommandBase& command) : m_shared(command.sharedOrEmpty()), m_guard(&command) {}
 
-  /// The command, or null when it was not shared and has died.
-  CommandBase* get() const { return m_shared ? m_shared.get() : m_guard.data(); }
+  /// The command, or null when it has died.
+  CommandBase* get() const { return m_guard.data(); }
 
 private:
   std::shared_ptr<CommandBase> m_shared;

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "commands_fixture.h"
+
+#include <tqm_mesh_kernel/stepped_dispatcher.h>
+#include <ui_base/views/base_view.h>
+#include <vlk_app_service/application_service.h>
+#include <vlk_license/license_service.h>
+
+#include <QApplication>
+#include <QThread>
+#include <QTimer>
+#include <QWindow>
+
+inline Vela::Services::ApplicationService& service() {
+  return Vela::Services::ApplicationService::GetInstance();
+}
+
+inline QString newestWaypoint() {
+  const auto waypoints = service().Kernel().waypoints().waypoints();
+  return waypoints.isEmpty() ? QString() : waypoints.last().name;
+}
+
+/// Logs a command's execution: what is told, its checked value and the newest waypoint.
+class ExecutionLog {
+public:
+  explicit ExecutionLog(TestCommand& command) {
+    observer->began = [this](Vela::UiBase::CommandBase*, bool checked) { note("began", checked); };
+    observer->ended = [this](Vela::UiBase::CommandBase*, bool checked) { note("ended", checked); };
+    command.work = [this](bool checked) {
+      note("work", checked);
+      return true;
+    };
+    command.addObserver(observer, false);
+  }
+  Q_DISABLE_COPY_MOVE(ExecutionLog)
+
+  void note(const char* what, bool checked) {
+    entries.append(QStringLiteral("%1 %2 | %3").arg(QLatin1String(what)).arg(checked).arg(newestWaypoint()));
+    threads.append(QThread::currentThread());
+  }
+
+  const std::shared_ptr<TestObserver> observer = std::make_shared<TestObserver>();
+  QStringList entries;
+  QList<QThread*> threads;
+};
+
+inline const QString beganLine = QStringLiteral("began 0 | CMD BEGIN TestCommand(false)");
+inline const QString workLine = QStringLiteral("work 0 | CMD BEGIN TestCommand(false)");
+inline const QString endedLine = QStringLiteral("ended 0 | CMD END   TestCommand(false)");
+
+/// A controller with a command that works elsewhere, and another one that is disabled meanwhile. Tasks are
+/// stepped by hand.
+class AsyncFixture {
+public:
+  AsyncFixture() {
+    command->setExecutionQoS(Taren::Core::NormalQoS);
+    command->executionContext.overwrite(QStringLiteral("other"),
+                                        {Vela::UiBase::State::Off, Vela::UiBase::State::Keep});
+    controller->addCommand(command);
+    controller->addCommand(other);
+    dispatcher.runAll();
+  }
+  ~AsyncFixture() {
+    delete view;
+    dispatcher.runAll();
+  }
+  Q_DISABLE_COPY_MOVE(AsyncFixture)
+
+  Taren::Core::SteppedDispatcher dispatcher;
+  Taren::Core::ScopedDispatcher installed{dispatcher};
+  QPointer<Vela::UiBase::BaseView> view{new Vela::UiBase::BaseView};
+  Vela::UiBase::CmdsViewController* controller = new Vela::UiBase::CmdsViewController(view);
+  TestCommand* command = new TestCommand(QStringLiteral("work"), controller);
+  TestCommand* other = new TestCommand(QStringLiteral("other"));
+  ExecutionLog log{*command};
+};
+
+/// Sets the licence for the length of a test.
+class LicenseState {
+public:
+  explicit LicenseState(Vela::License::ELicenseState state) {
+    Vela::License::LicenseService::Instance().setProvider(std::make_unique<Provider>(state));
+  }
+  ~LicenseState() { Vela::License::LicenseService::Instance().setProvider(nullptr); }
+  Q_DISABLE_COPY_MOVE(LicenseState)
+
+private:
+  class Provider : public Vela::License::ILicenseProvider {
+  public:
+    explicit Provider(Vela::License::ELicenseState state) : m_state(state) {}
+    Vela::License::ELicenseState state() const override { return m_state; }
+    bool activate(const QString&, QString*) override { return false; }
+
+  private:
+    Vela::License::ELicenseState m_state;
+  };
+};
+
+/// Waits for the question box and answers it as the test says.
+class PaidFeatureBox {
+public:
+  explicit PaidFeatureBox(std::function<void(QWindow*)> answer) {
+    QObject::connect(&m_timer, &QTimer::timeout, [this, answer = std::move(answer)] {
+      QWidget* const box = QApplication::activeModalWidget();
+      if (!box || !box->isVisible() || box->windowTitle() != QLatin1String("Paid Feature"))
+        return;
+      ++m_seen;
+      m_timer.stop();
+      answer(box->windowHandle());
+    });
+    m_timer.start(1);
+  }
+  int seen() const { return m_seen; }
+
+private:
+  QTimer m_timer;
+  int m_seen = 0;
+};
