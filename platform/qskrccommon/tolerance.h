@@ -3,8 +3,6 @@
 
 #include <qskrccommon/qskrccommon_export.h>
 
-#include <compare>
-
 namespace Vela::Common {
 
 /// How far two numbers may lie apart and still count as equal: \c absolute, or \c relative times the larger
@@ -31,29 +29,25 @@ struct Tolerance {
 /// \endcode
 /// @{
 
-/// How \a a compares to \a b; unordered when one of them is NaN.
-QSKRC_COMMON_EXPORT std::partial_ordering compare(double a, double b,
-                                                  const Tolerance& tolerance = {}) noexcept;
+/// Neither less nor greater by more than the tolerance; false when one of them is NaN.
+QSKRC_COMMON_EXPORT bool isEqual(double a, double b, const Tolerance& tolerance = {}) noexcept;
 
 /// True when \a value is not further than \a absolute from zero. A relative tolerance would say nothing here.
 QSKRC_COMMON_EXPORT bool isZero(double value, double absolute = Tolerance{}.absolute) noexcept;
 
-inline bool isEqual(double a, double b, const Tolerance& tolerance = {}) noexcept {
-  return std::is_eq(compare(a, b, tolerance));
-}
 /// Less by more than the tolerance.
 inline bool isLess(double a, double b, const Tolerance& tolerance = {}) noexcept {
-  return std::is_lt(compare(a, b, tolerance));
+  return a < b && !isEqual(a, b, tolerance);
 }
 inline bool isLessOrEqual(double a, double b, const Tolerance& tolerance = {}) noexcept {
-  return std::is_lteq(compare(a, b, tolerance));
+  return a < b || isEqual(a, b, tolerance);
 }
 /// Greater by more than the tolerance.
 inline bool isGreater(double a, double b, const Tolerance& tolerance = {}) noexcept {
-  return std::is_gt(compare(a, b, tolerance));
+  return isLess(b, a, tolerance);
 }
 inline bool isGreaterOrEqual(double a, double b, const Tolerance& tolerance = {}) noexcept {
-  return std::is_gteq(compare(a, b, tolerance));
+  return isLessOrEqual(b, a, tolerance);
 }
 /// @}
 

@@ -55,4 +55,8 @@ QString Icons::pathForRatio(const QString& path, qreal devicePixelRatio) {
   return QFile::exists(larger) ? larger : path;
 }
 
+QPixmap Icons::picture(const QString& path, qreal devicePixelRatio) {
+  return QPixmap(pathForRatio(path, devicePixelRatio)); // the reader takes the ratio from "@2x"
+}
+
 } // namespace Vela::Resource

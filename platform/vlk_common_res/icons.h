@@ -5,6 +5,7 @@
 
 #include <QColor>
 #include <QIcon>
+#include <QPixmap>
 #include <QString>
 #include <QStringList>
 
@@ -35,6 +36,9 @@ public:
   /// \a path with "@2x" before its extension when \a devicePixelRatio is above 1 and that file exists, else
   /// \a path; for what does not look for the larger file on its own, such as QMovie.
   static QString pathForRatio(const QString& path, qreal devicePixelRatio);
+  /// The picture at \a path for a screen of \a devicePixelRatio, which QPixmap does not choose on its own.
+  /// Its size on screen is QPixmap::deviceIndependentSize(). A null pixmap when there is no such picture.
+  static QPixmap picture(const QString& path, qreal devicePixelRatio);
 };
 
 } // namespace Vela::Resource

@@ -8,6 +8,8 @@
 #include <QPixmapCache>
 #include <QSvgRenderer>
 
+#include <utility>
+
 namespace Vela::Resource {
 
 namespace {
@@ -27,8 +29,8 @@ QByteArray recolored(QByteArray svg, const QColor& color) {
 
 } // namespace
 
-PaletteIconEngine::PaletteIconEngine(const QString& name, const QByteArray& svg, const QColor& fixedColor)
-    : m_name(name), m_svg(svg), m_fixedColor(fixedColor) {}
+PaletteIconEngine::PaletteIconEngine(QString name, QByteArray svg, const QColor& fixedColor)
+    : m_name(std::move(name)), m_svg(std::move(svg)), m_fixedColor(fixedColor) {}
 
 QColor PaletteIconEngine::rootColor(const QByteArray& svg) {
   const qsizetype position = rootColorPosition(svg);

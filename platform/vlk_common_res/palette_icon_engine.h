@@ -12,7 +12,7 @@ namespace Vela::Resource {
 class PaletteIconEngine : public QIconEngine {
 public:
   /// \a svg draws in its root's colour. A valid \a fixedColor is used for every mode but the disabled one.
-  PaletteIconEngine(const QString& name, const QByteArray& svg, const QColor& fixedColor);
+  PaletteIconEngine(QString name, QByteArray svg, const QColor& fixedColor);
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override;
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override;

@@ -3,15 +3,19 @@
 
 #include "license_dialog.h"
 
+#include <vlk_common_res/icons.h>
 #include <vlk_common_res/styles.h>
 
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QSize>
 
 namespace Vela::License {
 
 namespace {
+
+constexpr QSize ICON_SIZE(32, 32);
 
 /// Everything is allowed.
 class LicensedProvider : public ILicenseProvider {
@@ -27,8 +31,9 @@ QPointer<QMessageBox> makePaidFeatureBox(QWidget* parent) {
   QPointer box = new QMessageBox(parent);
   box->setObjectName(QStringLiteral("paid_feature_box"));
   box->setWindowTitle(LicenseService::tr("Paid Feature"));
-  box->setIcon(QMessageBox::Question);
   box->setTextFormat(Qt::PlainText);
+  box->setIconPixmap(
+      Resource::Icons::icon(QStringLiteral("info")).pixmap(ICON_SIZE, box->devicePixelRatioF()));
   box->setStyleSheet(Resource::Styles::Instance().DialogGeneral());
   return box;
 }

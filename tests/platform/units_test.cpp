@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include <qskrccommon/tolerance.h>
+#include <qskrccommon/units.h>
+#include <support/test_case.h>
+
+#include <QTranslator>
+
+#include <limits>
+
+using namespace Vela::Common;
+
+namespace {
+
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+constexpr double INFINITE = std::numeric_limits<double>::infinity();
+constexpr double LARGEST = std::numeric_limits<double>::max();
+
+/// Answers every text in capitals.
+class CapitalTranslator : public QTranslator {
+public:
+  bool isEmpty() const override { return false; }
+  QString translate(const char* /*context*/, const char* text, const char* /*disambiguation*/,
+                    int /*n*/) const override {
+    return QString::fromUtf8(text).toUpper();
+  }
+};
+
+/// Checks that every unit has texts of its own and that converting there and back gives the value again.
+template <class Unit>
+void checkAllUnits(std::span<const Unit> units) {
+  QStringList symbols;
+  for (const Unit unit : units) {
+    QVERIFY(!unitName(unit).isEmpty());
+    QVERIFY2(!symbols.contains(unitSymbol(unit)), qPrintable(unitSymbol(unit)));
+    symbols += unitSymbol(unit);
+    QCOMPARE(convert(0.1, unit, unit), 0.1);
+    for (const Unit other : units)
+      QVERIFY(isEqual(convert(convert(12.3, unit, other), other, unit), 12.3, {0, 1e-15}));
+  }
+}
+
+} // namespace
+
+class UnitsTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void comparesWithTolerance_data() {
+    QTest::addColumn<double>("a");
+    QTest::addColumn<double>("b");
+    QTest::addColumn<double>("absolute");
+    QTest::addColumn<double>("relative");
+    QTest::addColumn<int>("sign"); // of a - b, 2 when unordered
+    const auto row = [](const char* name, double a, double b, double absolute, double relative, int sign) {
+      QTest::newRow(name) << a << b << absolute << relative << sign;
+    };
+    row("sum of decimals", 0.1 + 0.2, 0.3, 1e-9, 1e-9, 0);
+    row("below by more", 1.0, 1.1, 0.05, 0, -1);
+    row("above by more", 1.1, 1.0, 0.05, 0, 1);
+    row("bound belongs to it", 1.0, 1.5, 0.5, 0, 0);
+    row("relative to the larger", 100.0, 90.0, 0, 0.1, 0);
+    row("relative bound of negatives", -1000.0, -1001.0, 0, 0.01, 0);
+    row("absolute wins near zero", 1e-12, -1e-12, 1e-9, 1e-9, 0);
+    row("relative says nothing near zero", 1e-12, -1e-12, 0, 1e-9, 1);
+    row("exact", 1.0, 1.0 + 1e-15, 0, 0, -1);
+    row("negative tolerance counts as zero", 1.0, 1.0, -1, -1, 0);
+    row("NaN tolerance counts as zero", 1.0, 2.0, NOT_A_NUMBER, NOT_A_NUMBER, -1);
+    row("same infinity", INFINITE, INFINITE, 0, 0, 0);
+    row("infinity and the largest", INFINITE, LARGEST, 1, 1, 1);
+    row("two infinities", -INFINITE, INFINITE, 1, 1, -1);
+    row("infinite tolerance keeps infinity apart", 0, INFINITE, INFINITE, 0, -1);
+    row("difference overflows", -LARGEST, LARGEST, 1, 0.5, -1);
+    row("NaN and a number", NOT_A_NUMBER, 1.0, INFINITE, 1, 2);
+    row("NaN and itself", NOT_A_NUMBER, NOT_A_NUMBER, 1, 1, 2);
+  }
+
+  void comparesWithTolerance() {
+    QFETCH(double, a);
+    QFETCH(double, b);
+    QFETCH(double, absolute);
+    QFETCH(double, relative);
+    QFETCH(int, sign);
+    const Tolerance tolerance{absolute, relative};
+    QCOMPARE(isLess(a, b, tolerance), sign == -1);
+    QCOMPARE(isEqual(a, b, tolerance), sign == 0);
+    QCOMPARE(isGreater(a, b, tolerance), sign == 1);
+    QCOMPARE(isLessOrEqual(a, b, tolerance), sign == -1 || sign == 0);
+    QCOMPARE(isGreaterOrEqual(a, b, tolerance), sign == 1 || sign == 0);
+    QCOMPARE(isEqual(b, a, tolerance), sign == 0);
+    QCOMPARE(isLess(b, a, tolerance), sign == 1);
+  }
+
+  void zeroIsAbsolute() {
+    QVERIFY(isZero(-0.0) && isZero(1e-10) && isZero(-1e-10));
+    QVERIFY(!isZero(1e-8) && isZero(1e-8, 1e-7));
+    QVERIFY(!isZero(NOT_A_NUMBER) && !isZero(-INFINITE));
+    QVERIFY(isZero(0.0, -1.0));
+  }
+
+  void convertsKnownQuantities() {
+    QCOMPARE(convert(1, Inch, Millimetre), 25.4);
+    QCOMPARE(convert(1, Foot, Inch), 12.0);
+    QCOMPARE(convert(3, Foot, Yard), 1.0);
+    QCOMPARE(convert(1, Foot, Metre), 0.3048);
+    QCOMPARE(convert(5, Kilometre, Micrometre), 5e9);
+    QCOMPARE(convert(1, SquareInch, SquareCentimetre), 6.4516);
+    QCOMPARE(convert(1, SquareFoot, SquareInch), 144.0);
+    QCOMPARE(convert(1, SquareMetre, SquareMillimetre), 1e6);
+    QCOMPARE(convert(1, CubicInch, Millilitre), 16.387064);
+    QCOMPARE(convert(1, CubicFoot, CubicInch), 1728.0);
+    QCOMPARE(convert(1, CubicFoot, Litre), 28.316846592);
+    QCOMPARE(convert(1, CubicMetre, Litre), 1000.0);
+    QCOMPARE(convert(7, CubicCentimetre, Millilitre), 7.0);
+    QCOMPARE(convert(1234567, CubicMillimetre, Litre), 1.234567);
+  }
+
+  void everyUnitIsComplete() {
+    checkAllUnits(lengthUnits());
+    checkAllUnits(areaUnits());
+    checkAllUnits(volumeUnits());
+  }
+
+  void numberThatIsNoUnitGivesNothing() {
+    const auto none = static_cast<EVolumeUnit>(99);
+    QVERIFY(unitName(none).isEmpty() && unitSymbol(none).isEmpty() && formatValue(1, none).isEmpty());
+    QVERIFY(qIsNaN(convert(1, none, Litre)) && qIsNaN(convert(1, Litre, none)));
+  }
+
+  void textsAreTranslatedWhenAsked() {
+    QCOMPARE(unitName(Millimetre), QStringLiteral("millimetres"));
+    CapitalTranslator translator;
+    QCoreApplication::installTranslator(&translator);
+    QCOMPARE(unitName(Millimetre), QStringLiteral("MILLIMETRES"));
+    QCOMPARE(unitSymbol(CubicInch), QStringLiteral("IN³"));
+    QCoreApplication::removeTranslator(&translator);
+  }
+
+  void formatsNumbers_data() {
+    QTest::addColumn<double>("value");
+    QTest::addColumn<int>("digits");
+    QTest::addColumn<QString>("text");
+    const auto row = [](double value, int digits, const char* text) {
+      QTest::newRow(text) << value << digits << QString::fromUtf8(text);
+    };
+    row(1.23456, 4, "1.235");
+    row(1.0, 3, "1");
+    row(-2.50, 4, "-2.5");
+    row(1234567.8, 4, "1,234,568");
+    row(1200.0, 2, "1,200");
+    row(9.9996, 4, "10");
+    row(9.9946, 4, "9.995");
+    row(0.00012345, 3, "0.000123");
+    row(0.1 + 0.2, 15, "0.3");
+    row(-0.0, 4, "0");
+    row(1234.4, -7, "1,234");
+    row(0.25, 99, "0.25");
+    row(1.5e-7, 3, "1.50E-07");
+    row(3e15, 2, "3.0E+15");
+    row(-INFINITE, 4, "-∞");
+    row(NOT_A_NUMBER, 4, "");
+  }
+
+  void formatsNumbers() {
+    QFETCH(double, value);
+    QFETCH(int, digits);
+    QTEST(formatNumber(value, QLocale(QLocale::English, QLocale::UnitedStates), digits), "text");
+  }
+
+  void formatsValuesAsTheLocaleWrites() {
+    const QLocale german(QLocale::German, QLocale::Germany);
+    QCOMPARE(formatValue(1234.56, CubicMillimetre, german, 5), QStringLiteral("1.234,6\u00a0mm³"));
+    QCOMPARE(formatValue(0.5, Inch, QLocale::c()), QStringLiteral("0.5\u00a0in"));
+    QCOMPARE(formatValue(INFINITE, SquareMetre, QLocale::c()), QStringLiteral("∞\u00a0m²"));
+    QVERIFY(formatValue(NOT_A_NUMBER, Litre).isEmpty());
+  }
+};
+
+VELA_TEST_MAIN(UnitsTest)
+#include "units_test.moc"
