@@ -1,5 +1,8 @@
-# Warnings, sanitizers and definitions shared by every target of the project.
+# vlk_target_options(<target> [PRECOMPILE <header>...] [PRECOMPILED_BY <target>])
+# Warnings, sanitizers and definitions shared by every target of the project, and its precompiled headers: the
+# common ones and those named, or those of another target of the same kind.
 function(vlk_target_options target)
+  cmake_parse_arguments(arg "" "PRECOMPILED_BY" "PRECOMPILE" ${ARGN})
   target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS QT_NO_FOREACH QT_DEPRECATED_WARNINGS)
   if(MSVC)
     target_compile_options(${target} PRIVATE /W4 /permissive-)
@@ -20,7 +23,11 @@ function(vlk_target_options target)
       target_compile_options(${target} PRIVATE -fno-sanitize-recover=undefined)
     endif()
   endif()
-  target_precompile_headers(${target} PRIVATE ${VLK_PRECOMPILED_HEADERS})
+  if(arg_PRECOMPILED_BY)
+    target_precompile_headers(${target} REUSE_FROM ${arg_PRECOMPILED_BY})
+  else()
+    target_precompile_headers(${target} PRIVATE ${VLK_PRECOMPILED_HEADERS} ${arg_PRECOMPILE})
+  endif()
 endfunction()
 
 set(VLK_PRECOMPILED_HEADERS

@@ -5,17 +5,19 @@
 #   SOURCES <file>...            sources and private headers
 #   HEADERS <file>...            public headers; installed below include/<dir>
 #   PUBLIC <target>...           link interface
-#   PRIVATE <target>...)
+#   PRIVATE <target>...
+#   PRECOMPILE <header>...)      beside the headers precompiled everywhere
 #
 # Makes a shared library with hidden visibility and a generated export header, and installs it with its headers.
 include(GenerateExportHeader)
 
 function(vlk_add_library target)
-  cmake_parse_arguments(arg "" "EXPORT_NAME;INCLUDE_DIR;EXPORT_MACRO" "SOURCES;HEADERS;PUBLIC;PRIVATE" ${ARGN})
+  cmake_parse_arguments(arg "" "EXPORT_NAME;INCLUDE_DIR;EXPORT_MACRO" 
+    "SOURCES;HEADERS;PUBLIC;PRIVATE;PRECOMPILE" ${ARGN})
 
   add_library(${target} SHARED ${arg_SOURCES} ${arg_HEADERS})
   add_library(Vela::${arg_EXPORT_NAME} ALIAS ${target})
-  vlk_target_options(${target})
+  vlk_target_options(${target} PRECOMPILE ${arg_PRECOMPILE})
 
   set(generated ${PROJECT_BINARY_DIR}/generated)
   set(export_header ${generated}/${arg_INCLUDE_DIR}/${arg_INCLUDE_DIR}_export.h)

@@ -6,7 +6,35 @@
 #include <QSettings>
 #include <QStandardPaths>
 
+#include <vector>
+
 namespace Vela::Test {
+
+namespace {
+
+using MakeTest = std::function<std::unique_ptr<QObject>()>;
+
+std::vector<MakeTest>& registeredTests() {
+  static std::vector<MakeTest> tests;
+  return tests;
+}
+
+} // namespace
+
+bool detail::registerTest(MakeTest make) {
+  registeredTests().push_back(std::move(make));
+  return true;
+}
+
+int runTests(int argc, char** argv) {
+  const auto application = makeApplication(argc, argv);
+  int failed = 0;
+  for (const MakeTest& make : registeredTests()) {
+    const auto test = make();
+    failed += QTest::qExec(test.get(), argc, argv) == 0 ? 0 : 1;
+  }
+  return failed;
+}
 
 void TestCase::init() {
   // The offscreen platform reports what it cannot do; that is not the code under test.
@@ -21,9 +49,7 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
   QStandardPaths::setTestModeEnabled(true);
   QCoreApplication::setOrganizationName(QStringLiteral("vlk_ui_base_tests"));
   QCoreApplication::setApplicationName(QStringLiteral("vlk_ui_base_tests"));
-  auto application = std::make_unique<QApplication>(argc, argv);
-  QTEST_SET_MAIN_SOURCE_PATH
-  return application;
+  return std::make_unique<QApplication>(argc, argv);
 }
 
 void settle() {

@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QTest>
 
+#include <functional>
 #include <memory>
 
 class QApplication;
@@ -23,15 +24,19 @@ private Q_SLOTS:
 /// standard paths in a test-only place.
 std::unique_ptr<QApplication> makeApplication(int& argc, char** argv);
 
+/// Runs the registered test classes of the executable one after another. @return how many failed.
+int runTests(int argc, char** argv);
+
 /// Turns the event loop until nothing is left to do.
 void settle();
 
+namespace detail {
+bool registerTest(std::function<std::unique_ptr<QObject>()> make);
+} // namespace detail
+
 } // namespace Vela::Test
 
-/// The main function of a test executable with one test class.
+/// Registers a test class with its executable, whose main function runs them all.
 #define VELA_TEST_MAIN(TestClass)                                                                            \
-  int main(int argc, char** argv) {                                                                          \
-    const auto application = Vela::Test::makeApplication(argc, argv);                                        \
-    TestClass test;                                                                                          \
-    return QTest::qExec(&test, argc, argv);                                                                  \
-  }
+  [[maybe_unused]] static const bool registered##TestClass =                                                 \
+      Vela::Test::detail::registerTest([] { return std::make_unique<TestClass>(); });
