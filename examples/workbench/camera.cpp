@@ -34,25 +34,38 @@ void Camera::resetAngles() {
 }
 
 void Camera::fit(const Bounds& bounds, const QSizeF& viewport) {
+  std::vector<QVector3D> corners;
+  for (int corner = 0; corner < 8; ++corner)
+    corners.emplace_back((corner & 1) != 0 ? bounds.min.x() : bounds.max.x(),
+                         (corner & 2) != 0 ? bounds.min.y() : bounds.max.y(),
+                         (corner & 4) != 0 ? bounds.min.z() : bounds.max.z());
   m_target = bounds.center();
-  const double radius = double(bounds.size().length()) / 2;
-  m_sceneRadius = radius > 0 ? radius : 1;
+  m_sceneRadius = double(bounds.size().length()) / 2;
+  if (!(m_sceneRadius > 0))
+    m_sceneRadius = 1;
+  m_distance = distanceShowing(corners, viewport);
+}
 
+void Camera::fit(const Mesh& mesh, const QSizeF& viewport) {
+  fit(mesh.bounds(), viewport);
+  if (!mesh.isEmpty())
+    m_distance = distanceShowing(mesh.positions(), viewport);
+}
+
+double Camera::distanceShowing(const std::vector<QVector3D>& points, const QSizeF& viewport) const {
   const double focal = focalLength(viewport);
   const double slopeX = usable(viewport.width()) / 2 / focal;
   const double slopeY = usable(viewport.height()) / 2 / focal;
   const CameraAxes axis = axes();
-  const QVector3D half = bounds.size() / 2;
-  double distance = m_sceneRadius * NearestDistance;
-  for (int corner = 0; corner < 8; ++corner) {
-    const QVector3D p((corner & 1) != 0 ? half.x() : -half.x(), (corner & 2) != 0 ? half.y() : -half.y(),
-                      (corner & 4) != 0 ? half.z() : -half.z());
-    const double towardsEye = -dot(p, axis.forward);
+  double distance = 0;
+  for (const QVector3D& point : points) {
+    const QVector3D p = point - m_target;
     const double x = std::abs(dot(p, axis.right)) / slopeX;
     const double y = std::abs(dot(p, axis.up)) / slopeY;
-    distance = std::max(distance, towardsEye + std::max(x, y));
+    distance = std::max(distance, std::max(x, y) - dot(p, axis.forward));
   }
-  m_distance = (radius > 0 ? distance : m_sceneRadius * 4) * FitMargin;
+  // A point alone is seen from some way off.
+  return (distance > m_sceneRadius * NearestDistance ? distance : m_sceneRadius * 4) * FitMargin;
 }
 
 void Camera::orbit(double yaw, double pitch) {

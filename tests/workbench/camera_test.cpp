@@ -60,6 +60,17 @@ private Q_SLOTS:
     }
   }
 
+  void fitComesNearerToAMeshThanToItsBounds() {
+    const Mesh round = Test::blob(30);
+    Camera camera = lookingAt(round.bounds(), 30, 20);
+    const double toBounds = camera.distance();
+    camera.fit(round, Viewport);
+    QVERIFY(camera.distance() < toBounds * 0.9);
+    QCOMPARE(camera.target(), round.bounds().center());
+    for (const QVector3D& p : round.positions())
+      QVERIFY(QRectF(QPointF(), Viewport).contains(camera.project(p, Viewport).value()));
+  }
+
   void aPointStaysUnderItsRay() {
     const Camera camera = lookingAt({{-1, -1, -1}, {1, 1, 1}}, 37, -12);
     for (const QPointF& position : {QPointF(0, 0), QPointF(400, 300), QPointF(713.5, 21.25)}) {
@@ -117,9 +128,11 @@ private Q_SLOTS:
 
   void fitsWhatHasNoSize() {
     Camera camera;
-    camera.fit({{5, 5, 5}, {5, 5, 5}}, Viewport);
+    camera.fit(Bounds{{5, 5, 5}, {5, 5, 5}}, Viewport);
     QVERIFY(near(camera.project({5, 5, 5}, Viewport).value(), {400, 300}));
-    camera.fit({}, QSizeF());
+    camera.fit(Bounds(), QSizeF());
+    QVERIFY(camera.distance() > 0);
+    camera.fit(Mesh(), Viewport);
     QVERIFY(camera.distance() > 0);
   }
 

@@ -19,7 +19,7 @@ RenderStyle lightStyle() { return RenderStyle::forPalette(QPalette(QColor(0xef, 
 Camera frontCamera(const QSize& size, double scale) {
   Camera camera;
   camera.orbit(-camera.yaw(), -camera.pitch());
-  camera.fit({{-1, -1, -1}, {1, 1, 1}}, size);
+  camera.fit(Bounds{{-1, -1, -1}, {1, 1, 1}}, size);
   camera.zoomAt(camera.distance() * scale / Camera::focalLength(size), camera.target());
   return camera;
 }

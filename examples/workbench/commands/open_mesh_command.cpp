@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+#include "open_mesh_command.h"
+
+#include <ui_base/views/qt_ui_toolkit.h>
+#include <vlk_app_service/application_service.h>
+#include <vlk_app_service/config_manager.h>
+#include <workbench/command_menus.h>
+#include <workbench/mesh_loader.h>
+#include <workbench/mesh_view.h>
+#include <workbench/mesh_view_controller.h>
+
+#include <QFileDialog>
+#include <QFileInfo>
+
+namespace Workbench {
+
+using namespace Vela::UiBase;
+using Taren::Core::dispatchAsync;
+
+namespace {
+
+constexpr QLatin1String FolderKey("files/folder");
+
+Vela::Services::ConfigManager& config() {
+  return Vela::Services::ApplicationService::GetInstance().GetConfigManager();
+}
+
+} // namespace
+
+OpenMeshCommand::OpenMeshCommand(MeshViewController* controller) : CommandBase(controller) {
+  setText(tr("&Open Mesh…"));
+  setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("open_file")));
+  setShortcut(QKeySequence::Open);
+  setStatusTip(tr("Show the mesh of an OBJ, PLY, STL, OFF or glTF file"));
+  setBaseGroupName(FileSection);
+  setExecutionQoS(Taren::Core::NormalQoS);
+  enableExecutionNotification(true);
+}
+
+void OpenMeshCommand::open(const QStringList& files) {
+  m_waiting += files;
+  if (!m_running)
+    openWaiting();
+}
+
+void OpenMeshCommand::openWaiting() {
+  m_running = false;
+  if (!m_waiting.isEmpty())
+    onExecute();
+}
+
+void OpenMeshCommand::stop() {
+  m_waiting.clear();
+  m_stop.request_stop();
+}
+
+QList<OpenMeshCommand::Failure> OpenMeshCommand::takeFailures() { return std::exchange(m_failures, {}); }
+
+bool OpenMeshCommand::onExecute(bool checked) {
+  if (m_running)
+    return false;
+  if (m_waiting.isEmpty()) {
+    askForFiles();
+    return false;
+  }
+  m_running = true;
+  m_files = std::exchange(m_waiting, {});
+  m_stop = {};
+  const QString name = QFileInfo(m_files.constFirst()).fileName();
+  const QString message = m_files.size() == 1
+                              ? tr("Opening %1…").arg(name)
+                              : tr("Opening %1 and %2 more…").arg(name).arg(m_files.size() - 1);
+  setExecutionNotificationMessage(StartNotification, message);
+  setExecutionNotificationMessage(EndNotification, {});
+  if (auto* const controller = dynamic_cast<MeshViewController*>(getViewController()))
+    Q_EMIT controller->events().openStarted(message);
+  return CommandBase::onExecute(checked);
+}
+
+bool OpenMeshCommand::onExecuteAsync(bool) {
+  const auto self = std::dynamic_pointer_cast<OpenMeshCommand>(shared_from_this());
+  QList<Failure> failures;
+  for (const QString& file : std::as_const(m_files)) {
+    try {
+      const Mesh mesh = loadMesh(file, m_stop.get_token());
+      const auto show = [self, mesh, file] {
+        if (auto* const controller = dynamic_cast<MeshViewController*>(self->getViewController()))
+          controller->showMesh(mesh, file);
+      };
+      dispatchAsync(show, Taren::Core::MainThreadQoS);
+    } catch (const MeshLoadError& error) {
+      if (m_stop.stop_requested())
+        break;
+      failures.append({file, error.reason(), error.message()});
+    }
+  }
+  dispatchAsync([self, failures] { self->finishRun(failures); }, Taren::Core::MainThreadQoS);
+  return failures.isEmpty();
+}
+
+// Comes after the last mesh is shown and before the closing steps, which tell the user.
+void OpenMeshCommand::finishRun(const QList<Failure>& failures) {
+  m_failures = failures;
+  const qsizetype opened = m_files.size() - failures.size();
+  if (opened > 0)
+    setExecutionNotificationMessage(EndNotification,
+                                    opened == 1 && m_files.size() == 1
+                                        ? tr("Opened %1").arg(QFileInfo(m_files.constFirst()).fileName())
+                                        : tr("Opened %1 of %2 files").arg(opened).arg(m_files.size()));
+}
+
+CommandContext OpenMeshCommand::getExecutionCommandContext() {
+  CommandContext context;
+  context.overwrite(commandId(), {State::Off, State::Keep});
+  return context;
+}
+
+void OpenMeshCommand::askForFiles() {
+  const BaseView* const view = getView();
+  auto* const dialog = new QFileDialog(view ? view->window() : nullptr, tr("Open Mesh"),
+                                       config().value(FolderKey).toString(), meshNameFilter());
+  dialog->setAttribute(Qt::WA_DeleteOnClose);
+  dialog->setFileMode(QFileDialog::ExistingFiles);
+  connect(dialog, &QFileDialog::filesSelected, this, [this](const QStringList& files) {
+    config().setValue(FolderKey, QFileInfo(files.constFirst()).absolutePath());
+    open(files);
+  });
+  dialog->open();
+}
+
+} // namespace Workbench

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ui_base/commands/command_base.h>
+
+#include <QStringList>
+
+#include <stop_token>
+
+namespace Workbench {
+
+class MeshViewController;
+
+/// Opens mesh files. Reads them on a thread of the dispatcher and hands each mesh to the controller on the
+/// main thread; a file that cannot be read leaves the mesh before in its place.
+///
+/// Triggered it first asks which files; open() is told. While it works it is disabled, and files that are
+/// asked for meanwhile wait.
+class OpenMeshCommand : public Vela::UiBase::CommandBase {
+  Q_OBJECT
+  COMMAND_ID(OpenMeshCommand)
+
+public:
+  /// A file that was not opened, in words for the user.
+  struct Failure {
+    QString fileName;
+    QString reason;
+    QString message; ///< Names the file and the reason.
+  };
+
+  explicit OpenMeshCommand(MeshViewController* controller);
+
+  /// Opens files, the last one last.
+  void open(const QStringList& files);
+  /// Opens what was asked for while the command worked.
+  void openWaiting();
+  /// Ends the reading early and forgets the files that wait.
+  void stop();
+  /// The failures of the last run, handed out once.
+  QList<Failure> takeFailures();
+
+  bool onExecuteAsync(bool checked) override;
+
+public Q_SLOTS:
+  bool onExecute(bool checked = false) override;
+
+protected:
+  Vela::UiBase::CommandContext getExecutionCommandContext() override;
+
+private:
+  void askForFiles();
+  void finishRun(const QList<Failure>& failures);
+
+  QStringList m_waiting;
+  QStringList m_files; // of the run; left alone while it lasts
+  bool m_running = false;
+  QList<Failure> m_failures;
+  std::stop_source m_stop;
+};
+
+} // namespace Workbench

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include "reset_view_command.h"
+
+#include <ui_base/views/qt_ui_toolkit.h>
+#include <workbench/command_menus.h>
+#include <workbench/mesh_view.h>
+#include <workbench/mesh_view_controller.h>
+
+namespace Workbench {
+
+using namespace Vela::UiBase;
+
+ResetViewCommand::ResetViewCommand(MeshViewController* controller) : CommandBase(controller) {
+  setText(tr("&Reset View"));
+  setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("reset_view")));
+  setShortcut(Qt::CTRL | Qt::Key_0);
+  setStatusTip(tr("Show all of the mesh from the front"));
+  setBaseGroupName(ViewSection);
+}
+
+bool ResetViewCommand::onExecuteAsync(bool) {
+  auto* const view = qobject_cast<MeshView*>(getView());
+  if (!view)
+    return false;
+  view->resetCamera();
+  return true;
+}
+
+} // namespace Workbench

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ui_base/commands/command_base.h>
+
+#include <QImage>
+
+namespace Workbench {
+
+class MeshViewController;
+
+/// Saves the view's picture to an image file. Asks for the file, takes the picture, and writes it on a thread
+/// of the dispatcher.
+class SaveScreenshotCommand : public Vela::UiBase::CommandBase {
+  Q_OBJECT
+  COMMAND_ID(SaveScreenshotCommand)
+
+public:
+  explicit SaveScreenshotCommand(MeshViewController* controller);
+
+  /// @throws std::runtime_error when the file cannot be written; the user is told.
+  bool onExecuteAsync(bool checked) override;
+
+public Q_SLOTS:
+  bool onExecute(bool checked = false) override;
+
+private:
+  void askForFile();
+  void save(const QString& file);
+  QString suggestedFile() const;
+
+  // What the run works on; left alone while it lasts.
+  QImage m_picture;
+  QString m_file;
+};
+
+} // namespace Workbench

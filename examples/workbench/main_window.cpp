@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "main_window.h"
+
+#include <ui_base/views/qt_ui_toolkit.h>
+#include <vlk_app_service/application_service.h>
+#include <vlk_common_res/styles.h>
+#include <workbench/command_menus.h>
+#include <workbench/mesh_view.h>
+#include <workbench/mesh_view_controller.h>
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenuBar>
+#include <QStatusBar>
+
+namespace Workbench {
+
+using Vela::Resource::Styles;
+
+MainWindow::MainWindow(QWidget* parent)
+    : QMainWindow(parent),
+      m_view(new MeshView(this)),
+      m_controller(new MeshViewController(m_view)),
+      m_menus(std::make_shared<CommandMenus>(*menuBar())),
+      m_numbers(new QLabel(this)) {
+  m_controller->setDelegate(m_menus, false);
+  setCentralWidget(m_view);
+  statusBar()->addPermanentWidget(m_numbers);
+  setWindowIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("smooth_shading")));
+  showFileName();
+  connectEvents();
+  connect(&Styles::Instance(), &Styles::changed, this, &MainWindow::applyPalette);
+  applyPalette();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::connectEvents() {
+  const MeshViewEvents& events = m_controller->events();
+  connect(&events, &MeshViewEvents::meshShown, this, &MainWindow::showFileName);
+  const auto showMessage = [this](const QString& message) { statusBar()->showMessage(message); };
+  connect(&events, &MeshViewEvents::openStarted, this, showMessage);
+  connect(&events, &MeshViewEvents::openFailed, this,
+          [showMessage](const QString&, const QString&, const QString& message) { showMessage(message); });
+  connect(&events, &MeshViewEvents::openFinished, this, [this](bool allOpened) {
+    if (allOpened)
+      statusBar()->clearMessage();
+  });
+}
+
+void MainWindow::showFileName() {
+  const QString& file = m_controller->fileName();
+  setWindowFilePath(file);
+  setWindowTitle(file.isEmpty() ? tr("Workbench") : tr("%1 – Workbench").arg(QFileInfo(file).fileName()));
+  m_numbers->setText(m_view->statusText());
+}
+
+void MainWindow::applyPalette() { QApplication::setPalette(Styles::Instance().widgetPalette()); }
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (Vela::Services::ApplicationService::GetInstance().requestShutdown())
+    QMainWindow::closeEvent(event);
+  else
+    event->ignore();
+}
+
+} // namespace Workbench

@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+#include "mesh_view.h"
+
+#include <ui_base/views/qt_ui_toolkit.h>
+
+#include <QEvent>
+#include <QLocale>
+#include <QPainter>
+#include <QPainterPath>
+
+namespace Workbench {
+namespace {
+
+constexpr int RestTime = 150; // ms without a change after which the edges are smoothed
+constexpr int HintIconSize = 56;
+constexpr int HintSpacing = 14;
+
+} // namespace
+
+MeshView::MeshView(QWidget* parent) : BaseView(parent) {
+  setAccessibleName(tr("Mesh view"));
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::StrongFocus);
+  setMinimumSize(160, 120);
+  m_rest.setSingleShot(true);
+  m_rest.setInterval(RestTime);
+  connect(&m_rest, &QTimer::timeout, this, [this] { invalidate(Change::Once); });
+}
+
+void MeshView::setMesh(const Mesh& mesh) {
+  m_mesh = mesh;
+  setAccessibleDescription(statusText());
+  resetCamera();
+  Q_EMIT meshChanged();
+}
+
+void MeshView::setCamera(const Camera& camera) {
+  if (m_camera == camera)
+    return;
+  m_camera = camera;
+  m_cameraFits = false;
+  invalidate(Change::Ongoing);
+}
+
+void MeshView::resetCamera() {
+  m_camera.resetAngles();
+  fitCamera();
+  invalidate(Change::Once);
+}
+
+void MeshView::fitCamera() {
+  m_camera.fit(m_mesh, size());
+  m_cameraFits = true;
+}
+
+void MeshView::setFlatShaded(bool flat) {
+  if (m_flatShaded == flat)
+    return;
+  m_flatShaded = flat;
+  invalidate(Change::Once);
+}
+
+void MeshView::setDropHighlight(bool on) {
+  if (m_dropHighlight == on)
+    return;
+  m_dropHighlight = on;
+  update();
+}
+
+std::optional<Renderer::Hit> MeshView::pick(const QPoint& position) {
+  if (m_mesh.isEmpty())
+    return std::nullopt;
+  renderIfNeeded();
+  return m_renderer.pick((QPointF(position) * devicePixelRatioF()).toPoint());
+}
+
+QImage MeshView::picture() {
+  render(2);
+  return m_renderer.image();
+}
+
+QString MeshView::statusText() const {
+  if (m_mesh.isEmpty())
+    return {};
+  const QLocale locale;
+  return tr("Triangles: %1   Vertices: %2")
+      .arg(locale.toString(qulonglong(m_mesh.triangles().size())),
+           locale.toString(qulonglong(m_mesh.positions().size())));
+}
+
+QSize MeshView::sizeHint() const { return {960, 640}; }
+
+void MeshView::changeEvent(QEvent* event) {
+  BaseView::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange)
+    invalidate(Change::Once);
+}
+
+void MeshView::resizeEvent(QResizeEvent* event) {
+  BaseView::resizeEvent(event);
+  if (m_cameraFits)
+    fitCamera();
+  invalidate(m_settled ? Change::Ongoing : Change::Once);
+}
+
+void MeshView::invalidate(Change change) {
+  m_outdated = true;
+  m_settled = false;
+  if (change == Change::Ongoing)
+    m_rest.start();
+  else
+    m_rest.stop();
+  update();
+}
+
+QSize MeshView::deviceSize() const { return (QSizeF(size()) * devicePixelRatioF()).toSize(); }
+
+void MeshView::render(int oversampling) {
+  m_style = RenderStyle::forPalette(palette());
+  m_style.smooth = !m_flatShaded;
+  m_renderer.render(m_mesh, m_camera, deviceSize(), m_style, oversampling);
+  m_outdated = false;
+}
+
+void MeshView::renderIfNeeded() {
+  if (!m_outdated && m_renderer.image().size() == deviceSize())
+    return;
+  // At a high resolution the steps at the edges are too small to be seen.
+  const bool quick = m_rest.isActive() || devicePixelRatioF() > 1.5;
+  render(quick ? 1 : 2);
+}
+
+void MeshView::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  if (m_mesh.isEmpty()) {
+    paintHint(painter);
+  } else {
+    renderIfNeeded();
+    painter.drawImage(QRectF(QPointF(), QSizeF(m_renderer.image().size()) / devicePixelRatioF()),
+                      m_renderer.image());
+  }
+  if (m_dropHighlight)
+    paintDropHighlight(painter);
+  if (!m_settled && !m_rest.isActive()) {
+    m_settled = true;
+    QMetaObject::invokeMethod(this, &MeshView::tellSettled, Qt::QueuedConnection);
+  }
+}
+
+void MeshView::tellSettled() {
+  if (m_settled)
+    Q_EMIT settled();
+}
+
+// Without the renderer: an empty workbench starts without its threads and buffers.
+void MeshView::paintHint(QPainter& painter) const {
+  const RenderStyle style = RenderStyle::forPalette(palette());
+  QLinearGradient gradient(0, 0, 0, height());
+  gradient.setColorAt(0, style.backgroundTop);
+  gradient.setColorAt(1, style.backgroundBottom);
+  painter.fillRect(rect(), gradient);
+
+  QFont titleFont = font();
+  titleFont.setPointSizeF(titleFont.pointSizeF() * 1.4);
+  const QString title = tr("Open a mesh (Ctrl+O) or drop a file here");
+  const QString formats = tr("OBJ, PLY, STL, OFF, glTF");
+  const QRect titleArea(0, height() / 2, width(), QFontMetrics(titleFont).height());
+  const QIcon icon = Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("open_file"));
+  const QRect iconArea((width() - HintIconSize) / 2, titleArea.top() - HintIconSize - HintSpacing,
+                       HintIconSize, HintIconSize);
+  painter.setOpacity(0.6);
+  icon.paint(&painter, iconArea);
+  painter.setOpacity(1);
+  painter.setPen(palette().color(QPalette::WindowText));
+  painter.setFont(titleFont);
+  painter.drawText(titleArea, Qt::AlignCenter, title);
+  painter.setFont(font());
+  painter.setOpacity(0.7);
+  painter.drawText(titleArea.translated(0, titleArea.height() + HintSpacing / 2), Qt::AlignCenter, formats);
+  painter.setOpacity(1);
+}
+
+void MeshView::paintDropHighlight(QPainter& painter) const {
+  painter.setRenderHint(QPainter::Antialiasing);
+  QColor color = palette().color(QPalette::Highlight);
+  painter.setPen(QPen(color, 3));
+  color.setAlpha(28);
+  painter.setBrush(color);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(8, 8, -8, -8), 8, 8);
+}
+
+} // namespace Workbench

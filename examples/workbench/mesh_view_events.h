@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+namespace Workbench {
+
+/// What a MeshViewController has to tell the window around its view. A helper object, because the controller
+/// cannot have signals of its own. All on the main thread.
+class MeshViewEvents : public QObject {
+  Q_OBJECT
+
+public:
+  using QObject::QObject;
+
+Q_SIGNALS:
+  /// Files are being read. @p message says which, for the user.
+  void openStarted(const QString& message);
+  /// The view shows the mesh of that file now.
+  void meshShown(const QString& fileName);
+  /// A file was not opened; the mesh before is still shown. @p message names the file and the reason.
+  void openFailed(const QString& fileName, const QString& reason, const QString& message);
+  /// All files that were asked for were dealt with.
+  void openFinished(bool allOpened);
+};
+
+} // namespace Workbench

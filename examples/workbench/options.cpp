@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "options.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QRegularExpression>
+
+namespace Workbench {
+namespace {
+
+struct OptionText {
+  Q_DECLARE_TR_FUNCTIONS(Workbench::Options)
+};
+
+// "1280x800", sides of 1 to 16384; an empty size otherwise.
+QSize parseSize(const QString& text) {
+  static const QRegularExpression form(QStringLiteral("^(\\d{1,5})x(\\d{1,5})$"));
+  constexpr int Most = 16384;
+  const QRegularExpressionMatch match = form.match(text);
+  const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
+  return size.width() <= Most && size.height() <= Most ? size : QSize();
+}
+
+} // namespace
+
+Options Options::parse(const QStringList& arguments) {
+  QCommandLineParser parser;
+  parser.setApplicationDescription(
+      OptionText::tr("Shows triangle meshes: OBJ, PLY, STL, OFF, glTF and GLB."));
+  const QCommandLineOption screenshot(
+      QStringLiteral("screenshot"),
+      OptionText::tr(
+          "Open the files, save what the window shows as <image>, and end. The exit status is 1 when "
+          "a file cannot be opened or the image cannot be written."),
+      OptionText::tr("image"));
+  const QCommandLineOption size(QStringLiteral("size"),
+                                OptionText::tr("Size of the window, such as 1280x800."),
+                                OptionText::tr("width>x<height"));
+  const QCommandLineOption trace(
+      QStringLiteral("trace"),
+      OptionText::tr("Save when commands began and ended as <file>, in the Chrome trace-event format."),
+      OptionText::tr("file"));
+  parser.addOptions({screenshot, size, trace});
+  const QCommandLineOption help = parser.addHelpOption();
+  const QCommandLineOption version = parser.addVersionOption();
+  parser.addPositionalArgument(QStringLiteral("files"),
+                               OptionText::tr("The meshes to open; the last one is shown."),
+                               QStringLiteral("[files…]"));
+
+  Options options;
+  if (!parser.parse(arguments)) {
+    options.answer = Answer{parser.errorText() + QLatin1Char('\n'), 1};
+  } else if (parser.isSet(help)) {
+    options.answer = Answer{parser.helpText(), 0};
+  } else if (parser.isSet(version)) {
+    options.answer = Answer{QStringLiteral("%1 %2\n").arg(QCoreApplication::applicationName(),
+                                                          QCoreApplication::applicationVersion()),
+                            0};
+  } else if (parser.isSet(size)) {
+    options.size = parseSize(parser.value(size));
+    if (options.size.isEmpty())
+      options.answer =
+          Answer{OptionText::tr("“%1” is not a size such as 1280x800.\n").arg(parser.value(size)), 1};
+  }
+  options.files = parser.positionalArguments();
+  options.screenshot = parser.value(screenshot);
+  options.trace = parser.value(trace);
+  return options;
+}
+
+} // namespace Workbench

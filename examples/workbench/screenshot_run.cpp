@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "screenshot_run.h"
+
+#include <workbench/console.h>
+#include <workbench/main_window.h>
+#include <workbench/mesh_view.h>
+#include <workbench/mesh_view_controller.h>
+
+#include <QCoreApplication>
+#include <QImageWriter>
+#include <QPixmap>
+#include <QTimer>
+
+namespace Workbench {
+
+ScreenshotRun::ScreenshotRun(MainWindow& window, const QString& image) : m_window(window), m_image(image) {
+  connect(m_window.view(), &MeshView::settled, this, &ScreenshotRun::saveWhenSettled);
+  connect(&m_window.controller()->events(), &MeshViewEvents::openFinished, this,
+          &ScreenshotRun::openingFinished);
+}
+
+void ScreenshotRun::start(const QStringList& files) {
+  m_opening = !files.isEmpty();
+  m_window.controller()->openFiles(files);
+  saveWhenSettled();
+}
+
+void ScreenshotRun::openingFinished(bool allOpened) {
+  m_opening = false;
+  if (allOpened)
+    m_window.controller()->hideNotification(); // it would have gone before anybody looks closely
+  else
+    m_status = 1;
+  saveWhenSettled();
+}
+
+void ScreenshotRun::saveWhenSettled() {
+  if (m_opening || m_saved || !m_window.view()->isSettled())
+    return;
+  m_saved = true;
+  // What was just shown over the view still has to find its place.
+  QTimer::singleShot(0, this, &ScreenshotRun::save);
+}
+
+void ScreenshotRun::save() {
+  QImageWriter writer(m_image);
+  if (!writer.write(m_window.grab().toImage())) {
+    printError(m_image, writer.errorString());
+    m_status = 1;
+  }
+  QCoreApplication::exit(m_status);
+}
+
+} // namespace Workbench

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+
+namespace Workbench {
+
+class MainWindow;
+
+/// Opens files, waits until the window shows the result, saves what the user would see, and ends the program:
+/// with status 0, or 1 when a file was not opened or the image cannot be written.
+class ScreenshotRun : public QObject {
+  Q_OBJECT
+
+public:
+  /// @param window  shown already; outlives the run
+  ScreenshotRun(MainWindow& window, const QString& image);
+
+  void start(const QStringList& files);
+
+private:
+  void openingFinished(bool allOpened);
+  void saveWhenSettled();
+  void save();
+
+  MainWindow& m_window;
+  QString m_image;
+  bool m_opening = false;
+  bool m_saved = false;
+  int m_status = 0;
+};
+
+} // namespace Workbench

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vlk_app_service/i_app_manager.h>
+
+namespace Workbench {
+
+/// Gives a mesh view its commands, in the order of the menus.
+class WorkbenchAppManager : public Vela::Services::IAppManager {
+public:
+  QList<Vela::UiBase::CommandBase*> commandsFor(Vela::UiBase::CmdsViewController* controller) override;
+};
+
+} // namespace Workbench
