@@ -20,6 +20,8 @@ enum EQualityOfService : int {
 /// Callable from any thread. What the task throws is logged and goes no further. Tasks of MainThreadQoS run
 /// in the order in which they were handed over; they wait for an application object if there is none yet.
 ///
+/// An empty function is a task that does nothing.
+///
 /// @code
 /// dispatchAsync([mesh] { mesh->smooth(); }, NormalQoS);
 /// @endcode

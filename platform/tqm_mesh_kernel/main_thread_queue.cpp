@@ -31,6 +31,8 @@ private:
 } // namespace
 
 void runGuarded(const std::function<void()>& task) noexcept {
+  if (!task)
+    return;
   try {
     task();
   } catch (const std::exception& error) {

@@ -17,8 +17,6 @@
 namespace Taren::Core {
 
 namespace detail {
-/// The task of a broadcast that nobody hears asynchronously.
-UI_BASE_EXPORT const std::function<void()>& emptyTask() noexcept;
 /// @throws std::logic_error
 [[noreturn]] UI_BASE_EXPORT void throwUnmanagedObserver(const std::type_info& type);
 } // namespace detail
@@ -26,12 +24,10 @@ UI_BASE_EXPORT const std::function<void()>& emptyTask() noexcept;
 /// A subject that announces the protocol P, an abstract class of callbacks, to any number of observers.
 ///
 /// Observers are never owned:
-/// - a *guarded* observer is given as a plain pointer; it must be a QObject that lives on the main thread and
-/// is
+/// - a *guarded* observer is given as a plain pointer; it must be a QObject that lives on the main thread,
 ///   owned by its Qt parent. It is called from a task of MainThreadQoS;
 /// - an *asynchronous* observer is given as a shared pointer and held weakly; called from the same task;
-/// - a *synchronous* observer is given as a shared pointer and held weakly; called on the broadcasting
-/// thread.
+/// - a *synchronous* observer is given as a shared pointer and held weakly; called by broadcast() itself.
 ///
 /// Adding, removing and broadcasting are allowed from any thread, also from inside a callback: no lock is
 /// held while an observer runs. An observer added or removed during a broadcast does not change who receives
@@ -94,6 +90,8 @@ private:
     typename WeakList::Snapshot synchronous;
   };
 
+  template <class F>
+  static void callEach(const typename WeakList::Snapshot& observers, const F& f);
   Recipients takeRecipients();
   void removeNullObservers();
 
@@ -191,10 +189,24 @@ P* Broadcaster<P>::firstObserver() const {
 
 template <class P>
 template <class F>
+void Broadcaster<P>::callEach(const typename WeakList::Snapshot& observers, const F& f) {
+  // A reference is let go one call later: its counter cannot be read right after the lock has written it
+  // without waiting for the write, which takes as long as the call itself.
+  std::shared_ptr<P> called;
+  for (const Weak& entry : observers) {
+    if (auto observer = entry.lock()) {
+      std::invoke(f, observer.get());
+      called = std::move(observer);
+    }
+  }
+}
+
+template <class P>
+template <class F>
 void Broadcaster<P>::broadcast(const F& f) {
   Recipients recipients = takeRecipients();
   if (recipients.guarded.isEmpty() && recipients.asynchronous.isEmpty()) {
-    dispatchAsync(detail::emptyTask(), MainThreadQoS);
+    dispatchAsync(std::function<void()>(), MainThreadQoS);
   } else {
     dispatchAsync(
         [guarded = std::move(recipients.guarded), asynchronous = std::move(recipients.asynchronous), f] {
@@ -202,17 +214,11 @@ void Broadcaster<P>::broadcast(const F& f) {
             if (entry.object)
               std::invoke(f, entry.observer);
           }
-          for (const Weak& entry : asynchronous) {
-            if (const auto observer = entry.lock())
-              std::invoke(f, observer.get());
-          }
+          callEach(asynchronous, f);
         },
         MainThreadQoS);
   }
-  for (const Weak& entry : recipients.synchronous) {
-    if (const auto observer = entry.lock())
-      std::invoke(f, observer.get());
-  }
+  callEach(recipients.synchronous, f);
 }
 
 } // namespace Taren::Core
