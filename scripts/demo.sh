@@ -17,11 +17,13 @@ done
 workbench=$root/build/release/bin/workbench
 pictures=$root/build/demo
 
-# screenshot <name> <argument...>
+# screenshot <name> <dark: true or false> <scale> <file>: with settings of its own, not the user's.
 screenshot() {
-  local picture=$pictures/$1.png
-  shift
-  QT_QPA_PLATFORM=offscreen "$workbench" "$@" --screenshot "$picture"
+  local picture=$pictures/$1.png settings=$pictures/settings
+  mkdir -p "$settings/vlk_ui_base"
+  printf '[look]\ndark=%s\n' "$2" >"$settings/vlk_ui_base/workbench.conf"
+  XDG_CONFIG_HOME=$settings QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=$3 QT_LOGGING_RULES='*.warning=false' \
+    "$workbench" "$4" --screenshot "$picture"
   say "wrote $picture"
 }
 
@@ -43,9 +45,11 @@ if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
 fi
 
 say "No display: running offscreen."
-mkdir -p "$pictures"
-rm -f "$pictures"/*.png
+rm -rf "$pictures"
 for file in "${files[@]}"; do
   name=$(basename "$file")
-  screenshot "${name%.*}" "$file"
+  screenshot "${name%.*}" false 1 "$file"
 done
+name=$(basename "${files[0]}")
+screenshot "${name%.*}-dark" true 1 "${files[0]}"
+screenshot "${name%.*}-2x" false 2 "${files[0]}"
