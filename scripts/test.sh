@@ -19,7 +19,7 @@ done
 unset QT_QPA_PLATFORM DISPLAY WAYLAND_DISPLAY
 
 test_on_display() {
-  QT_QPA_PLATFORM=xcb xvfb-run -a -s '-screen 0 1600x1200x24' ctest --preset release -L display --no-tests=error
+  QT_QPA_PLATFORM=xcb xvfb-run -a -s '-screen 0 1600x1200x24' ctest --preset release -R '_e2e_test$' --no-tests=error
 }
 
 # Address space randomisation takes room that the thread sanitizer wants for itself.
