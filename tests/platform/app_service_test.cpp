@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <support/test_case.h>
-#include <tqm_mesh_kernel/dispatch.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/config_manager.h>
 #include <vlk_app_service/i_app_manager.h>
 #include <vlk_app_service/shutdown_protocol.h>
 
-#include <QApplication>
 #include <QFile>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -215,54 +213,5 @@ private:
   QStringList m_notes;
 };
 
-namespace {
-
-/// A service that still has work to do when it ends.
-class ClosingService : public Taren::Core::IService {
-public:
-  explicit ClosingService(QString& notes) : m_notes(notes) {}
-
-  Taren::Core::ERcmStatus Initialize() override { return Taren::Core::RcmSuccess; }
-  void Terminate() override {
-    m_notes += service().GetAppManager() ? QStringLiteral("ended") : QStringLiteral("ended late");
-    const auto save = [this] { m_notes += QStringLiteral(", saved"); };
-    if (!Taren::Core::dispatchSync(save, Taren::Core::NormalQoS))
-      m_notes += QStringLiteral(", refused");
-    Taren::Core::dispatchAsync([this] { m_notes += QStringLiteral(", told"); }, Taren::Core::MainThreadQoS);
-  }
-  QString ServiceName() const override { return QStringLiteral("closing"); }
-
-private:
-  QString& m_notes;
-};
-
-/// Everything is let go with the application object, of each application object in turn.
-bool endsWithItsApplication(int& argc, char** argv) {
-  QString notes;
-  bool managerGone = false;
-  {
-    const auto application = Vela::Test::makeApplication(argc, argv);
-    service().setAppManager(std::make_unique<AppManager>(managerGone));
-    if (!service().Kernel().isStarted() && !service().Kernel().service(QStringLiteral("closing")))
-      service().Kernel().registerService(std::make_shared<ClosingService>(notes));
-    if (service().Kernel().start() != Taren::Core::RcmSuccess)
-      return false;
-  }
-  qInfo("at the end: %s", qUtf8Printable(notes));
-  return managerGone && notes == QStringLiteral("ended, saved, told");
-}
-
-} // namespace
-
-int main(int argc, char** argv) {
-  // The service is older than any application object, as in a program that uses it in a static initialiser.
-  service().Kernel().ProfilerWaypoint(QStringLiteral("start"));
-  {
-    const auto application = Vela::Test::makeApplication(argc, argv);
-    AppServiceTest test;
-    if (const int failures = QTest::qExec(&test, argc, argv))
-      return failures;
-  }
-  return endsWithItsApplication(argc, argv) ? 0 : 1;
-}
+VELA_TEST_MAIN(AppServiceTest)
 #include "app_service_test.moc"

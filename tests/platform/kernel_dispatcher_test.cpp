@@ -4,7 +4,6 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
-#include <QRegularExpression>
 #include <QThread>
 
 #include <oneapi/tbb/parallel_for.h>
@@ -257,11 +256,10 @@ private Q_SLOTS:
     const auto place = EQualityOfService(qos);
     QTest::ignoreMessage(QtWarningMsg, "A dispatched task failed: the mesh is empty");
     QTest::ignoreMessage(QtWarningMsg, "A dispatched task failed with an unknown exception");
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^A dispatched task failed: .*")));
     std::atomic<bool> next{false};
     QVERIFY(dispatchSync([] { throw std::runtime_error("the mesh is empty"); }, place));
     dispatchAsync([] { throw 7; }, place);
-    dispatchAsync(std::function<void()>(), place);
+    dispatchAsync(std::function<void()>(), place); // does nothing
     dispatchAsync([&next] { next = true; }, place);
     QTRY_VERIFY(next);
     QVERIFY(dispatchSync([] {}, HighQoS));

@@ -2,6 +2,8 @@
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/dispatch.h>
 #include <tqm_mesh_kernel/shared_object_internal.h>
+#include <vlk_app_service/application_service.h>
+#include <vlk_app_service/i_app_manager.h>
 
 #include <QCoreApplication>
 #include <QThread>
@@ -36,6 +38,33 @@ public:
 
 private:
   QThread*& m_deletedOn;
+};
+
+class AppManager : public Vela::Services::IAppManager {
+public:
+  explicit AppManager(QString& notes) : m_notes(notes) {}
+  ~AppManager() override { m_notes += QStringLiteral(", manager gone"); }
+  QList<Vela::UiBase::CommandBase*> commandsFor(Vela::UiBase::CmdsViewController*) override { return {}; }
+
+private:
+  QString& m_notes;
+};
+
+/// A service that still has work to do when it ends.
+class ClosingService : public IService {
+public:
+  explicit ClosingService(QString& notes) : m_notes(notes) {}
+
+  ERcmStatus Initialize() override { return RcmSuccess; }
+  void Terminate() override {
+    m_notes += QStringLiteral("ended");
+    if (dispatchSync([this] { m_notes += QStringLiteral(", saved"); }, NormalQoS))
+      dispatchAsync([this] { m_notes += QStringLiteral(", told"); }, MainThreadQoS);
+  }
+  QString ServiceName() const override { return QStringLiteral("closing"); }
+
+private:
+  QString& m_notes;
 };
 
 } // namespace
@@ -146,6 +175,25 @@ private Q_SLOTS:
     QCOMPARE(duringTheEnd, QThread::currentThread());
     std::thread([survivor = std::move(survivor)]() mutable { survivor.reset(); }).join();
     QVERIFY(afterTheEnd);
+  }
+
+  // Also when the service is older than the first application object, and for each further one.
+  void theApplicationServiceLetsGoBeforeTheDispatcherCloses() {
+    auto& service = Vela::Services::ApplicationService::GetInstance();
+    QString notes;
+    service.Kernel().registerService(std::make_shared<ClosingService>(notes));
+    for (int i = 0; i < 2; ++i) {
+      notes.clear();
+      {
+        const Application application;
+        auto& same = Vela::Services::ApplicationService::GetInstance();
+        same.setAppManager(std::make_unique<AppManager>(notes));
+        QCOMPARE(same.Kernel().start(), RcmSuccess);
+      }
+      QCOMPARE(notes, QStringLiteral("ended, saved, manager gone, told"));
+      QVERIFY(!service.GetAppManager());
+      QVERIFY(!service.Kernel().isStarted());
+    }
   }
 };
 
