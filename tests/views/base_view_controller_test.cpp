@@ -82,6 +82,7 @@ private Q_SLOTS:
   void viewThatDiesUnclosedLeavesShutdown();
   void tooltipsHearOfViews();
   void notificationComesAndGoesWithView();
+  void notificationOfCoveredViewWaitsUntilItAppears();
 
   void controllerDiesWithItsView();
   void heldControllerOutlivesItsView();
@@ -256,6 +257,16 @@ void BaseViewControllerTest::notificationComesAndGoesWithView() {
   delete s.view;
   held->showNotification(QStringLiteral("Nobody can see this"), FadeInOnly, 3000, false, nullptr, nullptr);
   QVERIFY(!held->isNotificationShowing());
+}
+
+void BaseViewControllerTest::notificationOfCoveredViewWaitsUntilItAppears() {
+  Stage s;
+  s.controller->presentViewController(s.child, FromLeft);
+  s.controller->showNotification(QStringLiteral("Saved."), FadeInOnly, 3000, false, nullptr, nullptr);
+  auto* const bar = s.view->findChild<NotificationBar*>();
+  QVERIFY(bar && !bar->isVisible());
+  s.child->dismissViewController();
+  QVERIFY(bar->isVisible());
 }
 
 void BaseViewControllerTest::controllerDiesWithItsView() {

@@ -25,6 +25,7 @@ public:
   QPointer<NotificationBar> notificationBar;
   QPointer<FloatingWidget> notificationHost; // carries the bar over the view
   bool loaded = false;
+  bool appeared = false; // and not covered by a presented view
 };
 
 namespace {
@@ -97,12 +98,14 @@ bool BaseViewController::viewWillClose() {
 }
 
 void BaseViewController::viewWillAppear() {
+  d->appeared = true;
   if (d->notificationHost)
     d->notificationHost->show();
   TooltipManager::GetInstance().onViewVisibilityChange(true);
 }
 
 void BaseViewController::viewWillDisappear() {
+  d->appeared = false;
   if (d->notificationHost)
     d->notificationHost->hide();
   TooltipManager::GetInstance().onViewVisibilityChange(false);
@@ -175,7 +178,7 @@ bool BaseViewController::initializeNotificationBar() {
   d->notificationBar = new NotificationBar(d->view);
   d->notificationHost = new FloatingWidget(d->view);
   d->notificationHost->addWidget(d->notificationBar);
-  d->notificationHost->show();
+  d->notificationHost->setVisible(d->appeared);
   return true;
 }
 
