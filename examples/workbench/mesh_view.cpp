@@ -75,7 +75,7 @@ std::optional<Renderer::Hit> MeshView::pick(const QPoint& position) {
 }
 
 QImage MeshView::picture() {
-  render(2);
+  renderMesh(2);
   return m_renderer.image();
 }
 
@@ -115,7 +115,7 @@ void MeshView::invalidate(Change change) {
 
 QSize MeshView::deviceSize() const { return (QSizeF(size()) * devicePixelRatioF()).toSize(); }
 
-void MeshView::render(int oversampling) {
+void MeshView::renderMesh(int oversampling) {
   m_style = RenderStyle::forPalette(palette());
   m_style.smooth = !m_flatShaded;
   m_renderer.render(m_mesh, m_camera, deviceSize(), m_style, oversampling);
@@ -127,7 +127,7 @@ void MeshView::renderIfNeeded() {
     return;
   // At a high resolution the steps at the edges are too small to be seen.
   const bool quick = m_rest.isActive() || devicePixelRatioF() > 1.5;
-  render(quick ? 1 : 2);
+  renderMesh(quick ? 1 : 2);
 }
 
 void MeshView::paintEvent(QPaintEvent*) {

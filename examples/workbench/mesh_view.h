@@ -70,7 +70,7 @@ private:
   void invalidate(Change change);
   void fitCamera();
   QSize deviceSize() const;
-  void render(int oversampling);
+  void renderMesh(int oversampling);
   void renderIfNeeded();
   void paintHint(QPainter& painter) const;
   void paintDropHighlight(QPainter& painter) const;

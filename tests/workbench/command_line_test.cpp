@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+#include "mesh_files.h"
+#include "test_meshes.h"
+#include "workbench_fixture.h"
+
+#include <support/test_case.h>
+#include <workbench/options.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+using namespace Workbench;
+
+namespace {
+
+struct Outcome {
+  int status = -1;
+  QString output;
+  QString errors;
+};
+
+} // namespace
+
+// Runs the program itself.
+class CommandLineTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void savesWhatTheWindowShows() {
+    const QString mesh = write("blob.ply", Test::binaryPlyFile(Test::blob(40)));
+    const Outcome outcome = run({mesh, "--screenshot", path("good.png"), "--size", "500x400"});
+    QCOMPARE(outcome.status, 0);
+    const QImage image(path("good.png"));
+    QCOMPARE(image.size(), QSize(500, 400));
+    const int drawn = Test::meshPixels(image.copy(20, 40, 460, 320));
+    QVERIFY2(drawn > 40000, qPrintable(QString::number(drawn)));
+  }
+
+  void atTwiceTheScaleTheImageIsTwiceAsSharp() {
+    const QString mesh = write("blob.ply", Test::binaryPlyFile(Test::blob(40)));
+    QCOMPARE(run({mesh, "--screenshot", path("1x.png"), "--size", "300x240"}).status, 0);
+    QCOMPARE(run({mesh, "--screenshot", path("2x.png"), "--size", "300x240"}, "2").status, 0);
+    const QImage normal(path("1x.png"));
+    const QImage sharp(path("2x.png"));
+    QCOMPARE(sharp.size(), normal.size() * 2);
+    const QRect middle(40, 40, 220, 160);
+    const double ratio =
+        double(Test::meshPixels(sharp.copy(80, 80, 440, 320))) / Test::meshPixels(normal.copy(middle));
+    QVERIFY2(std::abs(ratio - 4) < 0.3, qPrintable(QString::number(ratio)));
+  }
+
+  void withoutAFileItSavesTheHint() {
+    QCOMPARE(run({"--screenshot", path("hint.png")}).status, 0);
+    QCOMPARE(QImage(path("hint.png")).size(), QSize(1280, 800));
+  }
+
+  void theLastFileIsShown() {
+    const QString wide = write("wide.off", Test::offFile(Test::blob(30)));
+    const QString small = write("small.off", Test::offFile(Test::square(1)));
+    QCOMPARE(run({small, "--screenshot", path("one.png"), "--size", "300x240"}).status, 0);
+    QCOMPARE(run({wide, small, "--screenshot", path("two.png"), "--size", "300x240"}).status, 0);
+    QCOMPARE(QImage(path("one.png")), QImage(path("two.png")));
+  }
+
+  void aBadFileIsNamedWithTheReason_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("missing") << "missing.obj" << QByteArray() << "does not exist";
+    QTest::newRow("damaged") << "bad.off" << QByteArray("OFF\n1 1 0\n0 0 0\n3 0 1 2\n") << "damaged";
+    QTest::newRow("no mesh") << "letter.txt" << QByteArray("Dear Sir") << "format is not known";
+  }
+  void aBadFileIsNamedWithTheReason() {
+    QFETCH(QString, name);
+    QFETCH(QByteArray, content);
+    QFETCH(QString, reason);
+    const QString bad = content.isEmpty() ? path(name) : write(name, content);
+    const QString good = write("good.off", Test::offFile(Test::blob(20)));
+    const Outcome outcome = run({bad, good, "--screenshot", path("bad.png"), "--size", "300x240"});
+    QCOMPARE(outcome.status, 1);
+    QVERIFY2(outcome.errors.contains(bad) && outcome.errors.contains(reason), qPrintable(outcome.errors));
+    QVERIFY(!QImage(path("bad.png")).isNull());
+  }
+
+  void anImageThatCannotBeWrittenIsAnError() {
+    const QString image = path("no such folder/image.png");
+    const Outcome outcome = run({"--screenshot", image});
+    QCOMPARE(outcome.status, 1);
+    QVERIFY2(outcome.errors.contains(image), qPrintable(outcome.errors));
+  }
+
+  void writesATrace() {
+    const QString mesh = write("blob.off", Test::offFile(Test::blob(20)));
+    QCOMPARE(
+        run({mesh, "--screenshot", path("t.png"), "--trace", path("trace.json"), "--size", "300x240"}).status,
+        0);
+    QFile file(path("trace.json"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QStringList names;
+    for (const QJsonValue& event : QJsonDocument::fromJson(file.readAll())["traceEvents"].toArray())
+      names += event["name"].toString();
+    const QString begin = "CMD BEGIN Workbench::OpenMeshCommand(false)";
+    const QString end = "CMD END   Workbench::OpenMeshCommand(false)";
+    QVERIFY(names.contains(begin));
+    QVERIFY(names.indexOf(end) > names.indexOf(begin));
+
+    const Outcome outcome = run({"--screenshot", path("t.png"), "--trace", path("nowhere/trace.json")});
+    QCOMPARE(outcome.status, 1);
+    QVERIFY2(outcome.errors.contains("nowhere/trace.json"), qPrintable(outcome.errors));
+  }
+
+  void answersWithoutStarting() {
+    const Outcome help = run({"--help"});
+    QCOMPARE(help.status, 0);
+    QVERIFY(help.output.contains("--screenshot"));
+    QCOMPARE(run({"--version"}).status, 0);
+    const Outcome unknown = run({"--unknown"});
+    QCOMPARE(unknown.status, 1);
+    QVERIFY2(unknown.errors.contains("unknown"), qPrintable(unknown.errors));
+  }
+
+  void understandsSizes_data() {
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("plain") << "640x480" << QSize(640, 480);
+    for (const char* text : {"640", "0x480", "x", "-1x5", "640x480x2", "99999x99999", "ax b"})
+      QTest::newRow(text) << text << QSize();
+  }
+  void understandsSizes() {
+    QFETCH(QString, text);
+    QFETCH(QSize, size);
+    const Options options = Options::parse({"workbench", "a.obj", "--size", text, "b.obj"});
+    QCOMPARE(options.answer.has_value(), size.isEmpty());
+    if (options.answer)
+      QVERIFY(options.answer->status == 1 && options.answer->text.contains(text));
+    else
+      QCOMPARE(options.size, size);
+    QCOMPARE(options.files, QStringList({"a.obj", "b.obj"}));
+  }
+
+private:
+  Outcome run(const QStringList& arguments, const QString& scale = "1") {
+    QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("XDG_CONFIG_HOME", path("config"));
+    environment.insert("QT_SCALE_FACTOR", scale);
+    environment.insert("QT_QPA_PLATFORM", "offscreen");
+    environment.insert("LC_ALL", "C.UTF-8");
+    program.setProcessEnvironment(environment);
+    program.start(QDir(QCoreApplication::applicationDirPath()).filePath("workbench"), arguments);
+    constexpr int Patience = 60000;
+    if (!program.waitForFinished(Patience) || program.exitStatus() != QProcess::NormalExit)
+      return {};
+    return {program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
+            QString::fromUtf8(program.readAllStandardError())};
+  }
+
+  QString path(const QString& name) const { return m_folder.filePath(name); }
+  QString write(const QString& name, const QByteArray& content) {
+    QFile file(path(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+      qFatal("cannot write %s", qPrintable(file.fileName()));
+    return file.fileName();
+  }
+
+  QTemporaryDir m_folder;
+};
+
+VELA_TEST_MAIN(CommandLineTest)
+#include "command_line_test.moc"

@@ -1,0 +1,309 @@
+// SPDX-License-Identifier: MIT
+#include "mesh_files.h"
+#include "test_meshes.h"
+#include "workbench_fixture.h"
+
+#include <support/test_case.h>
+#include <tqm_mesh_kernel/stepped_dispatcher.h>
+#include <vlk_app_service/application_service.h>
+#include <vlk_common_res/styles.h>
+#include <workbench/commands/dark_palette_command.h>
+#include <workbench/commands/flat_shading_command.h>
+#include <workbench/commands/open_mesh_command.h>
+#include <workbench/commands/reset_view_command.h>
+#include <workbench/commands/save_screenshot_command.h>
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSignalSpy>
+#include <QStatusBar>
+
+using namespace Workbench;
+using Test::WorkbenchFixture;
+using Vela::Test::settle;
+
+namespace {
+
+const QByteArray& cubeFile() {
+  static const QByteArray file = Test::objFile(Test::cube(2));
+  return file;
+}
+
+QByteArray blobFile() { return Test::binaryPlyFile(Test::blob(30)); }
+
+} // namespace
+
+// Drives the main window as a person does.
+class WorkbenchTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void opensAMeshByShortcut() {
+    WorkbenchFixture workbench;
+    QVERIFY(workbench.start());
+    const QString file = workbench.write("cube.obj", cubeFile());
+    workbench.press(Qt::Key_O, Qt::ControlModifier);
+    QVERIFY(workbench.chooseFile(file));
+    QTRY_COMPARE(workbench.triangles(), std::size_t(12));
+    QCOMPARE(workbench.window().windowTitle(), QStringLiteral("cube.obj – Workbench"));
+    QTRY_COMPARE(workbench.notification(), QStringLiteral("Opened cube.obj"));
+    QVERIFY(workbench.window().statusBar()->currentMessage().isEmpty());
+    QTRY_VERIFY(workbench.view().isSettled());
+    QVERIFY(Test::meshPixels(workbench.view().picture()) > 3000);
+  }
+
+  void opensAMeshByMenu() {
+    WorkbenchFixture workbench;
+    QVERIFY(workbench.start());
+    const QString file = workbench.write("blob.ply", blobFile());
+    workbench.press(Qt::Key_F, Qt::AltModifier);
+    QTRY_VERIFY(QApplication::activePopupWidget());
+    workbench.press(Qt::Key_O);
+    QVERIFY(workbench.chooseFile(file));
+    QTRY_COMPARE(workbench.triangles(), std::size_t(1800));
+  }
+
+  void aDialogThatIsCancelledChangesNothing() {
+    WorkbenchFixture workbench;
+    QVERIFY(workbench.start());
+    workbench.press(Qt::Key_O, Qt::ControlModifier);
+    QPointer<QFileDialog> dialog = workbench.fileDialog();
+    QVERIFY(dialog);
+    workbench.press(Qt::Key_Escape);
+    QTRY_VERIFY(!dialog);
+    settle();
+    QVERIFY(workbench.notification().isEmpty());
+    QVERIFY(workbench.command<OpenMeshCommand>()->isEnabled());
+    QVERIFY(!workbench.command<SaveScreenshotCommand>()->isEnabled());
+  }
+
+  void opensDroppedFiles() {
+    WorkbenchFixture workbench;
+    QVERIFY(workbench.start());
+    QSignalSpy shown(&workbench.controller().events(), &MeshViewEvents::meshShown);
+    workbench.drop({workbench.write("cube.obj", cubeFile()), workbench.write("blob.ply", blobFile())});
+    QTRY_COMPARE(shown.count(), 2);
+    QCOMPARE(workbench.triangles(), std::size_t(1800));
+    QTRY_COMPARE(workbench.notification(), QStringLiteral("Opened 2 of 2 files"));
+    workbench.drop({});
+    settle();
+    QCOMPARE(shown.count(), 2);
+  }
+
+  void aBrokenFileKeepsTheMesh_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("empty") << "empty.stl" << QByteArray() << "The file is empty.";
+    QTest::newRow("damaged") << "cut.glb" << Test::glbFile(Test::cube(1)).left(500) << "damaged";
+    QTest::newRow("brings the importer down")
+        << "a.ply" << QByteArray("ply\nformat binary_\0\0", 20) << "damaged";
+  }
+  void aBrokenFileKeepsTheMesh() {
+    QFETCH(QString, name);
+    QFETCH(QByteArray, content);
+    QFETCH(QString, reason);
+    WorkbenchFixture workbench;
+    QVERIFY(workbench.start());
+    open(workbench, workbench.write("cube.obj", cubeFile()));
+    QSignalSpy failed(&workbench.controller().events(), &MeshViewEvents::openFailed);
+    open(workbench, workbench.write(name, content));
+    QCOMPARE(failed.count(), 1);
+    for (const QString& text : {workbench.notification(), workbench.window().statusBar()->currentMessage()}) {
+      QVERIFY2(text.contains(name), qPrintable(text));
+      QVERIFY2(text.contains(reason), qPrintable(text));
+    }
+    QCOMPARE(workbench.triangles(), std::size_t(12));
+    QCOMPARE(workbench.window().windowTitle(), QStringLiteral("cube.obj – Workbench"));
+    // It can be taken away with the keyboard or by going on.
+    open(workbench, workbench.write("blob.ply", blobFile()));
+    QCOMPARE(workbench.triangles(), std::size_t(1800));
+    QVERIFY(workbench.window().statusBar()->currentMessage().isEmpty());
+  }
+
+  // The steps of one command, held between them.
+  void announcesEveryStep() {
+    WorkbenchFixture workbench;
+    QVERIFY(workbench.start());
+    open(workbench, workbench.write("cube.obj", cubeFile()));
+    auto& service = Vela::Services::ApplicationService::GetInstance();
+    const auto recorded = service.Kernel().waypoints().waypoints().size();
+    Taren::Core::SteppedDispatcher dispatcher;
+    const Taren::Core::ScopedDispatcher installed(dispatcher);
+
+    workbench.controller().openFiles({workbench.write("blob.ply", blobFile())});
+    QCOMPARE(workbench.notification(), QStringLiteral("Opening blob.ply…"));
+    QCOMPARE(workbench.window().statusBar()->currentMessage(), QStringLiteral("Opening blob.ply…"));
+    QVERIFY(QApplication::overrideCursor());
+    QCOMPARE(QApplication::overrideCursor()->shape(), Qt::BusyCursor);
+    while (dispatcher.step(Taren::Core::MainThreadQoS)) {
+    }
+    QVERIFY(!workbench.command<OpenMeshCommand>()->isEnabled());
+    QCOMPARE(workbench.triangles(), std::size_t(12));
+
+    QVERIFY(dispatcher.step(Taren::Core::NormalQoS));
+    QCOMPARE(workbench.triangles(), std::size_t(12));
+    dispatcher.step();
+    QVERIFY(!service.isWorkspaceSwitchingEnabled());
+    dispatcher.runAll();
+    QCOMPARE(workbench.triangles(), std::size_t(1800));
+    QCOMPARE(workbench.notification(), QStringLiteral("Opened blob.ply"));
+    QVERIFY(!QApplication::overrideCursor());
+    QVERIFY(workbench.command<OpenMeshCommand>()->isEnabled());
+    QVERIFY(service.isWorkspaceSwitchingEnabled());
+    QCOMPARE(service.Kernel().waypoints().waypoints().size(), recorded + 2);
+  }
+
+  void whatIsAskedForMeanwhileWaits() {
+    WorkbenchFixture workbench;
+    QVERIFY(workbench.start());
+    Taren::Core::SteppedDispatcher dispatcher;
+    const Taren::Core::ScopedDispatcher installed(dispatcher);
+    workbench.drop({workbench.write("cube.obj", cubeFile())});
+    workbench.drop({workbench.write("blob.ply", blobFile())});
+    QCOMPARE(dispatcher.pending(Taren::Core::NormalQoS), std::size_t(1));
+    dispatcher.runAll();
+    QCOMPARE(workbench.triangles(), std::size_t(1800));
+    QVERIFY(workbench.command<OpenMeshCommand>()->isEnabled());
+  }
+
+  void whatTheUserChoosesMeanwhileStays() {
+    WorkbenchFixture workbench;
+    QVERIFY(workbench.start());
+    Taren::Core::SteppedDispatcher dispatcher;
+    const Taren::Core::ScopedDispatcher installed(dispatcher);
+    workbench.controller().openFiles({workbench.write("cube.obj", cubeFile())});
+    workbench.press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(workbench.view().isFlatShaded());
+    dispatcher.runAll();
+    QVERIFY(workbench.view().isFlatShaded());
+    QVERIFY(workbench.command<FlatShadingCommand>()->isChecked());
+    // Needs a mesh, which there was not when the command began.
+    QVERIFY(workbench.command<SaveScreenshotCommand>()->isEnabled());
+    QVERIFY(workbench.command<ResetViewCommand>()->isEnabled());
+  }
+
+  void savesAScreenshot() {
+    WorkbenchFixture workbench;
+    QVERIFY(workbench.start());
+    open(workbench, workbench.write("cube.obj", cubeFile()));
+    workbench.press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(workbench.chooseFile(workbench.path("picture.png")));
+    QTRY_COMPARE(workbench.notification(), QStringLiteral("Saved picture.png"));
+    const QImage picture(workbench.path("picture.png"));
+    QCOMPARE(picture.size(), workbench.view().size() * workbench.view().devicePixelRatioF());
+    QVERIFY(Test::meshPixels(picture) > 3000);
+  }
+
+  void aScreenshotThatCannotBeWrittenIsTold() {
+    WorkbenchFixture workbench;
+    QVERIFY(workbench.start());
+    open(workbench, workbench.write("cube.obj", cubeFile()));
+    QVERIFY(QDir(workbench.path({})).mkdir("folder"));
+    workbench.press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    auto* const dialog = workbench.fileDialog();
+    QVERIFY(dialog);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("SaveScreenshotCommand failed"));
+    Q_EMIT dialog->fileSelected(workbench.path("folder/missing/picture.png"));
+    dialog->reject();
+    QTRY_VERIFY2(workbench.notification().contains("missing/picture.png"),
+                 qPrintable(workbench.notification()));
+    QVERIFY(!QApplication::overrideCursor());
+  }
+
+  void switchesThePalette() {
+    WorkbenchFixture workbench;
+    QVERIFY(workbench.start());
+    open(workbench, workbench.write("cube.obj", cubeFile()));
+    const QColor light = workbench.view().picture().pixelColor(5, 5);
+    workbench.press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(Vela::Resource::Styles::Instance().palette(), Vela::Resource::Dark);
+    QTRY_VERIFY(workbench.view().palette().color(QPalette::Window).lightness() < 100);
+    QVERIFY(workbench.view().picture().pixelColor(5, 5).lightness() < light.lightness() - 100);
+    // Remembered for the next start.
+    Vela::Resource::Styles::Instance().setPalette(Vela::Resource::Light);
+    DarkPaletteCommand::restorePalette();
+    QCOMPARE(Vela::Resource::Styles::Instance().palette(), Vela::Resource::Dark);
+    workbench.press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(Vela::Resource::Styles::Instance().palette(), Vela::Resource::Light);
+  }
+
+  void resetsTheView() {
+    WorkbenchFixture workbench;
+    QVERIFY(workbench.start());
+    open(workbench, workbench.write("cube.obj", cubeFile()));
+    const Camera first = workbench.view().camera();
+    Camera moved = first;
+    moved.orbit(40, 10);
+    moved.pan({30, 10}, workbench.view().size());
+    workbench.view().setCamera(moved);
+    workbench.press(Qt::Key_0, Qt::ControlModifier);
+    QCOMPARE(workbench.view().camera(), first);
+  }
+
+  void tellsAboutItself() {
+    WorkbenchFixture workbench;
+    QVERIFY(workbench.start());
+    workbench.press(Qt::Key_H, Qt::AltModifier);
+    QTRY_VERIFY(QApplication::activePopupWidget());
+    workbench.press(Qt::Key_A);
+    QTRY_VERIFY(qobject_cast<QMessageBox*>(QApplication::activeModalWidget()));
+    workbench.press(Qt::Key_Escape);
+    QTRY_VERIFY(!QApplication::activeModalWidget());
+  }
+
+  void everyCommandCanBeReachedWithTheKeyboard() {
+    WorkbenchFixture workbench;
+    QVERIFY(workbench.start());
+    QStringList mnemonics;
+    int entries = 0;
+    for (const QAction* const bar : workbench.window().menuBar()->actions()) {
+      QVERIFY(bar->text().contains(QLatin1Char('&')));
+      QStringList own;
+      for (const QAction* const entry : bar->menu()->actions()) {
+        if (entry->isSeparator())
+          continue;
+        ++entries;
+        const qsizetype at = entry->text().indexOf(QLatin1Char('&'));
+        QVERIFY2(at >= 0, qPrintable(entry->text()));
+        QVERIFY2(!own.contains(entry->text().at(at + 1)), qPrintable(entry->text()));
+        own += entry->text().at(at + 1);
+      }
+    }
+    QCOMPARE(entries, 7);
+  }
+
+  void quits() {
+    WorkbenchFixture workbench;
+    QVERIFY(workbench.start());
+    workbench.press(Qt::Key_Q, Qt::ControlModifier);
+    QTRY_VERIFY(!workbench.window().isVisible());
+  }
+
+  void theWindowMayGoWhileAFileIsBeingRead() {
+    WorkbenchFixture workbench;
+    QVERIFY(workbench.start());
+    const QString file = workbench.write("large.off", Test::offFile(Test::blob(250)));
+    workbench.controller().openFiles({file, file, file});
+    workbench.press(Qt::Key_Q, Qt::ControlModifier);
+    workbench.closeWindow();
+    settle();
+    QVERIFY(!QApplication::overrideCursor());
+  }
+
+private:
+  // Opens a file the short way and waits for the end.
+  static void open(WorkbenchFixture& workbench, const QString& file) {
+    QSignalSpy finished(&workbench.controller().events(), &MeshViewEvents::openFinished);
+    workbench.controller().openFiles({file});
+    QTRY_COMPARE(finished.count(), 1);
+    QTRY_VERIFY(workbench.view().isSettled());
+    settle();
+  }
+};
+
+VELA_TEST_MAIN(WorkbenchTest)
+#include "e2e_test.moc"

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "workbench_fixture.h"
+
+#include <support/test_case.h>
+#include <ui_base/popups/notification_bar.h>
+#include <ui_base/views/qt_ui_toolkit.h>
+#include <vlk_app_service/application_service.h>
+#include <vlk_app_service/config_manager.h>
+#include <vlk_common_res/styles.h>
+#include <workbench/workbench_app_manager.h>
+#include <workbench/workbench_icon_provider.h>
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QMimeData>
+#include <QWindow>
+
+namespace Workbench::Test {
+
+using namespace Vela;
+
+WorkbenchFixture::WorkbenchFixture() {
+  auto& service = Services::ApplicationService::GetInstance();
+  service.setConfigManager(std::make_unique<Services::ConfigManager>(path(QStringLiteral("settings.ini"))));
+  service.setAppManager(std::make_unique<WorkbenchAppManager>());
+  UiBase::QtUiToolkit::Instance().IconProvider(new WorkbenchIconProvider);
+  UiBase::NotificationBar::setDefaultFadeDuration(0);
+  Resource::Styles::Instance().setPalette(Resource::Light);
+  m_window = std::make_unique<MainWindow>();
+}
+
+WorkbenchFixture::~WorkbenchFixture() {
+  m_window.reset();
+  Vela::Test::settle();
+  Services::ApplicationService::GetInstance().setAppManager(nullptr);
+  Services::ApplicationService::GetInstance().setConfigManager(nullptr);
+}
+
+bool WorkbenchFixture::start() {
+  m_window->resize(400, 300);
+  m_window->show();
+  m_window->activateWindow();
+  return QTest::qWaitForWindowActive(m_window.get());
+}
+
+QString WorkbenchFixture::write(const QString& name, const QByteArray& content) {
+  QFile file(path(name));
+  if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+    qFatal("cannot write %s", qPrintable(file.fileName()));
+  return file.fileName();
+}
+
+void WorkbenchFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+  QWidget* target = m_window.get();
+  if (QWidget* const popup = QApplication::activePopupWidget())
+    target = popup;
+  else if (QWidget* const dialog = QApplication::activeModalWidget())
+    target = dialog;
+  QTest::keyClick(target->windowHandle(), key, modifiers);
+}
+
+QFileDialog* WorkbenchFixture::fileDialog() {
+  QFileDialog* dialog = nullptr;
+  const auto isOpen = [&dialog] {
+    dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    return dialog && dialog->isActiveWindow();
+  };
+  return QTest::qWaitFor(isOpen) ? dialog : nullptr;
+}
+
+bool WorkbenchFixture::chooseFile(const QString& path) {
+  const QPointer<QFileDialog> dialog = fileDialog();
+  if (!dialog)
+    return false;
+  // The line is selected as a whole when the dialog opens.
+  for (const QChar character : path)
+    QTest::sendKeyEvent(QTest::Click, dialog->windowHandle(), Qt::Key_unknown, QString(character),
+                        Qt::NoModifier);
+  QTest::keyClick(dialog->windowHandle(), Qt::Key_Return);
+  return QTest::qWaitFor([&dialog] { return !dialog; });
+}
+
+void WorkbenchFixture::drop(const QStringList& files) {
+  QMimeData data;
+  QList<QUrl> urls;
+  for (const QString& file : files)
+    urls += QUrl::fromLocalFile(file);
+  data.setUrls(urls);
+  const QPoint middle = view().rect().center();
+  QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(&view(), &enter);
+  QDragMoveEvent move(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(&view(), &move);
+  if (!enter.isAccepted() || !move.isAccepted()) {
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(&view(), &leave);
+    return;
+  }
+  QDropEvent dropped(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(&view(), &dropped);
+}
+
+QString WorkbenchFixture::notification() const {
+  const auto* const bar = m_window->view()->findChild<UiBase::NotificationBar*>();
+  return bar && bar->isNotificationShowing() ? bar->accessibleName() : QString();
+}
+
+int meshPixels(const QImage& image) {
+  int count = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    const QRgb background = image.pixel(0, y);
+    for (int x = 0; x < image.width(); ++x)
+      count += image.pixel(x, y) != background ? 1 : 0;
+  }
+  return count;
+}
+
+} // namespace Workbench::Test
