@@ -17,14 +17,10 @@ class Receiver : public QObject {
 public:
   explicit Receiver(MainThreadQueue& queue) : m_queue(queue) {}
 
-  bool event(QEvent* event) override {
-    if (event->type() != QEvent::User)
-      return QObject::event(event);
-    m_queue.serve();
-    return true;
-  }
-
 private:
+  // The only custom event it ever gets is the one posted by requestServing().
+  void customEvent(QEvent*) override { m_queue.serve(); }
+
   MainThreadQueue& m_queue;
 };
 

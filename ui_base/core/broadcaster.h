@@ -194,6 +194,9 @@ void Broadcaster<P>::callEach(const typename WeakList::Snapshot& observers, cons
   // without waiting for the write, which takes as long as the call itself.
   std::shared_ptr<P> called;
   for (const Weak& entry : observers) {
+    // But not across another entry of the same owner, which would find alive what ended in its call.
+    if (!called.owner_before(entry) && !entry.owner_before(called))
+      called.reset();
     if (auto observer = entry.lock()) {
       std::invoke(f, observer.get());
       called = std::move(observer);

@@ -23,13 +23,9 @@ ScopedConnection::ScopedConnection(const QObject* sender, const char* signal, co
     : ScopedConnection(sender, signal, sender, method, type, parent) {}
 
 ScopedConnection::~ScopedConnection() {
-  if (m_connected && m_sender && m_receiver) {
+  // The two watches end with this object by themselves.
+  if (m_connected)
     QObject::disconnect(m_connection);
-    QObject::disconnect(m_sender, SIGNAL(destroyed(QObject*)), this, SLOT(onDestroyed(QObject*)));
-    if (m_receiver != m_sender)
-      QObject::disconnect(m_receiver, SIGNAL(destroyed(QObject*)), this, SLOT(onDestroyed(QObject*)));
-  }
-  m_connected = false;
 }
 
 void ScopedConnection::onDestroyed(QObject* object) {

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <tqm_mesh_kernel/i_dispatcher.h>
+
+#include <QCoreApplication>
+
+#include <core/note_protocol.h>
+#include <cstdlib>
+#include <new>
+
+using namespace Taren::Core;
+using namespace Vela::Test;
+
+namespace {
+thread_local int allocations = 0;
+}
+
+void* operator new(std::size_t size) {
+  ++allocations;
+  if (void* const memory = std::malloc(size ? size : 1))
+    return memory;
+  throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+
+namespace {
+
+/// Keeps tasks in room made beforehand, so that what is counted is the broadcaster's.
+class RoomyDispatcher : public IDispatcher {
+public:
+  RoomyDispatcher() { m_tasks.reserve(16); }
+  bool dispatchAsync(std::function<void()> task, EQualityOfService) override {
+    m_tasks.push_back(std::move(task));
+    return true;
+  }
+  bool dispatchSync(const std::function<void()>&, EQualityOfService) override { return false; }
+  void runAll() {
+    for (const auto& task : m_tasks) {
+      if (task)
+        task();
+    }
+    m_tasks.clear();
+  }
+
+private:
+  std::vector<std::function<void()>> m_tasks;
+};
+
+class Counter : public QObject, public NoteProtocol {
+public:
+  using QObject::QObject;
+  void noted(int value) override { sum += value; }
+  int sum = 0;
+};
+
+class Subject : public Broadcaster<NoteProtocol> {
+public:
+  int factor = 1;
+};
+
+int allocationsOf(Subject& subject) {
+  const int before = allocations;
+  const double weight = 1;
+  subject.broadcast([value = 1, &subject, weight](NoteProtocol* observer) {
+    observer->noted(static_cast<int>(value * weight * subject.factor));
+  });
+  return allocations - before;
+}
+
+} // namespace
+
+class BroadcastAllocationsTest : public TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void aBroadcast_data() {
+    QTest::addColumn<int>("synchronous");
+    QTest::addColumn<int>("asynchronous");
+    QTest::addColumn<int>("guarded");
+    QTest::addColumn<int>("atMost");
+    QTest::newRow("nobody") << 0 << 0 << 0 << 0;
+    QTest::newRow("1 synchronous") << 1 << 0 << 0 << 0;
+    QTest::newRow("1000 synchronous") << 1000 << 0 << 0 << 0;
+    QTest::newRow("1 asynchronous") << 0 << 1 << 0 << 2;
+    QTest::newRow("1000 asynchronous") << 0 << 1000 << 0 << 2;
+    QTest::newRow("1000 guarded") << 0 << 0 << 1000 << 2;
+    QTest::newRow("1000 of each") << 1000 << 1000 << 1000 << 2;
+  }
+  void aBroadcast() {
+    QFETCH(int, synchronous);
+    QFETCH(int, asynchronous);
+    QFETCH(int, guarded);
+    QFETCH(int, atMost);
+    RoomyDispatcher dispatcher;
+    const ScopedDispatcher installed(dispatcher);
+    Subject subject;
+    QObject parent;
+    const auto observer = std::make_shared<Counter>();
+    auto* const object = new Counter(&parent);
+    for (int i = 0; i < synchronous; ++i)
+      subject.addObserver(observer, false);
+    for (int i = 0; i < asynchronous; ++i)
+      subject.addObserver(observer, true);
+    for (int i = 0; i < guarded; ++i)
+      subject.addObserver(object);
+
+    for (int round = 1; round <= 3; ++round) {
+      const int counted = allocationsOf(subject);
+      QVERIFY2(counted <= atMost, qPrintable(QString::number(counted)));
+      dispatcher.runAll();
+      QCOMPARE(observer->sum + object->sum, round * (synchronous + asynchronous + guarded));
+    }
+  }
+
+  void theMainThreadsQueueAddsNothingWhileItIsAwake() {
+    Subject subject;
+    const auto observer = std::make_shared<Counter>();
+    subject.addObserver(observer, false);
+    // The queue's two lists take turns; each makes its room once.
+    for (int turn = 0; turn < 2; ++turn) {
+      for (int i = 0; i < 20; ++i)
+        allocationsOf(subject);
+      settle();
+    }
+    allocationsOf(subject); // asks the event loop to wake up
+    for (int i = 0; i < 10; ++i)
+      QCOMPARE(allocationsOf(subject), 0);
+    settle();
+  }
+};
+
+VELA_TEST_MAIN(BroadcastAllocationsTest)
+#include "broadcast_allocations_test.moc"

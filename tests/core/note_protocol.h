@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ui_base/core/delegator.h>
+
+#include <QObject>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+
+namespace Vela::Test {
+
+/// A protocol of an application's own, which the library knows nothing of.
+class NoteProtocol {
+public:
+  virtual ~NoteProtocol() = default;
+  virtual void noted(int) {}
+  virtual void closed() {}
+};
+
+using Notes = QStringList;
+
+/// Writes its name into the notes with each call, then does what it is told to.
+class SharedObserver : public NoteProtocol {
+public:
+  SharedObserver(const QString& name, Notes& notes) : m_name(name), m_notes(notes) {}
+  ~SharedObserver() override {
+    if (atEnd)
+      atEnd();
+  }
+  void noted(int value) override {
+    m_notes << m_name + QString::number(value);
+    if (whenCalled)
+      whenCalled();
+  }
+  void closed() override { m_notes << m_name + QLatin1Char('.'); }
+
+  std::function<void()> whenCalled;
+  std::function<void()> atEnd;
+
+private:
+  QString m_name;
+  Notes& m_notes;
+};
+
+/// The same as a QObject. The protocol is not its first base, so the two faces have different addresses.
+class QObjectObserver : public QObject, public SharedObserver {
+public:
+  QObjectObserver(const QString& name, Notes& notes, QObject* parent)
+      : QObject(parent), SharedObserver(name, notes) {}
+};
+
+} // namespace Vela::Test
