@@ -25,8 +25,7 @@ public:
           items == run.counters.end()
               ? run.GetAdjustedRealTime() * 1e9 / benchmark::GetTimeUnitMultiplier(run.time_unit)
               : 1e9 / items->second.value;
-      m_medians[run.run_name.function_name + (run.run_name.args.empty() ? "" : "/" + run.run_name.args)] =
-          nanoseconds;
+      m_medians[run.run_name.str()] = nanoseconds;
     }
   }
 
@@ -43,9 +42,11 @@ void print(const Comparison& comparison, const std::map<std::string, double>& me
     return;
   const bool ratio = comparison.kind == Comparison::Kind::Ratio;
   const double value = ratio ? figure->second / peer->second : figure->second - peer->second;
-  std::printf("%-44s %10.1f ns  %-34s %10.1f ns  %8.2f %s (aim: at most %.2f)%s\n", comparison.figure.c_str(),
-              figure->second, comparison.peer.c_str(), peer->second, value, ratio ? "times  " : "ns more",
-              comparison.aim, value <= comparison.aim ? "" : "  MISSED");
+  std::printf("%-34s %12.1f ns  %-30s %12.1f ns  %8.2f %s", comparison.figure.c_str(), figure->second,
+              comparison.peer.c_str(), peer->second, value, ratio ? "times" : "ns more");
+  if (comparison.aim)
+    std::printf("  (aim: at most %.2f)%s", *comparison.aim, value <= *comparison.aim ? "" : "  MISSED");
+  std::printf("\n");
 }
 
 } // namespace

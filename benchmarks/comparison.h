@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,7 +16,7 @@ struct Comparison {
 
   std::string figure;
   std::string peer;
-  double aim; ///< The most the comparison shall come to.
+  std::optional<double> aim = std::nullopt; ///< The most the comparison shall come to, where there is an aim.
   Kind kind = Kind::Ratio;
 };
 

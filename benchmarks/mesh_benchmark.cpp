@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "comparison.h"
+
+#include <workbench/camera.h>
+#include <workbench/mesh_loader.h>
+#include <workbench/renderer.h>
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QPalette>
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+
+using namespace Workbench;
+
+namespace {
+
+QString meshFile; // the scan to measure with
+
+void Load_Mesh(benchmark::State& state) {
+  for (auto _ : state)
+    benchmark::DoNotOptimize(loadMesh(meshFile));
+}
+BENCHMARK(Load_Mesh)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void Load_Bytes(benchmark::State& state) {
+  for (auto _ : state) {
+    QFile file(meshFile);
+    if (file.open(QIODevice::ReadOnly))
+      benchmark::DoNotOptimize(file.readAll());
+  }
+}
+BENCHMARK(Load_Bytes)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// The argument is the oversampling: 1 while something moves, 2 at rest.
+void Frame_Mesh(benchmark::State& state) {
+  const Mesh mesh = loadMesh(meshFile);
+  const QSize size(1280, 800);
+  Camera camera;
+  camera.fit(mesh, size);
+  const RenderStyle style = RenderStyle::forPalette(QPalette());
+  Renderer renderer;
+  for (auto _ : state)
+    renderer.render(mesh, camera, size, style, static_cast<int>(state.range(0)));
+}
+BENCHMARK(Frame_Mesh)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void Frame_Background(benchmark::State& state) {
+  QImage image(1280, 800, QImage::Format_RGB32);
+  for (auto _ : state)
+    image.fill(Qt::white);
+}
+BENCHMARK(Frame_Background)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+} // namespace
+
+/// Usage: mesh_benchmark FILE [option of Google Benchmark]...
+int main(int argc, char** argv) {
+  if (argc < 2) {
+    std::fputs("Usage: mesh_benchmark FILE\n", stderr);
+    return 2;
+  }
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  meshFile = QString::fromLocal8Bit(argv[1]);
+  argv[1] = argv[0];
+  return Vela::Benchmarks::run(argc - 1, argv + 1,
+                               {{"Load_Mesh/real_time", "Load_Bytes/real_time"},
+                                {"Frame_Mesh/1/real_time", "Frame_Background/real_time"},
+                                {"Frame_Mesh/2/real_time", "Frame_Background/real_time"}});
+}
