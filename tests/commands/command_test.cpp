@@ -2,30 +2,24 @@
 #include "execution_fixture.h"
 
 #include <support/test_case.h>
-#include <ui_base/popups/notification_bar.h>
 
-#include <QRegularExpression>
 #include <QSignalSpy>
 
-#include <atomic>
 #include <stdexcept>
 #include <thread>
 
+using namespace Vela::License;
 using namespace Vela::UiBase;
 using Taren::Core::MainThreadQoS;
-using Taren::Core::NormalQoS;
 using Taren::Core::ScopedDispatcher;
 using Taren::Core::SteppedDispatcher;
 using Taren::Objects::createShared;
-using namespace Vela::License;
 
+/// How a command runs when it is triggered or toggled, what it survives, and how it asks for a licence.
 class CommandTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void initTestCase() { NotificationBar::setDefaultFadeDuration(0); }
-  void cleanup() { QVERIFY(service().isWorkspaceSwitchingEnabled()); }
-
   void runsOncePerTriggerOrToggle_data() {
     QTest::addColumn<bool>("checkable");
     QTest::addColumn<QByteArray>("slot");
@@ -119,194 +113,6 @@ private Q_SLOTS:
     const auto changeCount = changes.count();
     command.setCommandState(state);
     QCOMPARE(changes.count(), changeCount);
-  }
-
-  void asynchronousRunGoesStepByStep() {
-    AsyncFixture f;
-    QList<bool> switching;
-    QList<qsizetype> stacked;
-    f.log.observer->ended = [&](CommandBase*, bool checked) {
-      f.log.note("ended", checked);
-      switching += service().isWorkspaceSwitchingEnabled();
-      stacked += f.controller->contextStack().size();
-    };
-    f.command->trigger();
-    QCOMPARE(f.log.entries, QStringList{beganLine});
-    QCOMPARE(f.controller->contextStack().size(), 1);
-    QCOMPARE(f.dispatcher.pending(NormalQoS), std::size_t(1));
-    QVERIFY(f.dispatcher.step(NormalQoS));
-    QCOMPARE(f.log.entries, (QStringList{beganLine, workLine}));
-
-    // What the main thread does: the broadcast, the context, the switch, the closing steps.
-    QVERIFY(f.dispatcher.step() && f.other->isEnabled());
-    QVERIFY(f.dispatcher.step() && !f.other->isEnabled() && service().isWorkspaceSwitchingEnabled());
-    QVERIFY(f.dispatcher.step() && !service().isWorkspaceSwitchingEnabled());
-    QCOMPARE(f.log.entries.size(), 2);
-    QVERIFY(f.dispatcher.step() && service().isWorkspaceSwitchingEnabled());
-    QCOMPARE(f.log.entries, (QStringList{beganLine, workLine, endedLine}));
-    QCOMPARE(switching, QList<bool>{false});
-    QCOMPARE(stacked, QList<qsizetype>{0});
-    QVERIFY(!f.other->isEnabled());
-    f.dispatcher.runAll();
-    QVERIFY(f.other->isEnabled());
-  }
-
-  void emptyContextPushesAndPopsNothing() {
-    AsyncFixture f;
-    f.command->executionContext = {};
-    f.controller->pushContext(f.controller->disabledContext());
-    f.command->trigger();
-    QCOMPARE(f.controller->contextStack().size(), 1);
-    f.dispatcher.runAll();
-    QCOMPARE(f.log.entries.size(), 3);
-    QCOMPARE(f.controller->contextStack().size(), 1);
-  }
-
-  void refusalStillCloses_data() {
-    QTest::addColumn<bool>("atTrigger");
-    QTest::addColumn<bool>("atSwitch");
-    QTest::addColumn<bool>("atClose");
-    QTest::newRow("work refused") << true << false << false;
-    QTest::newRow("switch refused") << false << true << false;
-    QTest::newRow("close refused") << false << false << true;
-    QTest::newRow("switch and close refused") << false << true << true;
-  }
-
-  void refusalStillCloses() {
-    QFETCH(bool, atTrigger);
-    QFETCH(bool, atSwitch);
-    QFETCH(bool, atClose);
-    AsyncFixture f;
-    f.command->work = [&](bool checked) {
-      f.log.note("work", checked);
-      f.dispatcher.setRefusing(atClose);
-      return true;
-    };
-    f.dispatcher.setRefusing(atTrigger);
-    QCOMPARE(f.command->onExecute(), !atTrigger);
-    f.dispatcher.setRefusing(atSwitch);
-    f.dispatcher.step(NormalQoS);
-    f.dispatcher.setRefusing(false);
-    f.dispatcher.runAll();
-    QCOMPARE(f.log.entries.last(), endedLine);
-    QCOMPARE(f.log.entries.size(), atTrigger ? 2 : 3);
-    QVERIFY(f.controller->contextStack().isEmpty());
-  }
-
-  void workThatThrowsClosesAndSaysWhy_data() {
-    QTest::addColumn<bool>("asynchronous");
-    QTest::addColumn<bool>("standard");
-    QTest::newRow("at once") << false << true;
-    QTest::newRow("at once, not a standard exception") << false << false;
-    QTest::newRow("later") << true << true;
-    QTest::newRow("later, not a standard exception") << true << false;
-  }
-
-  void workThatThrowsClosesAndSaysWhy() {
-    QFETCH(bool, asynchronous);
-    QFETCH(bool, standard);
-    const QString reason = standard ? QStringLiteral("no such mesh") : QStringLiteral("unknown error");
-    AsyncFixture f;
-    f.command->setExecutionQoS(asynchronous ? NormalQoS : MainThreadQoS);
-    f.command->work = [standard](bool) -> bool {
-      if (standard)
-        throw std::runtime_error("no such mesh");
-      throw 1;
-    };
-    f.view->show();
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^work failed: ") + reason));
-    QCOMPARE(f.command->onExecute(), asynchronous);
-    f.dispatcher.runAll();
-    QCOMPARE(f.log.entries.last(), endedLine);
-    QVERIFY(f.controller->contextStack().isEmpty() && f.other->isEnabled());
-    const auto* const bar = f.view->findChild<NotificationBar*>();
-    QVERIFY(bar && bar->isVisible());
-    QVERIFY2(bar->accessibleName().contains(reason), qPrintable(bar->accessibleName()));
-  }
-
-  void viewDiesMeanwhile_data() {
-    QTest::addColumn<bool>("beforeWork");
-    QTest::newRow("before the work") << true;
-    QTest::newRow("after the work") << false;
-  }
-
-  void viewDiesMeanwhile() {
-    QFETCH(bool, beforeWork);
-    AsyncFixture f;
-    bool controllerSeen = true;
-    f.log.observer->ended = [&](CommandBase* command, bool checked) {
-      f.log.note("ended", checked);
-      controllerSeen = command->getViewController() || command->getView();
-    };
-    f.command->trigger();
-    if (beforeWork)
-      delete f.view;
-    f.dispatcher.step(NormalQoS);
-    if (!beforeWork)
-      delete f.view;
-    f.dispatcher.runAll();
-    QCOMPARE(f.log.entries, (QStringList{beganLine, workLine, endedLine}));
-    QVERIFY(!controllerSeen);
-  }
-
-  void commandIsRemovedMeanwhile() {
-    AsyncFixture f;
-    int destroyed = 0;
-    f.command->atEnd = [&destroyed] { ++destroyed; };
-    f.command->trigger();
-    QVERIFY(f.controller->removeCommand(f.command));
-    f.dispatcher.step(NormalQoS);
-    QCOMPARE(destroyed, 0);
-    f.dispatcher.runAll();
-    QCOMPARE(f.log.entries.last(), endedLine);
-    QCOMPARE(destroyed, 1);
-    QVERIFY(f.other->isEnabled());
-  }
-
-  void commandUsesItsControllerAtItsEnd() {
-    AsyncFixture f;
-    QList<bool> found;
-    f.other->setViewController(f.controller);
-    f.other->atEnd = [&, command = f.other] {
-      if (auto* const controller = command->getViewController())
-        found += controller->findCommand(QStringLiteral("work")) != nullptr;
-    };
-    delete f.view;
-    QCOMPARE(found, QList<bool>{false});
-  }
-
-  void unsharedCommandDiesBeforeItsWork() {
-    SteppedDispatcher dispatcher;
-    const ScopedDispatcher installed(dispatcher);
-    auto* const command = new TestCommand(QStringLiteral("id"));
-    command->setExecutionQoS(NormalQoS);
-    ExecutionLog log(*command);
-    command->trigger();
-    delete command;
-    dispatcher.runAll();
-    QCOMPARE(log.entries, QStringList{beganLine});
-    QCOMPARE(newestWaypoint(), QStringLiteral("CMD END   TestCommand(false)"));
-  }
-
-  void lastReferenceGoesOnAWorker() {
-    for (int round = 0; round < 20; ++round) {
-      std::atomic<bool> released = false;
-      QThread* destroyedOn = nullptr;
-      auto command = createShared<TestCommand>(QStringLiteral("id"));
-      command->setExecutionQoS(NormalQoS);
-      command->atEnd = [&destroyedOn] { destroyedOn = QThread::currentThread(); };
-      command->work = [&released](bool) {
-        while (!released)
-          std::this_thread::yield();
-        return true;
-      };
-      command->trigger();
-      command.reset();
-      released = true;
-      QTRY_VERIFY(destroyedOn);
-      QCOMPARE(destroyedOn, QThread::currentThread());
-      QTRY_VERIFY(service().isWorkspaceSwitchingEnabled());
-    }
   }
 
   void guardedObserverNeverSeesADeadCommand_data() {
@@ -445,7 +251,7 @@ private Q_SLOTS:
     f.view->show();
     PaidFeatureBox box([&](QWindow* window) {
       if (what == QLatin1String("view")) {
-        delete f.view; // and the box with it
+        f.deleteView(); // and the box with it
         return;
       }
       what == QLatin1String("remove") ? void(f.controller->removeCommand(f.command)) : delete f.command;

@@ -120,7 +120,8 @@ private Q_SLOTS:
     QCOMPARE(textOf(a), QStringLiteral("both=1,2 mine=0,2"));
     a &= b;
     QCOMPARE(textOf(a), QStringLiteral("both=0,1 mine=0,2"));
-    a |= a;
+    const CommandContext& itself = a;
+    a |= itself;
     QCOMPARE(textOf(a), QStringLiteral("both=0,1 mine=0,2"));
   }
 
@@ -193,6 +194,7 @@ private Q_SLOTS:
     const auto below = [&random](int limit) { return static_cast<int>(random() % unsigned(limit)); };
     using Entry = std::pair<QString, std::shared_ptr<CommandBase>>;
     std::vector<std::shared_ptr<CommandBase>> commands;
+    commands.reserve(24);
     for (int i = 0; i < 24; ++i)
       commands.push_back(createShared<TestCommand>(QString::number(i % 9)));
 

@@ -46,9 +46,9 @@ public:
   QList<QThread*> threads;
 };
 
-inline const QString beganLine = QStringLiteral("began 0 | CMD BEGIN TestCommand(false)");
-inline const QString workLine = QStringLiteral("work 0 | CMD BEGIN TestCommand(false)");
-inline const QString endedLine = QStringLiteral("ended 0 | CMD END   TestCommand(false)");
+inline constexpr QLatin1String beganLine("began 0 | CMD BEGIN TestCommand(false)");
+inline constexpr QLatin1String workLine("work 0 | CMD BEGIN TestCommand(false)");
+inline constexpr QLatin1String endedLine("ended 0 | CMD END   TestCommand(false)");
 
 /// A controller with a command that works elsewhere, and another one that is disabled meanwhile. Tasks are
 /// stepped by hand.
@@ -63,10 +63,12 @@ public:
     dispatcher.runAll();
   }
   ~AsyncFixture() {
-    delete view;
+    deleteView();
     dispatcher.runAll();
   }
   Q_DISABLE_COPY_MOVE(AsyncFixture)
+
+  void deleteView() { delete std::exchange(view, nullptr).data(); }
 
   Taren::Core::SteppedDispatcher dispatcher;
   Taren::Core::ScopedDispatcher installed{dispatcher};
@@ -102,7 +104,7 @@ private:
 class PaidFeatureBox {
 public:
   explicit PaidFeatureBox(std::function<void(QWindow*)> answer) {
-    QObject::connect(&m_timer, &QTimer::timeout, [this, answer = std::move(answer)] {
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, answer = std::move(answer)] {
       QWidget* const box = QApplication::activeModalWidget();
       if (!box || !box->isVisible() || box->windowTitle() != QLatin1String("Paid Feature"))
         return;

@@ -6,6 +6,14 @@
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/commands/command_group.h>
 
+/// Identifiers for the commands of a test.
+namespace Ids {
+inline constexpr QLatin1String a("a");
+inline constexpr QLatin1String b("b");
+inline constexpr QLatin1String c("c");
+inline constexpr QLatin1String d("d");
+} // namespace Ids
+
 class TestManager : public Vela::UiBase::CmdMgr {
 public:
   ~TestManager() override { removeAllCommands(); }

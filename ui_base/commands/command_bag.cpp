@@ -49,32 +49,31 @@ bool CommandBag::insertCommand(int position, const std::shared_ptr<CommandBase>&
 bool CommandBag::removeCommand(const QString& id) {
   if (!hasCommand(id))
     return false;
-  remove(
-      std::find_if(m_entries.begin(), m_entries.end(), [&id](const Entry& entry) { return entry.id == id; }));
+  remove(std::find_if(m_entries.cbegin(), m_entries.cend(),
+                      [&id](const Entry& entry) { return entry.id == id; }));
   return true;
 }
 
 bool CommandBag::removeCommand(const CommandBase* command) {
-  const auto found = std::find_if(m_entries.begin(), m_entries.end(),
+  const auto found = std::find_if(m_entries.cbegin(), m_entries.cend(),
                                   [command](const Entry& entry) { return entry.command.get() == command; });
-  if (found == m_entries.end())
+  if (found == m_entries.cend())
     return false;
   remove(found);
   return true;
 }
 
-void CommandBag::remove(Entries::iterator entry) {
-  const Entry removed =
-      std::move(*entry); // may be the last reference; released when the bag is in order again
+void CommandBag::remove(Entries::const_iterator entry) {
+  const Entry removed = *entry; // may be the last reference; released when the bag is in order again
   const auto next = m_entries.erase(entry);
   m_positions.clear();
-  const auto first = m_first.find(removed.id);
-  if (--first->count == 0) {
-    m_first.erase(first);
-  } else if (first->command == removed.command) {
-    first->command = std::find_if(next, m_entries.end(), [&removed](const Entry& e) {
-                       return e.id == removed.id;
-                     })->command;
+  First& first = m_first[removed.id];
+  if (--first.count == 0) {
+    m_first.remove(removed.id);
+  } else if (first.command == removed.command) {
+    first.command = std::find_if(next, m_entries.end(), [&removed](const Entry& e) {
+                      return e.id == removed.id;
+                    })->command;
   }
   if (dynamic_cast<CommandGroup*>(removed.command.get()))
     collectGroups();

@@ -77,7 +77,7 @@ private:
   using Entries = std::vector<Entry>;
 
   int positionOf(const QString& id) const;
-  void remove(Entries::iterator entry);
+  void remove(Entries::const_iterator entry);
   void collectGroups();
 
   Entries m_entries;

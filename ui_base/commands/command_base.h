@@ -67,7 +67,7 @@ class UI_BASE_EXPORT CommandBase : public QAction,
                                    public virtual Taren::Objects::SharedObject<CommandBase> {
   Q_OBJECT
   /// How the command stands; see commandState() and setCommandState().
-  Q_PROPERTY(Vela::UiBase::CommandState state READ commandState WRITE setCommandState)
+  Q_PROPERTY(Vela::UiBase::CommandState state READ commandState WRITE setCommandState NOTIFY changed)
 
 public:
   ~CommandBase() override;

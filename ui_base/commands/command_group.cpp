@@ -264,11 +264,10 @@ CommandContext CommandGroup::commandContext() {
   CommandContext context;
   context.overwrite(commandId(), commandState());
   for (int i = 0; i < d->bag.count(); ++i) {
-    CommandBase* const child = d->bag.commandAt(i);
-    if (auto* const group = dynamic_cast<CommandGroup*>(child))
+    CommandBase& child = *d->bag.commandAt(i);
+    context.overwrite(child.commandId(), child.commandState());
+    if (auto* const group = dynamic_cast<CommandGroup*>(&child))
       context.overwrite(group->commandContext());
-    else
-      context.overwrite(child->commandId(), child->commandState());
   }
   return context;
 }

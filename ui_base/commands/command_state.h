@@ -75,10 +75,8 @@ public:
     return a.m_value == b.m_value;
   }
   template <std::same_as<State> S, class T>
-    requires std::same_as<T, bool> || std::same_as<T, int> || std::same_as<T, State::Action>
-  friend constexpr bool operator==(const S& a, T b) noexcept {
-    return a.m_value == S(b).m_value;
-  }
+  requires std::same_as<T, bool> || std::same_as<T, int> || std::same_as<T, State::Action>
+  friend constexpr bool operator==(const S& a, T b) noexcept { return a.m_value == S(b).m_value; }
 
 private:
   int m_value = Off;
@@ -93,11 +91,7 @@ struct UI_BASE_EXPORT CommandState {
   constexpr CommandState(State enabledState, State checkedState) noexcept
       : enabled(enabledState), checked(checkedState) {}
   constexpr CommandState(const CommandState&) noexcept = default;
-  constexpr CommandState& operator=(const CommandState& other) noexcept {
-    enabled = other.enabled;
-    checked = other.checked;
-    return *this;
-  }
+  constexpr CommandState& operator=(const CommandState&) noexcept = default; // merges, as State does
 
   /// Copies both parts as they are, Keep included.
   constexpr void overwrite(const CommandState& other) noexcept {

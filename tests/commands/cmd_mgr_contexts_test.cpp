@@ -1,0 +1,280 @@
+// SPDX-License-Identifier: MIT
+#include "manager_fixture.h"
+
+#include <support/test_case.h>
+
+#include <atomic>
+#include <random>
+#include <thread>
+
+using namespace Ids;
+using namespace Vela::UiBase;
+using Taren::Objects::createShared;
+
+namespace {
+
+CommandContext contextOf(const QString& id, const CommandState& state) {
+  CommandContext context;
+  context.overwrite(id, state);
+  return context;
+}
+
+} // namespace
+
+/// The contexts that a command manager makes, saves and applies.
+class CmdMgrContextsTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void contextsCoverABagAGroupOrACommand() {
+    ManagerFixture f;
+    f.add(checkableCommand(c, true))->setEnabled(false);
+    auto* const group =
+        f.add(groupOf(QStringLiteral("G"),
+                      {checkableCommand(a, true), groupOf(QStringLiteral("H"), {new TestCommand(b)})}));
+    const QString g = groupId(QStringLiteral("G"));
+    const auto all = [&g](const char* state, const char* ofA, const char* ofC) {
+      return QStringLiteral("%1=%3 %2=%3 a=%4 b=%3 c=%5")
+          .arg(g, groupId(QStringLiteral("H")), QLatin1String(state), QLatin1String(ofA), QLatin1String(ofC));
+    };
+    const CmdMgr& manager = *f.manager;
+    QCOMPARE(textOf(manager.defaultContext(nullptr)), all("1,0", "1,0", "1,0"));
+    QCOMPARE(textOf(manager.disabledContext(nullptr)), all("0,2", "0,2", "0,2"));
+    QCOMPARE(textOf(manager.inactiveContext(nullptr)), all("2,0", "2,0", "2,0"));
+    QCOMPARE(textOf(manager.currentContext(nullptr)), all("1,0", "1,1", "0,1"));
+    QCOMPARE(textOf(manager.currentActiveContext(nullptr)), QStringLiteral("a=1,1 c=0,1"));
+
+    CommandBag* const bag = &group->commandBag();
+    const QString inGroup = groupId(QStringLiteral("H")) + QStringLiteral("=0,2 a=0,2 b=0,2");
+    QCOMPARE(textOf(manager.disabledContext(bag)), inGroup);
+    QCOMPARE(textOf(manager.disabledContext(g)), inGroup);
+    QCOMPARE(textOf(manager.inactiveContext(groupId(QStringLiteral("H")))), QStringLiteral("b=2,0"));
+    QCOMPARE(textOf(manager.currentContext(c)), QStringLiteral("c=0,1"));
+    QCOMPARE(textOf(manager.currentActiveContext(g)), QStringLiteral("a=1,1"));
+    QVERIFY(manager.disabledContext(d).isEmpty() && manager.currentContext(d).isEmpty());
+    CommandContext asked = contextOf(c, {2, 2});
+    asked.overwrite(d, {1, 1});
+    QCOMPARE(textOf(manager.currentContext(asked)), QStringLiteral("c=0,1"));
+  }
+
+  void contextsAreAppliedLaterInOrder() {
+    ManagerFixture f;
+    QStringList applied;
+    for (const QLatin1String id : {b, a}) {
+      f.add(checkableCommand(id))->work = [&, id](bool checked) {
+        applied += QStringLiteral("%1 %2 %3").arg(id).arg(checked).arg(f.manager->isApplyingContext());
+        return true;
+      };
+    }
+    f.add(groupOf(QStringLiteral("G"), {new TestCommand(c)}));
+    CommandContext context = contextOf(a, {0, 1});
+    context.overwrite(b, {2, 1});
+    context.overwrite(c, {0, 1});
+    context.overwrite(d, {0, 1});
+    f.manager->setContext(context);
+    f.manager->setContext(contextOf(a, {1, 2}));
+    QVERIFY(applied.isEmpty() && !f.manager->isApplyingContext());
+    QCOMPARE(textOf(f.manager->currentContext(a)), QStringLiteral("a=1,0"));
+    f.apply();
+    QCOMPARE(applied, (QStringList{QStringLiteral("a 1 1"), QStringLiteral("b 1 1")}));
+    QVERIFY(!f.manager->isApplyingContext());
+    QCOMPARE(f.states(), groupId(QStringLiteral("G")) + QStringLiteral("=1,0 a=1,1 b=1,1 c=0,0"));
+  }
+
+  void popOnAnEmptyStackAndReset() {
+    ManagerFixture f;
+    f.add(checkableCommand(a, true));
+    f.manager->popContext();
+    f.apply();
+    QCOMPARE(f.states(), QStringLiteral("a=1,1"));
+    f.manager->pushContext(f.manager->disabledContext());
+    f.manager->resetContext();
+    QVERIFY(f.manager->contextStack().isEmpty());
+    f.apply();
+    QCOMPARE(f.states(), QStringLiteral("a=1,0"));
+  }
+
+  void updateInStackStopsAtTheFirstGap() {
+    ManagerFixture f;
+    f.add(a);
+    f.manager->updateContextInStack(a, {0, 2});
+    f.manager->pushContext({});
+    f.manager->pushContext({});
+    f.add(b);
+    f.manager->pushContext({});
+    const auto stack = [&f] {
+      QStringList texts;
+      for (const CommandContext& saved : f.manager->contextStack())
+        texts += textOf(saved);
+      return texts;
+    };
+    f.manager->updateContextInStack(b, {0, 2});
+    f.manager->updateContextInStack(QString(), {0, 2});
+    QCOMPARE(stack(),
+             (QStringList{QStringLiteral("a=1,0"), QStringLiteral("a=1,0"), QStringLiteral("a=1,0 b=1,0")}));
+    f.manager->updateContextInStack(a, {2, 1});
+    QCOMPARE(stack(),
+             (QStringList{QStringLiteral("a=2,1"), QStringLiteral("a=2,1"), QStringLiteral("a=2,1 b=1,0")}));
+  }
+
+  // Applied at once or later, pushes and pops must come to the same.
+  void pushAndPopDoNotDependOnTheEventLoop() {
+    std::mt19937 random(20240612);
+    const auto below = [&random](int limit) { return static_cast<int>(random() % unsigned(limit)); };
+    ManagerFixture f;
+    const QStringList ids{a, b, c, d};
+    for (const QLatin1String id : {a, b})
+      f.add(checkableCommand(id));
+    f.add(groupOf(QStringLiteral("G"), {new TestCommand(c), checkableCommand(d)}));
+    f.manager->findCommand(groupId(QStringLiteral("G")))->setCheckable(false);
+
+    CommandContext now = f.manager->currentContext();
+    QList<CommandContext> stack;
+    const auto set = [&](const CommandContext& context) {
+      for (auto it = context.get().cbegin(); it != context.get().cend(); ++it)
+        now.update(it.key(), {it->enabled, it.key() == c ? State(State::Keep) : it->checked});
+      now.update(c, {State::Keep, State::Off});
+    };
+    for (int step = 0; step < 2000; ++step) {
+      CommandContext context;
+      for (const QString& id : ids) {
+        if (below(2))
+          context.overwrite(id, {below(3), below(3)});
+      }
+      switch (below(5)) {
+      case 0:
+        f.manager->setContext(context);
+        set(context);
+        break;
+      case 1:
+        f.manager->pushContext(context);
+        stack.append(now);
+        set(context);
+        break;
+      case 2:
+        f.manager->popContext();
+        if (!stack.isEmpty())
+          set(stack.takeLast());
+        break;
+      case 3:
+        f.dispatcher.step();
+        break;
+      default:
+        f.apply();
+        QCOMPARE(f.states(), textOf(now));
+      }
+      QCOMPARE(f.manager->contextStack().size(), stack.size());
+      if (!stack.isEmpty())
+        QCOMPARE(textOf(f.manager->contextStack().last()), textOf(stack.last()));
+    }
+  }
+
+  void commandOfANameSavesForItself() {
+    ManagerFixture f;
+    auto* const inGroup = new TestCommand(a);
+    inGroup->setEnabled(false);
+    f.add(groupOf(QStringLiteral("G"), {inGroup}));
+    auto* const topLevel = f.add(a);
+    f.manager->pushContext({});
+    f.manager->popContext();
+    f.apply();
+    QVERIFY(topLevel->isEnabled() && !inGroup->isEnabled());
+  }
+
+  void contextOutlivesTheRegistry_data() {
+    QTest::addColumn<bool>("managerDies");
+    QTest::newRow("registry emptied") << false;
+    QTest::newRow("manager gone") << true;
+  }
+
+  void contextOutlivesTheRegistry() {
+    QFETCH(bool, managerDies);
+    ManagerFixture f;
+    auto* const command = f.add(checkableCommand(a, true));
+    f.add(b);
+    const auto kept = command->shared_from_this();
+    f.manager->setContext(f.manager->inactiveContext());
+    TestCommand* newcomer = nullptr;
+    if (managerDies) {
+      f.manager.reset();
+    } else {
+      f.manager->removeAllCommands();
+      newcomer = f.add(checkableCommand(a, true));
+      f.manager->pushContext({}); // the newcomer is not touched by what is pending
+      QCOMPARE(textOf(f.manager->contextStack().first()), QStringLiteral("a=1,1"));
+    }
+    QVERIFY(command->isChecked());
+    f.apply();
+    QVERIFY(!command->isChecked());
+    QVERIFY(!newcomer || newcomer->isChecked());
+  }
+
+  void toggleInAnAppliedContextChangesTheRegistry_data() {
+    QTest::addColumn<QString>("what");
+    QTest::newRow("removes another") << QStringLiteral("other");
+    QTest::newRow("removes itself") << QStringLiteral("itself");
+    QTest::newRow("empties the registry") << QStringLiteral("all");
+    QTest::newRow("lets go of the manager") << QStringLiteral("manager");
+  }
+
+  void toggleInAnAppliedContextChangesTheRegistry() {
+    QFETCH(QString, what);
+    ManagerFixture f;
+    auto* const first = f.add(checkableCommand(a));
+    auto* const second = f.add(checkableCommand(b));
+    const auto kept = second->shared_from_this();
+    first->work = [&](bool) {
+      if (what == QLatin1String("other"))
+        f.manager->removeCommand(b);
+      else if (what == QLatin1String("itself"))
+        f.manager->removeCommand(a);
+      else if (what == QLatin1String("all"))
+        f.manager->removeAllCommands();
+      else
+        f.manager.reset();
+      return true;
+    };
+    CommandContext context = contextOf(a, {2, 1});
+    context.overwrite(b, {2, 1});
+    f.manager->setContext(context);
+    f.apply();
+    // Only a command that was removed by itself misses what was still to come.
+    QCOMPARE(second->isChecked(), what != QLatin1String("other"));
+  }
+
+  void pushFromAToggleSavesWhatIsStillToCome() {
+    ManagerFixture f;
+    auto* const toggled = f.add(checkableCommand(a));
+    auto* const other = f.add(b);
+    toggled->work = [&](bool) {
+      f.manager->pushContext(contextOf(b, {1, 2}));
+      return true;
+    };
+    CommandContext context = contextOf(a, {2, 1});
+    context.overwrite(b, {0, 2});
+    f.manager->setContext(context);
+    f.apply();
+    QVERIFY(other->isEnabled());
+    QCOMPARE(textOf(f.manager->contextStack().first()), QStringLiteral("a=1,1 b=0,0"));
+    f.manager->popContext();
+    f.apply();
+    QVERIFY(!other->isEnabled());
+  }
+
+  void presentStatesAreGatheredForAnotherThread() {
+    const auto manager = createShared<CmdMgr>();
+    manager->addCommand(new TestCommand(a));
+    std::atomic<bool> done = false;
+    QString states;
+    std::thread worker([&] {
+      states = textOf(manager->currentContext());
+      done = true;
+    });
+    QTRY_VERIFY(done);
+    worker.join();
+    QCOMPARE(states, QStringLiteral("a=1,0"));
+  }
+};
+
+VELA_TEST_MAIN(CmdMgrContextsTest)
+#include "cmd_mgr_contexts_test.moc"
