@@ -64,18 +64,17 @@ bool CommandBag::removeCommand(const CommandBase* command) {
 }
 
 void CommandBag::remove(Entries::const_iterator entry) {
-  const Entry removed = *entry; // may be the last reference; released when the bag is in order again
+  const QString id = entry->id;
+  const auto command = entry->command; // may be the last reference; released when the bag is in order again
   const auto next = m_entries.erase(entry);
   m_positions.clear();
-  First& first = m_first[removed.id];
-  if (--first.count == 0) {
-    m_first.remove(removed.id);
-  } else if (first.command == removed.command) {
-    first.command = std::find_if(next, m_entries.end(), [&removed](const Entry& e) {
-                      return e.id == removed.id;
-                    })->command;
-  }
-  if (dynamic_cast<CommandGroup*>(removed.command.get()))
+  First& first = m_first[id];
+  if (--first.count == 0)
+    m_first.remove(id);
+  else if (first.command == command)
+    first.command =
+        std::find_if(next, m_entries.end(), [&id](const Entry& e) { return e.id == id; })->command;
+  if (dynamic_cast<CommandGroup*>(command.get()))
     collectGroups();
 }
 
