@@ -16,6 +16,7 @@ FlatShadingCommand::FlatShadingCommand(MeshViewController* controller) : Command
   setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_F);
   setStatusTip(tr("Show each face of the mesh"));
   setBaseGroupName(LookSection);
+  setIconVisibleInMenu(false); // the menu shows a check box in its place
   setCheckable(true);
 }
 

@@ -6,12 +6,12 @@
 namespace Workbench {
 namespace {
 
-const QVector3D KeyColor(0.86F, 0.83F, 0.78F);
-const QVector3D FillColor(0.17F, 0.20F, 0.25F);
-const QVector3D RimColor(0.16F, 0.18F, 0.20F);
-const QVector3D SkyColor(0.22F, 0.235F, 0.26F);
-const QVector3D GroundColor(0.085F, 0.08F, 0.075F);
-const QVector3D HighlightColor(0.085F, 0.085F, 0.08F);
+constexpr QVector3D KeyColor(0.90F, 0.87F, 0.81F);
+constexpr QVector3D FillColor(0.15F, 0.18F, 0.23F);
+constexpr QVector3D RimColor(0.16F, 0.18F, 0.20F);
+constexpr QVector3D SkyColor(0.185F, 0.20F, 0.225F);
+constexpr QVector3D GroundColor(0.065F, 0.06F, 0.058F);
+constexpr QVector3D HighlightColor(0.085F, 0.085F, 0.08F);
 
 float linearOf(float display) {
   return display <= 0.04045F ? display / 12.92F : std::pow((display + 0.055F) / 1.055F, 2.4F);
