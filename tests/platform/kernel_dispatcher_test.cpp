@@ -118,7 +118,14 @@ private Q_SLOTS:
     QVERIFY(!wasInside);
   }
 
+  void aTaskWithAnEventLoopKeepsTheOrder_data() {
+    QTest::addColumn<int>("followers");
+    QTest::newRow("alone") << 0;
+    QTest::newRow("before one") << 1;
+    QTest::newRow("before two") << 2;
+  }
   void aTaskWithAnEventLoopKeepsTheOrder() {
+    QFETCH(const int, followers);
     QStringList order;
     QEventLoop dialog;
     const auto note = [&order](const QString& text) { return [&order, text] { order << text; }; };
@@ -131,11 +138,13 @@ private Q_SLOTS:
     };
     dispatchAsync(note(QStringLiteral("first")), MainThreadQoS);
     dispatchAsync(open, MainThreadQoS);
-    dispatchAsync(note(QStringLiteral("third")), MainThreadQoS);
-    dispatchAsync(note(QStringLiteral("fourth")), MainThreadQoS);
+    QStringList expected{QStringLiteral("first"), QStringLiteral("open")};
+    for (int i = 0; i < followers; ++i) {
+      expected << QStringLiteral("follower %1").arg(i);
+      dispatchAsync(note(expected.constLast()), MainThreadQoS);
+    }
     Vela::Test::settle();
-    QCOMPARE(order.join(QStringLiteral(", ")),
-             QStringLiteral("first, open, third, fourth, queued by it, closed"));
+    QCOMPARE(order, expected << QStringLiteral("queued by it") << QStringLiteral("closed"));
   }
 
   void aTaskThatQueuesItselfLeavesTheEventLoopRunning() {
@@ -235,6 +244,10 @@ private Q_SLOTS:
   }
 
   void helpersOfAParallelLoopAreWorkers() {
+#ifdef __SANITIZE_THREAD__
+    QSKIP(
+        "What a loop hands to its helpers passes through oneTBB, where the thread sanitizer cannot follow.");
+#endif
     std::atomic<int> elsewhere{0};
     const auto body = [&elsewhere](int) {
       const auto caller = std::this_thread::get_id();
