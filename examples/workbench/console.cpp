@@ -13,8 +13,8 @@ void print(const QString& text) {
 }
 
 void printError(const QString& file, const QString& reason) {
-  std::fprintf(stderr, "workbench: %s: %s\n", file.toLocal8Bit().constData(),
-               reason.toLocal8Bit().constData());
+  const QString text = file.isEmpty() ? reason : QStringLiteral("%1: %2").arg(file, reason);
+  std::fprintf(stderr, "workbench: %s\n", text.toLocal8Bit().constData());
 }
 
 } // namespace Workbench

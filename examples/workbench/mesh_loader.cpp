@@ -30,6 +30,8 @@ const QStringList& suffixes() {
 
 // What can be said about a file without reading it.
 QString obstacle(const QString& fileName) {
+  if (fileName.isEmpty())
+    return MeshText::tr("The name of the file is empty.");
   const QFileInfo file(fileName);
   if (!file.exists())
     return MeshText::tr("The file does not exist.");
@@ -142,9 +144,10 @@ Mesh loadMesh(const QString& fileName, const std::stop_token& stop) {
   const QString reason = obstacle(fileName);
   if (!reason.isEmpty())
     throw MeshLoadError(fileName, reason);
-  const Bytes stream = readStream(fileName, stop);
   try {
-    return decode(stream);
+    return decode(readStream(fileName, stop));
+  } catch (const MeshLoadError&) {
+    throw;
   } catch (const std::bad_alloc&) {
     throw MeshLoadError(fileName, reasonOf(MeshTooLarge, {}));
   } catch (const std::exception& error) {

@@ -120,7 +120,7 @@ private Q_SLOTS:
     expectError(m_folder.filePath(QStringLiteral("nowhere.obj")), QStringLiteral("does not exist"));
     QVERIFY(QDir(m_folder.path()).mkdir(QStringLiteral("folder.obj")));
     expectError(m_folder.filePath(QStringLiteral("folder.obj")), QStringLiteral("not a file"));
-    expectError({}, QStringLiteral("does not exist"));
+    expectError({}, QStringLiteral("name of the file is empty"));
   }
 
   void stopsWhenAsked() {

@@ -11,6 +11,7 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QScopeGuard>
 
 namespace Workbench {
 
@@ -79,7 +80,11 @@ bool OpenMeshCommand::onExecute(bool checked) {
 
 bool OpenMeshCommand::onExecuteAsync(bool) {
   const auto self = std::dynamic_pointer_cast<OpenMeshCommand>(shared_from_this());
-  QList<Failure> failures;
+  Outcome outcome;
+  // However the run ends, the user is told what became of the files.
+  const auto finish = qScopeGuard([&self, &outcome] {
+    dispatchAsync([self, outcome] { self->finishRun(outcome); }, Taren::Core::MainThreadQoS);
+  });
   for (const QString& file : std::as_const(m_files)) {
     try {
       const Mesh mesh = loadMesh(file, m_stop.get_token());
@@ -88,20 +93,23 @@ bool OpenMeshCommand::onExecuteAsync(bool) {
           controller->showMesh(mesh, file);
       };
       dispatchAsync(show, Taren::Core::MainThreadQoS);
+      ++outcome.opened;
     } catch (const MeshLoadError& error) {
       if (m_stop.stop_requested())
         break;
-      failures.append({file, error.reason(), error.message()});
+      outcome.failures.append({file, error.reason(), error.message()});
+    } catch (const std::exception& error) {
+      const MeshLoadError failure(file, QString::fromLocal8Bit(error.what()));
+      outcome.failures.append({file, failure.reason(), failure.message()});
     }
   }
-  dispatchAsync([self, failures] { self->finishRun(failures); }, Taren::Core::MainThreadQoS);
-  return failures.isEmpty();
+  return outcome.failures.isEmpty();
 }
 
 // Comes after the last mesh is shown and before the closing steps, which tell the user.
-void OpenMeshCommand::finishRun(const QList<Failure>& failures) {
-  m_failures = failures;
-  const qsizetype opened = m_files.size() - failures.size();
+void OpenMeshCommand::finishRun(const Outcome& outcome) {
+  m_failures = outcome.failures;
+  const qsizetype opened = outcome.opened;
   if (opened > 0)
     setExecutionNotificationMessage(EndNotification,
                                     opened == 1 && m_files.size() == 1

@@ -48,8 +48,13 @@ protected:
   Vela::UiBase::CommandContext getExecutionCommandContext() override;
 
 private:
+  struct Outcome {
+    qsizetype opened = 0;
+    QList<Failure> failures;
+  };
+
   void askForFiles();
-  void finishRun(const QList<Failure>& failures);
+  void finishRun(const Outcome& outcome);
 
   QStringList m_waiting;
   QStringList m_files; // of the run; left alone while it lasts
