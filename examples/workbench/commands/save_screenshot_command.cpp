@@ -12,6 +12,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QImageWriter>
+#include <QScopeGuard>
 #include <QStandardPaths>
 
 #include <stdexcept>
@@ -41,20 +42,34 @@ SaveScreenshotCommand::SaveScreenshotCommand(MeshViewController* controller) : C
 }
 
 bool SaveScreenshotCommand::onExecute(bool checked) {
-  if (m_file.isEmpty()) {
+  if (m_run)
+    return false;
+  if (!m_next) {
     askForFile();
     return false;
   }
-  return CommandBase::onExecute(checked);
+  m_run.swap(m_next);
+  const bool started = CommandBase::onExecute(checked);
+  if (!started)
+    m_run.reset();
+  return started;
 }
 
 bool SaveScreenshotCommand::onExecuteAsync(bool) {
-  QImageWriter writer(std::exchange(m_file, {}));
-  const bool written = writer.write(std::exchange(m_picture, {}));
-  if (!written)
+  const auto self = std::dynamic_pointer_cast<SaveScreenshotCommand>(shared_from_this());
+  const auto finish = qScopeGuard(
+      [&self] { Taren::Core::dispatchAsync([self] { self->m_run.reset(); }, Taren::Core::MainThreadQoS); });
+  QImageWriter writer(m_run->file);
+  if (!writer.write(m_run->picture))
     throw std::runtime_error(
         QStringLiteral("%1: %2").arg(writer.fileName(), writer.errorString()).toLocal8Bit().toStdString());
   return true;
+}
+
+CommandContext SaveScreenshotCommand::getExecutionCommandContext() {
+  CommandContext context;
+  context.overwrite(commandId(), {State::Off, State::Keep});
+  return context;
 }
 
 void SaveScreenshotCommand::askForFile() {
@@ -71,11 +86,10 @@ void SaveScreenshotCommand::askForFile() {
 
 void SaveScreenshotCommand::save(const QString& file) {
   auto* const view = qobject_cast<MeshView*>(getView());
-  if (!view || file.isEmpty())
+  if (!view || file.isEmpty() || m_run)
     return;
   config().setValue(FolderKey, QFileInfo(file).absolutePath());
-  m_picture = view->picture();
-  m_file = file;
+  m_next = Shot{file, view->picture()};
   const QString name = QFileInfo(file).fileName();
   setExecutionNotificationMessage(StartNotification, tr("Saving %1…").arg(name));
   setExecutionNotificationMessage(EndNotification, tr("Saved %1").arg(name));

@@ -5,12 +5,14 @@
 
 #include <QImage>
 
+#include <optional>
+
 namespace Workbench {
 
 class MeshViewController;
 
 /// Saves the view's picture to an image file. Asks for the file, takes the picture, and writes it on a thread
-/// of the dispatcher.
+/// of the dispatcher; it is disabled meanwhile.
 class SaveScreenshotCommand : public Vela::UiBase::CommandBase {
   Q_OBJECT
   COMMAND_ID(SaveScreenshotCommand)
@@ -24,14 +26,21 @@ public:
 public Q_SLOTS:
   bool onExecute(bool checked = false) override;
 
+protected:
+  Vela::UiBase::CommandContext getExecutionCommandContext() override;
+
 private:
+  struct Shot {
+    QString file;
+    QImage picture;
+  };
+
   void askForFile();
   void save(const QString& file);
   QString suggestedFile() const;
 
-  // What the run works on; left alone while it lasts.
-  QImage m_picture;
-  QString m_file;
+  std::optional<Shot> m_next; // what the run that is about to start works on
+  std::optional<Shot> m_run;  // what the run works on; left alone while it lasts
 };
 
 } // namespace Workbench
