@@ -13,6 +13,7 @@
 
 #include <QApplication>
 
+#include <algorithm>
 #include <optional>
 
 using namespace Workbench;
@@ -41,7 +42,8 @@ int run(const Options& options) {
     screenshot.emplace(window, options.screenshot);
     screenshot->start(options.files);
   }
-  return QApplication::exec();
+  const int status = QApplication::exec();
+  return screenshot ? screenshot->status() : status;
 }
 
 int writeTrace(const QString& file, int status) {
@@ -52,9 +54,22 @@ int writeTrace(const QString& file, int status) {
   return 1;
 }
 
+// A screenshot can be taken where there is no display.
+void choosePlatform([[maybe_unused]] int argc, [[maybe_unused]] char** argv) {
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+  const bool screenshot = std::any_of(argv, argv + argc, [](const char* argument) {
+    return QByteArray(argument).startsWith("--screenshot");
+  });
+  if (screenshot && qEnvironmentVariableIsEmpty("DISPLAY") &&
+      qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
+  choosePlatform(argc, argv);
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("workbench"));
   QApplication::setApplicationDisplayName(QObject::tr("Workbench"));

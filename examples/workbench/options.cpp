@@ -56,6 +56,8 @@ Options Options::parse(const QStringList& arguments) {
     options.answer = Answer{QStringLiteral("%1 %2\n").arg(QCoreApplication::applicationName(),
                                                           QCoreApplication::applicationVersion()),
                             0};
+  } else if (parser.isSet(screenshot) && parser.value(screenshot).isEmpty()) {
+    options.answer = Answer{OptionText::tr("--screenshot needs the name of an image file.\n"), 1};
   } else if (parser.isSet(size)) {
     options.size = parseSize(parser.value(size));
     if (options.size.isEmpty())

@@ -30,7 +30,7 @@ void ScreenshotRun::openingFinished(bool allOpened) {
   if (allOpened)
     m_window.controller()->hideNotification(); // it would have gone before anybody looks closely
   else
-    m_status = 1;
+    m_allOpened = false;
   saveWhenSettled();
 }
 
@@ -43,11 +43,13 @@ void ScreenshotRun::saveWhenSettled() {
 }
 
 void ScreenshotRun::save() {
+  if (!m_window.isVisible())
+    return; // closed: what it shows is not what was asked for
   QImageWriter writer(m_image);
-  if (!writer.write(m_window.grab().toImage())) {
+  if (!writer.write(m_window.grab().toImage()))
     printError(m_image, writer.errorString());
-    m_status = 1;
-  }
+  else if (m_allOpened)
+    m_status = 0;
   QCoreApplication::exit(m_status);
 }
 

@@ -18,6 +18,8 @@ public:
   ScreenshotRun(MainWindow& window, const QString& image);
 
   void start(const QStringList& files);
+  /// What the program ends with: 1 until the image is saved, however the program is ended.
+  int status() const noexcept { return m_status; }
 
 private:
   void openingFinished(bool allOpened);
@@ -28,7 +30,8 @@ private:
   QString m_image;
   bool m_opening = false;
   bool m_saved = false;
-  int m_status = 0;
+  bool m_allOpened = true;
+  int m_status = 1;
 };
 
 } // namespace Workbench

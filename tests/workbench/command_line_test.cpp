@@ -30,6 +30,13 @@ class CommandLineTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
+  void init() {
+    m_environment = QProcessEnvironment::systemEnvironment();
+    m_environment.insert("XDG_CONFIG_HOME", path("config"));
+    m_environment.insert("QT_QPA_PLATFORM", "offscreen");
+    m_environment.insert("LC_ALL", "C.UTF-8");
+  }
+
   void savesWhatTheWindowShows() {
     const QString mesh = write("blob.ply", Test::binaryPlyFile(Test::blob(40)));
     const Outcome outcome = run({mesh, "--screenshot", path("good.png"), "--size", "500x400"});
@@ -73,6 +80,8 @@ private Q_SLOTS:
     QTest::newRow("missing") << "missing.obj" << QByteArray() << "does not exist";
     QTest::newRow("damaged") << "bad.off" << QByteArray("OFF\n1 1 0\n0 0 0\n3 0 1 2\n") << "damaged";
     QTest::newRow("no mesh") << "letter.txt" << QByteArray("Dear Sir") << "format is not known";
+    QTest::newRow("name beyond ASCII") << QStringLiteral("Größe √2.off") << QByteArray("OFF\n") << "damaged";
+    QTest::newRow("folder") << "" << QByteArray() << "not a file";
   }
   void aBadFileIsNamedWithTheReason() {
     QFETCH(QString, name);
@@ -86,11 +95,43 @@ private Q_SLOTS:
     QVERIFY(!QImage(path("bad.png")).isNull());
   }
 
+  void aNameMayBeEmptyOrEmptyOfContent() {
+    const Outcome unnamed = run({"", "--screenshot", path("unnamed.png")});
+    QCOMPARE(unnamed.status, 1);
+    QVERIFY2(unnamed.errors.contains("workbench: The name of the file is empty."),
+             qPrintable(unnamed.errors));
+    const Outcome empty = run({write("empty.ply", {}), "--screenshot", path("empty.png")});
+    QCOMPARE(empty.status, 1);
+    QVERIFY2(empty.errors.contains("empty.ply: The file is empty."), qPrintable(empty.errors));
+  }
+
+  void namesMayContainAnything() {
+    const QString mesh = write(QStringLiteral("ein Würfel √2.obj"), Test::objFile(Test::cube(1)));
+    const QString image = path(QStringLiteral("ein Bild √2.png"));
+    QCOMPARE(run({mesh, "--screenshot", image, "--size", "300x240"}).status, 0);
+    QVERIFY(Test::meshPixels(QImage(image).copy(20, 40, 260, 160)) > 3000);
+  }
+
+  void anImageThatCannotBeWrittenIsAnError_data() {
+    QTest::addColumn<QString>("name");
+    QTest::newRow("no folder") << "no such folder/image.png";
+    QTest::newRow("unknown format") << "image.xyz";
+    QTest::newRow("no format") << "image";
+  }
   void anImageThatCannotBeWrittenIsAnError() {
-    const QString image = path("no such folder/image.png");
-    const Outcome outcome = run({"--screenshot", image});
+    QFETCH(QString, name);
+    const Outcome outcome = run({"--screenshot", path(name)});
     QCOMPARE(outcome.status, 1);
-    QVERIFY2(outcome.errors.contains(image), qPrintable(outcome.errors));
+    QVERIFY2(outcome.errors.contains(path(name)), qPrintable(outcome.errors));
+    QVERIFY(!QFile::exists(path(name)));
+  }
+
+  void takesAScreenshotWithoutADisplay() {
+    m_environment.remove("DISPLAY");
+    m_environment.remove("WAYLAND_DISPLAY");
+    m_environment.remove("QT_QPA_PLATFORM");
+    QCOMPARE(run({"--screenshot=" + path("headless.png")}).status, 0);
+    QVERIFY(!QImage(path("headless.png")).isNull());
   }
 
   void writesATrace() {
@@ -121,6 +162,9 @@ private Q_SLOTS:
     const Outcome unknown = run({"--unknown"});
     QCOMPARE(unknown.status, 1);
     QVERIFY2(unknown.errors.contains("unknown"), qPrintable(unknown.errors));
+    const Outcome unnamed = run({"a.obj", "--screenshot", ""});
+    QCOMPARE(unnamed.status, 1);
+    QVERIFY2(unnamed.errors.contains("--screenshot"), qPrintable(unnamed.errors));
   }
 
   void understandsSizes_data() {
@@ -145,12 +189,8 @@ private Q_SLOTS:
 private:
   Outcome run(const QStringList& arguments, const QString& scale = "1") {
     QProcess program;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("XDG_CONFIG_HOME", path("config"));
-    environment.insert("QT_SCALE_FACTOR", scale);
-    environment.insert("QT_QPA_PLATFORM", "offscreen");
-    environment.insert("LC_ALL", "C.UTF-8");
-    program.setProcessEnvironment(environment);
+    m_environment.insert("QT_SCALE_FACTOR", scale);
+    program.setProcessEnvironment(m_environment);
     program.start(QDir(QCoreApplication::applicationDirPath()).filePath("workbench"), arguments);
     constexpr int Patience = 60000;
     if (!program.waitForFinished(Patience) || program.exitStatus() != QProcess::NormalExit)
@@ -168,6 +208,7 @@ private:
   }
 
   QTemporaryDir m_folder;
+  QProcessEnvironment m_environment;
 };
 
 VELA_TEST_MAIN(CommandLineTest)

@@ -12,6 +12,7 @@
 #include <workbench/commands/open_mesh_command.h>
 #include <workbench/commands/reset_view_command.h>
 #include <workbench/commands/save_screenshot_command.h>
+#include <workbench/screenshot_run.h>
 
 #include <QApplication>
 #include <QFileDialog>
@@ -198,6 +199,26 @@ private Q_SLOTS:
     QVERIFY(Test::meshPixels(picture) > 3000);
   }
 
+  void oneScreenshotIsSavedAtATime() {
+    WorkbenchFixture workbench;
+    QVERIFY(workbench.start());
+    open(workbench, workbench.write("cube.obj", cubeFile()));
+    auto* const command = workbench.command<SaveScreenshotCommand>();
+    Taren::Core::SteppedDispatcher dispatcher;
+    const Taren::Core::ScopedDispatcher installed(dispatcher);
+    workbench.press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(workbench.chooseFile(workbench.path("picture.png")));
+    while (dispatcher.step(Taren::Core::MainThreadQoS)) {
+    }
+    QVERIFY(!command->isEnabled());
+    // Not even when something else asks for it.
+    QVERIFY(!command->onExecute());
+    QVERIFY(!QApplication::activeModalWidget());
+    dispatcher.runAll();
+    QVERIFY(command->isEnabled());
+    QVERIFY(!QImage(workbench.path("picture.png")).isNull());
+  }
+
   void aScreenshotThatCannotBeWrittenIsTold() {
     WorkbenchFixture workbench;
     QVERIFY(workbench.start());
@@ -281,6 +302,19 @@ private Q_SLOTS:
     QVERIFY(workbench.start());
     workbench.press(Qt::Key_Q, Qt::ControlModifier);
     QTRY_VERIFY(!workbench.window().isVisible());
+  }
+
+  void aScreenshotRunThatIsCutShortHasFailed() {
+    WorkbenchFixture workbench;
+    QVERIFY(workbench.start());
+    const QString image = workbench.path("image.png");
+    ScreenshotRun run(workbench.window(), image);
+    run.start({workbench.write("large.off", Test::offFile(Test::blob(250)))});
+    workbench.press(Qt::Key_Q, Qt::ControlModifier);
+    QTRY_VERIFY(workbench.command<OpenMeshCommand>()->isEnabled());
+    settle();
+    QCOMPARE(run.status(), 1);
+    QVERIFY(!QFile::exists(image));
   }
 
   void theWindowMayGoWhileAFileIsBeingRead() {
