@@ -66,7 +66,13 @@ ERcmStatus Kernel::start() {
     throw std::logic_error("The kernel has started already!");
   m_started = true;
   while (m_initialised < m_services.size()) {
-    const ERcmStatus status = initialize(*m_services[m_initialised]);
+    const std::shared_ptr<IService> service = m_services[m_initialised];
+    const ERcmStatus status = initialize(*service);
+    if (!m_started) { // the service stopped the kernel; those before it are terminated
+      if (status == RcmSuccess)
+        terminate(*service);
+      return RcmFailure;
+    }
     if (status != RcmSuccess) {
       stop();
       return status;

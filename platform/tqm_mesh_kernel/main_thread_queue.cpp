@@ -79,8 +79,9 @@ void MainThreadQueue::serve() {
       m_batch.swap(m_queued);
     }
     m_servingRequested = false;
-    // A task may turn an event loop of its own; this wakes it for the rest of the batch, in order.
-    if (m_batch.size() - m_next > 1)
+    // A task may turn an event loop of its own; this wakes it for the rest of the batch, in order. What was
+    // queued meanwhile has no other wake-up than the one just used.
+    if (m_batch.size() - m_next > 1 || !m_queued.empty())
       requestServing();
   }
   while (m_next < m_batch.size()) {

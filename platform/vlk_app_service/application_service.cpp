@@ -6,6 +6,7 @@
 #include "shutdown_protocol.h"
 
 #include <QCoreApplication>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 
@@ -29,7 +30,11 @@ ApplicationService& ApplicationService::GetInstance() {
   return service;
 }
 
-ApplicationService::ApplicationService() = default;
+// Whoever asks first makes it; it belongs to the main thread all the same.
+ApplicationService::ApplicationService() {
+  if (const QCoreApplication* const application = QCoreApplication::instance())
+    moveToThread(application->thread());
+}
 
 ApplicationService::~ApplicationService() = default;
 
@@ -89,11 +94,24 @@ qsizetype ApplicationService::shutdownProtocolDelegateCount() const {
                        [](const WeakDelegate& delegate) { return !delegate.expired(); });
 }
 
+std::shared_ptr<ShutdownProtocol> ApplicationService::firstNotIn(const QList<WeakDelegate>& asked) const {
+  for (const WeakDelegate& weak : m_shutdownDelegates) {
+    const auto delegate = weak.lock();
+    if (delegate && std::none_of(asked.cbegin(), asked.cend(), isOwnedLike(delegate)))
+      return delegate;
+  }
+  return nullptr;
+}
+
 bool ApplicationService::requestShutdown() {
-  // Copies, because a delegate may register or remove delegates when asked.
-  const QList<WeakDelegate> asked = m_shutdownDelegates;
-  for (const WeakDelegate& weak : asked) {
-    if (const auto delegate = weak.lock(); delegate && !delegate->mayShutDown())
+  if (m_shuttingDown)
+    return false;
+  const QScopedValueRollback shuttingDown(m_shuttingDown, true);
+  // A delegate may register and remove delegates when asked; newcomers are asked too.
+  QList<WeakDelegate> asked;
+  while (const auto delegate = firstNotIn(asked)) {
+    asked.append(delegate);
+    if (!delegate->mayShutDown())
       return false;
   }
   const QList<WeakDelegate> told = m_shutdownDelegates;

@@ -56,8 +56,8 @@ public:
   qsizetype shutdownProtocolDelegateCount() const;
 
   /// Asks each delegate, in order of registration, whether the program may shut down; when all agree, tells
-  /// each.
-  /// @return whether all agreed.
+  /// each. Delegates that register meanwhile are asked too.
+  /// @return whether all agreed; false also while another request is under way.
   bool requestShutdown();
 
 Q_SIGNALS:
@@ -68,11 +68,13 @@ private:
   ~ApplicationService() override;
   void releaseWithApplication();
   static void release();
+  std::shared_ptr<ShutdownProtocol> firstNotIn(const QList<std::weak_ptr<ShutdownProtocol>>& asked) const;
 
   Taren::Core::Kernel m_kernel;
   std::unique_ptr<IAppManager> m_appManager;
   std::unique_ptr<ConfigManager> m_configManager;
   QList<std::weak_ptr<ShutdownProtocol>> m_shutdownDelegates;
+  bool m_shuttingDown = false;
   int m_switchingLocks = 0;
   std::atomic<bool> m_releaseRegistered{false};
 };

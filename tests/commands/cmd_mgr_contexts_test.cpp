@@ -118,6 +118,36 @@ private Q_SLOTS:
   }
 
   // Applied at once or later, pushes and pops must come to the same.
+  void whatIsPendingUnchecksTheOthersOfAnExclusiveGroup() {
+    ManagerFixture f;
+    f.add(groupOf(QStringLiteral("G"), {checkableCommand(a), checkableCommand(b)}));
+    f.manager->findCommand(b)->setChecked(true);
+    CommandContext checkA;
+    checkA.overwrite(a, {State::Keep, State::On});
+    f.manager->setContext(checkA);
+    f.manager->pushContext(f.manager->disabledContext()); // before the context above is applied
+    f.manager->popContext();
+    f.apply();
+    QVERIFY(f.manager->findCommand(a)->isChecked());
+    QVERIFY(!f.manager->findCommand(b)->isChecked());
+  }
+
+  void aContextThatComesWhileOneIsHalfAppliedWaitsForItsRest() {
+    ManagerFixture f;
+    TestCommand* const first = f.add(checkableCommand(a));
+    TestCommand* const second = f.add(checkableCommand(b));
+    // Toggling the first turns an event loop.
+    QObject::connect(first, &QAction::toggled, first, [&f] { f.dispatcher.runAll(); });
+    CommandContext checkBoth;
+    checkBoth.overwrite(a, {State::Keep, State::On});
+    checkBoth.overwrite(b, {State::Keep, State::On});
+    f.manager->setContext(checkBoth);
+    f.manager->setContext(f.manager->inactiveContext(QString(b)));
+    f.apply();
+    QVERIFY(first->isChecked());
+    QVERIFY(!second->isChecked());
+  }
+
   void pushAndPopDoNotDependOnTheEventLoop() {
     std::mt19937 random(20240612);
     const auto below = [&random](int limit) { return static_cast<int>(random() % unsigned(limit)); };

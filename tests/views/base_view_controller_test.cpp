@@ -84,11 +84,18 @@ private Q_SLOTS:
   void notificationComesAndGoesWithView();
   void notificationOfCoveredViewWaitsUntilItAppears();
 
+  void notificationsFollowControllerToItsNextView();
+  void presenterAppearsHoweverThePresentedViewGoes_data();
+  void presenterAppearsHoweverThePresentedViewGoes();
+  void presentingAnAncestorIsRefused();
+
   void controllerDiesWithItsView();
   void heldControllerOutlivesItsView();
   void controllerDeletedByHandTakesParentlessViewAlong();
   void controllerDeletedByHandLeavesViewWithParent();
   void viewsShareOneController();
+  void sharedControllerDeletedByHandLeavesEveryView();
+  void heldControllerDeletedByHandLeavesShutdown();
   void replacedControllerForgetsView();
   void constructorThatThrowsAfterAttachingLeavesViewFree();
   void lastReferenceOnWorkerDeletesOnMainThread();
@@ -269,6 +276,52 @@ void BaseViewControllerTest::notificationOfCoveredViewWaitsUntilItAppears() {
   QVERIFY(bar->isVisible());
 }
 
+void BaseViewControllerTest::notificationsFollowControllerToItsNextView() {
+  Stage s;
+  s.controller->showNotification(QStringLiteral("Old."), FadeInOnly, 3000, false, nullptr, nullptr);
+  BaseView next;
+  next.setAttribute(Qt::WA_DeleteOnClose, false);
+  next.show();
+  s.controller->setView(&next);
+  QVERIFY(!s.controller->isNotificationShowing());
+  s.controller->showNotification(QStringLiteral("New."), FadeInOnly, 3000, false, nullptr, nullptr);
+  auto* const bar = next.findChild<NotificationBar*>();
+  QVERIFY(bar && bar->isVisible());
+  settle();
+  QVERIFY(!s.view->findChild<NotificationBar*>());
+}
+
+void BaseViewControllerTest::presenterAppearsHoweverThePresentedViewGoes_data() {
+  QTest::addColumn<int>("way");
+  QTest::newRow("closed") << 0;
+  QTest::newRow("deleted") << 1;
+  QTest::newRow("presented elsewhere") << 2;
+}
+
+void BaseViewControllerTest::presenterAppearsHoweverThePresentedViewGoes() {
+  QFETCH(const int, way);
+  Stage s;
+  BaseView other;
+  auto* const otherController = new RecordingController(nullptr, &other);
+  s.controller->presentViewController(s.child, FromLeft);
+  s.calls.clear();
+  if (way == 0)
+    s.childView->close();
+  else if (way == 1)
+    delete s.childView;
+  else
+    otherController->presentViewController(s.child, FromLeft);
+  settle();
+  QCOMPARE(s.calls.count(QStringLiteral("viewWillAppear")), 1);
+}
+
+void BaseViewControllerTest::presentingAnAncestorIsRefused() {
+  Stage s;
+  s.controller->presentViewController(s.child, FromLeft);
+  QVERIFY(!s.child->presentViewController(s.controller, FromLeft));
+  QVERIFY(!s.view->parentWidget());
+}
+
 void BaseViewControllerTest::controllerDiesWithItsView() {
   Stage s;
   delete s.view;
@@ -311,6 +364,30 @@ void BaseViewControllerTest::viewsShareOneController() {
   QVERIFY(s.controller && !s.controller->getView());
   delete s.view;
   QVERIFY(!s.controller);
+}
+
+void BaseViewControllerTest::sharedControllerDeletedByHandLeavesEveryView() {
+  Stage s;
+  s.childView->setViewController(s.controller);
+  delete s.controller;
+  QVERIFY(!s.childView); // it was the controller's view
+  QVERIFY(s.view && !s.view->getViewController());
+  QTest::mouseClick(s.view->windowHandle(), Qt::LeftButton, {}, QPoint(10, 10));
+}
+
+void BaseViewControllerTest::heldControllerDeletedByHandLeavesShutdown() {
+  struct Asked : RecordingController {
+    using RecordingController::RecordingController;
+    bool mayShutDown() override { return false; }
+  };
+  QWidget parent;
+  auto* const view = new BaseView(&parent);
+  auto* const controller = new Asked(nullptr, view);
+  parent.show();
+  const auto held = controller->shared_from_this();
+  QVERIFY(!ApplicationService::GetInstance().requestShutdown());
+  delete controller;
+  QVERIFY(ApplicationService::GetInstance().requestShutdown());
 }
 
 void BaseViewControllerTest::replacedControllerForgetsView() {

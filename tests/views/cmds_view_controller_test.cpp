@@ -99,6 +99,7 @@ private Q_SLOTS:
   void viewReachesVirtualBase();
   void commandsComeFromAppManagerInOrder();
   void closingUnchecksAndRemovesCommands();
+  void nextViewOfHeldControllerLoadsFreshCommands();
   void busyCursorFramesExecution_data();
   void busyCursorFramesExecution();
   void executionMessages_data();
@@ -141,6 +142,17 @@ void CmdsViewControllerTest::closingUnchecksAndRemovesCommands() {
   QVERIFY(!held->isChecked() && held->isEnabled());
   QVERIFY(!other);
   QVERIFY(!held->getViewController());
+}
+
+void CmdsViewControllerTest::nextViewOfHeldControllerLoadsFreshCommands() {
+  const Screen screen;
+  const auto held = screen.controller->shared_from_this();
+  delete screen.view;
+  BaseView next;
+  held->setView(&next);
+  next.show();
+  QCOMPARE(std::as_const(*screen.controller).commandBag().count(), 2);
+  held->setView(nullptr);
 }
 
 void CmdsViewControllerTest::busyCursorFramesExecution_data() {

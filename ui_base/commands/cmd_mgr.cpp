@@ -4,6 +4,7 @@
 #include "command_base.h"
 #include "command_group.h"
 
+#include <QActionGroup>
 #include <QMap>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
@@ -76,6 +77,21 @@ CommandContext checkedOnly(const CommandContext& context) {
       checked.overwrite(it.key(), it.value());
   }
   return checked;
+}
+
+/// Checking a command of an exclusive group unchecks the others.
+void uncheckRivals(CommandContext& context, const CommandBase& command) {
+  const QActionGroup* const group = command.actionGroup();
+  if (!group || !group->isExclusive())
+    return;
+  const QList<QAction*> actions = group->actions();
+  for (QAction* const action : actions) {
+    const auto* const rival = dynamic_cast<CommandBase*>(action);
+    if (!rival || rival == &command)
+      continue;
+    if (const QString id = rival->commandId(); context.contains(id))
+      context[id].checked = State::Off;
+  }
 }
 
 template <class Gather>
@@ -181,12 +197,13 @@ bool CmdMgr::removeCommand(CommandBase* command) {
     if (!group || !stands(*command) || !group->removeCommand(command))
       return false;
   }
-  letGo(*kept);
+  letGo(*command);
   tellRemoved(id);
   return true;
 }
 
 void CmdMgr::removeAllCommands() {
+  const std::shared_ptr<CmdMgr> self = sharedOrEmpty(); // a delegate may let go of the manager
   keepPendingCommands();
   const CommandBag removed = d->bag;
   d->bag.clear();
@@ -311,6 +328,9 @@ void CmdMgr::setContext(const CommandContext& context) {
 // A command may run on being toggled, and then push a context or change the registry. So an entry is taken
 // when its turn comes, and what is left stays pending.
 void CmdMgr::applyPending(const std::shared_ptr<PendingContext>& pending) {
+  // An older context that is half applied, by a command that turns an event loop, comes first.
+  while (d->pending.contains(pending) && d->pending.constFirst() != pending)
+    applyPending(std::shared_ptr(d->pending.constFirst()));
   const auto done = qScopeGuard([&] { d->pending.removeOne(pending); });
   const QScopedValueRollback applying(d->applying, true);
   while (!pending->states.isEmpty()) {
@@ -343,8 +363,11 @@ CommandContext CmdMgr::presentContext() const {
           continue;
         CommandState& entry = present[it.key()];
         entry.enabled = it->enabled;
-        if (command->isCheckable())
-          entry.checked = it->checked;
+        if (!command->isCheckable())
+          continue;
+        if (it->checked == State::On)
+          uncheckRivals(present, *command);
+        entry.checked = it->checked;
       }
     }
     return present;
@@ -352,8 +375,13 @@ CommandContext CmdMgr::presentContext() const {
 }
 
 void CmdMgr::pushContext(const CommandContext& context) {
-  d->stack.append(presentContext());
-  setContext(context);
+  const std::shared_ptr<CmdMgr> self = shared_from_this();
+  dispatchSync(
+      [&] {
+        d->stack.append(presentContext());
+        setContext(context);
+      },
+      MainThreadQoS);
 }
 
 void CmdMgr::popContext() {

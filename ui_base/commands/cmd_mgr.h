@@ -90,8 +90,11 @@ public:
   CommandContext currentActiveContext(const QString& id) const;
 
   /// Applies a context, later; identifiers that name no command are passed over.
+  /// @throws std::bad_weak_ptr when the manager is not shared.
   void setContext(const CommandContext& context);
-  /// Saves the present states on the stack, then applies the context.
+  /// Saves the present states on the stack, then applies the context. From any thread, which waits for the
+  /// main thread.
+  /// @throws std::bad_weak_ptr when the manager is not shared.
   void pushContext(const CommandContext& context);
   /// Applies what the matching pushContext() saved. Does nothing when the stack is empty.
   void popContext();

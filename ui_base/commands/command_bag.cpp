@@ -10,7 +10,17 @@ namespace Vela::UiBase {
 
 CommandBag::CommandBag() = default;
 CommandBag::CommandBag(const CommandBag&) = default;
-CommandBag& CommandBag::operator=(const CommandBag&) = default;
+CommandBag& CommandBag::operator=(const CommandBag& other) {
+  if (this == &other)
+    return *this;
+  // What was held dies when the bag is in order again.
+  CommandBag copy(other);
+  m_entries.swap(copy.m_entries);
+  m_first.swap(copy.m_first);
+  m_groups.swap(copy.m_groups);
+  m_positions.swap(copy.m_positions);
+  return *this;
+}
 CommandBag::~CommandBag() = default;
 
 bool CommandBag::addCommand(const std::shared_ptr<CommandBase>& command) {

@@ -7,6 +7,7 @@
 #include <vlk_app_service/application_service.h>
 
 #include <QCoreApplication>
+#include <QScopeGuard>
 
 namespace Vela::UiBase {
 
@@ -32,8 +33,10 @@ bool CommandExecution::run() {
     if (CommandBase* const began = ref.get())
       observer->commandBeganExecuting(began, checked);
   });
-  if (!m_command.get())
+  if (!m_command.get()) {
+    finish();
     return false;
+  }
   const auto qos = command->executionQoS();
   return qos == MainThreadQoS ? runNow() : runLater(qos);
 }
@@ -57,7 +60,7 @@ bool CommandExecution::runLater(Taren::Core::EQualityOfService qos) {
 void CommandExecution::pushContext() {
   const CommandContext context = m_command.get()->getExecutionCommandContext();
   CmdsViewController* const controller = m_command.get()->getViewController();
-  if (context.isEmpty() || !controller)
+  if (context.isEmpty() || !controller || !controller->isShared())
     return;
   controller->pushContext(context);
   m_contextHolder = controller;
@@ -96,11 +99,14 @@ void CommandExecution::switchWorkspacesOff() {
 }
 
 void CommandExecution::close() {
+  // Also when an observer throws.
+  const auto last = qScopeGuard([this] {
+    if (m_workspaceSwitch.exchange(WorkspaceSwitch::Closed) == WorkspaceSwitch::Off)
+      service().EnableWorkspaceSwitching(true);
+    reportFailure();
+  });
   popContext();
   finish();
-  if (m_workspaceSwitch.exchange(WorkspaceSwitch::Closed) == WorkspaceSwitch::Off)
-    service().EnableWorkspaceSwitching(true);
-  reportFailure();
 }
 
 void CommandExecution::finish() {

@@ -139,10 +139,10 @@ void CommandGroup::removeObserver(const std::shared_ptr<CommandStateProtocol>& o
 
 void CommandGroup::removeAllObservers() {
   CommandBase::removeAllObservers();
+  for (int i = 0; i < d->bag.count(); ++i)
+    stopObserving(*d->bag.commandAt(i));
   d->guardedObservers.clear();
   d->weakObservers.clear();
-  for (int i = 0; i < d->bag.count(); ++i)
-    d->bag.commandAt(i)->removeAllObservers();
 }
 
 const CommandBag& CommandGroup::commandBag() const { return d->bag; }
@@ -238,6 +238,11 @@ void CommandGroup::detachChild(CommandBase& child) {
     d->actionGroup->removeAction(&child);
   if (child.commandGroup() == this)
     child.setCommandGroup(nullptr);
+  stopObserving(child);
+}
+
+// Takes from a child the observers it has through the group.
+void CommandGroup::stopObserving(CommandBase& child) {
   for (const auto& entry : d->weakObservers) {
     if (const auto observer = entry.observer.lock())
       child.removeObserver(observer);

@@ -14,7 +14,8 @@ class CommandGroupPrivate;
 /// that what shows the group can show whether one of its children is on.
 ///
 /// The group shares ownership of its children. They stand in order of rank, equal ranks in order of addition.
-/// Who observes the group also hears its children, those added later included.
+/// Who observes the group also hears its children, those added later included. Unlike those of a single
+/// command, the observers of a group are added and removed on the main thread.
 ///
 /// @code
 /// auto* shading = new CommandGroup(":/icons/shading.svg", tr("Shading"), "Shading");
@@ -109,6 +110,7 @@ Q_SIGNALS:
 private:
   void attachChild(CommandBase& child);
   void detachChild(CommandBase& child);
+  void stopObserving(CommandBase& child);
   std::shared_ptr<CommandBase> takeCommand(int position);
 
   const std::unique_ptr<CommandGroupPrivate> d;

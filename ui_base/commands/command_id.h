@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QObject>
 #include <QString>
 
 namespace Vela::UiBase {
@@ -25,6 +26,7 @@ inline constexpr char CMDID_PROP[] = "CMDID_PROP";
 #define COMMAND_ID(Class)                                                                                    \
 public:                                                                                                      \
   static QString className() {                                                                               \
+    static_assert(QtPrivate::HasQ_OBJECT_Macro<Class>::Value, "COMMAND_ID needs Q_OBJECT");                  \
     static const QString name = QString::fromLatin1(Class::staticMetaObject.className());                    \
     return name;                                                                                             \
   }                                                                                                          \

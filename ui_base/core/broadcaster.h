@@ -190,8 +190,8 @@ P* Broadcaster<P>::firstObserver() const {
 template <class P>
 template <class F>
 void Broadcaster<P>::callEach(const typename WeakList::Snapshot& observers, const F& f) {
-  // A reference is let go one call later: its counter cannot be read right after the lock has written it
-  // without waiting for the write, which takes as long as the call itself.
+  // The reference to an observer that others hold too is let go one call later: its counter cannot be read
+  // right after the lock has written it without waiting for the write, which takes as long as a small call.
   std::shared_ptr<P> called;
   for (const Weak& entry : observers) {
     // But not across another entry of the same owner, which would find alive what ended in its call.
@@ -199,7 +199,8 @@ void Broadcaster<P>::callEach(const typename WeakList::Snapshot& observers, cons
       called.reset();
     if (auto observer = entry.lock()) {
       std::invoke(f, observer.get());
-      called = std::move(observer);
+      if (observer.use_count() > 1)
+        called = std::move(observer);
     }
   }
 }

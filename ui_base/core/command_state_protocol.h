@@ -21,7 +21,8 @@ public:
   virtual void commandEnded(CommandBase* command);
   /// The work of a command starts; @p checked is the value it was triggered or toggled with.
   virtual void commandBeganExecuting(CommandBase* command, bool checked);
-  /// The work of a command is done, on whatever thread it ran; told on the main thread.
+  /// The work of a command is done. Told by the thread that triggered the command when the work ran there, by
+  /// the main thread when it ran on a thread of the dispatcher.
   virtual void commandEndedExecuting(CommandBase* command, bool checked);
 };
 

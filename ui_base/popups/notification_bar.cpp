@@ -47,6 +47,8 @@ Notification plainNotification(ENotificationFadeOption fade, int durationMs, boo
 NotificationBar::NotificationBar(QWidget* parent)
     : QWidget(parent), d(std::make_unique<NotificationBarPrivate>(this)) {
   installAlertFactory();
+  // Nor does a drag, a turn of the wheel or a context menu reach what lies behind the bar.
+  setAttribute(Qt::WA_NoMousePropagation);
   // An explicit hide keeps the bar from being shown together with its parent.
   hide();
 }

@@ -32,8 +32,8 @@ BaseView::BaseView(QWidget* parent, Qt::WindowFlags flags)
 BaseView::~BaseView() {
   ApplicationEventRelay::remove(*this);
   const auto controller = std::exchange(d->controller, nullptr);
-  if (controller && controller->getView() == this)
-    controller->viewIsGone();
+  if (controller)
+    controller->letGoOfView(this);
 }
 
 void BaseView::setViewController(BaseViewController* controller) {
@@ -41,10 +41,10 @@ void BaseView::setViewController(BaseViewController* controller) {
     return;
   auto next = Taren::Objects::adoptShared(controller);
   const auto previous = std::exchange(d->controller, std::move(next));
-  if (previous && previous->getView() == this)
-    previous->forgetView();
+  if (previous)
+    previous->letGoOfView(this);
   if (controller)
-    controller->rememberView(this);
+    controller->takeView(this);
 }
 
 BaseViewController* BaseView::getViewController() const { return d->controller.get(); }

@@ -25,7 +25,9 @@ public:
   QPointer<NotificationBar> notificationBar;
   QPointer<FloatingWidget> notificationHost; // carries the bar over the view
   bool loaded = false;
-  bool appeared = false; // and not covered by a presented view
+  bool disappeared = false; // hidden, or covered by a presented view
+  QList<BaseView*> owners;  // the views that hold the controller; the last one is its view
+  std::weak_ptr<Services::ShutdownProtocol> registration;
 };
 
 namespace {
@@ -48,11 +50,12 @@ BaseViewController::BaseViewController(BaseView* view) : BaseViewController() { 
 
 BaseViewController::~BaseViewController() {
   beginDestruction();
+  if (const auto registered = d->registration.lock()) // deleted by hand, and still held elsewhere
+    applicationService().removeShutdownProtocolDelegate(registered);
   const QPointer<BaseView> view = std::exchange(d->view, nullptr);
-  if (!view)
-    return;
-  view->dropViewController(this);
-  if (!view->parentWidget())
+  for (BaseView* const owner : std::as_const(d->owners))
+    owner->dropViewController(this);
+  if (view && !view->parentWidget())
     delete view.data();
 }
 
@@ -63,15 +66,31 @@ void BaseViewController::setView(BaseView* view) {
     d->view->setViewController(nullptr);
 }
 
-void BaseViewController::rememberView(BaseView* view) { d->view = view; }
+void BaseViewController::takeView(BaseView* view) {
+  d->owners.append(view);
+  d->view = view;
+  dropNotifications(); // which lie over the former view
+}
 
-void BaseViewController::forgetView() { d->view = nullptr; }
-
-// The view died without being closed.
-void BaseViewController::viewIsGone() {
-  forgetView();
+void BaseViewController::letGoOfView(BaseView* view) {
+  d->owners.removeOne(view);
+  if (d->view != view)
+    return;
+  d->view = nullptr;
+  dropNotifications();
   if (d->loaded)
-    leaveShutdown();
+    viewWasLost();
+  endPresentation();
+}
+
+void BaseViewController::viewWasLost() { leaveShutdown(); }
+
+// However the view went, the presenter's is no longer covered.
+void BaseViewController::endPresentation() {
+  const QPointer<BaseViewController> presenter = std::exchange(d->presenter, nullptr);
+  d->transitionDirection = NoTransition;
+  if (presenter && presenter->getView())
+    presenter->viewWillAppear();
 }
 
 BaseView* BaseViewController::getView() const { return d->view; }
@@ -84,7 +103,9 @@ ETransitionDirection BaseViewController::transitionDirection() const { return d-
 
 void BaseViewController::viewDidLoad() {
   d->loaded = true;
-  applicationService().addShutdownProtocolDelegate(sharedOrEmpty());
+  const auto self = sharedOrEmpty();
+  d->registration = self;
+  applicationService().addShutdownProtocolDelegate(self);
 }
 
 void BaseViewController::leaveShutdown() {
@@ -98,14 +119,14 @@ bool BaseViewController::viewWillClose() {
 }
 
 void BaseViewController::viewWillAppear() {
-  d->appeared = true;
+  d->disappeared = false;
   if (d->notificationHost)
     d->notificationHost->show();
   TooltipManager::GetInstance().onViewVisibilityChange(true);
 }
 
 void BaseViewController::viewWillDisappear() {
-  d->appeared = false;
+  d->disappeared = true;
   if (d->notificationHost)
     d->notificationHost->hide();
   TooltipManager::GetInstance().onViewVisibilityChange(false);
@@ -136,11 +157,13 @@ bool BaseViewController::presentViewController(BaseViewController* controller,
     return true;
   const QPointer<BaseView> ownView = d->view;
   const QPointer<BaseView> shownView = controller->getView();
-  if (!ownView || !shownView)
+  if (!ownView || !shownView || shownView->isAncestorOf(ownView))
     return false;
 
-  if (const auto* const former = controller->presenter(); former && former != this && former->getView())
+  if (auto* const former = controller->presenter(); former && former != this && former->getView()) {
     former->getView()->removeEventFilter(shownView);
+    former->viewWillAppear();
+  }
   shownView->setParent(ownView);
   shownView->setGeometry(ownView->rect());
   shownView->raise();
@@ -159,13 +182,10 @@ bool BaseViewController::dismissViewController() {
   if (auto* const delegate = getDelegate(); delegate && delegate->dismissViewController())
     return true;
   const auto self = sharedOrEmpty(); // the view may be its last other owner
-  if (d->presenter) {
-    if (BaseView* const presenterView = d->presenter->getView(); presenterView && d->view)
-      presenterView->removeEventFilter(d->view);
-    d->presenter->viewWillAppear();
-  }
-  d->presenter = nullptr;
-  d->transitionDirection = NoTransition;
+  if (BaseView* const presenterView = d->presenter ? d->presenter->getView() : nullptr;
+      presenterView && d->view)
+    presenterView->removeEventFilter(d->view);
+  endPresentation();
   close();
   return true;
 }
@@ -178,8 +198,17 @@ bool BaseViewController::initializeNotificationBar() {
   d->notificationBar = new NotificationBar(d->view);
   d->notificationHost = new FloatingWidget(d->view);
   d->notificationHost->addWidget(d->notificationBar);
-  d->notificationHost->setVisible(d->appeared);
+  d->notificationHost->setVisible(!d->disappeared);
   return true;
+}
+
+void BaseViewController::dropNotifications() {
+  d->notificationBar = nullptr; // a child of the host
+  const QPointer<FloatingWidget> host = std::exchange(d->notificationHost, nullptr);
+  if (!host)
+    return;
+  host->hide();
+  host->deleteLater(); // it may be a button of the bar that led here
 }
 
 void BaseViewController::showNotification(const QString& message, ENotificationFadeOption fade,

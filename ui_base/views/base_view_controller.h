@@ -107,14 +107,20 @@ public:
   void hideNotification();
   bool isNotificationShowing() const;
 
+protected:
+  /// The view died, or got another controller, while it was loaded and without having been closed. Overriders
+  /// undo what viewDidLoad() did and call the base.
+  virtual void viewWasLost();
+
 private:
   friend class BaseView;
 
-  void rememberView(BaseView* view);
-  void forgetView();
-  void viewIsGone();
+  void takeView(BaseView* view);
+  void letGoOfView(BaseView* view);
   void leaveShutdown();
+  void endPresentation();
   bool initializeNotificationBar();
+  void dropNotifications();
 
   const std::unique_ptr<BaseViewControllerPrivate> d;
 };

@@ -10,6 +10,8 @@
 #include <QGuiApplication>
 #include <QHash>
 
+#include <vector>
+
 namespace Vela::UiBase {
 
 namespace {
@@ -23,6 +25,8 @@ constexpr int notificationDurationMs = 3000;
 class CmdsViewControllerPrivate {
 public:
   ~CmdsViewControllerPrivate() { restoreAllCursors(); }
+
+  bool hasCommandsOfLostView = false; // which did not close, and so did not let go of them
 
   void setBusyCursor(const CommandBase* command) {
     QGuiApplication::setOverrideCursor(Qt::BusyCursor);
@@ -54,18 +58,32 @@ CmdsViewController::CmdsViewController() : d(std::make_unique<CmdsViewController
 // The view is attached here, because arguments for a virtual base are ignored below the most derived class.
 CmdsViewController::CmdsViewController(BaseView* view) : CmdsViewController() { setView(view); }
 
-CmdsViewController::~CmdsViewController() { BaseViewController::beginDestruction(); }
+CmdsViewController::~CmdsViewController() {
+  BaseViewController::beginDestruction();
+  commandBag().clear(); // while a command that dies of it can still ask for its controller
+}
 
 void CmdsViewController::viewDidLoad() {
   BaseViewController::viewDidLoad();
+  if (std::exchange(d->hasCommandsOfLostView, false))
+    removeAllCommands();
   auto* const appManager = Services::ApplicationService::GetInstance().GetAppManager();
   if (!appManager)
     return;
+  // All are owned before the first is added, which may be refused.
+  std::vector<std::shared_ptr<CommandBase>> owned;
   const QList<CommandBase*> commands = appManager->commandsFor(this);
-  for (CommandBase* const command : commands) {
+  for (CommandBase* const command : commands)
+    owned.push_back(Taren::Objects::adoptShared(command));
+  for (const auto& command : owned) {
     if (command)
-      addCommand(command);
+      addCommand(command.get());
   }
+}
+
+void CmdsViewController::viewWasLost() {
+  d->hasCommandsOfLostView = true;
+  BaseViewController::viewWasLost();
 }
 
 bool CmdsViewController::viewWillClose() {

@@ -60,6 +60,7 @@ public:
   void commandEndedExecuting(CommandBase* command, bool checked) override;
 
 protected:
+  void viewWasLost() override;
   void commandForgotten(CommandBase& command) override;
 
 private:
