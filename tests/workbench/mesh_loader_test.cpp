@@ -92,6 +92,8 @@ private Q_SLOTS:
         << QByteArray("ply\nformat ascii 1.0\nelement vertex 1\nproperty float x\nproperty float y\n"
                       "property float z\nend_header\n1 2 3\n")
         << noTriangles;
+    const QByteArray ply = Test::asciiPlyFile(cube);
+    QTest::newRow("PLY, all faces missing") << "a.ply" << ply.left(ply.indexOf("\n3 ") + 1) << "damaged";
     QTest::newRow("PLY, no such vertex")
         << "a.ply" << Test::asciiPlyFile(cube).replace("\n3 0 2 3\n", "\n3 0 2 90\n") << damaged;
     QTest::newRow("PLY, infinite") << "a.ply" << Test::asciiPlyFile(cube).replace("\n-0.5 ", "\ninf ")

@@ -10,7 +10,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
+#include <fstream>
 #include <new>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -112,6 +116,38 @@ void checkIndices(const aiScene& scene) {
   }
 }
 
+// Faces that were announced and not found are there, without a corner.
+std::size_t faceCount(const aiScene& scene) {
+  std::size_t count = 0;
+  for (unsigned m = 0; m < scene.mNumMeshes; ++m)
+    count += std::count_if(scene.mMeshes[m]->mFaces, scene.mMeshes[m]->mFaces + scene.mMeshes[m]->mNumFaces,
+                           [](const aiFace& face) { return face.mNumIndices > 0; });
+  return count;
+}
+
+// How many faces the header of a PLY file announces; none for other files.
+std::optional<std::size_t> announcedFaces(const std::string& fileName) {
+  constexpr std::string_view Element = "element face ";
+  std::ifstream file(fileName, std::ios::binary);
+  std::string line;
+  if (!std::getline(file, line) || !line.starts_with("ply"))
+    return std::nullopt;
+  while (std::getline(file, line) && !line.starts_with("end_header")) {
+    if (line.starts_with(Element))
+      return std::strtoull(line.c_str() + Element.size(), nullptr, 10);
+  }
+  return std::nullopt;
+}
+
+// The importer takes a file that was cut off before its faces for one without any.
+void checkFaceCount(const aiScene& scene, const std::string& fileName) {
+  const std::optional<std::size_t> announced = announcedFaces(fileName);
+  const std::size_t found = faceCount(scene);
+  if (announced && found < *announced)
+    throw ImportError(MeshUnreadable, "It contains " + std::to_string(found) + " of " +
+                                          std::to_string(*announced) + " faces");
+}
+
 [[noreturn]] void fail(const std::string& error) {
   // The importer turns every exception into its text.
   if (error.find("bad_alloc") != std::string::npos)
@@ -131,6 +167,7 @@ ImportedMesh importMesh(const std::string& fileName) {
   if (!log->first().empty())
     throw ImportError(MeshUnreadable, log->first());
   checkIndices(*scene);
+  checkFaceCount(*scene, fileName);
   scene = importer.ApplyPostProcessing(aiProcess_Triangulate);
   if (scene == nullptr)
     fail(importer.GetErrorString());
