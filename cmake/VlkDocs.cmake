@@ -9,7 +9,9 @@ get_property(public_headers GLOBAL PROPERTY VLK_PUBLIC_HEADERS)
 # Private companions are installed for subclasses, which is no reason to read them.
 list(FILTER public_headers EXCLUDE REGEX "_(p|export)\\.h$")
 file(GLOB pages LIST_DIRECTORIES false RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS
-  ${PROJECT_SOURCE_DIR}/docs/*.md)
+  ${PROJECT_SOURCE_DIR}/docs/*.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
+# The index is for readers of the folder; the reference has its own.
+list(REMOVE_ITEM pages docs/README.md)
 list(JOIN public_headers " " public_headers)
 list(JOIN pages " " pages)
 
