@@ -263,12 +263,13 @@ private Q_SLOTS:
     auto observer = shared("o");
     const auto last = shared("l");
     observer->whenCalled = [&observer] { observer.reset(); };
+    observer->atEnd = [this] { m_notes << QStringLiteral("gone"); };
     subject.addObserver(observer, asynchronous);
     subject.addObserver(observer, asynchronous);
     subject.addObserver(last, asynchronous);
     subject.note(1);
     m_dispatcher.runAll();
-    QCOMPARE(taken(), QStringLiteral("o1 l1"));
+    QCOMPARE(taken(), QStringLiteral("o1 gone l1"));
   }
 
   void theSubjectMayDieMeanwhile() {

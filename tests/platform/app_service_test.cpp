@@ -143,6 +143,18 @@ private Q_SLOTS:
     QCOMPARE(notes(), QStringLiteral("a? c? a!"));
   }
 
+  void whoRegistersWhenOthersAreAskedIsAskedToo() {
+    const auto a = added("a");
+    std::shared_ptr<Delegate> late;
+    a->whenAsked = [&] {
+      late = added("l");
+      late->agrees = false;
+      QVERIFY(!service().requestShutdown()); // one at a time
+    };
+    QVERIFY(!service().requestShutdown());
+    QCOMPARE(notes(), QStringLiteral("a? l?"));
+  }
+
   void theConfigManagerKeepsValuesInItsFile() {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("config.ini"));

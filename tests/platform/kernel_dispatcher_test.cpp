@@ -147,6 +147,33 @@ private Q_SLOTS:
     QCOMPARE(order, expected << QStringLiteral("queued by it") << QStringLiteral("closed"));
   }
 
+  void eventLoopsInEventLoopsStillServeWhatIsQueued() {
+    QStringList order;
+    QEventLoop inner;
+    QEventLoop outer;
+    dispatchAsync(
+        [&] {
+          dispatchAsync(
+              [&] {
+                order << QStringLiteral("queued by the first");
+                inner.quit();
+              },
+              MainThreadQoS);
+          outer.exec();
+          order << QStringLiteral("first ends");
+        },
+        MainThreadQoS);
+    dispatchAsync(
+        [&] {
+          inner.exec(); // inside the loop of the first task
+          order << QStringLiteral("second ends");
+          outer.quit();
+        },
+        MainThreadQoS);
+    QTRY_COMPARE(order.join(QStringLiteral(", ")),
+                 QStringLiteral("queued by the first, second ends, first ends"));
+  }
+
   void aTaskThatQueuesItselfLeavesTheEventLoopRunning() {
     std::function<void()> again;
     bool stop = false;

@@ -105,6 +105,30 @@ private Q_SLOTS:
     QCOMPARE(notes, QStringList({QStringLiteral("+a"), QStringLiteral("-a")}));
   }
 
+  void aServiceMayStopTheKernelThatStartsIt() {
+    class Stopper : public NotingService {
+    public:
+      Stopper(Kernel& kernel, QStringList& notes)
+          : NotingService(QStringLiteral("s"), notes), m_kernel(kernel) {}
+      ERcmStatus Initialize() override {
+        const ERcmStatus status = NotingService::Initialize();
+        m_kernel.stop();
+        return status;
+      }
+
+    private:
+      Kernel& m_kernel;
+    };
+    QStringList notes;
+    Kernel kernel;
+    kernel.registerService(std::make_shared<NotingService>(QStringLiteral("a"), notes));
+    kernel.registerService(std::make_shared<Stopper>(kernel, notes));
+    kernel.registerService(std::make_shared<NotingService>(QStringLiteral("b"), notes));
+    QCOMPARE(kernel.start(), RcmFailure);
+    QVERIFY(!kernel.isStarted());
+    QCOMPARE(notes.join(QLatin1Char(' ')), QStringLiteral("+a +s -a -s"));
+  }
+
   void servicesAreRegisteredBeforeTheStart() {
     QStringList notes;
     Kernel kernel;
