@@ -26,8 +26,8 @@ public:
 
   QString commandId() const override { return id; }
   bool onExecuteAsync(bool checked) override {
-    const auto todo = work; // the work may delete the command
-    return !todo || todo(checked);
+    const auto job = work; // the work may delete the command
+    return !job || job(checked);
   }
   using CommandBase::setIsPaidFeature;
 
