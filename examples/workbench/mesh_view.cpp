@@ -117,7 +117,7 @@ QSize MeshView::deviceSize() const { return (QSizeF(size()) * devicePixelRatioF(
 
 void MeshView::renderMesh(int oversampling) {
   m_style = RenderStyle::forPalette(palette());
-  m_style.smooth = !m_flatShaded;
+  m_style.shading = m_flatShaded ? FlatShading : SmoothShading;
   m_renderer.render(m_mesh, m_camera, deviceSize(), m_style, oversampling);
   m_outdated = false;
 }

@@ -12,11 +12,12 @@ namespace Workbench {
 // One frame while it is drawn.
 class Renderer::Frame {
 public:
-  Frame(Renderer& renderer, const Mesh& mesh, const RenderStyle& style)
+  Frame(Renderer& renderer, const Mesh& mesh, const RenderStyle& style, const TriangleSelection& selection)
       : m_renderer(renderer),
         m_mesh(mesh),
+        m_selection(selection),
         m_lighting(renderer.m_projection.axes, style),
-        m_smooth(style.smooth),
+        m_shading(style.shading),
         m_oversampling(renderer.m_oversampling),
         m_size(renderer.m_image.size()),
         m_pixels(reinterpret_cast<QRgb*>(renderer.m_image.bits())),
@@ -33,7 +34,7 @@ public:
       clear(tile);
       return;
     }
-    SurfaceShader shader(m_mesh, m_renderer.m_projection, m_lighting, m_smooth);
+    SurfaceShader shader(m_mesh, m_renderer.m_projection, m_lighting, m_selection, m_shading);
     for (int y = 0; y < tile.area().height(); y += m_oversampling)
       drawRow(tile, shader, y);
   }
@@ -107,9 +108,10 @@ private:
 
   Renderer& m_renderer;
   const Mesh& m_mesh;
+  const TriangleSelection& m_selection;
   Lighting m_lighting;
   const DisplayColors& m_display = DisplayColors::instance();
-  bool m_smooth;
+  EShading m_shading;
   int m_oversampling;
   QSize m_size; // in pixels
   QRgb* m_pixels;
@@ -117,7 +119,7 @@ private:
 };
 
 void Renderer::render(const Mesh& mesh, const Camera& camera, const QSize& size, const RenderStyle& style,
-                      int oversampling) {
+                      int oversampling, const TriangleSelection& selection) {
   m_oversampling = std::clamp(oversampling, 1, 4);
   if (m_image.size() != size || !m_image.isDetached())
     m_image = QImage(size, QImage::Format_RGB32);
@@ -130,7 +132,7 @@ void Renderer::render(const Mesh& mesh, const Camera& camera, const QSize& size,
   m_triangle.resize(pixels);
   m_geometry.build(mesh, m_projection, samples);
 
-  const Frame frame(*this, mesh, style);
+  const Frame frame(*this, mesh, style, selection);
   const int columns = m_geometry.tileColumns();
   oneapi::tbb::parallel_for(0, columns * m_geometry.tileRows(),
                             [&](int tile) { frame.drawTile(tile % columns, tile / columns); });
@@ -146,6 +148,22 @@ std::optional<Renderer::Hit> Renderer::pick(const QPoint& pixel) const {
   const QVector3D direction =
       m_projection.directionThrough(float(sample.x()) + 0.5F, float(sample.y()) + 0.5F);
   return Hit{m_triangle[at], m_projection.eye + direction / m_inverseDepth[at]};
+}
+
+std::vector<std::uint32_t> Renderer::trianglesIn(const QRect& devicePixels) const {
+  const QRect area = devicePixels.intersected(m_image.rect());
+  std::vector<std::uint32_t> triangles;
+  for (int y = area.top(); y <= area.bottom(); ++y) {
+    const std::uint32_t* const row = m_triangle.data() + std::size_t(y) * std::size_t(m_image.width());
+    for (int x = area.left(); x <= area.right(); ++x) {
+      const std::uint32_t triangle = row[x];
+      if (triangle != Tile::NoTriangle && (triangles.empty() || triangles.back() != triangle))
+        triangles.push_back(triangle);
+    }
+  }
+  std::sort(triangles.begin(), triangles.end());
+  triangles.erase(std::unique(triangles.begin(), triangles.end()), triangles.end());
+  return triangles;
 }
 
 } // namespace Workbench

@@ -3,12 +3,14 @@
 
 #include <workbench/camera.h>
 #include <workbench/mesh.h>
+#include <workbench/mesh_ops/triangle_selection.h>
 #include <workbench/render/projection.h>
 #include <workbench/render/render_style.h>
 #include <workbench/render/screen_geometry.h>
 
 #include <QImage>
 #include <QPoint>
+#include <QRect>
 #include <QSize>
 
 #include <cstdint>
@@ -39,13 +41,17 @@ public:
 
   /// Draws a frame of @p size device pixels; nothing is kept of the frame before.
   /// @param oversampling  samples along either side of a pixel: 1 is quick, 2 smooths the edges
+  /// @param selection  the triangles drawn as selected; only looked at during the call
   void render(const Mesh& mesh, const Camera& camera, const QSize& size, const RenderStyle& style,
-              int oversampling = 1);
+              int oversampling = 1, const TriangleSelection& selection = {});
 
   /// The last frame; null before the first. Its device pixel ratio is 1.
   const QImage& image() const noexcept { return m_image; }
   /// What was drawn at a pixel of the last frame; nothing on the background and outside the frame.
   std::optional<Hit> pick(const QPoint& pixel) const;
+  /// The triangles that pick() finds within a rectangle of the last frame: each once, ascending. What reaches
+  /// beyond the frame is ignored.
+  std::vector<std::uint32_t> trianglesIn(const QRect& devicePixels) const;
 
 private:
   class Frame;

@@ -164,18 +164,19 @@ private Q_SLOTS:
   }
 
   void theImageDoesNotDependOnTheThreads_data() {
-    QTest::addColumn<bool>("smooth");
-    QTest::newRow("flat") << false;
-    QTest::newRow("smooth") << true;
+    QTest::addColumn<EShading>("shading");
+    QTest::newRow("flat") << FlatShading;
+    QTest::newRow("smooth") << SmoothShading;
+    QTest::newRow("edges") << FlatShadingWithEdges;
   }
   void theImageDoesNotDependOnTheThreads() {
-    QFETCH(bool, smooth);
+    QFETCH(EShading, shading);
     const Mesh mesh = Test::merged(Test::blob(90), Test::square(0.9F, 30));
     const QSize size(333, 257);
     Camera camera = frontCamera(size, 80);
     camera.orbit(25, 35);
     RenderStyle style = lightStyle();
-    style.smooth = smooth;
+    style.shading = shading;
     using Control = oneapi::tbb::global_control;
     const Control moreThanProcessors(Control::max_allowed_parallelism, 8);
     QImage first;
@@ -232,7 +233,7 @@ private Q_SLOTS:
     Camera camera = frontCamera(size, 60);
     camera.orbit(30, 30);
     RenderStyle style = lightStyle();
-    style.smooth = false;
+    style.shading = FlatShading;
     Renderer renderer;
     renderer.render(Test::cube(1.2F), camera, size, style);
     QHash<QRgb, int> faces;

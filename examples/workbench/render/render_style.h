@@ -7,11 +7,22 @@ class QPalette;
 
 namespace Workbench {
 
+/// How the faces of a mesh are drawn.
+enum EShading : int {
+  SmoothShading = 0, ///< Normals interpolated between the vertices.
+  FlatShading = 1,   ///< One normal a face.
+  FlatShadingWithEdges =
+      2, ///< Flat, and the edges of the faces that are seen; they fade where faces get tiny.
+};
+
 /// How a mesh is drawn: shading and colours.
 struct RenderStyle {
-  bool smooth = true;      ///< Interpolated vertex normals; false: one normal a face.
+  EShading shading = SmoothShading;
   QColor surface;          ///< The material of the side that faces out.
   QColor backSide;         ///< The material of the inside, seen through holes.
+  QColor selected;         ///< The material of selected triangles, outside
+  QColor selectedBackSide; ///< and inside.
+  QColor edges;            ///< The lines between faces.
   QColor backgroundTop;    ///< The background runs from this colour,
   QColor backgroundBottom; ///< to this one at the lower edge.
 

@@ -11,17 +11,18 @@ float dot(const QVector3D& a, const QVector3D& b) { return QVector3D::dotProduct
 } // namespace
 
 SurfaceShader::SurfaceShader(const Mesh& mesh, const Projection& projection, const Lighting& lighting,
-                             bool smooth)
+                             const TriangleSelection& selection, EShading shading)
     : m_mesh(mesh),
       m_projection(projection),
       m_lighting(lighting),
-      m_smooth(smooth),
+      m_selection(selection),
+      m_shading(shading),
       m_triangle(Tile::NoTriangle) {}
 
 QVector3D SurfaceShader::shade(std::uint32_t triangle, float x, float y, float inverseDepth) {
   if (triangle != m_triangle)
     select(triangle);
-  if (!m_smooth)
+  if (m_shading != SmoothShading)
     return m_flatLight;
   const QVector3D fromEye = m_projection.directionThrough(x, y) / inverseDepth;
   return m_lighting.shade(normalAt(fromEye - m_corner), m_backSide);
@@ -38,7 +39,7 @@ void SurfaceShader::select(std::uint32_t triangle) {
   m_backSide = dot(m_faceNormal, m_corner) > 0;
   if (m_backSide)
     m_faceNormal = -m_faceNormal;
-  if (!m_smooth) {
+  if (m_shading != SmoothShading) {
     m_flatLight = m_lighting.shade(m_faceNormal, m_backSide);
     return;
   }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <workbench/mesh.h>
+#include <workbench/mesh_ops/triangle_selection.h>
 #include <workbench/render/lighting.h>
 #include <workbench/render/projection.h>
 
@@ -14,7 +15,8 @@ namespace Workbench {
 /// cheap; each thread uses its own.
 class SurfaceShader {
 public:
-  SurfaceShader(const Mesh& mesh, const Projection& projection, const Lighting& lighting, bool smooth);
+  SurfaceShader(const Mesh& mesh, const Projection& projection, const Lighting& lighting,
+                const TriangleSelection& selection, EShading shading);
 
   /// Light of what is seen of @p triangle at a position of the frame, where it has a depth.
   QVector3D shade(std::uint32_t triangle, float x, float y, float inverseDepth);
@@ -26,7 +28,8 @@ private:
   const Mesh& m_mesh;
   const Projection& m_projection;
   const Lighting& m_lighting;
-  bool m_smooth;
+  const TriangleSelection& m_selection;
+  EShading m_shading;
 
   // The triangle selected last.
   std::uint32_t m_triangle;
