@@ -2,6 +2,8 @@
 #pragma once
 
 #include <ui_base/commands/cmd_mgr.h>
+#include <ui_base/tools/mouse_press.h>
+#include <ui_base/tools/tool_stack.h>
 #include <ui_base/ui_base_export.h>
 #include <ui_base/views/base_view_controller.h>
 
@@ -12,28 +14,53 @@
 namespace Vela::UiBase {
 
 class CmdsViewControllerPrivate;
+class CommandGroup;
 
-/// The controller of a working view: the view's controller and the manager of its commands at once. It gets
-/// its commands from the application manager when its view loads, lets go of them when the view closes, and
-/// shows what a command tells of its execution: a busy cursor and the start and end messages.
+/// The controller of a working view: the view's controller, the stack of its interactive tools, and the
+/// manager of its commands at once.
+///
+/// Input. Every event of the view is offered first to the command that is executing, if it is a
+/// ViewResponder, then to a tool, and otherwise declined, so that the view has it:
+/// - a press goes to the tool of its button, and ends the operation of another one. A press of the right
+/// button
+///   is held back until the mouse moves with the button held: a right drag reaches the right tool, a right
+///   click reaches rightClick();
+/// - moves and releases go to the tool that operates, moves otherwise to the tool of the button that is held;
+/// - the wheel goes to the LeftButton tool, then to the NoButton tool, and to none while another one
+/// operates;
+/// - keys go to the LeftButton tool.
+///
+/// An operation never outlives its mouse. It ends when the view loses the focus, is hidden or closes, when
+/// its window is deactivated or blocked by a dialog, when the mouse comes back without its button, and before
+/// its tool is popped or pushed over. The cursor of the view follows the tools.
+///
+/// Commands. It gets its commands from the application manager when its view loads, lets go of them when the
+/// view closes, and shows what a command tells of its execution: a busy cursor and the start and end
+/// messages.
 ///
 /// Its bases are virtual, one of them a QObject, so neither it nor a subclass can have Q_OBJECT, signals or
 /// slots of its own, and `qobject_cast` and `findChild` do not find it. Give a subclass a helper QObject for
 /// its slots, connect lambdas with the controller as context, and keep guarded pointers as
 /// QPointer<BaseViewController> with a dynamic_cast. Texts are translated through Q_DECLARE_TR_FUNCTIONS.
 ///
-/// A shared object, see BaseViewController and CmdMgr. Where both have an operation of one name,
-/// shared_from_this() and getDelegate() are those of BaseViewController; setDelegate(), addObserver() and
-/// removeObserver() take the observers of both.
+/// A shared object, see BaseViewController, ToolStack and CmdMgr. Where several have an operation of one
+/// name, shared_from_this() and getDelegate() are those of BaseViewController; setDelegate(), addObserver()
+/// and removeObserver() take the observers of both BaseViewController and CmdMgr.
 ///
 /// @code
 /// class MeshController : public CmdsViewController {
 /// public:
-///   explicit MeshController(BaseView* view) : CmdsViewController(view) {}
+///   explicit MeshController(MeshView* view) : CmdsViewController(view) {
+///     pushTool(LeftButton, std::make_shared<PickTool>(view));
+///     pushTool(RightButton, std::make_shared<OrbitTool>(view));
+///     pushTool(NoButton, std::make_shared<ZoomTool>(view));
+///   }
 ///   bool mouseDrop(QDropEvent* event) override { return openDropped(*event); }
 /// };
 /// @endcode
-class UI_BASE_EXPORT CmdsViewController : public virtual BaseViewController, public virtual CmdMgr {
+class UI_BASE_EXPORT CmdsViewController : public virtual BaseViewController,
+                                          public virtual ToolStack,
+                                          public virtual CmdMgr {
   Q_DECLARE_TR_FUNCTIONS(Vela::UiBase::CmdsViewController)
 
 public:
@@ -53,17 +80,74 @@ public:
   using CmdMgr::setDelegate;
   CmdMgrProtocol* getCmdMgrDelegate() const { return CmdMgr::getDelegate(); }
 
+  /// @name The groups in which the view's commands are shown
+  /// The controller holds them as long as it lives; what shows them, and whether they are added to the
+  /// manager, is up to the application.
+  /// @{
+  CommandGroup* ActionPanelGroup() const;
+  CommandGroup* DynamicToolPanelGroup() const;
+  /// Several of its commands can be checked at once.
+  CommandGroup* ToolPanelGroup() const;
+  /// @}
+
   void viewDidLoad() override;
+  void viewWillDisappear() override;
   bool viewWillClose() override;
 
+  bool mouseDoubleClick(QMouseEvent* event) override;
+  bool mouseMove(QMouseEvent* event) override;
+  bool mousePress(QMouseEvent* event) override;
+  bool mouseRelease(QMouseEvent* event) override;
+  bool mouseWheel(QWheelEvent* event) override;
+  bool mouseEnter(QEvent* event) override;
+  bool mouseLeave(QEvent* event) override;
+  bool mouseDragEnter(QDragEnterEvent* event) override;
+  bool mouseDragLeave(QDragLeaveEvent* event) override;
+  bool mouseDragMove(QDragMoveEvent* event) override;
+  bool mouseDrop(QDropEvent* event) override;
+  bool keyPress(QKeyEvent* event) override;
+  bool keyRelease(QKeyEvent* event) override;
+
+  void clearTools() override;
+  /// Ends the operation of the tool pushed over. While a tool of another button operates, a LeftButton tool
+  /// waits suspended for its end.
+  void pushTool(EToolActivationButton button, std::shared_ptr<InteractiveTool> tool) override;
+  /// Ends the operation of the tool popped, which is inactive then.
+  std::shared_ptr<InteractiveTool> popTool(EToolActivationButton button) override;
+  /// Ends the operation that is going on, if any, and forgets a right press that is held back.
+  void endRunningOperation();
+
+  void toolActivated(InteractiveTool* tool) override;
+  void toolDeactivated(InteractiveTool* tool) override;
+  void toolBeganOperating(InteractiveTool* tool) override;
+  void toolEndedOperating(InteractiveTool* tool) override;
+  void toolSuspended(InteractiveTool* tool) override;
+  void toolResumed(InteractiveTool* tool) override;
+  void toolCursorChange(InteractiveTool* tool) override;
+
+  void commandBegan(CommandBase* command) override;
+  void commandEnded(CommandBase* command) override;
   void commandBeganExecuting(CommandBase* command, bool checked) override;
   void commandEndedExecuting(CommandBase* command, bool checked) override;
 
 protected:
+  /// The right button was pressed and released without a drag: the place for the view's menu. @p release is
+  /// the release. Declines by default.
+  virtual bool rightClick(QMouseEvent* release);
+
   void viewWasLost() override;
   void commandForgotten(CommandBase& command) override;
 
 private:
+  template <class Event>
+  bool offerToCommand(bool (ViewResponder::*handler)(Event*), Event* event);
+  bool isPrimary(const InteractiveTool* tool);
+  void endOperation(const std::shared_ptr<InteractiveTool>& tool);
+  void endLostOperation(const QMouseEvent& event);
+  void holdBack(const QMouseEvent& rightPress);
+  MousePress takeRightPress();
+  void stopWatchUnlessNeeded();
+
   const std::unique_ptr<CmdsViewControllerPrivate> d;
 };
 

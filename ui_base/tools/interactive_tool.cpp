@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+#include "interactive_tool.h"
+
+#include <ui_base/views/base_view.h>
+
+#include <QPixmap>
+#include <QPointer>
+#include <QScopedPointer>
+
+namespace Vela::UiBase {
+
+class InteractiveToolPrivate {
+public:
+  enum State : int { Inactive, Active, Suspended, Operating };
+
+  explicit InteractiveToolPrivate(BaseView* toolView) : view(toolView) {}
+
+  /// @return whether the state was @p from, and is now @p to.
+  bool change(State from, State to) {
+    if (state != from)
+      return false;
+    state = to;
+    return true;
+  }
+
+  QScopedPointer<QCursor> idleCursor;
+  QCursor operatingCursor = Qt::ArrowCursor;
+  MousePress pressEvent;
+  QPointer<BaseView> view;
+  State state = Inactive;
+};
+
+using State = InteractiveToolPrivate::State;
+
+InteractiveTool::InteractiveTool(BaseView* view) : d(std::make_unique<InteractiveToolPrivate>(view)) {}
+
+InteractiveTool::~InteractiveTool() = default;
+
+// Observers may let go of the tool, and some hear of it later.
+void InteractiveTool::report(void (ToolStateProtocol::*callback)(InteractiveTool*)) {
+  delegate([this, self = weak_from_this().lock(), callback](ToolStateProtocol* observer) {
+    (observer->*callback)(this);
+  });
+}
+
+bool InteractiveTool::mousePress(QMouseEvent* event) {
+  if (!isActive())
+    return false;
+  d->pressEvent = MousePress(*event);
+  startOperation();
+  return true;
+}
+
+bool InteractiveTool::mouseMove(QMouseEvent* event) {
+  return isOperating() && event->buttons().testFlag(d->pressEvent.button());
+}
+
+bool InteractiveTool::mouseRelease(QMouseEvent* event) {
+  if (!isOperating() || event->button() != d->pressEvent.button())
+    return false;
+  endOperation();
+  return true;
+}
+
+void InteractiveTool::activate() {
+  if (d->change(State::Inactive, State::Active))
+    report(&ToolStateProtocol::toolActivated);
+}
+
+void InteractiveTool::suspend() {
+  if (d->change(State::Active, State::Suspended))
+    report(&ToolStateProtocol::toolSuspended);
+}
+
+void InteractiveTool::resume() {
+  if (d->change(State::Suspended, State::Active))
+    report(&ToolStateProtocol::toolResumed);
+}
+
+void InteractiveTool::deactivate() {
+  if (d->change(State::Active, State::Inactive))
+    report(&ToolStateProtocol::toolDeactivated);
+}
+
+void InteractiveTool::startOperation() {
+  if (!d->change(State::Active, State::Operating))
+    return;
+  const auto self = weak_from_this().lock();
+  report(&ToolStateProtocol::toolBeganOperating);
+  if (isOperating())
+    report(&ToolStateProtocol::toolCursorChange);
+}
+
+void InteractiveTool::endOperation() {
+  d->pressEvent = {};
+  if (d->change(State::Operating, State::Active))
+    report(&ToolStateProtocol::toolEndedOperating);
+}
+
+bool InteractiveTool::isActive() const noexcept { return d->state == State::Active; }
+
+bool InteractiveTool::isSuspended() const noexcept { return d->state == State::Suspended; }
+
+bool InteractiveTool::isOperating() const noexcept { return d->state == State::Operating; }
+
+const QCursor& InteractiveTool::getIdleCursor() const {
+  return d->idleCursor ? *d->idleCursor : d->operatingCursor;
+}
+
+const QCursor& InteractiveTool::getOperatingCursor() const { return d->operatingCursor; }
+
+BaseView* InteractiveTool::getView() const { return d->view; }
+
+const MousePress& InteractiveTool::pressEvent() const noexcept { return d->pressEvent; }
+
+void InteractiveTool::setIdleCursor(const QCursor& cursor) { d->idleCursor.reset(new QCursor(cursor)); }
+
+void InteractiveTool::setOperatingCursor(const QCursor& cursor) {
+  d->operatingCursor = cursor;
+  if (isOperating())
+    report(&ToolStateProtocol::toolCursorChange);
+}
+
+QCursor InteractiveTool::loadCursorFromPath(const QString& path, const QPoint& hotSpot) {
+  const QPixmap pixmap(path);
+  return pixmap.isNull() ? QCursor() : QCursor(pixmap, hotSpot.x(), hotSpot.y());
+}
+
+} // namespace Vela::UiBase

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ui_base/ui_base_export.h>
+
+#include <QEvent>
+#include <QMouseEvent>
+#include <QPointF>
+
+namespace Vela::UiBase {
+
+/// A mouse press that is kept after its event is gone. Positions are in logical pixels: in the view, in its
+/// window, and on the screen.
+///
+/// A value. The event itself cannot be kept: it cannot be copied, and a clone's positions change with the
+/// next move of the device.
+///
+/// @code
+/// bool PanTool::mouseMove(QMouseEvent* event) {
+///   if (!InteractiveTool::mouseMove(event))
+///     return false;
+///   pan(event->position() - pressEvent().position());
+///   return true;
+/// }
+/// @endcode
+class UI_BASE_EXPORT MousePress {
+public:
+  /// No press: of type QEvent::None, without a button.
+  MousePress() = default;
+  explicit MousePress(const QMouseEvent& event);
+
+  bool isNull() const noexcept { return m_type == QEvent::None; }
+  QEvent::Type type() const noexcept { return m_type; }
+  QPointF position() const noexcept { return m_position; }
+  QPointF scenePosition() const noexcept { return m_scenePosition; }
+  QPointF globalPosition() const noexcept { return m_globalPosition; }
+  Qt::MouseButton button() const noexcept { return m_button; }
+  Qt::MouseButtons buttons() const noexcept { return m_buttons; }
+  Qt::KeyboardModifiers modifiers() const noexcept { return m_modifiers; }
+
+  /// A fresh event like the one kept, of a device of its own, so that it changes nothing about the mouse.
+  QMouseEvent toEvent() const;
+
+private:
+  QEvent::Type m_type = QEvent::None;
+  QPointF m_position;
+  QPointF m_scenePosition;
+  QPointF m_globalPosition;
+  Qt::MouseButton m_button = Qt::NoButton;
+  Qt::MouseButtons m_buttons;
+  Qt::KeyboardModifiers m_modifiers;
+};
+
+} // namespace Vela::UiBase

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "tool_stack.h"
+
+#include "interactive_tool.h"
+
+#include <deque>
+#include <map>
+
+template class Taren::Objects::SharedObject<Vela::UiBase::ToolStack>;
+
+namespace Vela::UiBase {
+
+class ToolStackPrivate {
+public:
+  using Stack = std::deque<std::shared_ptr<InteractiveTool>>; // the top is at the back
+
+  std::map<EToolActivationButton, Stack> tools;
+
+  // Observers of its reports may have pushed another one over it, or emptied the stack.
+  void remove(EToolActivationButton button, const std::shared_ptr<InteractiveTool>& tool) {
+    Stack& stack = tools[button];
+    const auto found = std::find(stack.rbegin(), stack.rend(), tool);
+    if (found != stack.rend())
+      stack.erase(std::prev(found.base()));
+  }
+
+  std::shared_ptr<InteractiveTool> top(EToolActivationButton button) const {
+    const auto found = tools.find(button);
+    return found == tools.end() || found->second.empty() ? nullptr : found->second.back();
+  }
+};
+
+namespace {
+
+void reset(InteractiveTool& tool) {
+  if (tool.isActive()) {
+    tool.deactivate();
+    tool.activate();
+  } else if (tool.isSuspended()) {
+    tool.resume();
+    tool.deactivate();
+    tool.activate();
+    tool.suspend();
+  }
+}
+
+} // namespace
+
+ToolStack::ToolStack() : d(std::make_unique<ToolStackPrivate>()) {}
+
+ToolStack::~ToolStack() { beginDestruction(); }
+
+void ToolStack::toolBeganOperating(InteractiveTool* tool) {
+  const auto primary = d->top(LeftButton);
+  if (primary && primary.get() != tool)
+    primary->suspend();
+}
+
+void ToolStack::toolEndedOperating(InteractiveTool* tool) {
+  const auto primary = d->top(LeftButton);
+  if (primary && primary.get() != tool)
+    primary->resume();
+}
+
+void ToolStack::clearTools() {
+  const auto released = std::exchange(d->tools, {}); // a tool that dies finds the stack empty
+}
+
+void ToolStack::pushTool(EToolActivationButton button, std::shared_ptr<InteractiveTool> tool) {
+  if (!tool)
+    return;
+  const std::shared_ptr<ToolStack> self = shared_from_this();
+  if (const auto below = d->top(button))
+    below->suspend();
+  d->tools[button].push_back(tool);
+  tool->setDelegate(self, false);
+  tool->activate();
+}
+
+std::shared_ptr<InteractiveTool> ToolStack::popTool(EToolActivationButton button) {
+  const auto tool = d->top(button);
+  if (!tool)
+    return {};
+  const std::shared_ptr<ToolStack> self = sharedOrEmpty(); // an observer of the reports may let go of it
+  tool->deactivate();
+  d->remove(button, tool);
+  if (const auto below = d->top(button))
+    below->resume();
+  tool->setDelegate(nullptr, false);
+  return tool;
+}
+
+std::shared_ptr<InteractiveTool> ToolStack::getTool(EToolActivationButton button) { return d->top(button); }
+
+std::shared_ptr<InteractiveTool> ToolStack::getOperatingTool() const {
+  for (const auto& [button, stack] : d->tools) {
+    if (!stack.empty() && stack.back()->isOperating())
+      return stack.back();
+  }
+  return {};
+}
+
+void ToolStack::resetTools() {
+  const auto tools = d->tools; // a copy: what the reports reach may push and pop
+  for (const auto& [button, stack] : tools) {
+    for (auto tool = stack.rbegin(); tool != stack.rend(); ++tool)
+      reset(**tool);
+  }
+}
+
+} // namespace Vela::UiBase
