@@ -306,7 +306,7 @@ private Q_SLOTS:
     const auto observer = shared("s");
     subject.addObserver(observer, false);
     observer->whenCalled = [] { throw std::runtime_error("no"); };
-    QVERIFY_EXCEPTION_THROWN(subject.note(1), std::runtime_error);
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, subject.note(1));
     observer->whenCalled = {};
     subject.note(2);
     QCOMPARE(taken(), QStringLiteral("s1 s2"));

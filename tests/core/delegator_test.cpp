@@ -84,7 +84,7 @@ private Q_SLOTS:
     Subject subject;
     const auto delegate = shared("a");
     subject.setDelegate(delegate, false);
-    QVERIFY_EXCEPTION_THROWN(subject.setDelegate(delegate.get()), std::logic_error);
+    QVERIFY_THROWS_EXCEPTION(std::logic_error, subject.setDelegate(delegate.get()));
     QVERIFY(!subject.getDelegate());
   }
 

@@ -59,7 +59,7 @@ private Q_SLOTS:
   void anObjectThatIsNotSharedHasNoReference() {
     Manager manager;
     QVERIFY(!manager.sharedOrEmpty());
-    QVERIFY_EXCEPTION_THROWN(manager.shared_from_this(), std::bad_weak_ptr);
+    QVERIFY_THROWS_EXCEPTION(std::bad_weak_ptr, manager.shared_from_this());
   }
 
   void aCopyDoesNotTakeTheReferenceAlong() {
@@ -85,7 +85,7 @@ private Q_SLOTS:
     plain->atEnd = [&] {
       ++ends;
       QVERIFY(!plain->Manager::sharedOrEmpty());
-      QVERIFY_EXCEPTION_THROWN(plain->shared_from_this(), std::bad_weak_ptr);
+      QVERIFY_THROWS_EXCEPTION(std::bad_weak_ptr, plain->shared_from_this());
     };
     if (byHand)
       delete plain;

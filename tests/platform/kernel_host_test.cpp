@@ -133,11 +133,11 @@ private Q_SLOTS:
     QStringList notes;
     Kernel kernel;
     const auto a = std::make_shared<NotingService>(QStringLiteral("a"), notes);
-    QVERIFY_EXCEPTION_THROWN(kernel.registerService(nullptr), std::invalid_argument);
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, kernel.registerService(nullptr));
     kernel.registerService(a);
     QCOMPARE(kernel.start(), RcmSuccess);
-    QVERIFY_EXCEPTION_THROWN(kernel.registerService(a), std::logic_error);
-    QVERIFY_EXCEPTION_THROWN(kernel.start(), std::logic_error);
+    QVERIFY_THROWS_EXCEPTION(std::logic_error, kernel.registerService(a));
+    QVERIFY_THROWS_EXCEPTION(std::logic_error, kernel.start());
     QCOMPARE(notes.size(), 1);
     QCOMPARE(kernel.service(QStringLiteral("a")), a);
     QVERIFY(!kernel.service(QStringLiteral("b")));
@@ -148,7 +148,7 @@ private Q_SLOTS:
   }
 
   void theNewestWaypointsAreKeptInOrder() {
-    QVERIFY_EXCEPTION_THROWN(WaypointRing(0), std::invalid_argument);
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, WaypointRing(0));
     WaypointRing ring(3);
     QVERIFY(ring.waypoints().isEmpty());
     for (int i = 1; i <= 2; ++i)

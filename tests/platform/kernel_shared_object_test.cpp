@@ -163,7 +163,7 @@ private Q_SLOTS:
 
   void aConstructorMayThrowAfterItShared() {
     std::shared_ptr<FailsAfterAdoption> holder;
-    QVERIFY_EXCEPTION_THROWN(createShared<FailsAfterAdoption>(holder), std::runtime_error);
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, createShared<FailsAfterAdoption>(holder));
     QVERIFY(holder);
     holder.reset();
   }
@@ -177,7 +177,7 @@ private Q_SLOTS:
     QVERIFY(!where);
     QVERIFY(watch.expired());
     QVERIFY(!plain->isShared());
-    QVERIFY_EXCEPTION_THROWN(adoptShared(plain), std::bad_weak_ptr);
+    QVERIFY_THROWS_EXCEPTION(std::bad_weak_ptr, adoptShared(plain));
     Vela::Test::settle();
     QCOMPARE(where, QThread::currentThread());
   }

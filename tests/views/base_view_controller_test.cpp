@@ -406,7 +406,7 @@ void BaseViewControllerTest::constructorThatThrowsAfterAttachingLeavesViewFree()
   };
   QWidget parent;
   auto* const view = new BaseView(&parent);
-  QVERIFY_EXCEPTION_THROWN(new Throwing(view), std::runtime_error);
+  QVERIFY_THROWS_EXCEPTION(std::runtime_error, new Throwing(view));
   QVERIFY(!view->getViewController());
 }
 
