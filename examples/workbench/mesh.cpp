@@ -1,57 +1,38 @@
 // SPDX-License-Identifier: MIT
 #include "mesh.h"
 
-#include <cmath>
+#include <workbench/vector3.h>
+
 #include <stdexcept>
 #include <string>
 
 namespace Workbench {
 namespace {
 
-// Products of coordinates are formed in double precision: they leave the range of float long before the
-// coordinates themselves do.
-struct Vector {
-  double x = 0;
-  double y = 0;
-  double z = 0;
-};
+Vector3 difference(const QVector3D& a, const QVector3D& b) { return Vector3(a) - Vector3(b); }
 
-Vector difference(const QVector3D& a, const QVector3D& b) {
-  return {double(a.x()) - b.x(), double(a.y()) - b.y(), double(a.z()) - b.z()};
-}
-
-Vector cross(const Vector& a, const Vector& b) {
-  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-
-double dot(const Vector& a, const Vector& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
-
-QVector3D normalized(const Vector& v) {
-  const double length = std::sqrt(dot(v, v));
-  if (!(length > 0))
-    return {};
-  return {float(v.x / length), float(v.y / length), float(v.z / length)};
+QVector3D normalized(const Vector3& v) {
+  const double size = length(v);
+  return size > 0 ? (v * (1 / size)).toFloat() : QVector3D();
 }
 
 // Twice the area, along the normal.
-Vector areaVector(const std::vector<QVector3D>& positions, const Mesh::Triangle& t) {
+Vector3 areaVector(const std::vector<QVector3D>& positions, const Mesh::Triangle& t) {
   const QVector3D& a = positions[t[0]];
   return cross(difference(positions[t[1]], a), difference(positions[t[2]], a));
 }
 
 std::vector<QVector3D> computeVertexNormals(const std::vector<QVector3D>& positions,
                                             const std::vector<Mesh::Triangle>& triangles) {
-  std::vector<Vector> sums(positions.size());
+  std::vector<Vector3> sums(positions.size());
   for (const Mesh::Triangle& triangle : triangles) {
-    const Vector face = areaVector(positions, triangle);
-    for (const std::uint32_t corner : triangle) {
-      Vector& sum = sums[corner];
-      sum = {sum.x + face.x, sum.y + face.y, sum.z + face.z};
-    }
+    const Vector3 face = areaVector(positions, triangle);
+    for (const std::uint32_t corner : triangle)
+      sums[corner] = sums[corner] + face;
   }
   std::vector<QVector3D> normals;
   normals.reserve(sums.size());
-  for (const Vector& sum : sums)
+  for (const Vector3& sum : sums)
     normals.push_back(normalized(sum));
   return normals;
 }
@@ -100,13 +81,15 @@ QVector3D Mesh::faceNormal(std::size_t triangle) const {
   return normalized(areaVector(positions(), triangles().at(triangle)));
 }
 
+double Mesh::faceArea(std::size_t triangle) const {
+  return length(areaVector(positions(), triangles().at(triangle))) / 2;
+}
+
 double Mesh::area() const {
   double sum = 0;
-  for (const Triangle& triangle : triangles()) {
-    const Vector face = areaVector(positions(), triangle);
-    sum += std::sqrt(dot(face, face));
-  }
-  return sum / 2;
+  for (std::size_t i = 0; i < triangles().size(); ++i)
+    sum += faceArea(i);
+  return sum;
 }
 
 bool Mesh::isClosed() const {
@@ -148,9 +131,9 @@ std::optional<double> Mesh::volume() const {
   const QVector3D center = bounds().center();
   double sum = 0;
   for (const Triangle& t : triangles()) {
-    const Vector a = difference(positions()[t[0]], center);
-    const Vector b = difference(positions()[t[1]], center);
-    const Vector c = difference(positions()[t[2]], center);
+    const Vector3 a = difference(positions()[t[0]], center);
+    const Vector3 b = difference(positions()[t[1]], center);
+    const Vector3 c = difference(positions()[t[2]], center);
     sum += dot(a, cross(b, c));
   }
   return sum / 6;

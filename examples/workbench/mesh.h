@@ -50,6 +50,8 @@ public:
   const std::vector<QVector3D>& vertexNormals() const noexcept { return m_data->vertexNormals; }
   /// Unit normal of a triangle; the null vector when the triangle has no area.
   QVector3D faceNormal(std::size_t triangle) const;
+  /// In square units of the positions.
+  double faceArea(std::size_t triangle) const;
 
   const Bounds& bounds() const noexcept { return m_data->bounds; }
 

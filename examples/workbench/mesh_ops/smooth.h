@@ -23,8 +23,9 @@ struct SmoothOptions {
 
 /// Smooths noise away without shrinking the mesh. Its triangles stay, its vertices move.
 ///
-/// Vertices on an open border and where the surface branches keep their places, so holes keep their shape and
-/// meshes that meet there still do. Runs on all processors; the result is the same on any number of them.
+/// Vertices on an open border and where more than two faces meet at an edge keep their places, so holes keep
+/// their shape and meshes that meet there still do. Runs on all processors; the result is the same on any
+/// number of them.
 /// @throws OperationCancelled through @p progress; std::invalid_argument when the selection is neither empty
 /// nor
 ///   of as many triangles as the mesh.
