@@ -3,6 +3,8 @@
 
 #include <workbench/camera.h>
 #include <workbench/mesh_loader.h>
+#include <workbench/mesh_ops/decimate.h>
+#include <workbench/mesh_ops/smooth.h>
 #include <workbench/renderer.h>
 
 #include <QFile>
@@ -54,6 +56,29 @@ void Frame_Background(benchmark::State& state) {
 }
 BENCHMARK(Frame_Background)->Unit(benchmark::kMillisecond)->UseRealTime();
 
+void Smooth_Mesh(benchmark::State& state) {
+  const Mesh mesh = loadMesh(meshFile);
+  for (auto _ : state)
+    benchmark::DoNotOptimize(smoothed(mesh));
+}
+BENCHMARK(Smooth_Mesh)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// To a fifth of the triangles.
+void Decimate_Mesh(benchmark::State& state) {
+  const Mesh mesh = loadMesh(meshFile);
+  for (auto _ : state)
+    benchmark::DoNotOptimize(decimated(mesh, mesh.triangles().size() / 5));
+}
+BENCHMARK(Decimate_Mesh)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// What any operation has to do: new vertices and triangles, and the normals of them.
+void Copy_Mesh(benchmark::State& state) {
+  const Mesh mesh = loadMesh(meshFile);
+  for (auto _ : state)
+    benchmark::DoNotOptimize(Mesh(mesh.positions(), mesh.triangles()));
+}
+BENCHMARK(Copy_Mesh)->Unit(benchmark::kMillisecond)->UseRealTime();
+
 } // namespace
 
 /// Usage: mesh_benchmark FILE [option of Google Benchmark]...
@@ -69,5 +94,7 @@ int main(int argc, char** argv) {
   return Vela::Benchmarks::run(argc - 1, argv + 1,
                                {{"Load_Mesh/real_time", "Load_Bytes/real_time"},
                                 {"Frame_Mesh/1/real_time", "Frame_Background/real_time"},
-                                {"Frame_Mesh/2/real_time", "Frame_Background/real_time"}});
+                                {"Frame_Mesh/2/real_time", "Frame_Background/real_time"},
+                                {"Smooth_Mesh/real_time", "Copy_Mesh/real_time"},
+                                {"Decimate_Mesh/real_time", "Copy_Mesh/real_time"}});
 }

@@ -12,8 +12,8 @@ namespace Workbench {
 /// distances to the planes of all faces that were merged. A contraction that would turn a face over or join
 /// what is not one surface is left out, so a closed mesh stays closed and keeps its holes and handles. Open
 /// borders keep their shape. Where nothing more may be contracted the result has more triangles than asked
-/// for; a mesh that has no more than @p triangles is returned as it is. Triangles without an area or with a
-/// corner twice, and vertices without a triangle, are dropped from what is reduced.
+/// for; a mesh that has no more than @p triangles is returned as it is. Triangles with a corner twice and
+/// vertices without a triangle are dropped from what is reduced.
 /// @throws OperationCancelled through @p progress.
 ///
 /// @code

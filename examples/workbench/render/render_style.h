@@ -11,8 +11,8 @@ namespace Workbench {
 enum EShading : int {
   SmoothShading = 0, ///< Normals interpolated between the vertices.
   FlatShading = 1,   ///< One normal a face.
-  FlatShadingWithEdges =
-      2, ///< Flat, and the edges of the faces that are seen; they fade where faces get tiny.
+  /// Flat, with the edges of the faces that are seen. They fade where faces get tiny.
+  FlatShadingWithEdges = 2,
 };
 
 /// How a mesh is drawn: shading and colours.
