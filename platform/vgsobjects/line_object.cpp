@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "line_object.h"
+
+#include "halo.h"
+
+#include <QLineF>
+
+namespace Vela::Graphics {
+
+namespace {
+
+constexpr double LineWidth = 1.75;
+constexpr double TextDistance = 14; // of its middle from the line
+
+// Beside the middle of the line, on the side that is further up.
+QPointF textPlace(const QLineF& line) {
+  QLineF across = line.normalVector();
+  if (across.length() < 1)
+    return line.center() - QPointF(0, TextDistance);
+  across.setLength(TextDistance);
+  const QPointF offset(across.dx(), across.dy());
+  return line.center() + (offset.y() > 0 ? -offset : offset);
+}
+
+} // namespace
+
+LineObject::LineObject(const QVector3D& from, const QVector3D& to) : m_from(from), m_to(to) {}
+
+LineObject::~LineObject() = default;
+
+void LineObject::setEnds(const QVector3D& from, const QVector3D& to) {
+  m_from = from;
+  m_to = to;
+}
+
+double LineObject::length() const { return double(m_from.distanceToPoint(m_to)); }
+
+void LineObject::setUnits(Common::ELengthUnit scene, Common::ELengthUnit shown) {
+  m_sceneUnit = scene;
+  m_shownUnit = shown;
+}
+
+QString LineObject::text() const {
+  if (!m_text.isEmpty())
+    return m_text;
+  return Common::formatValue(Common::convert(length(), m_sceneUnit, m_shownUnit), m_shownUnit);
+}
+
+void LineObject::draw(const AnnotationDevice& device) const {
+  const auto from = device.project(m_from);
+  const auto to = device.project(m_to);
+  if (!from || !to)
+    return;
+  const PainterState state(device.painter());
+  QPainter& painter = device.painter();
+  const QLineF line(*from, *to);
+  painter.setPen(QPen(device.halo(), LineWidth + 2 * HaloWidth, Qt::SolidLine, Qt::RoundCap));
+  painter.drawLine(line);
+  painter.setPen(QPen(colorOn(device), LineWidth, Qt::SolidLine, Qt::RoundCap));
+  painter.drawLine(line);
+  drawText(device, textPlace(line), text(), colorOn(device));
+}
+
+} // namespace Vela::Graphics

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vgsobjects/annotation_object.h>
+
+#include <QPointF>
+#include <QString>
+#include <QVector3D>
+
+namespace Vela::Graphics {
+
+/// A line of text at a point of the scene.
+class VGS_OBJECTS_EXPORT TextObject : public AnnotationObject {
+public:
+  TextObject(const QVector3D& position, const QString& text);
+  ~TextObject() override;
+
+  void draw(const AnnotationDevice& device) const override;
+
+  const QVector3D& position() const noexcept { return m_position; }
+  void setPosition(const QVector3D& position) { m_position = position; }
+  const QString& text() const noexcept { return m_text; }
+  void setText(const QString& text) { m_text = text; }
+  /// Where the middle of the text is, in logical pixels from the point; on the point unless set.
+  void setOffset(const QPointF& offset) { m_offset = offset; }
+
+private:
+  QVector3D m_position;
+  QString m_text;
+  QPointF m_offset;
+};
+
+} // namespace Vela::Graphics
