@@ -71,6 +71,52 @@ Mesh blob(int rings) {
   return {points, triangles};
 }
 
+Mesh sphere(int rings) {
+  constexpr double Pi = std::numbers::pi;
+  const auto n = std::uint32_t(rings);
+  std::vector<QVector3D> points{{0, 1, 0}, {0, -1, 0}};
+  for (int v = 1; v < rings; ++v) {
+    for (int u = 0; u < rings; ++u) {
+      const double latitude = Pi * v / rings;
+      const double longitude = 2 * Pi * u / rings;
+      points.emplace_back(float(std::sin(latitude) * std::cos(longitude)), float(std::cos(latitude)),
+                          float(-std::sin(latitude) * std::sin(longitude)));
+    }
+  }
+  std::vector<Mesh::Triangle> triangles;
+  const auto at = [n](std::uint32_t v, std::uint32_t u) { return 2 + (v - 1) * n + u % n; };
+  for (std::uint32_t u = 0; u < n; ++u) {
+    triangles.push_back({0, at(1, u), at(1, u + 1)});
+    triangles.push_back({1, at(n - 1, u + 1), at(n - 1, u)});
+    for (std::uint32_t v = 1; v + 1 < n; ++v) {
+      triangles.push_back({at(v, u), at(v + 1, u), at(v + 1, u + 1)});
+      triangles.push_back({at(v, u), at(v + 1, u + 1), at(v, u + 1)});
+    }
+  }
+  return {points, triangles};
+}
+
+Mesh torus(int rings) {
+  constexpr double Pi = std::numbers::pi;
+  const auto n = std::uint32_t(rings);
+  std::vector<QVector3D> points;
+  std::vector<Mesh::Triangle> triangles;
+  for (std::uint32_t u = 0; u < n; ++u) {
+    for (std::uint32_t v = 0; v < n; ++v) {
+      const double around = 2 * Pi * u / n;
+      const double tube = 2 * Pi * v / n;
+      const double radius = 1 + 0.4 * std::cos(tube);
+      points.emplace_back(float(radius * std::cos(around)), float(0.4 * std::sin(tube)),
+                          float(radius * std::sin(around)));
+      const std::uint32_t nextU = (u + 1) % n * n;
+      const std::uint32_t nextV = (v + 1) % n;
+      triangles.push_back({u * n + v, u * n + nextV, nextU + nextV});
+      triangles.push_back({u * n + v, nextU + nextV, nextU + v});
+    }
+  }
+  return {points, triangles};
+}
+
 Mesh merged(const Mesh& first, const Mesh& second) {
   std::vector<QVector3D> positions = first.positions();
   positions.insert(positions.end(), second.positions().begin(), second.positions().end());

@@ -15,7 +15,7 @@ struct SmoothOptions {
   double inwards = 0.5;
   /// How far the step outwards goes. A little more than inwards keeps the volume: slow waves of the surface
   /// pass both steps nearly unchanged, quick ones shrink.
-  double outwards = 0.53;
+  double outwards = 0.52;
   /// Limits the work to these triangles; those not selected stay exactly as they are. With none selected all
   /// of the mesh is smoothed.
   TriangleSelection selection;

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "test_meshes.h"
+
+#include <support/test_case.h>
+#include <workbench/mesh_document.h>
+#include <workbench/mesh_ops/selection.h>
+
+#include <QSignalSpy>
+
+using namespace Workbench;
+
+class MeshDocumentTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void undoAndRedoRestoreMeshAndSelection() {
+    MeshDocument document;
+    document.open(Test::cube(1), QStringLiteral("cube.off"));
+    QSignalSpy meshes(&document, &MeshDocument::meshChanged);
+    QSignalSpy selections(&document, &MeshDocument::selectionChanged);
+    // Who hears of the mesh finds a selection that fits it.
+    connect(&document, &MeshDocument::meshChanged, this,
+            [&document] { QCOMPARE(document.selection().size(), document.mesh().triangles().size()); });
+
+    const std::uint32_t corners[] = {0, 5};
+    const TriangleSelection selection(12, corners);
+    document.setSelection(selection);
+    document.setSelection(selection); // no step
+    document.edit(QStringLiteral("Delete"), withoutTriangles(document.mesh(), selection));
+    QUndoStack& steps = *document.undoStack();
+    QCOMPARE(steps.count(), 2);
+    QCOMPARE(steps.undoText(), QStringLiteral("Delete"));
+    QCOMPARE(document.mesh().triangles().size(), std::size_t(10));
+    QVERIFY(document.selection().isEmpty());
+    QCOMPARE(meshes.size(), 1);
+    QCOMPARE(selections.size(), 2);
+
+    steps.undo();
+    QCOMPARE(document.mesh().triangles(), Test::cube(1).triangles());
+    QCOMPARE(document.selection(), selection);
+    steps.undo();
+    QVERIFY(document.selection().isEmpty());
+    QCOMPARE(meshes.size(), 2); // selecting leaves the mesh alone
+    steps.redo();
+    QCOMPARE(document.selection(), selection);
+    steps.redo();
+    QCOMPARE(document.mesh().triangles().size(), std::size_t(10));
+    QVERIFY(document.selection().isEmpty());
+    QVERIFY_EXCEPTION_THROWN(document.setSelection(selection), std::invalid_argument);
+  }
+
+  void openingForgetsTheSteps() {
+    MeshDocument document;
+    QSignalSpy opened(&document, &MeshDocument::opened);
+    QSignalSpy selections(&document, &MeshDocument::selectionChanged);
+    document.open(Test::cube(1), QStringLiteral("cube.off"));
+    document.setSelection(TriangleSelection::all(12));
+    document.open(Test::cube(2), QStringLiteral("other.off"));
+    QCOMPARE(document.fileName(), QStringLiteral("other.off"));
+    QCOMPARE(opened.size(), 2);
+    QVERIFY(document.selection().isEmpty());
+    QCOMPARE(selections.size(), 3);
+    QVERIFY(!document.undoStack()->canUndo());
+  }
+};
+
+VELA_TEST_MAIN(MeshDocumentTest)
+#include "mesh_document_test.moc"

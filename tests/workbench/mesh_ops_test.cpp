@@ -1,0 +1,269 @@
+// SPDX-License-Identifier: MIT
+#include "test_meshes.h"
+
+#include <support/test_case.h>
+#include <workbench/mesh_ops/decimate.h>
+#include <workbench/mesh_ops/selection.h>
+#include <workbench/mesh_ops/smooth.h>
+
+#include <bitset>
+#include <cmath>
+#include <random>
+
+using namespace Workbench;
+
+namespace {
+
+Mesh moved(const Mesh& mesh, const std::function<QVector3D(const QVector3D&)>& place) {
+  std::vector<QVector3D> positions;
+  for (const QVector3D& p : mesh.positions())
+    positions.push_back(place(p));
+  return {positions, mesh.triangles()};
+}
+
+// The mean square distance of the vertices from the unit sphere, rooted.
+double roughness(const Mesh& mesh) {
+  double sum = 0;
+  for (const QVector3D& p : mesh.positions())
+    sum += std::pow(double(p.length()) - 1, 2);
+  return std::sqrt(sum / double(mesh.positions().size()));
+}
+
+double fromSphere(const QVector3D& p) { return std::abs(double(p.length()) - 1); }
+double fromTorus(const QVector3D& p) {
+  return std::abs(std::hypot(std::hypot(double(p.x()), double(p.z())) - 1, double(p.y())) - 0.4);
+}
+
+// A plate from (-1, -1) to (1, 1) with a square hole of half that size in its middle.
+Mesh frame() {
+  const Mesh plate = Test::square(1, 32);
+  TriangleSelection hole(plate.triangles().size());
+  for (std::uint32_t i = 0; i < hole.size(); ++i) {
+    const std::uint32_t column = i / 2 % 32;
+    const std::uint32_t row = i / 2 / 32;
+    hole.set(i, column >= 8 && column < 24 && row >= 8 && row < 24);
+  }
+  return withoutTriangles(plate, hole);
+}
+
+TriangleSelection of(const Mesh& mesh, std::vector<std::uint32_t> triangles) {
+  return {mesh.triangles().size(), triangles};
+}
+
+using Operation = std::function<Mesh(const Mesh&, const Progress&)>;
+using Distance = double (*)(const QVector3D&);
+
+} // namespace
+
+Q_DECLARE_METATYPE(Operation)
+Q_DECLARE_METATYPE(Distance)
+Q_DECLARE_METATYPE(Workbench::Mesh)
+
+class MeshOpsTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void smoothingTakesNoiseAwayAndKeepsTheVolume() {
+    std::mt19937 random(7);
+    std::uniform_real_distribution<float> noise(0.99F, 1.01F);
+    const Mesh sphere = Test::sphere(60);
+    const Mesh rough = moved(sphere, [&](const QVector3D& p) { return p * noise(random); });
+    SmoothOptions options;
+    const Mesh smooth = smoothed(rough, options);
+    QVERIFY2(roughness(smooth) < roughness(rough) / 2, qPrintable(QString::number(roughness(smooth))));
+    options.iterations = 30;
+    QVERIFY(std::abs(*smoothed(rough, options).volume() / *sphere.volume() - 1) < 0.01);
+    QCOMPARE(smooth.triangles(), rough.triangles());
+  }
+
+  void smoothingLeavesBordersAndTheUnselectedAlone() {
+    const Mesh plate = moved(Test::square(1, 10), [](const QVector3D& p) {
+      return QVector3D(p.x(), p.y(), std::sin(100 * p.x() + 37 * p.y()) * 0.1F);
+    });
+    const auto isMoved = [&](const Mesh& result, std::size_t vertex) {
+      return result.positions()[vertex] != plate.positions()[vertex];
+    };
+    const Mesh all = smoothed(plate);
+    for (std::size_t v = 0; v < all.positions().size(); ++v) {
+      const bool border = v % 11 == 0 || v % 11 == 10 || v < 11 || v >= 110;
+      QCOMPARE(isMoved(all, v), !border);
+    }
+    SmoothOptions options;
+    options.selection = TriangleSelection(plate.triangles().size());
+    for (std::size_t i = 0; i < 100; ++i)
+      options.selection.set(i);
+    const Mesh half = smoothed(plate, options);
+    for (std::size_t v = 0; v < half.positions().size(); ++v)
+      QCOMPARE(isMoved(half, v), isMoved(all, v) && v < 55);
+    options.selection = TriangleSelection::all(3);
+    QVERIFY_EXCEPTION_THROWN(smoothed(plate, options), std::invalid_argument);
+  }
+
+  void decimationKeepsAClosedSurface_data() {
+    QTest::addColumn<Mesh>("mesh");
+    QTest::addColumn<Distance>("distance");
+    QTest::addColumn<int>("target");
+    QTest::newRow("sphere to a tenth") << Test::sphere(70) << Distance(fromSphere) << 966;
+    QTest::newRow("torus to a tenth") << Test::torus(70) << Distance(fromTorus) << 980;
+  }
+  void decimationKeepsAClosedSurface() {
+    QFETCH(Mesh, mesh);
+    QFETCH(Distance, distance);
+    QFETCH(int, target);
+    const Mesh result = decimated(mesh, std::size_t(target));
+    QCOMPARE(int(result.triangles().size()), target);
+    QVERIFY(result.isClosed());
+    // Every edge belongs to two triangles; the number of handles follows from the three numbers.
+    const auto characteristic = [](const Mesh& m) {
+      return int(m.positions().size()) - int(m.triangles().size()) / 2;
+    };
+    QCOMPARE(characteristic(result), characteristic(mesh));
+    QVERIFY(std::abs(*result.volume() / *mesh.volume() - 1) < 0.01);
+    for (const Mesh::Triangle& t : result.triangles()) {
+      const auto& p = result.positions();
+      QVERIFY(distance(p[t[0]]) < 0.01);
+      QVERIFY(distance((p[t[0]] + p[t[1]] + p[t[2]]) / 3) < 0.02);
+    }
+    for (std::size_t i = 0; i < result.triangles().size(); ++i)
+      QVERIFY(result.faceArea(i) > 0);
+  }
+
+  void decimationKeepsBorders() {
+    const Mesh full = frame();
+    const Mesh result = decimated(full, 24);
+    QVERIFY(result.triangles().size() <= 24 && result.triangles().size() >= 8);
+    QVERIFY(std::abs(full.area() - 3) < 1e-4);
+    QVERIFY2(std::abs(result.area() - 3) < 1e-3, qPrintable(QString::number(result.area())));
+    QVERIFY((result.bounds().size() - full.bounds().size()).length() < 1e-3F);
+    for (std::size_t i = 0; i < result.triangles().size(); ++i)
+      QVERIFY(result.faceNormal(i).z() > 0.99F);
+  }
+
+  void decimationCopesWithAnyMesh_data() {
+    QTest::addColumn<Mesh>("mesh");
+    QTest::addColumn<int>("least");
+    QTest::newRow("a cube, down to what is still closed") << Test::cube(1) << 4;
+    const Mesh fin({{0, 0, 0}, {0, 0, 1}, {1, 0, 0}, {-1, 1, 0}, {-1, -1, 0}},
+                   {{0, 1, 2}, {0, 1, 3}, {0, 1, 4}, {1, 1, 2}});
+    QTest::newRow("three faces at an edge") << fin << 3;
+    QTest::newRow("two surfaces") << Test::merged(Test::sphere(6), Test::square(1)) << 5;
+    const float nan = std::nanf("");
+    QTest::newRow("a place that is not a number")
+        << Mesh({{nan, 0, 0}, {1, 0, 0}, {0, 1, 0}}, {{0, 1, 2}}) << 1;
+  }
+  void decimationCopesWithAnyMesh() {
+    QFETCH(Mesh, mesh);
+    QFETCH(int, least);
+    const Mesh result = decimated(mesh, 0);
+    QCOMPARE(int(result.triangles().size()), least);
+    QCOMPARE(result.isClosed(), mesh.isClosed());
+  }
+
+  void anOperationTellsItsProgressAndStops_data() {
+    QTest::addColumn<Operation>("operation");
+    QTest::newRow("smooth") << Operation([](const Mesh& m, const Progress& p) {
+      SmoothOptions options;
+      options.iterations = 500;
+      return smoothed(m, options, p);
+    });
+    QTest::newRow("decimate") << Operation(
+        [](const Mesh& m, const Progress& p) { return decimated(m, 20, p); });
+  }
+  void anOperationTellsItsProgressAndStops() {
+    QFETCH(Operation, operation);
+    const Mesh mesh = Test::sphere(40);
+    std::vector<double> told;
+    operation(mesh, Progress({}, [&told](double fraction) { told.push_back(fraction); }));
+    QVERIFY(std::is_sorted(told.begin(), told.end()) && told.size() > 10 && told.size() <= 101);
+    QCOMPARE(told.front(), 0.0);
+    QCOMPARE(told.back(), 1.0);
+
+    std::stop_source stop;
+    told.clear();
+    const Progress progress(stop.get_token(), [&](double fraction) {
+      told.push_back(fraction);
+      if (fraction > 0.3)
+        stop.request_stop();
+    });
+    QVERIFY_EXCEPTION_THROWN(operation(mesh, progress), OperationCancelled);
+    QVERIFY(told.back() < 0.7);
+  }
+
+  void selectionsAreSetsOfTriangles() {
+    constexpr std::size_t Size = 131; // not a whole number of words
+    std::mt19937 random(3);
+    std::bitset<Size> modelA;
+    std::bitset<Size> modelB;
+    TriangleSelection a(Size);
+    TriangleSelection b(Size);
+    const auto isSame = [](const TriangleSelection& selection, const std::bitset<Size>& model) {
+      for (std::size_t i = 0; i < Size; ++i) {
+        if (selection.contains(i) != model[i])
+          return false;
+      }
+      const std::vector<std::uint32_t> indices = selection.triangles();
+      return selection.count() == model.count() && selection == TriangleSelection(Size, indices);
+    };
+    for (int i = 0; i < 2000; ++i) {
+      const std::size_t triangle = random() % Size;
+      b.set(triangle, i % 3 != 0), modelB.set(triangle, i % 3 != 0);
+      switch (random() % 8) {
+      case 0:
+        a |= b, modelA |= modelB;
+        break;
+      case 1:
+        a &= b, modelA &= modelB;
+        break;
+      case 2:
+        a -= b, modelA &= ~modelB;
+        break;
+      case 3:
+        a ^= b, modelA ^= modelB;
+        break;
+      case 4:
+        a.invert(), modelA.flip();
+        break;
+      case 5:
+        std::swap(a, b), std::swap(modelA, modelB);
+        break;
+      case 6:
+        i % 5 ? a.selectAll() : a.clear(), i % 5 ? modelA.set() : modelA.reset();
+        break;
+      default:
+        break;
+      }
+      QVERIFY2(isSame(a, modelA) && isSame(b, modelB), qPrintable(QString::number(i)));
+    }
+    QVERIFY(!a.contains(Size));
+    QVERIFY_EXCEPTION_THROWN(a.set(Size), std::out_of_range);
+    QVERIFY_EXCEPTION_THROWN(a |= TriangleSelection(Size + 1), std::invalid_argument);
+  }
+
+  void selectionsFollowTheSurface() {
+    const Mesh mesh = Test::merged(Test::cube(1), Test::square(1, 5, 2));
+    const TriangleSelection cube = selectConnected(mesh, 3);
+    QCOMPARE(cube.count(), std::size_t(12));
+    TriangleSelection plate = cube;
+    plate.invert();
+    QCOMPARE(selectConnected(mesh, 12 + 49), plate);
+    QVERIFY(std::abs(areaOf(mesh, cube) - 6) < 1e-6);
+    QCOMPARE(shrunk(mesh, plate), plate);
+
+    // The cell in the middle of the plate; of the eight around it all but two triangles at its corners touch
+    // it.
+    const TriangleSelection middle = of(mesh, {12 + 24, 12 + 25});
+    const TriangleSelection more = grown(mesh, middle);
+    QCOMPARE(more.count(), std::size_t(16));
+    QCOMPARE(shrunk(mesh, more), middle);
+
+    const Mesh rest = withoutTriangles(mesh, plate);
+    QCOMPARE(rest.positions(), Test::cube(1).positions());
+    QCOMPARE(rest.triangles(), Test::cube(1).triangles());
+    QCOMPARE(withoutTriangles(mesh, cube).positions().size(), std::size_t(36));
+    QVERIFY(withoutTriangles(mesh, TriangleSelection::all(mesh.triangles().size())).positions().empty());
+    QVERIFY_EXCEPTION_THROWN(grown(rest, middle), std::invalid_argument);
+  }
+};
+
+VELA_TEST_MAIN(MeshOpsTest)
+#include "mesh_ops_test.moc"
