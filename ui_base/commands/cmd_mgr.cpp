@@ -3,15 +3,15 @@
 
 #include "command_base.h"
 #include "command_group.h"
+#include "command_index.h"
+#include "command_walk.h"
+#include "pending_context.h"
 
-#include <QActionGroup>
-#include <QMap>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 
 #include <stdexcept>
 #include <utility>
-#include <vector>
 
 template class Taren::Objects::SharedObject<Vela::UiBase::CmdMgr>;
 
@@ -21,26 +21,13 @@ using Taren::Core::dispatchAsync;
 using Taren::Core::dispatchSync;
 using Taren::Core::MainThreadQoS;
 
-/// What is left to apply of a context handed over. Its commands are looked up when their turn comes;
-/// references are kept only when the registry is emptied before.
-struct CmdMgr::PendingContext {
-  QMap<QString, CommandState> states;
-  std::vector<std::pair<std::weak_ptr<CommandBase>, CommandState>> kept;
-
-  void applyToKept() const {
-    for (const auto& [weak, state] : kept) {
-      if (const auto command = weak.lock())
-        command->setCommandState(state);
-    }
-  }
-};
-
 class CmdMgrPrivate {
 public:
   CommandBag bag;
+  CommandIndex index;
   QList<CommandContext> stack; // bottom first
   std::weak_ptr<CommandBase> running;
-  QList<std::shared_ptr<CmdMgr::PendingContext>> pending; // oldest first
+  QList<std::shared_ptr<PendingContext>> pending; // oldest first
   bool applying = false;
 };
 
@@ -50,15 +37,6 @@ CommandState defaultState(CommandBase& command) { return command.defaultCommandS
 CommandState disabledState(CommandBase&) { return {State::Off, State::Keep}; }
 CommandState inactiveState(CommandBase&) { return {State::Keep, State::Off}; }
 CommandState presentState(CommandBase& command) { return command.commandState(); }
-
-/// Calls @p visit with every command of a bag, then with those inside its groups: the order of look-ups.
-template <class Visitor>
-void visitCommands(const CommandBag& bag, const Visitor& visit) {
-  for (int i = 0; i < bag.count(); ++i)
-    visit(*bag.commandAt(i));
-  for (const CommandGroup* const group : bag.groups())
-    visitCommands(group->commandBag(), visit);
-}
 
 CommandContext contextOfBag(const CommandBag& bag, CommandState (*stateOf)(CommandBase&)) {
   CommandContext context;
@@ -77,21 +55,6 @@ CommandContext checkedOnly(const CommandContext& context) {
       checked.overwrite(it.key(), it.value());
   }
   return checked;
-}
-
-/// Checking a command of an exclusive group unchecks the others.
-void uncheckRivals(CommandContext& context, const CommandBase& command) {
-  const QActionGroup* const group = command.actionGroup();
-  if (!group || !group->isExclusive())
-    return;
-  const QList<QAction*> actions = group->actions();
-  for (QAction* const action : actions) {
-    const auto* const rival = dynamic_cast<CommandBase*>(action);
-    if (!rival || rival == &command)
-      continue;
-    if (const QString id = rival->commandId(); context.contains(id))
-      context[id].checked = State::Off;
-  }
 }
 
 template <class Gather>
@@ -220,20 +183,12 @@ void CmdMgr::tellRemoved(const QString& id) {
 
 void CmdMgr::commandForgotten(CommandBase&) {}
 
-CommandBase* CmdMgr::findCommand(const QString& id) const {
-  if (CommandBase* const command = d->bag.getCommand(id))
-    return command;
-  for (CommandGroup* const group : d->bag.groups()) {
-    if (CommandBase* const command = group->getCommand(id))
-      return command;
-  }
-  return nullptr;
-}
+CommandBase* CmdMgr::findCommand(const QString& id) const { return d->index.find(d->bag, id).command; }
 
 std::shared_ptr<CommandBase> CmdMgr::findShared(const QString& id) const {
-  if (auto command = d->bag.getSharedCommand(id))
-    return command;
-  CommandBase* const command = findCommand(id);
+  const auto [command, owner] = d->index.find(d->bag, id);
+  if (owner)
+    return *owner;
   return command ? command->sharedOrEmpty() : nullptr;
 }
 
@@ -313,7 +268,7 @@ CommandContext CmdMgr::currentActiveContext(const QString& id) const {
 
 void CmdMgr::setContext(const CommandContext& context) {
   const std::weak_ptr<CmdMgr> weak = shared_from_this();
-  const auto pending = std::make_shared<PendingContext>(PendingContext{context.get(), {}});
+  const auto pending = std::make_shared<PendingContext>(context);
   d->pending.append(pending);
   const auto apply = [weak, pending] {
     if (const auto self = weak.lock())
@@ -333,41 +288,27 @@ void CmdMgr::applyPending(const std::shared_ptr<PendingContext>& pending) {
     applyPending(std::shared_ptr(d->pending.constFirst()));
   const auto done = qScopeGuard([&] { d->pending.removeOne(pending); });
   const QScopedValueRollback applying(d->applying, true);
-  while (!pending->states.isEmpty()) {
-    const QString id = pending->states.firstKey();
-    const CommandState state = pending->states.first();
-    pending->states.erase(pending->states.cbegin());
-    if (const auto command = findShared(id))
-      command->setCommandState(state);
+  while (!pending->isEmpty()) {
+    const auto entry = pending->take();
+    if (const auto command = findShared(entry.key()))
+      command->setCommandState(entry.value());
   }
   pending->applyToKept();
 }
 
 void CmdMgr::keepPendingCommands() {
-  for (const auto& pending : std::as_const(d->pending)) {
-    const auto states = std::exchange(pending->states, {});
-    for (auto it = states.cbegin(); it != states.cend(); ++it)
-      pending->kept.emplace_back(findShared(it.key()), it.value());
-  }
+  for (const auto& pending : std::as_const(d->pending))
+    pending->keepCommands([this](const QString& id) { return findShared(id); });
 }
 
 // The states as they will be when what is pending has been applied.
 CommandContext CmdMgr::presentContext() const {
   return onMainThread([&] {
     CommandContext present = contextOfBag(d->bag, presentState);
-    for (const auto& pending : d->pending) {
-      const auto& states = pending->states;
-      for (auto it = states.cbegin(); it != states.cend(); ++it) {
-        CommandBase* const command = findCommand(it.key());
-        if (!command)
-          continue;
-        CommandState& entry = present[it.key()];
-        entry.enabled = it->enabled;
-        if (!command->isCheckable())
-          continue;
-        if (it->checked == State::On)
-          uncheckRivals(present, *command);
-        entry.checked = it->checked;
+    for (const auto& pending : std::as_const(d->pending)) {
+      for (auto entry = pending->begin(); entry != pending->end(); ++entry) {
+        if (const CommandBase* const command = findCommand(entry.key()))
+          foresee(present, *command, entry.value());
       }
     }
     return present;

@@ -17,6 +17,7 @@ namespace Vela::UiBase {
 class CmdMgr;
 class CmdMgrPrivate;
 class CommandBase;
+class PendingContext;
 
 } // namespace Vela::UiBase
 
@@ -59,7 +60,9 @@ public:
   bool removeCommand(const QString& id);
   bool removeCommand(CommandBase* command);
   void removeAllCommands();
-  /// The command of that identifier, at the top level or else inside a group; or null.
+  /// The command of that identifier, at the top level or else inside a group; or null. Costs one hash
+  /// look-up, however many groups there are. A group that overrides CommandBase::getCommand() is asked for
+  /// identifiers that stand in no bag.
   CommandBase* findCommand(const QString& id) const;
   /// All commands of that identifier in a bag (null: the top level) and in its groups.
   QVector<CommandBase*> findCommands(const QString& id, CommandBag* bag = nullptr) const;
@@ -114,8 +117,6 @@ protected:
   virtual void commandForgotten(CommandBase& command);
 
 private:
-  friend class CmdMgrPrivate;
-  struct PendingContext;
   using StateOf = CommandState (*)(CommandBase&);
 
   std::shared_ptr<CommandBase> addGroup(const std::shared_ptr<CommandBase>& command);

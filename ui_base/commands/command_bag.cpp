@@ -5,14 +5,26 @@
 #include "command_group.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace Vela::UiBase {
+
+namespace {
+
+std::atomic<quint64> changes = 1;
+
+void countChange() { changes.fetch_add(1, std::memory_order_relaxed); }
+
+} // namespace
+
+quint64 CommandBag::revision() noexcept { return changes.load(std::memory_order_relaxed); }
 
 CommandBag::CommandBag() = default;
 CommandBag::CommandBag(const CommandBag&) = default;
 CommandBag& CommandBag::operator=(const CommandBag& other) {
   if (this == &other)
     return *this;
+  countChange();
   // What was held dies when the bag is in order again.
   CommandBag copy(other);
   m_entries.swap(copy.m_entries);
@@ -38,6 +50,7 @@ bool CommandBag::insertCommand(int position, const std::shared_ptr<CommandBase>&
   if (first.count > 0 && std::any_of(m_entries.begin(), m_entries.end(), isSame))
     return false;
 
+  countChange();
   const int at = std::clamp(position, 0, count());
   const bool appended = at == count();
   m_entries.insert(m_entries.begin() + at, {id, command});
@@ -51,7 +64,9 @@ bool CommandBag::insertCommand(int position, const std::shared_ptr<CommandBase>&
     m_positions.clear();
   else if (first.count == 1 && !m_positions.isEmpty())
     m_positions.insert(id, at);
-  if (dynamic_cast<CommandGroup*>(command.get()))
+  if (auto* const group = dynamic_cast<CommandGroup*>(command.get()); group && appended)
+    m_groups.append(group);
+  else if (group)
     collectGroups();
   return true;
 }
@@ -74,6 +89,7 @@ bool CommandBag::removeCommand(const CommandBase* command) {
 }
 
 void CommandBag::remove(Entries::const_iterator entry) {
+  countChange();
   const QString id = entry->id;
   const auto command = entry->command; // may be the last reference; released when the bag is in order again
   const auto next = m_entries.erase(entry);
@@ -89,6 +105,7 @@ void CommandBag::remove(Entries::const_iterator entry) {
 }
 
 void CommandBag::clear() {
+  countChange();
   m_first.clear();
   m_groups.clear();
   m_positions.clear();

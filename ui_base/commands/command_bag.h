@@ -66,6 +66,8 @@ public:
   const QList<CommandGroup*>& groups() const noexcept { return m_groups; }
 
 private:
+  friend class CommandIndex;
+
   struct Entry {
     QString id;
     std::shared_ptr<CommandBase> command;
@@ -75,6 +77,9 @@ private:
     int count = 0; // how many commands stand under the identifier
   };
   using Entries = std::vector<Entry>;
+
+  // Counts the changes of all bags.
+  static quint64 revision() noexcept;
 
   int positionOf(const QString& id) const;
   void remove(Entries::const_iterator entry);

@@ -27,6 +27,7 @@ class CommandBasePrivate {
 public:
   QPointer<BaseViewController> controller;
   QPointer<CommandGroup> group;
+  QList<QPointer<CommandGroup>> holdingGroups;
   QString baseGroupName = Resource::String::COMMAND_DEFAULT_GROUP();
   bool attached = false;
   QStringList attachedGroupNames;
@@ -92,6 +93,26 @@ CommandBase* CommandBase::getCommand(const QString&) { return nullptr; }
 CommandGroup* CommandBase::commandGroup() const { return d->group; }
 
 void CommandBase::setCommandGroup(CommandGroup* group) { d->group = group; }
+
+QList<CommandGroup*> CommandBase::holdingGroups() const {
+  QList<CommandGroup*> groups;
+  for (const auto& group : std::as_const(d->holdingGroups)) {
+    if (group)
+      groups.append(group);
+  }
+  return groups;
+}
+
+void CommandBase::enterGroup(CommandGroup& group) {
+  d->holdingGroups.append(&group);
+  setCommandGroup(&group);
+}
+
+void CommandBase::leaveGroup(const CommandGroup& group) {
+  d->holdingGroups.removeIf([&group](const auto& held) { return !held || held == &group; });
+  if (commandGroup() == &group)
+    setCommandGroup(d->holdingGroups.isEmpty() ? nullptr : d->holdingGroups.constLast().data());
+}
 
 QString CommandBase::baseGroupName() const { return d->baseGroupName; }
 

@@ -103,7 +103,7 @@ public:
   virtual bool hasCommand(const QString& id) const;
   /// The command of that identifier inside this one, or null.
   virtual CommandBase* getCommand(const QString& id);
-  /// The group that holds the command, or null.
+  /// The group that holds the command, the one it was added to last when there are several; or null.
   virtual CommandGroup* commandGroup() const;
   virtual void setCommandGroup(CommandGroup* group);
   /// The name of the group the command is shown in by default.
@@ -121,6 +121,8 @@ public:
   BaseView* getView() const;
   /// The command's controller, or null when there is none or it has died.
   CmdsViewController* getViewController() const;
+  /// The groups that hold the command, in the order in which it was added to them.
+  QList<CommandGroup*> holdingGroups() const;
   /// Whether the command asks the licence library before it runs.
   bool isPaidFeature() const;
 
@@ -150,6 +152,11 @@ protected:
 
 private:
   friend class CommandExecution;
+  friend class CommandGroup;
+
+  void enterGroup(CommandGroup& group);
+  void leaveGroup(const CommandGroup& group);
+
   const std::unique_ptr<CommandBasePrivate> d;
 };
 

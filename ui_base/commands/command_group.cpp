@@ -1,36 +1,62 @@
 // SPDX-License-Identifier: MIT
 #include "command_group.h"
 
+#include "command_ref.h"
+#include "command_walk.h"
+#include "group_observers.h"
+
+#include <ui_base/toolbars/tool_button.h>
 #include <ui_base/views/qt_ui_toolkit.h>
 
 #include <QActionGroup>
 #include <QHash>
+#include <QScopeGuard>
 
-#include <vector>
+#include <algorithm>
+#include <utility>
 
 namespace Vela::UiBase {
 
 class CommandGroupPrivate {
 public:
-  struct WeakObserver {
-    std::weak_ptr<CommandStateProtocol> observer;
-    bool asynchronous;
-  };
-  struct GuardedObserver {
-    QPointer<QObject> object;
-    CommandStateProtocol* observer;
-  };
-
   CommandBag bag;
   QHash<QString, int> ranks;
   QActionGroup* actionGroup = nullptr; // a child of the group
   bool grid = false;
   int gridSize = 0;
   bool virtualGroup = false;
-  // Children that come later are given them too.
-  std::vector<WeakObserver> weakObservers;
-  std::vector<GuardedObserver> guardedObservers;
+  bool unchecking = false;
+  ToolBar* toolbar = nullptr;
+  QPointer<ToolButton> toolButton;
+  GroupObservers observers;
+
+  std::shared_ptr<CommandBase> findChild(const CommandBase* child) const {
+    for (int i = 0; i < bag.count(); ++i) {
+      if (bag.commandAt(i) == child)
+        return bag.sharedCommandAt(i);
+    }
+    return nullptr;
+  }
 };
+
+namespace {
+
+/// Calls @p visit with every child of a group.
+template <class Visitor>
+void forEachChild(const CommandBag& children, const Visitor& visit) {
+  for (int i = 0; i < children.count(); ++i)
+    visit(*children.commandAt(i));
+}
+
+bool holds(const CommandBase& command, const CommandBase& other) {
+  const auto* const group = dynamic_cast<const CommandGroup*>(&command);
+  bool found = false;
+  if (group)
+    visitCommands(group->commandBag(), [&](const CommandBase& below) { found = found || &below == &other; });
+  return found;
+}
+
+} // namespace
 
 CommandGroup::CommandGroup(const QString& iconName, const QString& toolTip, const QString& name)
     : CommandBase(nullptr), d(std::make_unique<CommandGroupPrivate>()) {
@@ -41,6 +67,9 @@ CommandGroup::CommandGroup(const QString& iconName, const QString& toolTip, cons
   setExecutionQoS(Taren::Core::MainThreadQoS);
   setCheckable(true);
   d->actionGroup = new QActionGroup(this);
+  // Also when who sets the state takes the group for a plain action.
+  connect(this, &QAction::toggled, this, &CommandGroup::showOnButton);
+  connect(this, &QAction::enabledChanged, this, &CommandGroup::showOnButton);
 }
 
 CommandGroup::~CommandGroup() {
@@ -105,44 +134,43 @@ void CommandGroup::addObserver(CommandStateProtocol* observer) {
   CommandBase::addObserver(observer);
   if (!observer)
     return;
-  d->guardedObservers.push_back({dynamic_cast<QObject*>(observer), observer});
-  for (int i = 0; i < d->bag.count(); ++i)
-    d->bag.commandAt(i)->addObserver(observer);
+  d->observers.add(observer);
+  forEachChild(d->bag, [this](CommandBase& child) { d->observers.observe(child); });
 }
 
 void CommandGroup::addObserver(const std::shared_ptr<CommandStateProtocol>& observer, bool asynchronous) {
   CommandBase::addObserver(observer, asynchronous);
   if (!observer)
     return;
-  std::erase_if(d->weakObservers, [](const auto& entry) { return entry.observer.expired(); });
-  d->weakObservers.push_back({observer, asynchronous});
-  for (int i = 0; i < d->bag.count(); ++i)
-    d->bag.commandAt(i)->addObserver(observer, asynchronous);
+  d->observers.add(observer, asynchronous);
+  forEachChild(d->bag, [this](CommandBase& child) { d->observers.observe(child); });
 }
 
 void CommandGroup::removeObserver(CommandStateProtocol* observer) {
   CommandBase::removeObserver(observer);
-  std::erase_if(d->guardedObservers,
-                [observer](const auto& entry) { return !entry.object || entry.observer == observer; });
-  for (int i = 0; i < d->bag.count(); ++i)
-    d->bag.commandAt(i)->removeObserver(observer);
+  d->observers.remove(observer);
+  forEachChild(d->bag, [this, observer](CommandBase& child) {
+    child.removeObserver(observer);
+    leaveToOtherGroups(child);
+  });
 }
 
 void CommandGroup::removeObserver(const std::shared_ptr<CommandStateProtocol>& observer) {
   CommandBase::removeObserver(observer);
-  std::erase_if(d->weakObservers, [&observer](const auto& entry) {
-    return entry.observer.expired() || entry.observer.lock() == observer;
+  d->observers.remove(observer);
+  forEachChild(d->bag, [&](CommandBase& child) {
+    child.removeObserver(observer);
+    leaveToOtherGroups(child);
   });
-  for (int i = 0; i < d->bag.count(); ++i)
-    d->bag.commandAt(i)->removeObserver(observer);
 }
 
 void CommandGroup::removeAllObservers() {
   CommandBase::removeAllObservers();
-  for (int i = 0; i < d->bag.count(); ++i)
-    stopObserving(*d->bag.commandAt(i));
-  d->guardedObservers.clear();
-  d->weakObservers.clear();
+  const GroupObservers observers = std::exchange(d->observers, {});
+  forEachChild(d->bag, [&](CommandBase& child) {
+    observers.stopObserving(child);
+    leaveToOtherGroups(child);
+  });
 }
 
 const CommandBag& CommandGroup::commandBag() const { return d->bag; }
@@ -150,41 +178,36 @@ const CommandBag& CommandGroup::commandBag() const { return d->bag; }
 CommandBag& CommandGroup::commandBag() { return d->bag; }
 
 CommandBase* CommandGroup::addCommand(const std::shared_ptr<CommandBase>& command, int rank) {
-  if (!command || command.get() == this)
+  if (!command || command.get() == this || d->bag.contains(command.get()) || holds(*command, *this))
     return nullptr;
-  const QString id = command->commandId();
+  setCommandRank(command->commandId(), rank);
+  d->bag.insertCommand(positionOf(rank), command);
+  attachChild(*command);
+  if (command->isChecked())
+    showChildren();
+  return command.get();
+}
+
+// Behind those of the same rank.
+int CommandGroup::positionOf(int rank) const {
   int position = d->bag.count();
   while (position > 0 && getCommandRank(d->bag.commandAt(position - 1)->commandId()) > rank)
     --position;
-  if (!d->bag.insertCommand(position, command))
-    return nullptr;
-  setCommandRank(id, rank);
-  attachChild(*command);
-  return command.get();
+  return position;
 }
 
 CommandBase* CommandGroup::addCommand(CommandBase* command, int rank) {
   return addCommand(Taren::Objects::adoptShared(command), rank);
 }
 
-bool CommandGroup::removeCommand(const QString& id) {
-  int position = 0;
-  if (!d->bag.hasCommand(id, position))
-    return false;
-  takeCommand(position);
-  if (!d->bag.hasCommand(id))
-    d->ranks.remove(id);
-  return true;
-}
+bool CommandGroup::removeCommand(const QString& id) { return removeCommand(d->bag.getCommand(id)); }
 
 bool CommandGroup::removeCommand(const CommandBase* child) {
   for (int i = 0; i < d->bag.count(); ++i) {
     if (d->bag.commandAt(i) != child)
       continue;
-    const QString id = child->commandId();
-    if (d->bag.getCommand(id) == child)
-      return removeCommand(id);
-    takeCommand(i);
+    if (takeCommand(i)->isChecked())
+      showChildren();
     return true;
   }
   return false;
@@ -194,72 +217,122 @@ std::shared_ptr<CommandBase> CommandGroup::takeCommand(int position) {
   auto command = d->bag.sharedCommandAt(position);
   detachChild(*command);
   d->bag.removeCommand(command.get());
+  if (const QString id = command->commandId(); !d->bag.hasCommand(id))
+    d->ranks.remove(id);
   return command;
 }
 
 void CommandGroup::absorbCommandGroup(CommandGroup* other) {
-  if (!other || other == this)
+  if (!other || other == this || holds(*other, *this))
     return;
-  for (int position = 0; position < other->d->bag.count();) {
-    CommandBase* const child = other->d->bag.commandAt(position);
+  const CommandRef self(*this);
+  const CommandRef absorbed(*other);
+  const CommandBag children = other->d->bag; // who hears of what moves may change the groups
+  for (int i = 0; i < children.count() && self.get() && absorbed.get(); ++i) {
+    CommandBase* const child = children.commandAt(i);
     const QString id = child->commandId();
+    if (!other->d->findChild(child) || child == this)
+      continue;
     if (!d->bag.hasCommand(id)) {
-      addCommand(other->takeCommand(position), other->getCommandRank(id));
+      const int rank = other->getCommandRank(id);
+      other->removeCommand(child);
+      if (self.get())
+        addCommand(children.sharedCommandAt(i), rank);
       continue;
     }
     auto* const ownGroup = dynamic_cast<CommandGroup*>(d->bag.getCommand(id));
     if (auto* const otherGroup = dynamic_cast<CommandGroup*>(child); ownGroup && otherGroup)
       ownGroup->absorbCommandGroup(otherGroup);
-    ++position;
   }
 }
 
 void CommandGroup::attachChild(CommandBase& child) {
-  child.setCommandGroup(this);
+  child.enterGroup(*this);
   if (child.isCheckable())
     d->actionGroup->addAction(&child);
-  connect(&child, SIGNAL(toBeTriggered(bool)), this, SLOT(onChildToBeTriggered(bool)));
-  connect(&child, SIGNAL(toBeToggled(bool)), this, SLOT(onChildToBeTriggered(bool)));
-  connect(&child, SIGNAL(triggered(bool)), this, SLOT(onChildTriggered(bool)));
-  connect(&child, SIGNAL(changed()), this, SLOT(onChildChanged()));
-  for (const auto& entry : d->weakObservers) {
-    if (const auto observer = entry.observer.lock())
-      child.addObserver(observer, entry.asynchronous);
-  }
-  for (const auto& entry : d->guardedObservers) {
-    if (entry.object)
-      child.addObserver(entry.observer);
-  }
+  connect(&child, &CommandBase::toBeTriggered, this, &CommandGroup::onChildToBeTriggered);
+  connect(&child, &CommandBase::toBeToggled, this, &CommandGroup::onChildToBeTriggered);
+  connect(&child, &QAction::triggered, this, &CommandGroup::showChildren);
+  connect(&child, &QAction::toggled, this, &CommandGroup::showChildren);
+  connect(&child, &QAction::changed, this, &CommandGroup::onChildChanged);
+  d->observers.observe(child);
 }
 
+// One by one, as the child may have other connections with the group.
 void CommandGroup::detachChild(CommandBase& child) {
-  disconnect(&child, nullptr, this, nullptr);
-  if (d->actionGroup)
-    d->actionGroup->removeAction(&child);
-  if (child.commandGroup() == this)
-    child.setCommandGroup(nullptr);
-  stopObserving(child);
+  disconnect(&child, &CommandBase::toBeTriggered, this, &CommandGroup::onChildToBeTriggered);
+  disconnect(&child, &CommandBase::toBeToggled, this, &CommandGroup::onChildToBeTriggered);
+  disconnect(&child, &QAction::triggered, this, &CommandGroup::showChildren);
+  disconnect(&child, &QAction::toggled, this, &CommandGroup::showChildren);
+  disconnect(&child, &QAction::changed, this, &CommandGroup::onChildChanged);
+  d->actionGroup->removeAction(&child);
+  child.leaveGroup(*this);
+  d->observers.stopObserving(child);
+  leaveToOtherGroups(child);
 }
 
-// Takes from a child the observers it has through the group.
-void CommandGroup::stopObserving(CommandBase& child) {
-  for (const auto& entry : d->weakObservers) {
-    if (const auto observer = entry.observer.lock())
-      child.removeObserver(observer);
+// What the child still has from other groups that hold it.
+void CommandGroup::leaveToOtherGroups(CommandBase& child) const {
+  const QList<CommandGroup*> groups = child.holdingGroups();
+  for (const CommandGroup* const group : groups) {
+    if (group != this)
+      group->d->observers.observe(child);
   }
-  for (const auto& entry : d->guardedObservers) {
-    if (entry.object && entry.object->parent())
-      child.removeObserver(entry.observer);
-  }
+  if (child.isCheckable() && !child.actionGroup() && !groups.isEmpty())
+    groups.constLast()->d->actionGroup->addAction(&child);
 }
 
-void CommandGroup::setEnabled(bool enabled) { CommandBase::setEnabled(enabled); }
+// Not what the child says of itself: another one may be on, and one that is not checkable says off.
+void CommandGroup::showChildren() {
+  bool anyChecked = false;
+  forEachChild(d->bag, [&](const CommandBase& child) { anyChecked = anyChecked || child.isChecked(); });
+  onChildTriggered(anyChecked);
+}
 
-void CommandGroup::setChecked(bool checked) { CommandBase::setChecked(checked); }
+void CommandGroup::showOnButton() {
+  if (!d->toolButton)
+    return;
+  const QPointer<ToolButton> button = d->toolButton;
+  const bool checked = isChecked();
+  button->setEnabled(isEnabled());
+  if (button && isCheckable())
+    button->setChecked(checked);
+}
+
+void CommandGroup::setEnabled(bool enabled) {
+  const QPointer<CommandGroup> self(this);
+  CommandBase::setEnabled(enabled);
+  if (self)
+    showOnButton();
+}
+
+void CommandGroup::setChecked(bool checked) {
+  const QPointer<CommandGroup> self(this);
+  CommandBase::setChecked(checked);
+  if (!self)
+    return;
+  if (!isCheckable() && d->toolButton)
+    d->toolButton->setChecked(checked);
+  else
+    showOnButton();
+}
 
 int CommandGroup::getCommandRank(const QString& id) const { return d->ranks.value(id, 0); }
 
-void CommandGroup::setCommandRank(const QString& id, int rank) { d->ranks.insert(id, rank); }
+void CommandGroup::setCommandRank(const QString& id, int rank) {
+  const bool moves = getCommandRank(id) != rank && d->bag.hasCommand(id);
+  d->ranks.insert(id, rank);
+  if (!moves)
+    return;
+  const CommandBag before = d->bag;
+  forEachChild(before, [&](CommandBase& child) {
+    if (child.commandId() != id)
+      return;
+    const auto moved = d->findChild(&child);
+    d->bag.removeCommand(&child);
+    d->bag.insertCommand(positionOf(rank), moved);
+  });
+}
 
 bool CommandGroup::isVirtualGroup() const { return d->virtualGroup; }
 
@@ -268,12 +341,10 @@ void CommandGroup::setVirtualGroup(bool isVirtual) { d->virtualGroup = isVirtual
 CommandContext CommandGroup::commandContext() {
   CommandContext context;
   context.overwrite(commandId(), commandState());
-  for (int i = 0; i < d->bag.count(); ++i) {
-    CommandBase& child = *d->bag.commandAt(i);
-    context.overwrite(child.commandId(), child.commandState());
-    if (auto* const group = dynamic_cast<CommandGroup*>(&child))
-      context.overwrite(group->commandContext());
-  }
+  visitCommands(d->bag, [&context](CommandBase& command) {
+    if (const QString id = command.commandId(); !context.contains(id))
+      context.overwrite(id, command.commandState());
+  });
   return context;
 }
 
@@ -289,6 +360,23 @@ CommandGroup* CommandGroup::WrapSingleCmdIntoVirtualCmdGroup(CommandBase* comman
   return group;
 }
 
+bool CommandGroup::listenToTrigger(CommandGroup* other, const char* slot) {
+  if (!other || !slot)
+    return false;
+  return connect(other, SIGNAL(childToBeTriggered(bool)), this, slot, Qt::UniqueConnection);
+}
+
+ToolBar* CommandGroup::toolbar() const { return d->toolbar; }
+
+void CommandGroup::setToolbar(ToolBar* toolbar) { d->toolbar = toolbar; }
+
+ToolButton* CommandGroup::toolButton() const { return d->toolButton; }
+
+void CommandGroup::setToolButton(ToolButton* button) {
+  d->toolButton = button;
+  showOnButton();
+}
+
 QActionGroup* CommandGroup::groupActionGroup() const { return d->actionGroup; }
 
 bool CommandGroup::isGrid() const { return d->grid; }
@@ -300,12 +388,19 @@ int CommandGroup::gridSize() const { return d->gridSize; }
 void CommandGroup::setGridSize(int size) { d->gridSize = size; }
 
 void CommandGroup::uncheckChildren(bool) {
-  for (int i = 0; i < d->bag.count(); ++i) {
-    CommandBase* const child = d->bag.commandAt(i);
-    if (child->isCheckable() && child->isChecked())
+  const CommandRef self(*this);
+  const bool before = std::exchange(d->unchecking, true);
+  const auto done = qScopeGuard([&] {
+    if (self.get())
+      d->unchecking = before;
+  });
+  const CommandBag children = d->bag; // a child that runs may change the group
+  for (int i = 0; i < children.count() && self.get(); ++i) {
+    CommandBase* const child = children.commandAt(i);
+    if (d->findChild(child) && child->isCheckable() && child->isChecked())
       child->toggle();
   }
-  if (isCheckable() && isChecked())
+  if (self.get() && isCheckable() && isChecked())
     setChecked(false);
 }
 
@@ -314,7 +409,10 @@ void CommandGroup::onChildTriggered(bool checked) {
     setChecked(checked);
 }
 
-void CommandGroup::onChildToBeTriggered(bool checked) { Q_EMIT childToBeTriggered(checked); }
+void CommandGroup::onChildToBeTriggered(bool checked) {
+  if (!d->unchecking)
+    Q_EMIT childToBeTriggered(checked);
+}
 
 void CommandGroup::onChildChanged() {}
 

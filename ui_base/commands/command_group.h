@@ -9,19 +9,29 @@ class QActionGroup;
 namespace Vela::UiBase {
 
 class CommandGroupPrivate;
+class ToolBar;
+class ToolButton;
 
 /// A command that holds other commands, its children, and shows them together. It is itself checkable, so
 /// that what shows the group can show whether one of its children is on.
 ///
 /// The group shares ownership of its children. They stand in order of rank, equal ranks in order of addition.
-/// Who observes the group also hears its children, those added later included. Unlike those of a single
-/// command, the observers of a group are added and removed on the main thread.
+/// Who observes the group also hears its children, those added later included, each of them once, whatever
+/// other groups it stands in. Unlike those of a single command, the observers of a group are added and
+/// removed on the main thread.
+///
+/// The group is checked while one of its children is, however that one came to be checked: by a user, by a
+/// context, by cycling, or before it was added. Like every command that is toggled, it then runs; its own
+/// work is nothing. Its checkable children are exclusive unless groupActionGroup() is set otherwise; make a
+/// command checkable before it is added. A child of several groups is exclusive in the one it was added to
+/// last.
 ///
 /// @code
 /// auto* shading = new CommandGroup(":/icons/shading.svg", tr("Shading"), "Shading");
 /// shading->addCommand(new FlatShadingCommand(controller), 0);
 /// shading->addCommand(new SmoothShadingCommand(controller), 1);
 /// manager->addCommand(shading);
+/// shading->setToolButton(new ToolButton(shading, panel));   // shows whether one of the two is on
 /// @endcode
 class UI_BASE_EXPORT CommandGroup : public CommandBase {
   Q_OBJECT
@@ -39,7 +49,6 @@ public:
   QString commandId() const override;
 
   void setCommandState(const CommandState& state) override;
-  bool onExecuteAsync(bool checked) override;
   /// Also looks into the groups among the children.
   bool hasCommand(const QString& id) const override;
   CommandBase* getCommand(const QString& id) override;
@@ -55,7 +64,8 @@ public:
 
   virtual const CommandBag& commandBag() const;
   virtual CommandBag& commandBag();
-  /// Adds a child at its rank. @return the child, or null when it is null, the group itself, or here already.
+  /// Adds a child at its rank. @return the child, or null when it is null, here already, the group itself, or
+  /// a group that holds this one.
   virtual CommandBase* addCommand(const std::shared_ptr<CommandBase>& command, int rank);
   /// @overload Takes the plain pointer into shared ownership.
   virtual CommandBase* addCommand(CommandBase* command, int rank);
@@ -69,15 +79,20 @@ public:
   /// stays behind, unless both are groups: then this one's absorbs the other's. The other group keeps what
   /// stays.
   virtual void absorbCommandGroup(CommandGroup* other);
+  /// Like QAction::setEnabled(), for the tool button too.
   virtual void setEnabled(bool enabled);
+  /// Like QAction::setChecked(), for the tool button too.
   virtual void setChecked(bool checked);
   /// The rank stored for an identifier, or 0.
   virtual int getCommandRank(const QString& id) const;
+  /// Stores a rank. A child of that identifier moves to it, behind those of the same rank. Removing the last
+  /// child of an identifier forgets its rank.
   virtual void setCommandRank(const QString& id, int rank);
   /// Whether the group only wraps a single command.
   virtual bool isVirtualGroup() const;
   virtual void setVirtualGroup(bool isVirtual);
-  /// The present states of the group and everything below it.
+  /// The present states of the group and everything below it; of several commands under one identifier the
+  /// first counts.
   virtual CommandContext commandContext();
 
   /// Makes a group around one command, so that the command can stand where a group is expected. The caller
@@ -85,6 +100,26 @@ public:
   static CommandGroup* WrapSingleCmdIntoVirtualCmdGroup(CommandBase* command, int rank, const QString& name,
                                                         const QString& baseGroupName);
 
+  /// Lets a slot of this group hear when a child of another group is about to run: connects the other's
+  /// childToBeTriggered() to it. Two groups that listen to each other with uncheckChildren() exclude each
+  /// other: at most one of them has a child that is on.
+  /// @code
+  /// measuring->listenToTrigger(picking, SLOT(uncheckChildren(bool)));
+  /// picking->listenToTrigger(measuring, SLOT(uncheckChildren(bool)));
+  /// @endcode
+  /// @param slot the signature of a slot without or with a bool argument, as SLOT() gives it.
+  /// @return false for null, for a slot that does not exist, and when it listens already.
+  bool listenToTrigger(CommandGroup* other, const char* slot);
+
+  /// The toolbar that shows the group, or null.
+  ToolBar* toolbar() const;
+  /// Not owned, and not guarded: clear it with null before the toolbar dies.
+  void setToolbar(ToolBar* toolbar);
+  /// The button that shows the group; null when there is none or it has died.
+  ToolButton* toolButton() const;
+  /// Not owned. The button shows from now on whether the group is enabled and, if the button is checkable,
+  /// checked, also when it is not bound to the group. The button before is left as it is.
+  void setToolButton(ToolButton* button);
   /// The action group of the checkable children; exclusive unless set otherwise.
   QActionGroup* groupActionGroup() const;
   bool isGrid() const;
@@ -95,11 +130,15 @@ public:
 
 public Q_SLOTS:
   bool onExecute(bool checked = false) override;
-  /// Toggles every checked child off, then unchecks the group.
+  /// Does nothing. @return true.
+  bool onExecuteAsync(bool checked) override;
+  /// Toggles every checked child off, in order, then unchecks the group. That they go off is not announced by
+  /// childToBeTriggered().
   virtual void uncheckChildren(bool checked);
-  /// A child was triggered or toggled: the group shows it.
+  /// Sets the group checked as told, if it is checkable. Called when a child was triggered or toggled, was
+  /// added or removed: with whether one of the children is checked now.
   virtual void onChildTriggered(bool checked);
-  /// A child is about to run: announces childToBeTriggered().
+  /// A child is about to run, on being triggered or toggled: announces childToBeTriggered().
   virtual void onChildToBeTriggered(bool checked);
   /// A child looks different. The group has nothing of its own to bring up to date; subclasses may.
   virtual void onChildChanged();
@@ -110,7 +149,10 @@ Q_SIGNALS:
 private:
   void attachChild(CommandBase& child);
   void detachChild(CommandBase& child);
-  void stopObserving(CommandBase& child);
+  void leaveToOtherGroups(CommandBase& child) const;
+  void showChildren();
+  void showOnButton();
+  int positionOf(int rank) const;
   std::shared_ptr<CommandBase> takeCommand(int position);
 
   const std::unique_ptr<CommandGroupPrivate> d;

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QHash>
+#include <QString>
+
+#include <memory>
+
+namespace Vela::UiBase {
+
+class CommandBag;
+class CommandBase;
+
+/// Finds commands in a bag and in the groups below it at the cost of one hash look-up, however many groups
+/// there are. It is made anew when a bag has changed, but not before the look-ups in between, which ask group
+/// by group, have cost about as much as making it: so adding and finding in turns stays cheap.
+///
+/// Groups of an application may look for commands in other places than their bags. Where there are such, they
+/// are asked for what the index does not hold.
+class CommandIndex {
+public:
+  struct Found {
+    CommandBase* command = nullptr;
+    const std::shared_ptr<CommandBase>* owner = nullptr; // valid until a bag changes; null when not known
+  };
+
+  /// @p root is always the same bag.
+  Found find(const CommandBag& root, const QString& id);
+
+private:
+  bool isUpToDate(const CommandBag& root);
+  void add(const CommandBag& bag);
+
+  QHash<QString, Found> m_first;
+  quint64 m_revision = 0; // of the bags when the index was made; theirs starts at 1
+  bool m_complete = true; // no group looks elsewhere
+  qsizetype m_asked = 0;  // groups asked since the index went out of date
+};
+
+} // namespace Vela::UiBase

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "command_context.h"
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace Vela::UiBase {
+
+class CommandBase;
+
+/// What is left to apply of a context handed over. Its commands are looked up when their turn comes;
+/// references are kept only when the registry is emptied before.
+class PendingContext {
+public:
+  using Entries = QMap<QString, CommandState>;
+
+  explicit PendingContext(const CommandContext& context)
+      : m_entries(context.get()), m_next(m_entries.cbegin()) {}
+  Q_DISABLE_COPY_MOVE(PendingContext)
+
+  /// What is left, in order of identifiers.
+  Entries::const_iterator begin() const { return m_next; }
+  Entries::const_iterator end() const { return m_entries.cend(); }
+  bool isEmpty() const { return m_next == end(); }
+  /// The next entry, which is not left any more. It stays valid.
+  Entries::const_iterator take() { return m_next++; }
+
+  /// Looks up the commands of what is left now, with @p find, and holds them weakly from then on.
+  template <class Find>
+  void keepCommands(const Find& find) {
+    while (!isEmpty()) {
+      const auto entry = take();
+      m_kept.emplace_back(find(entry.key()), entry.value());
+    }
+  }
+  void applyToKept() const;
+
+private:
+  const Entries m_entries;
+  Entries::const_iterator m_next;
+  std::vector<std::pair<std::weak_ptr<CommandBase>, CommandState>> m_kept;
+};
+
+/// Changes the states of a context to what they will be when @p state has been applied to a command: its
+/// rivals in an exclusive group go off, the groups that hold it show whether one of their children is on.
+void foresee(CommandContext& states, const CommandBase& command, const CommandState& state);
+
+} // namespace Vela::UiBase
