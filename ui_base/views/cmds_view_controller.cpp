@@ -272,6 +272,8 @@ void CmdsViewController::endRunningOperation() {
 void CmdsViewController::endLostOperation(const QMouseEvent& event) {
   if (!event.spontaneous())
     return;
+  if (!event.buttons().testFlag(Qt::RightButton))
+    takeRightPress();
   const auto tool = getOperatingTool();
   if (tool && !tool->pressEvent().isNull() && !event.buttons().testFlag(tool->pressEvent().button()))
     endOperation(tool);
