@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "renderer.h"
 
-#include <workbench/render/lighting.h>
 #include <workbench/render/surface_shader.h>
 #include <workbench/render/tile.h>
 
@@ -14,10 +13,12 @@ class Renderer::Frame {
 public:
   Frame(Renderer& renderer, const Mesh& mesh, const RenderStyle& style, const TriangleSelection& selection)
       : m_renderer(renderer),
-        m_mesh(mesh),
-        m_selection(selection),
-        m_lighting(renderer.m_projection.axes, style),
-        m_shading(style.shading),
+        m_scene{mesh,
+                selection,
+                renderer.m_projection,
+                Lighting(renderer.m_projection.axes, style),
+                style.shading,
+                float(renderer.m_oversampling)},
         m_oversampling(renderer.m_oversampling),
         m_size(renderer.m_image.size()),
         m_pixels(reinterpret_cast<QRgb*>(renderer.m_image.bits())),
@@ -28,13 +29,13 @@ public:
     Tile tile;
     tile.reset(
         QRect(column * Size, row * Size, Size, Size).intersected(QRect(QPoint(), m_size * m_oversampling)));
-    m_renderer.m_geometry.visitTile(m_mesh, column, row,
+    m_renderer.m_geometry.visitTile(column, row,
                                     [&tile](const ScreenTriangle& triangle) { tile.draw(triangle); });
     if (tile.isEmpty()) {
       clear(tile);
       return;
     }
-    SurfaceShader shader(m_mesh, m_renderer.m_projection, m_lighting, m_selection, m_shading);
+    SurfaceShader shader(m_scene, tile.area().topLeft());
     for (int y = 0; y < tile.area().height(); y += m_oversampling)
       drawRow(tile, shader, y);
   }
@@ -53,7 +54,7 @@ private:
   }
 
   QVector3D backgroundOf(int y) const {
-    return m_lighting.background((float(y) + 0.5F) / float(m_size.height()));
+    return m_scene.lighting.background((float(y) + 0.5F) / float(m_size.height()));
   }
 
   // One row of pixels; keeps the first sample of each for picking.
@@ -70,7 +71,7 @@ private:
     for (int x = 0, i = 0; x < tile.area().width(); x += step, ++i) {
       triangle[i] = tile.triangle(x, y);
       inverseDepth[i] = tile.inverseDepth(x, y);
-      if (isOneTriangle(tile, x, y))
+      if (step == 1 || isOneTriangle(tile, x, y))
         pixels[i] = triangle[i] == Tile::NoTriangle ? backgroundColor
                                                     : m_display(sample(tile, shader, x, y, background));
       else
@@ -102,16 +103,12 @@ private:
     const std::uint32_t triangle = tile.triangle(x, y);
     if (triangle == Tile::NoTriangle)
       return background;
-    return shader.shade(triangle, float(tile.area().left() + x) + 0.5F, float(tile.area().top() + y) + 0.5F,
-                        tile.inverseDepth(x, y));
+    return shader.shade(triangle, x, y);
   }
 
   Renderer& m_renderer;
-  const Mesh& m_mesh;
-  const TriangleSelection& m_selection;
-  Lighting m_lighting;
+  SurfaceScene m_scene;
   const DisplayColors& m_display = DisplayColors::instance();
-  EShading m_shading;
   int m_oversampling;
   QSize m_size; // in pixels
   QRgb* m_pixels;

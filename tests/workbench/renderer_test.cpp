@@ -2,6 +2,7 @@
 #include "test_meshes.h"
 
 #include <support/test_case.h>
+#include <workbench/mesh_ops/selection.h>
 #include <workbench/renderer.h>
 
 #include <QPalette>
@@ -31,6 +32,21 @@ int drawnPixels(const Renderer& renderer) {
       count += renderer.pick({x, y}) ? 1 : 0;
   }
   return count;
+}
+
+// How far two pictures differ in the pixels of a frame where a mesh is seen, from 0 to 255.
+double difference(const Renderer& a, const Renderer& b) {
+  double sum = 0;
+  int count = 0;
+  for (int y = 0; y < a.image().height(); ++y) {
+    for (int x = 0; x < a.image().width(); ++x) {
+      if (!a.pick({x, y}) || !b.pick({x, y}))
+        continue;
+      sum += std::abs(qGray(a.image().pixel(x, y)) - qGray(b.image().pixel(x, y)));
+      ++count;
+    }
+  }
+  return sum / std::max(count, 1);
 }
 
 bool isNear(const QVector3D& a, const QVector3D& b, float tolerance) { return (a - b).length() < tolerance; }
@@ -252,6 +268,90 @@ private Q_SLOTS:
     renderer.render(Test::square(1), behind, size, style);
     const QColor inside = renderer.image().pixelColor(100, 100);
     QVERIFY(inside.hslSaturation() > outside.hslSaturation() + 10);
+  }
+
+  void smoothShadingHidesTheFaces() {
+    const QSize size(200, 200);
+    Camera camera = frontCamera(size, 60);
+    camera.orbit(20, 30);
+    RenderStyle flat = lightStyle();
+    flat.shading = FlatShading;
+    Renderer exact;
+    Renderer faces;
+    Renderer smooth;
+    exact.render(Test::sphere(200), camera, size, flat);
+    faces.render(Test::sphere(20), camera, size, flat);
+    smooth.render(Test::sphere(20), camera, size, lightStyle());
+    QVERIFY2(difference(smooth, exact) < 1, qPrintable(QString::number(difference(smooth, exact))));
+    QVERIFY(difference(faces, exact) > 3 * difference(smooth, exact));
+  }
+
+  void edgesAreDrawnWhereFacesAreSeen() {
+    const QSize size(200, 200);
+    RenderStyle style = lightStyle();
+    const auto colours = [&](const Mesh& mesh, EShading shading) {
+      Renderer renderer;
+      style.shading = shading;
+      renderer.render(mesh, frontCamera(size, 80), size, style);
+      return renderer.image();
+    };
+    // In front two triangles with their common edge from the lower left to the upper right, behind them many.
+    const Mesh mesh = Test::merged(Test::square(1), Test::square(1, 20, -0.1F));
+    const QImage flat = colours(mesh, FlatShading);
+    const QImage edges = colours(mesh, FlatShadingWithEdges);
+    for (int x = 30; x < 170; ++x) {
+      QVERIFY(qGray(edges.pixel(x, 199 - x)) < qGray(flat.pixel(x, 199 - x)) - 30);
+      if (std::abs(100 - x) > 3)
+        QCOMPARE(edges.pixel(x, 100), flat.pixel(x, 100));
+    }
+    const Mesh tiny = Test::square(1, 120);
+    QCOMPARE(colours(tiny, FlatShadingWithEdges), colours(tiny, FlatShading));
+  }
+
+  void selectedTrianglesHaveTheColourOfThePalette_data() {
+    QTest::addColumn<QColor>("window");
+    QTest::addColumn<QColor>("highlight");
+    QTest::newRow("light, blue") << QColor(0xef, 0xef, 0xef) << QColor(0x30, 0x8c, 0xc6);
+    QTest::newRow("dark, orange") << QColor(0x20, 0x20, 0x20) << QColor(0x90, 0x50, 0x10);
+  }
+  void selectedTrianglesHaveTheColourOfThePalette() {
+    QFETCH(QColor, window);
+    QFETCH(QColor, highlight);
+    QPalette palette(window);
+    palette.setColor(QPalette::Highlight, highlight);
+    const QSize size(100, 100);
+    const std::uint32_t lowerRight[] = {0};
+    Renderer plain;
+    Renderer selected;
+    for (const EShading shading : {SmoothShading, FlatShading}) {
+      RenderStyle style = RenderStyle::forPalette(palette);
+      style.shading = shading;
+      plain.render(Test::square(1), frontCamera(size, 40), size, style);
+      selected.render(Test::square(1), frontCamera(size, 40), size, style, 1,
+                      TriangleSelection(2, lowerRight));
+      QCOMPARE(selected.image().pixel(30, 40), plain.image().pixel(30, 40));
+      const QColor color = selected.image().pixelColor(70, 60);
+      QVERIFY(std::abs(color.hslHueF() - highlight.hslHueF()) < 0.06F);
+      QVERIFY(color.hslSaturation() > QColor(plain.image().pixel(70, 60)).hslSaturation() + 60);
+    }
+  }
+
+  void aRectangleHoldsWhatIsSeenInIt() {
+    const QSize size(120, 100);
+    const Camera camera = frontCamera(size, 20);
+    Renderer renderer;
+    renderer.render(Test::cube(1), camera, size, lightStyle());
+    const QRect all(QPoint(), size);
+    QCOMPARE(renderer.trianglesIn(all.adjusted(-50, -50, 50, 50)), (std::vector<std::uint32_t>{2, 3}));
+    QCOMPARE(renderer.trianglesIn(QRect(64, 54, 1, 1)),
+             std::vector<std::uint32_t>{renderer.pick({64, 54})->triangle});
+    QVERIFY(renderer.trianglesIn(QRect(0, 0, 30, 30)).empty());
+    QVERIFY(renderer.trianglesIn(QRect(500, 500, 30, 30)).empty());
+    QVERIFY(Renderer().trianglesIn(all).empty());
+    // Hidden ones too when they are found by where their middles are.
+    QCOMPARE(trianglesInside(Test::cube(1), camera, all, size).count(), std::size_t(12));
+    const TriangleSelection left = trianglesInside(Test::cube(1), camera, QRectF(60, 100, -60, -100), size);
+    QCOMPARE(left.triangles(), (std::vector<std::uint32_t>{0, 3, 5, 6, 8, 9}));
   }
 
   void theBackgroundSuitsThePalette() {

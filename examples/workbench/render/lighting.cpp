@@ -39,32 +39,43 @@ DisplayColors::DisplayColors() {
 }
 
 Lighting::Lighting(const CameraAxes& axes, const RenderStyle& style)
-    : m_up(axes.up),
-      m_towardsEye(-axes.forward),
-      m_surface(toLinear(style.surface)),
-      m_backSide(toLinear(style.backSide)),
+    : m_materials{toLinear(style.surface), toLinear(style.backSide), toLinear(style.selected),
+                  toLinear(style.selectedBackSide)},
+      m_edges(toLinear(style.edges)),
       m_backgroundTop(toLinear(style.backgroundTop)),
       m_backgroundBottom(toLinear(style.backgroundBottom)) {
   const auto towards = [&axes](float right, float up, float eye) {
     return (axes.right * right + axes.up * up - axes.forward * eye).normalized();
   };
-  m_key = towards(-0.50F, 0.62F, 0.60F);
-  m_fill = towards(0.80F, 0.05F, 0.45F);
-  m_rim = towards(0.35F, 0.45F, -0.80F);
-  m_highlight = (m_key + m_towardsEye).normalized();
+  const QVector3D key = towards(-0.50F, 0.62F, 0.60F);
+  setLight(0, axes.up * 0.5F, 0.5F, SkyColor - GroundColor);
+  setLight(1, key, 0, KeyColor);
+  setLight(2, towards(0.80F, 0.05F, 0.45F) * 0.75F, 0.25F, FillColor);
+  setLight(3, towards(0.35F, 0.45F, -0.80F), 0, RimColor);
+  m_highlight = (key - axes.forward).normalized();
 }
 
-QVector3D Lighting::shade(const QVector3D& normal, bool backSide) const {
-  const float sky = 0.5F + 0.5F * dot(normal, m_up);
-  const float key = std::max(dot(normal, m_key), 0.0F);
-  const float fill = std::max(0.25F + 0.75F * dot(normal, m_fill), 0.0F);
-  const float rim = std::max(dot(normal, m_rim), 0.0F);
+void Lighting::setLight(std::size_t index, const QVector3D& direction, float offset, const QVector3D& color) {
+  m_x[index] = direction.x();
+  m_y[index] = direction.y();
+  m_z[index] = direction.z();
+  m_offset[index] = offset;
+  m_red[index] = color.x();
+  m_green[index] = color.y();
+  m_blue[index] = color.z();
+}
+
+QVector3D Lighting::shade(const QVector3D& normal, Material material) const {
+  PerLight light;
+  for (std::size_t i = 0; i < LightCount; ++i)
+    light[i] = std::max(m_offset[i] + m_x[i] * normal.x() + m_y[i] * normal.y() + m_z[i] * normal.z(), 0.0F);
+  QVector3D sum = GroundColor;
+  for (std::size_t i = 0; i < LightCount; ++i)
+    sum += QVector3D(m_red[i], m_green[i], m_blue[i]) * light[i];
   float highlight = std::max(dot(normal, m_highlight), 0.0F);
   for (int i = 0; i < 5; ++i)
     highlight *= highlight;
-  const QVector3D light =
-      GroundColor + (SkyColor - GroundColor) * sky + KeyColor * key + FillColor * fill + RimColor * rim;
-  return (backSide ? m_backSide : m_surface) * light + HighlightColor * highlight;
+  return m_materials[material] * sum + HighlightColor * highlight;
 }
 
 QVector3D Lighting::background(float height) const {

@@ -37,6 +37,15 @@ private:
   std::array<std::uint8_t, Steps> m_table;
 };
 
+/// The materials of a mesh.
+enum Material : std::uint8_t { Outside, BackSide, SelectedOutside, SelectedBackSide };
+
+constexpr Material materialOf(bool backSide, bool selected) {
+  if (selected)
+    return backSide ? SelectedBackSide : SelectedOutside;
+  return backSide ? BackSide : Outside;
+}
+
 /// Lights that move with the camera: a warm key light from the upper left, a cool fill from the right, a rim
 /// from behind and a little light from all around.
 class Lighting {
@@ -44,19 +53,29 @@ public:
   Lighting(const CameraAxes& axes, const RenderStyle& style);
 
   /// Light of a surface point. @p normal is a unit vector on the side that is seen.
-  QVector3D shade(const QVector3D& normal, bool backSide) const;
+  QVector3D shade(const QVector3D& normal, Material material) const;
+  /// Light of the lines between faces.
+  const QVector3D& edges() const noexcept { return m_edges; }
   /// Light of the background at a height from 0 (top) to 1.
   QVector3D background(float height) const;
 
 private:
-  QVector3D m_up;
-  QVector3D m_towardsEye;
-  QVector3D m_key;
-  QVector3D m_fill;
-  QVector3D m_rim;
+  static constexpr std::size_t LightCount = 4;
+  using PerLight = std::array<float, LightCount>; // side by side, for vector instructions
+
+  void setLight(std::size_t index, const QVector3D& direction, float offset, const QVector3D& color);
+
+  // A light of a color falls in with offset + the normal times the direction.
+  PerLight m_x{};
+  PerLight m_y{};
+  PerLight m_z{};
+  PerLight m_offset{};
+  PerLight m_red{};
+  PerLight m_green{};
+  PerLight m_blue{};
   QVector3D m_highlight; // half way between the key light and the eye
-  QVector3D m_surface;
-  QVector3D m_backSide;
+  std::array<QVector3D, 4> m_materials;
+  QVector3D m_edges;
   QVector3D m_backgroundTop;
   QVector3D m_backgroundBottom;
 };

@@ -59,9 +59,9 @@ std::int32_t toFixed(float samples) {
   return std::int32_t(scaled < 0 ? scaled - 0.5F : scaled + 0.5F);
 }
 
-ScreenVertex toScreen(const Homogeneous& p) {
+ScreenPoint toScreen(const Homogeneous& p) {
   const float inverse = 1 / p.depth;
-  return {toFixed(p.x * inverse), toFixed(p.y * inverse), inverse, 0};
+  return {toFixed(p.x * inverse), toFixed(p.y * inverse), inverse};
 }
 
 // Signed distance to a clip plane, not negative inside.
@@ -140,7 +140,7 @@ void ScreenGeometry::transformVertices(const Mesh& mesh, const Projection& proje
       const Homogeneous p = transform(projection, positions[i]);
       const std::uint32_t outside = outsideOf(p, projection);
       if ((outside & Clip) == 0)
-        m_vertices[i] = toScreen(p);
+        m_vertices[i].point = toScreen(p);
       m_vertices[i].outside = outside;
     }
   });
@@ -148,17 +148,18 @@ void ScreenGeometry::transformVertices(const Mesh& mesh, const Projection& proje
 
 void ScreenGeometry::sortChunk(Chunk& chunk, const Mesh& mesh, const Projection& projection,
                                std::uint32_t begin, std::uint32_t end) const {
-  chunk.tiles.resize(std::size_t(m_columns) * std::size_t(m_rows));
-  for (std::vector<std::uint32_t>& tile : chunk.tiles)
+  chunk.resize(std::size_t(m_columns) * std::size_t(m_rows));
+  for (std::vector<ScreenTriangle>& tile : chunk)
     tile.clear();
-  chunk.clipped.clear();
   for (std::uint32_t id = begin; id != end; ++id) {
-    const ScreenTriangle triangle = triangleOf(mesh, id);
-    const auto& [a, b, c] = triangle.corners;
+    const Mesh::Triangle& t = mesh.triangles()[id];
+    const Vertex& a = m_vertices[t[0]];
+    const Vertex& b = m_vertices[t[1]];
+    const Vertex& c = m_vertices[t[2]];
     if ((a.outside & b.outside & c.outside & Visible) != 0)
       continue;
     if (((a.outside | b.outside | c.outside) & Clip) == 0)
-      addToTiles(chunk, triangle, id);
+      addToTiles(chunk, {{a.point, b.point, c.point}, id});
     else
       addClipped(chunk, mesh, projection, id);
   }
@@ -172,14 +173,12 @@ void ScreenGeometry::addClipped(Chunk& chunk, const Mesh& mesh, const Projection
   for (const Plane plane : {Near, GuardLeft, GuardRight, GuardTop, GuardBottom})
     polygon = clip(polygon, plane, projection.nearDistance);
   for (std::size_t i = 2; i < polygon.count; ++i) {
-    const ScreenTriangle part{
-        {toScreen(polygon.corners[0]), toScreen(polygon.corners[i - 1]), toScreen(polygon.corners[i])}, id};
-    chunk.clipped.push_back(part);
-    addToTiles(chunk, part, ClippedEntry | std::uint32_t(chunk.clipped.size() - 1));
+    const std::array<Homogeneous, 3> part{polygon.corners[0], polygon.corners[i - 1], polygon.corners[i]};
+    addToTiles(chunk, {{toScreen(part[0]), toScreen(part[1]), toScreen(part[2])}, id});
   }
 }
 
-void ScreenGeometry::addToTiles(Chunk& chunk, const ScreenTriangle& triangle, std::uint32_t entry) const {
+void ScreenGeometry::addToTiles(Chunk& chunk, const ScreenTriangle& triangle) const {
   const auto& [a, b, c] = triangle.corners;
   const auto [left, right] = std::minmax({a.x, b.x, c.x});
   const auto [top, bottom] = std::minmax({a.y, b.y, c.y});
@@ -193,7 +192,7 @@ void ScreenGeometry::addToTiles(Chunk& chunk, const ScreenTriangle& triangle, st
     return;
   for (int row = firstY / TileSize; row <= lastY / TileSize; ++row) {
     for (int column = firstX / TileSize; column <= lastX / TileSize; ++column)
-      chunk.tiles[std::size_t(row) * std::size_t(m_columns) + std::size_t(column)].push_back(entry);
+      chunk[std::size_t(row) * std::size_t(m_columns) + std::size_t(column)].push_back(triangle);
   }
 }
 

@@ -12,18 +12,17 @@
 
 namespace Workbench {
 
-/// A vertex in the frame: its position in 1/256 of a sample and the reciprocal of its depth, which is linear
-/// over the frame and greater the nearer the vertex is.
-struct ScreenVertex {
+/// A point of the frame: its position in 1/256 of a sample and the reciprocal of its depth, which is linear
+/// over the frame and greater the nearer the point is.
+struct ScreenPoint {
   std::int32_t x = 0;
   std::int32_t y = 0;
   float inverseDepth = 0;
-  std::uint32_t outside = 0; ///< The planes beyond which the vertex lies.
 };
 
 /// A triangle or a clipped part of one, ready to be filled.
 struct ScreenTriangle {
-  std::array<ScreenVertex, 3> corners;
+  std::array<ScreenPoint, 3> corners;
   std::uint32_t id = 0; ///< Index of the triangle in the mesh.
 };
 
@@ -43,42 +42,35 @@ public:
 
   /// Calls @p visit with every ScreenTriangle that may touch a tile, in the order of the mesh's triangles.
   template <typename Visitor>
-  void visitTile(const Mesh& mesh, int column, int row, Visitor&& visit) const {
+  void visitTile(int column, int row, Visitor&& visit) const {
     const std::size_t tile = std::size_t(row) * std::size_t(m_columns) + std::size_t(column);
     for (const Chunk& chunk : m_chunks) {
-      for (const std::uint32_t entry : chunk.tiles[tile]) {
-        if ((entry & ClippedEntry) != 0)
-          visit(chunk.clipped[entry & ~ClippedEntry]);
-        else
-          visit(triangleOf(mesh, entry));
-      }
+      for (const ScreenTriangle& triangle : chunk[tile])
+        visit(triangle);
     }
   }
 
 private:
   static constexpr std::size_t ChunkCount = 32;
-  static constexpr std::uint32_t ClippedEntry = 0x80000000U;
 
-  // The triangles are split into a fixed number of runs, each sorted into tiles on its own.
-  struct Chunk {
-    std::vector<std::vector<std::uint32_t>> tiles;
-    std::vector<ScreenTriangle> clipped;
+  struct Vertex {
+    ScreenPoint point;
+    std::uint32_t outside = 0; // the planes beyond which the vertex lies
   };
+  // The triangles are split into a fixed number of runs, each sorted into tiles on its own. A tile holds the
+  // triangles themselves, so filling it reads memory in order; their storage is kept from frame to frame.
+  using Chunk = std::vector<std::vector<ScreenTriangle>>;
 
-  ScreenTriangle triangleOf(const Mesh& mesh, std::uint32_t id) const {
-    const Mesh::Triangle& t = mesh.triangles()[id];
-    return {{m_vertices[t[0]], m_vertices[t[1]], m_vertices[t[2]]}, id};
-  }
   void transformVertices(const Mesh& mesh, const Projection& projection);
   void sortChunk(Chunk& chunk, const Mesh& mesh, const Projection& projection, std::uint32_t begin,
                  std::uint32_t end) const;
   void addClipped(Chunk& chunk, const Mesh& mesh, const Projection& projection, std::uint32_t id) const;
-  void addToTiles(Chunk& chunk, const ScreenTriangle& triangle, std::uint32_t entry) const;
+  void addToTiles(Chunk& chunk, const ScreenTriangle& triangle) const;
 
   QSize m_samples;
   int m_columns = 0;
   int m_rows = 0;
-  std::vector<ScreenVertex> m_vertices;
+  std::vector<Vertex> m_vertices;
   std::vector<Chunk> m_chunks;
 };
 

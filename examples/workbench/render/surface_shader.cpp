@@ -1,68 +1,113 @@
 // SPDX-License-Identifier: MIT
 #include "surface_shader.h"
 
-#include <workbench/render/tile.h>
-
 namespace Workbench {
 namespace {
 
-float dot(const QVector3D& a, const QVector3D& b) { return QVector3D::dotProduct(a, b); }
+constexpr float LineWidth = 1;        // pixels, half of it on either side of the edge
+constexpr double FaintestHeight = 2;  // pixels; in lower faces no edge is drawn
+constexpr double StrongestHeight = 8; // pixels; in higher faces edges are drawn in full
 
 } // namespace
 
-SurfaceShader::SurfaceShader(const Mesh& mesh, const Projection& projection, const Lighting& lighting,
-                             const TriangleSelection& selection, EShading shading)
-    : m_mesh(mesh),
-      m_projection(projection),
-      m_lighting(lighting),
-      m_selection(selection),
-      m_shading(shading),
-      m_triangle(Tile::NoTriangle) {}
+SurfaceShader::SurfaceShader(const SurfaceScene& scene, const QPoint& origin)
+    : m_scene(scene),
+      m_direction(scene.projection.directionThrough(float(origin.x()) + 0.5F, float(origin.y()) + 0.5F)),
+      m_stepX(Vector3(scene.projection.axes.right) * (1 / double(scene.projection.focalLength))),
+      m_stepY(Vector3(scene.projection.axes.up) * (-1 / double(scene.projection.focalLength))) {}
 
-QVector3D SurfaceShader::shade(std::uint32_t triangle, float x, float y, float inverseDepth) {
-  if (triangle != m_triangle)
-    select(triangle);
-  if (m_shading != SmoothShading)
-    return m_flatLight;
-  const QVector3D fromEye = m_projection.directionThrough(x, y) / inverseDepth;
-  return m_lighting.shade(normalAt(fromEye - m_corner), m_backSide);
+QVector3D SurfaceShader::shade(std::uint32_t triangle, int x, int y) {
+  Face& face = m_faces[triangle % Slots];
+  if (face.triangle != triangle)
+    setUp(face, triangle);
+  switch (m_scene.shading) {
+  case SmoothShading:
+    return m_scene.lighting.shade(normalAt(face, x, y), face.material);
+  case FlatShadingWithEdges:
+    return withEdges(face, x, y);
+  default:
+    return face.light;
+  }
 }
 
-void SurfaceShader::select(std::uint32_t triangle) {
-  m_triangle = triangle;
-  const Mesh::Triangle& t = m_mesh.triangles()[triangle];
-  const QVector3D& a = m_mesh.positions()[t[0]];
-  const QVector3D ab = m_mesh.positions()[t[1]] - a;
-  const QVector3D ac = m_mesh.positions()[t[2]] - a;
-  m_corner = a - m_projection.eye;
-  m_faceNormal = m_mesh.faceNormal(triangle);
-  m_backSide = dot(m_faceNormal, m_corner) > 0;
-  if (m_backSide)
-    m_faceNormal = -m_faceNormal;
-  if (m_shading != SmoothShading) {
-    m_flatLight = m_lighting.shade(m_faceNormal, m_backSide);
+void SurfaceShader::setUp(Face& face, std::uint32_t triangle) const {
+  const Mesh& mesh = m_scene.mesh;
+  const Mesh::Triangle& t = mesh.triangles()[triangle];
+  const Vector3 eye(m_scene.projection.eye);
+  std::array<Vector3, 3> points;
+  for (std::size_t i = 0; i < 3; ++i)
+    points[i] = Vector3(mesh.positions()[t[i]]) - eye;
+  const Vector3 area = cross(points[1] - points[0], points[2] - points[0]);
+  const double size = length(area);
+  const double determinant = dot(area, points[0]);
+  const bool backSide = determinant > 0;
+  const double towardsEye = backSide ? -1 : 1;
+
+  face.triangle = triangle;
+  face.normal = size > 0 ? (area * (towardsEye / size)).toFloat() : QVector3D();
+  face.material = materialOf(backSide, m_scene.selection.contains(triangle));
+  if (m_scene.shading != SmoothShading)
+    face.light = m_scene.lighting.shade(face.normal, face.material);
+  if (m_scene.shading == FlatShading)
     return;
-  }
-  // The weights of the corners are linear in the position within the triangle's plane.
-  const float bb = dot(ab, ab);
-  const float bc = dot(ab, ac);
-  const float cc = dot(ac, ac);
-  const float determinant = bb * cc - bc * bc;
-  const float scale = determinant > 0 ? 1 / determinant : 0;
-  m_gradientB = (ab * cc - ac * bc) * scale;
-  m_gradientC = (ac * bb - ab * bc) * scale;
+  // The plane through the eye and an edge: which side of it a direction is on, and how far, grows linearly
+  // over the frame. It also says how much the corner across from the edge counts.
+  const double scale = size > 0 ? -towardsEye / size : 0;
   for (std::size_t i = 0; i < 3; ++i) {
-    const QVector3D& normal = m_mesh.vertexNormals()[t[i]];
-    m_normals[i] = m_backSide ? -normal : normal;
+    const Vector3& from = points[(i + 1) % 3];
+    const Vector3& to = points[(i + 2) % 3];
+    face.corners[i] = planeOf(cross(from, to - from), scale);
+  }
+  if (m_scene.shading == SmoothShading)
+    setUpNormals(face, t, backSide);
+  else
+    setUpEdges(face, points, std::abs(determinant * scale));
+}
+
+SurfaceShader::Plane SurfaceShader::planeOf(const Vector3& side, double scale) const {
+  return {float(dot(side, m_direction) * scale), float(dot(side, m_stepX) * scale),
+          float(dot(side, m_stepY) * scale)};
+}
+
+void SurfaceShader::setUpNormals(Face& face, const Mesh::Triangle& corners, bool backSide) const {
+  for (std::size_t i = 0; i < 3; ++i) {
+    const QVector3D& normal = m_scene.mesh.vertexNormals()[corners[i]];
+    face.normals[i] = backSide ? -normal : normal;
   }
 }
 
-QVector3D SurfaceShader::normalAt(const QVector3D& fromCorner) const {
-  const float b = std::clamp(dot(fromCorner, m_gradientB), 0.0F, 1.0F);
-  const float c = std::clamp(dot(fromCorner, m_gradientC), 0.0F, 1.0F - b);
-  const QVector3D normal = m_normals[0] * (1 - b - c) + m_normals[1] * b + m_normals[2] * c;
-  const float square = dot(normal, normal);
-  return square > 0 ? normal / std::sqrt(square) : m_faceNormal;
+// Scales the planes to pixels, and finds how high the face is seen over its edges.
+void SurfaceShader::setUpEdges(Face& face, const std::array<Vector3, 3>& points, double determinant) const {
+  double lowest = StrongestHeight;
+  for (std::size_t i = 0; i < 3; ++i) {
+    Plane& plane = face.corners[i];
+    const double slope = std::hypot(double(plane.slopeX), double(plane.slopeY));
+    const double perPixel = slope > 0 ? 1 / (slope * double(m_scene.pixelSize)) : 0;
+    plane = {float(plane.base * perPixel), float(plane.slopeX * perPixel), float(plane.slopeY * perPixel)};
+    const double depth = dot(points[i], Vector3(m_scene.projection.axes.forward));
+    if (depth > 0)
+      lowest = std::min(lowest, determinant / depth * perPixel);
+  }
+  const double strength = (lowest - FaintestHeight) / (StrongestHeight - FaintestHeight);
+  face.edgeStrength = float(std::clamp(strength, 0.0, 1.0));
+}
+
+QVector3D SurfaceShader::normalAt(const Face& face, int x, int y) const {
+  // Only the proportions of the weights matter. Outside the triangle, where the rim of a sliver may be, one
+  // is negative.
+  const float a = std::max(face.corners[0].at(x, y), 0.0F);
+  const float b = std::max(face.corners[1].at(x, y), 0.0F);
+  const float c = std::max(face.corners[2].at(x, y), 0.0F);
+  const QVector3D normal = face.normals[0] * a + face.normals[1] * b + face.normals[2] * c;
+  const float square = QVector3D::dotProduct(normal, normal);
+  return square > 0 ? normal * (1 / std::sqrt(square)) : face.normal;
+}
+
+QVector3D SurfaceShader::withEdges(const Face& face, int x, int y) const {
+  const float distance =
+      std::min({face.corners[0].at(x, y), face.corners[1].at(x, y), face.corners[2].at(x, y)});
+  const float coverage = std::clamp((LineWidth + 1) / 2 - distance, 0.0F, 1.0F) * face.edgeStrength;
+  return face.light + (m_scene.lighting.edges() - face.light) * coverage;
 }
 
 } // namespace Workbench

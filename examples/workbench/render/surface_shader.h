@@ -5,41 +5,68 @@
 #include <workbench/mesh_ops/triangle_selection.h>
 #include <workbench/render/lighting.h>
 #include <workbench/render/projection.h>
+#include <workbench/render/tile.h>
+#include <workbench/vector3.h>
 
 #include <array>
 #include <cstdint>
 
 namespace Workbench {
 
-/// Finds the light of surface points of a mesh. Remembers the last triangle, so neighbouring samples are
-/// cheap; each thread uses its own.
+/// What of a frame's surfaces is the same for all its tiles. Only refers to the mesh and the selection.
+struct SurfaceScene {
+  const Mesh& mesh;
+  const TriangleSelection& selection;
+  Projection projection;
+  Lighting lighting;
+  EShading shading = SmoothShading;
+  float pixelSize = 1; ///< In samples.
+};
+
+/// Finds the light of the surface points that are seen in a tile. Remembers the faces of the last rows, so
+/// each is worked out once or twice only; each tile has its own.
 class SurfaceShader {
 public:
-  SurfaceShader(const Mesh& mesh, const Projection& projection, const Lighting& lighting,
-                const TriangleSelection& selection, EShading shading);
+  /// @param origin  the corner of the tile; the shader is used no longer than @p scene lives.
+  SurfaceShader(const SurfaceScene& scene, const QPoint& origin);
 
-  /// Light of what is seen of @p triangle at a position of the frame, where it has a depth.
-  QVector3D shade(std::uint32_t triangle, float x, float y, float inverseDepth);
+  /// Light of what is seen of @p triangle at a sample, counted from the corner of the tile.
+  QVector3D shade(std::uint32_t triangle, int x, int y);
 
 private:
-  void select(std::uint32_t triangle);
-  QVector3D normalAt(const QVector3D& fromCorner) const;
+  static constexpr std::size_t Slots = 64;
 
-  const Mesh& m_mesh;
-  const Projection& m_projection;
-  const Lighting& m_lighting;
-  const TriangleSelection& m_selection;
-  EShading m_shading;
+  // A function that is linear over the frame.
+  struct Plane {
+    float base = 0; // at the sample in the tile's corner
+    float slopeX = 0;
+    float slopeY = 0;
+    float at(int x, int y) const { return base + slopeX * float(x) + slopeY * float(y); }
+  };
+  struct Face {
+    std::uint32_t triangle = Tile::NoTriangle;
+    Material material = {};
+    QVector3D light;  // of a flat face
+    QVector3D normal; // towards the eye
+    // Of smooth faces: how much each corner counts. With edges: how far the edge across from it is, in
+    // pixels.
+    std::array<Plane, 3> corners;
+    std::array<QVector3D, 3> normals; // towards the eye
+    float edgeStrength = 0;
+  };
 
-  // The triangle selected last.
-  std::uint32_t m_triangle;
-  bool m_backSide = false;
-  QVector3D m_faceNormal; // towards the eye
-  QVector3D m_flatLight;
-  QVector3D m_corner;    // its first corner, seen from the eye
-  QVector3D m_gradientB; // weight of the second corner, by position
-  QVector3D m_gradientC;
-  std::array<QVector3D, 3> m_normals;
+  void setUp(Face& face, std::uint32_t triangle) const;
+  void setUpNormals(Face& face, const Mesh::Triangle& corners, bool backSide) const;
+  void setUpEdges(Face& face, const std::array<Vector3, 3>& points, double determinant) const;
+  Plane planeOf(const Vector3& side, double scale) const;
+  QVector3D normalAt(const Face& face, int x, int y) const;
+  QVector3D withEdges(const Face& face, int x, int y) const;
+
+  const SurfaceScene& m_scene;
+  Vector3 m_direction; // from the eye through the sample in the tile's corner, to depth 1
+  Vector3 m_stepX;     // to the next sample
+  Vector3 m_stepY;
+  std::array<Face, Slots> m_faces;
 };
 
 } // namespace Workbench

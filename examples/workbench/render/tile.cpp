@@ -14,7 +14,7 @@ struct Edge {
   Integer stepX = 0;
   Integer stepY = 0;
 
-  Edge(const ScreenVertex& from, const ScreenVertex& to, int x, int y) {
+  Edge(const ScreenPoint& from, const ScreenPoint& to, int x, int y) {
     const Integer dx = Integer(to.x) - from.x;
     const Integer dy = Integer(to.y) - from.y;
     value = dx * (Integer(y) - from.y) - dy * (Integer(x) - from.x);
@@ -35,15 +35,16 @@ struct DepthPlane {
   float nearest;
   float farthest;
 
-  DepthPlane(const std::array<ScreenVertex, 3>& v, double doubleArea, int x, int y) {
+  DepthPlane(const std::array<ScreenPoint, 3>& v, double doubleArea, int x, int y) {
     const double x1 = double(v[1].x) - v[0].x;
     const double y1 = double(v[1].y) - v[0].y;
     const double x2 = double(v[2].x) - v[0].x;
     const double y2 = double(v[2].y) - v[0].y;
     const double z1 = double(v[1].inverseDepth) - v[0].inverseDepth;
     const double z2 = double(v[2].inverseDepth) - v[0].inverseDepth;
-    const double gradientX = (z1 * y2 - z2 * y1) / doubleArea;
-    const double gradientY = (z2 * x1 - z1 * x2) / doubleArea;
+    const double inverseArea = 1 / doubleArea;
+    const double gradientX = (z1 * y2 - z2 * y1) * inverseArea;
+    const double gradientY = (z2 * x1 - z1 * x2) * inverseArea;
     base = float(v[0].inverseDepth + gradientX * (x - v[0].x) + gradientY * (y - v[0].y));
     slopeX = float(gradientX * ScreenGeometry::SubSamples);
     slopeY = float(gradientY * ScreenGeometry::SubSamples);
@@ -101,18 +102,26 @@ void Tile::fill(const ScreenTriangle& triangle, Integer doubleArea, const QRect&
   Edge<Integer> bc(v[1], v[2], x, y);
   Edge<Integer> ca(v[2], v[0], x, y);
   const DepthPlane depth(v, double(doubleArea), x, y);
+  const int left = samples.left() - m_area.left();
+  const int width = samples.width();
   for (int row = 0; row < samples.height(); ++row) {
-    std::size_t at = index(samples.left() - m_area.left(), samples.top() - m_area.top() + row);
+    const std::size_t at = index(left, samples.top() - m_area.top() + row);
+    float* const inverseDepths = m_inverseDepth.data() + at;
+    std::uint32_t* const triangles = m_triangle.data() + at;
     Integer inAb = ab.value;
     Integer inBc = bc.value;
     Integer inCa = ca.value;
-    for (int column = 0; column < samples.width(); ++column, ++at) {
+    bool entered = false;
+    for (int column = 0; column < width; ++column) {
       if ((inAb | inBc | inCa) >= 0) {
+        entered = true;
         const float z = depth.at(column, row);
-        if (z > m_inverseDepth[at]) {
-          m_inverseDepth[at] = z;
-          m_triangle[at] = triangle.id;
+        if (z > inverseDepths[column]) {
+          inverseDepths[column] = z;
+          triangles[column] = triangle.id;
         }
+      } else if (entered) {
+        break; // a triangle covers one run of a row
       }
       inAb += ab.stepX;
       inBc += bc.stepX;
