@@ -79,6 +79,14 @@ void Camera::pan(const QPointF& pixels, const QSizeF& viewport) {
   m_target -= axis.right * float(pixels.x() * unitsPerPixel) - axis.up * float(pixels.y() * unitsPerPixel);
 }
 
+void Camera::lookAt(const QVector3D& target) {
+  const double depth = dot(target - eye(), axes().forward);
+  if (depth < nearDistance())
+    return;
+  m_target = target;
+  m_distance = std::max(depth, m_sceneRadius * NearestDistance);
+}
+
 void Camera::zoomAt(double factor, const QVector3D& anchor) {
   if (!(factor > 0))
     return;

@@ -51,6 +51,9 @@ public:
   void orbit(double yaw, double pitch);
   /// Shifts the picture by @p pixels: what lies in the plane of the target follows exactly.
   void pan(const QPointF& pixels, const QSizeF& viewport);
+  /// Looks at another target from the same direction, the eye at the same distance from the target's plane:
+  /// the picture is only shifted. Ignores a target that is not in front of the eye.
+  void lookAt(const QVector3D& target);
   /// Moves towards @p anchor (a factor greater than 1) or away from it; the anchor keeps its place in the
   /// picture. Ignores a factor that is not positive; the distance stays within the limits of the scene.
   void zoomAt(double factor, const QVector3D& anchor);

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "command_menus.h"
 
-#include <ui_base/commands/command_base.h>
+#include <ui_base/commands/command_group.h>
 
-#include <QCoreApplication>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -11,22 +10,23 @@ namespace Workbench {
 
 using namespace Vela::UiBase;
 
-namespace {
-
-struct MenuText {
-  Q_DECLARE_TR_FUNCTIONS(Workbench::CommandMenus)
-};
-
-} // namespace
-
 CommandMenus::CommandMenus(QMenuBar& bar) {
-  QMenu* const file = bar.addMenu(MenuText::tr("&File"));
+  QMenu* const file = bar.addMenu(tr("&File"));
   addSection(file, FileSection, false);
   addSection(file, ExitSection, true);
-  QMenu* const view = bar.addMenu(MenuText::tr("&View"));
+  QMenu* const edit = bar.addMenu(tr("&Edit"));
+  addSection(edit, EditSection, false);
+  addSection(edit, MeshSection, true);
+  QMenu* const selection = bar.addMenu(tr("&Selection"));
+  addSection(selection, SelectSection, false);
+  addSection(selection, SelectedSection, true);
+  QMenu* const tools = bar.addMenu(tr("&Tools"));
+  addSection(tools, ToolsSection, false);
+  addSection(tools, MeasureSection, true);
+  QMenu* const view = bar.addMenu(tr("&View"));
   addSection(view, ViewSection, false);
   addSection(view, LookSection, true);
-  addSection(bar.addMenu(MenuText::tr("&Help")), HelpSection, true);
+  addSection(bar.addMenu(tr("&Help")), HelpSection, true);
 }
 
 void CommandMenus::addSection(QMenu* menu, const QString& name, bool last) {
@@ -37,20 +37,48 @@ void CommandMenus::commandAdded(CmdMgr*, CommandBase* command) {
   if (!command)
     return;
   const Section section = m_sections.value(command->baseGroupName());
-  if (!section.menu)
-    return;
-  section.menu->insertAction(section.end, command);
-  m_actions.insert(command->commandId(), command);
+  if (section.menu)
+    insert(section, *command, command->commandId());
+}
+
+void CommandMenus::insert(const Section& section, CommandBase& command, const QString& id) {
+  const auto* const group = dynamic_cast<const CommandGroup*>(&command);
+  if (!group) {
+    section.menu->insertAction(section.end, &command);
+    m_actions.insert(id, &command);
+  } else if (!group->text().isEmpty()) {
+    m_actions.insert(id, addGroupMenu(*section.menu, section.end, *group)->menuAction());
+  } else {
+    const CommandBag& children = group->commandBag();
+    for (int i = 0; i < children.count(); ++i)
+      insert(section, *children.commandAt(i), id);
+  }
 }
 
 void CommandMenus::commandRemoved(CmdMgr*, QString id) {
-  QAction* const action = m_actions.take(id);
-  if (!action)
-    return;
-  for (const Section& section : std::as_const(m_sections)) {
-    if (section.menu)
-      section.menu->removeAction(action);
+  const auto actions = m_actions.values(id);
+  m_actions.remove(id);
+  for (QAction* const action : actions) {
+    if (!action)
+      continue;
+    if (QMenu* const subMenu = action->menu())
+      delete subMenu;
+    else
+      for (const Section& section : std::as_const(m_sections)) {
+        if (section.menu)
+          section.menu->removeAction(action);
+      }
   }
+}
+
+QMenu* addGroupMenu(QMenu& menu, QAction* before, const CommandGroup& group) {
+  auto* const subMenu = new QMenu(group.text(), &menu);
+  subMenu->setIcon(group.icon());
+  const CommandBag& children = group.commandBag();
+  for (int i = 0; i < children.count(); ++i)
+    subMenu->addAction(children.commandAt(i));
+  menu.insertMenu(before, subMenu);
+  return subMenu;
 }
 
 } // namespace Workbench

@@ -40,6 +40,8 @@ MainWindow::~MainWindow() = default;
 void MainWindow::connectEvents() {
   const MeshViewEvents& events = m_controller->events();
   connect(&events, &MeshViewEvents::meshShown, this, &MainWindow::showFileName);
+  connect(m_view, &MeshView::statusTextChanged, m_numbers,
+          [this] { m_numbers->setText(m_view->statusText()); });
   const auto showMessage = [this](const QString& message) { statusBar()->showMessage(message); };
   connect(&events, &MeshViewEvents::openStarted, this, showMessage);
   connect(&events, &MeshViewEvents::openFailed, this,
@@ -51,10 +53,9 @@ void MainWindow::connectEvents() {
 }
 
 void MainWindow::showFileName() {
-  const QString& file = m_controller->fileName();
+  const QString file = m_controller->fileName();
   setWindowFilePath(file);
   setWindowTitle(file.isEmpty() ? tr("Workbench") : tr("%1 – Workbench").arg(QFileInfo(file).fileName()));
-  m_numbers->setText(m_view->statusText());
 }
 
 void MainWindow::applyPalette() { QApplication::setPalette(Styles::Instance().widgetPalette()); }

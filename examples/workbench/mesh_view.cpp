@@ -2,8 +2,11 @@
 #include "mesh_view.h"
 
 #include <ui_base/views/qt_ui_toolkit.h>
+#include <vgsdevices/annotation_device.h>
+#include <vgsobjects/point_object.h>
+#include <vgsobjects/rectangle_object.h>
 
-#include <QEvent>
+#include <QContextMenuEvent>
 #include <QLocale>
 #include <QPainter>
 #include <QPainterPath>
@@ -25,13 +28,32 @@ MeshView::MeshView(QWidget* parent) : BaseView(parent) {
   m_rest.setSingleShot(true);
   m_rest.setInterval(RestTime);
   connect(&m_rest, &QTimer::timeout, this, [this] { invalidate(Change::Once); });
+  followDocument();
 }
 
-void MeshView::setMesh(const Mesh& mesh) {
-  m_mesh = mesh;
-  setAccessibleDescription(statusText());
-  resetCamera();
-  Q_EMIT meshChanged();
+void MeshView::followDocument() {
+  const auto redraw = [this] {
+    invalidate(Change::Once);
+    updateStatusText();
+  };
+  connect(&m_document, &MeshDocument::meshChanged, this, redraw);
+  connect(&m_document, &MeshDocument::selectionChanged, this, redraw);
+  connect(&m_document, &MeshDocument::opened, this, [this] {
+    m_measurements.clear();
+    resetCamera();
+  });
+  connect(&m_measurements, &Measurements::changed, this, [this] {
+    update();
+    updateStatusText();
+  });
+}
+
+void MeshView::updateStatusText() {
+  const QString text = statusText();
+  if (text == accessibleDescription())
+    return;
+  setAccessibleDescription(text);
+  Q_EMIT statusTextChanged();
 }
 
 void MeshView::setCamera(const Camera& camera) {
@@ -49,15 +71,25 @@ void MeshView::resetCamera() {
 }
 
 void MeshView::fitCamera() {
-  m_camera.fit(m_mesh, size());
+  m_camera.fit(mesh(), size());
   m_cameraFits = true;
 }
 
-void MeshView::setFlatShaded(bool flat) {
-  if (m_flatShaded == flat)
+void MeshView::setShading(EShading shading) {
+  if (m_shading == shading)
     return;
-  m_flatShaded = flat;
+  m_shading = shading;
   invalidate(Change::Once);
+}
+
+void MeshView::setRubberBand(const QRectF& rectangle) {
+  m_rubberBand = rectangle;
+  update();
+}
+
+void MeshView::setPivotShown(bool shown) {
+  m_pivotShown = shown;
+  update();
 }
 
 void MeshView::setDropHighlight(bool on) {
@@ -68,10 +100,19 @@ void MeshView::setDropHighlight(bool on) {
 }
 
 std::optional<Renderer::Hit> MeshView::pick(const QPoint& position) {
-  if (m_mesh.isEmpty())
+  if (mesh().isEmpty())
     return std::nullopt;
   renderIfNeeded();
   return m_renderer.pick((QPointF(position) * devicePixelRatioF()).toPoint());
+}
+
+TriangleSelection MeshView::trianglesIn(const QRectF& rectangle) {
+  if (mesh().isEmpty())
+    return {};
+  renderIfNeeded();
+  const qreal ratio = devicePixelRatioF();
+  const QRectF pixels(rectangle.topLeft() * ratio, rectangle.size() * ratio);
+  return {mesh().triangles().size(), m_renderer.trianglesIn(pixels.toAlignedRect())};
 }
 
 QImage MeshView::picture() {
@@ -80,12 +121,17 @@ QImage MeshView::picture() {
 }
 
 QString MeshView::statusText() const {
-  if (m_mesh.isEmpty())
+  if (mesh().isEmpty())
     return {};
-  const QLocale locale;
-  return tr("Triangles: %1   Vertices: %2")
-      .arg(locale.toString(qulonglong(m_mesh.triangles().size())),
-           locale.toString(qulonglong(m_mesh.positions().size())));
+  const auto number = [](std::size_t count) { return QLocale().toString(qulonglong(count)); };
+  QStringList parts;
+  if (!m_measurements.isEmpty())
+    parts += tr("Distance: %1").arg(m_measurements.text());
+  if (!m_document.selection().isEmpty())
+    parts += tr("Selected: %1").arg(number(m_document.selection().count()));
+  parts += tr("Triangles: %1").arg(number(mesh().triangles().size()));
+  parts += tr("Vertices: %1").arg(number(mesh().positions().size()));
+  return parts.join(QStringLiteral("   "));
 }
 
 QSize MeshView::sizeHint() const { return {960, 640}; }
@@ -94,6 +140,13 @@ void MeshView::changeEvent(QEvent* event) {
   BaseView::changeEvent(event);
   if (event->type() == QEvent::PaletteChange)
     invalidate(Change::Once);
+}
+
+// With the mouse the menu opens on release, after it is known that the press began no drag.
+void MeshView::contextMenuEvent(QContextMenuEvent* event) {
+  event->accept();
+  if (event->reason() == QContextMenuEvent::Keyboard)
+    Q_EMIT menuRequested(mapToGlobal(rect().center()));
 }
 
 void MeshView::resizeEvent(QResizeEvent* event) {
@@ -117,8 +170,8 @@ QSize MeshView::deviceSize() const { return (QSizeF(size()) * devicePixelRatioF(
 
 void MeshView::renderMesh(int oversampling) {
   m_style = RenderStyle::forPalette(palette());
-  m_style.shading = m_flatShaded ? FlatShading : SmoothShading;
-  m_renderer.render(m_mesh, m_camera, deviceSize(), m_style, oversampling);
+  m_style.shading = m_shading;
+  m_renderer.render(mesh(), m_camera, deviceSize(), m_style, oversampling, m_document.selection());
   m_outdated = false;
 }
 
@@ -132,12 +185,13 @@ void MeshView::renderIfNeeded() {
 
 void MeshView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  if (m_mesh.isEmpty()) {
+  if (mesh().isEmpty()) {
     paintHint(painter);
   } else {
     renderIfNeeded();
     painter.drawImage(QRectF(QPointF(), QSizeF(m_renderer.image().size()) / devicePixelRatioF()),
                       m_renderer.image());
+    paintAnnotations(painter);
   }
   if (m_dropHighlight)
     paintDropHighlight(painter);
@@ -145,6 +199,20 @@ void MeshView::paintEvent(QPaintEvent*) {
     m_settled = true;
     QMetaObject::invokeMethod(this, &MeshView::tellSettled, Qt::QueuedConnection);
   }
+}
+
+void MeshView::paintAnnotations(QPainter& painter) const {
+  using namespace Vela::Graphics;
+  const AnnotationDevice device(painter, palette(),
+                                [this](const QVector3D& point) { return m_camera.project(point, size()); });
+  m_measurements.draw(device);
+  if (m_pivotShown)
+    PointObject(m_camera.target()).draw(device);
+  if (m_rubberBand.isNull())
+    return;
+  RectangleObject band(m_rubberBand);
+  band.setColor(palette().color(QPalette::Highlight));
+  band.draw(device);
 }
 
 void MeshView::tellSettled() {

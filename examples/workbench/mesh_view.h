@@ -3,7 +3,8 @@
 
 #include <ui_base/views/base_view.h>
 #include <workbench/camera.h>
-#include <workbench/mesh.h>
+#include <workbench/measurements.h>
+#include <workbench/mesh_document.h>
 #include <workbench/renderer.h>
 
 #include <QTimer>
@@ -12,7 +13,8 @@
 
 namespace Workbench {
 
-/// Shows a mesh, or while there is none how to open one.
+/// Shows the mesh of a document, or while there is none how to open one: what is selected of it, and over it
+/// what was measured.
 ///
 /// Draws in device pixels, in the colours of its palette, and only when something changed: quickly while the
 /// camera or the size is changing, with smooth edges once they rest. Positions are in logical pixels.
@@ -20,7 +22,7 @@ namespace Workbench {
 /// @code
 /// auto* view = new MeshView(window);
 /// new MeshViewController(view);
-/// view->setMesh(mesh);
+/// view->document().open(mesh, fileName);
 /// @endcode
 class MeshView : public Vela::UiBase::BaseView {
   Q_OBJECT
@@ -28,23 +30,35 @@ class MeshView : public Vela::UiBase::BaseView {
 public:
   explicit MeshView(QWidget* parent = nullptr);
 
-  const Mesh& mesh() const noexcept { return m_mesh; }
-  /// Shows a mesh as a whole, from the first angles.
-  void setMesh(const Mesh& mesh);
+  /// What the view shows. A mesh that is opened in it is shown as a whole, from the first angles.
+  MeshDocument& document() noexcept { return m_document; }
+  const MeshDocument& document() const noexcept { return m_document; }
+  const Mesh& mesh() const noexcept { return m_document.mesh(); }
+  /// Cleared when another mesh is opened.
+  Measurements& measurements() noexcept { return m_measurements; }
 
   const Camera& camera() const noexcept { return m_camera; }
   void setCamera(const Camera& camera);
   /// Shows all of the mesh from the first angles again.
   void resetCamera();
 
-  bool isFlatShaded() const noexcept { return m_flatShaded; }
-  void setFlatShaded(bool flat);
+  EShading shading() const noexcept { return m_shading; }
+  void setShading(EShading shading);
 
+  /// Draws a frame over the view, as while something is being selected; a null rectangle for none.
+  void setRubberBand(const QRectF& rectangle);
+  const QRectF& rubberBand() const noexcept { return m_rubberBand; }
+  /// Marks the point that the camera turns around.
+  void setPivotShown(bool shown);
+  /// Asks for the menu of the view at a position of the screen.
+  void requestMenu(const QPoint& position) { Q_EMIT menuRequested(position); }
   /// Marks the view as the place where what is being dragged can be dropped.
   void setDropHighlight(bool on);
 
   /// What is seen at a position; nothing on the background.
   std::optional<Renderer::Hit> pick(const QPoint& position);
+  /// The triangles that are seen within a rectangle.
+  TriangleSelection trianglesIn(const QRectF& rectangle);
   /// The view's picture in device pixels, without what lies over it.
   QImage picture();
   /// The numbers of the mesh, for a status bar; empty without a mesh.
@@ -55,31 +69,41 @@ public:
   QSize sizeHint() const override;
 
 Q_SIGNALS:
-  void meshChanged();
+  /// statusText() is another.
+  void statusTextChanged();
+  /// The user asks for the menu of the view. @p position is on the screen.
+  void menuRequested(const QPoint& position);
   /// The view was painted as it will stay until something changes.
   void settled();
 
 protected:
   void changeEvent(QEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
 private:
   enum class Change { Once, Ongoing };
 
+  void followDocument();
+  void updateStatusText();
   void invalidate(Change change);
   void fitCamera();
   QSize deviceSize() const;
   void renderMesh(int oversampling);
   void renderIfNeeded();
+  void paintAnnotations(QPainter& painter) const;
   void paintHint(QPainter& painter) const;
   void paintDropHighlight(QPainter& painter) const;
   void tellSettled();
 
-  Mesh m_mesh;
+  MeshDocument m_document;
+  Measurements m_measurements;
+  QRectF m_rubberBand;
+  bool m_pivotShown = false;
   Camera m_camera;
   bool m_cameraFits = true; // all of the mesh is shown, also after a change of the size
-  bool m_flatShaded = false;
+  EShading m_shading = SmoothShading;
   bool m_dropHighlight = false;
 
   Renderer m_renderer;

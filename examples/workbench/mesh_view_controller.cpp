@@ -1,17 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include "mesh_view_controller.h"
 
+#include <ui_base/commands/command_group.h>
+#include <workbench/commands/mode_command.h>
 #include <workbench/commands/open_mesh_command.h>
-#include <workbench/commands/reset_view_command.h>
-#include <workbench/commands/save_screenshot_command.h>
+#include <workbench/commands/set_pivot_command.h>
+#include <workbench/context_menu.h>
 #include <workbench/mesh_view.h>
+#include <workbench/tools/camera_keys.h>
+#include <workbench/tools/mesh_tool.h>
 
 #include <QDropEvent>
+#include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
 
 namespace Workbench {
 
 using namespace Vela::UiBase;
+using Taren::Core::dispatchAsync;
+using Taren::Core::MainThreadQoS;
 
 namespace {
 
@@ -24,13 +32,47 @@ QStringList filesOf(const QMimeData& data) {
   return files;
 }
 
+void addAvailability(const CommandBag& bag, CommandContext& context) {
+  for (int i = 0; i < bag.count(); ++i) {
+    const CommandBase* const command = bag.commandAt(i);
+    if (const auto* const own = dynamic_cast<const WorkbenchCommand*>(command))
+      context.overwrite(own->commandId(), {State(own->isAvailable()), State::Keep});
+    else if (const auto* const group = dynamic_cast<const CommandGroup*>(command))
+      addAvailability(group->commandBag(), context);
+  }
+}
+
 } // namespace
 
-MeshViewController::MeshViewController(MeshView* view) : CmdsViewController(view) {}
+MeshViewController::MeshViewController(MeshView* view) : CmdsViewController(view), m_tools(view) {
+  m_tools.pushOn(*this);
+  if (view)
+    follow(*view);
+}
 
-MeshViewController::~MeshViewController() { stopOpening(); }
+MeshViewController::~MeshViewController() { cancelWork(); }
+
+void MeshViewController::follow(MeshView& view) {
+  const auto refresh = [this] { refreshCommands(); };
+  MeshDocument& document = view.document();
+  QObject::connect(&document, &MeshDocument::meshChanged, &m_events, refresh);
+  QObject::connect(&document, &MeshDocument::selectionChanged, &m_events, [this, &document] {
+    m_selectionCommands.setInUse(!document.selection().isEmpty());
+    refreshCommands();
+  });
+  QObject::connect(&document, &MeshDocument::opened, &m_events, [this] { cancelPivot(); });
+  QObject::connect(document.undoStack(), &QUndoStack::indexChanged, &m_events, refresh);
+  QObject::connect(&view.measurements(), &Measurements::distancesChanged, &m_events, refresh);
+  QObject::connect(&view, &MeshView::menuRequested, &m_events,
+                   [this](const QPoint& position) { openMenu(position); });
+}
 
 MeshView* MeshViewController::meshView() const { return qobject_cast<MeshView*>(getView()); }
+
+QString MeshViewController::fileName() const {
+  const MeshView* const view = meshView();
+  return view ? view->document().fileName() : QString();
+}
 
 OpenMeshCommand* MeshViewController::openCommand() const {
   return dynamic_cast<OpenMeshCommand*>(findCommand(OpenMeshCommand::className()));
@@ -45,50 +87,180 @@ void MeshViewController::showMesh(const Mesh& mesh, const QString& fileName) {
   MeshView* const view = meshView();
   if (!view)
     return;
-  m_fileName = fileName;
-  view->setMesh(mesh);
-  enableMeshCommands(true);
+  view->document().open(mesh, fileName);
   Q_EMIT m_events.meshShown(fileName);
 }
 
-void MeshViewController::stopOpening() {
-  if (OpenMeshCommand* const command = openCommand())
-    command->stop();
+bool MeshViewController::isMeshLocked() const {
+  return std::any_of(m_executing.cbegin(), m_executing.cend(), [](const CommandBase* command) {
+    const auto* const own = dynamic_cast<const WorkbenchCommand*>(command);
+    return own && own->locksMesh();
+  });
 }
 
-void MeshViewController::settleCommandState(const QString& id, const CommandState& state) {
-  CommandBase* const command = findCommand(id);
-  if (!command)
+bool MeshViewController::cancelWork() {
+  const bool locked = isMeshLocked();
+  const auto executing = m_executing; // a copy: some end at once
+  for (CommandBase* const command : executing) {
+    if (auto* const own = dynamic_cast<WorkbenchCommand*>(command))
+      own->cancel();
+  }
+  return locked;
+}
+
+void MeshViewController::enterMode(EToolMode mode) {
+  cancelPivot();
+  m_mode = mode;
+  m_tools.enter(mode, *this);
+  refreshCommands();
+}
+
+void MeshViewController::leaveMode(EToolMode mode) {
+  if (mode == m_mode)
+    enterMode(PickMode);
+}
+
+bool MeshViewController::isDragging() const {
+  const auto tool = std::dynamic_pointer_cast<MeshTool>(getOperatingTool());
+  return tool && tool->isDragging();
+}
+
+CommandContext MeshViewController::availability() const {
+  CommandContext context;
+  addAvailability(commandBag(), context);
+  return context;
+}
+
+// Comes after every context that is under way, the ones that a command pops at its end included. So it does
+// not matter in which order commands end and modes are switched.
+void MeshViewController::refreshCommands() {
+  if (!isShared() || std::exchange(m_refreshing, true))
     return;
-  command->setCommandState(state);
-  updateContextInStack(id, command->commandState());
-}
-
-void MeshViewController::enableMeshCommands(bool enable) {
-  for (const QString& id : {ResetViewCommand::className(), SaveScreenshotCommand::className()})
-    settleCommandState(id, {State(enable), State::Keep});
+  dispatchAsync(
+      [this, weak = std::weak_ptr<BaseViewController>(shared_from_this())] {
+        const auto self = weak.lock();
+        if (!self)
+          return;
+        m_refreshing = false;
+        setContext(availability());
+      },
+      MainThreadQoS);
 }
 
 void MeshViewController::viewDidLoad() {
   CmdsViewController::viewDidLoad();
-  enableMeshCommands(false);
+  const CommandContext available = availability();
+  const auto& states = available.get();
+  for (auto it = states.cbegin(); it != states.cend(); ++it) {
+    if (CommandBase* const command = findCommand(it.key()))
+      command->setCommandState(it.value());
+  }
+}
+
+bool MeshViewController::viewWillClose() {
+  cancelWork();
+  cancelPivot();
+  m_selectionCommands.setInUse(false);
+  return CmdsViewController::viewWillClose();
+}
+
+void MeshViewController::commandBeganExecuting(CommandBase* command, bool checked) {
+  m_executing.insert(command);
+  CmdsViewController::commandBeganExecuting(command, checked);
+  refreshCommands();
 }
 
 void MeshViewController::commandEndedExecuting(CommandBase* command, bool checked) {
+  m_executing.erase(command);
   CmdsViewController::commandEndedExecuting(command, checked);
-  auto* const open = dynamic_cast<OpenMeshCommand*>(command);
-  if (!open)
-    return;
-  const QList<OpenMeshCommand::Failure> failures = open->takeFailures();
+  // What is chosen while another command executes stays when the states from before come back.
+  if (command && command->isCheckable())
+    updateContextInStack(command->commandId(), command->commandState());
+  OpenMeshCommand* const open = openCommand();
+  if (open && open == command)
+    tellFailures(*open);
+  if (open && !isMeshLocked())
+    open->openWaiting();
+  refreshCommands();
+}
+
+void MeshViewController::commandForgotten(CommandBase& command) {
+  m_executing.erase(&command);
+  CmdsViewController::commandForgotten(command);
+}
+
+void MeshViewController::tellFailures(OpenMeshCommand& command) {
+  const QList<OpenMeshCommand::Failure> failures = command.takeFailures();
   for (const OpenMeshCommand::Failure& failure : failures) {
     showNotification(failure.message, NotificationError);
     Q_EMIT m_events.openFailed(failure.fileName, failure.reason, failure.message);
   }
   Q_EMIT m_events.openFinished(failures.isEmpty());
-  open->openWaiting();
 }
 
-void MeshViewController::onShutDown() { stopOpening(); }
+void MeshViewController::onShutDown() { cancelWork(); }
+
+bool MeshViewController::rightClick(QMouseEvent* release) {
+  openMenu(release->globalPosition().toPoint());
+  return true;
+}
+
+void MeshViewController::openMenu(const QPoint& position) {
+  if (m_menu && m_menu->isVisible())
+    return;
+  m_menu = makeContextMenu(*this);
+  if (m_menu)
+    m_menu->popup(position);
+}
+
+void MeshViewController::cancelPivot() {
+  if (auto* const pivot = dynamic_cast<SetPivotCommand*>(findCommand(SetPivotCommand::className())))
+    pivot->cancel();
+}
+
+bool MeshViewController::keyPress(QKeyEvent* event) {
+  const bool isEscape = event->key() == Qt::Key_Escape;
+  if (isEscape && getOperatingTool()) {
+    endRunningOperation();
+    return true;
+  }
+  if (CmdsViewController::keyPress(event))
+    return true;
+  if (isEscape)
+    return escape();
+  if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier && meshView()) {
+    meshView()->requestMenu(meshView()->mapToGlobal(meshView()->rect().center()));
+    return true;
+  }
+  return moveCamera(*event);
+}
+
+// One thing at a time, what is most likely meant first.
+bool MeshViewController::escape() {
+  if (cancelWork())
+    return true;
+  CommandBase* const pick = findCommand(ModeCommand::idOf(PickMode));
+  if (pick && m_mode != PickMode) {
+    pick->setChecked(true);
+    return true;
+  }
+  MeshView* const view = meshView();
+  if (!view || view->document().selection().isEmpty())
+    return false;
+  view->document().setSelection(TriangleSelection(view->mesh().triangles().size()));
+  return true;
+}
+
+// Not during a drag, which goes by the camera at its beginning.
+bool MeshViewController::moveCamera(const QKeyEvent& event) {
+  MeshView* const view = meshView();
+  if (!view || view->mesh().isEmpty() || getOperatingTool())
+    return false;
+  const auto moved = movedByKey(view->camera(), event, view->size());
+  if (moved)
+    view->setCamera(*moved);
+  return moved.has_value();
+}
 
 bool MeshViewController::mouseDragEnter(QDragEnterEvent* event) {
   if (CmdsViewController::mouseDragEnter(event))

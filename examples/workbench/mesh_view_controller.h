@@ -4,16 +4,23 @@
 #include <ui_base/views/cmds_view_controller.h>
 #include <workbench/mesh.h>
 #include <workbench/mesh_view_events.h>
+#include <workbench/selection_commands.h>
+#include <workbench/tools/mesh_tools.h>
 
+#include <QPointer>
 #include <QStringList>
+
+#include <set>
+
+class QMenu;
 
 namespace Workbench {
 
 class MeshView;
 class OpenMeshCommand;
 
-/// The controller of a MeshView: opens the files that are asked for or dropped, shows their meshes, and tells
-/// of what went wrong.
+/// The controller of a MeshView: its tools and commands. It opens the files that are asked for or dropped,
+/// shows their meshes, tells of what went wrong, and keeps each command enabled just when it can be used.
 ///
 /// Owned by its view. Its commands come from the application manager when the view is shown first.
 class MeshViewController : public Vela::UiBase::CmdsViewController {
@@ -27,33 +34,65 @@ public:
   MeshView* meshView() const;
   /// Lives as long as the controller.
   MeshViewEvents& events() noexcept { return m_events; }
+  /// The commands for what is selected, which come and go with the selection.
+  SelectionCommands& selectionCommands() noexcept { return m_selectionCommands; }
+  const SelectionCommands& selectionCommands() const noexcept { return m_selectionCommands; }
   /// The file of the mesh that is shown; empty when none is.
-  const QString& fileName() const noexcept { return m_fileName; }
+  QString fileName() const;
 
   /// Opens files one after another, once the view is loaded; the mesh of the last one stays.
   void openFiles(const QStringList& files);
   /// Puts a mesh in the place of the one shown.
   void showMesh(const Mesh& mesh, const QString& fileName);
-  /// Ends the reading of files, if any is going on.
-  void stopOpening();
-  /// Sets how a command stands, also for when a context that is pushed now is popped again.
-  void settleCommandState(const QString& id, const Vela::UiBase::CommandState& state);
+  /// A command is executing that works on the mesh, or is about to replace it.
+  bool isMeshLocked() const;
+  /// Asks the commands that are executing to end early. @return whether there are any that lock the mesh.
+  bool cancelWork();
+
+  /// What the left mouse button does.
+  EToolMode mode() const noexcept { return m_mode; }
+  void enterMode(EToolMode mode);
+  /// Back to PickMode, unless it is in another mode meanwhile.
+  void leaveMode(EToolMode mode);
+  /// A tool operates, and the mouse has been moved so far that it is no click.
+  bool isDragging() const;
+
+  /// Which commands can be used as things are.
+  Vela::UiBase::CommandContext availability() const;
 
   void viewDidLoad() override;
+  bool viewWillClose() override;
+  void commandBeganExecuting(Vela::UiBase::CommandBase* command, bool checked) override;
   void commandEndedExecuting(Vela::UiBase::CommandBase* command, bool checked) override;
   void onShutDown() override;
 
+  bool keyPress(QKeyEvent* event) override;
   bool mouseDragEnter(QDragEnterEvent* event) override;
   bool mouseDragLeave(QDragLeaveEvent* event) override;
   bool mouseDragMove(QDragMoveEvent* event) override;
   bool mouseDrop(QDropEvent* event) override;
 
+protected:
+  bool rightClick(QMouseEvent* release) override;
+  void commandForgotten(Vela::UiBase::CommandBase& command) override;
+
 private:
   OpenMeshCommand* openCommand() const;
-  void enableMeshCommands(bool enable);
+  void follow(MeshView& view);
+  void refreshCommands();
+  void tellFailures(OpenMeshCommand& command);
+  void openMenu(const QPoint& position);
+  void cancelPivot();
+  bool escape();
+  bool moveCamera(const QKeyEvent& event);
 
   MeshViewEvents m_events;
-  QString m_fileName;
+  SelectionCommands m_selectionCommands;
+  MeshTools m_tools;
+  EToolMode m_mode = Workbench::PickMode;
+  std::set<Vela::UiBase::CommandBase*> m_executing;
+  bool m_refreshing = false;
+  QPointer<QMenu> m_menu;
 };
 
 } // namespace Workbench

@@ -1,26 +1,121 @@
 // SPDX-License-Identifier: MIT
 #include "workbench_app_manager.h"
 
+#include <ui_base/commands/command_group.h>
+#include <ui_base/commands/cycle_checkable_command.h>
+#include <workbench/command_menus.h>
 #include <workbench/commands/about_command.h>
+#include <workbench/commands/clear_measurements_command.h>
 #include <workbench/commands/dark_palette_command.h>
-#include <workbench/commands/flat_shading_command.h>
+#include <workbench/commands/decimate_mesh_command.h>
+#include <workbench/commands/history_command.h>
+#include <workbench/commands/length_unit_command.h>
+#include <workbench/commands/mode_command.h>
 #include <workbench/commands/open_mesh_command.h>
 #include <workbench/commands/quit_command.h>
 #include <workbench/commands/reset_view_command.h>
 #include <workbench/commands/save_screenshot_command.h>
+#include <workbench/commands/selection_command.h>
+#include <workbench/commands/set_pivot_command.h>
+#include <workbench/commands/shading_command.h>
+#include <workbench/commands/smooth_mesh_command.h>
 #include <workbench/mesh_view_controller.h>
 
 namespace Workbench {
 
-QList<Vela::UiBase::CommandBase*>
-WorkbenchAppManager::commandsFor(Vela::UiBase::CmdsViewController* controller) {
-  auto* const meshController = dynamic_cast<MeshViewController*>(controller);
-  if (!meshController)
+using namespace Vela::UiBase;
+
+namespace {
+
+// What the left button does. The tools of the view's tool panel stand in its group.
+CommandGroup* toolGroup(MeshViewController* controller) {
+  auto* const modes =
+      new CommandGroup(QString(), WorkbenchAppManager::tr("Left mouse button"), QStringLiteral("Modes"));
+  int rank = 0;
+  for (const EToolMode mode : {PickMode, MeasureMode, RectangleMode})
+    modes->addCommand(new ModeCommand(controller, mode), rank++);
+  CommandGroup* const tools = controller->ToolPanelGroup();
+  tools->setBaseGroupName(ToolsSection);
+  tools->removeCommand(modes->commandId()); // those of a view before
+  tools->addCommand(modes, 0);
+  return tools;
+}
+
+CommandGroup* shadingGroup(MeshViewController* controller) {
+  auto* const group = new CommandGroup(QStringLiteral("smooth_shading"), WorkbenchAppManager::tr("Shading"),
+                                       QStringLiteral("Shading"));
+  group->setText(WorkbenchAppManager::tr("&Shading"));
+  group->setBaseGroupName(LookSection);
+  int rank = 0;
+  for (const EShading shading : {SmoothShading, FlatShading, FlatShadingWithEdges})
+    group->addCommand(new ShadingCommand(controller, shading), rank++);
+  return group;
+}
+
+CommandGroup* unitGroup(MeshViewController* controller) {
+  using namespace Vela::Common;
+  auto* const group =
+      new CommandGroup(QString(), WorkbenchAppManager::tr("Unit of distances"), QStringLiteral("LengthUnit"));
+  group->setText(WorkbenchAppManager::tr("&Unit"));
+  group->setBaseGroupName(MeasureSection);
+  const std::pair<ELengthUnit, QString> units[] = {
+      {Millimetre, WorkbenchAppManager::tr("&Millimetres")},
+      {Centimetre, WorkbenchAppManager::tr("&Centimetres")},
+      {Metre, WorkbenchAppManager::tr("M&etres")},
+      {Inch, WorkbenchAppManager::tr("&Inches")},
+      {Foot, WorkbenchAppManager::tr("&Feet")},
+  };
+  int rank = 0;
+  for (const auto& [unit, text] : units)
+    group->addCommand(new LengthUnitCommand(controller, unit, text), rank++);
+  return group;
+}
+
+CommandBase* nextShading(MeshViewController* controller, CommandGroup* shadings) {
+  auto* const next = new CycleCheckableCommand(controller, Qt::CTRL | Qt::SHIFT | Qt::Key_F, shadings);
+  next->setText(WorkbenchAppManager::tr("&Next Shading"));
+  next->setStatusTip(WorkbenchAppManager::tr("Show the mesh in one shading after another"));
+  next->setBaseGroupName(LookSection);
+  return next;
+}
+
+// Stands in the group of dynamic tools while something is selected.
+CommandGroup* selectionGroup(MeshViewController* controller) {
+  CommandGroup* const group = controller->selectionCommands().group();
+  int rank = 0;
+  for (const ESelectionChange change : {ClearSelection, GrowSelection, SelectConnected, DeleteSelection}) {
+    group->removeCommand(SelectionCommand::idOf(change)); // that of a view before
+    group->addCommand(new SelectionCommand(controller, change), rank++);
+  }
+  return group;
+}
+
+} // namespace
+
+QList<CommandBase*> WorkbenchAppManager::commandsFor(CmdsViewController* controller) {
+  auto* const mesh = dynamic_cast<MeshViewController*>(controller);
+  if (!mesh)
     return {};
-  return {new OpenMeshCommand(meshController),    new SaveScreenshotCommand(meshController),
-          new QuitCommand(meshController),        new ResetViewCommand(meshController),
-          new FlatShadingCommand(meshController), new DarkPaletteCommand(meshController),
-          new AboutCommand(meshController)};
+  CommandGroup* const shadings = shadingGroup(mesh);
+  return {new OpenMeshCommand(mesh),
+          new SaveScreenshotCommand(mesh),
+          new QuitCommand(mesh),
+          new UndoCommand(mesh),
+          new RedoCommand(mesh),
+          new SmoothMeshCommand(mesh),
+          new DecimateMeshCommand(mesh),
+          new SelectionCommand(mesh, SelectAll),
+          new SelectionCommand(mesh, InvertSelection),
+          selectionGroup(mesh),
+          toolGroup(mesh),
+          new ClearMeasurementsCommand(mesh),
+          unitGroup(mesh),
+          new ResetViewCommand(mesh),
+          new SetPivotCommand(mesh),
+          shadings,
+          nextShading(mesh, shadings),
+          new DarkPaletteCommand(mesh),
+          new AboutCommand(mesh)};
 }
 
 } // namespace Workbench

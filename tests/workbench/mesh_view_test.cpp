@@ -26,9 +26,9 @@ private Q_SLOTS:
   void showsAMesh() {
     MeshView view;
     show(view);
-    QSignalSpy changed(&view, &MeshView::meshChanged);
+    QSignalSpy changed(&view, &MeshView::statusTextChanged);
     QSignalSpy settled(&view, &MeshView::settled);
-    view.setMesh(Test::blob(40));
+    view.document().open(Test::blob(40), {});
     QVERIFY(!view.isSettled());
     QTRY_COMPARE(settled.count(), 1);
     QCOMPARE(changed.count(), 1);
@@ -43,7 +43,7 @@ private Q_SLOTS:
   void drawsAndPicksInDevicePixels() {
     MeshView view;
     show(view);
-    view.setMesh(Test::cube(1));
+    view.document().open(Test::cube(1), {});
     QCOMPARE(view.picture().size(), view.size() * view.devicePixelRatioF());
     // Where a corner of the cube is seen, it is picked.
     const QPointF at = view.camera().project({0.49F, 0.49F, 0.49F}, view.size()).value();
@@ -56,20 +56,28 @@ private Q_SLOTS:
   void looksChangeThePicture_data() {
     QTest::addColumn<std::function<void(MeshView&)>>("change");
     using Change = std::function<void(MeshView&)>;
-    QTest::newRow("shading") << Change([](MeshView& view) { view.setFlatShaded(true); });
+    QTest::newRow("shading") << Change([](MeshView& view) { view.setShading(FlatShading); });
     QTest::newRow("camera") << Change([](MeshView& view) {
       Camera camera = view.camera();
       camera.orbit(20, 0);
       view.setCamera(camera);
     });
     QTest::newRow("palette") << Change([](MeshView& view) { view.setPalette(QPalette(QColor(40, 40, 40))); });
-    QTest::newRow("another mesh") << Change([](MeshView& view) { view.setMesh(Test::cube(1)); });
+    QTest::newRow("another mesh") << Change([](MeshView& view) { view.document().open(Test::cube(1), {}); });
+    QTest::newRow("selection") << Change([](MeshView& view) {
+      view.document().setSelection(TriangleSelection::all(view.mesh().triangles().size()));
+    });
+    QTest::newRow("measured distance") << Change([](MeshView& view) {
+      view.measurements().begin({0, 0, 0});
+      view.measurements().finish({0.5F, 0, 0});
+    });
+    QTest::newRow("rubber band") << Change([](MeshView& view) { view.setRubberBand({10, 10, 80, 60}); });
     QTest::newRow("drop highlight") << Change([](MeshView& view) { view.setDropHighlight(true); });
   }
   void looksChangeThePicture() {
     QFETCH(std::function<void(MeshView&)>, change);
     MeshView view;
-    view.setMesh(Test::blob(20));
+    view.document().open(Test::blob(20), {});
     show(view);
     const QImage before = view.grab().toImage();
     change(view);
@@ -80,7 +88,7 @@ private Q_SLOTS:
   // As long as it goes on, it is drawn quickly; then the same as if there had been no motion.
   void comesToRestAfterAMotion() {
     MeshView view;
-    view.setMesh(Test::blob(20));
+    view.document().open(Test::blob(20), {});
     show(view);
     const QImage rested = view.grab().toImage();
     const Camera camera = view.camera();
@@ -97,7 +105,7 @@ private Q_SLOTS:
   void keepsTheMeshInViewWhenResized() {
     const Mesh plank({{-4, -0.3F, 0}, {4, -0.3F, 0}, {4, 0.3F, 0}, {-4, 0.3F, 0}}, {{0, 1, 2}, {0, 2, 3}});
     MeshView view;
-    view.setMesh(plank);
+    view.document().open(plank, {});
     show(view);
     const double before = view.camera().distance();
     view.resize(800, 150);

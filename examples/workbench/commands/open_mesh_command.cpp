@@ -28,7 +28,7 @@ Vela::Services::ConfigManager& config() {
 
 } // namespace
 
-OpenMeshCommand::OpenMeshCommand(MeshViewController* controller) : CommandBase(controller) {
+OpenMeshCommand::OpenMeshCommand(MeshViewController* controller) : WorkbenchCommand(controller) {
   setText(tr("&Open Mesh…"));
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("open_file")));
   setShortcut(QKeySequence::Open);
@@ -40,7 +40,7 @@ OpenMeshCommand::OpenMeshCommand(MeshViewController* controller) : CommandBase(c
 
 void OpenMeshCommand::open(const QStringList& files) {
   m_waiting += files;
-  if (!m_running)
+  if (!isMeshLocked())
     openWaiting();
 }
 
@@ -50,7 +50,11 @@ void OpenMeshCommand::openWaiting() {
     onExecute();
 }
 
-void OpenMeshCommand::stop() {
+bool OpenMeshCommand::isAvailable() const { return !isMeshLocked(); }
+
+bool OpenMeshCommand::locksMesh() const { return true; }
+
+void OpenMeshCommand::cancel() {
   m_waiting.clear();
   m_stop.request_stop();
 }
@@ -73,7 +77,7 @@ bool OpenMeshCommand::onExecute(bool checked) {
                               : tr("Opening %1 and %2 more…").arg(name).arg(m_files.size() - 1);
   setExecutionNotificationMessage(StartNotification, message);
   setExecutionNotificationMessage(EndNotification, {});
-  if (auto* const controller = dynamic_cast<MeshViewController*>(getViewController()))
+  if (MeshViewController* const controller = meshController())
     Q_EMIT controller->events().openStarted(message);
   return CommandBase::onExecute(checked);
 }
@@ -89,7 +93,7 @@ bool OpenMeshCommand::onExecuteAsync(bool) {
     try {
       const Mesh mesh = loadMesh(file, m_stop.get_token());
       const auto show = [self, mesh, file] {
-        if (auto* const controller = dynamic_cast<MeshViewController*>(self->getViewController()))
+        if (MeshViewController* const controller = self->meshController())
           controller->showMesh(mesh, file);
       };
       dispatchAsync(show, Taren::Core::MainThreadQoS);
@@ -118,9 +122,8 @@ void OpenMeshCommand::finishRun(const Outcome& outcome) {
 }
 
 CommandContext OpenMeshCommand::getExecutionCommandContext() {
-  CommandContext context;
-  context.overwrite(commandId(), {State::Off, State::Keep});
-  return context;
+  const MeshViewController* const controller = meshController();
+  return controller ? controller->availability() : CommandContext();
 }
 
 void OpenMeshCommand::askForFiles() {

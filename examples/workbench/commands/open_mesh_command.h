@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ui_base/commands/command_base.h>
+#include <workbench/commands/workbench_command.h>
 
 #include <QStringList>
 
@@ -9,14 +9,12 @@
 
 namespace Workbench {
 
-class MeshViewController;
-
 /// Opens mesh files. Reads them on a thread of the dispatcher and hands each mesh to the controller on the
 /// main thread; a file that cannot be read leaves the mesh before in its place.
 ///
-/// Triggered it first asks which files; open() is told. While it works it is disabled, and files that are
-/// asked for meanwhile wait.
-class OpenMeshCommand : public Vela::UiBase::CommandBase {
+/// Triggered it first asks which files; open() is told. While it, or another command, works on the mesh it is
+/// disabled, and files that are asked for meanwhile wait.
+class OpenMeshCommand : public WorkbenchCommand {
   Q_OBJECT
   COMMAND_ID(OpenMeshCommand)
 
@@ -32,13 +30,15 @@ public:
 
   /// Opens files, the last one last.
   void open(const QStringList& files);
-  /// Opens what was asked for while the command worked.
+  /// Opens what was asked for while the mesh was locked.
   void openWaiting();
   /// Ends the reading early and forgets the files that wait.
-  void stop();
+  void cancel() override;
   /// The failures of the last run, handed out once.
   QList<Failure> takeFailures();
 
+  bool isAvailable() const override;
+  bool locksMesh() const override;
   bool onExecuteAsync(bool checked) override;
 
 public Q_SLOTS:

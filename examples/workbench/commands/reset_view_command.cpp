@@ -10,7 +10,7 @@ namespace Workbench {
 
 using namespace Vela::UiBase;
 
-ResetViewCommand::ResetViewCommand(MeshViewController* controller) : CommandBase(controller) {
+ResetViewCommand::ResetViewCommand(MeshViewController* controller) : WorkbenchCommand(controller) {
   setText(tr("&Reset View"));
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("reset_view")));
   setShortcut(Qt::CTRL | Qt::Key_0);
@@ -18,8 +18,10 @@ ResetViewCommand::ResetViewCommand(MeshViewController* controller) : CommandBase
   setBaseGroupName(ViewSection);
 }
 
+bool ResetViewCommand::isAvailable() const { return hasMesh(); }
+
 bool ResetViewCommand::onExecuteAsync(bool) {
-  auto* const view = qobject_cast<MeshView*>(getView());
+  MeshView* const view = meshView();
   if (!view)
     return false;
   view->resetCamera();

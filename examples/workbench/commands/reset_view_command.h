@@ -1,20 +1,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ui_base/commands/command_base.h>
+#include <workbench/commands/workbench_command.h>
 
 namespace Workbench {
 
-class MeshViewController;
-
 /// Shows all of the mesh from the first angles.
-class ResetViewCommand : public Vela::UiBase::CommandBase {
+class ResetViewCommand : public WorkbenchCommand {
   Q_OBJECT
   COMMAND_ID(ResetViewCommand)
 
 public:
   explicit ResetViewCommand(MeshViewController* controller);
 
+  bool isAvailable() const override;
   bool onExecuteAsync(bool checked) override;
 };
 

@@ -31,7 +31,7 @@ Vela::Services::ConfigManager& config() {
 
 } // namespace
 
-SaveScreenshotCommand::SaveScreenshotCommand(MeshViewController* controller) : CommandBase(controller) {
+SaveScreenshotCommand::SaveScreenshotCommand(MeshViewController* controller) : WorkbenchCommand(controller) {
   setText(tr("Save &Screenshot…"));
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("screenshot")));
   setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
@@ -40,6 +40,8 @@ SaveScreenshotCommand::SaveScreenshotCommand(MeshViewController* controller) : C
   setExecutionQoS(Taren::Core::LowQoS);
   enableExecutionNotification(true);
 }
+
+bool SaveScreenshotCommand::isAvailable() const { return hasMesh() && !m_run; }
 
 bool SaveScreenshotCommand::onExecute(bool checked) {
   if (m_run)
@@ -67,9 +69,8 @@ bool SaveScreenshotCommand::onExecuteAsync(bool) {
 }
 
 CommandContext SaveScreenshotCommand::getExecutionCommandContext() {
-  CommandContext context;
-  context.overwrite(commandId(), {State::Off, State::Keep});
-  return context;
+  const MeshViewController* const controller = meshController();
+  return controller ? controller->availability() : CommandContext();
 }
 
 void SaveScreenshotCommand::askForFile() {
@@ -85,7 +86,7 @@ void SaveScreenshotCommand::askForFile() {
 }
 
 void SaveScreenshotCommand::save(const QString& file) {
-  auto* const view = qobject_cast<MeshView*>(getView());
+  MeshView* const view = meshView();
   if (!view || file.isEmpty() || m_run)
     return;
   config().setValue(FolderKey, QFileInfo(file).absolutePath());
@@ -97,7 +98,7 @@ void SaveScreenshotCommand::save(const QString& file) {
 }
 
 QString SaveScreenshotCommand::suggestedFile() const {
-  const auto* const controller = dynamic_cast<MeshViewController*>(getViewController());
+  const MeshViewController* const controller = meshController();
   const QString mesh = controller ? QFileInfo(controller->fileName()).completeBaseName() : QString();
   const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
   return QDir(config().value(FolderKey, pictures).toString())

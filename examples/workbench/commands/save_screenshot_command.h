@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ui_base/commands/command_base.h>
+#include <workbench/commands/workbench_command.h>
 
 #include <QImage>
 
@@ -9,17 +9,16 @@
 
 namespace Workbench {
 
-class MeshViewController;
-
 /// Saves the view's picture to an image file. Asks for the file, takes the picture, and writes it on a thread
 /// of the dispatcher; it is disabled meanwhile.
-class SaveScreenshotCommand : public Vela::UiBase::CommandBase {
+class SaveScreenshotCommand : public WorkbenchCommand {
   Q_OBJECT
   COMMAND_ID(SaveScreenshotCommand)
 
 public:
   explicit SaveScreenshotCommand(MeshViewController* controller);
 
+  bool isAvailable() const override;
   /// @throws std::runtime_error when the file cannot be written; the user is told.
   bool onExecuteAsync(bool checked) override;
 

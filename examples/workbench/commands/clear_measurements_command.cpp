@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include "clear_measurements_command.h"
+
+#include <ui_base/views/qt_ui_toolkit.h>
+#include <workbench/command_menus.h>
+#include <workbench/mesh_view.h>
+#include <workbench/mesh_view_controller.h>
+
+namespace Workbench {
+
+using namespace Vela::UiBase;
+
+ClearMeasurementsCommand::ClearMeasurementsCommand(MeshViewController* controller)
+    : WorkbenchCommand(controller) {
+  setText(tr("&Clear Measurements"));
+  setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("clear_measurements")));
+  setShortcut(Qt::CTRL | Qt::Key_Backspace);
+  setStatusTip(tr("Take the measured distances away"));
+  setBaseGroupName(MeasureSection);
+}
+
+bool ClearMeasurementsCommand::isAvailable() const {
+  return meshView() && !meshView()->measurements().isEmpty();
+}
+
+bool ClearMeasurementsCommand::onExecuteAsync(bool) {
+  MeshView* const view = meshView();
+  if (view)
+    view->measurements().clear();
+  return view != nullptr;
+}
+
+} // namespace Workbench

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "measure_tool.h"
+
+#include <workbench/mesh_view.h>
+#include <workbench/tools/tool_cursors.h>
+
+#include <QKeyEvent>
+
+namespace Workbench {
+namespace {
+
+std::optional<QVector3D> surfaceAt(MeshView& view, const QMouseEvent& event) {
+  const auto hit = view.pick(event.position().toPoint());
+  return hit ? std::optional(hit->point) : std::nullopt;
+}
+
+} // namespace
+
+MeasureTool::MeasureTool(MeshView* view) : MeshTool(view) {
+  setIdleCursor(crosshairCursor(QStringLiteral("measure")));
+  setOperatingCursor(Qt::CrossCursor);
+}
+
+bool MeasureTool::mousePress(QMouseEvent* event) {
+  MeshView* const view = meshView();
+  const auto point = view ? surfaceAt(*view, *event) : std::nullopt;
+  if (!point || !MeshTool::mousePress(event))
+    return false;
+  m_beganHere = !view->measurements().isBegun();
+  m_keepsPoint = false;
+  if (m_beganHere)
+    view->measurements().begin(*point);
+  return true;
+}
+
+bool MeasureTool::mouseMove(QMouseEvent* event) {
+  const bool taken = MeshTool::mouseMove(event);
+  if (MeshView* const view = meshView(); view && view->measurements().isBegun() && (taken || isActive()))
+    view->measurements().moveTo(m_beganHere && taken && !isDragging() ? std::nullopt
+                                                                      : surfaceAt(*view, *event));
+  return taken;
+}
+
+bool MeasureTool::mouseRelease(QMouseEvent* event) {
+  MeshView* const view = meshView();
+  if (!view || !isOperating() || event->button() != pressEvent().button())
+    return false;
+  const bool isFirstClick = m_beganHere && !isDragging();
+  const auto point = surfaceAt(*view, *event);
+  m_keepsPoint = isFirstClick || !m_beganHere;
+  if (point && !isFirstClick)
+    view->measurements().finish(*point);
+  return MeshTool::mouseRelease(event);
+}
+
+bool MeasureTool::mouseDoubleClick(QMouseEvent*) { return true; }
+
+bool MeasureTool::keyPress(QKeyEvent* event) {
+  return event->key() == Qt::Key_Escape && !isOperating() && takeBack();
+}
+
+void MeasureTool::endOperation() {
+  if (isOperating() && m_beganHere && !m_keepsPoint)
+    takeBack();
+  MeshTool::endOperation();
+}
+
+void MeasureTool::deactivate() {
+  takeBack();
+  MeshTool::deactivate();
+}
+
+bool MeasureTool::takeBack() {
+  MeshView* const view = meshView();
+  return view && view->measurements().takeBack();
+}
+
+} // namespace Workbench
