@@ -35,7 +35,7 @@ private:
 QList<QString> identifiers(qsizetype count) {
   QList<QString> ids;
   for (qsizetype i = 0; i < count; ++i)
-    ids.append(QStringLiteral("Vela::Workbench::Command%1").arg(i));
+    ids.append(QStringLiteral("Vela::Workbench::Command%1").arg(i, 5, 10, QLatin1Char('0')));
   return ids;
 }
 
@@ -171,10 +171,7 @@ BENCHMARK(Apply_NoneChanges)->Arg(1000)->Arg(10000);
 void Apply_NoneChangesInGroups(benchmark::State& state) { apply(state, true, false); }
 BENCHMARK(Apply_NoneChangesInGroups)->Arg(1000)->Arg(10000);
 
-void Apply_BareLoop(benchmark::State& state) {
-  std::vector<std::unique_ptr<QAction>> actions;
-  for (qsizetype i = 0; i < state.range(0); ++i)
-    actions.push_back(std::make_unique<QAction>());
+void setAllEnabled(benchmark::State& state, const std::vector<std::unique_ptr<QAction>>& actions) {
   bool enabled = false;
   for (auto _ : state) {
     for (const auto& action : actions)
@@ -183,7 +180,34 @@ void Apply_BareLoop(benchmark::State& state) {
   }
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
+
+// Like a command, and like any action in use, each is listened to.
+void Apply_BareLoop(benchmark::State& state) {
+  std::vector<std::unique_ptr<QAction>> actions;
+  for (qsizetype i = 0; i < state.range(0); ++i) {
+    actions.push_back(std::make_unique<QAction>());
+    QObject::connect(actions.back().get(), &QAction::triggered, actions.back().get(), [] {});
+    QObject::connect(actions.back().get(), &QAction::toggled, actions.back().get(), [] {});
+  }
+  setAllEnabled(state, actions);
+}
 BENCHMARK(Apply_BareLoop)->Arg(1000)->Arg(10000);
+
+void Apply_BareLoopUnused(benchmark::State& state) {
+  std::vector<std::unique_ptr<QAction>> actions;
+  for (qsizetype i = 0; i < state.range(0); ++i)
+    actions.push_back(std::make_unique<QAction>());
+  setAllEnabled(state, actions);
+}
+BENCHMARK(Apply_BareLoopUnused)->Arg(1000)->Arg(10000);
+
+void Apply_BareLoopOfCommands(benchmark::State& state) {
+  std::vector<std::unique_ptr<QAction>> commands;
+  for (const QString& id : identifiers(state.range(0)))
+    commands.push_back(std::make_unique<PlainCommand>(id));
+  setAllEnabled(state, commands);
+}
+BENCHMARK(Apply_BareLoopOfCommands)->Arg(1000)->Arg(10000);
 
 } // namespace
 
@@ -201,6 +225,8 @@ int main(int argc, char** argv) {
   comparisons.push_back({"Miss_Groups/10000", "Miss_AskEachGroup/10000", 1.0});
   for (const std::string count : {"/1000", "/10000"}) {
     comparisons.push_back({"Apply_AllChange" + count, "Apply_BareLoop" + count, 1.7});
+    comparisons.push_back({"Apply_AllChange" + count, "Apply_BareLoopUnused" + count});
+    comparisons.push_back({"Apply_AllChange" + count, "Apply_BareLoopOfCommands" + count});
     comparisons.push_back({"Apply_AllChangeInGroups" + count, "Apply_BareLoop" + count});
     comparisons.push_back({"Apply_NoneChanges" + count, "Apply_BareLoop" + count});
     comparisons.push_back({"Apply_NoneChangesInGroups" + count, "Apply_BareLoop" + count});

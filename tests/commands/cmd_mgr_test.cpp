@@ -92,19 +92,6 @@ private Q_SLOTS:
     QCOMPARE(f.heardBy(*later), 0);
   }
 
-  void childrenStandInOrderOfRank() {
-    const auto group = Taren::Objects::adoptShared(groupOf(QStringLiteral("G"), {}));
-    group->addCommand(new TestCommand(a), 2);
-    group->addCommand(new TestCommand(b), 1);
-    group->addCommand(new TestCommand(c), 2);
-    group->addCommand(new TestCommand(d), -1);
-    QString order;
-    for (int i = 0; i < 4; ++i)
-      order += group->commandBag().commandAt(i)->commandId();
-    QCOMPARE(order, QStringLiteral("dbac"));
-    QVERIFY(!group->addCommand(group->getCommand(a), 0) && !group->addCommand(group.get(), 0));
-  }
-
   void commandThatAlsoStandsInAGroupIsHeardOnce() {
     ManagerFixture f;
     auto* const child = new TestCommand(a);

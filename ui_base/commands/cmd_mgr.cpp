@@ -10,6 +10,7 @@
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 
+#include <array>
 #include <stdexcept>
 #include <utility>
 
@@ -186,10 +187,7 @@ void CmdMgr::commandForgotten(CommandBase&) {}
 CommandBase* CmdMgr::findCommand(const QString& id) const { return d->index.find(d->bag, id).command; }
 
 std::shared_ptr<CommandBase> CmdMgr::findShared(const QString& id) const {
-  const auto [command, owner] = d->index.find(d->bag, id);
-  if (owner)
-    return *owner;
-  return command ? command->sharedOrEmpty() : nullptr;
+  return d->index.find(d->bag, id).lock();
 }
 
 QVector<CommandBase*> CmdMgr::findCommands(const QString& id, CommandBag* bag) const {
@@ -280,20 +278,41 @@ void CmdMgr::setContext(const CommandContext& context) {
     d->pending.removeOne(pending);
 }
 
-// A command may run on being toggled, and then push a context or change the registry. So an entry is taken
-// when its turn comes, and what is left stays pending.
 void CmdMgr::applyPending(const std::shared_ptr<PendingContext>& pending) {
   // An older context that is half applied, by a command that turns an event loop, comes first.
   while (d->pending.contains(pending) && d->pending.constFirst() != pending)
     applyPending(std::shared_ptr(d->pending.constFirst()));
   const auto done = qScopeGuard([&] { d->pending.removeOne(pending); });
   const QScopedValueRollback applying(d->applying, true);
-  while (!pending->isEmpty()) {
-    const auto entry = pending->take();
-    if (const auto command = findShared(entry.key()))
+  while (!pending->isEmpty())
+    applySome(*pending);
+  pending->applyToKept();
+}
+
+// Commands are looked up, and read, many at a time: they stand far apart in memory, and so the processor
+// waits for several at once instead of for one after the other. But a command may run on being toggled, and
+// then push a context or change the registry. So each entry is taken when its turn comes, what is left stays
+// pending, and what was looked up counts only until a bag changes.
+void CmdMgr::applySome(PendingContext& pending) {
+  struct LookedUp {
+    PendingContext::Entries::const_iterator entry;
+    CommandIndex::Found found;
+  };
+  std::array<LookedUp, 32> some;
+  std::size_t count = 0;
+  const quint64 revision = CommandIndex::revision();
+  for (auto entry = pending.begin(); entry != pending.end() && count < some.size(); ++entry)
+    some.at(count++) = {entry, d->index.find(d->bag, entry.key())};
+  for (std::size_t i = 0; i < count; ++i) {
+    if (const CommandBase* const command = some.at(i).found.command)
+      static_cast<void>(command->isEnabled());
+  }
+  for (std::size_t i = 0; i < count && !pending.isEmpty(); ++i) {
+    const auto entry = pending.take();
+    const bool counts = revision == CommandIndex::revision() && entry == some.at(i).entry;
+    if (const auto command = counts ? some.at(i).found.lock() : findShared(entry.key()))
       command->setCommandState(entry.value());
   }
-  pending->applyToKept();
 }
 
 void CmdMgr::keepPendingCommands() {

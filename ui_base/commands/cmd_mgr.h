@@ -129,6 +129,7 @@ private:
   CommandContext contextOf(const QString& id, StateOf stateOf) const;
   CommandContext presentContext() const;
   void applyPending(const std::shared_ptr<PendingContext>& pending);
+  void applySome(PendingContext& pending);
   void keepPendingCommands();
 
   const std::unique_ptr<CmdMgrPrivate> d;

@@ -9,21 +9,29 @@ namespace Vela::UiBase {
 
 namespace {
 
-// Entering a command costs about as much as asking two groups.
-constexpr qsizetype groupsAskedPerCommand = 2;
+// Entering a command costs about as much as asking four groups.
+constexpr qsizetype groupsAskedPerCommand = 4;
 
 } // namespace
 
+std::shared_ptr<CommandBase> CommandIndex::Found::lock() const {
+  if (owner)
+    return *owner;
+  return command ? command->sharedOrEmpty() : nullptr;
+}
+
+quint64 CommandIndex::revision() noexcept { return CommandBag::revision(); }
+
 CommandIndex::Found CommandIndex::find(const CommandBag& root, const QString& id) {
   if (root.groups().isEmpty())
-    return {root.getCommand(id), nullptr};
+    return findDirectly(root, id);
   if (isUpToDate(root)) {
     if (const auto found = m_first.constFind(id); found != m_first.cend())
       return *found;
     if (m_complete)
       return {};
-  } else if (CommandBase* const command = root.getCommand(id)) {
-    return {command, nullptr};
+  } else if (const Found found = findDirectly(root, id); found.command) {
+    return found;
   }
   const QList<CommandGroup*> groups = root.groups();
   for (CommandGroup* const group : groups) {
@@ -32,6 +40,11 @@ CommandIndex::Found CommandIndex::find(const CommandBag& root, const QString& id
       return {command, nullptr};
   }
   return {};
+}
+
+CommandIndex::Found CommandIndex::findDirectly(const CommandBag& bag, const QString& id) {
+  const auto first = bag.m_first.constFind(id);
+  return first == bag.m_first.cend() ? Found() : Found{first->command.get(), &first->command};
 }
 
 bool CommandIndex::isUpToDate(const CommandBag& root) {

@@ -21,13 +21,18 @@ class CommandIndex {
 public:
   struct Found {
     CommandBase* command = nullptr;
-    const std::shared_ptr<CommandBase>* owner = nullptr; // valid until a bag changes; null when not known
+    const std::shared_ptr<CommandBase>* owner = nullptr; // null when not known
+
+    std::shared_ptr<CommandBase> lock() const;
   };
 
-  /// @p root is always the same bag.
+  /// @p root is always the same bag. What is found counts until revision() changes.
   Found find(const CommandBag& root, const QString& id);
+  /// Changes whenever a bag changes.
+  static quint64 revision() noexcept;
 
 private:
+  static Found findDirectly(const CommandBag& bag, const QString& id);
   bool isUpToDate(const CommandBag& root);
   void add(const CommandBag& bag);
 

@@ -1,0 +1,281 @@
+// SPDX-License-Identifier: MIT
+#include "manager_fixture.h"
+
+#include <support/test_case.h>
+#include <ui_base/commands/cycle_checkable_command.h>
+#include <ui_base/toolbars/tool_button.h>
+
+#include <QActionGroup>
+#include <QSignalSpy>
+
+#include <random>
+
+using namespace Ids;
+using namespace Vela::UiBase;
+using Taren::Objects::adoptShared;
+using Taren::Objects::createShared;
+
+namespace {
+
+/// Children as text: ". *" enabled, "x X" disabled, the second of each checked.
+std::shared_ptr<CommandGroup> groupFrom(const QString& text) {
+  const auto group = adoptShared(groupOf(QStringLiteral("G"), {}));
+  for (const QChar state : text) {
+    auto* const child = checkableCommand(QString::number(group->commandBag().count()));
+    group->addCommand(child, 0);
+    child->setChecked(state == u'*' || state == u'X');
+    child->setEnabled(state == u'*' || state == u'.');
+  }
+  return group;
+}
+
+QString textOf(const CommandGroup& group) {
+  QString text;
+  for (int i = 0; i < group.commandBag().count(); ++i) {
+    const CommandBase& child = *group.commandBag().commandAt(i);
+    text += child.isEnabled() ? (child.isChecked() ? u'*' : u'.') : (child.isChecked() ? u'X' : u'x');
+  }
+  return text;
+}
+
+/// Finds one command more than its bag holds.
+class FarGroup : public CommandGroup {
+public:
+  FarGroup() : CommandGroup(QString(), QString(), QStringLiteral("Far")) {}
+  CommandBase* getCommand(const QString& id) override {
+    return id == far.id ? &far : CommandGroup::getCommand(id);
+  }
+  TestCommand far{QStringLiteral("far")};
+};
+
+} // namespace
+
+/// What a group shows, holds and passes on, and how it is cycled.
+class CommandGroupTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void groupIsCheckedWhileAChildIs_data() {
+    QTest::addColumn<bool>("exclusive");
+    QTest::newRow("exclusive") << true;
+    QTest::newRow("not exclusive") << false;
+  }
+
+  void groupIsCheckedWhileAChildIs() {
+    QFETCH(bool, exclusive);
+    const auto group = groupFrom(QStringLiteral(".."));
+    group->groupActionGroup()->setExclusive(exclusive);
+    CommandBase* const first = group->commandBag().commandAt(0);
+    CommandBase* const second = group->commandBag().commandAt(1);
+    const QSignalSpy toggled(group.get(), &QAction::toggled);
+    first->trigger();
+    second->trigger();
+    QVERIFY(group->isChecked() && first->isChecked() != exclusive);
+    second->toggle();
+    QCOMPARE(group->isChecked(), !exclusive);
+    group->uncheckChildren(false);
+    QVERIFY(!group->isChecked());
+    QCOMPARE(toggled.count(), 2); // never off and on between two children
+
+    auto* const button = new TestCommand(a);
+    group->addCommand(checkableCommand(b, true), 0);
+    group->addCommand(button, 0);
+    button->trigger(); // is never on itself
+    QVERIFY(group->isChecked());
+    group->removeCommand(b);
+    QVERIFY(!group->isChecked());
+  }
+
+  void toolButtonFollowsTheGroup() {
+    ManagerFixture f;
+    auto* const group = f.add(groupOf(QStringLiteral("G"), {checkableCommand(a, true)}));
+    auto* const bound = new ToolButton(group, nullptr);
+    QCOMPARE(bound->property(qPrintable(ToolButton::COMMANDID_PROPERTY)).toString(), group->commandId());
+    QCOMPARE(bound->focusPolicy(), Qt::NoFocus);
+    ToolButton own;
+    own.setCheckable(true);
+    for (ToolButton* const button : {bound, &own}) {
+      group->setToolButton(button);
+      QVERIFY(button->isChecked());
+      group->setEnabled(false);
+      QVERIFY(!button->isEnabled());
+      static_cast<QAction*>(group)->setEnabled(true);
+      static_cast<QAction*>(group)->setChecked(false);
+      QVERIFY(button->isEnabled() && !button->isChecked());
+      f.manager->setContext(f.manager->disabledContext());
+      f.apply();
+      QVERIFY(!button->isEnabled());
+      f.manager->resetContext();
+      f.manager->findCommand(a)->setChecked(true);
+      f.apply();
+      QVERIFY(button->isEnabled() && !button->isChecked());
+      f.manager->findCommand(a)->setChecked(true);
+      QVERIFY(button->isChecked());
+    }
+    group->setToolButton(bound);
+    delete bound;
+    QVERIFY(!group->toolButton());
+    group->setChecked(false);
+  }
+
+  void cycling_data() {
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("after");
+    for (const auto& [name, before, after] :
+         std::initializer_list<std::array<const char*, 3>>{{"none is checked", "...", "*.."},
+                                                           {"the next", "*..", ".*."},
+                                                           {"behind the last comes the first", "..*", "*.."},
+                                                           {"the first is disabled", "x..", "x*."},
+                                                           {"the next is disabled", "*x.", ".x*"},
+                                                           {"only the checked one is enabled", "x*x", "x.x"},
+                                                           {"all are disabled", "xXx", "xxX"},
+                                                           {"a single one", "*", "."},
+                                                           {"no children", "", ""}})
+      QTest::newRow(name) << QString::fromLatin1(before) << QString::fromLatin1(after);
+  }
+
+  void cycling() {
+    QFETCH(QString, before);
+    auto group = groupFrom(before);
+    const QKeySequence shortcut(Qt::Key_Tab);
+    CycleCheckableCommand cycle(nullptr, shortcut, group.get());
+    QVERIFY(!cycle.isCheckable() && cycle.shortcut() == shortcut);
+    QCOMPARE(cycle.commandId(), QStringLiteral("Vela::UiBase::CycleCheckableCommand"));
+    group->setEnabled(false);
+    QVERIFY(!cycle.onExecute());
+    QCOMPARE(textOf(*group), before);
+    group->setEnabled(true);
+    cycle.trigger();
+    QTEST(textOf(*group), "after");
+    QCOMPARE(cycle.onExecute(), !before.isEmpty());
+    group.reset();
+    QVERIFY(!cycle.onExecute());
+  }
+
+  void childTellsAnObserverOnceWhateverLeadsToIt() {
+    ManagerFixture f;
+    auto* const child = new TestCommand(a);
+    auto* const one = f.add(groupOf(QStringLiteral("One"), {}));
+    auto* const two = f.add(groupOf(QStringLiteral("Two"), {}));
+    one->addCommand(child, 0);
+    two->addCommand(child, 0);
+    QCOMPARE(child->commandGroup(), two);
+    QCOMPARE(f.heardBy(*child), 1);
+    f.manager->addCommand(groupOf(QStringLiteral("One"), {child}));
+    QCOMPARE(f.heardBy(*child), 1);
+    two->removeCommand(a);
+    QCOMPARE(child->commandGroup(), one);
+    QCOMPARE(f.heardBy(*child), 1);
+    const auto kept = child->shared_from_this();
+    one->removeCommand(a);
+    QVERIFY(!child->commandGroup());
+    QCOMPARE(f.heardBy(*child), 0);
+    QVERIFY(!one->addCommand(groupOf(QStringLiteral("Outer"), {one}), 0)); // would hold itself
+  }
+
+  void childOfTwoGroupsFallsBackToTheOther() {
+    auto* const child = checkableCommand(a);
+    const auto one = adoptShared(groupOf(QStringLiteral("One"), {child, checkableCommand(b, true)}));
+    auto two = adoptShared(groupOf(QStringLiteral("Two"), {child}));
+    two.reset();
+    QCOMPARE(child->commandGroup(), one.get());
+    child->toggle();
+    QVERIFY(!one->getCommand(b)->isChecked());
+  }
+
+  void groupsThatListenToEachOtherExcludeEachOther() {
+    const auto one = groupFrom(QStringLiteral(".."));
+    const auto two = groupFrom(QStringLiteral("*"));
+    const char* const uncheck = SLOT(uncheckChildren(bool));
+    QVERIFY(one->listenToTrigger(two.get(), uncheck) && two->listenToTrigger(one.get(), uncheck));
+    QVERIFY(!one->listenToTrigger(two.get(), uncheck) && !one->listenToTrigger(nullptr, uncheck));
+    for (int i = 0; i < 2; ++i) {
+      one->commandBag().commandAt(i)->trigger();
+      QVERIFY(one->isChecked() && one->commandBag().commandAt(i)->isChecked());
+      QVERIFY(!two->isChecked() && textOf(*two) == QLatin1String("."));
+    }
+    two->commandBag().commandAt(0)->trigger();
+    QCOMPARE(textOf(*one) + textOf(*two), QStringLiteral("..*"));
+  }
+
+  void ranksMoveWithTheirChildren() {
+    const auto group = adoptShared(groupOf(QStringLiteral("G"), {}));
+    const auto order = [](const CommandGroup& of) {
+      QString ids;
+      for (int i = 0; i < of.commandBag().count(); ++i)
+        ids += of.commandBag().commandAt(i)->commandId();
+      return ids;
+    };
+    group->addCommand(new TestCommand(a), 2);
+    group->addCommand(new TestCommand(b), 1);
+    group->addCommand(new TestCommand(c), 2);
+    group->addCommand(new TestCommand(d), -1);
+    QCOMPARE(order(*group), QStringLiteral("dbac"));
+    group->setCommandRank(d, 2);
+    QCOMPARE(order(*group), QStringLiteral("bacd"));
+    group->removeCommand(c);
+    QCOMPARE(group->getCommandRank(c), 0);
+
+    const auto other = adoptShared(groupOf(QStringLiteral("H"), {new TestCommand(c), new TestCommand(b)}));
+    other->absorbCommandGroup(group.get());
+    QCOMPARE(order(*other), QStringLiteral("cbad"));
+    QCOMPARE(order(*group), QString(b));
+    QCOMPARE(group->getCommandRank(a), 0);
+    QCOMPARE(other->getCommandRank(a), 2);
+  }
+
+  void groupOfAPendingChildIsForeseen() {
+    ManagerFixture f;
+    f.add(groupOf(QStringLiteral("G"),
+                  {groupOf(QStringLiteral("H"), {checkableCommand(a), checkableCommand(b)})}));
+    for (const QLatin1String id : {a, b}) {
+      CommandContext check;
+      check.overwrite(id, {State::Keep, State::On});
+      f.manager->setContext(check);
+      f.manager->pushContext({});
+      const QString foreseen = ::textOf(f.manager->contextStack().last());
+      f.apply();
+      QCOMPARE(foreseen, f.states());
+    }
+    QVERIFY(f.manager->findCommand(groupId(QStringLiteral("G")))->isChecked());
+  }
+
+  void lookUpsFollowEveryChange() {
+    std::mt19937 random(20240711);
+    const auto below = [&random](qsizetype limit) { return static_cast<int>(random() % unsigned(limit)); };
+    ManagerFixture f;
+    QList<CommandGroup*> groups;
+    for (const char* name : {"F", "G", "H"})
+      groups.append(groupOf(QString::fromLatin1(name), {}));
+    for (CommandGroup* const group : {groups.at(0), groups.at(2)})
+      f.add(group);
+    groups.at(0)->addCommand(groups.at(1), 0);
+    f.add(new FarGroup);
+    for (int step = 0; step < 3000; ++step) {
+      const QString id = QString::number(below(40));
+      CommandGroup* const group = groups.at(below(groups.size()));
+      switch (below(20)) {
+      case 0:
+        f.manager->addCommand(new TestCommand(id));
+        break;
+      case 1:
+        group->addCommand(new TestCommand(id), below(3));
+        break;
+      case 2:
+        group->removeCommand(id);
+        break;
+      case 3:
+        f.manager->removeCommand(id);
+        break;
+      default:
+        const auto all = f.manager->findCommands(id);
+        QCOMPARE(f.manager->findCommand(id), all.isEmpty() ? nullptr : all.first());
+      }
+    }
+    QCOMPARE(f.manager->findCommand(QStringLiteral("far"))->commandId(), QStringLiteral("far"));
+    QVERIFY(!f.manager->findCommand(d));
+  }
+};
+
+VELA_TEST_MAIN(CommandGroupTest)
+#include "command_group_test.moc"

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include "flyout_command.h"
+
+#include "command_ref.h"
+
+#include <ui_base/popups/flyout_base.h>
+#include <ui_base/toolbars/tool_button.h>
+#include <ui_base/views/base_view.h>
+#include <ui_base/views/cmds_view_controller.h>
+#include <vlk_common_res/strings.h>
+#include <vlk_license/license_service.h>
+
+#include <QEvent>
+
+#include <utility>
+
+namespace Vela::UiBase {
+
+namespace {
+
+using License::LicenseService;
+
+/// Makes a flyout busy while its command executes.
+class BusyFlyout : public CommandStateProtocol {
+public:
+  explicit BusyFlyout(FlyoutBase* flyout) : m_flyout(flyout) {}
+
+  void commandBeganExecuting(CommandBase*, bool) override { setBusy(true); }
+  void commandEndedExecuting(CommandBase*, bool) override { setBusy(false); }
+
+private:
+  void setBusy(bool busy) const {
+    if (m_flyout)
+      m_flyout->SetBusy(busy);
+  }
+
+  const QPointer<FlyoutBase> m_flyout;
+};
+
+Vela::UiBase::ToolButton* hostingButton(const FlyoutBase* flyout) {
+  return flyout ? qobject_cast<Vela::UiBase::ToolButton*>(flyout->ToolButton()) : nullptr;
+}
+
+} // namespace
+
+class FlyoutCommandPrivate {
+public:
+  QPointer<QWidget> panel;
+  bool active = false;
+  bool begun = false;
+  std::weak_ptr<CmdMgr> pushedOn; // the manager that has the context of the beginning
+  std::shared_ptr<BusyFlyout> busyFlyout;
+};
+
+FlyoutCommand::FlyoutCommand(QWidget* panel, CmdsViewController* viewController)
+    : CommandBase(viewController), d(std::make_unique<FlyoutCommandPrivate>()) {
+  d->panel = panel;
+  enableExecutionNotification(true);
+  setExecutionQoS(Taren::Core::NormalQoS);
+  if (const auto* const flyoutPanel = qobject_cast<FlyoutBase*>(panel))
+    connectFlyout(*flyoutPanel);
+}
+
+FlyoutCommand::~FlyoutCommand() { beginDestruction(); }
+
+// By signature: what a flyout offers is known by the names of its signals alone.
+void FlyoutCommand::connectFlyout(const FlyoutBase& panel) {
+  connect(&panel, SIGNAL(ApplyChanges()), this, SLOT(onExecute()));
+  connect(&panel, SIGNAL(CloseFlyout()), this, SLOT(onFinalize()));
+  connect(&panel, SIGNAL(ESCKeyReleased()), this, SLOT(onESCKeyReleased()));
+  if (panel.IsResetButtonEnabled()) {
+    const QWidget* const main = panel.MainPanel();
+    if (main && main->metaObject()->indexOfSignal("ResetValues()") >= 0)
+      connect(&panel, SIGNAL(ResetValues()), main, SIGNAL(ResetValues()));
+    connect(&panel, SIGNAL(ResetValues()), this, SLOT(onReset()));
+  }
+  d->busyFlyout = std::make_shared<BusyFlyout>(const_cast<FlyoutBase*>(&panel));
+  addObserver(d->busyFlyout, false);
+}
+
+FlyoutBase* FlyoutCommand::flyout() const { return qobject_cast<FlyoutBase*>(d->panel.data()); }
+
+QWidget* FlyoutCommand::simpleFlyout() const { return d->panel; }
+
+bool FlyoutCommand::isSimpleFlyout() const { return !flyout(); }
+
+bool FlyoutCommand::isActive() const { return d->active; }
+
+void FlyoutCommand::setIsActive(bool active) { d->active = active; }
+
+QStringList FlyoutCommand::commandTags() { return {Resource::String::TAG_FLYOUT()}; }
+
+bool FlyoutCommand::event(QEvent* event) {
+  if (event->type() == QEvent::ActionChanged) {
+    if (FlyoutBase* const panel = flyout())
+      panel->setEnabled(isEnabled());
+  }
+  return CommandBase::event(event);
+}
+
+void FlyoutCommand::onTriggered(bool checked) {
+  if (isCheckable())
+    return;
+  const CommandRef self(*this);
+  if (isPaidFeature() && !LicenseService::Instance().isUsable()) {
+    LicenseService::Instance().showLicenseDialog(getView());
+    return;
+  }
+  Q_EMIT toBeTriggered(checked);
+  if (self.get())
+    onBegin();
+}
+
+void FlyoutCommand::onToggled(bool checked) {
+  if (!isCheckable())
+    return;
+  const CommandRef self(*this);
+  Q_EMIT toBeToggled(checked);
+  if (!self.get())
+    return;
+  if (checked)
+    onBegin();
+  else
+    onFinalize();
+}
+
+bool FlyoutCommand::onExecute(bool checked) { return onBeforeExecute() && CommandBase::onExecute(checked); }
+
+void FlyoutCommand::onBegin() {
+  if (std::exchange(d->begun, true))
+    return;
+  const CommandRef self(*this);
+  setIsActive(true);
+  if (auto* const controller = getViewController(); controller && !isSimpleFlyout()) {
+    controller->pushContext(getBeginCommandContext());
+    d->pushedOn = controller->CmdMgr::shared_from_this();
+  }
+  broadcast([this, ref = sharedOrEmpty()](CommandStateProtocol* observer) { observer->commandBegan(this); });
+  if (!self.get() || !d->begun)
+    return;
+  if (Vela::UiBase::ToolButton* const button = hostingButton(flyout())) {
+    if (!button->ClickedHandlerRequested())
+      QMetaObject::invokeMethod(button, "OnClicked", Qt::QueuedConnection, Q_ARG(bool, false));
+  } else if (d->panel) {
+    d->panel->show();
+  }
+}
+
+void FlyoutCommand::onFinalize() {
+  if (!std::exchange(d->begun, false))
+    return;
+  const CommandRef self(*this);
+  setIsActive(false);
+  if (const auto manager = std::exchange(d->pushedOn, {}).lock())
+    manager->popContext();
+  broadcast([this, ref = sharedOrEmpty()](CommandStateProtocol* observer) { observer->commandEnded(this); });
+  if (!self.get() || d->begun)
+    return;
+  if (d->panel && !hostingButton(flyout()))
+    d->panel->hide();
+  if (isCheckable() && isChecked())
+    setChecked(false); // it was closed from the panel
+}
+
+void FlyoutCommand::onReset() {}
+
+void FlyoutCommand::onExitCommand() {
+  if (!d->panel || !isActive() || !d->panel->isVisible())
+    return;
+  if (FlyoutBase* const panel = flyout()) {
+    panel->CloseMe();
+    return;
+  }
+  d->panel->setVisible(false);
+  onFinalize();
+}
+
+void FlyoutCommand::onESCKeyReleased() {}
+
+CommandContext FlyoutCommand::getBeginCommandContext() { return {}; }
+
+bool FlyoutCommand::onBeforeExecute() { return true; }
+
+} // namespace Vela::UiBase
