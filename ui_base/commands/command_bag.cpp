@@ -3,28 +3,18 @@
 
 #include "command_base.h"
 #include "command_group.h"
+#include "command_index.h"
 
 #include <algorithm>
-#include <atomic>
 
 namespace Vela::UiBase {
-
-namespace {
-
-std::atomic<quint64> changes = 1;
-
-void countChange() { changes.fetch_add(1, std::memory_order_relaxed); }
-
-} // namespace
-
-quint64 CommandBag::revision() noexcept { return changes.load(std::memory_order_relaxed); }
 
 CommandBag::CommandBag() = default;
 CommandBag::CommandBag(const CommandBag&) = default;
 CommandBag& CommandBag::operator=(const CommandBag& other) {
   if (this == &other)
     return *this;
-  countChange();
+  CommandIndex::bagChanges();
   // What was held dies when the bag is in order again.
   CommandBag copy(other);
   m_entries.swap(copy.m_entries);
@@ -50,7 +40,7 @@ bool CommandBag::insertCommand(int position, const std::shared_ptr<CommandBase>&
   if (first.count > 0 && std::any_of(m_entries.begin(), m_entries.end(), isSame))
     return false;
 
-  countChange();
+  CommandIndex::bagChanges();
   const int at = std::clamp(position, 0, count());
   const bool appended = at == count();
   m_entries.insert(m_entries.begin() + at, {id, command});
@@ -89,7 +79,7 @@ bool CommandBag::removeCommand(const CommandBase* command) {
 }
 
 void CommandBag::remove(Entries::const_iterator entry) {
-  countChange();
+  CommandIndex::bagChanges();
   const QString id = entry->id;
   const auto command = entry->command; // may be the last reference; released when the bag is in order again
   const auto next = m_entries.erase(entry);
@@ -105,7 +95,7 @@ void CommandBag::remove(Entries::const_iterator entry) {
 }
 
 void CommandBag::clear() {
-  countChange();
+  CommandIndex::bagChanges();
   m_first.clear();
   m_groups.clear();
   m_positions.clear();

@@ -78,9 +78,6 @@ private:
   };
   using Entries = std::vector<Entry>;
 
-  // Counts the changes of all bags.
-  static quint64 revision() noexcept;
-
   int positionOf(const QString& id) const;
   void remove(Entries::const_iterator entry);
   void collectGroups();

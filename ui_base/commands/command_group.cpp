@@ -29,19 +29,10 @@ public:
   ToolBar* toolbar = nullptr;
   QPointer<ToolButton> toolButton;
   GroupObservers observers;
-
-  std::shared_ptr<CommandBase> findChild(const CommandBase* child) const {
-    for (int i = 0; i < bag.count(); ++i) {
-      if (bag.commandAt(i) == child)
-        return bag.sharedCommandAt(i);
-    }
-    return nullptr;
-  }
 };
 
 namespace {
 
-/// Calls @p visit with every child of a group.
 template <class Visitor>
 void forEachChild(const CommandBag& children, const Visitor& visit) {
   for (int i = 0; i < children.count(); ++i)
@@ -74,8 +65,7 @@ CommandGroup::CommandGroup(const QString& iconName, const QString& toolTip, cons
 
 CommandGroup::~CommandGroup() {
   beginDestruction();
-  for (int i = 0; i < d->bag.count(); ++i)
-    detachChild(*d->bag.commandAt(i));
+  forEachChild(d->bag, [this](CommandBase& child) { detachChild(child); });
 }
 
 QString CommandGroup::className() {
@@ -98,9 +88,8 @@ bool CommandGroup::onExecuteAsync(bool) { return true; }
 
 bool CommandGroup::hasCommand(const QString& id) const {
   const QList<CommandGroup*>& groups = d->bag.groups();
-  return d->bag.hasCommand(id) ||
-         std::any_of(groups.cbegin(), groups.cend(),
-                     [&id](const CommandGroup* group) { return group->hasCommand(id); });
+  const auto has = [&id](const CommandGroup* group) { return group->hasCommand(id); };
+  return d->bag.hasCommand(id) || std::any_of(groups.cbegin(), groups.cend(), has);
 }
 
 CommandBase* CommandGroup::getCommand(const QString& id) {
@@ -120,14 +109,12 @@ CommandGroup* CommandGroup::getCommandGroup(const QString& id) {
 
 void CommandGroup::addAttachedCommandGroupName(const QString& name) {
   CommandBase::addAttachedCommandGroupName(name);
-  for (int i = 0; i < d->bag.count(); ++i)
-    d->bag.commandAt(i)->addAttachedCommandGroupName(name);
+  forEachChild(d->bag, [&name](CommandBase& child) { child.addAttachedCommandGroupName(name); });
 }
 
 void CommandGroup::removeAttachedCommandGroupName(const QString& name) {
   CommandBase::removeAttachedCommandGroupName(name);
-  for (int i = 0; i < d->bag.count(); ++i)
-    d->bag.commandAt(i)->removeAttachedCommandGroupName(name);
+  forEachChild(d->bag, [&name](CommandBase& child) { child.removeAttachedCommandGroupName(name); });
 }
 
 void CommandGroup::addObserver(CommandStateProtocol* observer) {
@@ -149,19 +136,15 @@ void CommandGroup::addObserver(const std::shared_ptr<CommandStateProtocol>& obse
 void CommandGroup::removeObserver(CommandStateProtocol* observer) {
   CommandBase::removeObserver(observer);
   d->observers.remove(observer);
-  forEachChild(d->bag, [this, observer](CommandBase& child) {
-    child.removeObserver(observer);
-    leaveToOtherGroups(child);
-  });
+  forEachChild(d->bag, [&](CommandBase& child) { child.removeObserver(observer); });
+  forEachChild(d->bag, [this](CommandBase& child) { leaveToOtherGroups(child); });
 }
 
 void CommandGroup::removeObserver(const std::shared_ptr<CommandStateProtocol>& observer) {
   CommandBase::removeObserver(observer);
   d->observers.remove(observer);
-  forEachChild(d->bag, [&](CommandBase& child) {
-    child.removeObserver(observer);
-    leaveToOtherGroups(child);
-  });
+  forEachChild(d->bag, [&](CommandBase& child) { child.removeObserver(observer); });
+  forEachChild(d->bag, [this](CommandBase& child) { leaveToOtherGroups(child); });
 }
 
 void CommandGroup::removeAllObservers() {
@@ -231,7 +214,7 @@ void CommandGroup::absorbCommandGroup(CommandGroup* other) {
   for (int i = 0; i < children.count() && self.get() && absorbed.get(); ++i) {
     CommandBase* const child = children.commandAt(i);
     const QString id = child->commandId();
-    if (!other->d->findChild(child) || child == this)
+    if (!other->d->bag.contains(child))
       continue;
     if (!d->bag.hasCommand(id)) {
       const int rank = other->getCommandRank(id);
@@ -292,11 +275,10 @@ void CommandGroup::showChildren() {
 void CommandGroup::showOnButton() {
   if (!d->toolButton)
     return;
-  const QPointer<ToolButton> button = d->toolButton;
-  const bool checked = isChecked();
-  button->setEnabled(isEnabled());
-  if (button && isCheckable())
-    button->setChecked(checked);
+  const CommandRef self(*this);
+  d->toolButton->setEnabled(isEnabled());
+  if (self.get() && d->toolButton && isCheckable())
+    d->toolButton->setChecked(isChecked());
 }
 
 void CommandGroup::setEnabled(bool enabled) {
@@ -325,13 +307,11 @@ void CommandGroup::setCommandRank(const QString& id, int rank) {
   if (!moves)
     return;
   const CommandBag before = d->bag;
-  forEachChild(before, [&](CommandBase& child) {
-    if (child.commandId() != id)
-      return;
-    const auto moved = d->findChild(&child);
-    d->bag.removeCommand(&child);
-    d->bag.insertCommand(positionOf(rank), moved);
-  });
+  for (int i = 0; i < before.count(); ++i) {
+    const auto child = before.sharedCommandAt(i);
+    if (child->commandId() == id && d->bag.removeCommand(child.get()))
+      d->bag.insertCommand(positionOf(rank), child);
+  }
 }
 
 bool CommandGroup::isVirtualGroup() const { return d->virtualGroup; }
@@ -397,7 +377,7 @@ void CommandGroup::uncheckChildren(bool) {
   const CommandBag children = d->bag; // a child that runs may change the group
   for (int i = 0; i < children.count() && self.get(); ++i) {
     CommandBase* const child = children.commandAt(i);
-    if (d->findChild(child) && child->isCheckable() && child->isChecked())
+    if (d->bag.contains(child) && child->isCheckable() && child->isChecked())
       child->toggle();
   }
   if (self.get() && isCheckable() && isChecked())

@@ -20,17 +20,14 @@ std::shared_ptr<CommandBase> CommandIndex::Found::lock() const {
   return command ? command->sharedOrEmpty() : nullptr;
 }
 
-quint64 CommandIndex::revision() noexcept { return CommandBag::revision(); }
-
 CommandIndex::Found CommandIndex::find(const CommandBag& root, const QString& id) {
-  if (root.groups().isEmpty())
-    return findDirectly(root, id);
-  if (isUpToDate(root)) {
+  const bool hasGroups = !root.groups().isEmpty();
+  if (m_revision == revision() || (hasGroups && makeAnew(root))) {
     if (const auto found = m_first.constFind(id); found != m_first.cend())
       return *found;
     if (m_complete)
       return {};
-  } else if (const Found found = findDirectly(root, id); found.command) {
+  } else if (const Found found = findDirectly(root, id); found.command || !hasGroups) {
     return found;
   }
   const QList<CommandGroup*> groups = root.groups();
@@ -47,12 +44,10 @@ CommandIndex::Found CommandIndex::findDirectly(const CommandBag& bag, const QStr
   return first == bag.m_first.cend() ? Found() : Found{first->command.get(), &first->command};
 }
 
-bool CommandIndex::isUpToDate(const CommandBag& root) {
-  if (m_revision == CommandBag::revision())
-    return true;
+bool CommandIndex::makeAnew(const CommandBag& root) {
   if (m_asked < m_first.size() * groupsAskedPerCommand)
     return false;
-  m_revision = CommandBag::revision();
+  m_revision = revision();
   m_asked = 0;
   m_complete = true;
   m_first.clear();

@@ -4,6 +4,7 @@
 #include <QHash>
 #include <QString>
 
+#include <atomic>
 #include <memory>
 
 namespace Vela::UiBase {
@@ -28,18 +29,21 @@ public:
 
   /// @p root is always the same bag. What is found counts until revision() changes.
   Found find(const CommandBag& root, const QString& id);
-  /// Changes whenever a bag changes.
-  static quint64 revision() noexcept;
+  /// Counts the changes of all bags, which tell of them before they happen.
+  static quint64 revision() noexcept { return s_changes.load(std::memory_order_relaxed); }
+  static void bagChanges() noexcept { s_changes.fetch_add(1, std::memory_order_relaxed); }
 
 private:
   static Found findDirectly(const CommandBag& bag, const QString& id);
-  bool isUpToDate(const CommandBag& root);
+  bool makeAnew(const CommandBag& root);
   void add(const CommandBag& bag);
 
   QHash<QString, Found> m_first;
-  quint64 m_revision = 0; // of the bags when the index was made; theirs starts at 1
+  quint64 m_revision = 0; // when the index was made
   bool m_complete = true; // no group looks elsewhere
-  qsizetype m_asked = 0;  // groups asked since the index went out of date
+  qsizetype m_asked = 0;  // groups asked since the index was made
+
+  inline static std::atomic<quint64> s_changes = 1;
 };
 
 } // namespace Vela::UiBase

@@ -57,11 +57,17 @@ FlyoutCommand::FlyoutCommand(QWidget* panel, CmdsViewController* viewController)
   d->panel = panel;
   enableExecutionNotification(true);
   setExecutionQoS(Taren::Core::NormalQoS);
+  if (panel)
+    connect(panel, &QObject::destroyed, this, &FlyoutCommand::onFinalize);
   if (const auto* const flyoutPanel = qobject_cast<FlyoutBase*>(panel))
     connectFlyout(*flyoutPanel);
 }
 
-FlyoutCommand::~FlyoutCommand() { beginDestruction(); }
+FlyoutCommand::~FlyoutCommand() {
+  beginDestruction();
+  if (const auto manager = d->pushedOn.lock())
+    manager->popContext();
+}
 
 // By signature: what a flyout offers is known by the names of its signals alone.
 void FlyoutCommand::connectFlyout(const FlyoutBase& panel) {
