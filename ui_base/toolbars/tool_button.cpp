@@ -5,11 +5,15 @@
 
 #include <QPointer>
 
+#include <utility>
+
 namespace Vela::UiBase {
 
 class ToolButtonPrivate {
 public:
   QPointer<QAction> action;
+  bool clickedHandlerRequested = false;
+  bool suppressClickedHandler = false;
 };
 
 const QString ToolButton::COMMANDID_PROPERTY = QString::fromLatin1(CMDID_PROP);
@@ -25,6 +29,7 @@ ToolButton::~ToolButton() = default;
 
 void ToolButton::Initialize(QAction* action) {
   setFocusPolicy(Qt::NoFocus);
+  connect(this, &QAbstractButton::clicked, this, &ToolButton::OnClicked);
   if (!action)
     return;
   d->action = action;
@@ -36,5 +41,27 @@ void ToolButton::Initialize(QAction* action) {
 }
 
 QAction* ToolButton::Action() const { return d->action; }
+
+bool ToolButton::ClickedHandlerRequested() const { return d->clickedHandlerRequested; }
+
+void ToolButton::SuppressClickedHandler(bool suppress) { d->suppressClickedHandler = suppress; }
+
+// The first thing a click does: the action is toggled and triggered before clicked() is emitted.
+void ToolButton::nextCheckState() {
+  d->clickedHandlerRequested = true;
+  QToolButton::nextCheckState();
+}
+
+void ToolButton::OnClicked(bool) {
+  const QPointer<ToolButton> self(this);
+  Q_EMIT ToolButtonClicked();
+  if (!self)
+    return;
+  d->clickedHandlerRequested = false;
+  if (!std::exchange(d->suppressClickedHandler, false))
+    ClickedHandler();
+}
+
+void ToolButton::ClickedHandler() {}
 
 } // namespace Vela::UiBase

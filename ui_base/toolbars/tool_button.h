@@ -37,6 +37,24 @@ public:
   /// The action the button was bound to; null when there is none or it has died.
   QAction* Action() const;
 
+  /// Whether a click on the button is being handled: between the moment it changes the action's state and
+  /// OnClicked(). What the action starts meanwhile leaves it to the click to go on.
+  bool ClickedHandlerRequested() const;
+  /// Keeps the next click from ClickedHandler(); for that one only.
+  void SuppressClickedHandler(bool suppress);
+
+public Q_SLOTS:
+  /// The button was clicked: announces it, then calls ClickedHandler().
+  void OnClicked(bool isChecked);
+
+Q_SIGNALS:
+  void ToolButtonClicked();
+
+protected:
+  /// What a subclass does on a click, beside the action; nothing by default.
+  virtual void ClickedHandler();
+  void nextCheckState() override;
+
 private:
   void Initialize(QAction* action);
 

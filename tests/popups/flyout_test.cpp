@@ -1,0 +1,417 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <ui_base/commands/flyout_command.h>
+#include <ui_base/popups/flyout_base.h>
+#include <ui_base/toolbars/tool_button.h>
+#include <ui_base/views/base_view.h>
+#include <ui_base/views/cmds_view_controller.h>
+#include <vlk_common_res/strings.h>
+#include <vlk_license/license_service.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QVBoxLayout>
+#include <QWindow>
+
+using namespace Vela::UiBase;
+
+namespace {
+
+class ValuesPanel : public QWidget {
+  Q_OBJECT
+
+public:
+  ValuesPanel() {
+    auto* const column = new QVBoxLayout(this);
+    column->addWidget(spin = new QSpinBox);
+    column->addWidget(edit = new QLineEdit);
+  }
+  QSpinBox* spin;
+  QLineEdit* edit;
+
+Q_SIGNALS:
+  void ResetValues();
+};
+
+class PanelCommand : public FlyoutCommand {
+  Q_OBJECT
+  COMMAND_ID(PanelCommand)
+
+public:
+  PanelCommand(QWidget* panel, CmdsViewController* controller) : FlyoutCommand(panel, controller) {}
+  using CommandBase::setIsPaidFeature;
+
+  int runs = 0;
+  bool mayRun = true;
+  QStringList hooks;
+
+  bool onExecuteAsync(bool) override { return ++runs; }
+  void onReset() override { hooks += "reset"; }
+  void onESCKeyReleased() override { hooks += "escape"; }
+
+protected:
+  bool onBeforeExecute() override { return mayRun; }
+  CommandContext getBeginCommandContext() override {
+    CommandContext context;
+    context.overwrite(QStringLiteral("other"), {State::Off, State::Keep});
+    return context;
+  }
+};
+
+class OtherCommand : public CommandBase {
+public:
+  OtherCommand() : CommandBase(nullptr) {}
+  QString commandId() const override { return QStringLiteral("other"); }
+  bool onExecuteAsync(bool) override { return true; }
+};
+
+class Observer : public CommandStateProtocol {
+public:
+  explicit Observer(QStringList& heard) : m_heard(heard) {}
+  void commandBegan(CommandBase*) override { m_heard += "began"; }
+  void commandEnded(CommandBase*) override { m_heard += "ended"; }
+
+private:
+  QStringList& m_heard;
+};
+
+/// A window with a view that has a flyout beside a field of the window.
+struct Stage {
+  explicit Stage(bool checkable = false, QWidget* simple = nullptr) {
+    auto* const column = new QVBoxLayout(&window);
+    column->addWidget(field = new QLineEdit);
+    column->addWidget(view = new BaseView, 1);
+    controller = new CmdsViewController(view);
+    if (!simple) {
+      panel = new ValuesPanel;
+      flyout = new FlyoutBase("Smoothing", panel, nullptr, true, true, true, true, &window);
+      flyout->hide();
+    }
+    command = new PanelCommand(simple ? simple : flyout.data(), controller);
+    command->setCheckable(checkable);
+    controller->addCommand(command);
+    controller->addCommand(other = new OtherCommand);
+    command->addObserver(observer, false);
+    window.resize(500, 400);
+    window.show();
+    window.activateWindow();
+    if (!QTest::qWaitForWindowActive(&window))
+      qFatal("the window does not become active");
+    field->setFocus();
+  }
+  void key(Qt::Key key) { QTest::keyClick(window.windowHandle(), key); }
+  QAbstractButton* button(const QString& text) const {
+    const auto buttons = flyout->findChildren<QAbstractButton*>();
+    for (QAbstractButton* const each : buttons) {
+      if (each->text() == text || each->accessibleName() == text)
+        return each;
+    }
+    return nullptr;
+  }
+  void click(const QString& text) {
+    QWidget* const target = button(text);
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
+                      target->mapTo(&window, target->rect().center()));
+  }
+
+  QWidget window;
+  QLineEdit* field;
+  BaseView* view;
+  CmdsViewController* controller;
+  ValuesPanel* panel = nullptr;
+  QPointer<FlyoutBase> flyout;
+  PanelCommand* command;
+  OtherCommand* other;
+  QStringList heard;
+  std::shared_ptr<Observer> observer = std::make_shared<Observer>(heard);
+};
+
+} // namespace
+
+class FlyoutTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void commandBeginsAndEndsOnce_data();
+  void commandBeginsAndEndsOnce();
+  void beginContextLastsFromBeginToEnd();
+  void simpleFlyoutIsOnlyShown();
+  void applyingRunsTheWorkAndMakesTheFlyoutBusy();
+  void resetReachesPanelAndCommand();
+  void buttonOpensTheFlyoutAfterTheEvent();
+  void panelFollowsTheEnabledCommand();
+  void unusablePaidFeatureDoesNotBegin();
+  void panelOrCommandMayGoFirst_data();
+  void panelOrCommandMayGoFirst();
+
+  void keyboardAloneWorksTheFlyout();
+  void escapeOfAListIsNotTheFlyouts();
+  void busyFlyoutKeepsTheFocus();
+  void subWidgetsStandBesideAndFollow();
+  void openedAndClosedWithoutGrowth();
+};
+
+void FlyoutTest::commandBeginsAndEndsOnce_data() {
+  QTest::addColumn<bool>("checkable");
+  QTest::addColumn<QString>("end");
+  for (const bool checkable : {false, true}) {
+    for (const QString end : {"Close", "Cancel", "escape", "exit", "close me", "finalize", "trigger"}) {
+      if (checkable || end != "trigger") // which begins again
+        QTest::addRow("%s, %s", checkable ? "checkable" : "plain", qPrintable(end)) << checkable << end;
+    }
+  }
+}
+
+void FlyoutTest::commandBeginsAndEndsOnce() {
+  QFETCH(bool, checkable);
+  QFETCH(QString, end);
+  Stage stage(checkable);
+  QSignalSpy cancelled(stage.flyout, &FlyoutBase::CancelChanges);
+  for (int round = 1; round <= 2; ++round) {
+    stage.command->trigger();
+    stage.command->onBegin();
+    QCOMPARE(stage.heard, QStringList("began"));
+    QVERIFY(stage.flyout->isVisible() && stage.command->isActive());
+    QCOMPARE(stage.controller->runningCommand().get(), stage.command);
+    if (end == "escape")
+      stage.key(Qt::Key_Escape);
+    else if (end == "exit")
+      stage.command->onExitCommand();
+    else if (end == "close me")
+      stage.flyout->CloseMe();
+    else if (end == "finalize")
+      stage.command->onFinalize();
+    else if (end == "trigger")
+      stage.command->trigger();
+    else
+      stage.click(end);
+    stage.flyout->CloseMe();
+    stage.command->onFinalize();
+    stage.command->onExitCommand();
+    QCOMPARE(std::exchange(stage.heard, {}), QStringList({"began", "ended"}));
+    QVERIFY(!stage.flyout->isVisible() && !stage.command->isActive() && !stage.command->isChecked());
+    QVERIFY(stage.field->hasFocus());
+    QCOMPARE(cancelled.count(), end == "Cancel" || end == "escape" ? round : 0);
+  }
+  QCOMPARE(stage.command->runs, 0);
+}
+
+void FlyoutTest::beginContextLastsFromBeginToEnd() {
+  Stage stage;
+  stage.command->trigger();
+  QTRY_VERIFY(!stage.other->isEnabled());
+  stage.flyout->CloseMe();
+  QTRY_VERIFY(stage.other->isEnabled());
+  QVERIFY(stage.controller->contextStack().isEmpty());
+}
+
+void FlyoutTest::simpleFlyoutIsOnlyShown() {
+  QLabel label("simple");
+  Stage stage(true, &label);
+  QVERIFY(stage.command->isSimpleFlyout() && !stage.command->flyout());
+  QVERIFY(stage.command->hasTag(Vela::Resource::String::TAG_FLYOUT()));
+  stage.command->trigger();
+  QVERIFY(label.isVisible());
+  QVERIFY(stage.controller->contextStack().isEmpty());
+  stage.command->onExitCommand();
+  QVERIFY(!label.isVisible() && !stage.command->isChecked());
+  QCOMPARE(stage.heard, QStringList({"began", "ended"}));
+  Vela::Test::settle();
+  QVERIFY(stage.other->isEnabled());
+}
+
+void FlyoutTest::applyingRunsTheWorkAndMakesTheFlyoutBusy() {
+  Stage stage;
+  QSignalSpy busy(stage.flyout, &FlyoutBase::FlyoutBusy);
+  QSignalSpy idle(stage.flyout, &FlyoutBase::FlyoutIdle);
+  stage.command->trigger();
+  stage.click("Apply");
+  QVERIFY(stage.flyout->IsBusy() && !stage.panel->isEnabled());
+  stage.flyout->Apply(); // one at a time
+  QTRY_VERIFY(!stage.flyout->IsBusy());
+  stage.command->mayRun = false;
+  stage.click("Apply");
+  QVERIFY(!stage.flyout->IsBusy());
+  QCOMPARE(stage.command->runs, 1);
+  QCOMPARE(busy.count() + idle.count(), 2);
+  QVERIFY(stage.flyout->isVisible());
+}
+
+void FlyoutTest::resetReachesPanelAndCommand() {
+  Stage stage;
+  QSignalSpy reset(stage.panel, &ValuesPanel::ResetValues);
+  stage.command->trigger();
+  stage.click("Reset");
+  QCOMPARE(reset.count(), 1);
+  QCOMPARE(stage.command->hooks, QStringList("reset"));
+  stage.flyout->EnableResetButton(false);
+  stage.flyout->Reset();
+  QCOMPARE(reset.count(), 1);
+}
+
+void FlyoutTest::buttonOpensTheFlyoutAfterTheEvent() {
+  Stage stage;
+  auto* const button = new ToolButton(stage.command, &stage.window);
+  button->show();
+  stage.flyout->SetToolButton(button);
+  QSignalSpy clicked(button, &ToolButton::ToolButtonClicked);
+  stage.command->trigger(); // by a shortcut
+  QCOMPARE(clicked.count(), 0);
+  QTRY_COMPARE(clicked.count(), 1);
+  stage.command->onFinalize();
+  button->click();
+  Vela::Test::settle();
+  QCOMPARE(clicked.count(), 2); // the click goes on by itself
+  QVERIFY(!button->ClickedHandlerRequested());
+}
+
+void FlyoutTest::panelFollowsTheEnabledCommand() {
+  Stage stage;
+  stage.command->setEnabled(false);
+  QVERIFY(!stage.flyout->isEnabled());
+  stage.command->setEnabled(true);
+  QVERIFY(stage.flyout->isEnabled());
+}
+
+void FlyoutTest::unusablePaidFeatureDoesNotBegin() {
+  class NoLicense : public Vela::License::ILicenseProvider {
+  public:
+    Vela::License::ELicenseState state() const override { return Vela::License::NoLicense; }
+  };
+  auto& service = Vela::License::LicenseService::Instance();
+  Stage stage;
+  stage.command->setIsPaidFeature(true);
+  service.setProvider(std::make_unique<NoLicense>());
+  bool asked = false;
+  QTimer::singleShot(0, &stage.window, [&] {
+    asked = QApplication::activeModalWidget();
+    if (asked)
+      QApplication::activeModalWidget()->close();
+  });
+  stage.command->trigger();
+  service.setProvider(nullptr);
+  QVERIFY(asked);
+  QCOMPARE(stage.heard, QStringList());
+}
+
+void FlyoutTest::panelOrCommandMayGoFirst_data() {
+  QTest::addColumn<QString>("first");
+  for (const char* first : {"flyout", "command", "view", "button"})
+    QTest::newRow(first) << first;
+}
+
+void FlyoutTest::panelOrCommandMayGoFirst() {
+  QFETCH(QString, first);
+  Stage stage;
+  auto* const button = new ToolButton(&stage.window);
+  if (first == "button")
+    stage.flyout->SetToolButton(button);
+  stage.command->trigger();
+  if (first == "flyout")
+    delete stage.flyout;
+  else if (first == "command")
+    stage.controller->removeCommand(stage.command);
+  else if (first == "view")
+    delete stage.view;
+  else
+    delete button;
+  Vela::Test::settle();
+  if (first == "flyout")
+    QCOMPARE(stage.heard, QStringList({"began", "ended"}));
+  if (first != "view") {
+    QCOMPARE(stage.controller->contextStack().isEmpty(), first != "button");
+    QCOMPARE(stage.other->isEnabled(), first != "button");
+  }
+  if (stage.flyout)
+    stage.flyout->CloseMe();
+}
+
+void FlyoutTest::keyboardAloneWorksTheFlyout() {
+  Stage stage;
+  stage.command->trigger();
+  QVERIFY(stage.panel->spin->hasFocus());
+  stage.key(Qt::Key_5);
+  stage.key(Qt::Key_Tab);
+  QVERIFY(stage.panel->edit->hasFocus());
+  stage.key(Qt::Key_Return);
+  QTRY_COMPARE(stage.command->runs, 1);
+  QCOMPARE(stage.panel->spin->value(), 5);
+  QTRY_VERIFY(!stage.flyout->IsBusy());
+  stage.button("Reset")->setFocus();
+  stage.key(Qt::Key_Return); // presses the button, and does not apply
+  QCOMPARE(stage.command->hooks, QStringList("reset"));
+  stage.key(Qt::Key_Escape);
+  QCOMPARE(stage.command->hooks, QStringList({"reset", "escape"}));
+  QVERIFY(!stage.flyout->isVisible() && stage.field->hasFocus());
+}
+
+void FlyoutTest::escapeOfAListIsNotTheFlyouts() {
+  Stage stage;
+  auto* const list = new QComboBox;
+  list->addItems({"a", "b"});
+  stage.panel->layout()->addWidget(list);
+  stage.command->trigger();
+  list->showPopup();
+  QTest::keyPress(list->view()->window()->windowHandle(), Qt::Key_Escape);
+  QTest::keyRelease(stage.window.windowHandle(), Qt::Key_Escape);
+  QVERIFY(stage.flyout->isVisible());
+}
+
+void FlyoutTest::busyFlyoutKeepsTheFocus() {
+  Stage stage;
+  stage.command->trigger();
+  stage.panel->edit->setFocus();
+  stage.flyout->SetBusy(true);
+  QVERIFY(stage.flyout->hasFocus());
+  stage.key(Qt::Key_Escape);
+  QCOMPARE(stage.command->hooks, QStringList("escape"));
+  QVERIFY(stage.flyout->isVisible());
+  stage.flyout->SetBusy(false);
+  QVERIFY(stage.panel->edit->hasFocus());
+}
+
+void FlyoutTest::subWidgetsStandBesideAndFollow() {
+  Stage stage;
+  QSignalSpy changed(stage.flyout, &FlyoutBase::SubWidgetVisibilityChanged);
+  auto* const preview = new QLabel("preview");
+  stage.flyout->AddSubWidget(preview, Right);
+  stage.flyout->ShowSubWidget(preview, true);
+  QVERIFY(!preview->isVisible());
+  stage.command->trigger();
+  QVERIFY(preview->isVisible());
+  stage.flyout->move(30, 40);
+  QCOMPARE(preview->y(), 40);
+  QVERIFY(preview->x() > stage.flyout->geometry().right());
+  stage.flyout->CloseMe();
+  QVERIFY(!preview->isVisible());
+  stage.command->trigger();
+  QVERIFY(preview->isVisible() && stage.flyout->IsSubWidgetVisible());
+  stage.flyout->ShowSubWidget(preview, false);
+  stage.flyout->ShowSubWidget(preview, false);
+  QVERIFY(!preview->isVisible());
+  QCOMPARE(changed.count(), 2);
+}
+
+void FlyoutTest::openedAndClosedWithoutGrowth() {
+  Stage stage;
+  const auto objects = [&stage] { return stage.window.findChildren<QObject*>().size(); };
+  const auto open = [&stage] {
+    stage.command->trigger();
+    stage.flyout->CloseMe();
+    Vela::Test::settle();
+  };
+  open();
+  const qsizetype before = objects();
+  for (int i = 0; i < 1000; ++i)
+    open();
+  QCOMPARE(objects(), before);
+  QVERIFY(stage.controller->contextStack().isEmpty());
+}
+
+VELA_TEST_MAIN(FlyoutTest)
+#include "flyout_test.moc"

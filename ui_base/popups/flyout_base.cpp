@@ -1,0 +1,362 @@
+// SPDX-License-Identifier: MIT
+#include "flyout_base.h"
+
+#include "arrowed_window.h"
+#include "flyout_sub_widgets.h"
+
+#include <ui_base/views/qt_ui_toolkit.h>
+#include <vlk_common_res/strings.h>
+#include <vlk_common_res/styles.h>
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMovie>
+#include <QPainter>
+#include <QPointer>
+#include <QPushButton>
+#include <QToolButton>
+
+#include <utility>
+
+namespace Vela::UiBase {
+
+using Resource::Styles;
+
+namespace {
+
+constexpr int margin = 12;      // px around the contents
+constexpr int spacing = 10;     // px between title, panel and buttons
+constexpr int cornerRadius = 6; // px, of a flyout that paints its own background
+
+QWidget* firstFocusable(QWidget* root) {
+  for (QWidget* widget = root->nextInFocusChain(); widget && widget != root;
+       widget = widget->nextInFocusChain()) {
+    if (root->isAncestorOf(widget) && widget->isVisibleTo(root) && widget->isEnabled() &&
+        (widget->focusPolicy() & Qt::TabFocus))
+      return widget;
+  }
+  return root;
+}
+
+} // namespace
+
+class FlyoutBasePrivate {
+public:
+  explicit FlyoutBasePrivate(FlyoutBase* owner) : q(owner), subWidgets(*owner) {}
+
+  void build(QWidget* panel, bool apply, bool reset, bool cancel, bool close);
+  QLayout* titleRow(bool close);
+  QLayout* buttonRow(bool apply, bool reset, bool cancel);
+  QPushButton* button(const QString& text, void (FlyoutBase::*action)());
+  void dress();
+  void updateEnabled();
+  bool holdsFocus() const;
+  bool paintsItself() const { return !qobject_cast<ArrowedWindow*>(q->parentWidget()); }
+
+  FlyoutBase* const q;
+  QLabel* title = nullptr;
+  QPointer<QWidget> mainPanel;
+  QPointer<QWidget> toolButton;
+  QPushButton* applyButton = nullptr; // null when there is none, like the next
+  QPushButton* resetButton = nullptr;
+  QLabel* busyLabel = nullptr;
+  bool applyEnabled = true;
+  bool resetEnabled = true;
+  FlyoutSubWidgets subWidgets;
+  QRect partialBackground;
+  QColor partialColor;
+  bool busy = false;
+  bool open = false;
+  bool escapePressed = false;
+  QPointer<QWidget> focusBefore;     // had the focus before the flyout was shown
+  QPointer<QWidget> focusBeforeBusy; // in the flyout
+};
+
+QPushButton* FlyoutBasePrivate::button(const QString& text, void (FlyoutBase::*action)()) {
+  auto* const made = new QPushButton(text, q);
+  made->setAutoDefault(true); // Return presses it while it has the focus
+  QObject::connect(made, &QPushButton::clicked, q, action);
+  return made;
+}
+
+QLayout* FlyoutBasePrivate::titleRow(bool close) {
+  auto* const row = new QHBoxLayout;
+  title = new QLabel(q);
+  title->setObjectName(QStringLiteral("title_label"));
+  row->addWidget(title, 1);
+  if (close) {
+    auto* const closeButton = new QToolButton(q);
+    closeButton->setObjectName(QStringLiteral("close_button"));
+    closeButton->setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral(":/resources/images/close.svg")));
+    closeButton->setAccessibleName(FlyoutBase::tr("Close"));
+    closeButton->setToolTip(FlyoutBase::tr("Close"));
+    QObject::connect(closeButton, &QToolButton::clicked, q, &FlyoutBase::CloseMe);
+    row->addWidget(closeButton);
+  }
+  return row;
+}
+
+QLayout* FlyoutBasePrivate::buttonRow(bool apply, bool reset, bool cancel) {
+  auto* const row = new QHBoxLayout;
+  if (reset)
+    row->addWidget(resetButton = button(FlyoutBase::tr("Reset"), &FlyoutBase::Reset));
+  busyLabel = new QLabel(q);
+  busyLabel->setObjectName(QStringLiteral("busy_label"));
+  busyLabel->setAccessibleName(FlyoutBase::tr("Working"));
+  busyLabel->setMovie(
+      new QMovie(QStringLiteral(":/resources/images/sys_loader-16x16.gif"), QByteArray(), busyLabel));
+  QSizePolicy keepsItsPlace = busyLabel->sizePolicy();
+  keepsItsPlace.setRetainSizeWhenHidden(true);
+  busyLabel->setSizePolicy(keepsItsPlace);
+  busyLabel->setFixedSize(16, 16);
+  busyLabel->hide();
+  row->addStretch(1);
+  row->addWidget(busyLabel);
+  if (cancel)
+    row->addWidget(button(FlyoutBase::tr("Cancel"), &FlyoutBase::Cancel));
+  if (apply) {
+    row->addWidget(applyButton = button(FlyoutBase::tr("Apply"), &FlyoutBase::Apply));
+    applyButton->setDefault(true);
+  }
+  return row;
+}
+
+void FlyoutBasePrivate::build(QWidget* panel, bool apply, bool reset, bool cancel, bool close) {
+  auto* const column = new QVBoxLayout(q);
+  column->setContentsMargins(margin, margin, margin, margin);
+  column->setSpacing(spacing);
+  column->addLayout(titleRow(close));
+  if (panel) {
+    mainPanel = panel;
+    column->addWidget(panel, 1);
+  }
+  column->addLayout(buttonRow(apply, reset, cancel));
+}
+
+void FlyoutBasePrivate::dress() {
+  const Styles& styles = Styles::Instance();
+  q->setStyleSheet(styles.DialogGeneral());
+  if (auto* const closeButton = q->findChild<QToolButton*>(QStringLiteral("close_button")))
+    closeButton->setStyleSheet(styles.ToolButtonSystemClose());
+  QPalette palette = q->palette();
+  palette.setColor(QPalette::Window, styles.ColorWindowBack());
+  q->setPalette(palette);
+}
+
+void FlyoutBasePrivate::updateEnabled() {
+  if (mainPanel)
+    mainPanel->setEnabled(!busy);
+  if (applyButton)
+    applyButton->setEnabled(applyEnabled && !busy);
+  if (resetButton)
+    resetButton->setEnabled(resetEnabled && !busy);
+}
+
+bool FlyoutBasePrivate::holdsFocus() const {
+  const QWidget* const focus = QApplication::focusWidget();
+  return focus && (focus == q || q->isAncestorOf(focus));
+}
+
+FlyoutBase::FlyoutBase(const QString& title, QWidget* mainPanel, QWidget* toolButton, bool apply, bool reset,
+                       bool cancel, bool close, QWidget* parent)
+    : QWidget(parent), d(std::make_unique<FlyoutBasePrivate>(this)) {
+  setProperty(Resource::String::WIDGET_PROPERTY_ISFLYOUT(), true);
+  setFocusPolicy(Qt::ClickFocus);
+  setMouseTracking(true);
+  d->toolButton = toolButton;
+  d->build(mainPanel, apply, reset, cancel, close);
+  SetTitle(title);
+  d->dress();
+  connect(&Styles::Instance(), &Styles::changed, this, [this] { d->dress(); });
+  connect(this, &FlyoutBase::ESCKeyReleased, this, &FlyoutBase::OnESCKeyReleased);
+  connect(this, &FlyoutBase::CloseFlyout, this, [this] { d->open = false; });
+}
+
+FlyoutBase::~FlyoutBase() = default;
+
+QString FlyoutBase::Title() const { return d->title->text(); }
+
+void FlyoutBase::SetTitle(const QString& title) {
+  d->title->setText(title);
+  setAccessibleName(title);
+}
+
+void FlyoutBase::SetApplyText(const QString& text) {
+  if (d->applyButton)
+    d->applyButton->setText(text);
+}
+
+QWidget* FlyoutBase::MainPanel() const { return d->mainPanel; }
+
+QWidget* FlyoutBase::ToolButton() const { return d->toolButton; }
+
+void FlyoutBase::SetToolButton(QWidget* button) { d->toolButton = button; }
+
+bool FlyoutBase::IsApplyButtonEnabled() const { return d->applyButton && d->applyEnabled; }
+
+bool FlyoutBase::IsResetButtonEnabled() const { return d->resetButton && d->resetEnabled; }
+
+void FlyoutBase::EnableApplyButton(bool enable) {
+  d->applyEnabled = enable;
+  d->updateEnabled();
+}
+
+void FlyoutBase::EnableResetButton(bool enable) {
+  d->resetEnabled = enable;
+  d->updateEnabled();
+}
+
+void FlyoutBase::AddSubWidget(QWidget* widget, EDirection side) { d->subWidgets.add(widget, side); }
+
+void FlyoutBase::ShowSubWidget(QWidget* widget, bool show) {
+  if (d->subWidgets.setShown(widget, show))
+    Q_EMIT SubWidgetVisibilityChanged(show);
+}
+
+bool FlyoutBase::IsSubWidgetVisible() const { return isVisible() && d->subWidgets.isAnyShown(); }
+
+void FlyoutBase::ShowPartialBackground(const QRect& region, const QColor& color) {
+  d->partialBackground = region;
+  d->partialColor = color;
+  update();
+  Q_EMIT SetPartialBackgroundColor(true, region.translated(pos()), color);
+}
+
+void FlyoutBase::HidePartialBackground() {
+  d->partialBackground = {};
+  update();
+  Q_EMIT SetPartialBackgroundColor(false, {}, {});
+}
+
+bool FlyoutBase::IsBusy() const { return d->busy; }
+
+// A control that is disabled would hand the focus to whatever comes next, even outside.
+void FlyoutBase::SetBusy(bool busy) {
+  if (d->busy == busy)
+    return;
+  d->busy = busy;
+  if (busy && d->holdsFocus()) {
+    d->focusBeforeBusy = QApplication::focusWidget();
+    setFocus();
+  }
+  d->updateEnabled();
+  d->busyLabel->setVisible(busy);
+  if (busy)
+    d->busyLabel->movie()->start();
+  else
+    d->busyLabel->movie()->stop();
+  if (QWidget* const before = std::exchange(d->focusBeforeBusy, nullptr); !busy && before && hasFocus())
+    before->setFocus();
+  if (busy)
+    Q_EMIT FlyoutBusy();
+  else
+    Q_EMIT FlyoutIdle();
+}
+
+void FlyoutBase::Apply() {
+  if (IsApplyButtonEnabled() && !d->busy)
+    Q_EMIT ApplyChanges();
+}
+
+void FlyoutBase::Reset() {
+  if (IsResetButtonEnabled() && !d->busy)
+    Q_EMIT ResetValues();
+}
+
+void FlyoutBase::Cancel() {
+  if (!d->open)
+    return;
+  const QPointer<FlyoutBase> self(this);
+  Q_EMIT CancelChanges();
+  if (self)
+    CloseMe();
+}
+
+void FlyoutBase::CloseMe() {
+  if (!d->open)
+    return;
+  const QPointer<FlyoutBase> self(this);
+  Q_EMIT CloseFlyout();
+  if (self)
+    hide();
+}
+
+void FlyoutBase::OnESCKeyReleased() {
+  if (!d->busy)
+    Cancel();
+}
+
+void FlyoutBase::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+  case Qt::Key_Escape:
+    d->escapePressed = true;
+    break;
+  case Qt::Key_Return:
+  case Qt::Key_Enter:
+    Apply();
+    break;
+  default:
+    QWidget::keyPressEvent(event);
+  }
+}
+
+// A release whose press went to something else, such as a list that it closed, is not meant for the flyout.
+void FlyoutBase::keyReleaseEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Escape || event->isAutoRepeat()) {
+    QWidget::keyReleaseEvent(event);
+    return;
+  }
+  if (std::exchange(d->escapePressed, false))
+    Q_EMIT ESCKeyReleased();
+}
+
+void FlyoutBase::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (event->spontaneous())
+    return;
+  d->open = true;
+  d->escapePressed = false;
+  d->subWidgets.follow();
+  if (!d->holdsFocus()) {
+    d->focusBefore = QApplication::focusWidget();
+    firstFocusable(this)->setFocus(Qt::OtherFocusReason);
+  }
+}
+
+void FlyoutBase::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  if (event->spontaneous())
+    return;
+  d->subWidgets.follow();
+  if (QWidget* const before = std::exchange(d->focusBefore, nullptr); before && d->holdsFocus())
+    before->setFocus(Qt::OtherFocusReason);
+}
+
+void FlyoutBase::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  Q_EMIT FlyoutResized();
+}
+
+void FlyoutBase::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::ParentChange)
+    d->subWidgets.follow();
+}
+
+void FlyoutBase::paintEvent(QPaintEvent*) {
+  if (!d->paintsItself())
+    return;
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const Styles& styles = Styles::Instance();
+  painter.setPen(styles.ColorActionPanelBorder());
+  painter.setBrush(palette().color(QPalette::Window));
+  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
+  if (!d->partialBackground.isEmpty())
+    painter.fillRect(QRect(1, d->partialBackground.top(), width() - 2, d->partialBackground.height()),
+                     d->partialColor);
+}
+
+} // namespace Vela::UiBase

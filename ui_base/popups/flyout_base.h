@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ui_base/popups/arrow_param.h>
+#include <ui_base/ui_base_export.h>
+
+#include <QColor>
+#include <QWidget>
+
+#include <memory>
+
+namespace Vela::UiBase {
+
+class FlyoutBasePrivate;
+
+/// The panel through which a command is worked: a title, the command's own controls, and buttons that apply,
+/// reset and cancel. It opens beside the button of its command, or where its parent has a place for it.
+///
+/// The flyout owns its main panel and its sub-widgets. It announces what the user asks for and leaves the
+/// doing to whoever listens, a FlyoutCommand as a rule; closing it is its own affair: CloseMe() hides it and
+/// emits CloseFlyout() once. When it is shown it takes the focus, and gives it back when it goes.
+///
+/// Keyboard: Return applies, also in the last field of the panel, Escape cancels. While the flyout is busy
+/// its controls are disabled and Escape is only announced.
+///
+/// @code
+/// auto* panel = new SmoothingPanel;                 // spin boxes and so on
+/// auto* flyout = new FlyoutBase(tr("Smoothing"), panel, nullptr, true, true, true, true, view);
+/// manager->addCommand(new SmoothCommand(flyout, controller));   // a FlyoutCommand
+/// @endcode
+class UI_BASE_EXPORT FlyoutBase : public QWidget {
+  Q_OBJECT
+
+public:
+  /// @param title shown at the top; also the accessible name.
+  /// @param mainPanel the command's controls, taken over; may be null.
+  /// @param toolButton the button the flyout belongs to, not owned; may be null.
+  /// @param apply,reset,cancel,close which buttons there are.
+  FlyoutBase(const QString& title, QWidget* mainPanel, QWidget* toolButton, bool apply, bool reset,
+             bool cancel, bool close, QWidget* parent = nullptr);
+  ~FlyoutBase() override;
+
+  QString Title() const;
+  void SetTitle(const QString& title);
+  /// The text of the apply button, "Apply" unless set.
+  void SetApplyText(const QString& text);
+
+  /// The command's controls, or null.
+  QWidget* MainPanel() const;
+  /// The button the flyout belongs to; null when there is none or it has died.
+  QWidget* ToolButton() const;
+  void SetToolButton(QWidget* button);
+
+  /// Whether there is such a button and it can be pressed when the flyout is not busy.
+  bool IsApplyButtonEnabled() const;
+  bool IsResetButtonEnabled() const;
+  void EnableApplyButton(bool enable);
+  void EnableResetButton(bool enable);
+
+  /// Gives the flyout a widget that stands beside it, on that side of what hosts it, taken over and hidden at
+  /// first. Popups are placed so that there is room for it.
+  void AddSubWidget(QWidget* widget, EDirection side);
+  /// Shows or hides a sub-widget; it goes and comes back with the flyout.
+  void ShowSubWidget(QWidget* widget, bool show);
+  bool IsSubWidgetVisible() const;
+
+  /// Colours the part of the hosting window's background behind a region of the flyout, in its coordinates,
+  /// to set it off from the rest.
+  void ShowPartialBackground(const QRect& region, const QColor& color);
+  void HidePartialBackground();
+
+  /// While it works the flyout takes no input but cancelling and closing, and shows that it does.
+  bool IsBusy() const;
+  void SetBusy(bool busy);
+
+public Q_SLOTS:
+  /// What the buttons do; also for programs.
+  void Apply();
+  void Reset();
+  /// Announces that the changes are not wanted, then closes.
+  void Cancel();
+  /// Closes the flyout. Does nothing when it is not open.
+  void CloseMe();
+
+Q_SIGNALS:
+  void ApplyChanges();
+  void ResetValues();
+  void CancelChanges();
+  void CloseFlyout();
+  /// The Escape key was released in the flyout, or in the button it belongs to.
+  void ESCKeyReleased();
+  void FlyoutResized();
+  void SubWidgetVisibilityChanged(bool visible);
+  void SetPartialBackgroundColor(bool showColor, const QRect& rc, QColor color);
+  void FlyoutBusy();
+  void FlyoutIdle();
+
+protected:
+  void changeEvent(QEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+private:
+  void OnESCKeyReleased();
+
+  const std::unique_ptr<FlyoutBasePrivate> d;
+};
+
+} // namespace Vela::UiBase
