@@ -1,20 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include <ui_base/popups/notification_bar.h>
-#include <ui_base/views/qt_ui_toolkit.h>
 #include <vlk_app_service/application_service.h>
-#include <workbench/commands/dark_palette_command.h>
 #include <workbench/console.h>
-#include <workbench/main_window.h>
-#include <workbench/mesh_view_controller.h>
-#include <workbench/options.h>
-#include <workbench/screenshot_run.h>
-#include <workbench/workbench_app_manager.h>
-#include <workbench/workbench_icon_provider.h>
+#include <workbench/workbench_app.h>
 
 #include <QApplication>
 
 #include <algorithm>
-#include <optional>
 
 using namespace Workbench;
 using Vela::Services::ApplicationService;
@@ -30,20 +21,15 @@ int answer(const Options::Answer& answer) {
 }
 
 int run(const Options& options) {
-  MainWindow window;
-  QObject::connect(&window.controller()->events(), &MeshViewEvents::openFailed, &window, &printError);
-  window.resize(options.size);
-  window.show();
-  std::optional<ScreenshotRun> screenshot;
-  if (options.screenshot.isEmpty()) {
-    window.controller()->openFiles(options.files);
-  } else {
-    Vela::UiBase::NotificationBar::setDefaultFadeDuration(0);
-    screenshot.emplace(window, options.screenshot);
-    screenshot->start(options.files);
-  }
-  const int status = QApplication::exec();
-  return screenshot ? screenshot->status() : status;
+  auto& kernel = ApplicationService::GetInstance().Kernel();
+  const auto app = std::make_shared<WorkbenchApp>(options);
+  kernel.registerService(app);
+  if (kernel.start() != Taren::Core::RcmSuccess)
+    return 1;
+  const int ended = QApplication::exec();
+  const int status = std::max(ended, app->status());
+  kernel.stop();
+  return status;
 }
 
 int writeTrace(const QString& file, int status) {
@@ -78,9 +64,5 @@ int main(int argc, char** argv) {
   const Options options = Options::parse(QApplication::arguments());
   if (options.answer)
     return answer(*options.answer);
-
-  Vela::UiBase::QtUiToolkit::Instance().IconProvider(new WorkbenchIconProvider);
-  ApplicationService::GetInstance().setAppManager(std::make_unique<WorkbenchAppManager>());
-  DarkPaletteCommand::restorePalette();
   return writeTrace(options.trace, run(options));
 }

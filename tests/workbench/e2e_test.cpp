@@ -323,7 +323,7 @@ private Q_SLOTS:
     const QString file = workbench.write("large.off", Test::offFile(Test::blob(250)));
     workbench.controller().openFiles({file, file, file});
     workbench.press(Qt::Key_Q, Qt::ControlModifier);
-    workbench.closeWindow();
+    workbench.end();
     settle();
     QVERIFY(!QApplication::overrideCursor());
   }

@@ -3,12 +3,10 @@
 
 #include <support/test_case.h>
 #include <ui_base/popups/notification_bar.h>
-#include <ui_base/views/qt_ui_toolkit.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/config_manager.h>
+#include <vlk_app_service/i_app_manager.h>
 #include <vlk_common_res/styles.h>
-#include <workbench/workbench_app_manager.h>
-#include <workbench/workbench_icon_provider.h>
 
 #include <QApplication>
 #include <QDropEvent>
@@ -23,25 +21,26 @@ using namespace Vela;
 WorkbenchFixture::WorkbenchFixture() {
   auto& service = Services::ApplicationService::GetInstance();
   service.setConfigManager(std::make_unique<Services::ConfigManager>(path(QStringLiteral("settings.ini"))));
-  service.setAppManager(std::make_unique<WorkbenchAppManager>());
-  UiBase::QtUiToolkit::Instance().IconProvider(new WorkbenchIconProvider);
   UiBase::NotificationBar::setDefaultFadeDuration(0);
   Resource::Styles::Instance().setPalette(Resource::Light);
-  m_window = std::make_unique<MainWindow>();
+  Options options;
+  options.size = {400, 300};
+  m_app = std::make_shared<WorkbenchApp>(options);
+  m_kernel.registerService(m_app);
 }
 
 WorkbenchFixture::~WorkbenchFixture() {
-  m_window.reset();
+  m_kernel.stop();
   Vela::Test::settle();
   Services::ApplicationService::GetInstance().setAppManager(nullptr);
   Services::ApplicationService::GetInstance().setConfigManager(nullptr);
 }
 
 bool WorkbenchFixture::start() {
-  m_window->resize(400, 300);
-  m_window->show();
-  m_window->activateWindow();
-  return QTest::qWaitForWindowActive(m_window.get());
+  if (m_kernel.start() != Taren::Core::RcmSuccess)
+    return false;
+  window().activateWindow();
+  return QTest::qWaitForWindowActive(&window());
 }
 
 QString WorkbenchFixture::write(const QString& name, const QByteArray& content) {
@@ -52,7 +51,7 @@ QString WorkbenchFixture::write(const QString& name, const QByteArray& content) 
 }
 
 void WorkbenchFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-  QWidget* target = m_window.get();
+  QWidget* target = &window();
   if (QWidget* const popup = QApplication::activePopupWidget())
     target = popup;
   else if (QWidget* const dialog = QApplication::activeModalWidget())
@@ -101,8 +100,8 @@ void WorkbenchFixture::drop(const QStringList& files) {
   QCoreApplication::sendEvent(&view(), &dropped);
 }
 
-QString WorkbenchFixture::notification() const {
-  const auto* const bar = m_window->view()->findChild<UiBase::NotificationBar*>();
+QString WorkbenchFixture::notification() {
+  const auto* const bar = view().findChild<UiBase::NotificationBar*>();
   return bar && bar->isNotificationShowing() ? bar->accessibleName() : QString();
 }
 

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <tqm_mesh_kernel/kernel.h>
 #include <ui_base/commands/command_base.h>
 #include <workbench/main_window.h>
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
+#include <workbench/workbench_app.h>
 
 #include <QTemporaryDir>
 
@@ -12,20 +14,21 @@ class QFileDialog;
 
 namespace Workbench::Test {
 
-/// The main window as the program makes it, with settings and files of its own, driven through its windows.
+/// The workbench as the program starts it, with settings and files of its own, driven through its windows.
 class WorkbenchFixture {
 public:
   WorkbenchFixture();
   ~WorkbenchFixture();
   Q_DISABLE_COPY_MOVE(WorkbenchFixture)
 
-  /// Shows the window and gives it the keyboard. @return false when that fails.
+  /// Starts it and gives its window the keyboard. @return false when that fails.
   bool start();
 
-  MainWindow& window() { return *m_window; }
-  MeshView& view() { return *m_window->view(); }
-  MeshViewController& controller() { return *m_window->controller(); }
-  void closeWindow() { m_window.reset(); }
+  WorkbenchApp& app() { return *m_app; }
+  MainWindow& window() { return *m_app->window(); }
+  MeshView& view() { return *window().view(); }
+  MeshViewController& controller() { return *window().controller(); }
+  void end() { m_kernel.stop(); }
 
   /// Writes a mesh file. @return its path.
   QString write(const QString& name, const QByteArray& content);
@@ -44,12 +47,13 @@ public:
   void drop(const QStringList& files);
 
   /// What the notification over the view says; empty when there is none.
-  QString notification() const;
-  std::size_t triangles() const { return m_window->view()->mesh().triangles().size(); }
+  QString notification();
+  std::size_t triangles() { return view().mesh().triangles().size(); }
 
 private:
   QTemporaryDir m_folder;
-  std::unique_ptr<MainWindow> m_window;
+  Taren::Core::Kernel m_kernel;
+  std::shared_ptr<WorkbenchApp> m_app;
 };
 
 /// How many pixels show something else than the background at their height, which the left edge shows.

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "workbench_app.h"
+
+#include <ui_base/popups/notification_bar.h>
+#include <ui_base/views/qt_ui_toolkit.h>
+#include <vlk_app_service/application_service.h>
+#include <workbench/commands/dark_palette_command.h>
+#include <workbench/console.h>
+#include <workbench/main_window.h>
+#include <workbench/mesh_view_controller.h>
+#include <workbench/screenshot_run.h>
+#include <workbench/workbench_app_manager.h>
+#include <workbench/workbench_icon_provider.h>
+
+namespace Workbench {
+
+using namespace Vela;
+using Taren::Core::ERcmStatus;
+
+WorkbenchApp::WorkbenchApp(Options options) : m_options(std::move(options)) {}
+
+WorkbenchApp::~WorkbenchApp() = default;
+
+ERcmStatus WorkbenchApp::Initialize() { return Init() ? Taren::Core::RcmSuccess : Taren::Core::RcmFailure; }
+
+QString WorkbenchApp::ServiceName() const { return QStringLiteral("workbench"); }
+
+bool WorkbenchApp::Init() {
+  UiBase::QtUiToolkit::Instance().IconProvider(new WorkbenchIconProvider);
+  Services::ApplicationService::GetInstance().setAppManager(std::make_unique<WorkbenchAppManager>());
+  DarkPaletteCommand::restorePalette();
+  m_window = std::make_unique<MainWindow>();
+  setRootViewController(m_window->controller());
+  QObject::connect(&m_window->controller()->events(), &MeshViewEvents::openFailed, m_window.get(),
+                   &printError);
+  showWindow();
+  return true;
+}
+
+void WorkbenchApp::showWindow() {
+  m_window->resize(m_options.size);
+  if (m_options.screenshot.isEmpty()) {
+    m_window->show();
+    m_window->controller()->openFiles(m_options.files);
+    return;
+  }
+  UiBase::NotificationBar::setDefaultFadeDuration(0);
+  m_window->show();
+  m_screenshot = std::make_unique<ScreenshotRun>(*m_window, m_options.screenshot);
+  m_screenshot->start(m_options.files);
+}
+
+int WorkbenchApp::status() const { return m_screenshot ? m_screenshot->status() : 0; }
+
+void WorkbenchApp::Terminate() {
+  m_screenshot.reset();
+  m_window.reset();
+}
+
+} // namespace Workbench
