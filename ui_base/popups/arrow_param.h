@@ -86,7 +86,7 @@ struct SArrowParam {
   /// How far the anchor is slid along the window's edge, in pixels.
   int offset = 0;
   /// The point of the window, in its coordinates, at which the arrow sits. Filled in by the window.
-  QPoint anchor;
+  QPoint anchor = {};
 
   friend bool operator==(const SArrowParam&, const SArrowParam&) = default;
 };

@@ -28,10 +28,10 @@ namespace Vela::UiBase::Placement {
 
 /// What a popup stands beside, and how.
 struct Target {
-  QRect reference;
+  QRect reference = {};
   int baseOffset = 10; ///< The gap between the two.
   EWidgetsAlign alignment = AlignCenter;
-  QPoint additionalOffset; ///< Added to positions without an arrow.
+  QPoint additionalOffset = {}; ///< Added to positions without an arrow.
 };
 
 /// The sides in the order in which they are tried: the wanted ones, then the opposites of the wanted ones,

@@ -29,8 +29,9 @@ struct PlacementCandidate {
   EDirection side = Top;
   EArrowPosition arrow = NoArrow;
   int arrowOffset = 0; ///< In pixels along the window's edge.
-  QRect rect;          ///< The popup there, in the coordinates the search was made in.
-  QMargins beyond; ///< How far it reaches beyond each edge of the free area, in pixels; 0 when it does not.
+  QRect rect = {};     ///< The popup there, in the coordinates the search was made in.
+  QMargins beyond =
+      {}; ///< How far it reaches beyond each edge of the free area, in pixels; 0 when it does not.
   bool coversReference = false; ///< Refused because it did; asked only of slid arrows.
   EPlacementOutcome outcome = PlacementRefused;
 

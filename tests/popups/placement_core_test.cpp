@@ -1,0 +1,245 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <ui_base/popups/placement.h>
+
+#include <random>
+
+using namespace Vela::UiBase;
+
+namespace {
+
+constexpr QRect reference(100, 50, 31, 20); // to (130, 69), its centre at (115, 59)
+
+SArrowParam arrowAt(EArrowPosition position, bool fixedAngle = false) {
+  SArrowParam arrow;
+  arrow.position = position;
+  arrow.fixedAngle = fixedAngle;
+  return arrow;
+}
+
+/// Each pair as its arrow and side, two digits: "14" is ArrowTop below.
+QString digits(const QList<ArrowPair>& pairs) {
+  QStringList all;
+  for (const auto& [arrow, side] : pairs)
+    all += QString::number(10 * arrow.position + side);
+  return all.join(QLatin1Char(' '));
+}
+
+QRect transposed(const QRect& rect) { return {rect.y(), rect.x(), rect.height(), rect.width()}; }
+QPoint transposed(const QPoint& point) { return {point.y(), point.x()}; }
+QRect mirrored(const QRect& rect) { return {QPoint(-rect.right(), rect.top()), rect.size()}; }
+
+} // namespace
+
+class PlacementCoreTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void oppositesComeBeforeTheOtherSides_data() {
+    QTest::addColumn<QList<EDirection>>("wanted");
+    QTest::addColumn<QList<EDirection>>("expected");
+    using List = QList<EDirection>;
+    QTest::newRow("one") << List{Bottom} << List{Bottom, Top, Left, Right};
+    QTest::newRow("no preference") << List{AnyDirection, AnyDirection} << List{Left, Top, Right, Bottom};
+    QTest::newRow("two, across") << List{Right, Top} << List{Right, Top, Left, Bottom};
+    QTest::newRow("two, opposite") << List{Left, Right} << List{Left, Right, Top, Bottom};
+    QTest::newRow("horizontal first") << List{Bottom, Left} << List{Bottom, Left, Right, Top};
+    QTest::newRow("none") << List{} << List{Left, Top, Right, Bottom};
+    QTest::newRow("repeated") << List{Top, AnyDirection, Top} << List{Top, Top, Bottom, Left, Right};
+  }
+  void oppositesComeBeforeTheOtherSides() {
+    QFETCH(QList<EDirection>, wanted);
+    QTEST(Placement::fullPriorityList(wanted), "expected");
+  }
+
+  void plainPositions_data() {
+    QTest::addColumn<EDirection>("side");
+    QTest::addColumn<QList<QPoint>>("startCenterEnd"); // 100 x 41, ten pixels away
+    QTest::newRow("left") << Left << QList<QPoint>{{-10, 50}, {-10, 40}, {-10, 28}};
+    QTest::newRow("above") << Top << QList<QPoint>{{100, -1}, {66, -1}, {30, -1}};
+    QTest::newRow("right") << Right << QList<QPoint>{{140, 50}, {140, 40}, {140, 28}};
+    QTest::newRow("below") << Bottom << QList<QPoint>{{100, 79}, {66, 79}, {30, 79}};
+    QTest::newRow("no side") << AnyDirection << QList<QPoint>{{0, 0}, {0, 0}, {0, 0}};
+  }
+  void plainPositions() {
+    QFETCH(EDirection, side);
+    QFETCH(QList<QPoint>, startCenterEnd);
+    constexpr QPoint more(3, -5);
+    for (const EWidgetsAlign alignment : {AlignStart, AlignCenter, AlignEnd}) {
+      Placement::Target target{.reference = reference, .alignment = alignment};
+      QCOMPARE(Placement::plainPosition(target, side, {100, 41}), startCenterEnd[alignment]);
+      target.additionalOffset = more;
+      QCOMPARE(Placement::plainPosition(target, side, {100, 41}), startCenterEnd[alignment] + more);
+    }
+  }
+
+  void arrowedPositions_data() {
+    QTest::addColumn<EDirection>("side");
+    QTest::addColumn<EArrowPosition>("position");
+    QTest::addColumn<QPoint>("tip"); // in a window of 80 x 60
+    QTest::addColumn<QPoint>("expected");
+    QTest::addColumn<QPoint>("fixedAngle");
+    const auto row = [](const char* name, EDirection side, EArrowPosition position, const QPoint& tip,
+                        const QPoint& expected, const QPoint& fixedAngle) {
+      QTest::newRow(name) << side << position << tip << expected << fixedAngle;
+    };
+    row("below, top", Bottom, ArrowTop, {40, 0}, {75, 79}, {75, 79});
+    row("below, top left", Bottom, ArrowTopLeft, {2, 3}, {138, 76}, {113, 76});
+    row("below, top right", Bottom, ArrowTopRight, {77, 3}, {-87, 76}, {38, 76});
+    row("above, bottom", Top, ArrowBottom, {40, 59}, {75, -20}, {75, -20});
+    row("above, bottom left", Top, ArrowBottomLeft, {2, 57}, {138, -18}, {113, -18});
+    row("above, bottom right", Top, ArrowBottomRight, {77, 57}, {-87, -18}, {38, -18});
+    row("right, left", Right, ArrowLeft, {0, 30}, {140, 29}, {140, 29});
+    row("right, top left", Right, ArrowTopLeft, {1, 2}, {139, 77}, {139, 57});
+    row("right, bottom left", Right, ArrowBottomLeft, {1, 57}, {139, -67}, {139, 2});
+    row("left, right", Left, ArrowRight, {79, 30}, {10, 29}, {10, 29});
+    row("left, top right", Left, ArrowTopRight, {78, 2}, {11, 77}, {11, 57});
+    row("left, bottom right", Left, ArrowBottomRight, {78, 57}, {11, -67}, {11, 2});
+    row("no preference is above", AnyDirection, ArrowBottom, {40, 59}, {75, -20}, {75, -20});
+    row("no side", EDirection(7), ArrowBottom, {40, 59}, {0, 0}, {0, 0});
+  }
+  void arrowedPositions() {
+    QFETCH(EDirection, side);
+    QFETCH(EArrowPosition, position);
+    QFETCH(QPoint, tip);
+    // The additional offset is not for arrows.
+    const Placement::Target target{.reference = reference, .additionalOffset = {500, 500}};
+    const auto place = [&](bool fixedAngle, const QPoint& origin) {
+      const QRect popup(origin, QSize(80, 60));
+      return Placement::arrowedPosition(target, {arrowAt(position, fixedAngle), side}, popup, tip + origin);
+    };
+    QTEST(place(false, {0, 0}), "expected");
+    QTEST(place(true, {0, 0}), "fixedAngle");
+    QTEST(place(false, {5, 9}), "expected");
+  }
+
+  void verification_data() {
+    QTest::addColumn<QRect>("popup");
+    QTest::addColumn<QPoint>("adjust");
+    QTest::newRow("fills the area") << QRect(30, 30, 200, 100) << QPoint();
+    QTest::newRow("too far left") << QRect(25, 50, 150, 40) << QPoint(-5, 0);
+    QTest::newRow("much too far left") << QRect(-170, 50, 150, 40) << QPoint(-80, 0);
+    QTest::newRow("too far right") << QRect(81, 50, 150, 40) << QPoint(1, 0);
+    QTest::newRow("much too far right") << QRect(200, 50, 150, 40) << QPoint(80, 0);
+    QTest::newRow("too high") << QRect(50, 20, 60, 100) << QPoint(0, -10);
+    QTest::newRow("much too high") << QRect(50, -20, 60, 100) << QPoint(0, -30);
+    QTest::newRow("too low") << QRect(50, 31, 60, 100) << QPoint(0, 1);
+    QTest::newRow("left counts before top and bottom") << QRect(28, 0, 150, 300) << QPoint(-2, 0);
+    QTest::newRow("left counts before right") << QRect(20, 50, 300, 40) << QPoint(-10, 0);
+    QTest::newRow("the limit of a narrow one is negative") << QRect(-10, 50, 50, 40) << QPoint(20, 0);
+    QTest::newRow("the limit of a low one is negative") << QRect(50, 100, 60, 40) << QPoint(0, -30);
+    QTest::newRow("no room to slide") << QRect(-10, 50, 70, 40) << QPoint(0, 0);
+  }
+  void verification() {
+    QFETCH(QRect, popup);
+    constexpr QRect area(30, 30, 200, 100);
+    QPoint adjust;
+    QCOMPARE(Placement::verify(popup, area, adjust), area.contains(popup));
+    QTEST(adjust, "adjust");
+  }
+
+  void slidesAlongTheAxisOfTheAdjustment() {
+    SArrowParam arrow;
+    arrow.offset = 5;
+    Placement::slide(arrow, {0, -30});
+    QVERIFY(!arrow.offsetAlongX && arrow.offset == -25);
+    Placement::slide(arrow, {7, 0});
+    QVERIFY(arrow.offsetAlongX && arrow.offset == -18);
+  }
+
+  void sideWidgetsAndMarginsTakeFromTheArea() {
+    QMargins taken;
+    for (const int direction : {0, 0, 1, 2, 3, 4, -1})
+      Placement::addSideWidget(taken, direction, {10 + direction, 40 + direction});
+    QCOMPARE(taken, QMargins(20, 41, 12, 43));
+    QCOMPARE(Placement::freeArea({0, 0, 400, 300}, taken), QRect(QPoint(50, 71), QPoint(357, 226)));
+    QCOMPARE(Placement::pointReference({10, 20}), QRect(7, 17, 7, 7));
+  }
+
+  void arrowPairs_data() {
+    QTest::addColumn<QList<SArrowParam>>("given");
+    QTest::addColumn<bool>("autoDecide");
+    QTest::addColumn<QString>("expected");
+    using List = QList<SArrowParam>;
+    const auto all = QStringLiteral("13 53 63 21 81 71 40 60 70 32 52 82");
+    QTest::newRow("one, tried once") << List{arrowAt(ArrowTop)} << false << "13";
+    QTest::newRow("the first once more")
+        << List{arrowAt(ArrowLeft), arrowAt(ArrowBottom)} << false << "32 21 32";
+    QTest::newRow("none") << List{arrowAt(NoArrow), arrowAt(EArrowPosition(9))} << false << QString();
+    QTest::newRow("decided") << List{} << true << all + QStringLiteral(" 13");
+    QTest::newRow("given, then decided") << List{arrowAt(NoArrow), arrowAt(ArrowTopRight)} << true
+                                         << QStringLiteral("60 ") + all + QStringLiteral(" 60");
+  }
+  void arrowPairs() {
+    QFETCH(QList<SArrowParam>, given);
+    QFETCH(bool, autoDecide);
+    QTEST(digits(Placement::arrowPairs(given, autoDecide, {Bottom, Top, Left, Right})), "expected");
+  }
+
+  void decidedArrowsLookLikeTheFirstGiven() {
+    const SArrowParam given{.position = NoArrow,
+                            .length = 3,
+                            .fixedAngle = true,
+                            .angle = 17,
+                            .tipAngle = 60,
+                            .offsetAlongX = false,
+                            .offset = 8,
+                            .anchor = {1, 2}};
+    SArrowParam expected = given;
+    expected.position = ArrowBottom;
+    expected.fixedAngle = false;
+    expected.offset = 0;
+    QCOMPARE(Placement::arrowPairs({given}, true, {Top}).constFirst().first, expected);
+    QCOMPARE(Placement::arrowPairs({}, true, {Top}).constFirst().first, SArrowParam());
+  }
+
+  void covering() {
+    Placement::Target target{.reference = reference, .baseOffset = 1};
+    QVERIFY(!Placement::covers({131, 50, 10, 10}, target));
+    QVERIFY(Placement::covers({130, 50, 10, 10}, target));
+    target.baseOffset = -2; // overlaps by three on purpose
+    QVERIFY(!Placement::covers({128, 50, 10, 10}, target));
+    QVERIFY(Placement::covers({127, 55, 10, 10}, target));
+    target.reference = {100, 50, 4, 4};
+    QVERIFY(!Placement::covers({0, 0, 500, 500}, target));
+  }
+
+  // A popup on the right or below stands one pixel nearer than on the other sides, and ends one pixel
+  // earlier.
+  void sidesAreSymmetricButForOnePixel() {
+    const unsigned seed = std::random_device()();
+    qInfo("seed %u", seed);
+    std::mt19937 random(seed);
+    const auto number = [&](int from, int to) { return std::uniform_int_distribution<>(from, to)(random); };
+    for (int i = 0; i < 500; ++i) {
+      const QRect rect(number(-500, 500), number(-500, 500), number(1, 300), number(1, 300));
+      const QSize size(number(1, 300), number(1, 300));
+      const int gap = number(-20, 40);
+      for (const EWidgetsAlign alignment : {AlignStart, AlignCenter, AlignEnd}) {
+        const Placement::Target target{.reference = rect, .baseOffset = gap, .alignment = alignment};
+        const Placement::Target turned{
+            .reference = transposed(rect), .baseOffset = gap, .alignment = alignment};
+        const auto at = [&](EDirection side) {
+          return QRect(Placement::plainPosition(target, side, size), size);
+        };
+        QCOMPARE(at(Right).left() - rect.right(), gap);
+        QCOMPARE(at(Bottom).top() - rect.bottom(), gap);
+        QCOMPARE(rect.left() - at(Left).right(), gap + 1);
+        QCOMPARE(rect.top() - at(Top).bottom(), gap + 1);
+        QCOMPARE(at(Left).top(), at(Right).top());
+        for (const auto& [side, other] : {std::pair(Right, Bottom), std::pair(Left, Top)})
+          QCOMPARE(transposed(Placement::plainPosition(turned, other, size.transposed())),
+                   at(side).topLeft());
+        const Placement::Target seen{
+            .reference = mirrored(rect), .baseOffset = gap, .alignment = EWidgetsAlign(AlignEnd - alignment)};
+        const QRect below(Placement::plainPosition(seen, Bottom, size), size);
+        const int shift = mirrored(below).left() - at(Bottom).left();
+        QVERIFY2(alignment == AlignCenter ? qAbs(shift) <= 1 : shift == 1,
+                 qPrintable(QString::number(shift)));
+      }
+    }
+  }
+};
+
+VELA_TEST_MAIN(PlacementCoreTest)
+#include "placement_core_test.moc"
