@@ -303,7 +303,7 @@ void CmdMgr::applySome(PendingContext& pending) {
   const quint64 revision = CommandIndex::revision();
   for (auto entry = pending.begin(); entry != pending.end() && count < some.size(); ++entry)
     some.at(count++) = {entry, d->index.find(d->bag, entry.key())};
-  for (std::size_t i = 0; i < count; ++i) {
+  for (std::size_t i = 0; i < count && revision == CommandIndex::revision(); ++i) {
     if (const CommandBase* const command = some.at(i).found.command)
       static_cast<void>(command->isEnabled());
   }
