@@ -24,6 +24,8 @@ private:
   QPainter& m_painter;
 };
 
+/// The room that drawText() takes, halo included.
+QSizeF textSize(const AnnotationDevice& device, const QString& text);
 /// Draws a line of text with a halo, its middle at a position.
 void drawText(const AnnotationDevice& device, const QPointF& middle, const QString& text,
               const QColor& color);

@@ -5,21 +5,22 @@
 
 #include <QLineF>
 
+#include <cmath>
+
 namespace Vela::Graphics {
 
 namespace {
 
 constexpr double LineWidth = 1.75;
-constexpr double TextDistance = 14; // of its middle from the line
+constexpr double TextDistance = 5; // from the line, in logical pixels
 
-// Beside the middle of the line, on the side that is further up.
-QPointF textPlace(const QLineF& line) {
-  QLineF across = line.normalVector();
-  if (across.length() < 1)
-    return line.center() - QPointF(0, TextDistance);
-  across.setLength(TextDistance);
-  const QPointF offset(across.dx(), across.dy());
-  return line.center() + (offset.y() > 0 ? -offset : offset);
+// Beside the middle of the line, on the side that is further up, where the text just clears the line.
+QPointF textPlace(const QLineF& line, const QSizeF& text) {
+  const QLineF across = line.normalVector().unitVector();
+  const QPointF up = line.length() < 1 ? QPointF(0, -1) : QPointF(across.dx(), across.dy());
+  const double distance =
+      TextDistance + std::abs(up.x()) * text.width() / 2 + std::abs(up.y()) * text.height() / 2;
+  return line.center() + (up.y() > 0 ? -up : up) * distance;
 }
 
 } // namespace
@@ -58,7 +59,8 @@ void LineObject::draw(const AnnotationDevice& device) const {
   painter.drawLine(line);
   painter.setPen(QPen(colorOn(device), LineWidth, Qt::SolidLine, Qt::RoundCap));
   painter.drawLine(line);
-  drawText(device, textPlace(line), text(), colorOn(device));
+  const QString label = text();
+  drawText(device, textPlace(line, textSize(device, label)), label, colorOn(device));
 }
 
 } // namespace Vela::Graphics

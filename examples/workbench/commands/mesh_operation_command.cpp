@@ -16,11 +16,15 @@ using Taren::Core::MainThreadQoS;
 namespace {
 
 constexpr int ResultShown = 3000; // ms
+constexpr int Patience = 250;     // ms
 
 } // namespace
 
 MeshOperationCommand::MeshOperationCommand(MeshViewController* controller) : WorkbenchCommand(controller) {
   setExecutionQoS(Taren::Core::NormalQoS);
+  m_patience.setSingleShot(true);
+  m_patience.setInterval(Patience);
+  connect(&m_patience, &QTimer::timeout, this, &MeshOperationCommand::showProgress);
 }
 
 bool MeshOperationCommand::isAvailable() const { return hasMesh() && !isMeshLocked(); }
@@ -36,7 +40,7 @@ bool MeshOperationCommand::onExecute(bool checked) {
   if (!isAvailable())
     return false;
   m_run = Run{document()->mesh(), document()->selection(), {}};
-  showProgress();
+  m_patience.start();
   const bool started = CommandBase::onExecute(checked);
   if (!started)
     finish(std::nullopt, false);
@@ -80,7 +84,7 @@ void MeshOperationCommand::showProgress() {
 // Another message may have taken the place; when that is gone, this one comes back.
 void MeshOperationCommand::setProgress(double fraction) {
   MeshViewController* const controller = meshController();
-  if (!m_run || !controller)
+  if (!m_run || !controller || m_patience.isActive())
     return;
   if (!m_progress && !controller->isNotificationShowing())
     showProgress();
@@ -90,6 +94,7 @@ void MeshOperationCommand::setProgress(double fraction) {
 
 void MeshOperationCommand::finish(const std::optional<Mesh>& result, bool cancelled) {
   const Run run = std::move(*std::exchange(m_run, std::nullopt));
+  m_patience.stop();
   if (m_progress)
     m_progress->deleteLater();
   MeshDocument* const edited = document();

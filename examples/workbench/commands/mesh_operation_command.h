@@ -7,6 +7,7 @@
 #include <workbench/mesh_ops/triangle_selection.h>
 
 #include <QPointer>
+#include <QTimer>
 
 #include <optional>
 #include <stop_token>
@@ -60,6 +61,7 @@ private:
   void tell(const QString& message);
 
   std::optional<Run> m_run; // left alone while the work lasts
+  QTimer m_patience;        // what is done soon needs no notification
   QPointer<ProgressContent> m_progress;
 };
 
