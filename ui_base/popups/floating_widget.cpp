@@ -2,30 +2,23 @@
 #include "floating_widget.h"
 
 #include <QEvent>
+#include <QLayout>
 #include <QPointer>
 #include <QStyle>
-#include <QVBoxLayout>
-
-#include <algorithm>
 
 namespace Vela::UiBase {
 
 class FloatingWidgetPrivate {
 public:
-  explicit FloatingWidgetPrivate(FloatingWidget* owner) : host(owner), layout(new QVBoxLayout(owner)) {
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->setSizeConstraint(QLayout::SetNoConstraint);
+  explicit FloatingWidgetPrivate(FloatingWidget* owner) : host(owner) {
+    host->layout()->setSizeConstraint(QLayout::SetNoConstraint);
   }
 
   void followParent();
   void place();
-  QSize fittingSize(const QSize& available) const;
   void leaveGapsOpen();
-  bool hasVisibleContent() const;
 
   FloatingWidget* const host;
-  QVBoxLayout* const layout;
   QPointer<QWidget> followed;
   Qt::Alignment alignment = Qt::AlignTop | Qt::AlignHCenter;
   QMargins margins = {8, 8, 8, 8};
@@ -42,39 +35,23 @@ void FloatingWidgetPrivate::followParent() {
     followed->installEventFilter(host);
 }
 
-bool FloatingWidgetPrivate::hasVisibleContent() const {
-  for (int i = 0; i < layout->count(); ++i) {
-    const QWidget* widget = layout->itemAt(i)->widget();
-    if (widget && !widget->isHidden())
-      return true;
-  }
-  return false;
-}
-
-QSize FloatingWidgetPrivate::fittingSize(const QSize& available) const {
-  QSize size = layout->totalSizeHint().boundedTo(available);
-  if (layout->hasHeightForWidth())
-    size.setHeight(std::min(layout->totalHeightForWidth(size.width()), available.height()));
-  return size;
-}
-
 void FloatingWidgetPrivate::place() {
-  if (!followed || !hasVisibleContent())
+  if (!followed || !host->hasVisibleContent())
     return;
-  layout->activate();
+  host->layout()->activate();
   const QRect area = followed->rect().marginsRemoved(margins);
-  const QSize size = fittingSize(area.size().expandedTo({0, 0}));
+  const QSize size = host->fittingSize(area.size().expandedTo({0, 0}));
   host->setGeometry(QStyle::alignedRect(followed->layoutDirection(), alignment, size, area));
   // A hidden host gets its resize event later, but the gaps are computed now.
-  layout->setGeometry(host->rect());
+  host->layout()->setGeometry(host->rect());
   leaveGapsOpen();
 }
 
 void FloatingWidgetPrivate::leaveGapsOpen() {
   QRegion covered;
-  for (int i = 0; i < layout->count(); ++i) {
-    const QWidget* widget = layout->itemAt(i)->widget();
-    if (widget && !widget->isHidden())
+  const QList<QWidget*> contents = host->widgets();
+  for (const QWidget* widget : contents) {
+    if (!widget->isHidden())
       covered += widget->geometry();
   }
   if (covered.isEmpty() || covered == QRegion(host->rect()))
@@ -84,24 +61,13 @@ void FloatingWidgetPrivate::leaveGapsOpen() {
 }
 
 FloatingWidget::FloatingWidget(QWidget* parent)
-    : QWidget(parent), d(std::make_unique<FloatingWidgetPrivate>(this)) {
+    : LayoutBaseWidget(parent), d(std::make_unique<FloatingWidgetPrivate>(this)) {
   // An explicit hide keeps an empty host from being shown together with its parent.
   QWidget::setVisible(false);
   d->followParent();
 }
 
 FloatingWidget::~FloatingWidget() = default;
-
-void FloatingWidget::addWidget(QWidget* widget) {
-  if (!widget || widget == this)
-    return;
-  const bool staysHidden = widget->isHidden() && widget->testAttribute(Qt::WA_WState_ExplicitShowHide);
-  d->layout->addWidget(widget);
-  widget->installEventFilter(this);
-  if (!staysHidden)
-    widget->show();
-  setVisible(d->wanted);
-}
 
 Qt::Alignment FloatingWidget::alignment() const { return d->alignment; }
 
@@ -119,7 +85,7 @@ void FloatingWidget::setMargins(const QMargins& margins) {
 
 void FloatingWidget::setVisible(bool visible) {
   d->wanted = visible;
-  const bool shows = visible && parentWidget() && d->hasVisibleContent();
+  const bool shows = visible && parentWidget() && hasVisibleContent();
   if (shows)
     d->place();
   if (shows == isHidden())
@@ -133,7 +99,7 @@ bool FloatingWidget::event(QEvent* event) {
     d->place();
     break;
   case QEvent::LayoutRequest: {
-    const bool handled = QWidget::event(event);
+    const bool handled = LayoutBaseWidget::event(event);
     setVisible(d->wanted);
     return handled;
   }
@@ -143,28 +109,19 @@ bool FloatingWidget::event(QEvent* event) {
   default:
     break;
   }
-  return QWidget::event(event);
+  return LayoutBaseWidget::event(event);
 }
 
+void FloatingWidget::contentChanged() { setVisible(d->wanted); }
+
 bool FloatingWidget::eventFilter(QObject* watched, QEvent* event) {
-  switch (event->type()) {
-  case QEvent::Resize:
-    if (watched == d->followed)
-      d->place();
-    break;
-  case QEvent::ShowToParent:
-  case QEvent::HideToParent:
-    if (watched->parent() == this)
-      setVisible(d->wanted);
-    break;
-  default:
-    break;
-  }
-  return QWidget::eventFilter(watched, event);
+  if (event->type() == QEvent::Resize && watched == d->followed)
+    d->place();
+  return LayoutBaseWidget::eventFilter(watched, event);
 }
 
 void FloatingWidget::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
+  LayoutBaseWidget::showEvent(event);
   raise();
 }
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/popups/layout_base_widget.h>
 #include <ui_base/ui_base_export.h>
 
 #include <QMargins>
-#include <QWidget>
 
 #include <memory>
 
@@ -24,16 +24,12 @@ class FloatingWidgetPrivate;
 /// host->setAlignment(Qt::AlignBottom | Qt::AlignRight);
 /// host->addWidget(new QLabel(tr("50 000 triangles")));
 /// @endcode
-class UI_BASE_EXPORT FloatingWidget : public QWidget {
+class UI_BASE_EXPORT FloatingWidget : public LayoutBaseWidget {
   Q_OBJECT
 
 public:
   explicit FloatingWidget(QWidget* parent = nullptr);
   ~FloatingWidget() override;
-
-  /// Appends a widget below the others and takes it over. It is shown unless it was hidden on purpose. Null
-  /// and the host itself are ignored.
-  void addWidget(QWidget* widget);
 
   /// Where it stands in the parent: top centre by default. Left and right are exchanged in right-to-left
   /// layouts.
@@ -48,6 +44,7 @@ public:
   void setVisible(bool visible) override;
 
 protected:
+  void contentChanged() override;
   bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void showEvent(QShowEvent* event) override;
