@@ -10,14 +10,10 @@ constexpr QVector3D KeyColor(0.90F, 0.87F, 0.81F);
 constexpr QVector3D FillColor(0.15F, 0.18F, 0.23F);
 constexpr QVector3D RimColor(0.16F, 0.18F, 0.20F);
 constexpr QVector3D SkyColor(0.185F, 0.20F, 0.225F);
-constexpr QVector3D GroundColor(0.065F, 0.06F, 0.058F);
-constexpr QVector3D HighlightColor(0.085F, 0.085F, 0.08F);
 
 float linearOf(float display) {
   return display <= 0.04045F ? display / 12.92F : std::pow((display + 0.055F) / 1.055F, 2.4F);
 }
-
-float dot(const QVector3D& a, const QVector3D& b) { return QVector3D::dotProduct(a, b); }
 
 } // namespace
 
@@ -63,19 +59,6 @@ void Lighting::setLight(std::size_t index, const QVector3D& direction, float off
   m_red[index] = color.x();
   m_green[index] = color.y();
   m_blue[index] = color.z();
-}
-
-QVector3D Lighting::shade(const QVector3D& normal, Material material) const {
-  PerLight light;
-  for (std::size_t i = 0; i < LightCount; ++i)
-    light[i] = std::max(m_offset[i] + m_x[i] * normal.x() + m_y[i] * normal.y() + m_z[i] * normal.z(), 0.0F);
-  QVector3D sum = GroundColor;
-  for (std::size_t i = 0; i < LightCount; ++i)
-    sum += QVector3D(m_red[i], m_green[i], m_blue[i]) * light[i];
-  float highlight = std::max(dot(normal, m_highlight), 0.0F);
-  for (int i = 0; i < 5; ++i)
-    highlight *= highlight;
-  return m_materials[material] * sum + HighlightColor * highlight;
 }
 
 QVector3D Lighting::background(float height) const {

@@ -60,6 +60,8 @@ public:
   QVector3D background(float height) const;
 
 private:
+  static constexpr QVector3D GroundColor{0.065F, 0.06F, 0.058F};
+  static constexpr QVector3D HighlightColor{0.085F, 0.085F, 0.08F};
   static constexpr std::size_t LightCount = 4;
   using PerLight = std::array<float, LightCount>; // side by side, for vector instructions
 
@@ -79,5 +81,19 @@ private:
   QVector3D m_backgroundTop;
   QVector3D m_backgroundBottom;
 };
+
+// Here, as every sample calls it.
+inline QVector3D Lighting::shade(const QVector3D& normal, Material material) const {
+  PerLight light;
+  for (std::size_t i = 0; i < LightCount; ++i)
+    light[i] = std::max(m_offset[i] + m_x[i] * normal.x() + m_y[i] * normal.y() + m_z[i] * normal.z(), 0.0F);
+  QVector3D sum = GroundColor;
+  for (std::size_t i = 0; i < LightCount; ++i)
+    sum += QVector3D(m_red[i], m_green[i], m_blue[i]) * light[i];
+  float highlight = std::max(QVector3D::dotProduct(normal, m_highlight), 0.0F);
+  for (int i = 0; i < 5; ++i)
+    highlight *= highlight;
+  return m_materials[material] * sum + HighlightColor * highlight;
+}
 
 } // namespace Workbench

@@ -16,20 +16,6 @@ SurfaceShader::SurfaceShader(const SurfaceScene& scene, const QPoint& origin)
       m_stepX(Vector3(scene.projection.axes.right) * (1 / double(scene.projection.focalLength))),
       m_stepY(Vector3(scene.projection.axes.up) * (-1 / double(scene.projection.focalLength))) {}
 
-QVector3D SurfaceShader::shade(std::uint32_t triangle, int x, int y) {
-  Face& face = m_faces[triangle % Slots];
-  if (face.triangle != triangle)
-    setUp(face, triangle);
-  switch (m_scene.shading) {
-  case SmoothShading:
-    return m_scene.lighting.shade(normalAt(face, x, y), face.material);
-  case FlatShadingWithEdges:
-    return withEdges(face, x, y);
-  default:
-    return face.light;
-  }
-}
-
 void SurfaceShader::setUp(Face& face, std::uint32_t triangle) const {
   const Mesh& mesh = m_scene.mesh;
   const Mesh::Triangle& t = mesh.triangles()[triangle];
@@ -90,17 +76,6 @@ void SurfaceShader::setUpEdges(Face& face, const std::array<Vector3, 3>& points,
   }
   const double strength = (lowest - FaintestHeight) / (StrongestHeight - FaintestHeight);
   face.edgeStrength = float(std::clamp(strength, 0.0, 1.0));
-}
-
-QVector3D SurfaceShader::normalAt(const Face& face, int x, int y) const {
-  // Only the proportions of the weights matter. Outside the triangle, where the rim of a sliver may be, one
-  // is negative.
-  const float a = std::max(face.corners[0].at(x, y), 0.0F);
-  const float b = std::max(face.corners[1].at(x, y), 0.0F);
-  const float c = std::max(face.corners[2].at(x, y), 0.0F);
-  const QVector3D normal = face.normals[0] * a + face.normals[1] * b + face.normals[2] * c;
-  const float square = QVector3D::dotProduct(normal, normal);
-  return square > 0 ? normal * (1 / std::sqrt(square)) : face.normal;
 }
 
 QVector3D SurfaceShader::withEdges(const Face& face, int x, int y) const {

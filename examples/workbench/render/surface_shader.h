@@ -69,4 +69,30 @@ private:
   std::array<Face, Slots> m_faces;
 };
 
+// Here, as every sample calls them.
+inline QVector3D SurfaceShader::normalAt(const Face& face, int x, int y) const {
+  // Only the proportions of the weights matter. Outside the triangle, where the rim of a sliver may be, one
+  // is negative.
+  const float a = std::max(face.corners[0].at(x, y), 0.0F);
+  const float b = std::max(face.corners[1].at(x, y), 0.0F);
+  const float c = std::max(face.corners[2].at(x, y), 0.0F);
+  const QVector3D normal = face.normals[0] * a + face.normals[1] * b + face.normals[2] * c;
+  const float square = QVector3D::dotProduct(normal, normal);
+  return square > 0 ? normal * (1 / std::sqrt(square)) : face.normal;
+}
+
+inline QVector3D SurfaceShader::shade(std::uint32_t triangle, int x, int y) {
+  Face& face = m_faces[triangle % Slots];
+  if (face.triangle != triangle)
+    setUp(face, triangle);
+  switch (m_scene.shading) {
+  case SmoothShading:
+    return m_scene.lighting.shade(normalAt(face, x, y), face.material);
+  case FlatShadingWithEdges:
+    return withEdges(face, x, y);
+  default:
+    return face.light;
+  }
+}
+
 } // namespace Workbench
