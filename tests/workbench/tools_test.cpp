@@ -1,0 +1,439 @@
+// SPDX-License-Identifier: MIT
+#include "mesh_files.h"
+#include "test_meshes.h"
+#include "workbench_fixture.h"
+
+#include <support/test_case.h>
+#include <tqm_mesh_kernel/stepped_dispatcher.h>
+#include <ui_base/commands/command_group.h>
+#include <ui_base/tools/interactive_tool.h>
+#include <workbench/commands/decimate_mesh_command.h>
+#include <workbench/commands/history_command.h>
+#include <workbench/commands/mode_command.h>
+#include <workbench/commands/open_mesh_command.h>
+#include <workbench/commands/selection_command.h>
+#include <workbench/commands/set_pivot_command.h>
+#include <workbench/commands/smooth_mesh_command.h>
+#include <workbench/progress_content.h>
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QWheelEvent>
+
+using namespace Workbench;
+using namespace Vela::UiBase;
+using Test::WorkbenchFixture;
+using Vela::Test::settle;
+
+namespace {
+
+/// A workbench that shows two squares side by side, of 8 triangles each, from the front.
+class Bench : public WorkbenchFixture {
+public:
+  bool show() {
+    if (!start())
+      return false;
+    controller().showMesh(twoSquares(), QStringLiteral("squares"));
+    Camera camera = view().camera();
+    camera.orbit(-camera.yaw(), -camera.pitch());
+    view().setCamera(camera);
+    return QTest::qWaitFor([this] { return view().isSettled(); });
+  }
+
+  void press(Qt::MouseButton button, const QPoint& at, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::mousePress(window().windowHandle(), button, modifiers, inWindow(at));
+  }
+  void move(const QPoint& to) { QTest::mouseMove(window().windowHandle(), inWindow(to)); }
+  void release(Qt::MouseButton button, const QPoint& at, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::mouseRelease(window().windowHandle(), button, modifiers, inWindow(at));
+  }
+  void click(Qt::MouseButton button, const QPoint& at, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::mouseClick(window().windowHandle(), button, modifiers, inWindow(at));
+  }
+  void doubleClick(const QPoint& at) {
+    QTest::mouseDClick(window().windowHandle(), Qt::LeftButton, {}, inWindow(at));
+  }
+  // Holds the button at the end.
+  void pull(Qt::MouseButton button, const QPoint& from, const QPoint& to,
+            Qt::KeyboardModifiers modifiers = {}) {
+    press(button, from, modifiers);
+    move((from + to) / 2);
+    move(to);
+  }
+  void drag(Qt::MouseButton button, const QPoint& from, const QPoint& to,
+            Qt::KeyboardModifiers modifiers = {}) {
+    pull(button, from, to, modifiers);
+    release(button, to, modifiers);
+  }
+  void wheel(const QPoint& at, int delta) {
+    QWheelEvent event(at, view().mapToGlobal(at), {}, {0, delta}, {}, {}, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&view(), &event);
+  }
+  using WorkbenchFixture::press;
+
+  /// Where a point of the scene is seen.
+  QPoint seen(float x, float y) {
+    return view().camera().project({x, y, 0}, view().size()).value_or(QPointF()).toPoint();
+  }
+  QPoint left() { return seen(-1.6F, 0.1F); } // on the left square
+  QPoint right() { return seen(1.4F, 0.1F); }
+  QPoint background() { return {5, 5}; }
+
+  CommandBase& mode(EToolMode which) { return *controller().findCommand(ModeCommand::idOf(which)); }
+  bool isEnabled(const QString& id) { return controller().findCommand(id)->isEnabled(); }
+  std::size_t selected() { return view().document().selection().count(); }
+  /// The view shows the cursor of the tool that picks, and no other tool lies over it.
+  bool isAtRest() {
+    const auto tool = controller().getTool(LeftButton);
+    return tool->isActive() && controller().mode() == PickMode &&
+           view().cursor().shape() == Qt::ArrowCursor && !controller().getOperatingTool() &&
+           tool->getOperatingCursor().shape() == Qt::PointingHandCursor;
+  }
+
+private:
+  static Mesh twoSquares() {
+    const auto square = [](float x) {
+      const Mesh mesh = Test::square(1, 2);
+      std::vector<QVector3D> positions = mesh.positions();
+      for (QVector3D& position : positions)
+        position.setX(position.x() + x);
+      return Mesh(positions, mesh.triangles());
+    };
+    return Test::merged(square(-1.5F), square(1.5F));
+  }
+  QPoint inWindow(const QPoint& at) { return view().mapTo(&window(), at); }
+};
+
+class GroupObserver : public DynamicCommandGroupStateProtocol {
+public:
+  void commandGroupBegan(CommandGroup*) override { calls += QLatin1Char('+'); }
+  void commandGroupEnded(CommandGroup*) override { calls += QLatin1Char('-'); }
+  QString calls;
+};
+
+} // namespace
+
+/// What a person does to the view with the mouse and the keys.
+class ToolsTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void dragsMoveTheCamera() {
+    Bench bench;
+    QVERIFY(bench.show());
+    const Camera first = bench.view().camera();
+    const QPoint from = bench.left();
+    const QVector3D taken = bench.view().pick(from)->point;
+
+    bench.drag(Qt::MiddleButton, from, from + QPoint(40, -30));
+    QPointF now = *bench.view().camera().project(taken, bench.view().size());
+    QVERIFY(QLineF(now, from + QPoint(40, -30)).length() < 2);
+
+    const QPoint wheeled = now.toPoint();
+    bench.wheel(wheeled, 240);
+    QVERIFY(bench.view().camera().distance() < first.distance() * 0.8);
+    now = *bench.view().camera().project(taken, bench.view().size());
+    QVERIFY(QLineF(now, wheeled).length() < 2);
+    bench.wheel(wheeled, -240);
+    QVERIFY(qAbs(bench.view().camera().distance() - first.distance()) < first.distance() * 0.01);
+
+    bench.view().setCamera(first);
+    bench.drag(Qt::RightButton, from, from + QPoint(60, 0));
+    QVERIFY(bench.view().camera().yaw() < -10);
+    QCOMPARE(bench.view().camera().target(), first.target());
+    QVERIFY(!QApplication::activePopupWidget());
+    QVERIFY(bench.isAtRest());
+    QCOMPARE(bench.selected(), std::size_t(0));
+  }
+
+  void keysMoveTheCamera_data() {
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<std::function<bool(const Camera&, const Camera&)>>("moved");
+    using Moved = std::function<bool(const Camera&, const Camera&)>;
+    QTest::newRow("turn") << Qt::Key_Right << Qt::KeyboardModifiers() << Moved([](auto& a, auto& b) {
+      return b.yaw() < a.yaw() && b.pitch() == a.pitch();
+    });
+    QTest::newRow("tilt") << Qt::Key_Down << Qt::KeyboardModifiers() << Moved([](auto& a, auto& b) {
+      return b.pitch() > a.pitch() && b.yaw() == a.yaw();
+    });
+    QTest::newRow("shift") << Qt::Key_Left << Qt::KeyboardModifiers(Qt::ShiftModifier)
+                           << Moved([](auto& a, auto& b) { return b.target().x() > a.target().x(); });
+    QTest::newRow("nearer") << Qt::Key_Plus << Qt::KeyboardModifiers()
+                            << Moved([](auto& a, auto& b) { return b.distance() < a.distance(); });
+    QTest::newRow("farther") << Qt::Key_Minus << Qt::KeyboardModifiers()
+                             << Moved([](auto& a, auto& b) { return b.distance() > a.distance(); });
+  }
+  void keysMoveTheCamera() {
+    QFETCH(Qt::Key, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    QFETCH(std::function<bool(const Camera&, const Camera&)>, moved);
+    Bench bench;
+    QVERIFY(bench.show());
+    const Camera first = bench.view().camera();
+    bench.press(key, modifiers);
+    QVERIFY(moved(first, bench.view().camera()));
+  }
+
+  // Also when the hand trembles; with the keyboard; and never on the press.
+  void theMenuOpensOnAClick_data() {
+    QTest::addColumn<std::function<void(Bench&)>>("ask");
+    using Ask = std::function<void(Bench&)>;
+    QTest::newRow("click") << Ask([](Bench& bench) { bench.click(Qt::RightButton, bench.left()); });
+    QTest::newRow("trembling click") << Ask(
+        [](Bench& bench) { bench.drag(Qt::RightButton, bench.left(), bench.left() + QPoint(2, 2)); });
+    QTest::newRow("Shift+F10") << Ask([](Bench& bench) { bench.press(Qt::Key_F10, Qt::ShiftModifier); });
+    QTest::newRow("menu key") << Ask([](Bench& bench) {
+      for (const auto reason : {QContextMenuEvent::Mouse, QContextMenuEvent::Keyboard}) {
+        QVERIFY(!QApplication::activePopupWidget());
+        QContextMenuEvent event(reason, bench.left(), bench.view().mapToGlobal(bench.left()));
+        QCoreApplication::sendEvent(&bench.view(), &event);
+      }
+    });
+  }
+  void theMenuOpensOnAClick() {
+    QFETCH(std::function<void(Bench&)>, ask);
+    Bench bench;
+    QVERIFY(bench.show());
+    const Camera first = bench.view().camera();
+    ask(bench);
+    QPointer<QMenu> menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    QCOMPARE(bench.view().camera(), first);
+    QVERIFY(menu->actions().contains(&bench.mode(MeasureMode)));
+    bench.press(Qt::Key_Escape);
+    QTRY_VERIFY(!menu);
+    QVERIFY(bench.isAtRest());
+  }
+
+  void clicksSelect() {
+    Bench bench;
+    QVERIFY(bench.show());
+    bench.click(Qt::LeftButton, bench.left());
+    QCOMPARE(bench.selected(), std::size_t(1));
+    bench.click(Qt::LeftButton, bench.right());
+    QCOMPARE(bench.selected(), std::size_t(1));
+    bench.click(Qt::LeftButton, bench.left(), Qt::ShiftModifier);
+    bench.click(Qt::LeftButton, bench.left(), Qt::ShiftModifier);
+    QCOMPARE(bench.selected(), std::size_t(2));
+    bench.click(Qt::LeftButton, bench.left(), Qt::ControlModifier);
+    QCOMPARE(bench.selected(), std::size_t(1));
+    bench.drag(Qt::LeftButton, bench.left(), bench.right());
+    QCOMPARE(bench.selected(), std::size_t(1));
+    bench.doubleClick(bench.left());
+    QCOMPARE(bench.selected(), std::size_t(8));
+    QVERIFY(!bench.view().document().selection().contains(8));
+    bench.click(Qt::LeftButton, bench.background(), Qt::ShiftModifier);
+    QCOMPARE(bench.selected(), std::size_t(8));
+    bench.click(Qt::LeftButton, bench.background());
+    QCOMPARE(bench.selected(), std::size_t(0));
+    bench.press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(bench.selected(), std::size_t(8));
+  }
+
+  void rectanglesSelect() {
+    Bench bench;
+    QVERIFY(bench.show());
+    bench.press(Qt::Key_3, Qt::ControlModifier);
+    const QPoint corner = bench.seen(-2.7F, 1.2F);
+    const QPoint middle = bench.seen(0, -1.2F);
+    bench.drag(Qt::LeftButton, corner, middle);
+    QCOMPARE(bench.selected(), std::size_t(8));
+    bench.drag(Qt::LeftButton, bench.seen(2.7F, 1.2F), middle, Qt::ShiftModifier);
+    QCOMPARE(bench.selected(), std::size_t(16));
+    bench.drag(Qt::LeftButton, corner, middle, Qt::ControlModifier);
+    QCOMPARE(bench.selected(), std::size_t(8));
+    // A drag that is called off, or loses the mouse, selects nothing.
+    for (const auto& lose : {std::function([&] { bench.press(Qt::Key_Escape); }),
+                             std::function([&] { bench.window().menuBar()->setFocus(); })}) {
+      bench.view().setFocus();
+      bench.pull(Qt::LeftButton, corner, middle);
+      QVERIFY(!bench.view().rubberBand().isNull());
+      lose();
+      QVERIFY(bench.view().rubberBand().isNull());
+      bench.release(Qt::LeftButton, middle);
+      QCOMPARE(bench.selected(), std::size_t(8));
+    }
+    QCOMPARE(bench.controller().mode(), RectangleMode);
+  }
+
+  void measuresOnTheSurface() {
+    Bench bench;
+    QVERIFY(bench.show());
+    bench.press(Qt::Key_2, Qt::ControlModifier);
+    Measurements& measurements = bench.view().measurements();
+    const QPoint from = bench.seen(-2, 0.5F);
+    const QPoint to = bench.seen(2, 0.5F);
+    const auto measured = [&] { return measurements.distances().size(); };
+
+    bench.drag(Qt::LeftButton, from, to);
+    QCOMPARE(measured(), std::size_t(1));
+    const auto [a, b] = measurements.distances().back();
+    QVERIFY(qAbs(a.distanceToPoint(b) - 4) < 0.1F);
+    QVERIFY(bench.view().statusText().contains(measurements.text()));
+    bench.click(Qt::LeftButton, from);
+    bench.move(to);
+    bench.click(Qt::LeftButton, to);
+    QCOMPARE(measured(), std::size_t(2));
+    bench.doubleClick(from);
+    QVERIFY(measurements.isBegun());
+    QCOMPARE(measured(), std::size_t(2));
+    bench.press(Qt::Key_Escape);
+    QVERIFY(!measurements.isBegun());
+    QCOMPARE(bench.controller().mode(), MeasureMode);
+    // Beside the surface, without the mouse, in another mode.
+    bench.drag(Qt::LeftButton, from, bench.background());
+    QVERIFY(!measurements.isBegun());
+    bench.pull(Qt::LeftButton, from, to);
+    bench.window().menuBar()->setFocus();
+    QVERIFY(!measurements.isBegun());
+    bench.release(Qt::LeftButton, to);
+    bench.view().setFocus();
+    bench.click(Qt::LeftButton, from);
+    bench.mode(PickMode).setChecked(true);
+    QVERIFY(!measurements.isBegun());
+    QCOMPARE(measured(), std::size_t(2));
+    bench.press(Qt::Key_Backspace, Qt::ControlModifier);
+    QCOMPARE(measured(), std::size_t(0));
+  }
+
+  // In whatever order modes are switched, files opened and commands end.
+  void modesLeaveNothingBehind() {
+    Bench bench;
+    QVERIFY(bench.show());
+    settle();
+    const QString selectAll = SelectionCommand::idOf(SelectAll);
+    const CommandContext before = bench.controller().availability();
+    Taren::Core::SteppedDispatcher dispatcher;
+    const Taren::Core::ScopedDispatcher installed(dispatcher);
+
+    bench.press(Qt::Key_2, Qt::ControlModifier);
+    dispatcher.runAll();
+    QVERIFY(!bench.isEnabled(selectAll));
+    bench.press(Qt::Key_M, Qt::ControlModifier); // begins while it measures
+    while (dispatcher.step(Taren::Core::MainThreadQoS)) {
+    }
+    bench.press(Qt::Key_3, Qt::ControlModifier);
+    while (dispatcher.step(Taren::Core::MainThreadQoS)) {
+    }
+    QVERIFY(bench.isEnabled(selectAll));
+    bench.press(Qt::Key_2, Qt::ControlModifier);
+    bench.controller().openFiles({bench.write("cube.obj", Test::objFile(Test::cube(2)))});
+    dispatcher.runAll(); // the mesh is smoothed, then replaced
+    QCOMPARE(bench.triangles(), std::size_t(12));
+    QVERIFY(!bench.isEnabled(selectAll));
+    QVERIFY(bench.mode(MeasureMode).isChecked());
+    QVERIFY(bench.controller().contextStack().isEmpty());
+    bench.press(Qt::Key_Escape);
+    dispatcher.runAll();
+    QVERIFY(bench.mode(PickMode).isChecked());
+    QVERIFY(bench.isAtRest());
+    QVERIFY(bench.isEnabled(selectAll));
+    QCOMPARE(bench.controller().availability(), before);
+    const auto& states = before.get();
+    for (auto it = states.cbegin(); it != states.cend(); ++it)
+      QCOMPARE(bench.isEnabled(it.key()), bool(it.value().enabled));
+  }
+
+  void operationsLockTheMeshAndCanBeCancelledAndUndone() {
+    Bench bench;
+    QVERIFY(bench.show());
+    bench.controller().showMesh(Test::blob(20), QStringLiteral("blob"));
+    Taren::Core::SteppedDispatcher dispatcher;
+    const Taren::Core::ScopedDispatcher installed(dispatcher);
+    const auto before = bench.view().mesh().positions();
+    const auto begin = [&] {
+      dispatcher.runAll();
+      bench.press(Qt::Key_M, Qt::ControlModifier);
+      while (dispatcher.step(Taren::Core::MainThreadQoS)) {
+      }
+    };
+
+    begin();
+    for (const QString& id : {OpenMeshCommand::className(), UndoCommand::className(),
+                              DecimateMeshCommand::className(), SelectionCommand::idOf(DeleteSelection)})
+      QVERIFY2(!bench.isEnabled(id), qPrintable(id));
+    QTRY_COMPARE(bench.notification(), QStringLiteral("Smoothing…"));
+    bench.view().findChild<ProgressContent*>()->findChild<QPushButton*>()->click();
+    dispatcher.runAll();
+    QCOMPARE(bench.notification(), QStringLiteral("Smoothing cancelled. The mesh is as it was."));
+    begin();
+    bench.press(Qt::Key_Escape);
+    dispatcher.runAll();
+    QVERIFY(bench.view().mesh().positions() == before);
+    QVERIFY(!bench.view().document().undoStack()->canUndo());
+
+    begin();
+    bench.drop({bench.write("cube.obj", Test::objFile(Test::cube(2)))});
+    QCOMPARE(dispatcher.pending(Taren::Core::NormalQoS), std::size_t(1)); // the file waits
+    QVERIFY(dispatcher.step(Taren::Core::NormalQoS));
+    while (bench.view().mesh().positions() == before)
+      QVERIFY(dispatcher.step(Taren::Core::MainThreadQoS));
+    bench.view().document().undoStack()->undo();
+    QVERIFY(bench.view().mesh().positions() == before);
+    dispatcher.runAll();
+    QCOMPARE(bench.triangles(), std::size_t(12));
+  }
+
+  void theRotationCentreIsSetByAClick_data() {
+    QTest::addColumn<std::function<void(Bench&)>>("end");
+    QTest::addColumn<bool>("moves");
+    using End = std::function<void(Bench&)>;
+    QTest::newRow("click") << End([](Bench& bench) {
+      bench.click(Qt::LeftButton, bench.background());
+      bench.click(Qt::LeftButton, bench.right());
+    }) << true;
+    QTest::newRow("Escape") << End([](Bench& bench) { bench.press(Qt::Key_Escape); }) << false;
+    QTest::newRow("right click") << End([](Bench& bench) {
+      bench.drag(Qt::RightButton, bench.right(), bench.right() + QPoint(1, 1));
+    }) << false;
+    QTest::newRow("again") << End([](Bench& bench) { bench.press(Qt::Key_R, Qt::ControlModifier); }) << false;
+    QTest::newRow("another mode") << End([](Bench& bench) {
+      bench.press(Qt::Key_2, Qt::ControlModifier);
+      bench.press(Qt::Key_1, Qt::ControlModifier);
+    }) << false;
+    QTest::newRow("another mesh") << End([](Bench& bench) {
+      bench.controller().showMesh(bench.view().mesh(), {});
+    }) << false;
+  }
+  void theRotationCentreIsSetByAClick() {
+    QFETCH(std::function<void(Bench&)>, end);
+    QFETCH(bool, moves);
+    Bench bench;
+    QVERIFY(bench.show());
+    const QVector3D point = bench.view().pick(bench.right())->point;
+    bench.press(Qt::Key_R, Qt::ControlModifier);
+    QVERIFY(!bench.notification().isEmpty());
+    QVERIFY(!bench.isAtRest());
+    bench.drag(Qt::RightButton, bench.left(), bench.left() + QPoint(30, 0)); // still turns
+    bench.drag(Qt::RightButton, bench.left(), bench.left() - QPoint(30, 0));
+    end(bench);
+    QCOMPARE(bench.view().camera().target().distanceToPoint(point) < 0.1F, moves);
+    QCOMPARE(bench.selected(), std::size_t(0));
+    QVERIFY(bench.notification().isEmpty());
+    QVERIFY(!QApplication::activePopupWidget());
+    QVERIFY(!bench.controller().runningCommand());
+    QVERIFY(bench.isAtRest());
+  }
+
+  void theSelectionAnnouncesItsCommands() {
+    Bench bench;
+    QVERIFY(bench.show());
+    const auto observer = std::make_shared<GroupObserver>();
+    bench.controller().selectionCommands().setDelegate(observer, false);
+    bench.click(Qt::LeftButton, bench.left());
+    bench.click(Qt::LeftButton, bench.right());
+    QCOMPARE(observer->calls, QStringLiteral("+"));
+    QTRY_VERIFY(bench.isEnabled(SelectionCommand::idOf(DeleteSelection)));
+    bench.press(Qt::Key_Delete);
+    QCOMPARE(observer->calls, QStringLiteral("+-"));
+    QCOMPARE(bench.triangles(), std::size_t(15));
+    QTRY_VERIFY(!bench.isEnabled(SelectionCommand::idOf(DeleteSelection)));
+  }
+};
+
+VELA_TEST_MAIN(ToolsTest)
+#include "tools_test.moc"
