@@ -79,7 +79,7 @@ CommandBase* nextShading(MeshViewController* controller, CommandGroup* shadings)
   return next;
 }
 
-// Stands in the group of dynamic tools while something is selected.
+// In use while something is selected.
 CommandGroup* selectionGroup(MeshViewController* controller) {
   CommandGroup* const group = controller->selectionCommands().group();
   int rank = 0;
