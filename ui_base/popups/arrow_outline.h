@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ui_base/popups/arrow_param.h>
+
+#include <QMargins>
+#include <QPainterPath>
+#include <QPen>
+#include <QRect>
+#include <QSize>
+
+namespace Vela::UiBase {
+
+/// What a window with an arrow is laid out for. Sizes are in pixels.
+struct ArrowFrame {
+  QSize content;
+  int contentMargin = 0;
+  int cornerRadius = 0;
+  /// The border. A width of 0 is one pixel of the device.
+  QPen border;
+  /// Kept free around body and arrow.
+  QMargins room;
+  /// Pixels of the device to a pixel.
+  qreal pixelRatio = 1.0;
+};
+
+/// Where everything lies, in the coordinates of the window. Only the outline depends on the pixel ratio.
+struct ArrowLayout {
+  QSize size;
+  /// The body without the arrow, with the border.
+  QRect bounds;
+  /// At least as large as asked for: it grows where the body would be too small for arrow and corners.
+  QRect content;
+  /// What the content must have at least.
+  QSize smallestContent;
+  /// The outermost pixel of the arrow; (0, 0) without an arrow.
+  QPoint tip;
+  /// Body and arrow in one, along the middle of the border.
+  QPainterPath outline;
+  /// The arrow as it was laid out.
+  SArrowParam arrow;
+};
+
+/// The arrow with the angle and the anchor that it has at this rectangle.
+SArrowParam normalizedArrow(SArrowParam arrow, const QRect& content);
+
+/// Lays a window out. Without an arrow when its position is NoArrow.
+ArrowLayout layOutArrow(const ArrowFrame& frame, const SArrowParam& arrow);
+
+} // namespace Vela::UiBase

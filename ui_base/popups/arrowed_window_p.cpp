@@ -1,0 +1,259 @@
+// SPDX-License-Identifier: MIT
+#include "arrowed_window_p.h"
+
+#include "arrow_outline.h"
+#include "arrowed_window.h"
+#include "cached_shadow_effect.h"
+
+#include <vlk_common_res/styles.h>
+
+#include <QPainter>
+#include <QVBoxLayout>
+#include <QtMath>
+
+namespace Vela::UiBase {
+
+namespace {
+
+/// The size of a content that nothing else decides on. Qt's own item knows none for hidden widgets, and
+/// collapses those without a size hint.
+QSize naturalSize(const QWidget& widget) {
+  widget.ensurePolished();
+  QSize size = widget.sizeHint();
+  if (!size.isValid() && widget.testAttribute(Qt::WA_Resized))
+    size = widget.size();
+  const auto limited = [&](const QSize& wanted) {
+    return wanted.expandedTo({0, 0})
+        .expandedTo(widget.minimumSizeHint())
+        .boundedTo(widget.maximumSize())
+        .expandedTo(widget.minimumSize());
+  };
+  size = limited(size);
+  if (widget.hasHeightForWidth())
+    size = limited({size.width(), widget.heightForWidth(size.width())});
+  return size;
+}
+
+class ContentItem : public QWidgetItem {
+public:
+  using QWidgetItem::QWidgetItem;
+
+  bool isEmpty() const override { return false; }
+  bool hasHeightForWidth() const override { return false; }
+  QSize sizeHint() const override { return naturalSize(*wid).expandedTo(smallest); }
+  QSize minimumSize() const override { return sizeHint(); }
+
+  QSize smallest;
+};
+
+QColor defaultShadowColor(const QPalette& palette) {
+  const bool dark = Vela::Resource::Styles::suitablePalette(palette) == Vela::Resource::Dark;
+  return dark ? QColor(0, 0, 0, 166) : QColor(192, 192, 192, 166);
+}
+
+bool isDefaultShadowColor(const QColor& color) {
+  return color == QColor(0, 0, 0, 166) || color == QColor(192, 192, 192, 166);
+}
+
+} // namespace
+
+ArrowedWindowPrivate::ArrowedWindowPrivate() { currentArrow.position = NoArrow; }
+
+ArrowedWindowPrivate::~ArrowedWindowPrivate() = default;
+
+// --- the content
+
+void ArrowedWindowPrivate::attach(QWidget* widget) {
+  if (content == widget) {
+    layOut();
+    return;
+  }
+  if (QWidget* const before = release())
+    before->hide();
+  widget->setParent(window);
+  layout->addItem(new ContentItem(widget));
+  content = widget;
+  m_contentDeath = QObject::connect(widget, &QObject::destroyed, window, [this] {
+    if (!content)
+      window->hide();
+  });
+  watchContent(true);
+  adoptLooks();
+  adoptDescription();
+  normalizeArrows();
+  layOut();
+  if (window->isVisible())
+    widget->show();
+}
+
+QWidget* ArrowedWindowPrivate::release() {
+  QWidget* const released = content;
+  QObject::disconnect(m_contentDeath);
+  watchContent(false);
+  content = nullptr;
+  if (released)
+    layout->removeWidget(released);
+  return released;
+}
+
+void ArrowedWindowPrivate::watchContent(bool watch) {
+  if (!content)
+    return;
+  if (watch)
+    content->installEventFilter(window);
+  else
+    content->removeEventFilter(window);
+}
+
+void ArrowedWindowPrivate::adoptLooks() {
+  content->ensurePolished();
+  background = content->palette().color(QPalette::Window);
+  if (isDefaultShadowColor(shadow()->color()))
+    shadow()->setColor(defaultShadowColor(content->palette()));
+  window->update();
+}
+
+void ArrowedWindowPrivate::adoptDescription() {
+  // What somebody gave to the window itself stays.
+  if (window->accessibleName() == m_adoptedName) {
+    m_adoptedName = content->accessibleName();
+    if (m_adoptedName.isEmpty())
+      m_adoptedName = content->windowTitle();
+    window->setAccessibleName(m_adoptedName);
+  }
+  if (window->accessibleDescription() == m_adoptedDescription) {
+    m_adoptedDescription = content->accessibleDescription();
+    window->setAccessibleDescription(m_adoptedDescription);
+  }
+}
+
+// --- the layout
+
+ArrowFrame ArrowedWindowPrivate::frame() const {
+  ArrowFrame frame;
+  frame.content = m_contentSize;
+  frame.contentMargin = contentMargin;
+  frame.cornerRadius = cornerRadius;
+  frame.border = border;
+  frame.pixelRatio = m_pixelRatio;
+  if (m_installedShadow && window->isWindow()) {
+    const QRect unit(0, 0, 1, 1);
+    const QRect shaded = m_installedShadow->boundingRectFor(unit).toAlignedRect();
+    frame.room = QMargins(-shaded.left(), -shaded.top(), shaded.right(), shaded.bottom());
+  }
+  return frame;
+}
+
+void ArrowedWindowPrivate::normalizeArrows() {
+  if (!content)
+    return;
+  m_contentSize = naturalSize(*content);
+  for (SArrowParam& arrow : arrows)
+    arrow = layOutArrow(frame(), arrow).arrow;
+  if (!arrows.isEmpty())
+    currentArrow = arrows.constFirst();
+}
+
+void ArrowedWindowPrivate::layOut() {
+  if (!content)
+    return;
+  watchContent(false);
+  relayoutPending = false;
+  m_contentSize = naturalSize(*content);
+  const ArrowLayout result = layOutArrow(frame(), currentArrow);
+  partialRect = QRect(result.bounds.left(), partialRect.top() + result.bounds.top() - bounds.top(),
+                      result.bounds.width(), partialRect.height());
+  currentArrow = result.arrow;
+  outline = result.outline;
+  bounds = result.bounds;
+  tip = result.tip;
+  shapeShadow();
+
+  static_cast<ContentItem*>(layout->itemAt(0))->smallest = result.smallestContent;
+  const QRect inner = result.content;
+  layout->setContentsMargins(inner.left(), inner.top(), result.size.width() - inner.right() - 1,
+                             result.size.height() - inner.bottom() - 1);
+  layout->invalidate();
+  layout->activate();
+  window->update();
+  watchContent(true);
+}
+
+void ArrowedWindowPrivate::layOutAroundTip() {
+  const QPoint before = tip;
+  layOut();
+  if (currentArrow.position != NoArrow && tip != before)
+    window->move(window->pos() + before - tip);
+}
+
+bool ArrowedWindowPrivate::isOutOfDate() const { return naturalSize(*content) != m_contentSize; }
+
+void ArrowedWindowPrivate::fitOutline(qreal pixelRatio) {
+  if (pixelRatio == m_pixelRatio)
+    return;
+  m_pixelRatio = pixelRatio;
+  if (border.widthF() <= 0)
+    outline = layOutArrow(frame(), currentArrow).outline;
+}
+
+void ArrowedWindowPrivate::paint(QPainter& painter) const {
+  constexpr int nearlyTransparent = 50;
+  painter.fillPath(outline, background.alpha() < nearlyTransparent ? QColor(255, 255, 255, 128) : background);
+  if (partialBackground) {
+    QPainterPath stripe;
+    stripe.addRect(partialRect);
+    painter.fillPath(outline.intersected(stripe), partialColor);
+  }
+  painter.strokePath(outline, border);
+}
+
+// --- the shadow
+
+std::unique_ptr<CachedShadowEffect> ArrowedWindowPrivate::makeShadow() {
+  auto effect = std::make_unique<CachedShadowEffect>();
+  effect->setBlurRadius(15.0);
+  effect->setOffset(0, 0);
+  effect->setColor(defaultShadowColor(content ? content->palette() : window->palette()));
+  const auto makeRoom = [this] {
+    if (window->isWindow() && m_installedShadow)
+      layOut();
+  };
+  QObject::connect(effect.get(), &QGraphicsDropShadowEffect::blurRadiusChanged, window, makeRoom);
+  QObject::connect(effect.get(), &QGraphicsDropShadowEffect::offsetChanged, window, makeRoom);
+  return effect;
+}
+
+QGraphicsDropShadowEffect* ArrowedWindowPrivate::shadow() {
+  if (m_installedShadow)
+    return m_installedShadow;
+  if (!m_spareShadow)
+    m_spareShadow = makeShadow();
+  return m_spareShadow.get();
+}
+
+void ArrowedWindowPrivate::enableShadow(bool enable) {
+  if (enable == !m_installedShadow.isNull())
+    return;
+  if (enable) {
+    shadow();
+    m_installedShadow = m_spareShadow.release();
+    window->setGraphicsEffect(m_installedShadow);
+    shapeShadow();
+  } else {
+    // The window deletes the one it had.
+    m_spareShadow = makeShadow();
+    m_spareShadow->setLooks(*m_installedShadow);
+    window->setGraphicsEffect(nullptr);
+  }
+  if (window->isWindow())
+    layOut();
+}
+
+void ArrowedWindowPrivate::shapeShadow() {
+  if (!m_installedShadow)
+    return;
+  const int edge = cornerRadius + qCeil(border.widthF()) + 1;
+  m_installedShadow->setShape(outline, bounds.adjusted(edge, edge, -edge, -edge));
+}
+
+} // namespace Vela::UiBase

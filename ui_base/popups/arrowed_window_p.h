@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ui_base/popups/arrow_param.h>
+#include <ui_base/ui_base_export.h>
+
+#include <QColor>
+#include <QList>
+#include <QPainterPath>
+#include <QPen>
+#include <QPointer>
+#include <QRect>
+
+#include <memory>
+
+class QGraphicsDropShadowEffect;
+class QPainter;
+class QVBoxLayout;
+class QWidget;
+
+namespace Vela::UiBase {
+
+class ArrowedWindow;
+class CachedShadowEffect;
+struct ArrowFrame;
+
+/// The state of an ArrowedWindow, for subclasses that add to it.
+class UI_BASE_EXPORT ArrowedWindowPrivate {
+public:
+  ArrowedWindowPrivate();
+  virtual ~ArrowedWindowPrivate();
+  Q_DISABLE_COPY_MOVE(ArrowedWindowPrivate)
+
+  void attach(QWidget* widget);
+  /// Lets go of the content, which stays a child of the window.
+  QWidget* release();
+  /// The content as the window follows it: watched, or not.
+  void watchContent(bool watch);
+  /// What the window takes from its content beside the size.
+  void adoptLooks();
+  void adoptDescription();
+
+  void normalizeArrows();
+  void layOut();
+  /// The same, with the tip kept where it is in the parent or on the screen.
+  void layOutAroundTip();
+  bool isOutOfDate() const;
+  /// The outline for a device of this many pixels to a pixel.
+  void fitOutline(qreal pixelRatio);
+  void paint(QPainter& painter) const;
+
+  QGraphicsDropShadowEffect* shadow();
+  void enableShadow(bool enable);
+
+  ArrowedWindow* window = nullptr;
+  QVBoxLayout* layout = nullptr;
+  QPointer<QWidget> content;
+  QPainterPath outline;
+  QPen border = QPen(QColor(150, 150, 150, 100), 0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin);
+  QPoint tip;
+  bool relayoutPending = false;
+  QList<SArrowParam> arrows;
+  SArrowParam currentArrow;
+  int contentMargin = 0;
+  int cornerRadius = 4;
+  QColor background;
+  QRect bounds;
+  QRect partialRect;
+  QColor partialColor;
+  bool partialBackground = false;
+  bool autoDecide = false;
+
+private:
+  ArrowFrame frame() const;
+  void shapeShadow();
+  std::unique_ptr<CachedShadowEffect> makeShadow();
+
+  QSize m_contentSize;
+  qreal m_pixelRatio = 1.0;
+  QString m_adoptedName;
+  QString m_adoptedDescription;
+  QMetaObject::Connection m_contentDeath;
+  /// One of the two: the installed one belongs to the window, the other waits to be installed.
+  QPointer<CachedShadowEffect> m_installedShadow;
+  std::unique_ptr<CachedShadowEffect> m_spareShadow;
+};
+
+} // namespace Vela::UiBase
