@@ -71,9 +71,8 @@ QString outcomeInWords(EPlacementOutcome outcome) {
   }
 }
 
-QStringList faultsInWords(const PlacementCandidate& candidate) {
+QStringList faultsInWords(const QMargins& beyond, bool coversReference) {
   QStringList faults;
-  const QMargins& beyond = candidate.beyond;
   if (beyond.left() > 0)
     faults += PlacementSearch::tr("%1 px too far left").arg(beyond.left());
   if (beyond.right() > 0)
@@ -82,12 +81,12 @@ QStringList faultsInWords(const PlacementCandidate& candidate) {
     faults += PlacementSearch::tr("%1 px too high").arg(beyond.top());
   if (beyond.bottom() > 0)
     faults += PlacementSearch::tr("%1 px too low").arg(beyond.bottom());
-  if (candidate.coversReference)
+  if (coversReference)
     faults += PlacementSearch::tr("covers the reference");
   return faults;
 }
 
-QString inWords(const PlacementCandidate& candidate) {
+QString inWords(const PlacementCandidate& candidate, const QMargins& beyond) {
   QStringList parts{sideInWords(candidate.side)};
   if (candidate.arrow != NoArrow)
     parts += arrowInWords(candidate.arrow);
@@ -96,7 +95,7 @@ QString inWords(const PlacementCandidate& candidate) {
   if (candidate.outcome != PlacementNoLayout)
     parts += inWords(candidate.rect);
   parts += outcomeInWords(candidate.outcome);
-  parts += faultsInWords(candidate);
+  parts += faultsInWords(beyond, candidate.coversReference);
   return parts.join(PlacementSearch::tr(", "));
 }
 
@@ -107,29 +106,20 @@ const PlacementCandidate* PlacementSearch::taken() const {
   return found == m_candidates.end() ? nullptr : &*found;
 }
 
+QMargins PlacementSearch::beyond(const PlacementCandidate& candidate) const {
+  if (!m_freeArea || candidate.outcome == PlacementNoLayout)
+    return {};
+  const QRect& rect = candidate.rect;
+  return {std::max(0, m_freeArea->left() - rect.left()), std::max(0, m_freeArea->top() - rect.top()),
+          std::max(0, rect.right() - m_freeArea->right()), std::max(0, rect.bottom() - m_freeArea->bottom())};
+}
+
 QString PlacementSearch::toString() const {
   QStringList lines{tr("Reference: %1").arg(inWords(m_reference)),
                     m_freeArea ? tr("Free area: %1").arg(inWords(*m_freeArea)) : tr("Free area: no limits")};
   for (qsizetype i = 0; i < m_candidates.size(); ++i)
-    lines += tr("%1. %2").arg(i + 1).arg(inWords(m_candidates[i]));
+    lines += tr("%1. %2").arg(i + 1).arg(inWords(m_candidates[i], beyond(m_candidates[i])));
   return lines.join(QLatin1Char('\n'));
-}
-
-void PlacementSearch::begin(const QRect& reference) {
-  m_reference = reference;
-  m_freeArea.reset();
-  m_candidates.clear();
-}
-
-qsizetype PlacementSearch::add(PlacementCandidate candidate) {
-  if (m_freeArea && candidate.outcome != PlacementNoLayout) {
-    const QRect& rect = candidate.rect;
-    candidate.beyond = {
-        std::max(0, m_freeArea->left() - rect.left()), std::max(0, m_freeArea->top() - rect.top()),
-        std::max(0, rect.right() - m_freeArea->right()), std::max(0, rect.bottom() - m_freeArea->bottom())};
-  }
-  m_candidates.append(candidate);
-  return m_candidates.size() - 1;
 }
 
 QDebug operator<<(QDebug debug, const PlacementSearch& search) {

@@ -28,10 +28,8 @@ enum EPlacementOutcome : int {
 struct PlacementCandidate {
   EDirection side = Top;
   EArrowPosition arrow = NoArrow;
-  int arrowOffset = 0; ///< In pixels along the window's edge.
-  QRect rect = {};     ///< The popup there, in the coordinates the search was made in.
-  QMargins beyond =
-      {}; ///< How far it reaches beyond each edge of the free area, in pixels; 0 when it does not.
+  int arrowOffset = 0;          ///< In pixels along the window's edge.
+  QRect rect = {};              ///< The popup there, in the coordinates the search was made in.
   bool coversReference = false; ///< Refused because it did; asked only of slid arrows.
   EPlacementOutcome outcome = PlacementRefused;
 
@@ -62,15 +60,24 @@ public:
   const Candidates& candidates() const { return m_candidates; }
   /// The candidate that was taken; null when there was none. Valid until the search is changed.
   const PlacementCandidate* taken() const;
+  /// How far a candidate reaches beyond each edge of the free area, in pixels; 0 where it does not.
+  QMargins beyond(const PlacementCandidate& candidate) const;
 
   /// A line for the reference, the free area and each candidate, in the user's language.
   QString toString() const;
 
   /// For who searches: forgets everything and starts anew.
-  void begin(const QRect& reference);
+  void begin(const QRect& reference) {
+    m_reference = reference;
+    m_freeArea.reset();
+    m_candidates.clear();
+  }
   void setFreeArea(const std::optional<QRect>& area) { m_freeArea = area; }
-  /// Appends a candidate, fills in its `beyond`, and returns its index.
-  qsizetype add(PlacementCandidate candidate);
+  /// Appends a candidate and returns its index.
+  qsizetype add(const PlacementCandidate& candidate) {
+    m_candidates.append(candidate);
+    return m_candidates.size() - 1;
+  }
   void take(qsizetype index, EPlacementOutcome outcome) { m_candidates[index].outcome = outcome; }
 
 private:
