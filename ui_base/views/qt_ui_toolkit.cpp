@@ -2,6 +2,8 @@
 #include "qt_ui_toolkit.h"
 
 #include <ui_base/commands/i_icon_provider.h>
+#include <ui_base/popups/flyout_base.h>
+#include <ui_base/popups/m_dialog_base.h>
 #include <ui_base/views/default_icon_provider.h>
 
 #include <QCoreApplication>
@@ -71,6 +73,39 @@ QAction* QtUiToolkit::FindAction(const QWidget* widget, const QString& text) {
       return action;
   }
   return nullptr;
+}
+
+FlyoutBase* QtUiToolkit::CreateFlyout(const QString& title, QWidget* mainPanel, QWidget* toolButton,
+                                      bool apply, bool reset, bool cancel, bool close, QWidget* parent) {
+  return new FlyoutBase(title, mainPanel, toolButton, apply, reset, cancel, close, parent);
+}
+
+FlyoutBase* QtUiToolkit::CreateFlyout(QWidget* mainPanel, const QString& title, QWidget* toolButton,
+                                      const QString& applyText, bool apply, bool reset, bool cancel,
+                                      bool close, QWidget* parent) {
+  FlyoutBase* const flyout = CreateFlyout(title, mainPanel, toolButton, apply, reset, cancel, close, parent);
+  if (!applyText.isEmpty())
+    flyout->SetApplyText(applyText);
+  return flyout;
+}
+
+MDialogBase* QtUiToolkit::CreateFlyoutDialog(QWidget* parent, const QString& title, QWidget* mainPanel,
+                                             QWidget* toolButton, bool apply, bool reset, bool cancel,
+                                             bool close) {
+  QWidget* const owner = parent || !toolButton ? parent : toolButton->window();
+  auto* const dialog = new MDialogBase(title, mainPanel, apply, reset, cancel, close, owner);
+  dialog->SetToolButton(toolButton);
+  return dialog;
+}
+
+MDialogBase* QtUiToolkit::CreateFlyoutDialog(QWidget* mainPanel, const QString& title, QWidget* toolButton,
+                                             const QString& applyText, bool apply, bool reset, bool cancel,
+                                             bool close, QWidget* parent) {
+  MDialogBase* const dialog =
+      CreateFlyoutDialog(parent, title, mainPanel, toolButton, apply, reset, cancel, close);
+  if (!applyText.isEmpty())
+    dialog->SetApplyText(applyText);
+  return dialog;
 }
 
 } // namespace Vela::UiBase

@@ -16,10 +16,12 @@ class QWidget;
 
 namespace Vela::UiBase {
 
+class FlyoutBase;
 class IIconProvider;
+class MDialogBase;
 
 /// Makes the small Qt objects of an application in one place: icons through one replaceable provider,
-/// actions, and a look-up of actions by their text. Main thread only.
+/// actions, flyouts and flyout dialogs, and a look-up of actions by their text. Main thread only.
 ///
 /// @code
 /// auto& toolkit = Vela::UiBase::QtUiToolkit::Instance();
@@ -57,6 +59,26 @@ public:
   /// The first of the widget's actions with this text. Null when there is none, for no widget and for no
   /// text.
   static QAction* FindAction(const QWidget* widget, const QString& text);
+
+  /// A flyout panel around `mainPanel`, which it takes over; owned by `parent`.
+  /// @param toolButton the button that it belongs to, not owned; may be null.
+  /// @param apply,reset,cancel,close which buttons there are.
+  static FlyoutBase* CreateFlyout(const QString& title, QWidget* mainPanel, QWidget* toolButton, bool apply,
+                                  bool reset, bool cancel, bool close, QWidget* parent);
+  /// The same with another text for the apply button; an empty one stands for the usual "Apply".
+  static FlyoutBase* CreateFlyout(QWidget* mainPanel, const QString& title, QWidget* toolButton,
+                                  const QString& applyText, bool apply, bool reset, bool cancel, bool close,
+                                  QWidget* parent);
+
+  /// A dialog that works like such a flyout and announces the same. It is not shown yet. Without a parent it
+  /// stands over the window of the tool button, which then owns it.
+  static MDialogBase* CreateFlyoutDialog(QWidget* parent, const QString& title, QWidget* mainPanel,
+                                         QWidget* toolButton, bool apply, bool reset, bool cancel,
+                                         bool close);
+  /// The same with another text for the apply button.
+  static MDialogBase* CreateFlyoutDialog(QWidget* mainPanel, const QString& title, QWidget* toolButton,
+                                         const QString& applyText, bool apply, bool reset, bool cancel,
+                                         bool close, QWidget* parent);
 
   /// The one that the application and the library share, made on first use.
   static QtUiToolkit& Instance();

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "content_scroller.h"
+
+#include <QEvent>
+#include <QLayout>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace Vela::UiBase {
+
+ContentScroller::ContentScroller(QWidget* parent) : QScrollArea(parent) {
+  setFrameShape(QFrame::NoFrame);
+  setWidgetResizable(true);
+  viewport()->setAutoFillBackground(false);
+  updateFocusPolicy();
+  for (const QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
+    connect(bar, &QScrollBar::rangeChanged, this, &ContentScroller::updateFocusPolicy);
+}
+
+void ContentScroller::setContent(QWidget* content) {
+  setWidget(content);
+  content->setAutoFillBackground(false);
+  updateGeometry();
+}
+
+void ContentScroller::setLimit(const QSize& limit) {
+  m_limit = limit;
+  updateGeometry();
+}
+
+bool ContentScroller::hasHeightForWidth() const { return widget() && widget()->hasHeightForWidth(); }
+
+int ContentScroller::heightForWidth(int width) const {
+  return hasHeightForWidth() ? std::min(widget()->heightForWidth(width), m_limit.height()) : -1;
+}
+
+QSize ContentScroller::sizeHint() const {
+  return widget() ? widget()->sizeHint().boundedTo(m_limit) : QSize(0, 0);
+}
+
+QSize ContentScroller::minimumSizeHint() const {
+  if (!widget())
+    return {0, 0};
+  const QSize needed = widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
+  return needed.boundedTo(m_limit).expandedTo({0, 0});
+}
+
+bool ContentScroller::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == widget() && event->type() == QEvent::LayoutRequest)
+    updateGeometry();
+  return QScrollArea::eventFilter(watched, event);
+}
+
+void ContentScroller::updateFocusPolicy() {
+  const bool scrolls = horizontalScrollBar()->maximum() > 0 || verticalScrollBar()->maximum() > 0;
+  setFocusPolicy(scrolls ? Qt::StrongFocus : Qt::NoFocus);
+}
+
+} // namespace Vela::UiBase

@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: MIT
+#include "dialog_ex.h"
+
+#include "dialog_message.h"
+
+#include <vlk_app_service/application_service.h>
+#include <vlk_app_service/config_manager.h>
+
+#include <QAccessible>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QPushButton>
+
+#include <utility>
+
+namespace Vela::UiBase {
+
+namespace {
+
+Services::ConfigManager& config() { return Services::ApplicationService::GetInstance().GetConfigManager(); }
+
+bool isRejecting(QDialogButtonBox::ButtonRole role) { return role == QDialogButtonBox::RejectRole; }
+
+int resultOf(QDialogButtonBox::ButtonRole role) {
+  const bool no = isRejecting(role) || role == QDialogButtonBox::NoRole;
+  return no ? QDialog::Rejected : QDialog::Accepted;
+}
+
+} // namespace
+
+class DialogExPrivate {
+public:
+  struct Named {
+    QPointer<QPushButton> button;
+    QString name;
+    QDialogButtonBox::ButtonRole role;
+  };
+
+  explicit DialogExPrivate(DialogEx* owner) : q(owner) {}
+
+  const Named* find(const QString& name) const;
+  const Named* escape() const;
+  void answer(const Named& named);
+  bool answerFromMemory();
+  void ensureButton();
+
+  DialogEx* const q;
+  DialogMessage* message = nullptr;
+  QCheckBox* remember = nullptr;
+  QString rememberKey;
+  QList<Named> named;
+  QString answerName;
+};
+
+const DialogExPrivate::Named* DialogExPrivate::find(const QString& name) const {
+  for (const Named& candidate : named) {
+    if (candidate.button && candidate.name == name)
+      return &candidate;
+  }
+  return nullptr;
+}
+
+const DialogExPrivate::Named* DialogExPrivate::escape() const {
+  for (const Named& candidate : named) {
+    if (candidate.button && isRejecting(candidate.role))
+      return &candidate;
+  }
+  return named.size() == 1 ? &named.constFirst() : nullptr;
+}
+
+void DialogExPrivate::answer(const Named& chosen) {
+  answerName = chosen.name;
+  if (!rememberKey.isEmpty() && remember->isChecked() && !isRejecting(chosen.role))
+    config().setValue(rememberKey, chosen.name);
+  if (isRejecting(chosen.role))
+    q->MDialogBase::reject();
+  else
+    q->done(resultOf(chosen.role));
+}
+
+// An answer that is none of today's buttons was kept by another version of the application.
+bool DialogExPrivate::answerFromMemory() {
+  ensureButton();
+  const Named* const remembered = find(DialogEx::RememberedAnswer(rememberKey));
+  if (!remembered)
+    return false;
+  answerName = remembered->name;
+  q->setResult(resultOf(remembered->role));
+  return true;
+}
+
+void DialogExPrivate::ensureButton() {
+  if (named.isEmpty())
+    q->AddNamedButton({QStringLiteral("ok"), DialogEx::tr("OK"), QDialogButtonBox::AcceptRole});
+}
+
+DialogEx::DialogEx(QWidget* parent) : MDialogBase(parent), d(std::make_unique<DialogExPrivate>(this)) {
+  d->message = new DialogMessage;
+  SetContent(d->message);
+  connect(d->message, &DialogMessage::heightChanged, this, [this](int by) {
+    if (isVisible())
+      resize(width(), height() + by);
+  });
+  d->remember = new QCheckBox(this);
+  d->remember->hide();
+  AddFooter(d->remember);
+}
+
+DialogEx::DialogEx(EDialogSeverity severity, const QString& title, const QString& text, QWidget* parent)
+    : DialogEx(parent) {
+  SetTitle(title);
+  SetSeverity(severity);
+  SetText(text);
+}
+
+DialogEx::~DialogEx() = default;
+
+EDialogSeverity DialogEx::Severity() const { return d->message->severity(); }
+
+void DialogEx::SetSeverity(EDialogSeverity severity) { d->message->setSeverity(severity); }
+
+QString DialogEx::Text() const { return d->message->text(); }
+
+void DialogEx::SetText(const QString& text) {
+  d->message->setText(text);
+  setAccessibleDescription(d->message->spokenText());
+}
+
+QString DialogEx::InformativeText() const { return d->message->informativeText(); }
+
+void DialogEx::SetInformativeText(const QString& text) {
+  d->message->setInformativeText(text);
+  setAccessibleDescription(d->message->spokenText());
+}
+
+QString DialogEx::Details() const { return d->message->details(); }
+
+void DialogEx::SetDetails(const QString& details) { d->message->setDetails(details); }
+
+bool DialogEx::AreDetailsShown() const { return d->message->areDetailsShown(); }
+
+void DialogEx::ShowDetails(bool show) { d->message->showDetails(show); }
+
+QPushButton* DialogEx::AddNamedButton(const SDialogButton& button) {
+  // The base would close the dialog before the answer is known.
+  QPushButton* const made = AddButton(button.text, button.role);
+  made->disconnect(this);
+  made->setObjectName(button.name);
+  d->named.append({made, button.name, button.role});
+  connect(made, &QPushButton::clicked, this, [this, named = d->named.constLast()] { d->answer(named); });
+  return made;
+}
+
+QPushButton* DialogEx::NamedButton(const QString& name) const {
+  const DialogExPrivate::Named* const named = d->find(name);
+  return named ? named->button.data() : nullptr;
+}
+
+QString DialogEx::Answer() const { return d->answerName; }
+
+void DialogEx::SetRememberKey(const QString& key, const QString& text) {
+  d->rememberKey = key;
+  d->remember->setText(text.isEmpty() ? tr("Do not ask again") : text);
+  d->remember->setVisible(!key.isEmpty());
+}
+
+QString DialogEx::RememberedAnswer(const QString& key) {
+  return key.isEmpty() ? QString() : config().value(key).toString();
+}
+
+void DialogEx::ForgetAnswer(const QString& key) { config().remove(key); }
+
+QString DialogEx::Ask(QWidget* parent, EDialogSeverity severity, const QString& title, const QString& text,
+                      const QList<SDialogButton>& buttons, const QString& rememberKey) {
+  const QPointer<DialogEx> dialog(new DialogEx(severity, title, text, parent));
+  for (const SDialogButton& button : buttons)
+    dialog->AddNamedButton(button);
+  dialog->SetRememberKey(rememberKey);
+  dialog->exec();
+  if (!dialog)
+    return {};
+  const QString answer = dialog->Answer();
+  delete dialog;
+  return answer;
+}
+
+void DialogEx::setVisible(bool visible) {
+  if (visible && !isVisible()) {
+    d->ensureButton();
+    d->answerName.clear();
+    d->remember->setChecked(false);
+  }
+  MDialogBase::setVisible(visible);
+}
+
+void DialogEx::open() {
+  if (!d->answerFromMemory()) {
+    MDialogBase::open();
+    return;
+  }
+  // Whoever opens a dialog expects to hear of its end later.
+  QMetaObject::invokeMethod(
+      this, [this] { MDialogBase::done(result()); }, Qt::QueuedConnection);
+}
+
+int DialogEx::exec() { return d->answerFromMemory() ? result() : MDialogBase::exec(); }
+
+void DialogEx::reject() {
+  const DialogExPrivate::Named* const escape = d->escape();
+  if (escape && escape->button->isEnabled())
+    d->answer(*escape);
+}
+
+void DialogEx::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy))
+    QGuiApplication::clipboard()->setText(Title() + QLatin1String("\n\n") + d->message->wholeText());
+  else
+    MDialogBase::keyPressEvent(event);
+}
+
+void DialogEx::showEvent(QShowEvent* event) {
+  MDialogBase::showEvent(event);
+  QAccessibleEvent alert(this, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
+}
+
+} // namespace Vela::UiBase

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#include "info_dialog.h"
+
+#include "info_panel.h"
+
+namespace Vela::UiBase {
+
+InfoDialog::InfoDialog(const QString& title, QWidget* parent)
+    : MDialogBase(title, nullptr, false, false, false, true, parent), m_panel(new InfoPanel) {
+  m_panel->setAccessibleName(title);
+  SetContent(m_panel);
+  setSizeGripEnabled(true);
+}
+
+InfoDialog::~InfoDialog() = default;
+
+InfoPanel* InfoDialog::Panel() const { return m_panel; }
+
+} // namespace Vela::UiBase
