@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include "a_tooltip_ex.h"
+
+#include <ui_base/tooltips/tooltip_text.h>
+#include <vlk_common_res/styles.h>
+
+#include <QPalette>
+
+namespace Vela::UiBase {
+
+using Vela::Resource::Styles;
+
+ATooltipEx::ATooltipEx(QWidget* parent) : QWidget(parent) {
+  setFocusPolicy(Qt::NoFocus);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  setAttribute(Qt::WA_StyledBackground);
+  connect(&Styles::Instance(), &Styles::changed, this, [this] { ApplyLook(); });
+}
+
+ATooltipEx::~ATooltipEx() = default;
+
+QString ATooltipEx::AccessibleText() const { return TooltipText::plain(Text()); }
+
+void ATooltipEx::SetTooltipIndex(int index) { m_index = index; }
+
+int ATooltipEx::TooltipIndex() const { return m_index; }
+
+void ATooltipEx::SetTooltipKeyword(const QString& keyword) { m_keyword = keyword; }
+
+QString ATooltipEx::TooltipKeyword() const { return m_keyword; }
+
+bool ATooltipEx::HasHelp() const { return m_index >= 0 || !m_keyword.isEmpty(); }
+
+bool ATooltipEx::HandleHelpKey() {
+  if (!HasHelp())
+    return false;
+  Q_EMIT HelpRequested(m_index, m_keyword);
+  return true;
+}
+
+void ATooltipEx::ApplyLook() {
+  const Styles& styles = Styles::Instance();
+  // The window around the content takes its background from this colour.
+  QPalette colors = palette();
+  colors.setColor(QPalette::Window, styles.ColorToolTipBack());
+  setPalette(colors);
+  setStyleSheet(styles.DialogToolTip());
+}
+
+} // namespace Vela::UiBase

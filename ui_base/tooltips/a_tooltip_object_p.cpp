@@ -1,0 +1,267 @@
+// SPDX-License-Identifier: MIT
+#include "a_tooltip_object_p.h"
+
+#include <ui_base/tooltips/a_tooltip_ex.h>
+#include <ui_base/tooltips/tooltip_look.h>
+#include <ui_base/tooltips/tooltip_manager.h>
+#include <ui_base/tooltips/tooltip_text.h>
+#include <vlk_common_res/styles.h>
+
+#include <QApplication>
+#include <QCursor>
+#include <QLayout>
+#include <QScopedValueRollback>
+
+#include <utility>
+
+namespace Vela::UiBase {
+
+using Vela::Resource::Styles;
+
+ATooltipObjectPrivate::ATooltipObjectPrivate() {
+  const TooltipTimes& times = TooltipManager::GetInstance().Times();
+  showUpTime = times.showUp;
+  dismissTime = times.dismiss;
+  checkTime = times.check;
+}
+
+ATooltipObjectPrivate::~ATooltipObjectPrivate() {
+  delete tooltipWindow;
+  delete arrowedWindow;
+  delete pendingControl;
+}
+
+QWidget* ATooltipObjectPrivate::reference() const { return nullptr; }
+
+void ATooltipObjectPrivate::describe() {}
+
+QString ATooltipObjectPrivate::description() const {
+  return pendingControl ? TooltipText::read(pendingControl) : TooltipText::plain(text);
+}
+
+// --- the layer
+
+QWidget* ATooltipObjectPrivate::ownLayer() const {
+  const QWidget* widget = reference();
+  if (!widget && posCalculator)
+    widget = posCalculator->RefWidget();
+  return widget ? widget->window() : QApplication::activeWindow();
+}
+
+bool ATooltipObjectPrivate::ensureLayer() {
+  if (layer && !layerFound)
+    return true;
+  // A widget may have moved to another window since.
+  QWidget* const found = TooltipManager::GetInstance().getTooltipLayer(object);
+  if (found && found != layer) {
+    object->SetTooltipLayer(found);
+    layerFound = true;
+  }
+  return found;
+}
+
+// --- the content
+
+void ATooltipObjectPrivate::ensureContent() {
+  if (!pendingControl && (make || !text.isNull())) {
+    pendingControl = make ? make() : ATooltipObject::CreateTooltipControl(text);
+    handHelpOn();
+  }
+  attach();
+}
+
+void ATooltipObjectPrivate::setContent(QWidget* control, bool arrowed) {
+  make = nullptr;
+  text.clear();
+  const QPointer<QWidget> before(pendingControl);
+  if (useArrowedWindow != arrowed)
+    detach();
+  useArrowedWindow = arrowed;
+  pendingControl = control;
+  handHelpOn();
+  attach();
+  if (before && before != control)
+    before->deleteLater();
+  describe();
+}
+
+void ATooltipObjectPrivate::attach() {
+  // The window of a content that has died is still there.
+  if (pendingControl == attachedControl && (attachedControl || !tooltipWindow))
+    return;
+  detach();
+  attachedControl = pendingControl;
+  if (!attachedControl)
+    return;
+  if (useArrowedWindow) {
+    arrows().AttachWidget(attachedControl);
+    tooltipWindow = arrowedWindow;
+  } else {
+    tooltipWindow = attachedControl;
+    tooltipWindow->setParent(layer);
+    tooltipWindow->setAttribute(Qt::WA_NoMousePropagation);
+  }
+  // Else it would be shown together with its layer.
+  tooltipWindow->hide();
+  tooltipWindow->installEventFilter(object);
+  if (posCalculator)
+    posCalculator->SetWidget(tooltipWindow);
+  if (auto* const tooltip = qobject_cast<ATooltipEx*>(attachedControl)) {
+    QObject::connect(tooltip, &ATooltipEx::HelpRequested, object, &ATooltipObject::HelpRequested);
+    QObject::connect(tooltip, &ATooltipEx::HelpRequested, &TooltipManager::GetInstance(),
+                     &TooltipManager::HelpRequested);
+  }
+}
+
+void ATooltipObjectPrivate::detach() {
+  if (!tooltipWindow)
+    return;
+  object->HideTooltip();
+  tooltipWindow->removeEventFilter(object);
+  if (attachedControl)
+    attachedControl->disconnect(object);
+  if (arrowedWindow && tooltipWindow == arrowedWindow)
+    arrowedWindow->DetachWidget();
+  attachedControl = nullptr;
+  tooltipWindow = nullptr;
+  if (posCalculator)
+    posCalculator->SetWidget(nullptr);
+}
+
+void ATooltipObjectPrivate::handHelpOn() {
+  auto* const tooltip = qobject_cast<ATooltipEx*>(pendingControl);
+  if (!tooltip)
+    return;
+  if (helpIndex >= 0)
+    tooltip->SetTooltipIndex(helpIndex);
+  if (!helpKeyword.isEmpty())
+    tooltip->SetTooltipKeyword(helpKeyword);
+}
+
+// --- the place
+
+void ATooltipObjectPrivate::place() {
+  const QScopedValueRollback guard(placing, true);
+  const bool arrowed = arrowedWindow && tooltipWindow == arrowedWindow;
+  if (QLayout* const layout = attachedControl ? attachedControl->layout() : nullptr)
+    layout->activate();
+  if (arrowed && arrowedWindow->GetArrowParams().isEmpty())
+    arrowedWindow->SetArrow(SArrowParam());
+  else if (!arrowed && !tooltipWindow->testAttribute(Qt::WA_Resized))
+    tooltipWindow->adjustSize();
+  QPoint position;
+  const QPoint tip = arrowed ? arrowedWindow->GetArrowPoint() : QPoint();
+  if (calculator().GetPosition(position, tooltipWindow->rect(), arrowed, tip))
+    tooltipWindow->move(position);
+}
+
+void ATooltipObjectPrivate::followSize() {
+  if (!visible || placing || placePending)
+    return;
+  placePending = true;
+  // Not while the window is laying itself out.
+  const auto placeLater = [this] {
+    placePending = false;
+    if (visible && tooltipWindow)
+      place();
+  };
+  QMetaObject::invokeMethod(object, placeLater, Qt::QueuedConnection);
+}
+
+// --- what is made when it is needed
+
+void ATooltipObjectPrivate::makeTimer(std::unique_ptr<QTimer>& timer, int interval,
+                                      void (ATooltipObject::*slot)()) {
+  timer = std::make_unique<QTimer>();
+  timer->setSingleShot(true);
+  timer->setInterval(interval);
+  QObject::connect(timer.get(), &QTimer::timeout, object, slot);
+}
+
+QTimer& ATooltipObjectPrivate::showUp() {
+  if (!showUpTimer)
+    makeTimer(showUpTimer, showUpTime, &ATooltipObject::OnTooltipTimerTimeOut);
+  return *showUpTimer;
+}
+
+QTimer& ATooltipObjectPrivate::dismiss() {
+  if (!dismissTimer)
+    makeTimer(dismissTimer, dismissTime, &ATooltipObject::OnTooltipDismissTimerTimeOut);
+  return *dismissTimer;
+}
+
+QTimer& ATooltipObjectPrivate::check() {
+  if (!checkTimer) {
+    makeTimer(checkTimer, checkTime, &ATooltipObject::OnTooltipCheckTimerTimeOut);
+    checkTimer->setSingleShot(false);
+  }
+  return *checkTimer;
+}
+
+ArrowedWindow& ATooltipObjectPrivate::arrows() {
+  if (arrowedWindow)
+    return *arrowedWindow;
+  arrowedWindow = new ArrowedWindow(layer);
+  arrowedWindow->hide();
+  arrowedWindow->SetBorder(QColor(150, 150, 150, 100), 0, Qt::SolidLine, Qt::BevelJoin);
+  if (typed)
+    TooltipLook::dress(*arrowedWindow, tooltipType);
+  QObject::connect(&Styles::Instance(), &Styles::changed, arrowedWindow.data(), [this] {
+    if (typed)
+      TooltipLook::color(*arrowedWindow, tooltipType);
+  });
+  return *arrowedWindow;
+}
+
+WidgetPosCalculator& ATooltipObjectPrivate::calculator() {
+  if (posCalculator)
+    return *posCalculator;
+  posCalculator = std::make_unique<WidgetPosCalculator>();
+  posCalculator->SetAlignment(AlignCenter);
+  posCalculator->SetDirection(Top);
+  posCalculator->SetWidget(tooltipWindow);
+  if (QWidget* const widget = reference())
+    posCalculator->SetRefWidget(widget);
+  if (typed)
+    TooltipLook::place(*posCalculator, tooltipType);
+  return *posCalculator;
+}
+
+void ATooltipObjectPrivate::applyType() {
+  typed = true;
+  if (arrowedWindow)
+    TooltipLook::dress(*arrowedWindow, tooltipType);
+  if (posCalculator)
+    TooltipLook::place(*posCalculator, tooltipType);
+}
+
+// --- timers and handlers
+
+void ATooltipObjectPrivate::startShowUp() {
+  const TooltipManager& manager = TooltipManager::GetInstance();
+  const bool atOnce = manager.ShowNextAtOnce(group) && manager.IsTooltipShown(group);
+  showUp().start(atOnce ? 0 : showUpTime);
+}
+
+void ATooltipObjectPrivate::startDismiss() {
+  if (overrideDismissTimer)
+    dismiss().start();
+}
+
+void ATooltipObjectPrivate::stop(const std::unique_ptr<QTimer>& timer) {
+  if (timer)
+    timer->stop();
+}
+
+bool ATooltipObjectPrivate::holdsCursor(const QWidget& widget) {
+  const QRect area = widget.rect();
+  return QRect(widget.mapToGlobal(area.topLeft()), widget.mapToGlobal(area.bottomRight()))
+      .contains(QCursor::pos());
+}
+
+void ATooltipObjectPrivate::callHandler(ATooltipObject::IHoverCallbackHandler* handler) {
+  if (hoverEventsEnabled && handler)
+    (*handler)();
+}
+
+} // namespace Vela::UiBase

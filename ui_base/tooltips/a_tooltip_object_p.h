@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ui_base/popups/arrowed_window.h>
+#include <ui_base/popups/widget_pos_calculator.h>
+#include <ui_base/tooltips/a_tooltip_object.h>
+#include <ui_base/ui_base_export.h>
+
+#include <QPointer>
+#include <QTimer>
+
+namespace Vela::UiBase {
+
+/// The state of an ATooltipObject, for subclasses that add to it. Timers, calculator and window are made by
+/// the functions of their name when they are asked for first.
+class UI_BASE_EXPORT ATooltipObjectPrivate {
+public:
+  ATooltipObjectPrivate();
+  virtual ~ATooltipObjectPrivate();
+  Q_DISABLE_COPY_MOVE(ATooltipObjectPrivate)
+
+  /// The widget that the tooltip belongs to; null when there is none.
+  virtual QWidget* reference() const;
+  /// The content, or what it says, has changed.
+  virtual void describe();
+  /// What there is to read, in plain text.
+  QString description() const;
+
+  /// The window of what the tooltip stands beside, or the active one.
+  QWidget* ownLayer() const;
+  bool ensureLayer();
+  /// Makes the content that is still to be made, and attaches it.
+  void ensureContent();
+  void setContent(QWidget* control, bool arrowed);
+  void place();
+  void followSize();
+
+  QTimer& showUp();
+  QTimer& dismiss();
+  QTimer& check();
+  ArrowedWindow& arrows();
+  WidgetPosCalculator& calculator();
+
+  /// After the show-up time, or at once where the group wants it so.
+  void startShowUp();
+  void startDismiss();
+  void stop(const std::unique_ptr<QTimer>& timer);
+  /// Whether the cursor is over the widget.
+  static bool holdsCursor(const QWidget& widget);
+  void callHandler(ATooltipObject::IHoverCallbackHandler* handler);
+  void applyType();
+
+  ATooltipObject* object = nullptr;
+  bool enabled = true;
+  QPointer<QWidget> layer;
+  QPointer<QWidget> attachedControl;
+  QPointer<QWidget> tooltipWindow;
+  QPointer<QWidget> pendingControl;
+  std::unique_ptr<QTimer> showUpTimer;
+  int showUpTime;
+  std::unique_ptr<QTimer> dismissTimer;
+  int dismissTime;
+  std::unique_ptr<QTimer> checkTimer;
+  int checkTime;
+  bool mouseOverTooltip = false;
+  bool clickToDismiss = true;
+  bool useCustomSettings = true;
+  bool checkTimerEnabled = true;
+  bool overrideDismissTimer = true;
+  bool hoverEventsEnabled = false;
+  ATooltipObject::IHoverCallbackHandler* hoveredHandler = nullptr;
+  ATooltipObject::IHoverCallbackHandler* normalHandler = nullptr;
+  bool visible = false;
+  bool tooltipHovered = false;
+  std::unique_ptr<WidgetPosCalculator> posCalculator;
+  QPointer<ArrowedWindow> arrowedWindow;
+  QString group;
+  bool useArrowedWindow = true;
+  ETooltipType tooltipType = RichTooltip;
+
+  bool typed = false;
+  bool layerFound = false; // the layer is what the manager answered
+  bool placing = false;
+  bool placePending = false;
+  int helpIndex = -1;
+  QString helpKeyword;
+  QString text;
+  std::function<QWidget*()> make;
+
+private:
+  void attach();
+  void detach();
+  void makeTimer(std::unique_ptr<QTimer>& timer, int interval, void (ATooltipObject::*slot)());
+  void handHelpOn();
+};
+
+} // namespace Vela::UiBase

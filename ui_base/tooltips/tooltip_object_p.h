@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ui_base/tooltips/a_tooltip_object_p.h>
+#include <ui_base/tooltips/tooltip_object.h>
+
+class QFocusEvent;
+class QKeyEvent;
+
+namespace Vela::UiBase {
+
+/// The state of a TooltipObject, for subclasses that add to it.
+class UI_BASE_EXPORT TooltipObjectPrivate : public ATooltipObjectPrivate {
+public:
+  QWidget* reference() const override;
+  void describe() override;
+
+  void onFocusIn(const QFocusEvent& event);
+  void onFocusOut();
+  void onKeyPress(const QKeyEvent& event);
+
+  QPointer<QWidget> attachedWidget;
+  bool leftButtonPressed = false;
+  bool mouseInside = false;
+  bool dismissOnPress = true;
+
+  bool broughtByFocus = false;
+  QString givenDescription; // what the attached widget was given
+};
+
+} // namespace Vela::UiBase
