@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <ui_base/popups/arrowed_window.h>
+#include <ui_base/popups/placement_search.h>
+#include <ui_base/popups/widget_pos_calculator.h>
+
+using namespace Vela::UiBase;
+
+namespace {
+
+/// An active window with a button in a panel, at (380, 290) to (419, 309) of the window.
+struct Screen {
+  Screen() {
+    window.setGeometry(100, 50, 800, 600);
+    panel.setGeometry(300, 200, 200, 200);
+    button.setGeometry(80, 90, 40, 20);
+    window.show();
+    window.activateWindow();
+  }
+  bool isReady() { return QTest::qWaitForWindowActive(&window); }
+
+  QWidget window;
+  QWidget panel{&window};
+  QWidget button{&panel};
+};
+
+class PickySides : public WidgetPosCalculator {
+public:
+  PickySides() : WidgetPosCalculator(nullptr) {}
+  mutable QList<EDirection> asked;
+
+protected:
+  bool VerifyPosition(const QPoint&, const QRect&, QPoint&) const override {
+    asked.append(Direction());
+    return Direction() == Left;
+  }
+};
+
+QPoint place(const WidgetPosCalculator& calculator, bool arrowed = false) {
+  QPoint position(-1, -1);
+  return calculator.GetPosition(position, QRect(), arrowed, QPoint()) ? position : QPoint(-9, -9);
+}
+
+SArrowParam arrowAt(EArrowPosition position) { return {.position = position}; }
+
+} // namespace
+
+class PlacementWidgetTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void inTheCoordinatesOfThePopupsParent() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    const QPoint origin = screen.window.mapToGlobal(QPoint(0, 0));
+    QWidget inWindow(&screen.window);
+    QWidget inPanel(&screen.panel);
+    QWidget alone;
+    for (const auto& [popup, offset] : {std::pair(&inWindow, QPoint()),
+                                        std::pair(&inPanel, QPoint(-300, -200)), std::pair(&alone, origin)}) {
+      popup->resize(100, 50);
+      WidgetPosCalculator calculator;
+      calculator.SetDirections({Bottom});
+      calculator.SetWidget(popup);
+      calculator.SetRefWidget(&screen.button);
+      QCOMPARE(place(calculator), QPoint(350, 319) + offset);
+      calculator.SetRefPoint(origin + QPoint(380, 290));
+      QCOMPARE(place(calculator), QPoint(331, 303) + offset);
+      QPoint position;
+      QVERIFY(calculator.GetPosition(position, QRect(0, 0, 7, 5), false, QPoint()));
+      QCOMPARE(position, QPoint(377, 303) + offset);
+      calculator.SetRefWidget(&screen.button);
+      QCOMPARE(place(calculator), QPoint(350, 319) + offset);
+    }
+  }
+
+  void sidesBeforeAndAfterASearch() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    QWidget popup(&screen.window);
+    PickySides calculator;
+    calculator.SetWidget(&popup);
+    calculator.SetRefWidget(&screen.button);
+    QCOMPARE(calculator.Directions(), QList{Top});
+    calculator.SetDirections({Right, AnyDirection});
+    QCOMPARE(calculator.Direction(), Right);
+    calculator.SetDirection(AnyDirection);
+    QCOMPARE(calculator.Direction(), AnyDirection);
+    calculator.SetDirection(Bottom);
+    place(calculator);
+    QCOMPARE(calculator.asked, (QList{Bottom, Top, Left}));
+    QCOMPARE(calculator.Direction(), Left);
+  }
+
+  void sideWidgetsTakeSpace_data() {
+    QTest::addColumn<QVariant>("direction");
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<bool>("shown");
+    QTest::addColumn<EDirection>("expected");
+    QTest::newRow("below, enough left") << QVariant(3) << QSize(10, 201) << true << Bottom;
+    QTest::newRow("below") << QVariant(3) << QSize(10, 202) << true << Top;
+    QTest::newRow("below, hidden") << QVariant(3) << QSize(10, 202) << false << Bottom;
+    QTest::newRow("an enumerator") << QVariant::fromValue(Bottom) << QSize(10, 202) << true << Top;
+    QTest::newRow("on no side is on the left") << QVariant() << QSize(321, 10) << true << Right;
+    QTest::newRow("on an unknown side") << QVariant(7) << QSize(400, 400) << true << Bottom;
+  }
+  void sideWidgetsTakeSpace() {
+    QFETCH(QVariant, direction);
+    QFETCH(QSize, size);
+    QFETCH(bool, shown);
+    QFETCH(EDirection, expected);
+    Screen screen;
+    QVERIFY(screen.isReady());
+    QWidget side(&screen.window);
+    side.resize(size);
+    side.setVisible(shown);
+    side.setProperty("direction_to", direction);
+    QWidget plain(&screen.window);
+    plain.resize(100, 50);
+    ArrowedWindow arrowed(&screen.window); // the property is its content's
+    arrowed.AttachWidget(new QWidget);
+    for (QWidget* const popup : {&plain, static_cast<QWidget*>(&arrowed)}) {
+      QWidget* const holder = popup == &plain ? popup : arrowed.findChild<QWidget*>();
+      holder->setProperty("sub_widgets", QVariant::fromValue(QList<QWidget*>{nullptr, &side}));
+      WidgetPosCalculator calculator;
+      calculator.SetWidget(popup);
+      calculator.SetRefWidget(&screen.button);
+      calculator.SetDirection(Bottom);
+      QPoint position;
+      QVERIFY(calculator.GetPosition(position, QRect(0, 0, 100, 50), false, QPoint()));
+      QCOMPARE(calculator.Direction(), expected);
+    }
+  }
+
+  void nothingToPlace() {
+    auto screen = std::make_unique<Screen>();
+    QVERIFY(screen->isReady());
+    auto popup = std::make_unique<QWidget>();
+    auto reference = std::make_unique<QWidget>(&screen->window);
+    WidgetPosCalculator calculator;
+    const auto isUntouched = [&] { return place(calculator) == QPoint(-9, -9); };
+    QVERIFY(isUntouched());
+    calculator.SetWidget(popup.get());
+    QVERIFY(isUntouched());
+    calculator.SetRefWidget(reference.get());
+    QVERIFY(!isUntouched());
+    reference.reset();
+    QVERIFY(isUntouched());
+    calculator.SetRefPoint({-5000, -5000});
+    screen.reset();
+    QTRY_VERIFY(!QApplication::activeWindow());
+    QVERIFY(!isUntouched());
+    QVERIFY(!calculator.LastSearch().freeArea());
+    QCOMPARE(calculator.LastSearch().taken()->outcome, PlacementAccepted);
+    popup.reset();
+    QVERIFY(isUntouched());
+  }
+
+  void theTipMeetsTheReference() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    ArrowedWindow popup(&screen.window);
+    auto* const content = new QWidget;
+    content->setFixedSize(200, 100);
+    popup.AttachWidget(content);
+    WidgetPosCalculator calculator;
+    calculator.SetWidget(&popup);
+    calculator.SetRefWidget(&screen.button);
+    calculator.SetDirection(Bottom);
+    QCOMPARE(place(calculator, true).y(), 319); // without an arrow
+
+    popup.SetArrow(arrowAt(ArrowTop));
+    const auto tip = [&](int x) {
+      screen.panel.move(x, 200);
+      const QPoint position = place(calculator, true);
+      return position + popup.GetArrowPoint();
+    };
+    SArrowParam arrow;
+    QCOMPARE(tip(300), QPoint(399, 319));
+    QVERIFY(popup.GetCurrentArrowParam(arrow) && arrow.offset == 0);
+    QCOMPARE(tip(0), QPoint(99, 319));
+    QVERIFY(popup.GetCurrentArrowParam(arrow) && arrow.offset < 0 && arrow.offsetAlongX);
+    QCOMPARE(calculator.LastSearch().taken()->outcome, PlacementSlid);
+
+    popup.AddArrow(arrowAt(ArrowRight));
+    popup.AddArrow(arrowAt(ArrowLeft));
+    popup.SetAutoDecideArrowPosition(true);
+    calculator.SetVerifySlidArrow(true);
+    QCOMPARE(tip(0), QPoint(99, 319));
+    QCOMPARE(calculator.LastSearch().taken()->outcome, PlacementAccepted);
+
+    calculator.SetWidget(&screen.panel);
+    QCOMPARE(place(calculator, true), QPoint()); // has no arrow
+  }
+
+  void oneSwitchForTheProcess() {
+    WidgetPosCalculator follows;
+    WidgetPosCalculator decided;
+    decided.SetVerifySlidArrow(false);
+    WidgetPosCalculator::SetVerifySlidArrowByDefault(true);
+    QVERIFY(follows.VerifySlidArrow() && !decided.VerifySlidArrow());
+    WidgetPosCalculator::SetVerifySlidArrowByDefault(false);
+    QVERIFY(!follows.VerifySlidArrow());
+  }
+
+  void observersHearOfEachSearch() {
+    QWidget popup;
+    WidgetPosCalculator calculator;
+    calculator.SetWidget(&popup);
+    calculator.SetRefPoint({});
+    QList<QPoint> seen;
+    WidgetPosCalculator::SetSearchObserver(
+        [&](const WidgetPosCalculator& asked) { seen += asked.LastSearch().taken()->rect.topLeft(); });
+    const QPoint position = place(calculator);
+    WidgetPosCalculator::SetSearchObserver({});
+    place(calculator);
+    QCOMPARE(seen, QList{position});
+  }
+};
+
+VELA_TEST_MAIN(PlacementWidgetTest)
+#include "placement_widget_test.moc"
