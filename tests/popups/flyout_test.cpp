@@ -90,6 +90,7 @@ struct Stage {
     if (!simple) {
       panel = new ValuesPanel;
       flyout = new FlyoutBase("Smoothing", panel, nullptr, true, true, true, true, &window);
+      flyout->resize(flyout->sizeHint());
       flyout->hide();
     }
     command = new PanelCommand(simple ? simple : flyout.data(), controller);
@@ -282,6 +283,7 @@ void FlyoutTest::unusablePaidFeatureDoesNotBegin() {
   class NoLicense : public Vela::License::ILicenseProvider {
   public:
     Vela::License::ELicenseState state() const override { return Vela::License::NoLicense; }
+    bool activate(const QString&, QString*) override { return false; }
   };
   auto& service = Vela::License::LicenseService::Instance();
   Stage stage;

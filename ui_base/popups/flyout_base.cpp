@@ -321,7 +321,8 @@ void FlyoutBase::showEvent(QShowEvent* event) {
   d->subWidgets.follow();
   if (!d->holdsFocus()) {
     d->focusBefore = QApplication::focusWidget();
-    firstFocusable(this)->setFocus(Qt::OtherFocusReason);
+    QWidget* const control = d->mainPanel ? firstFocusable(d->mainPanel) : this;
+    (control == d->mainPanel ? this : control)->setFocus(Qt::OtherFocusReason);
   }
 }
 
