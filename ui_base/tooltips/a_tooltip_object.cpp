@@ -27,6 +27,8 @@ ATooltipObject::ATooltipObject(ATooltipObjectPrivate& state, const QString& grou
 ATooltipObject::~ATooltipObject() {
   TooltipManager::GetInstance().RemoveTooltip(this);
   // The windows' last events are not for an object that is going.
+  if (d->attachedControl)
+    d->attachedControl->disconnect(this);
   if (d->tooltipWindow)
     d->tooltipWindow->removeEventFilter(this);
 }

@@ -106,6 +106,7 @@ void ATooltipObjectPrivate::attach() {
   tooltipWindow->installEventFilter(object);
   if (posCalculator)
     posCalculator->SetWidget(tooltipWindow);
+  QObject::connect(attachedControl, &QObject::destroyed, object, &ATooltipObject::HideTooltip);
   if (auto* const tooltip = qobject_cast<ATooltipEx*>(attachedControl)) {
     QObject::connect(tooltip, &ATooltipEx::HelpRequested, object, &ATooltipObject::HelpRequested);
     QObject::connect(tooltip, &ATooltipEx::HelpRequested, &TooltipManager::GetInstance(),

@@ -23,17 +23,17 @@ QString titleOf(const QAction& action) {
       .remove(closingDots);
 }
 
-// An action without a tooltip of its own answers with its text.
-QString textOf(const QAction& action, const QString& title) {
+// An action without a tooltip of its own makes one of its text.
+QString textOf(const QAction& action) {
   const QString text = action.toolTip();
-  return TooltipText::plain(text) == title ? action.statusTip() : text;
+  const bool own = text != titleOf(action) && text != QAction(action.text()).toolTip();
+  return own ? text : action.statusTip();
 }
 
 void fill(TooltipEx& tooltip, const QAction& action) {
-  const QString title = titleOf(action);
-  tooltip.SetTitle(title);
+  tooltip.SetTitle(titleOf(action));
   tooltip.SetShortcut(action.shortcut().toString(QKeySequence::NativeText));
-  tooltip.SetText(textOf(action, title));
+  tooltip.SetText(textOf(action));
 }
 
 } // namespace
@@ -55,7 +55,7 @@ void TooltipExFactory::Attach(ATooltipObject* object, const QAction* action) {
 }
 
 QString TooltipExFactory::Description(const QAction* action) {
-  return action ? TooltipText::plain(textOf(*action, titleOf(*action))) : QString();
+  return action ? TooltipText::plain(textOf(*action)) : QString();
 }
 
 } // namespace Vela::UiBase

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "tooltip_fixture.h"
+
+#include <ui_base/tooltips/tooltip_ex.h>
+#include <ui_base/tooltips/tooltip_ex_factory.h>
+#include <vlk_common_res/styles.h>
+
+#include <QAction>
+#include <QIcon>
+#include <QLayout>
+#include <QShortcut>
+#include <QSignalSpy>
+
+using namespace Vela::UiBase;
+using Vela::Resource::Styles;
+
+using Act = std::function<void(TooltipFixture&, TooltipEx&)>;
+Q_DECLARE_METATYPE(Act)
+
+class TooltipContentTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void defaultControl() {
+    QVERIFY(!ATooltipObject::CreateTooltipControl(QString()));
+    const std::unique_ptr<QWidget> control(ATooltipObject::CreateTooltipControl(QStringLiteral("text")));
+    auto* const label = control->findChild<QLabel*>();
+    QVERIFY(!control->parent() && label && label->text() == QStringLiteral("text"));
+    QCOMPARE(control->focusPolicy(), Qt::NoFocus);
+    QCOMPARE(label->focusPolicy(), Qt::NoFocus);
+    QCOMPARE(control->layout()->contentsMargins(), QMargins(5, 5, 5, 5));
+    QCOMPARE(control->layout()->sizeConstraint(), QLayout::SetFixedSize);
+    QCOMPARE(control->styleSheet(), Styles::Instance().DialogToolTip());
+    QCOMPARE(label->styleSheet(), Styles::Instance().DialogToolTip());
+    QCOMPARE(control->size(), control->sizeHint());
+  }
+
+  void longTextsAreWrapped() {
+    DefaultTooltip tooltip(QStringLiteral("short"));
+    const QSize small = tooltip.size();
+    tooltip.SetText(QStringLiteral("a rather long sentence ").repeated(10));
+    QVERIFY(tooltip.width() < 400 && tooltip.height() > 2 * small.height());
+    tooltip.SetText(QStringLiteral("short"));
+    QCOMPARE(tooltip.size(), small);
+  }
+
+  void paletteIsFollowed() {
+    TooltipFixture f;
+    f.tooltip->SetTooltipType(RichTooltip);
+    f.tooltip->ShowTooltip();
+    const auto background = [&] {
+      return f.shown()->grab().toImage().pixelColor(f.tooltip->GetArrowedWindow()->GetBounds().center().x(),
+                                                    f.tooltip->GetArrowedWindow()->GetBounds().top() + 4);
+    };
+    QCOMPARE(background(), Styles::Instance().ColorToolTipBack());
+    Styles::Instance().setPalette(Vela::Resource::Dark);
+    QCOMPARE(background(), Styles::Instance().ColorToolTipBack());
+    Styles::Instance().setPalette(Vela::Resource::Light);
+  }
+
+  void unfolds_data() {
+    QTest::addColumn<Act>("act");
+    using F = TooltipFixture&;
+    using T = TooltipEx&;
+    const auto row = [](const char* name, const Act& act) { QTest::newRow(name) << act; };
+    row("after a while", [](F f, T tooltip) {
+      tooltip.SetUnfoldTime(0);
+      f.tooltip->HideTooltip();
+      f.tooltip->ShowTooltip();
+    });
+    row("under the mouse", [](F f, T tooltip) { f.moveTo(&tooltip); });
+    row("with F1", [](F f, T) { f.key(Qt::Key_F1); });
+  }
+  void unfolds() {
+    QFETCH(const Act, act);
+    TooltipFixture f;
+    auto* const tooltip = new TooltipEx(QStringLiteral("Smooth"), QStringLiteral("Evens out noise."));
+    QPixmap picture(100, 80);
+    picture.fill(Qt::red);
+    tooltip->SetAdvancedPicture(QIcon(picture), picture.size());
+    f.tooltip->SetTooltipControl(tooltip, true);
+    f.tooltip->ShowTooltip();
+    const int height = f.shown()->height();
+    QVERIFY(!tooltip->IsUnfolded() && !tooltip->AdvancedWidget()->isVisible());
+    act(f, *tooltip);
+    QTRY_VERIFY(tooltip->IsUnfolded() && tooltip->AdvancedWidget()->isVisible());
+    QTRY_VERIFY(f.shown()->height() > height + 50);
+    // It has grown away from its widget.
+    QTRY_VERIFY(!f.shown()->geometry().intersects(f.widget->geometry()));
+    f.moveAway();
+    f.tooltip->HideTooltip();
+    f.tooltip->ShowTooltip();
+    QVERIFY(!tooltip->IsUnfolded());
+    QCOMPARE(f.shown()->height(), height);
+  }
+
+  void helpKeyUnfoldsThenAsks() {
+    TooltipFixture f;
+    QShortcut general(Qt::Key_F1, f.window);
+    QSignalSpy generalHelp(&general, &QShortcut::activated);
+    QSignalSpy asked(f.tooltip, &ATooltipObject::HelpRequested);
+    QSignalSpy askedAnywhere(&TooltipManager::GetInstance(), &TooltipManager::HelpRequested);
+    f.tooltip->SetTooltipIndex(17);
+    auto* const tooltip = new TooltipEx(QStringLiteral("Smooth"));
+    tooltip->SetAdvancedWidget(new QLabel(QStringLiteral("more")));
+    f.tooltip->SetTooltipControl(tooltip, true);
+    f.tooltip->SetTooltipKeyword(QStringLiteral("smoothing"));
+    f.tooltip->ShowTooltip();
+    f.key(Qt::Key_F1);
+    QVERIFY(tooltip->IsUnfolded() && asked.isEmpty());
+    f.key(Qt::Key_F1);
+    QCOMPARE(asked, QList<QVariantList>({{17, QStringLiteral("smoothing")}}));
+    QCOMPARE(askedAnywhere, asked);
+    QCOMPARE(generalHelp.count(), 0);
+    f.tooltip->HideTooltip();
+    f.key(Qt::Key_F1);
+    QCOMPARE(generalHelp.count(), 1);
+  }
+
+  void actionsHaveTooltips() {
+    TooltipFixture f;
+    QAction action(QStringLiteral("&Smooth && relax (&S)…"));
+    action.setShortcut(QKeySequence(QStringLiteral("Ctrl+M")));
+    action.setStatusTip(QStringLiteral("Evens out noise."));
+    TooltipExFactory::Attach(f.tooltip, &action);
+    QCOMPARE(f.widget->accessibleDescription(), QStringLiteral("Evens out noise."));
+    auto* const tooltip = qobject_cast<TooltipEx*>(f.tooltip->TooltipControl());
+    QVERIFY(tooltip);
+    QCOMPARE(tooltip->Title(), QStringLiteral("Smooth & relax"));
+    QCOMPARE(tooltip->Shortcut(), action.shortcut().toString(QKeySequence::NativeText));
+    QCOMPARE(tooltip->Text(), QStringLiteral("Evens out noise."));
+    action.setToolTip(QStringLiteral("<i>Own</i> words"));
+    QCOMPARE(tooltip->Text(), QStringLiteral("<i>Own</i> words"));
+    QCOMPARE(tooltip->accessibleName().section(QLatin1Char('\n'), -1), QStringLiteral("Own words"));
+    QVERIFY(!TooltipExFactory::Create(nullptr) && TooltipExFactory::Description(nullptr).isEmpty());
+  }
+
+  void widgetIsDescribed() {
+    TooltipFixture f;
+    QCOMPARE(f.widget->accessibleDescription(), QStringLiteral("Fits the mesh"));
+    f.tooltip->SetTooltipText(QStringLiteral("Fits all"));
+    QCOMPARE(f.widget->accessibleDescription(), QStringLiteral("Fits all"));
+    f.widget->setAccessibleDescription(QStringLiteral("own words"));
+    f.tooltip->SetTooltipText(QStringLiteral("Fits"));
+    f.tooltip->Detach();
+    QCOMPARE(f.widget->accessibleDescription(), QStringLiteral("own words"));
+    f.other->Detach();
+    QVERIFY(f.neighbour->accessibleDescription().isEmpty());
+  }
+};
+
+VELA_TEST_MAIN(TooltipContentTest)
+#include "tooltip_content_test.moc"
