@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QWidget>
 
 #include <benchmark/benchmark.h>
 

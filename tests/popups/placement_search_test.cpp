@@ -29,6 +29,7 @@ public:
 
   QList<EArrowPosition> refused;
   bool slides = true;
+  int room = 0; ///< Kept free around it for a shadow.
   QList<SArrowParam> laidOut;
 
 private:
@@ -38,11 +39,11 @@ private:
     const bool top = position == ArrowTop || position == ArrowTopLeft || position == ArrowTopRight;
     const bool bottom =
         position == ArrowBottom || position == ArrowBottomLeft || position == ArrowBottomRight;
-    return {left    ? 0
-            : right ? m_size.width() - 1
+    return {left    ? room
+            : right ? m_size.width() - 1 - room
                     : m_size.width() / 2,
-            top      ? 0
-            : bottom ? m_size.height() - 1
+            top      ? room
+            : bottom ? m_size.height() - 1 - room
                      : m_size.height() / 2};
   }
 
@@ -146,6 +147,18 @@ private Q_SLOTS:
     QTEST(search.arrowed(pairsOf(arrows), window), "position");
     QTEST(search.outcomes(), "outcomes");
     QTEST(search.side, "side");
+  }
+
+  void shadowsDoNotCoverTheReference() {
+    Search search{.area = {30, 30, 740, 540}, .target = {.reference = {40, 300, 40, 20}}, .verifySlid = true};
+    PlainWindow window({200, 100});
+    window.room = 15;
+    QCOMPARE(search.arrowed(pairsOf({ArrowTop, ArrowLeft}), window), QPoint(30, 314));
+    QCOMPARE(search.outcomes(), "rA");
+    search.target.reference.moveLeft(700);
+    QCOMPARE(search.arrowed(pairsOf({ArrowLeft, ArrowRight}), window), QPoint(505, 259));
+    QCOMPARE(search.outcomes(), "rrA");
+    QVERIFY(search.record.candidates()[1].coversReference);
   }
 
   void arrowsThatCannotBeLaidOut() {

@@ -36,12 +36,13 @@ constexpr std::array<SideArrows, 4> sideArrows = {{{Left, {ArrowRight, ArrowTopR
                                                    {Bottom, {ArrowTop, ArrowTopLeft, ArrowTopRight}}}};
 
 void appendArrows(QList<ArrowPair>& pairs, SArrowParam arrow, EDirection side) {
-  const auto found = std::ranges::find(sideArrows, side, &SideArrows::side);
-  if (found == sideArrows.end())
-    return;
-  for (const EArrowPosition position : found->positions) {
-    arrow.position = position;
-    pairs.emplace_back(arrow, side);
+  for (const SideArrows& arrows : sideArrows) {
+    if (arrows.side != side)
+      continue;
+    for (const EArrowPosition position : arrows.positions) {
+      arrow.position = position;
+      pairs.emplace_back(arrow, side);
+    }
   }
 }
 
@@ -149,28 +150,28 @@ QPoint plainPosition(const Target& target, EDirection side, const QSize& popup) 
 }
 
 QPoint arrowedPosition(const Target& target, const ArrowPair& arrow, const QRect& popup, const QPoint& tip) {
-  const auto& [param, side] = arrow;
-  const EArrowPosition position = param.position;
+  const EArrowPosition position = arrow.first.position;
+  const bool fixedAngle = arrow.first.fixedAngle;
   const QRect& reference = target.reference;
   const int gap = target.baseOffset;
   const int dx = popup.left() - tip.x();
   const int dy = popup.top() - tip.y();
 
   const auto alongX = [&] {
-    if (!param.fixedAngle && isOneOf(position, ArrowTopLeft, ArrowBottomLeft))
+    if (!fixedAngle && isOneOf(position, ArrowTopLeft, ArrowBottomLeft))
       return reference.right() + gap + dx;
-    if (!param.fixedAngle && isOneOf(position, ArrowTopRight, ArrowBottomRight))
+    if (!fixedAngle && isOneOf(position, ArrowTopRight, ArrowBottomRight))
       return -gap + dx;
     return reference.center().x() + dx;
   };
   const auto alongY = [&] {
-    if (!param.fixedAngle && isOneOf(position, ArrowTopLeft, ArrowTopRight))
+    if (!fixedAngle && isOneOf(position, ArrowTopLeft, ArrowTopRight))
       return reference.bottom() + gap + dy;
-    if (!param.fixedAngle && isOneOf(position, ArrowBottomRight, ArrowBottomLeft))
+    if (!fixedAngle && isOneOf(position, ArrowBottomRight, ArrowBottomLeft))
       return -gap + dy;
     return reference.center().y() + dy;
   };
-  switch (side) {
+  switch (arrow.second) {
   case Bottom:
     return {alongX(), reference.bottom() + gap + dy};
   case Top:

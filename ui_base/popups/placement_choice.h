@@ -68,6 +68,7 @@ public:
       if (!layOut())
         continue;
       m_position = m_place.topLeft();
+      m_room = roomAroundArrow();
       const bool accepted = isAccepted();
       lastLaidOut = record(accepted ? PlacementAccepted : PlacementRefused);
       if (accepted || takeSlid(pair, &pair == &pairs.back()))
@@ -81,14 +82,28 @@ public:
 private:
   bool layOut() {
     QSize size;
-    QPoint tip;
-    if (!m_layOut(m_pair.first, size, tip)) {
+    if (!m_layOut(m_pair.first, size, m_tip)) {
       record(PlacementNoLayout);
       return false;
     }
     m_popup = QRect(QPoint(), size);
-    m_place = m_popup.translated(arrowedPosition(m_target, m_pair, m_popup, tip));
+    m_place = m_popup.translated(arrowedPosition(m_target, m_pair, m_popup, m_tip));
     return true;
+  }
+
+  /// What the window is larger than body and arrow, as far as a tip at the outermost tells: room for a
+  /// shadow.
+  int roomAroundArrow() const {
+    switch (m_side) {
+    case Left:
+      return m_popup.right() - m_tip.x();
+    case Right:
+      return m_tip.x();
+    case Bottom:
+      return m_tip.y();
+    default:
+      return m_popup.bottom() - m_tip.y();
+    }
   }
 
   bool isAccepted() {
@@ -116,7 +131,7 @@ private:
       return false;
     if (!m_verifySlid)
       return take(PlacementSlid);
-    const bool covering = covers(m_place, m_target);
+    const bool covering = covers(m_place.adjusted(m_room, m_room, -m_room, -m_room), m_target);
     if (!covering && isAccepted())
       return take(PlacementAccepted);
     if (!covering && last)
@@ -141,6 +156,8 @@ private:
   ArrowPair m_pair;  // as the window has it
   QRect m_popup;     // the window with it, at the origin
   QRect m_place;     // the same where it is to stand
+  QPoint m_tip;      // where in it the arrow ends
+  int m_room = 0;    // around it, for its shadow
   QPoint m_position; // the last place whose arrow was not slid
   QPoint m_adjust;   // how far its arrow should slide
 };

@@ -102,8 +102,10 @@ QString inWords(const PlacementCandidate& candidate, const QMargins& beyond) {
 } // namespace
 
 const PlacementCandidate* PlacementSearch::taken() const {
-  const auto found = std::ranges::find_if(m_candidates, &PlacementCandidate::isTaken);
-  return found == m_candidates.end() ? nullptr : &*found;
+  for (const PlacementCandidate& candidate : m_candidates)
+    if (candidate.isTaken())
+      return &candidate;
+  return nullptr;
 }
 
 QMargins PlacementSearch::beyond(const PlacementCandidate& candidate) const {
