@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Installs the Debian packages that are lacking for the named purposes.
-# Usage: scripts/setup.sh [build|test|lint|demo|docs]...      (default: build test)
+# Usage: scripts/setup.sh [build|web|test|lint|demo|docs]...      (default: build test)
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 packages_for() {
@@ -14,6 +14,8 @@ packages_for() {
       # What the programs need at run time besides the libraries: SVG icons, fonts with known metrics.
       echo libqt6svg6 fontconfig fonts-dejavu-core fonts-liberation
       ;;
+    # Optional: without it information panels use a text browser.
+    web) echo qt6-webengine-dev ;;
     test) echo xvfb xauth clang-format ;;
     lint) echo clang clang-format clang-tidy clazy ;;
     demo)
@@ -29,7 +31,7 @@ packages_for() {
 wanted=()
 [ $# -gt 0 ] || set -- build test
 for purpose in "$@"; do
-  list=$(packages_for "$purpose") || die "unknown purpose: $purpose (build, test, lint, demo or docs)"
+  list=$(packages_for "$purpose") || die "unknown purpose: $purpose (build, web, test, lint, demo or docs)"
   read -r -d '' -a names <<<"$list" || true
   wanted+=("${names[@]}")
 done

@@ -53,6 +53,7 @@ public:
   QString rememberKey;
   QList<Named> named;
   QString answerName;
+  int foldedHeight = 0; // px, before the details were unfolded
 };
 
 const DialogExPrivate::Named* DialogExPrivate::find(const QString& name) const {
@@ -100,10 +101,7 @@ void DialogExPrivate::ensureButton() {
 DialogEx::DialogEx(QWidget* parent) : MDialogBase(parent), d(std::make_unique<DialogExPrivate>(this)) {
   d->message = new DialogMessage;
   SetContent(d->message);
-  connect(d->message, &DialogMessage::heightChanged, this, [this](int by) {
-    if (isVisible())
-      resize(width(), height() + by);
-  });
+  connect(d->message, &DialogMessage::detailsToggled, this, &DialogEx::onDetailsToggled);
   d->remember = new QCheckBox(this);
   d->remember->hide();
   AddFooter(d->remember);
@@ -192,6 +190,8 @@ void DialogEx::setVisible(bool visible) {
     d->ensureButton();
     d->answerName.clear();
     d->remember->setChecked(false);
+    // The details come before the buttons but are not what the user is asked for.
+    (DefaultButton() ? DefaultButton() : Buttons().constFirst())->setFocus();
   }
   MDialogBase::setVisible(visible);
 }
@@ -212,6 +212,14 @@ void DialogEx::reject() {
   const DialogExPrivate::Named* const escape = d->escape();
   if (escape && escape->button->isEnabled())
     d->answer(*escape);
+}
+
+void DialogEx::onDetailsToggled(bool shown) {
+  if (!isVisible())
+    return;
+  if (shown)
+    d->foldedHeight = height();
+  ChangeHeight(shown ? height() : d->foldedHeight);
 }
 
 void DialogEx::keyPressEvent(QKeyEvent* event) {

@@ -99,6 +99,8 @@ protected:
   void showEvent(QShowEvent* event) override;
 
 private:
+  void onDetailsToggled(bool shown);
+
   const std::unique_ptr<DialogExPrivate> d;
 };
 

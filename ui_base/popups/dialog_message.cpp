@@ -58,7 +58,10 @@ DialogMessage::DialogMessage(QWidget* parent) : QWidget(parent) {
   row->addWidget(m_mark, 0, Qt::AlignTop);
   row->addLayout(textColumn(), 1);
   dress();
-  connect(m_unfold, &QToolButton::toggled, this, &DialogMessage::onDetailsToggled);
+  connect(m_unfold, &QToolButton::toggled, this, [this](bool shown) {
+    updateDetails();
+    Q_EMIT detailsToggled(shown);
+  });
   connect(&Styles::Instance(), &Styles::changed, this, &DialogMessage::dress);
 }
 
@@ -79,6 +82,7 @@ QLayout* DialogMessage::textColumn() {
   m_details->setReadOnly(true);
   m_details->setTabChangesFocus(true);
   m_details->setMinimumHeight(detailsHeight);
+  m_details->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
   m_details->hide();
   auto* const column = new QVBoxLayout;
   column->setSpacing(textSpacing);
@@ -93,10 +97,12 @@ QLayout* DialogMessage::textColumn() {
 void DialogMessage::dress() {
   const Styles& styles = Styles::Instance();
   m_text->setStyleSheet(QStringLiteral("font-weight: bold"));
-  m_informative->setStyleSheet(QStringLiteral("color: %1").arg(styles.ColorTextLabel().name()));
+  m_informative->setStyleSheet(
+      QStringLiteral("QLabel:enabled { color: %1 }").arg(styles.ColorTextLabel().name()));
+  m_unfold->setFont(styles.FontLabel());
   m_unfold->setStyleSheet(styles.ToolButtonSystem());
   setSeverity(m_severity);
-  onDetailsToggled(m_unfold->isChecked());
+  updateDetails();
 }
 
 void DialogMessage::setSeverity(EDialogSeverity severity) {
@@ -138,13 +144,10 @@ QString DialogMessage::wholeText() const {
   return details().isEmpty() ? spokenText() : spokenText() + QLatin1String("\n\n") + details();
 }
 
-void DialogMessage::onDetailsToggled(bool shown) {
+void DialogMessage::updateDetails() {
+  const bool shown = areDetailsShown();
   m_unfold->setIcon(Icons::icon(shown ? QStringLiteral("arrow_down") : QStringLiteral("arrow_right")));
-  if (m_details->isHidden() != shown)
-    return;
   m_details->setVisible(shown);
-  const int height = detailsHeight + textSpacing;
-  Q_EMIT heightChanged(shown ? height : -height);
 }
 
 } // namespace Vela::UiBase

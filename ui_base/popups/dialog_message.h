@@ -32,13 +32,12 @@ public:
   QString wholeText() const;
 
 Q_SIGNALS:
-  /// The details were unfolded or folded in; the message now wants so many pixels more.
-  void heightChanged(int by);
+  void detailsToggled(bool shown);
 
 private:
   QLayout* textColumn();
   void dress();
-  void onDetailsToggled(bool shown);
+  void updateDetails();
 
   EDialogSeverity m_severity = DialogPlain;
   QLabel* m_mark = nullptr;

@@ -9,7 +9,6 @@ InfoDialog::InfoDialog(const QString& title, QWidget* parent)
     : MDialogBase(title, nullptr, false, false, false, true, parent), m_panel(new InfoPanel) {
   m_panel->setAccessibleName(title);
   SetContent(m_panel);
-  setSizeGripEnabled(true);
 }
 
 InfoDialog::~InfoDialog() = default;

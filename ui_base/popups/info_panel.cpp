@@ -107,6 +107,7 @@ InfoPanel::InfoPanel(QWidget* parent) : QWidget(parent), d(std::make_unique<Info
   column->setSpacing(titleSpacing);
   column->addWidget(d->title);
   setAccessibleName(tr("Information"));
+  setFocusPolicy(Qt::StrongFocus); // until there is a view that it can hand the focus to
   d->dress();
   connect(&Styles::Instance(), &Styles::changed, this, [this] { d->dress(); });
 }
@@ -142,7 +143,7 @@ void InfoPanel::SetSource(const QUrl& url) {
 QUrl InfoPanel::Source() const { return d->source; }
 
 QString InfoPanel::Image(const QByteArray& svg) {
-  return QStringLiteral("<img src=\"data:image/svg+xml;base64,%1\">")
+  return QStringLiteral("<p><img src=\"data:image/svg+xml;base64,%1\"></p>")
       .arg(QString::fromLatin1(svg.toBase64()));
 }
 

@@ -48,7 +48,7 @@ public:
   /// The address given last; empty after SetHtml().
   QUrl Source() const;
 
-  /// An `<img>` element with this SVG drawing in it.
+  /// A paragraph with this SVG drawing in it, sharp on any screen.
   static QString Image(const QByteArray& svg);
 
   /// Whether a plugin shows the content; false until the panel is shown for the first time.

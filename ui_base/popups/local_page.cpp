@@ -18,12 +18,11 @@ QString pageStyle() {
   return QStringLiteral(
              "body { background-color: %1; color: %2; font-family: Arial, 'Liberation Sans', sans-serif;"
              " font-size: 12px; margin: 0; }\n"
-             "h1 { color: %3; font-size: 18px; font-weight: normal; margin: 0 0 8px 0; }\n"
-             "h2 { color: %3; font-size: 14px; margin: 14px 0 6px 0; }\n"
+             "h1, h2, h3 { color: %3; font-weight: normal; margin: 12px 0 6px 0; }\n"
              "p { margin: 0 0 8px 0; }\n"
              "a { color: %4; }\n"
-             "table { border-collapse: collapse; }\n"
-             "th, td { padding: 4px 12px 4px 0; text-align: left; vertical-align: top; }\n"
+             "table { border-collapse: collapse; margin: 4px 0 10px 0; }\n"
+             "th, td { padding: 3px 16px 3px 0; text-align: left; vertical-align: top; }\n"
              "th { color: %5; font-weight: normal; }\n"
              "hr { background-color: %6; border: none; height: 1px; }\n"
              "code, pre { font-family: monospace; }\n")

@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QScreen>
 
+#include <algorithm>
 #include <utility>
 
 namespace Vela::UiBase {
@@ -24,7 +25,7 @@ namespace {
 
 constexpr int margin = 20;      // px around title, content and buttons
 constexpr int spacing = 14;     // px between them
-constexpr int flyoutMargin = 4; // px around a flyout, which has a margin of its own
+constexpr int flyoutMargin = 0; // px around a flyout, which has a margin of its own
 constexpr int windowFrame = 40; // px that the desktop may need for the title bar of the window
 
 bool isDismissing(QDialogButtonBox::ButtonRole role) {
@@ -33,6 +34,22 @@ bool isDismissing(QDialogButtonBox::ButtonRole role) {
 
 bool isAccepting(QDialogButtonBox::ButtonRole role) {
   return role == QDialogButtonBox::AcceptRole || role == QDialogButtonBox::YesRole;
+}
+
+/// The first that Tab reaches, in the order of the focus chain; a widget that hands the focus on counts
+/// itself.
+QWidget* firstControl(QWidget* root) {
+  const auto takesFocus = [](const QWidget* widget) {
+    return widget->isEnabled() && !widget->isHidden() && (widget->focusPolicy() & Qt::TabFocus);
+  };
+  if (root->focusProxy() || takesFocus(root))
+    return root;
+  for (QWidget* widget = root->nextInFocusChain(); widget && widget != root;
+       widget = widget->nextInFocusChain()) {
+    if (root->isAncestorOf(widget) && widget->isVisibleTo(root) && takesFocus(widget))
+      return widget;
+  }
+  return nullptr;
 }
 
 } // namespace
@@ -50,6 +67,8 @@ public:
   void beginBusy();
   void endBusy();
   void fitTheScreen();
+  void updateLayouts();
+  void focusFirst();
   void giveFocusBack();
   void host(FlyoutBase* flyout);
   void updateFrame();
@@ -145,8 +164,32 @@ void MDialogBasePrivate::hold(QWidget* widget) {
   held.append(widget);
 }
 
+// Sizes are asked for before the first event loop turn brings style sheets and nested layouts up to date.
+void MDialogBasePrivate::updateLayouts() {
+  const QList<QWidget*> widgets = q->findChildren<QWidget*>();
+  for (auto widget = widgets.crbegin(); widget != widgets.crend(); ++widget) {
+    (*widget)->ensurePolished();
+    if (QLayout* const layout = (*widget)->layout())
+      layout->activate();
+  }
+  scroller->updateGeometry();
+}
+
+// The controls come first in a form, whatever the order in which they were made.
+void MDialogBasePrivate::focusFirst() {
+  if (q->focusWidget())
+    return;
+  QWidget* const root = q->Flyout() && q->Flyout()->MainPanel() ? q->Flyout()->MainPanel() : content.data();
+  QWidget* const control = root ? firstControl(root) : nullptr;
+  if (control)
+    control->setFocus();
+  else if (defaultButton)
+    defaultButton->setFocus();
+}
+
 // What surrounds the content keeps its size, so the content gets what the screen leaves.
 void MDialogBasePrivate::fitTheScreen() {
+  updateLayouts();
   const QSize available = q->screen()->availableSize() - QSize(0, windowFrame);
   scroller->setLimit({0, 0});
   column->invalidate();
@@ -201,6 +244,11 @@ void MDialogBasePrivate::host(FlyoutBase* flyout) {
                    [this] { q->done(cancelled ? QDialog::Rejected : QDialog::Accepted); });
   if (!flyout->Title().isEmpty())
     q->SetTitle(flyout->Title());
+  const QList<QPushButton*> buttons = flyout->findChildren<QPushButton*>();
+  for (QPushButton* const made : buttons) {
+    if (made->isDefault())
+      q->SetDefaultButton(made);
+  }
 }
 
 MDialogBase::MDialogBase(QWidget* parent) : QDialog(parent), d(std::make_unique<MDialogBasePrivate>(this)) {
@@ -294,10 +342,15 @@ QList<QPushButton*> MDialogBase::Buttons() const {
   return alive;
 }
 
+QPushButton* MDialogBase::DefaultButton() const { return d->defaultButton; }
+
 void MDialogBase::SetDefaultButton(QPushButton* button) {
   d->defaultButton = button;
-  if (button)
-    button->setDefault(true);
+  if (!button)
+    return;
+  // One that was the default before it came into the dialog would not tell the dialog.
+  button->setDefault(false);
+  button->setDefault(true);
 }
 
 bool MDialogBase::IsApplyButtonEnabled() const { return d->isEnabledWhenIdle(d->applyButton); }
@@ -323,6 +376,19 @@ void MDialogBase::SetBusy(bool busy) {
     d->endBusy();
 }
 
+void MDialogBase::ChangeHeight(int height) {
+  d->updateLayouts();
+  d->column->invalidate();
+  d->column->activate();
+  const QRect available = screen()->availableGeometry();
+  const int needed = d->column->hasHeightForWidth() ? d->column->totalHeightForWidth(width())
+                                                    : d->column->totalSizeHint().height();
+  resize(width(), std::min(std::max(height, needed), available.height() - windowFrame));
+  const int below = geometry().bottom() - available.bottom();
+  if (below > 0)
+    move(x(), y() - below);
+}
+
 void MDialogBase::setVisible(bool visible) {
   if (visible == isVisible()) {
     QDialog::setVisible(visible);
@@ -334,6 +400,7 @@ void MDialogBase::setVisible(bool visible) {
     if (Flyout())
       Flyout()->show();
     d->fitTheScreen();
+    d->focusFirst();
     QDialog::setVisible(true);
     return;
   }

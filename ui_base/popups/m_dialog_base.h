@@ -72,7 +72,9 @@ public:
   QPushButton* AddButton(const QString& text, QDialogButtonBox::ButtonRole role);
   /// In the order of adding, without those for apply, reset, cancel and close.
   QList<QPushButton*> Buttons() const;
-  /// The button that Return presses while no other has the focus. One of the accepting role unless set.
+  /// The button that Return presses while no other has the focus. The first of the accepting role unless set;
+  /// null when there is none.
+  QPushButton* DefaultButton() const;
   void SetDefaultButton(QPushButton* button);
 
   /// Whether there is such a button and it can be pressed when the dialog is not busy.
@@ -112,6 +114,10 @@ protected:
   /// Where subclasses put what belongs between the content and the buttons on the left, such as a check box.
   /// Takes the widget over.
   void AddFooter(QWidget* widget);
+
+  /// Gives the dialog this height in pixels, or the one that its content needs where that is more. It stays
+  /// on the screen.
+  void ChangeHeight(int height);
 
 private:
   const std::unique_ptr<MDialogBasePrivate> d;

@@ -13,6 +13,7 @@ TextInfoView::TextInfoView(QWidget* parent) : InfoView(parent), m_browser(new In
   column->addWidget(m_browser);
   m_browser->setStyleSheet(
       QStringLiteral("QTextBrowser { background: transparent; border: none; padding: 0 }"));
+  m_browser->document()->setDocumentMargin(0);
   setFocusProxy(m_browser);
   connect(m_browser, &QTextBrowser::anchorClicked, this, &TextInfoView::onAnchorClicked);
 }

@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <ui_base/popups/info_panel.h>
+#include <ui_base/popups/info_view.h>
+#include <vlk_common_res/styles.h>
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QFile>
+#include <QLibraryInfo>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTextBrowser>
+
+using namespace Vela::UiBase;
+using Vela::Resource::Styles;
+
+class InfoPanelTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+public Q_SLOTS:
+  void keepUrl(const QUrl& url) { m_opened.append(url.toString()); }
+
+private Q_SLOTS:
+  void initTestCase() {
+    qputenv("VLK_PLUGIN_PATH", QByteArray());
+    for (const char* scheme : {"https", "file"})
+      QDesktopServices::setUrlHandler(QLatin1String(scheme), this, "keepUrl");
+  }
+  void cleanup() {
+    m_opened.clear();
+    qputenv("VLK_PLUGIN_PATH", QByteArray());
+    Styles::Instance().setPalette(Vela::Resource::Light);
+  }
+  void cleanupTestCase() {
+    for (const char* scheme : {"https", "file"})
+      QDesktopServices::unsetUrlHandler(QLatin1String(scheme));
+    qunsetenv("VLK_PLUGIN_PATH");
+  }
+
+  void withoutAUsablePluginATextBrowserServes_data() {
+    QTest::addColumn<QString>("plugins");
+    QTest::newRow("no folder") << QString();
+    QTest::newRow("plugins of another interface")
+        << QLibraryInfo::path(QLibraryInfo::PluginsPath) + QLatin1String("/imageformats");
+    QTest::newRow("a broken file") << m_broken.path();
+    // The engine lacks shared OpenGL contexts in this process.
+    QTest::newRow("plugin whose needs are not given")
+        << QCoreApplication::applicationDirPath() + QLatin1String("/../lib/vlk_ui_base/plugins");
+  }
+  void withoutAUsablePluginATextBrowserServes() {
+    QFETCH(QString, plugins);
+    QFile broken(m_broken.filePath(QStringLiteral("broken.so")));
+    QVERIFY(broken.open(QIODevice::WriteOnly) && broken.write("no library") > 0);
+    broken.close();
+    qputenv("VLK_PLUGIN_PATH", plugins.toLocal8Bit());
+    InfoPanel panel(QStringLiteral("Mesh"));
+    const QSignalSpy loaded(&panel, &InfoPanel::loaded);
+    panel.SetHtml(QStringLiteral("<table><tr><th>Triangles<td>69 451</table>"));
+    QVERIFY2(loaded.isEmpty() && !panel.findChild<InfoView*>(), "nothing is made before it is shown");
+    panel.show();
+    QCOMPARE(loaded.size(), 1);
+    QVERIFY(loaded.constFirst().constFirst().toBool() && !panel.IsWebView());
+    auto* browser = panel.findChild<QTextBrowser*>();
+    QVERIFY(browser->toPlainText().contains(QStringLiteral("69 451")));
+    QCOMPARE(browser->accessibleName(), QStringLiteral("Mesh"));
+#ifdef Q_OS_LINUX
+    QFile maps(QStringLiteral("/proc/self/maps"));
+    QVERIFY(maps.open(QIODevice::ReadOnly));
+    QVERIFY2(!maps.readAll().contains("WebEngine"),
+             "nothing that is linked or loaded so far needs the engine");
+#endif
+  }
+
+  void aPluginServesUntilItFails() {
+    qputenv("VLK_PLUGIN_PATH",
+            (QCoreApplication::applicationDirPath() + "/../lib/test_plugins").toLocal8Bit());
+    InfoPanel panel;
+    const QSignalSpy loaded(&panel, &InfoPanel::loaded);
+    panel.show();
+    panel.SetHtml(QStringLiteral("<p>content"));
+    QVERIFY(panel.IsWebView());
+    QVERIFY(
+        panel.findChild<InfoView*>()->property("content").toString().endsWith(QStringLiteral("<p>content")));
+    QCOMPARE(loaded.size(), 1);
+    panel.SetHtml(QStringLiteral("<p>too much"));
+    QVERIFY(!panel.IsWebView());
+    QCOMPARE(panel.findChild<QTextBrowser*>()->toPlainText(), QStringLiteral("too much"));
+    QCOMPARE(loaded.size(), 2);
+  }
+
+  void linksOpenOutsideByKeyboard_data() {
+    QTest::addColumn<QString>("address");
+    QTest::addColumn<QStringList>("opened");
+    QTest::newRow("web") << "https://example.org/a" << QStringList{QStringLiteral("https://example.org/a")};
+    QTest::newRow("local file") << "file:///etc/hostname" << QStringList();
+    QTest::newRow("in the page") << "#end" << QStringList();
+  }
+  void linksOpenOutsideByKeyboard() {
+    QFETCH(QString, address);
+    InfoPanel panel;
+    panel.resize(300, 200);
+    panel.SetHtml(QStringLiteral("<a href='%1'>link</a>%2<a name='end'>end</a>")
+                      .arg(address, QStringLiteral("<p>text").repeated(60)));
+    panel.show();
+    QVERIFY(QTest::qWaitForWindowActive(&panel));
+    panel.setFocus();
+    const QScrollBar* bar = panel.findChild<QTextBrowser*>()->verticalScrollBar();
+    QTest::keyClick(panel.windowHandle(), Qt::Key_Tab);
+    QTest::keyClick(panel.windowHandle(), Qt::Key_Return);
+    QTEST(m_opened, "opened");
+    QCOMPARE(bar->value() > 0, address == QLatin1String("#end"));
+    QTest::keyClick(panel.windowHandle(), Qt::Key_PageDown);
+    QVERIFY2(bar->value() > 0 && panel.findChild<QTextBrowser*>()->source().isEmpty(), "still the same page");
+  }
+
+  void picturesAndPalette() {
+    const QByteArray chart = R"(<svg xmlns="http://www.w3.org/2000/svg" width="40" height="30">)"
+                             R"(<rect width="40" height="30" fill="#ff0000"/></svg>)";
+    InfoPanel panel;
+    panel.resize(200, 100);
+    panel.SetHtml(InfoPanel::Image(chart));
+    panel.show();
+    const auto reds = [](const QImage& image) {
+      int count = 0;
+      for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+          count += image.pixelColor(x, y) == QColor(255, 0, 0) ? 1 : 0;
+      }
+      return count;
+    };
+    QCOMPARE(reds(panel.grab().toImage()), 40 * 30);
+    const QPoint empty(150, 90);
+    QCOMPARE(panel.grab().toImage().pixelColor(empty), Styles::Instance().ColorWindowBack());
+    Styles::Instance().setPalette(Vela::Resource::Dark);
+    QCOMPARE(panel.grab().toImage().pixelColor(empty), Styles::Instance().ColorWindowBack());
+  }
+
+  void sources() {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("page.html"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("<!DOCTYPE html><html><head><title>Page</title></head><body><p>Größe</body></html>");
+    file.close();
+    InfoPanel panel;
+    panel.show();
+    const QSignalSpy loaded(&panel, &InfoPanel::loaded);
+    panel.SetSource(QUrl::fromLocalFile(path));
+    QCOMPARE(panel.findChild<QTextBrowser*>()->toPlainText(), QStringLiteral("Größe"));
+    panel.SetSource(QUrl(QStringLiteral("qrc:/there/is/none.html")));
+    panel.SetSource(QUrl(QStringLiteral("https://example.org/")));
+    QVERIFY(panel.findChild<QTextBrowser*>()->toPlainText().isEmpty());
+    QCOMPARE(loaded.size(), 3);
+    QVERIFY(loaded.at(0).at(0).toBool() && !loaded.at(1).at(0).toBool() && !loaded.at(2).at(0).toBool());
+  }
+
+private:
+  QTemporaryDir m_broken;
+  QStringList m_opened;
+};
+
+VELA_TEST_MAIN(InfoPanelTest)
+#include "info_panel_test.moc"
