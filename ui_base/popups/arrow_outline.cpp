@@ -18,9 +18,9 @@ constexpr double LargestTipAngle = 150.0;
 /// How flat a side of the arrow may run towards the edge that it stands on, from the upright.
 constexpr double FlattestSide = 75.0;
 /// An arrow stands on a corner when it points this evenly away from both of its edges.
-constexpr double CornerEvenness = 0.4;
-/// The miter limit that QPen starts with, in widths of the pen.
-constexpr double MiterLimit = 2.0;
+constexpr double CornerEvenness = 0.2;
+/// No miter is cut off: the sharpest tip stays below.
+constexpr double MiterLimit = 100.0;
 
 double dot(const QPointF& a, const QPointF& b) { return QPointF::dotProduct(a, b); }
 
@@ -54,6 +54,7 @@ int contentInset(const ArrowFrame& frame) {
   return border + std::max(frame.contentMargin, qCeil(rounding));
 }
 
+/// For the arrow at this angle.
 QSize smallestBody(const ArrowFrame& frame, const SArrowParam& arrow) {
   const int corners = 2 * frame.cornerRadius;
   QSize size(corners, corners);
@@ -183,22 +184,14 @@ QPointF joinExtension(const QPointF& apex, const Base& base, const QPointF& dire
   const QPointF second = unit(apex - base.second);
   const double half = std::acos(std::clamp(dot(first, second), -1.0, 1.0)) / 2;
   const QPointF middle = unit(first + second);
-  const double bevel = stroke / 2 * std::sin(half);
-  if (join == Qt::BevelJoin || stroke <= 0)
-    return middle * bevel;
-  const double sideways = stroke / 2 / std::tan(half);
-  if (sideways <= MiterLimit * stroke)
-    return middle * (stroke / 2 / std::sin(half));
-  return middle * (join == Qt::SvgMiterJoin ? bevel : bevel + MiterLimit * stroke * std::cos(half));
+  return middle * stroke / 2 * (join == Qt::BevelJoin ? std::sin(half) : 1 / std::sin(half));
 }
 
 /// How far the tip must stand out to be told from the border.
 double shortestLength(const ArrowFrame& frame, const SArrowParam& arrow) {
-  const double stroke = strokeWidth(frame);
-  const double half = halfTipAngle(arrow);
-  const bool pointed =
-      frame.border.joinStyle() == Qt::MiterJoin || frame.border.joinStyle() == Qt::SvgMiterJoin;
-  return pointed ? 1 + stroke / 2 * std::min(1 / std::sin(half) - 1, 2 * MiterLimit) : 1;
+  const Qt::PenJoinStyle join = frame.border.joinStyle();
+  const bool pointed = join == Qt::MiterJoin || join == Qt::SvgMiterJoin;
+  return pointed ? 1 + strokeWidth(frame) / 2 * (1 / std::sin(halfTipAngle(arrow)) - 1) : 1;
 }
 
 /// The pixel that the arrow points with.
@@ -270,6 +263,16 @@ QPainterPath outlineOf(const QRectF& body, double radius, const std::optional<Ba
   return pen.closed();
 }
 
+/// Stroked here, because the painter draws thin pens without joins.
+QPainterPath borderOf(const ArrowFrame& frame, const QPainterPath& outline) {
+  if (frame.border.style() == Qt::NoPen)
+    return {};
+  QPen pen = frame.border;
+  pen.setWidthF(strokeWidth(frame));
+  pen.setMiterLimit(MiterLimit);
+  return QPainterPathStroker(pen).createStroke(outline);
+}
+
 QPainterPath outlineOf(const ArrowFrame& frame, const ArrowLayout& layout) {
   const double stroke = strokeWidth(frame);
   const double inset = stroke / 2;
@@ -331,6 +334,15 @@ int turnedOutward(int angle, const QPoint& anchor, const QRect& content) {
   return angle;
 }
 
+/// The angle decides on the smallest body, and the body may turn the angle: there is room for both.
+QSize smallestBody(const ArrowFrame& frame, SArrowParam arrow, const QMargins& toContent) {
+  if (!arrow.fixedAngle)
+    arrow.angle = defaultArrowAngle(arrow.position);
+  const QSize smallest = smallestBody(frame, arrow);
+  const QSize content = frame.content.expandedTo(smallest.shrunkBy(toContent));
+  return smallest.expandedTo(smallestBody(frame, normalizedArrow(arrow, QRect({0, 0}, content))));
+}
+
 } // namespace
 
 SArrowParam normalizedArrow(SArrowParam arrow, const QRect& content) {
@@ -352,9 +364,8 @@ ArrowLayout layOutArrow(const ArrowFrame& frame, const SArrowParam& arrow) {
   const int inset = contentInset(frame);
   const QMargins toContent(inset, inset, inset, inset);
   ArrowLayout layout;
-  // The angle decides on the smallest body, the body may turn the angle; growing never turns it back.
-  layout.arrow = normalizedArrow(arrow, QRect({0, 0}, frame.content));
-  layout.smallestContent = smallestBody(frame, layout.arrow).shrunkBy(toContent).expandedTo({0, 0});
+  const QSize smallest = smallestBody(frame, arrow, toContent);
+  layout.smallestContent = smallest.shrunkBy(toContent).expandedTo({0, 0});
   const QSize body = frame.content.expandedTo(layout.smallestContent).grownBy(toContent);
   layout.bounds = QRect({0, 0}, body);
   layout.content = layout.bounds.marginsRemoved(toContent);
@@ -375,6 +386,7 @@ ArrowLayout layOutArrow(const ArrowFrame& frame, const SArrowParam& arrow) {
     layout.arrow.anchor -= whole.topLeft();
   }
   layout.outline = outlineOf(frame, layout);
+  layout.border = borderOf(frame, layout.outline);
   return layout;
 }
 

@@ -37,6 +37,8 @@ struct ArrowLayout {
   QPoint tip;
   /// Body and arrow in one, along the middle of the border.
   QPainterPath outline;
+  /// What the border covers.
+  QPainterPath border;
   /// The arrow as it was laid out.
   SArrowParam arrow;
 };

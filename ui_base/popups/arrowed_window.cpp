@@ -73,7 +73,7 @@ QWidget* ArrowedWindow::InternalWidget() const { return d->content; }
 void ArrowedWindow::SetArrow(SArrowParam arrow) {
   if (arrow.position == NoArrow)
     return;
-  d->arrows.clear();
+  d->clearArrows();
   AddArrow(arrow);
 }
 
@@ -83,9 +83,7 @@ void ArrowedWindow::SetArrow(EArrowPosition position, int length, bool fixedAngl
 }
 
 void ArrowedWindow::AddArrow(SArrowParam arrow) {
-  d->arrows.append(arrow);
-  d->normalizeArrows();
-  d->currentArrow = d->arrows.constFirst();
+  d->addArrow(arrow);
   if (d->arrows.size() == 1)
     GenerateLayout();
 }
@@ -109,7 +107,7 @@ QPoint ArrowedWindow::GetArrowPoint() const { return d->tip; }
 bool ArrowedWindow::GetArrowWindowSize(SArrowParam& arrow, QSize& size, QPoint& tip) {
   if (!d->content || arrow.position == NoArrow)
     return false;
-  d->currentArrow = arrow;
+  d->setCurrentArrow(arrow);
   GenerateLayout();
   arrow = d->currentArrow;
   size = this->size();

@@ -57,7 +57,10 @@ bool isDefaultShadowColor(const QColor& color) {
 
 } // namespace
 
-ArrowedWindowPrivate::ArrowedWindowPrivate() { currentArrow.position = NoArrow; }
+ArrowedWindowPrivate::ArrowedWindowPrivate() {
+  currentArrow.position = NoArrow;
+  m_askedCurrent.position = NoArrow;
+}
 
 ArrowedWindowPrivate::~ArrowedWindowPrivate() = default;
 
@@ -74,8 +77,9 @@ void ArrowedWindowPrivate::attach(QWidget* widget) {
   layout->addItem(new ContentItem(widget));
   content = widget;
   m_contentDeath = QObject::connect(widget, &QObject::destroyed, window, [this] {
-    if (!content)
-      window->hide();
+    // A dying widget announces it before guarded pointers to it are null.
+    content.clear();
+    window->hide();
   });
   watchContent(true);
   adoptLooks();
@@ -144,14 +148,35 @@ ArrowFrame ArrowedWindowPrivate::frame() const {
   return frame;
 }
 
+void ArrowedWindowPrivate::addArrow(const SArrowParam& arrow) {
+  m_askedArrows.append(arrow);
+  arrows.append(arrow);
+  normalizeArrows();
+  setCurrentArrow(arrows.constFirst());
+}
+
+void ArrowedWindowPrivate::clearArrows() {
+  m_askedArrows.clear();
+  arrows.clear();
+}
+
+void ArrowedWindowPrivate::setCurrentArrow(const SArrowParam& arrow) {
+  const qsizetype known = arrows.indexOf(arrow);
+  if (known >= 0)
+    m_askedCurrent = m_askedArrows.at(known);
+  else if (arrow != currentArrow)
+    m_askedCurrent = arrow;
+  currentArrow = arrow;
+}
+
 void ArrowedWindowPrivate::normalizeArrows() {
   if (!content)
     return;
   m_contentSize = naturalSize(*content);
-  for (SArrowParam& arrow : arrows)
-    arrow = layOutArrow(frame(), arrow).arrow;
+  for (qsizetype i = 0; i < arrows.size(); ++i)
+    arrows[i] = layOutArrow(frame(), m_askedArrows.at(i)).arrow;
   if (!arrows.isEmpty())
-    currentArrow = arrows.constFirst();
+    setCurrentArrow(arrows.constFirst());
 }
 
 void ArrowedWindowPrivate::layOut() {
@@ -160,11 +185,12 @@ void ArrowedWindowPrivate::layOut() {
   watchContent(false);
   relayoutPending = false;
   m_contentSize = naturalSize(*content);
-  const ArrowLayout result = layOutArrow(frame(), currentArrow);
+  const ArrowLayout result = layOutArrow(frame(), m_askedCurrent);
   partialRect = QRect(result.bounds.left(), partialRect.top() + result.bounds.top() - bounds.top(),
                       result.bounds.width(), partialRect.height());
   currentArrow = result.arrow;
   outline = result.outline;
+  m_borderShape = result.border;
   bounds = result.bounds;
   tip = result.tip;
   shapeShadow();
@@ -192,8 +218,11 @@ void ArrowedWindowPrivate::fitOutline(qreal pixelRatio) {
   if (pixelRatio == m_pixelRatio)
     return;
   m_pixelRatio = pixelRatio;
-  if (border.widthF() <= 0)
-    outline = layOutArrow(frame(), currentArrow).outline;
+  if (border.widthF() > 0)
+    return;
+  const ArrowLayout result = layOutArrow(frame(), m_askedCurrent);
+  outline = result.outline;
+  m_borderShape = result.border;
 }
 
 void ArrowedWindowPrivate::paint(QPainter& painter) const {
@@ -204,13 +233,13 @@ void ArrowedWindowPrivate::paint(QPainter& painter) const {
     stripe.addRect(partialRect);
     painter.fillPath(outline.intersected(stripe), partialColor);
   }
-  painter.strokePath(outline, border);
+  painter.fillPath(m_borderShape, border.brush());
 }
 
 // --- the shadow
 
 std::unique_ptr<CachedShadowEffect> ArrowedWindowPrivate::makeShadow() {
-  auto effect = std::make_unique<CachedShadowEffect>();
+  auto effect = std::make_unique<CachedShadowEffect>(*window);
   effect->setBlurRadius(15.0);
   effect->setOffset(0, 0);
   effect->setColor(defaultShadowColor(content ? content->palette() : window->palette()));

@@ -40,6 +40,9 @@ public:
   void adoptLooks();
   void adoptDescription();
 
+  void addArrow(const SArrowParam& arrow);
+  void clearArrows();
+  void setCurrentArrow(const SArrowParam& arrow);
   void normalizeArrows();
   void layOut();
   /// The same, with the tip kept where it is in the parent or on the screen.
@@ -75,7 +78,11 @@ private:
   void shapeShadow();
   std::unique_ptr<CachedShadowEffect> makeShadow();
 
+  /// As they were given: turning an angle away from its edge once more may turn it to another one.
+  QList<SArrowParam> m_askedArrows;
+  SArrowParam m_askedCurrent;
   QSize m_contentSize;
+  QPainterPath m_borderShape;
   qreal m_pixelRatio = 1.0;
   QString m_adoptedName;
   QString m_adoptedDescription;

@@ -28,6 +28,8 @@ void paintBlurred(QPainter& painter, const QPainterPath& shape, const QRectF& ar
 
 } // namespace
 
+CachedShadowEffect::CachedShadowEffect(const QWidget& widget) : m_widget(widget) {}
+
 void CachedShadowEffect::setShape(const QPainterPath& outline, const QRect& interior) {
   m_outline = outline;
   m_interior = interior;
@@ -57,17 +59,12 @@ void CachedShadowEffect::render(qreal ratio) {
   painter.fillPath(m_outline, Qt::black);
 }
 
-void CachedShadowEffect::draw(QPainter* painter) {
-  if (m_outline.isEmpty()) {
-    drawSource(painter);
-    return;
-  }
-  const qreal ratio = painter->paintEngine()->paintDevice()->devicePixelRatioF();
-  render(ratio);
+void CachedShadowEffect::drawShadow(QPainter& painter) const {
+  const qreal ratio = m_shadow.devicePixelRatioF();
   // Four strips around the interior, where there is nothing to blend.
   const QRect inside = m_interior & m_area;
-  const auto right = inside.x() + inside.width();
-  const auto below = inside.y() + inside.height();
+  const int right = inside.x() + inside.width();
+  const int below = inside.y() + inside.height();
   const std::array<QRect, 4> strips = {
       QRect(m_area.topLeft(), QPoint(m_area.right(), inside.y() - 1)),
       QRect(QPoint(m_area.x(), inside.y()), QPoint(inside.x() - 1, below - 1)),
@@ -76,9 +73,31 @@ void CachedShadowEffect::draw(QPainter* painter) {
   };
   for (const QRect& strip : strips) {
     const QRectF source(QPointF(strip.topLeft() - m_area.topLeft()) * ratio, QSizeF(strip.size()) * ratio);
-    painter->drawPixmap(QRectF(strip), m_shadow, source);
+    painter.drawPixmap(QRectF(strip), m_shadow, source);
   }
-  drawSource(painter);
+}
+
+void CachedShadowEffect::drawWidget(QPainter& painter) {
+  const QPoint place = m_widget.mapTo(m_widget.window(), QPoint());
+  if (painter.worldTransform() != QTransform::fromTranslate(place.x(), place.y())) {
+    QPoint offset;
+    const QPixmap source = sourcePixmap(Qt::LogicalCoordinates, &offset, NoPad);
+    painter.drawPixmap(offset, source);
+    return;
+  }
+  // With a painter that QWidget::render() was given, the place in the window would be added a second time.
+  painter.save();
+  painter.setWorldTransform({});
+  drawSource(&painter);
+  painter.restore();
+}
+
+void CachedShadowEffect::draw(QPainter* painter) {
+  if (!m_outline.isEmpty()) {
+    render(painter->paintEngine()->paintDevice()->devicePixelRatioF());
+    drawShadow(*painter);
+  }
+  drawWidget(*painter);
 }
 
 } // namespace Vela::UiBase

@@ -5,6 +5,7 @@
 #include <QPainterPath>
 #include <QPixmap>
 #include <QRect>
+#include <QWidget>
 
 namespace Vela::UiBase {
 
@@ -15,7 +16,8 @@ class CachedShadowEffect : public QGraphicsDropShadowEffect {
   Q_OBJECT
 
 public:
-  using QGraphicsDropShadowEffect::QGraphicsDropShadowEffect;
+  /// For this widget, which outlives the effect.
+  explicit CachedShadowEffect(const QWidget& widget);
 
   /// The shape in the coordinates of the widget, and a part of it without which the shadow may be painted.
   void setShape(const QPainterPath& outline, const QRect& interior);
@@ -36,7 +38,10 @@ private:
   };
 
   void render(qreal ratio);
+  void drawShadow(QPainter& painter) const;
+  void drawWidget(QPainter& painter);
 
+  const QWidget& m_widget;
   QPainterPath m_outline;
   QRect m_interior;
   Key m_key;

@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: MIT
+#include "arrowed_window_fixture.h"
+
+#include <support/test_case.h>
+
+#include <QDir>
+#include <QGraphicsDropShadowEffect>
+#include <QScreen>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Vela::UiBase;
+using Vela::Test::settle;
+
+namespace {
+
+constexpr int VisibleAlpha = 56;
+
+struct Painted {
+  QRect extent;
+  /// How far the arrow is painted beyond the centre of the tip, in its direction.
+  double beyondTip = -1e9;
+};
+
+/// What is painted, in pixels of the window.
+Painted paintedBy(ArrowedWindow& window, int angle, int ratio) {
+  const QImage picture = pictureOf(window, ratio);
+  const QPointF direction(std::cos(angle * M_PI / 180), std::sin(angle * M_PI / 180));
+  const QPointF half(0.5, 0.5);
+  Painted painted;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      if (qAlpha(picture.pixel(x, y)) < VisibleAlpha)
+        continue;
+      const QPoint pixel(x / ratio, y / ratio);
+      painted.extent |= QRect(pixel, QSize(1, 1));
+      const QPointF fromTip = (QPointF(x, y) + half) / ratio - QPointF(window.GetArrowPoint()) - half;
+      if (!window.GetBounds().contains(pixel))
+        painted.beyondTip = std::max(painted.beyondTip, QPointF::dotProduct(fromTip, direction));
+    }
+  }
+  return painted;
+}
+
+bool isPainted(ArrowedWindow& window, const QPoint& pixel, int ratio) {
+  const QImage part = pictureOf(window, ratio).copy(QRect(pixel * ratio, QSize(ratio, ratio)));
+  int alpha = 0;
+  for (int i = 0; i < ratio * ratio; ++i)
+    alpha = std::max(alpha, qAlpha(part.pixel(i % ratio, i / ratio)));
+  return alpha >= VisibleAlpha;
+}
+
+int difference(QRgb a, QRgb b) {
+  return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
+                   std::abs(qBlue(a) - qBlue(b)), std::abs(qAlpha(a) - qAlpha(b))});
+}
+
+/// How many pixels differ by more than antialiasing does.
+int strayPixels(const QImage& a, const QImage& b, int tolerance) {
+  if (a.size() != b.size())
+    return a.width() * a.height();
+  int count = 0;
+  for (int y = 0; y < a.height(); ++y) {
+    for (int x = 0; x < a.width(); ++x)
+      count += difference(a.pixel(x, y), b.pixel(x, y)) > tolerance ? 1 : 0;
+  }
+  return count;
+}
+
+void colour(QWidget& widget, const QColor& color) {
+  QPalette palette = widget.palette();
+  palette.setColor(QPalette::Window, color);
+  widget.setPalette(palette);
+}
+
+} // namespace
+
+class ArrowedWindowPictureTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void tipAndBodyArePaintedWhereTheyAreSaidToBe_data() {
+    QTest::addColumn<SArrowParam>("arrow");
+    const auto row = [](const QByteArray& name, const SArrowParam& arrow) {
+      QTest::newRow(name.constData()) << arrow;
+    };
+    for (int position = ArrowTop; position <= ArrowBottomLeft; ++position) {
+      SArrowParam arrow;
+      arrow.position = EArrowPosition(position);
+      row("position " + QByteArray::number(position), arrow);
+      arrow.offset = position == ArrowTopRight || position == ArrowBottomRight ? -7 : 7;
+      arrow.offsetAlongX = position != ArrowLeft && position != ArrowRight;
+      arrow.length = 15;
+      arrow.tipAngle = 60;
+      row("slid, position " + QByteArray::number(position), arrow);
+      for (const int turn : {-35, -20, 20, 35}) {
+        arrow.offset = 0;
+        arrow.fixedAngle = true;
+        arrow.angle = defaultArrowAngle(arrow.position) + turn;
+        row("turned by " + QByteArray::number(turn) + ", position " + QByteArray::number(position), arrow);
+      }
+    }
+    row("far to the left", {ArrowBottom, 10, false, 0, 90, true, -31, {}});
+    row("short", {ArrowRight, 1, false, 0, 90, true, 0, {}});
+    row("long and sharp", {ArrowTop, 40, false, 0, 30, true, 0, {}});
+  }
+  void tipAndBodyArePaintedWhereTheyAreSaidToBe() {
+    QFETCH(SArrowParam, arrow);
+    struct Look {
+      int width;
+      Qt::PenJoinStyle join;
+    };
+    for (const Look& look : {Look{0, Qt::BevelJoin}, Look{1, Qt::MiterJoin}, Look{2, Qt::RoundJoin},
+                             Look{3, Qt::BevelJoin}, Look{4, Qt::MiterJoin}}) {
+      ArrowedWindow window;
+      window.AttachWidget(new ArrowedContent({70, 40}));
+      window.SetBorder(Qt::darkBlue, look.width, Qt::SolidLine, look.join);
+      window.SetContentMargin(5);
+      SArrowParam laidOut = arrow;
+      QSize size;
+      QPoint tip;
+      QVERIFY(window.GetArrowWindowSize(laidOut, size, tip));
+      QCOMPARE(window.size(), size);
+      QCOMPARE(window.GetArrowPoint(), tip);
+      QCOMPARE(window.rect(), window.GetBounds() | QRect(tip, QSize(1, 1)));
+      for (const int ratio : {1, 2}) {
+        const Painted painted = paintedBy(window, laidOut.angle, ratio);
+        const QByteArray context = "border " + QByteArray::number(look.width) + " at " +
+                                   QByteArray::number(ratio) + ", beyond the tip by " +
+                                   QByteArray::number(painted.beyondTip);
+        QVERIFY2(isPainted(window, tip, ratio), context);
+        const double toEdge = laidOut.angle % 90 == 0 ? 0.5 - 0.5 / ratio : 0.75;
+        QVERIFY2(painted.beyondTip <= toEdge + 1e-6, context);
+        QVERIFY2(painted.extent == window.rect(), context);
+      }
+    }
+  }
+
+  void looksAsStored_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<SArrowParam>("arrow");
+    QTest::addColumn<int>("border");
+    QTest::addColumn<int>("ratio");
+    const auto row = [](const char* name, const SArrowParam& arrow, int border, int ratio) {
+      QTest::newRow(name) << QString::fromLatin1(name) << arrow << border << ratio;
+    };
+    row("arrow_top_hairline_1x", {ArrowTop, 8, false, 0, 90, true, 5, {}}, 0, 1);
+    row("arrow_corner_2x", {ArrowBottomLeft, 10, false, 0, 60, true, 0, {}}, 2, 2);
+    row("arrow_turned_1x", {ArrowRight, 14, true, 30, 50, true, 0, {}}, 2, 1);
+    row("arrow_leaning_2x", {ArrowBottom, 9, false, 0, 90, true, -14, {}}, 1, 2);
+  }
+  void looksAsStored() {
+    QFETCH(QString, name);
+    QFETCH(int, border);
+    QFETCH(int, ratio);
+    QFETCH(SArrowParam, arrow);
+    ArrowedWindow window;
+    auto* const content = new ArrowedContent({30, 16});
+    colour(*content, QColor(250, 246, 220));
+    window.AttachWidget(content);
+    window.SetBorder(QColor(30, 90, 160), border, Qt::SolidLine, Qt::MiterJoin);
+    window.SetContentMargin(3);
+    window.SetRoundCornerRadius(5);
+    window.SetArrow(arrow);
+    window.SetPartialBackgroundColor(true, QRect(0, window.GetBounds().bottom() - 7, 1, 8), Qt::lightGray);
+
+    const QImage picture = pictureOf(window, ratio).convertToFormat(QImage::Format_ARGB32);
+    const QImage stored(QFINDTESTDATA("images/" + name + ".png"));
+    constexpr int tolerance = 40;
+    const int stray = strayPixels(picture, stored.convertToFormat(QImage::Format_ARGB32), tolerance);
+    if (stray > picture.width() * picture.height() / 200)
+      picture.save(QDir::temp().filePath(name + ".png"));
+    QVERIFY2(stray <= picture.width() * picture.height() / 200,
+             "the picture is in the folder for temporary files");
+  }
+
+  void shadowLooksLikeThePlainEffect() {
+    const auto sceneWith = [](bool plain) {
+      QWidget view;
+      view.resize(160, 110);
+      colour(view, Qt::white);
+      ArrowedWindow window(&view);
+      auto* const content = new ArrowedContent({70, 40});
+      window.AttachWidget(content);
+      window.SetArrow(ArrowLeft, 10, false, 0, 90, true, 0);
+      window.GetShadow()->setColor(QColor(0, 0, 0, 200));
+      window.GetShadow()->setOffset(3, 5);
+      window.EnableShadow(true);
+      if (plain) {
+        auto* const effect = new QGraphicsDropShadowEffect;
+        effect->setBlurRadius(window.GetShadow()->blurRadius());
+        effect->setOffset(window.GetShadow()->offset());
+        effect->setColor(window.GetShadow()->color());
+        window.setGraphicsEffect(effect);
+      }
+      window.move(30, 30);
+      view.show();
+      settle();
+      return view.grab().toImage();
+    };
+    const QImage picture = sceneWith(false);
+    QVERIFY(strayPixels(picture, sceneWith(true), 24) < picture.width() * picture.height() / 200);
+    QVERIFY2(qGray(picture.pixel(90, 76)) < 200, "there is a shadow");
+  }
+
+  void shadowMovesWithTheWindow() {
+    QWidget view;
+    view.resize(300, 200);
+    ArrowedWindow window(&view);
+    window.AttachWidget(new ArrowedContent({70, 40}));
+    window.GetShadow()->setColor(Qt::black);
+    window.EnableShadow(true);
+    window.move(30, 30);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    window.move(120, 90);
+    settle();
+    const QImage onScreen =
+        view.screen()->grabWindow(view.winId()).toImage().convertToFormat(QImage::Format_RGB32);
+    QCOMPARE(strayPixels(onScreen, view.grab().toImage().convertToFormat(QImage::Format_RGB32), 2), 0);
+    QImage rendered(view.size(), QImage::Format_RGB32);
+    view.render(&rendered);
+    QCOMPARE(strayPixels(onScreen, rendered, 2), 0);
+  }
+
+  void backgroundFollowsTheContentsPalette() {
+    ArrowedWindow window;
+    auto* const content = new ArrowedContent({40, 20});
+    colour(*content, Qt::white);
+    window.AttachWidget(content);
+    const auto middle = [&] { return pictureOf(window, 1).pixelColor(window.rect().center()); };
+    QCOMPARE(middle(), QColor(Qt::white));
+    colour(*content, QColor(40, 41, 42));
+    QCOMPARE(middle(), QColor(40, 41, 42));
+    colour(*content, QColor(200, 0, 0, 49));
+    QVERIFY2(std::abs(middle().alpha() - 128) <= 1 && middle().red() == middle().blue(), "half white");
+    colour(*content, QColor(200, 0, 0, 50));
+    QCOMPARE(middle().alpha(), 50);
+  }
+};
+
+VELA_TEST_MAIN(ArrowedWindowPictureTest)
+#include "arrowed_window_picture_test.moc"

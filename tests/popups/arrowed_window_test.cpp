@@ -1,0 +1,287 @@
+// SPDX-License-Identifier: MIT
+#include "arrowed_window_fixture.h"
+
+#include <support/test_case.h>
+
+#include <QGraphicsDropShadowEffect>
+#include <QGraphicsOpacityEffect>
+#include <QLabel>
+#include <QLayout>
+#include <QPointer>
+
+using namespace Vela::UiBase;
+using Vela::Test::settle;
+
+namespace {
+
+class OpenWindow : public ArrowedWindow {
+public:
+  using ArrowedWindow::ArrowedWindow;
+  using ArrowedWindow::InternalWidget;
+};
+
+int angleOf(const ArrowedWindow& window) {
+  SArrowParam arrow;
+  return window.GetCurrentArrowParam(arrow) ? arrow.angle : -1;
+}
+
+} // namespace
+
+class ArrowedWindowTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void arrowsAreTurnedOutOfTheContent_data() {
+    QTest::addColumn<SArrowParam>("arrow");
+    QTest::addColumn<int>("angle");
+    QTest::addColumn<QPoint>("anchor"); // within the content of 81 x 41
+    const auto row = [](const char* name, const SArrowParam& arrow, int angle, const QPoint& anchor) {
+      QTest::newRow(name) << arrow << angle << anchor;
+    };
+    row("angle of the position", {ArrowTop, 10, false, 17, 90, true, 0, {}}, 270, {40, 0});
+    row("own angle", {ArrowTop, 10, true, 300, 90, true, 0, {}}, 300, {40, 0});
+    row("own angle below zero", {ArrowTop, 10, true, -60, 90, true, 0, {}}, 300, {40, 0});
+    row("top, pointing in", {ArrowTop, 10, true, 180, 90, true, 0, {}}, 270, {40, 0});
+    row("left, just out", {ArrowLeft, 10, true, 91, 90, true, 0, {}}, 91, {0, 20});
+    row("left, just in", {ArrowLeft, 10, true, 90, 90, true, 0, {}}, 180, {0, 20});
+    row("right, just out", {ArrowRight, 10, true, 271, 90, true, 0, {}}, 271, {80, 20});
+    row("right, just in", {ArrowRight, 10, true, 270, 90, true, 0, {}}, 0, {80, 20});
+    row("bottom, pointing in", {ArrowBottom, 10, true, 200, 90, true, 0, {}}, 90, {40, 40});
+    row("corner, left edge first", {ArrowTopLeft, 10, true, 45, 90, true, 0, {}}, 180, {0, 0});
+    row("corner, turned once only", {ArrowTopLeft, 10, true, 270, 90, true, 0, {}}, 180, {0, 0});
+    row("corner, top edge after", {ArrowTopLeft, 10, true, 180, 90, true, 0, {}}, 270, {0, 0});
+    row("slid along x", {ArrowTop, 10, false, 0, 90, true, 25, {}}, 270, {65, 0});
+    row("slid to the corner", {ArrowTop, 10, false, 0, 90, true, -40, {}}, 180, {0, 0});
+    row("slid along y", {ArrowTopLeft, 15, true, 180, 90, false, 20, {}}, 180, {0, 20});
+    row("slid too far", {ArrowTop, 10, false, 0, 90, true, 41, {}}, 270, {40, 0});
+    row("slid away from the edge", {ArrowLeft, 10, false, 0, 90, true, -1, {}}, 180, {0, 20});
+  }
+  void arrowsAreTurnedOutOfTheContent() {
+    QFETCH(SArrowParam, arrow);
+    QFETCH(QPoint, anchor);
+    ArrowedWindow window;
+    window.SetContentMargin(6);
+    window.SetArrow(arrow); // before there is anything to sit at
+    auto* const content = new ArrowedContent({81, 41});
+    window.AttachWidget(content);
+    SArrowParam current;
+    QVERIFY(window.GetCurrentArrowParam(current));
+    QTEST(current.angle, "angle");
+    QCOMPARE(current.anchor - content->pos(), anchor);
+    QCOMPARE(window.GetArrowParams().constFirst(), current);
+  }
+
+  void whichArrowIsCurrent() {
+    ArrowedWindow window;
+    SArrowParam arrow;
+    QSize size;
+    QPoint tip;
+    QVERIFY2(!window.GetArrowWindowSize(arrow, size, tip), "no content");
+    window.AttachWidget(new ArrowedContent({60, 30}));
+    QVERIFY(!window.GetCurrentArrowParam(arrow));
+    const QSize bare = window.size();
+
+    window.AddArrow(ArrowTop, 10, false, 0, 90, true, 0);
+    QCOMPARE(window.size(), bare + QSize(0, 10));
+    window.AddArrow(ArrowLeft, 10, false, 0, 90, true, 0);
+    QCOMPARE(window.size(), bare + QSize(0, 10));
+    QCOMPARE(angleOf(window), 270);
+    QCOMPARE(window.GetArrowParams().at(1).angle, 180);
+
+    arrow = window.GetArrowParams().at(1);
+    QVERIFY(window.GetArrowWindowSize(arrow, size, tip));
+    QCOMPARE(size, bare + QSize(10, 0));
+    QCOMPARE(angleOf(window), 180);
+    arrow.position = NoArrow;
+    QVERIFY(!window.GetArrowWindowSize(arrow, size, tip));
+    window.SetArrow(arrow);
+    QCOMPARE(window.GetArrowParams().size(), 2);
+    QCOMPARE(angleOf(window), 180);
+    window.SetArrow(ArrowBottom, 10, false, 0, 90, true, 0);
+    QCOMPARE(window.GetArrowParams().size(), 1);
+    QCOMPARE(angleOf(window), 90);
+  }
+
+  void tinyContentLeavesRoomForArrowAndCorners() {
+    ArrowedWindow window;
+    window.AttachWidget(new ArrowedContent({2, 2}));
+    window.SetRoundCornerRadius(8);
+    window.SetArrow(ArrowBottom, 12, false, 0, 90, true, 0);
+    QCOMPARE(window.GetBounds().size(), QSize(16 + 24, 16));
+    QCOMPARE(window.GetArrowPoint(), QPoint(19, 16 + 11));
+  }
+
+  void followsItsContentWithTheTipInPlace() {
+    QWidget view;
+    view.resize(400, 300);
+    ArrowedWindow window(&view);
+    auto* const content = new ArrowedContent({60, 30});
+    window.AttachWidget(content);
+    window.SetArrow(ArrowRight, 10, false, 0, 90, true, 0);
+    window.move(100, 100);
+    view.show();
+    const QPoint tip = window.mapToParent(window.GetArrowPoint());
+    const auto fits = [&] {
+      return window.GetBounds().contains(content->geometry()) && content->size() == content->sizeHint() &&
+             window.rect() == (window.GetBounds() | QRect(window.GetArrowPoint(), QSize(1, 1)));
+    };
+    for (const QSize& size : {QSize(100, 90), QSize(40, 50)}) {
+      content->grow(size);
+      settle();
+      QVERIFY(fits());
+      QCOMPARE(window.mapToParent(window.GetArrowPoint()), tip);
+    }
+    window.hide();
+    content->grow({70, 70});
+    window.show();
+    QVERIFY(fits());
+  }
+
+  void sizesOfOrdinaryContents() {
+    ArrowedWindow window;
+    auto* const label = new QLabel(QStringLiteral("many words to wrap ").repeated(9));
+    label->setWordWrap(true);
+    label->setFixedWidth(120);
+    window.AttachWidget(label);
+    QCOMPARE(label->size(), QSize(120, label->heightForWidth(120)));
+    QWidget plain;
+    plain.resize(90, 45);
+    window.AttachWidget(&plain);
+    QCOMPARE(plain.size(), QSize(90, 45));
+    QVERIFY(label->isHidden() && label->parent() == &window);
+    window.DetachWidget();
+  }
+
+  void hidesWithItsContentButNotForAnAncestor() {
+    QWidget view;
+    view.resize(300, 200);
+    auto* const panel = new QWidget(&view);
+    panel->resize(300, 200);
+    ArrowedWindow window(panel);
+    auto* const content = new ArrowedContent({60, 30});
+    content->hide();
+    window.AttachWidget(content);
+    view.show();
+    QVERIFY2(window.isVisible() && content->isVisible(), "the content is shown with the window");
+    panel->hide();
+    panel->show();
+    QVERIFY(window.isVisible() && content->isVisible());
+    content->hide();
+    QVERIFY(window.isHidden());
+    window.show();
+    QVERIFY(content->isVisible());
+    delete content;
+    QVERIFY2(window.isHidden(), "nothing is left to be shown");
+    window.show();
+    settle();
+    QVERIFY(!window.DetachWidget());
+  }
+
+  void contentIsGivenBackOrTakenAway() {
+    OpenWindow first;
+    auto* const content = new ArrowedContent({60, 30});
+    first.AttachWidget(content);
+    first.AttachWidget(nullptr);
+    first.AttachWidget(&first);
+    QCOMPARE(first.InternalWidget(), content);
+    first.show();
+    QCOMPARE(first.DetachWidget(), content);
+    QVERIFY(!content->parent() && content->isHidden() && first.isHidden() && !first.InternalWidget());
+
+    first.AttachWidget(content);
+    first.show();
+    {
+      OpenWindow second;
+      second.AttachWidget(content);
+      QVERIFY(!first.InternalWidget() && first.isHidden());
+      second.show();
+      content->setParent(nullptr);
+      QVERIFY(!second.InternalWidget() && second.isHidden());
+      second.AttachWidget(content);
+      second.AttachWidget(new QLabel(QStringLiteral("another")));
+      first.AttachWidget(content);
+      QVERIFY(second.InternalWidget() != content);
+    }
+    QPointer<QWidget> watched(content);
+    auto* const last = new ArrowedWindow;
+    last->AttachWidget(content);
+    last->show();
+    delete last;
+    QVERIFY(!watched);
+  }
+
+  void shadowKeepsItsLooks() {
+    QWidget view;
+    ArrowedWindow window(&view);
+    window.AttachWidget(new ArrowedContent({60, 30}));
+    QVERIFY(!window.graphicsEffect());
+    QCOMPARE(window.GetShadow()->blurRadius(), 15.0);
+    QCOMPARE(window.GetShadow()->offset(), QPointF(0, 0));
+    QCOMPARE(window.GetShadow()->color(), QColor(192, 192, 192, 166));
+    window.GetShadow()->setColor(Qt::red);
+    window.GetShadow()->setBlurRadius(9);
+    const QSize size = window.size();
+    for (int round = 0; round < 2; ++round) {
+      window.EnableShadow(true);
+      QCOMPARE(window.graphicsEffect(), window.GetShadow());
+      window.EnableShadow(false);
+      QVERIFY(!window.graphicsEffect());
+    }
+    QCOMPARE(window.GetShadow()->color(), QColor(Qt::red));
+    QCOMPARE(window.GetShadow()->blurRadius(), 9.0);
+
+    window.EnableShadow(true);
+    QCOMPARE(window.size(), size);
+    const QRect inside = window.GetBounds();
+    window.setParent(nullptr);
+    QCOMPARE(window.size(), size + QSize(18, 18));
+    QCOMPARE(window.GetBounds(), inside.translated(9, 9));
+    window.setGraphicsEffect(new QGraphicsOpacityEffect);
+    window.EnableShadow(false);
+    QVERIFY2(window.graphicsEffect(), "somebody else's effect stays");
+    window.EnableShadow(true);
+    QCOMPARE(window.graphicsEffect(), window.GetShadow());
+  }
+
+  void isReadAsItsContent() {
+    ArrowedWindow window;
+    auto* const content = new ArrowedContent({60, 30});
+    content->setAccessibleName(QStringLiteral("Smooth"));
+    content->setAccessibleDescription(QStringLiteral("Moves each vertex"));
+    window.AttachWidget(content);
+    QCOMPARE(window.accessibleName(), QStringLiteral("Smooth"));
+    QCOMPARE(window.accessibleDescription(), QStringLiteral("Moves each vertex"));
+    content->setAccessibleName(QStringLiteral("Smooth the mesh"));
+    window.show();
+    QCOMPARE(window.accessibleName(), QStringLiteral("Smooth the mesh"));
+    QCOMPARE(window.focusPolicy(), Qt::NoFocus);
+  }
+
+  void nothingIsLeftOfAThousandShowings() {
+    QWidget view;
+    view.resize(300, 200);
+    ArrowedWindow window(&view);
+    auto* const first = new ArrowedContent({60, 30}, &view);
+    auto* const second = new ArrowedContent({40, 50}, &view);
+    view.show();
+    int objects = 0;
+    for (int round = 0; round < 1000; ++round) {
+      window.AttachWidget(round % 2 == 0 ? first : second);
+      window.SetArrow(round % 3 == 0 ? ArrowTop : ArrowLeft, 10, false, 0, 90, true, 0);
+      window.EnableShadow(round % 2 == 0);
+      window.show();
+      window.GetShadow();
+      window.hide();
+      if (round % 2 == 0)
+        window.DetachWidget()->setParent(&view);
+      if (round == 9)
+        objects = int(view.findChildren<QObject*>().size());
+    }
+    settle();
+    QCOMPARE(int(view.findChildren<QObject*>().size()), objects);
+    QCOMPARE(window.layout()->count(), 1);
+  }
+};
+
+VELA_TEST_MAIN(ArrowedWindowTest)
+#include "arrowed_window_test.moc"
