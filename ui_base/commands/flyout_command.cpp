@@ -137,10 +137,7 @@ void FlyoutCommand::onBegin() {
     return;
   const CommandRef self(*this);
   setIsActive(true);
-  if (auto* const controller = getViewController(); controller && !isSimpleFlyout()) {
-    controller->pushContext(getBeginCommandContext());
-    d->pushedOn = controller->CmdMgr::shared_from_this();
-  }
+  pushBeginContext();
   broadcast([this, ref = sharedOrEmpty()](CommandStateProtocol* observer) { observer->commandBegan(this); });
   if (!self.get() || !d->begun)
     return;
@@ -150,6 +147,20 @@ void FlyoutCommand::onBegin() {
   } else if (d->panel) {
     d->panel->show();
   }
+}
+
+void FlyoutCommand::pushBeginContext() {
+  auto* const controller = getViewController();
+  if (!controller || isSimpleFlyout())
+    return;
+  controller->pushContext(getBeginCommandContext());
+  d->pushedOn = controller->CmdMgr::shared_from_this();
+  if (!isCheckable() || controller->contextStack().isEmpty())
+    return;
+  // What was saved has the command checked already; bringing that back would begin it again.
+  CommandState before = controller->contextStack().constLast()[commandId()];
+  before.checked.overwrite(State::Off);
+  controller->updateContextInStack(commandId(), before);
 }
 
 void FlyoutCommand::onFinalize() {

@@ -79,6 +79,7 @@ protected Q_SLOTS:
 
 private:
   void connectFlyout(const FlyoutBase& panel);
+  void pushBeginContext();
 
   const std::unique_ptr<FlyoutCommandPrivate> d;
 };

@@ -52,6 +52,8 @@ public:
   QPushButton* button(const QString& text, void (FlyoutBase::*action)());
   void dress();
   void updateEnabled();
+  void watchEscape();
+  void forgetEscape();
   bool holdsFocus() const;
   bool paintsItself() const { return !qobject_cast<ArrowedWindow*>(q->parentWidget()); }
 
@@ -69,9 +71,9 @@ public:
   QColor partialColor;
   bool busy = false;
   bool open = false;
-  bool escapePressed = false;
   QPointer<QWidget> focusBefore;     // had the focus before the flyout was shown
   QPointer<QWidget> focusBeforeBusy; // in the flyout
+  QPointer<QWidget> escapeTarget;    // has Escape held down
 };
 
 QPushButton* FlyoutBasePrivate::button(const QString& text, void (FlyoutBase::*action)()) {
@@ -152,6 +154,18 @@ void FlyoutBasePrivate::updateEnabled() {
     applyButton->setEnabled(applyEnabled && !busy);
   if (resetButton)
     resetButton->setEnabled(resetEnabled && !busy);
+}
+
+void FlyoutBasePrivate::watchEscape() {
+  forgetEscape();
+  escapeTarget = QApplication::focusWidget() ? QApplication::focusWidget() : q;
+  escapeTarget->installEventFilter(q);
+}
+
+void FlyoutBasePrivate::forgetEscape() {
+  if (escapeTarget)
+    escapeTarget->removeEventFilter(q);
+  escapeTarget.clear();
 }
 
 bool FlyoutBasePrivate::holdsFocus() const {
@@ -247,12 +261,13 @@ void FlyoutBase::SetBusy(bool busy) {
     d->busyLabel->movie()->start();
   else
     d->busyLabel->movie()->stop();
-  if (QWidget* const before = std::exchange(d->focusBeforeBusy, nullptr); !busy && before && hasFocus())
-    before->setFocus();
-  if (busy)
+  if (busy) {
     Q_EMIT FlyoutBusy();
-  else
-    Q_EMIT FlyoutIdle();
+    return;
+  }
+  if (QWidget* const before = std::exchange(d->focusBeforeBusy, nullptr); before && hasFocus())
+    before->setFocus();
+  Q_EMIT FlyoutIdle();
 }
 
 void FlyoutBase::Apply() {
@@ -291,7 +306,7 @@ void FlyoutBase::OnESCKeyReleased() {
 void FlyoutBase::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
   case Qt::Key_Escape:
-    d->escapePressed = true;
+    d->watchEscape();
     break;
   case Qt::Key_Return:
   case Qt::Key_Enter:
@@ -303,13 +318,16 @@ void FlyoutBase::keyPressEvent(QKeyEvent* event) {
 }
 
 // A release whose press went to something else, such as a list that it closed, is not meant for the flyout.
-void FlyoutBase::keyReleaseEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Escape || event->isAutoRepeat()) {
-    QWidget::keyReleaseEvent(event);
-    return;
-  }
-  if (std::exchange(d->escapePressed, false))
-    Q_EMIT ESCKeyReleased();
+// Some controls, such as spin boxes, let the press through and keep the release.
+bool FlyoutBase::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != d->escapeTarget || event->type() != QEvent::KeyRelease)
+    return QWidget::eventFilter(watched, event);
+  const auto* const key = static_cast<QKeyEvent*>(event);
+  if (key->key() != Qt::Key_Escape || key->isAutoRepeat())
+    return QWidget::eventFilter(watched, event);
+  d->forgetEscape();
+  Q_EMIT ESCKeyReleased();
+  return true;
 }
 
 void FlyoutBase::showEvent(QShowEvent* event) {
@@ -317,12 +335,13 @@ void FlyoutBase::showEvent(QShowEvent* event) {
   if (event->spontaneous())
     return;
   d->open = true;
-  d->escapePressed = false;
+  d->forgetEscape();
   d->subWidgets.follow();
   if (!d->holdsFocus()) {
     d->focusBefore = QApplication::focusWidget();
     QWidget* const control = d->mainPanel ? firstFocusable(d->mainPanel) : this;
-    (control == d->mainPanel ? this : control)->setFocus(Qt::OtherFocusReason);
+    // As if by Tab: fields select what they hold.
+    (control == d->mainPanel ? this : control)->setFocus(Qt::TabFocusReason);
   }
 }
 

@@ -7,6 +7,7 @@
 #include <QVariant>
 
 #include <algorithm>
+#include <utility>
 
 namespace Vela::UiBase {
 
@@ -31,7 +32,8 @@ QPoint positionBeside(const QRect& host, const QSize& size, EDirection side) {
 
 // The flyout owns them, but they are not its children.
 FlyoutSubWidgets::~FlyoutSubWidgets() {
-  for (const SubWidget& sub : std::as_const(m_widgets))
+  const QList<SubWidget> widgets = std::exchange(m_widgets, {});
+  for (const SubWidget& sub : widgets)
     delete sub.widget;
 }
 
@@ -41,13 +43,20 @@ void FlyoutSubWidgets::add(QWidget* widget, EDirection side) {
   widget->hide();
   widget->setProperty("direction_to", int(side));
   m_widgets.append({widget, side});
-  QList<QWidget*> all;
-  for (const SubWidget& sub : std::as_const(m_widgets)) {
-    if (sub.widget)
-      all += sub.widget;
-  }
-  m_flyout.setProperty("sub_widgets", QVariant::fromValue(all));
+  connect(widget, &QObject::destroyed, this, [this, widget] {
+    m_widgets.removeIf([widget](const SubWidget& sub) { return !sub.widget || sub.widget == widget; });
+    publish();
+  });
+  publish();
   follow();
+}
+
+// Placement reads which widgets need room beside the flyout.
+void FlyoutSubWidgets::publish() {
+  QList<QWidget*> all;
+  for (const SubWidget& sub : std::as_const(m_widgets))
+    all += sub.widget;
+  m_flyout.setProperty("sub_widgets", QVariant::fromValue(all));
 }
 
 bool FlyoutSubWidgets::setShown(QWidget* widget, bool shown) {

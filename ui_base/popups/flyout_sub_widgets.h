@@ -33,6 +33,7 @@ private:
     bool shown = false;
   };
 
+  void publish();
   void place(const SubWidget& sub) const;
 
   QWidget& m_flyout;
