@@ -13,10 +13,13 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSemaphore>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QVBoxLayout>
 #include <QWindow>
+
+#include <atomic>
 
 using namespace Vela::UiBase;
 
@@ -46,11 +49,17 @@ public:
   PanelCommand(QWidget* panel, CmdsViewController* controller) : FlyoutCommand(panel, controller) {}
   using CommandBase::setIsPaidFeature;
 
-  int runs = 0;
+  std::atomic<int> runs = 0;
+  bool held = false; // the work waits for mayFinish
+  QSemaphore mayFinish;
   bool mayRun = true;
   QStringList hooks;
 
-  bool onExecuteAsync(bool) override { return ++runs; }
+  bool onExecuteAsync(bool) override {
+    if (held)
+      mayFinish.acquire();
+    return ++runs;
+  }
   void onReset() override { hooks += "reset"; }
   void onESCKeyReleased() override { hooks += "escape"; }
 
@@ -199,7 +208,7 @@ void FlyoutTest::commandBeginsAndEndsOnce() {
     QVERIFY(stage.field->hasFocus());
     QCOMPARE(cancelled.count(), end == "Cancel" || end == "escape" ? round : 0);
   }
-  QCOMPARE(stage.command->runs, 0);
+  QCOMPARE(stage.command->runs.load(), 0);
 }
 
 void FlyoutTest::beginContextLastsFromBeginToEnd() {
@@ -231,14 +240,16 @@ void FlyoutTest::applyingRunsTheWorkAndMakesTheFlyoutBusy() {
   QSignalSpy busy(stage.flyout, &FlyoutBase::FlyoutBusy);
   QSignalSpy idle(stage.flyout, &FlyoutBase::FlyoutIdle);
   stage.command->trigger();
+  stage.command->held = true;
   stage.click("Apply");
   QVERIFY(stage.flyout->IsBusy() && !stage.panel->isEnabled());
   stage.flyout->Apply(); // one at a time
+  stage.command->mayFinish.release();
   QTRY_VERIFY(!stage.flyout->IsBusy());
   stage.command->mayRun = false;
   stage.click("Apply");
   QVERIFY(!stage.flyout->IsBusy());
-  QCOMPARE(stage.command->runs, 1);
+  QCOMPARE(stage.command->runs.load(), 1);
   QCOMPARE(busy.count() + idle.count(), 2);
   QVERIFY(stage.flyout->isVisible());
 }
@@ -341,7 +352,7 @@ void FlyoutTest::keyboardAloneWorksTheFlyout() {
   stage.key(Qt::Key_Tab);
   QVERIFY(stage.panel->edit->hasFocus());
   stage.key(Qt::Key_Return);
-  QTRY_COMPARE(stage.command->runs, 1);
+  QTRY_COMPARE(stage.command->runs.load(), 1);
   QCOMPARE(stage.panel->spin->value(), 5);
   QTRY_VERIFY(!stage.flyout->IsBusy());
   stage.button("Reset")->setFocus();
