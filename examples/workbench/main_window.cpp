@@ -4,9 +4,12 @@
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_common_res/styles.h>
+#include <workbench/command_bar.h>
+#include <workbench/command_listeners.h>
 #include <workbench/command_menus.h>
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
+#include <workbench/panels/flyout_windows.h>
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -14,6 +17,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QStatusBar>
+#include <QToolBar>
 
 namespace Workbench {
 
@@ -23,10 +27,11 @@ MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent),
       m_view(new MeshView(this)),
       m_controller(new MeshViewController(m_view)),
-      m_menus(std::make_shared<CommandMenus>(*menuBar())),
+      m_bar(addToolBar(tr("Commands"))),
       m_numbers(new QLabel(this)) {
-  m_controller->setDelegate(m_menus, false);
   setCentralWidget(m_view);
+  m_view->setFocus();
+  connectCommands();
   statusBar()->addPermanentWidget(m_numbers);
   setWindowIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("smooth_shading")));
   showFileName();
@@ -36,6 +41,15 @@ MainWindow::MainWindow(QWidget* parent)
 }
 
 MainWindow::~MainWindow() = default;
+
+void MainWindow::connectCommands() {
+  m_bar->setObjectName(QStringLiteral("command_bar"));
+  const auto buttonOf = [bar = m_bar](QAction* command) { return bar->widgetForAction(command); };
+  m_commands = std::make_shared<CommandListeners>(std::vector<std::shared_ptr<Vela::UiBase::CmdMgrProtocol>>{
+      std::make_shared<CommandMenus>(*menuBar()), std::make_shared<CommandBar>(*m_bar),
+      std::make_shared<FlyoutWindows>(*this, *m_view, buttonOf)});
+  m_controller->setDelegate(m_commands, false);
+}
 
 void MainWindow::connectEvents() {
   const MeshViewEvents& events = m_controller->events();

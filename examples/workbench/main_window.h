@@ -6,14 +6,18 @@
 #include <memory>
 
 class QLabel;
+class QToolBar;
+
+namespace Vela::UiBase {
+class CmdMgrProtocol;
+}
 
 namespace Workbench {
 
-class CommandMenus;
 class MeshView;
 class MeshViewController;
 
-/// The window of the workbench: a mesh view with a menu bar of its commands and a status bar.
+/// The window of the workbench: a mesh view with a menu bar and a tool bar of its commands, and a status bar.
 ///
 /// Needs the application manager to be set before it is shown.
 class MainWindow : public QMainWindow {
@@ -31,12 +35,14 @@ protected:
 
 private:
   void connectEvents();
+  void connectCommands();
   void showFileName();
   void applyPalette();
 
   MeshView* m_view;
   MeshViewController* m_controller; // owned by the view
-  std::shared_ptr<CommandMenus> m_menus;
+  QToolBar* m_bar;
+  std::shared_ptr<Vela::UiBase::CmdMgrProtocol> m_commands;
   QLabel* m_numbers;
 };
 

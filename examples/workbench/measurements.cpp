@@ -64,6 +64,7 @@ void Measurements::setUnit(Vela::Common::ELengthUnit unit) {
     return;
   m_unit = unit;
   Q_EMIT changed();
+  Q_EMIT unitChanged();
 }
 
 QString Measurements::text() const {

@@ -61,6 +61,7 @@ public:
 Q_SIGNALS:
   /// It is drawn another way than before.
   void changed();
+  void unitChanged();
   /// A distance was finished, or all were cleared.
   void distancesChanged();
 

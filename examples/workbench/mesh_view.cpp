@@ -36,7 +36,10 @@ void MeshView::followDocument() {
     invalidate(Change::Once);
     updateStatusText();
   };
-  connect(&m_document, &MeshDocument::meshChanged, this, redraw);
+  connect(&m_document, &MeshDocument::meshChanged, this, [this, redraw] {
+    m_preview.reset();
+    redraw();
+  });
   connect(&m_document, &MeshDocument::selectionChanged, this, redraw);
   connect(&m_document, &MeshDocument::opened, this, [this] {
     m_measurements.clear();
@@ -73,6 +76,13 @@ void MeshView::resetCamera() {
 void MeshView::fitCamera() {
   m_camera.fit(mesh(), size());
   m_cameraFits = true;
+}
+
+void MeshView::setPreview(const std::optional<Mesh>& preview) {
+  if (!preview && !m_preview)
+    return;
+  m_preview = preview;
+  invalidate(Change::Once);
 }
 
 void MeshView::setShading(EShading shading) {
@@ -171,7 +181,7 @@ QSize MeshView::deviceSize() const { return (QSizeF(size()) * devicePixelRatioF(
 void MeshView::renderMesh(int oversampling) {
   m_style = RenderStyle::forPalette(palette());
   m_style.shading = m_shading;
-  m_renderer.render(mesh(), m_camera, deviceSize(), m_style, oversampling, m_document.selection());
+  m_renderer.render(shownMesh(), m_camera, deviceSize(), m_style, oversampling, m_document.selection());
   m_outdated = false;
 }
 

@@ -34,6 +34,12 @@ public:
   MeshDocument& document() noexcept { return m_document; }
   const MeshDocument& document() const noexcept { return m_document; }
   const Mesh& mesh() const noexcept { return m_document.mesh(); }
+  /// Shows another mesh in the place of the document's, which knows nothing of it: how it would become. It
+  /// has the triangles of the document's mesh, with other positions. Nothing shows the document's mesh again,
+  /// as does every change of that.
+  void setPreview(const std::optional<Mesh>& preview);
+  /// The mesh that is seen: the preview, if there is one.
+  const Mesh& shownMesh() const noexcept { return m_preview ? *m_preview : mesh(); }
   /// Cleared when another mesh is opened.
   Measurements& measurements() noexcept { return m_measurements; }
 
@@ -98,6 +104,7 @@ private:
   void tellSettled();
 
   MeshDocument m_document;
+  std::optional<Mesh> m_preview;
   Measurements m_measurements;
   QRectF m_rubberBand;
   bool m_pivotShown = false;

@@ -35,8 +35,8 @@ QStringList filesOf(const QMimeData& data) {
 void addAvailability(const CommandBag& bag, CommandContext& context) {
   for (int i = 0; i < bag.count(); ++i) {
     const CommandBase* const command = bag.commandAt(i);
-    if (const auto* const own = dynamic_cast<const WorkbenchCommand*>(command))
-      context.overwrite(own->commandId(), {State(own->isAvailable()), State::Keep});
+    if (const auto* const own = dynamic_cast<const MeshUser*>(command))
+      context.overwrite(command->commandId(), {State(own->isAvailable()), State::Keep});
     else if (const auto* const group = dynamic_cast<const CommandGroup*>(command))
       addAvailability(group->commandBag(), context);
   }
@@ -79,6 +79,8 @@ OpenMeshCommand* MeshViewController::openCommand() const {
 }
 
 void MeshViewController::openFiles(const QStringList& files) {
+  if (m_holder && !files.isEmpty())
+    m_holder->cancel();
   if (OpenMeshCommand* const command = openCommand())
     command->open(files);
 }
@@ -92,19 +94,30 @@ void MeshViewController::showMesh(const Mesh& mesh, const QString& fileName) {
 }
 
 bool MeshViewController::isMeshLocked() const {
-  return std::any_of(m_executing.cbegin(), m_executing.cend(), [](const CommandBase* command) {
-    const auto* const own = dynamic_cast<const WorkbenchCommand*>(command);
+  const auto locks = [](const CommandBase* command) {
+    const auto* const own = dynamic_cast<const MeshUser*>(command);
     return own && own->locksMesh();
-  });
+  };
+  return m_holder || std::any_of(m_executing.cbegin(), m_executing.cend(), locks);
+}
+
+void MeshViewController::holdMesh(MeshUser& command) { m_holder = &command; }
+
+void MeshViewController::releaseMesh(const MeshUser& command) {
+  if (m_holder == &command)
+    m_holder = nullptr;
 }
 
 bool MeshViewController::cancelWork() {
   const bool locked = isMeshLocked();
+  MeshUser* const holder = m_holder;
   const auto executing = m_executing; // a copy: some end at once
   for (CommandBase* const command : executing) {
-    if (auto* const own = dynamic_cast<WorkbenchCommand*>(command))
+    if (auto* const own = dynamic_cast<MeshUser*>(command); own && own != holder)
       own->cancel();
   }
+  if (m_holder)
+    m_holder->cancel();
   return locked;
 }
 
@@ -164,6 +177,17 @@ bool MeshViewController::viewWillClose() {
   return CmdsViewController::viewWillClose();
 }
 
+void MeshViewController::commandBegan(CommandBase* command) {
+  CmdsViewController::commandBegan(command);
+  refreshCommands();
+}
+
+void MeshViewController::commandEnded(CommandBase* command) {
+  CmdsViewController::commandEnded(command);
+  openWaitingFiles();
+  refreshCommands();
+}
+
 void MeshViewController::commandBeganExecuting(CommandBase* command, bool checked) {
   m_executing.insert(command);
   CmdsViewController::commandBeganExecuting(command, checked);
@@ -179,13 +203,20 @@ void MeshViewController::commandEndedExecuting(CommandBase* command, bool checke
   OpenMeshCommand* const open = openCommand();
   if (open && open == command)
     tellFailures(*open);
+  openWaitingFiles();
+  refreshCommands();
+}
+
+void MeshViewController::openWaitingFiles() {
+  OpenMeshCommand* const open = openCommand();
   if (open && !isMeshLocked())
     open->openWaiting();
-  refreshCommands();
 }
 
 void MeshViewController::commandForgotten(CommandBase& command) {
   m_executing.erase(&command);
+  if (const auto* const user = dynamic_cast<const MeshUser*>(&command))
+    releaseMesh(*user);
   CmdsViewController::commandForgotten(command);
 }
 

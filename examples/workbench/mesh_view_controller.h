@@ -16,6 +16,7 @@ class QMenu;
 
 namespace Workbench {
 
+class MeshUser;
 class MeshView;
 class OpenMeshCommand;
 
@@ -44,9 +45,15 @@ public:
   void openFiles(const QStringList& files);
   /// Puts a mesh in the place of the one shown.
   void showMesh(const Mesh& mesh, const QString& fileName);
-  /// A command is executing that works on the mesh, or is about to replace it.
+  /// A command is executing that works on the mesh, or is about to replace it, or a command holds it.
   bool isMeshLocked() const;
-  /// Asks the commands that are executing to end early. @return whether there are any that lock the mesh.
+  /// From now on nobody else changes the mesh: a flyout for changing it is open. One command at a time; files
+  /// that are opened cancel it.
+  void holdMesh(MeshUser& command);
+  /// Does nothing when the command does not hold the mesh.
+  void releaseMesh(const MeshUser& command);
+  /// Asks the commands that are executing or hold the mesh to end early. @return whether there are any that
+  /// lock it.
   bool cancelWork();
 
   /// What the left mouse button does.
@@ -62,6 +69,8 @@ public:
 
   void viewDidLoad() override;
   bool viewWillClose() override;
+  void commandBegan(Vela::UiBase::CommandBase* command) override;
+  void commandEnded(Vela::UiBase::CommandBase* command) override;
   void commandBeganExecuting(Vela::UiBase::CommandBase* command, bool checked) override;
   void commandEndedExecuting(Vela::UiBase::CommandBase* command, bool checked) override;
   void onShutDown() override;
@@ -80,6 +89,7 @@ private:
   OpenMeshCommand* openCommand() const;
   void follow(MeshView& view);
   void refreshCommands();
+  void openWaitingFiles();
   void tellFailures(OpenMeshCommand& command);
   void openMenu(const QPoint& position);
   void cancelPivot();
@@ -91,6 +101,7 @@ private:
   MeshTools m_tools;
   EToolMode m_mode = Workbench::PickMode;
   std::set<Vela::UiBase::CommandBase*> m_executing;
+  MeshUser* m_holder = nullptr;
   bool m_refreshing = false;
   QPointer<QMenu> m_menu;
 };

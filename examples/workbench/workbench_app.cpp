@@ -2,8 +2,11 @@
 #include "workbench_app.h"
 
 #include <ui_base/popups/notification_bar.h>
+#include <ui_base/popups/widget_pos_calculator.h>
+#include <ui_base/tooltips/tooltip_manager.h>
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <vlk_app_service/application_service.h>
+#include <workbench/command_bar.h>
 #include <workbench/commands/dark_palette_command.h>
 #include <workbench/console.h>
 #include <workbench/main_window.h>
@@ -28,6 +31,8 @@ QString WorkbenchApp::ServiceName() const { return QStringLiteral("workbench"); 
 bool WorkbenchApp::Init() {
   UiBase::QtUiToolkit::Instance().IconProvider(new WorkbenchIconProvider);
   Services::ApplicationService::GetInstance().setAppManager(std::make_unique<WorkbenchAppManager>());
+  UiBase::WidgetPosCalculator::SetVerifySlidArrowByDefault(true);
+  UiBase::TooltipManager::GetInstance().SetShowNextAtOnce(CommandTooltips, true);
   DarkPaletteCommand::restorePalette();
   m_window = std::make_unique<MainWindow>();
   setRootViewController(m_window->controller());

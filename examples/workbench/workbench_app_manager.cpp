@@ -10,16 +10,21 @@
 #include <workbench/commands/decimate_mesh_command.h>
 #include <workbench/commands/history_command.h>
 #include <workbench/commands/length_unit_command.h>
+#include <workbench/commands/mesh_info_command.h>
 #include <workbench/commands/mode_command.h>
 #include <workbench/commands/open_mesh_command.h>
+#include <workbench/commands/placement_command.h>
 #include <workbench/commands/quit_command.h>
 #include <workbench/commands/reset_view_command.h>
 #include <workbench/commands/save_screenshot_command.h>
 #include <workbench/commands/selection_command.h>
 #include <workbench/commands/set_pivot_command.h>
 #include <workbench/commands/shading_command.h>
+#include <workbench/commands/smooth_flyout_command.h>
 #include <workbench/commands/smooth_mesh_command.h>
+#include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
+#include <workbench/panels/smooth_panel.h>
 
 namespace Workbench {
 
@@ -103,7 +108,9 @@ QList<CommandBase*> WorkbenchAppManager::commandsFor(CmdsViewController* control
           new UndoCommand(mesh),
           new RedoCommand(mesh),
           new SmoothMeshCommand(mesh),
+          new SmoothFlyoutCommand(makeSmoothFlyout(mesh->meshView()), mesh),
           new DecimateMeshCommand(mesh),
+          new MeshInfoCommand(mesh),
           new SelectionCommand(mesh, SelectAll),
           new SelectionCommand(mesh, InvertSelection),
           selectionGroup(mesh),
@@ -115,6 +122,8 @@ QList<CommandBase*> WorkbenchAppManager::commandsFor(CmdsViewController* control
           shadings,
           nextShading(mesh, shadings),
           new DarkPaletteCommand(mesh),
+          new PlacementOverlayCommand(mesh),
+          new PrintPlacementCommand(mesh),
           new AboutCommand(mesh)};
 }
 

@@ -5,9 +5,7 @@
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <workbench/command_menus.h>
 #include <workbench/mesh_view_controller.h>
-
-#include <QCoreApplication>
-#include <QMessageBox>
+#include <workbench/panels/about_dialog.h>
 
 namespace Workbench {
 
@@ -16,21 +14,16 @@ using namespace Vela::UiBase;
 AboutCommand::AboutCommand(MeshViewController* controller) : CommandBase(controller) {
   setText(tr("&About Workbench"));
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("info")));
+  setStatusTip(tr("What the program is, its version and its licence"));
   setMenuRole(QAction::AboutRole);
   setBaseGroupName(HelpSection);
 }
 
 bool AboutCommand::onExecuteAsync(bool) {
   const BaseView* const view = getView();
-  auto* const box = new QMessageBox(view ? view->window() : nullptr);
-  box->setAttribute(Qt::WA_DeleteOnClose);
-  box->setWindowTitle(tr("About Workbench"));
-  box->setIconPixmap(QtUiToolkit::Instance().CreateIcon(QStringLiteral("smooth_shading")).pixmap(48, 48));
-  box->setText(tr("<b>Workbench %1</b>").arg(QCoreApplication::applicationVersion()));
-  box->setInformativeText(tr("A demonstration of the vlk_ui_base library: a command opens a mesh on another "
-                             "thread, a view shows it, and every step is announced.\n\nBuilt with Qt %1.")
-                              .arg(QString::fromLatin1(qVersion())));
-  box->open();
+  auto* const dialog = new AboutDialog(view ? view->window() : nullptr);
+  dialog->setAttribute(Qt::WA_DeleteOnClose);
+  dialog->open();
   return true;
 }
 

@@ -3,6 +3,7 @@
 
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <workbench/command_menus.h>
+#include <workbench/commands/command_help.h>
 #include <workbench/mesh_ops/decimate.h>
 #include <workbench/mesh_view_controller.h>
 
@@ -18,6 +19,10 @@ DecimateMeshCommand::DecimateMeshCommand(MeshViewController* controller) : MeshO
   setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_M);
   setStatusTip(tr("Reduce the mesh to half of its triangles where that changes the surface least"));
   setBaseGroupName(MeshSection);
+  setCommandHelp(*this,
+                 {tr("Flat parts lose triangles first; edges, corners and open borders keep their shape. "
+                     "A feature for which a licence is needed."),
+                  QStringLiteral("decimate")});
   setIsPaidFeature(true);
 }
 

@@ -3,6 +3,7 @@
 
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <workbench/command_menus.h>
+#include <workbench/commands/command_help.h>
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
 #include <workbench/tools/mesh_tool.h>
@@ -32,6 +33,9 @@ SetPivotCommand::SetPivotCommand(MeshViewController* controller) : WorkbenchComm
   setShortcut(Qt::CTRL | Qt::Key_R);
   setStatusTip(tr("Click the point of the mesh that the view shall turn around"));
   setBaseGroupName(ViewSection);
+  setCommandHelp(*this, {tr("The camera then turns around that point, which comes to the middle of the view. "
+                            "Drags with the right button turn the view meanwhile."),
+                         QStringLiteral("rotation_center")});
 }
 
 SetPivotCommand::~SetPivotCommand() = default;

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+class QAction;
+
+namespace Vela::UiBase {
+class ATooltipObject;
+}
+
+namespace Workbench {
+
+/// What there is to say about a command beyond its text, shortcut and status tip. Kept with the command, so
+/// that all its buttons say the same.
+struct CommandHelp {
+  QString details; ///< A sentence or two; empty when the status tip says it all.
+  QString picture; ///< Name of an icon that is shown large beside them.
+};
+
+void setCommandHelp(QAction& command, const CommandHelp& help);
+CommandHelp commandHelp(const QAction& command);
+
+/// Gives a tooltip object the rich tooltip of a command: title, shortcut and status tip, and the help in a
+/// section that unfolds. It is made when it is shown first and follows the command.
+void attachCommandTooltip(Vela::UiBase::ATooltipObject& tooltip, const QAction& command);
+
+} // namespace Workbench

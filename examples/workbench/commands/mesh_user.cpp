@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#include "mesh_user.h"
+
+#include <ui_base/commands/command_base.h>
+#include <workbench/mesh_view.h>
+#include <workbench/mesh_view_controller.h>
+
+namespace Workbench {
+
+bool MeshUser::isAvailable() const { return true; }
+
+bool MeshUser::locksMesh() const { return false; }
+
+void MeshUser::cancel() {}
+
+MeshViewController* MeshUser::meshController() const {
+  return dynamic_cast<MeshViewController*>(m_command.getViewController());
+}
+
+MeshView* MeshUser::meshView() const { return qobject_cast<MeshView*>(m_command.getView()); }
+
+MeshDocument* MeshUser::document() const {
+  MeshView* const view = meshView();
+  return view ? &view->document() : nullptr;
+}
+
+bool MeshUser::hasMesh() const {
+  const MeshDocument* const shown = document();
+  return shown && !shown->mesh().isEmpty();
+}
+
+bool MeshUser::isMeshLocked() const {
+  const MeshViewController* const controller = meshController();
+  return !controller || controller->isMeshLocked();
+}
+
+} // namespace Workbench

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace Vela::UiBase {
+class CommandBase;
+}
+
+namespace Workbench {
+
+class MeshDocument;
+class MeshView;
+class MeshViewController;
+
+/// The side of a command that has to do with the mesh: when it can be used, and whether the mesh must stay as
+/// it is meanwhile. Each of the workbench's commands is one, whatever kind of command it is else; the
+/// controller looks for it with a dynamic cast.
+///
+/// @code
+/// class MirrorCommand : public CommandBase, public MeshUser {
+/// public:
+///   explicit MirrorCommand(MeshViewController* controller) : CommandBase(controller), MeshUser(*this) {}
+///   bool isAvailable() const override { return hasMesh() && !isMeshLocked(); }
+/// };
+/// @endcode
+class MeshUser {
+public:
+  /// Whether it can be used as things are: the controller enables and disables the command accordingly.
+  virtual bool isAvailable() const;
+  /// Whether the mesh must not change while the command executes.
+  virtual bool locksMesh() const;
+  /// Asks the command to end early, while it executes or holds the mesh. Does nothing by default.
+  virtual void cancel();
+
+  /// @name Null when they are gone
+  /// @{
+  MeshViewController* meshController() const;
+  MeshView* meshView() const;
+  MeshDocument* document() const;
+  /// @}
+
+protected:
+  /// @param command  the command itself
+  explicit MeshUser(const Vela::UiBase::CommandBase& command) : m_command(command) {}
+  virtual ~MeshUser() = default;
+
+  bool hasMesh() const;
+  /// Another command works on the mesh, or is about to replace it.
+  bool isMeshLocked() const;
+
+private:
+  const Vela::UiBase::CommandBase& m_command;
+};
+
+} // namespace Workbench

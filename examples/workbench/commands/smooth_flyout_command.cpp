@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "smooth_flyout_command.h"
+
+#include <ui_base/popups/flyout_base.h>
+#include <ui_base/views/qt_ui_toolkit.h>
+#include <workbench/command_menus.h>
+#include <workbench/commands/command_help.h>
+#include <workbench/mesh_view.h>
+#include <workbench/mesh_view_controller.h>
+#include <workbench/panels/smooth_panel.h>
+
+namespace Workbench {
+
+using namespace Vela::UiBase;
+
+namespace {
+
+constexpr int PreviewDelay = 120; // ms without another value
+
+SmoothPanel* panelOf(const FlyoutBase* flyout) {
+  return flyout ? qobject_cast<SmoothPanel*>(flyout->MainPanel()) : nullptr;
+}
+
+} // namespace
+
+SmoothFlyoutCommand::SmoothFlyoutCommand(FlyoutBase* flyout, MeshViewController* controller)
+    : FlyoutCommand(flyout, controller),
+      MeshUser(static_cast<const CommandBase&>(*this)),
+      m_panel(panelOf(flyout)),
+      m_edit(*this) {
+  setText(tr("Smooth &with Options…"));
+  setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("smooth_mesh")));
+  setShortcut(Qt::CTRL | Qt::ALT | Qt::Key_M);
+  setStatusTip(tr("Choose how much to smooth, and see it at once"));
+  setBaseGroupName(MeshSection);
+  enableExecutionNotification(false); // it has a notification of its own
+  setCommandHelp(*this, {tr("The mesh changes only when the values are applied. With triangles selected, "
+                            "the others stay exactly as they are."),
+                         QStringLiteral("smooth_mesh")});
+  m_preview.setDelay(PreviewDelay);
+  follow();
+}
+
+SmoothFlyoutCommand::~SmoothFlyoutCommand() { beginDestruction(); }
+
+void SmoothFlyoutCommand::follow() {
+  if (m_panel)
+    connect(m_panel, &SmoothPanel::changed, this, &SmoothFlyoutCommand::updatePreview);
+  connect(&m_edit, &MeshEdit::finished, this, [this](bool applied) { m_applied = applied; });
+  if (FlyoutBase* const panel = flyout())
+    connect(panel, &FlyoutBase::FlyoutIdle, this, [this, panel] {
+      if (std::exchange(m_applied, false))
+        panel->CloseMe();
+    });
+  if (MeshDocument* const edited = document()) {
+    connect(edited, &MeshDocument::meshChanged, this, &SmoothFlyoutCommand::onMeshChanged);
+    connect(edited, &MeshDocument::selectionChanged, this, &SmoothFlyoutCommand::updatePreview);
+  }
+}
+
+bool SmoothFlyoutCommand::isAvailable() const { return isActive() || (hasMesh() && !isMeshLocked()); }
+
+bool SmoothFlyoutCommand::locksMesh() const { return true; }
+
+void SmoothFlyoutCommand::cancel() {
+  if (m_edit.isRunning())
+    m_edit.cancel();
+  else if (FlyoutBase* const panel = flyout(); panel && isActive())
+    panel->Cancel();
+}
+
+// The controller knows of the command before it puts the others into its context.
+void SmoothFlyoutCommand::onBegin() {
+  MeshViewController* const controller = meshController();
+  if (isActive() || !isAvailable() || !controller)
+    return;
+  controller->holdMesh(*this);
+  FlyoutCommand::onBegin();
+  updatePreview();
+}
+
+void SmoothFlyoutCommand::onFinalize() {
+  m_edit.cancel();
+  clearPreview();
+  if (MeshViewController* const controller = meshController())
+    controller->releaseMesh(*this);
+  FlyoutCommand::onFinalize();
+}
+
+void SmoothFlyoutCommand::onESCKeyReleased() { m_edit.cancel(); }
+
+bool SmoothFlyoutCommand::onExecute(bool checked) {
+  if (!isActive() || !hasMesh() || m_edit.isRunning())
+    return false;
+  m_preview.cancel();
+  m_edit.begin({tr("Smooth"), tr("Smoothing"),
+                [options = options()](const Mesh& mesh, const TriangleSelection&, const Progress& progress) {
+                  return smoothed(mesh, options, progress);
+                },
+                [](const Mesh&, const Mesh&) { return tr("Smoothed the mesh"); }});
+  const bool started = FlyoutCommand::onExecute(checked);
+  if (!started)
+    m_edit.abandon();
+  return started;
+}
+
+bool SmoothFlyoutCommand::onExecuteAsync(bool) { return m_edit.run(shared_from_this()); }
+
+CommandContext SmoothFlyoutCommand::getBeginCommandContext() {
+  const MeshViewController* const controller = meshController();
+  return controller ? controller->availability() : CommandContext();
+}
+
+CommandContext SmoothFlyoutCommand::getExecutionCommandContext() { return getBeginCommandContext(); }
+
+SmoothOptions SmoothFlyoutCommand::options() const {
+  SmoothOptions options = m_panel ? m_panel->options() : SmoothOptions();
+  const MeshDocument* const edited = document();
+  if (edited && !edited->selection().isEmpty())
+    options.selection = edited->selection();
+  return options;
+}
+
+void SmoothFlyoutCommand::updatePreview() {
+  if (!isActive() || m_edit.isRunning())
+    return;
+  if (!m_panel || !m_panel->isPreviewWanted() || !hasMesh()) {
+    clearPreview();
+    return;
+  }
+  m_preview.start([this, mesh = document()->mesh(),
+                   options = options()](const std::stop_token& stop) -> LatestTask::Deliver {
+    const Mesh result = smoothed(mesh, options, Progress(stop));
+    return [this, result] {
+      if (MeshView* const view = meshView())
+        view->setPreview(result);
+    };
+  });
+}
+
+void SmoothFlyoutCommand::clearPreview() {
+  m_preview.cancel();
+  if (MeshView* const view = meshView())
+    view->setPreview(std::nullopt);
+}
+
+// Another mesh than the one that the flyout was opened for.
+void SmoothFlyoutCommand::onMeshChanged() {
+  if (isActive() && !m_edit.isRunning())
+    cancel();
+}
+
+} // namespace Workbench

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ui_base/commands/flyout_command.h>
+#include <workbench/commands/mesh_user.h>
+#include <workbench/latest_task.h>
+#include <workbench/mesh_edit.h>
+#include <workbench/mesh_ops/smooth.h>
+
+#include <QPointer>
+
+namespace Workbench {
+
+class SmoothPanel;
+
+/// Smooths the mesh, or what of it is selected, by the values of a flyout. While the flyout is open the view
+/// shows how the mesh would become; the document knows nothing of it until the values are applied, which is
+/// one step and closes the flyout. Closed in any other way it leaves no trace.
+class SmoothFlyoutCommand : public Vela::UiBase::FlyoutCommand, public MeshUser {
+  Q_OBJECT
+  COMMAND_ID(SmoothFlyoutCommand)
+
+public:
+  /// @param flyout  from makeSmoothFlyout(); not owned
+  SmoothFlyoutCommand(Vela::UiBase::FlyoutBase* flyout, MeshViewController* controller);
+  ~SmoothFlyoutCommand() override;
+
+  bool isAvailable() const override;
+  bool locksMesh() const override;
+  /// Stops what is being applied, or else closes the flyout.
+  void cancel() override;
+  bool onExecuteAsync(bool checked) override;
+
+public Q_SLOTS:
+  bool onExecute(bool checked = false) override;
+  void onBegin() override;
+  void onFinalize() override;
+  void onESCKeyReleased() override;
+
+protected:
+  /// The commands that would change the mesh are disabled.
+  Vela::UiBase::CommandContext getBeginCommandContext() override;
+  Vela::UiBase::CommandContext getExecutionCommandContext() override;
+
+private:
+  void follow();
+  void updatePreview();
+  void clearPreview();
+  void onMeshChanged();
+  SmoothOptions options() const;
+
+  const QPointer<SmoothPanel> m_panel;
+  MeshEdit m_edit;
+  LatestTask m_preview;
+  bool m_applied = false;
+};
+
+} // namespace Workbench
