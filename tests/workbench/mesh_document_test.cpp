@@ -46,7 +46,7 @@ private Q_SLOTS:
     steps.redo();
     QCOMPARE(document.mesh().triangles().size(), std::size_t(10));
     QVERIFY(document.selection().isEmpty());
-    QVERIFY_EXCEPTION_THROWN(document.setSelection(selection), std::invalid_argument);
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, document.setSelection(selection));
   }
 
   void openingForgetsTheSteps() {

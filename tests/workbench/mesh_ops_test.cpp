@@ -96,7 +96,7 @@ private Q_SLOTS:
     for (std::size_t v = 0; v < half.positions().size(); ++v)
       QCOMPARE(isMoved(half, v), isMoved(all, v) && v < 55);
     options.selection = TriangleSelection::all(3);
-    QVERIFY_EXCEPTION_THROWN(smoothed(plate, options), std::invalid_argument);
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, smoothed(plate, options));
   }
 
   void decimationKeepsAClosedSurface_data() {
@@ -185,7 +185,7 @@ private Q_SLOTS:
       if (fraction > 0.3)
         stop.request_stop();
     });
-    QVERIFY_EXCEPTION_THROWN(operation(mesh, progress), OperationCancelled);
+    QVERIFY_THROWS_EXCEPTION(OperationCancelled, operation(mesh, progress));
     QVERIFY(told.back() < 0.7);
   }
 
@@ -235,8 +235,8 @@ private Q_SLOTS:
       QVERIFY2(isSame(a, modelA) && isSame(b, modelB), qPrintable(QString::number(i)));
     }
     QVERIFY(!a.contains(Size));
-    QVERIFY_EXCEPTION_THROWN(a.set(Size), std::out_of_range);
-    QVERIFY_EXCEPTION_THROWN(a |= TriangleSelection(Size + 1), std::invalid_argument);
+    QVERIFY_THROWS_EXCEPTION(std::out_of_range, a.set(Size));
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, a |= TriangleSelection(Size + 1));
   }
 
   void selectionsFollowTheSurface() {
@@ -261,7 +261,7 @@ private Q_SLOTS:
     QCOMPARE(rest.triangles(), Test::cube(1).triangles());
     QCOMPARE(withoutTriangles(mesh, cube).positions().size(), std::size_t(36));
     QVERIFY(withoutTriangles(mesh, TriangleSelection::all(mesh.triangles().size())).positions().empty());
-    QVERIFY_EXCEPTION_THROWN(grown(rest, middle), std::invalid_argument);
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, grown(rest, middle));
   }
 };
 

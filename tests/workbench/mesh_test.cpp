@@ -83,7 +83,7 @@ private Q_SLOTS:
   }
 
   void refusesATriangleWithoutItsVertices() {
-    QVERIFY_EXCEPTION_THROWN(Mesh({{0, 0, 0}}, {{0, 0, 1}}), std::invalid_argument);
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, Mesh({{0, 0, 0}}, {{0, 0, 1}}));
   }
 
   void copiesShareTheirData() {
