@@ -225,7 +225,23 @@ void ArrowedWindowPrivate::fitOutline(qreal pixelRatio) {
   m_borderShape = result.border;
 }
 
+// Qt spreads the filling of a path with many edges over threads. For windows as low as most tooltips waking
+// them takes longer than filling, so these are painted in bands with few edges each.
 void ArrowedWindowPrivate::paint(QPainter& painter) const {
+  constexpr int low = 64;
+  constexpr int band = 16;
+  const QRect whole = window->rect();
+  if (whole.height() * m_pixelRatio > low) {
+    paintShape(painter);
+    return;
+  }
+  for (int top = 0; top < whole.height(); top += band) {
+    painter.setClipRect(whole.left(), top, whole.width(), band);
+    paintShape(painter);
+  }
+}
+
+void ArrowedWindowPrivate::paintShape(QPainter& painter) const {
   constexpr int nearlyTransparent = 50;
   painter.fillPath(outline, background.alpha() < nearlyTransparent ? QColor(255, 255, 255, 128) : background);
   if (partialBackground) {

@@ -75,6 +75,7 @@ public:
 
 private:
   ArrowFrame frame() const;
+  void paintShape(QPainter& painter) const;
   void shapeShadow();
   std::unique_ptr<CachedShadowEffect> makeShadow();
 
