@@ -88,6 +88,13 @@ void ATooltipObject::OnTooltipClicked() {
     HideTooltip();
 }
 
+QString ATooltipObject::TooltipGroup() const { return d->group; }
+
+void ATooltipObject::SetTooltipGroup(const QString& group) {
+  d->group = group;
+  TooltipManager::GetInstance().AddTooltip(this, group);
+}
+
 bool ATooltipObject::IsVisible() const { return d->visible; }
 
 void ATooltipObject::ForceHideTooltip() {
@@ -228,6 +235,8 @@ void ATooltipObject::SetTooltipText(const QString& text) {
   d->describe();
 }
 
+QString ATooltipObject::Text() const { return d->text; }
+
 void ATooltipObject::SetTooltipFactory(std::function<QWidget*()> make, const QString& description,
                                        bool arrowed) {
   d->setContent(nullptr, arrowed);
@@ -282,6 +291,16 @@ void ATooltipObject::SetTooltipType(ETooltipType type) {
 }
 
 ETooltipType ATooltipObject::TooltipType() const { return d->tooltipType; }
+
+void ATooltipObject::SetTooltipPlacement(const SArrowParam& arrow, EDirection direction, int distance,
+                                         EWidgetsAlign alignment, const QPoint& offset) {
+  d->placement =
+      std::make_unique<TooltipPlacement>(TooltipPlacement{arrow, direction, distance, alignment, offset});
+  if (d->arrowedWindow)
+    d->applyArrow();
+  if (d->posCalculator)
+    d->applyPlacement();
+}
 
 ArrowedWindow* ATooltipObject::GetArrowedWindow() const { return &d->arrows(); }
 

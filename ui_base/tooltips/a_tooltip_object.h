@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/popups/arrow_param.h>
 #include <ui_base/tooltips/tooltip_types.h>
 #include <ui_base/ui_base_export.h>
 
@@ -65,6 +66,10 @@ public:
   /// Whether the handlers are called and the tooltip stays while the mouse is over it; off at first.
   virtual void SetEnableHoverEvents(bool enable);
 
+  /// The group, of which one tooltip is shown at a time. Moves the tooltip from one to another.
+  QString TooltipGroup() const;
+  void SetTooltipGroup(const QString& group);
+
   bool IsVisible() const;
   /// Hides it at once, and keeps one from appearing whose time is running.
   void ForceHideTooltip();
@@ -85,6 +90,8 @@ public:
   /// Shows this text. Its widget is made when it is needed; a content that is there gets the text. A null
   /// text takes the content away.
   void SetTooltipText(const QString& text);
+  /// The text set last, or the description of what a factory makes; null for other contents.
+  QString Text() const;
   /// Has the content made when it is needed. `description` is what assistive technology says of it.
   void SetTooltipFactory(std::function<QWidget*()> make, const QString& description, bool arrowed);
   /// The content; made now where it has not been yet. Null when there is none.
@@ -101,6 +108,11 @@ public:
   /// Sets looks and place, the times, and how the tooltip reacts to the mouse; see ETooltipType.
   void SetTooltipType(ETooltipType type);
   ETooltipType TooltipType() const;
+  /// Makes this the only arrow, and places the tooltip so. Applied when the tooltip is made, if it is not
+  /// there yet.
+  /// @param distance between tooltip and widget, in pixels.
+  void SetTooltipPlacement(const SArrowParam& arrow, EDirection direction, int distance,
+                           EWidgetsAlign alignment, const QPoint& offset);
   /// For changes to looks and place. Owned by the object; the window is made anew when its layer has died.
   ArrowedWindow* GetArrowedWindow() const;
   WidgetPosCalculator* GetPosCalculator() const;

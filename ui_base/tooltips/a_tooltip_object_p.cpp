@@ -207,6 +207,7 @@ ArrowedWindow& ATooltipObjectPrivate::arrows() {
   arrowedWindow->SetBorder(QColor(150, 150, 150, 100), 0, Qt::SolidLine, Qt::BevelJoin);
   if (typed)
     TooltipLook::dress(*arrowedWindow, tooltipType);
+  applyArrow();
   QObject::connect(&Styles::Instance(), &Styles::changed, arrowedWindow.data(), [this] {
     if (typed)
       TooltipLook::color(*arrowedWindow, tooltipType);
@@ -225,11 +226,27 @@ WidgetPosCalculator& ATooltipObjectPrivate::calculator() {
     posCalculator->SetRefWidget(widget);
   if (typed)
     TooltipLook::place(*posCalculator, tooltipType);
+  applyPlacement();
   return *posCalculator;
+}
+
+void ATooltipObjectPrivate::applyArrow() {
+  if (placement)
+    arrowedWindow->SetArrow(placement->arrow);
+}
+
+void ATooltipObjectPrivate::applyPlacement() {
+  if (!placement)
+    return;
+  posCalculator->SetDirection(placement->direction);
+  posCalculator->SetBaseOffset(placement->distance);
+  posCalculator->SetAlignment(placement->alignment);
+  posCalculator->SetAdditionalOffset(placement->offset);
 }
 
 void ATooltipObjectPrivate::applyType() {
   typed = true;
+  placement.reset();
   if (arrowedWindow)
     TooltipLook::dress(*arrowedWindow, tooltipType);
   if (posCalculator)

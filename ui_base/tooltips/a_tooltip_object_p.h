@@ -11,6 +11,15 @@
 
 namespace Vela::UiBase {
 
+/// What ATooltipObject::SetTooltipPlacement() was given.
+struct TooltipPlacement {
+  SArrowParam arrow;
+  EDirection direction = Top;
+  int distance = 0;
+  EWidgetsAlign alignment = AlignCenter;
+  QPoint offset;
+};
+
 /// The state of an ATooltipObject, for subclasses that add to it. Timers, calculator and window are made by
 /// the functions of their name when they are asked for first.
 class UI_BASE_EXPORT ATooltipObjectPrivate {
@@ -49,6 +58,8 @@ public:
   static bool holdsCursor(const QWidget& widget);
   void callHandler(ATooltipObject::IHoverCallbackHandler* handler);
   void applyType();
+  void applyArrow();
+  void applyPlacement();
 
   ATooltipObject* object = nullptr;
   bool enabled = true;
@@ -79,7 +90,8 @@ public:
   ETooltipType tooltipType = RichTooltip;
 
   bool typed = false;
-  bool layerFound = false; // the layer is what the manager answered
+  std::unique_ptr<TooltipPlacement> placement; // null until it is set
+  bool layerFound = false;                     // the layer is what the manager answered
   bool placing = false;
   bool placePending = false;
   int helpIndex = -1;

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ui_base/toolbars/tool_bar.h>
+#include <ui_base/toolbars/tool_button.h>
+#include <ui_base/tooltips/tooltip_object.h>
+
+#include <QAction>
+#include <QLabel>
+#include <QMap>
+#include <QPixmap>
+#include <QPointer>
+
+namespace Vela::UiBase {
+
+/// The state of a ToolButton, for subclasses that add to it.
+class UI_BASE_EXPORT ToolButtonPrivate {
+public:
+  ToolButtonPrivate();
+  virtual ~ToolButtonPrivate();
+  Q_DISABLE_COPY_MOVE(ToolButtonPrivate)
+
+  /// The toolbar, but not one that is being destroyed and hides or deletes its buttons.
+  ToolBar* liveToolBar() const;
+  void leaveDyingToolBar();
+  /// Whether the command is a paid feature that cannot be used now.
+  bool isUnlicensed() const;
+  void dress();
+
+  /// Takes over the icon that was set on the button since, if another one was.
+  void adoptIcon();
+  /// Makes the pictures anew when they are needed next; shows them at once if they are shown.
+  void renewPictures();
+
+  /// What the button had from its action last; what it has otherwise was set on the button itself.
+  struct Mirrored {
+    bool checkable = false;
+    bool enabled = true;
+  };
+  void mirror();
+
+  ToolButton* button = nullptr;
+  QPointer<QAction> action;
+  QString tooltipText;
+  QPointer<ToolBar> toolBar;
+  QMap<const QAction*, QList<ToolButton::IToolButtonCallbackHandler*>> callbackHandlers;
+  ToolButton::IToolButtonShowCallbackHandler* showCallbackHandler = nullptr;
+  bool locked = false;
+  std::unique_ptr<TooltipObject> tooltipObject;
+  QPixmap activePixmap;
+  QPixmap normalPixmap;
+  bool keepIcon = false;
+  bool hideMenuWhenUnchecked = false;
+  bool suppressClickedHandler = false;
+  bool clickedHandlerRequested = false;
+  QPointer<QLabel> lockLabel;
+
+  QString styleSheet; // the shared one that the button was given
+  QIcon source;       // what the pictures are made from
+  QIcon activeIcon;   // made of the pictures, like the next
+  QIcon normalIcon;
+  QSize picturesFor; // the icon size they were made for
+  qreal picturesRatio = 0;
+  bool iconActive = false;
+  bool tooltipEnabled = true;
+  Mirrored mirrored;
+  bool heldDisabled = false;
+};
+
+} // namespace Vela::UiBase

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ui_base/toolbars/tool_button.h>
+
+namespace Vela::UiBase {
+
+class ToolButtonWithMenuPrivate;
+
+/// A button that shows a popup, its menu, beside it. The menu follows the button and closes with it.
+///
+/// However the menu is closed, by the button, by the toolbar or by itself, it is announced once, the button
+/// is unchecked and its tooltip comes back. A menu that was opened by keyboard has the focus, and Escape
+/// closes it and gives the focus back to the button.
+///
+/// The menu is not owned and may die at any time. See ToolButtonWithButtonMenu and ToolButtonWithWidgetMenu.
+class UI_BASE_EXPORT ToolButtonWithMenu : public ToolButton {
+  Q_OBJECT
+
+public:
+  ToolButtonWithMenu(QAction* action, ToolBar* toolBar, QWidget* parent);
+  /// @param name the object name, also text and tooltip.
+  ToolButtonWithMenu(const QIcon& icon, ToolBar* toolBar, const QString& name, QWidget* parent);
+  ~ToolButtonWithMenu() override;
+
+  /// The menu, or null.
+  QWidget* GetMenu() const;
+  /// What places the menu; owned by the button, never null.
+  WidgetPosCalculator* GetPosCalculator() const;
+  bool IsMenuShowing() const;
+  /// Whether the other button stands in the menu, or in a menu of one of its buttons.
+  bool IsSubMenuButton(ToolButton* button) const;
+
+  /// Whether the menu stays when one of its actions was triggered.
+  void SetNoHideMenuOnClick(bool noHide);
+  bool NoHideMenuOnClick() const;
+  /// Whether SavedMenuOwner() survives the next hiding of the menu.
+  void SetSaveMenuState(bool save);
+  bool SaveMenuState() const;
+  /// The button whose menu the application wants to come back to; forgotten when the menu is shown. Not
+  /// owned.
+  void SetSavedMenuOwner(ToolButtonWithMenu* owner);
+  ToolButtonWithMenu* SavedMenuOwner() const;
+
+  /// Shows the menu at its place, checks the button if it is checkable, and announces it. A menu that is
+  /// shown already is placed anew.
+  virtual void ShowMenu();
+  virtual void HideMenu();
+  /// Where the menu is to stand, in the coordinates of its parent, or global ones when it has none.
+  virtual QPoint GetMenuPosition() = 0;
+
+public Q_SLOTS:
+  /// Acts as a click if the widget is visible.
+  void OnCloseMenu(QWidget* widget, bool isChecked);
+  /// An action of the menu was triggered: passes the sender to ActionTriggeredHandler().
+  void OnActionTriggered(bool checked);
+
+Q_SIGNALS:
+  /// Once for each showing and each hiding of the menu; also sent by the toolbar.
+  void ButtonMenuVisibilityChange(ToolButton* button, bool isMenuVisible);
+
+protected:
+  /// Take the private object over.
+  ToolButtonWithMenu(ToolButtonWithMenuPrivate& state, QAction* action, ToolBar* toolBar, QWidget* parent);
+  ToolButtonWithMenu(ToolButtonWithMenuPrivate& state, const QIcon& icon, ToolBar* toolBar,
+                     const QString& name, QWidget* parent);
+
+  /// Makes a widget the menu of the button, hidden, in place of the one before; for subclasses. Not owned.
+  void AttachMenu(QWidget* menu);
+  /// Called by the constructors.
+  void InitializePosCalculator();
+  void SetMenuPosParameters(EDirection direction, int distance, EWidgetsAlign alignment,
+                            const QPoint& offset = {});
+  /// Moves a menu that is shown to a freshly computed place.
+  void RecalcMenuPosAndMove();
+
+  void ClickedHandler() override = 0;
+  /// The menu goes: unchecks the button.
+  virtual void HideMenuEx();
+  /// An action of the menu was triggered: hides the menu, unless SetNoHideMenuOnClick() says otherwise.
+  virtual void ActionTriggeredHandler(QAction* action);
+
+  /// The menu is hidden, however it came about: does what is left to do, once.
+  void MenuHidden();
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void nextCheckState() override;
+
+private:
+  friend class ToolButtonWithMenuPrivate;
+  friend class ToolButtonWithButtonMenu;
+  friend class ToolBar;
+  friend class ToolBarPrivate;
+
+  void Initialize();
+  ToolButtonWithMenuPrivate* own() const;
+};
+
+} // namespace Vela::UiBase

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ui_base/popups/arrowed_window.h>
+#include <ui_base/popups/flyout_base.h>
+#include <ui_base/toolbars/tool_button_with_menu_p.h>
+#include <ui_base/toolbars/tool_button_with_widget_menu.h>
+
+namespace Vela::UiBase {
+
+class FlyoutCommand;
+class ToolButtonWithButtonMenu;
+
+/// The state of a ToolButtonWithWidgetMenu, for subclasses that add to it.
+class UI_BASE_EXPORT ToolButtonWithWidgetMenuPrivate : public ToolButtonWithMenuPrivate {
+public:
+  QWidget* popup() const override;
+  QWidget* anchor() const override;
+
+  FlyoutBase* flyout() const;
+  /// The command of the button, if its panel is not a flyout and it has begun.
+  FlyoutCommand* activeSimpleCommand() const;
+  ToolButtonWithButtonMenu* controllerMenu() const;
+
+  void host();
+  /// Gives the menu back to the parent it had.
+  void giveBack();
+  void ensureWindow();
+  void dressWindow();
+  /// Puts the window where it can lie over everything around the button.
+  void followLayer();
+  void wire(FlyoutBase& flyout);
+  void unwire(FlyoutBase& flyout);
+  void updatePartialBackground();
+
+  QPointer<ArrowedWindow> window;
+  SArrowParam arrow;
+  bool autoDecideArrow = false;
+  QPointer<QWidget> extendController;
+
+  bool arrowed = true;
+  bool showingMenu = false; // by the button itself
+  bool placePending = false;
+  QPointer<QWidget> home; // the parent of the menu while it is hosted elsewhere
+  QMetaObject::Connection homeDeath;
+  QRect partialBackground; // in the menu
+  QColor partialColor;
+};
+
+} // namespace Vela::UiBase
