@@ -166,8 +166,11 @@ CommandBase* CommandGroup::addCommand(const std::shared_ptr<CommandBase>& comman
   setCommandRank(command->commandId(), rank);
   d->bag.insertCommand(positionOf(rank), command);
   attachChild(*command);
+  const CommandRef self(*this);
   if (command->isChecked())
     showChildren();
+  if (self.get())
+    Q_EMIT childrenChanged();
   return command.get();
 }
 
@@ -189,8 +192,12 @@ bool CommandGroup::removeCommand(const CommandBase* child) {
   for (int i = 0; i < d->bag.count(); ++i) {
     if (d->bag.commandAt(i) != child)
       continue;
-    if (takeCommand(i)->isChecked())
+    const CommandRef self(*this);
+    const auto command = takeCommand(i);
+    if (command->isChecked())
       showChildren();
+    if (self.get())
+      Q_EMIT childrenChanged();
     return true;
   }
   return false;
@@ -312,6 +319,7 @@ void CommandGroup::setCommandRank(const QString& id, int rank) {
     if (child->commandId() == id && d->bag.removeCommand(child.get()))
       d->bag.insertCommand(positionOf(rank), child);
   }
+  Q_EMIT childrenChanged();
 }
 
 bool CommandGroup::isVirtualGroup() const { return d->virtualGroup; }

@@ -145,6 +145,8 @@ public Q_SLOTS:
 
 Q_SIGNALS:
   void childToBeTriggered(bool checked);
+  /// A child was added, removed, or moved to another place.
+  void childrenChanged();
 
 private:
   void attachChild(CommandBase& child);

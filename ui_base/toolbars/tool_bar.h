@@ -311,6 +311,9 @@ protected:
   const std::unique_ptr<ToolBarPrivate> d;
 
 private:
+  friend class ToolBarCommands;
+  friend class ToolBarFocusCycle;
+  friend class ToolBarKeys;
   friend class ToolBarPrivate;
   friend class ToolbarManager;
   friend class ToolButton;

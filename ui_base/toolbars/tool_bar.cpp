@@ -1,0 +1,395 @@
+// SPDX-License-Identifier: MIT
+#include "tool_bar.h"
+
+#include "tool_bar_menu_watch.h"
+#include "tool_bar_p.h"
+
+#include <ui_base/commands/command_group.h>
+#include <ui_base/commands/flyout_command.h>
+#include <ui_base/tooltips/tooltip_object.h>
+#include <vlk_common_res/styles.h>
+#include <vlk_license/license_service.h>
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QWidgetAction>
+
+#include <algorithm>
+#include <utility>
+
+namespace Vela::UiBase {
+
+using License::LicenseService;
+using Resource::Styles;
+
+namespace {
+
+QAccessibleInterface* makeAccessible(const QString& className, QObject* object) {
+  auto* const toolBar =
+      className == QLatin1String("Vela::UiBase::ToolBar") ? qobject_cast<ToolBar*>(object) : nullptr;
+  return toolBar ? new QAccessibleWidget(toolBar, QAccessible::ToolBar) : nullptr;
+}
+
+/// The widget that an action opens, or null.
+QWidget* widgetOf(QAction& action) {
+  if (auto* const command = dynamic_cast<FlyoutCommand*>(&action))
+    return command->simpleFlyout();
+  auto* const widgetAction = qobject_cast<QWidgetAction*>(&action);
+  return widgetAction ? widgetAction->defaultWidget() : nullptr;
+}
+
+QWidget* layerOf(ToolBar& toolBar) { return toolBar.parentWidget() ? toolBar.parentWidget() : &toolBar; }
+
+} // namespace
+
+ToolBar::ToolBar(int autoPositionInterval, bool hideOnClick, QWidget* parent, Qt::ToolBarArea area)
+    : ToolBar(*new ToolBarPrivate, parent, area, autoPositionInterval, hideOnClick) {}
+
+ToolBar::ToolBar(QWidget* parent, Qt::ToolBarArea area) : ToolBar(*new ToolBarPrivate, parent, area) {}
+
+ToolBar::ToolBar(ToolBarPrivate& state, QWidget* parent, Qt::ToolBarArea area, int autoPositionInterval,
+                 bool hideOnClick)
+    : QWidget(parent), d(&state) {
+  d->toolBar = this;
+  Initialize(area, autoPositionInterval, hideOnClick);
+}
+
+// While this is still a toolbar, as the buttons tell it what becomes of their menus.
+ToolBar::~ToolBar() {
+  d->stopAnimation();
+  delete d->commands;
+  delete d->content;
+  for (const QPointer<ToolBar>& subToolBar : std::as_const(d->ownSubToolBars))
+    delete subToolBar.data();
+}
+
+void ToolBar::Initialize(Qt::ToolBarArea area, int autoPositionInterval, bool hideOnClick) {
+  [[maybe_unused]] static const bool accessible = (QAccessible::installFactory(makeAccessible), true);
+  setFocusPolicy(Qt::NoFocus);
+  d->content = new ToolBarContent(this);
+  d->content->setLayoutListener([this] { d->contentChanged(); });
+  d->commands = new ToolBarCommands(*this);
+  d->keys.attach(*this);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+  installEventFilter(this);
+  setMouseTracking(true);
+  d->params.hideOnClick = hideOnClick;
+  d->area = area;
+  d->applyPopupDefaults();
+  d->applyLayout();
+  EnableShadow(true);
+  d->followParent();
+  d->autoPositionTimer = new QTimer(this);
+  d->autoPositionTimer->setSingleShot(true);
+  d->autoPositionTimer->setInterval(autoPositionInterval);
+  connect(d->autoPositionTimer, &QTimer::timeout, this, &ToolBar::OnAutoPosition);
+  d->InitializeResizeTimer();
+  connect(this, &ToolBar::ButtonMenuVisibilityChange, this,
+          [this](ToolButton* button, bool visible) { d->onMenuVisibilityChange(button, visible); });
+  connect(&Styles::Instance(), &Styles::changed, this, [this] { update(); });
+  connect(&LicenseService::Instance(), &LicenseService::stateChanged, this,
+          [this] { d->forEachButton([](ToolButton& button) { button.UpdateLicenseLock(); }); });
+}
+
+// --- building
+
+void ToolBar::AddCommandGroup(CommandGroup* group) { AddCommandGroup(group, nullptr); }
+
+void ToolBar::AddCommandGroup(CommandGroup* group, CommandGroup*) {
+  if (!group || !d->commands->add(*group))
+    return;
+  if (group->isGrid())
+    d->content->setGroupColumns(group->commandId(), group->gridSize());
+  d->commands->update(*group);
+}
+
+ToolButton* ToolBar::AddSingleCommand(CommandBase* command, CommandGroup* group) {
+  if (!command)
+    return nullptr;
+  return CreateToolButton(layerOf(*this), command, *this,
+                          group ? group->commandId() : d->commands->groupName(*command));
+}
+
+ToolButton* ToolBar::AddButton(ToolBar* bar, CommandGroup* group, int index) {
+  if (!bar || !group)
+    return nullptr;
+  return CreateToolButton(layerOf(*bar), group, *bar, d->commands->groupName(*group), index);
+}
+
+ToolButton* ToolBar::CreateToolButton(QWidget* parent, QAction* action, ToolBar& bar, const QString& group,
+                                      int index, bool applyTooltipParams, bool applyMenuParams) {
+  if (!parent || !action)
+    return nullptr;
+  if (auto* const commands = dynamic_cast<CommandGroup*>(action)) {
+    ToolBar* const menu = bar.CreateSubToolBar(commands);
+    bar.d->adopt(menu);
+    if (menu)
+      menu->AddCommandGroup(commands);
+    ToolButton* const button =
+        bar.AddAction(action, action->icon(), menu, applyMenuParams, commands->objectName(), group, index);
+    commands->setToolButton(button);
+    return button;
+  }
+  if (QWidget* const menu = widgetOf(*action))
+    return bar.AddAction(action, menu, group, index, applyTooltipParams, applyMenuParams);
+  return bar.AddAction(action, group, index, applyTooltipParams, applyMenuParams);
+}
+
+ToolButton* ToolBar::AddAction(QAction* action, const QString& group, int index, bool applyTooltipParams,
+                               bool applyMenuParams) {
+  if (!action)
+    return nullptr;
+  auto* const button = new ToolButton(action, this, d->content->panel(group));
+  d->OnButtonCreated(*button, group, applyTooltipParams, applyMenuParams, index);
+  return button;
+}
+
+ToolButtonWithButtonMenu* ToolBar::AddAction(QAction* action, const QIcon& icon, ToolBar* menu,
+                                             bool applyParams, const QString& name, const QString& group,
+                                             int index) {
+  auto* const button = new ToolButtonWithButtonMenu(icon.isNull() && action ? action->icon() : icon, this,
+                                                    menu, name, d->content->panel(group));
+  if (action) {
+    button->addAction(action);
+    button->setToolTip(action->toolTip());
+    if (!action->text().isEmpty())
+      button->setText(action->text());
+    if (TooltipObject* const tooltip = button->GetTooltipObject())
+      tooltip->SetTooltipText(action->toolTip());
+  }
+  d->OnButtonCreated(*button, group, applyParams, applyParams, index);
+  return button;
+}
+
+ToolButtonWithWidgetMenu* ToolBar::AddAction(QAction* action, QWidget* menu, const QString& group, int index,
+                                             bool applyTooltipParams, bool applyMenuParams) {
+  if (!action)
+    return nullptr;
+  auto* const button = new ToolButtonWithWidgetMenu(action, this, menu, d->content->panel(group));
+  d->OnButtonCreated(*button, group, applyTooltipParams, applyMenuParams, index);
+  return button;
+}
+
+ToolBar* ToolBar::CreateSubToolBar(CommandGroup* group) {
+  const bool leftwards = isRightToLeft();
+  const Qt::ToolBarArea across = leftwards ? Qt::RightToolBarArea : Qt::LeftToolBarArea;
+  ToolBar* const menu =
+      d->makeSubToolBar(parentWidget(), Orientation() == Qt::Horizontal ? across : Qt::TopToolBarArea);
+  if (!group)
+    return menu;
+  menu->setObjectName(group->objectName());
+  menu->setAccessibleName(group->text().isEmpty() ? group->toolTip() : group->text());
+  if (group->isGrid())
+    menu->SetGridLayout(group->gridSize());
+  return menu;
+}
+
+ToolBar* ToolBar::CreateActionPanelToolBar(QWidget* parent, const ToolBar& base) {
+  return base.d->makeSubToolBar(parent, Qt::TopToolBarArea);
+}
+
+ToolButtonWithButtonMenu* ToolBar::CreateMainToolBarButtonMenu(ToolBar& bar, const QIcon& icon,
+                                                               const QString& name, const QString& group,
+                                                               int index) {
+  ToolBar* const menu = bar.CreateSubToolBar(nullptr);
+  bar.d->adopt(menu);
+  menu->setAccessibleName(name);
+  return bar.AddAction(nullptr, icon, menu, true, name, group, index);
+}
+
+void ToolBar::RemoveCommand(CommandBase* command) {
+  if (!command)
+    return;
+  const QList<ToolButtonWithMenu*> menus = MenuButtons(false);
+  for (const ToolButtonWithMenu* const button : menus) {
+    if (auto* const subToolBar = qobject_cast<ToolBar*>(button->GetMenu()))
+      subToolBar->RemoveCommand(command);
+  }
+  if (auto* const group = dynamic_cast<CommandGroup*>(command))
+    d->commands->remove(*group);
+  RemoveSingleCommand(command);
+}
+
+void ToolBar::RemoveSingleCommand(CommandBase* command) {
+  const QList<ToolButton*> all = Buttons();
+  for (ToolButton* const button : all) {
+    if (actionOf(*button) == command)
+      d->removeButton(*button);
+  }
+}
+
+// --- looking up
+
+QList<ToolButton*> ToolBar::Buttons() const { return d->content->buttons(); }
+
+QList<ToolButtonWithMenu*> ToolBar::MenuButtons(bool nested) const {
+  QList<ToolButtonWithMenu*> found;
+  const QList<ToolButton*> all = Buttons();
+  for (ToolButton* const button : all) {
+    auto* const withMenu = qobject_cast<ToolButtonWithMenu*>(button);
+    if (!withMenu)
+      continue;
+    found.append(withMenu);
+    if (const auto* const menu = nested ? qobject_cast<ToolBar*>(withMenu->GetMenu()) : nullptr)
+      found += menu->MenuButtons(true);
+  }
+  return found;
+}
+
+ToolButton* ToolBar::FindOneButton(const QString& id, bool nested) const {
+  if (id.isEmpty())
+    return nullptr;
+  const QList<ToolButton*> all = Buttons();
+  const auto found = std::find_if(all.cbegin(), all.cend(), [&id](const ToolButton* button) {
+    return button->property(CMDID_PROP).toString() == id || button->objectName() == id;
+  });
+  if (found != all.cend() || !nested)
+    return found == all.cend() ? nullptr : *found;
+  const QList<ToolButtonWithMenu*> menus = MenuButtons(false);
+  for (const ToolButtonWithMenu* const button : menus) {
+    const auto* const menu = qobject_cast<ToolBar*>(button->GetMenu());
+    if (ToolButton* const inside = menu ? menu->FindOneButton(id, true) : nullptr)
+      return inside;
+  }
+  return nullptr;
+}
+
+ToolBar* ToolBar::GetBaseToolBar() const {
+  const ToolBar* base = this;
+  while (base->d->ownerButton) {
+    const ToolBar* const outer = base->d->ownerButton->OwningToolBar();
+    if (!outer || outer == base)
+      break;
+    base = outer;
+  }
+  return const_cast<ToolBar*>(base);
+}
+
+ToolButtonWithWidgetMenu* ToolBar::GetActiveButton() const { return GetBaseToolBar()->d->activeButton; }
+
+void ToolBar::SetActiveButton(ToolButtonWithWidgetMenu* button) {
+  GetBaseToolBar()->d->activeButton = button;
+}
+
+ToolButtonWithMenu* ToolBar::OwnerButton() const { return d->ownerButton; }
+
+void ToolBar::SetOwnerButton(ToolButtonWithMenu* button) {
+  d->ownerButton = button;
+  if (button && !testAttribute(Qt::WA_WState_ExplicitShowHide))
+    hide();
+}
+
+// --- commands
+
+void ToolBar::EnableActions() {
+  if (std::exchange(d->enabling, true))
+    return;
+  const QPointer<ToolBar> self(this);
+  QList<QPointer<ToolButton>> buttons;
+  d->forEachButton([&buttons](ToolButton& button) { buttons.append(&button); });
+  for (const QPointer<ToolButton>& button : std::as_const(buttons)) {
+    if (button)
+      button->EnableActions();
+    const auto* const opener = qobject_cast<ToolButtonWithMenu*>(button.data());
+    if (auto* const menu = opener ? qobject_cast<ToolBar*>(opener->GetMenu()) : nullptr)
+      menu->EnableActions();
+  }
+  if (self)
+    d->enabling = false;
+}
+
+void ToolBar::AddCallbackHandler(ToolButton::IToolButtonCallbackHandler* handler, QAction* action) {
+  if (!handler || !action)
+    return;
+  const std::pair<QPointer<QAction>, ToolBarPrivate::CallbackHandler*> entry(action, handler);
+  if (!d->callbackHandlers.contains(entry))
+    d->callbackHandlers.append(entry);
+  d->forEachButton([this](ToolButton& button) { d->applyHandlers(button); });
+  d->scheduleEnableActions();
+}
+
+void ToolBar::AddExclusiveGroupButton(const QString& group, QToolButton* button) {
+  auto& members = d->exclusiveGroups[group];
+  if (button && !members.contains(button))
+    members.append(button);
+}
+
+// --- events
+
+bool ToolBar::event(QEvent* event) {
+  switch (event->type()) {
+  case QEvent::ParentChange:
+    d->followParent();
+    break;
+  case QEvent::FocusIn:
+    d->keys.enter();
+    break;
+  default:
+    break;
+  }
+  return QWidget::event(event);
+}
+
+void ToolBar::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::LayoutDirectionChange)
+    d->contentChanged();
+}
+
+bool ToolBar::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == this) {
+    if (event->type() == QEvent::Move && !isWindow())
+      d->resizeTimer->start();
+    return false;
+  }
+  if (watched == d->followedParent) {
+    if (event->type() == QEvent::Resize)
+      d->startTimers();
+    return false;
+  }
+  if (auto* const button = qobject_cast<ToolButton*>(watched))
+    return d->filterButton(*button, *event);
+  auto* const other = qobject_cast<QAbstractButton*>(watched);
+  return other && event->type() == QEvent::KeyPress && d->keys.press(*other, static_cast<QKeyEvent&>(*event));
+}
+
+void ToolBar::enterEvent(QEnterEvent* event) { QWidget::enterEvent(event); }
+
+void ToolBar::hideEvent(QHideEvent* event) {
+  d->giveFocusBack();
+  QWidget::hideEvent(event);
+}
+
+// What goes to the bar does not go to the view below.
+void ToolBar::mouseMoveEvent(QMouseEvent* event) { event->accept(); }
+
+void ToolBar::mousePressEvent(QMouseEvent* event) { event->accept(); }
+
+void ToolBar::mouseReleaseEvent(QMouseEvent* event) { event->accept(); }
+
+void ToolBar::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  d->paint(painter);
+}
+
+void ToolBar::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  d->fitContent();
+  d->resizeTimer->start();
+}
+
+void ToolBar::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  ToolBarFocusCycle::of(*window());
+  if (d->sizeOutOfDate)
+    AdjustToolBarSize(true);
+  raise();
+}
+
+bool ToolBar::Hovered() const { return rect().contains(mapFromGlobal(QCursor::pos())); }
+
+} // namespace Vela::UiBase

@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+#include "tool_bar_commands.h"
+
+#include "tool_bar_p.h"
+
+#include <ui_base/commands/command_group.h>
+
+#include <QHash>
+#include <QSet>
+
+#include <algorithm>
+#include <utility>
+
+namespace Vela::UiBase {
+
+namespace {
+
+QHash<const QAction*, ToolButton*> buttonsByAction(const QList<ToolButton*>& buttons) {
+  QHash<const QAction*, ToolButton*> byAction;
+  for (ToolButton* const button : buttons)
+    byAction.insert(actionOf(*button), button);
+  return byAction;
+}
+
+} // namespace
+
+bool standsInPanel(const CommandGroup& group) { return group.isVirtualGroup() || group.icon().isNull(); }
+
+QAction* actionOf(const ToolButton& button) {
+  QAction* const bound = button.Action();
+  return bound ? bound : button.actions().value(0);
+}
+
+ToolBarCommands::ToolBarCommands(ToolBar& toolBar) : QObject(&toolBar), m_toolBar(toolBar) {}
+
+ToolBarCommands::~ToolBarCommands() {
+  for (const Shown& shown : m_shown) {
+    if (shown.group && shown.group->toolbar() == &m_toolBar)
+      shown.group->setToolbar(nullptr);
+  }
+}
+
+ToolBarCommands::Shown* ToolBarCommands::find(const CommandGroup& group) {
+  const auto found = std::find_if(m_shown.begin(), m_shown.end(),
+                                  [&group](const Shown& shown) { return shown.group == &group; });
+  return found == m_shown.end() ? nullptr : &*found;
+}
+
+bool ToolBarCommands::shows(const CommandGroup& group) const {
+  return std::any_of(m_shown.cbegin(), m_shown.cend(),
+                     [&group](const Shown& shown) { return shown.group == &group; });
+}
+
+bool ToolBarCommands::add(CommandGroup& group) {
+  if (shows(group))
+    return false;
+  std::erase_if(m_shown, [](const Shown& shown) { return !shown.group; });
+  m_shown.push_back({&group, {}, false});
+  group.setToolbar(&m_toolBar);
+  connect(&group, &CommandGroup::childrenChanged, this, [this, &group] { scheduleUpdate(group); });
+  return true;
+}
+
+void ToolBarCommands::remove(CommandGroup& group) {
+  const Shown* const shown = find(group);
+  if (!shown)
+    return;
+  const QList<QPointer<QAction>> children = shown->children;
+  std::erase_if(m_shown, [&group](const Shown& entry) { return entry.group == &group; });
+  disconnect(&group, nullptr, this, nullptr);
+  if (group.toolbar() == &m_toolBar)
+    group.setToolbar(nullptr);
+  for (const QPointer<QAction>& child : children) {
+    if (auto* const command = dynamic_cast<CommandBase*>(child.data()))
+      m_toolBar.RemoveCommand(command);
+  }
+}
+
+void ToolBarCommands::scheduleUpdate(CommandGroup& group) {
+  if (Shown* const shown = find(group))
+    shown->dirty = true;
+  if (std::exchange(m_scheduled, true))
+    return;
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        m_scheduled = false;
+        QList<QPointer<CommandGroup>> dirty;
+        for (Shown& shown : m_shown) {
+          if (std::exchange(shown.dirty, false))
+            dirty.append(shown.group);
+        }
+        for (const QPointer<CommandGroup>& changed : std::as_const(dirty)) {
+          if (changed)
+            update(*changed);
+        }
+      },
+      Qt::QueuedConnection);
+}
+
+void ToolBarCommands::update(CommandGroup& group) {
+  const CommandBag bag = group.commandBag(); // a copy, which keeps the commands
+  QList<QPointer<QAction>> children;
+  for (int i = 0; i < bag.count(); ++i)
+    children.append(bag.commandAt(i));
+  Shown* const shown = find(group);
+  if (!shown)
+    return;
+  const QList<QPointer<QAction>> before = std::exchange(shown->children, children);
+  for (const QPointer<QAction>& child : before) {
+    auto* const gone = children.contains(child) ? nullptr : dynamic_cast<CommandBase*>(child.data());
+    if (gone)
+      removeChild(*gone, group);
+  }
+  arrange(bag, group, before);
+}
+
+// The same command may stand in another group here.
+void ToolBarCommands::removeChild(CommandBase& child, const CommandGroup& group) {
+  const QList<CommandGroup*> holders = child.holdingGroups();
+  if (std::none_of(holders.cbegin(), holders.cend(),
+                   [this](const CommandGroup* other) { return shows(*other); }))
+    m_toolBar.RemoveCommand(&child);
+  else if (ToolButton* const button =
+               buttonsByAction(m_toolBar.d->content->buttons(group.commandId())).value(&child))
+    m_toolBar.d->removeButton(*button);
+}
+
+void ToolBarCommands::arrange(const CommandBag& bag, CommandGroup& group,
+                              const QList<QPointer<QAction>>& before) {
+  const QPointer<ToolBarCommands> self(this);
+  const QString name = group.commandId();
+  const QSet<const QAction*> known(before.cbegin(), before.cend());
+  const auto present = buttonsByAction(m_toolBar.d->content->buttons(name));
+  int index = 0;
+  for (int i = 0; i < bag.count() && self && shows(group); ++i) {
+    CommandBase& child = *bag.commandAt(i);
+    ToolButton* const button = known.contains(&child) ? present.value(&child) : addChild(child, group, index);
+    if (!button)
+      continue;
+    m_toolBar.d->content->place(*button, name, index);
+    ++index;
+  }
+}
+
+// Null for what has no button in the panel of the group.
+ToolButton* ToolBarCommands::addChild(CommandBase& child, CommandGroup& group, int index) {
+  auto* const childGroup = dynamic_cast<CommandGroup*>(&child);
+  if (!childGroup)
+    return m_toolBar.AddSingleCommand(&child, &group);
+  if (!standsInPanel(*childGroup))
+    return m_toolBar.AddButton(&m_toolBar, childGroup, index);
+  m_toolBar.AddCommandGroup(childGroup, &group);
+  return nullptr;
+}
+
+QString ToolBarCommands::groupName(const CommandBase& command) const {
+  const QList<CommandGroup*> holders = command.holdingGroups();
+  for (const CommandGroup* const holder : holders) {
+    if (shows(*holder))
+      return holder->commandId();
+  }
+  return holders.isEmpty() ? QString() : holders.constLast()->commandId();
+}
+
+} // namespace Vela::UiBase

@@ -1,0 +1,305 @@
+// SPDX-License-Identifier: MIT
+#include "tool_bar_content.h"
+
+#include <ui_base/toolbars/tool_button.h>
+
+#include <QChildEvent>
+#include <QGridLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace Vela::UiBase {
+
+class ToolBarContent::Panel : public QWidget {
+public:
+  Panel(ToolBarContent& content, QWidget* parent) : QWidget(parent), m_content(content) {}
+
+protected:
+  void childEvent(QChildEvent* event) override {
+    QWidget::childEvent(event);
+    if (event->removed())
+      m_content.take(event->child());
+  }
+
+private:
+  ToolBarContent& m_content;
+};
+
+ToolBarContent::ToolBarContent(QWidget* parent) : QWidget(parent), m_inner(new QWidget(this)) {}
+
+bool ToolBarContent::event(QEvent* event) {
+  if (event->type() == QEvent::LayoutRequest && m_listener)
+    m_listener();
+  return QWidget::event(event);
+}
+
+QBoxLayout::Direction ToolBarContent::direction() const {
+  return horizontal() ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom;
+}
+
+void ToolBarContent::createLayout() {
+  if (m_layout)
+    return;
+  m_layout = new QBoxLayout(direction(), m_inner);
+  m_layout->setContentsMargins({});
+  m_layout->setSpacing(m_groupSpacing);
+  for (const Group& group : m_groups)
+    m_layout->addWidget(group.panel);
+  m_layout->addStretch(1);
+}
+
+void ToolBarContent::setOrientation(Qt::Orientation orientation) {
+  const bool changes = std::exchange(m_orientation, orientation) != orientation;
+  createLayout();
+  if (!changes)
+    return;
+  m_layout->setDirection(direction());
+  layOutAll();
+}
+
+void ToolBarContent::setColumns(int columns) {
+  m_columns = std::max(0, columns);
+  createLayout();
+  layOutAll();
+}
+
+void ToolBarContent::setSpacing(int buttons, int groups) {
+  m_buttonSpacing = buttons;
+  m_groupSpacing = groups;
+  if (m_layout)
+    m_layout->setSpacing(groups);
+  for (const Group& group : m_groups) {
+    if (QLayout* const layout = group.panel->layout())
+      layout->setSpacing(buttons);
+  }
+}
+
+void ToolBarContent::setGroupMargins(const QMargins& margins) {
+  m_groupMargins = margins;
+  for (const Group& group : m_groups) {
+    if (QLayout* const layout = group.panel->layout())
+      layout->setContentsMargins(margins);
+  }
+}
+
+ToolBarContent::Group& ToolBarContent::group(const QString& name) {
+  const auto found =
+      std::find_if(m_groups.begin(), m_groups.end(), [&](const Group& group) { return group.name == name; });
+  if (found != m_groups.end())
+    return *found;
+  auto* const panel = new Panel(*this, m_inner);
+  m_groups.push_back({name, panel, {}, 0});
+  layOut(m_groups.back());
+  if (m_layout)
+    m_layout->insertWidget(m_layout->count() - 1, panel);
+  if (m_inner->isVisible())
+    panel->show();
+  return m_groups.back();
+}
+
+QWidget* ToolBarContent::panel(const QString& name) { return group(name).panel; }
+
+int ToolBarContent::columnsOf(const Group& group) const {
+  return group.columns > 0 ? group.columns : m_columns;
+}
+
+void ToolBarContent::setGroupColumns(const QString& name, int columns) {
+  Group& changed = group(name);
+  if (std::exchange(changed.columns, columns) != columns)
+    layOut(changed);
+}
+
+void ToolBarContent::layOut(Group& group) {
+  delete group.panel->layout();
+  if (const int columns = columnsOf(group); columns > 0) {
+    auto* const grid = new QGridLayout(group.panel);
+    for (int i = 0; i < group.buttons.size(); ++i)
+      grid->addWidget(group.buttons[i], i / columns, i % columns);
+  } else {
+    auto* const box = new QBoxLayout(direction(), group.panel);
+    for (ToolButton* const button : std::as_const(group.buttons))
+      box->addWidget(button);
+  }
+  group.panel->layout()->setSpacing(m_buttonSpacing);
+  group.panel->layout()->setContentsMargins(m_groupMargins);
+}
+
+void ToolBarContent::layOutAll() {
+  for (Group& group : m_groups)
+    layOut(group);
+}
+
+void ToolBarContent::place(ToolButton& button, const QString& name, int index) {
+  if (button.parentWidget() != group(name).panel)
+    button.setParent(group(name).panel);
+  Group& target = group(name);
+  if (target.buttons.value(index) == &button)
+    return;
+  target.buttons.removeOne(&button);
+  const bool atEnd = index < 0 || index >= target.buttons.size();
+  target.buttons.insert(atEnd ? target.buttons.size() : index, &button);
+  auto* const box = qobject_cast<QBoxLayout*>(target.panel->layout());
+  if (!box) {
+    layOut(target);
+    return;
+  }
+  box->removeWidget(&button);
+  box->insertWidget(atEnd ? -1 : index, &button);
+}
+
+void ToolBarContent::take(const QObject* button) {
+  for (auto group = m_groups.begin(); group != m_groups.end(); ++group) {
+    const auto index = std::find(group->buttons.cbegin(), group->buttons.cend(), button);
+    if (index == group->buttons.cend())
+      continue;
+    group->buttons.erase(index);
+    if (columnsOf(*group) > 0)
+      layOut(*group);
+    if (group->buttons.isEmpty()) {
+      group->panel->hide();
+      group->panel->deleteLater();
+      m_groups.erase(group);
+    }
+    return;
+  }
+}
+
+void ToolBarContent::updatePanels() {
+  for (const Group& group : m_groups) {
+    const auto hidden = [](const ToolButton* button) { return button->isHidden(); };
+    const bool shows = !std::all_of(group.buttons.cbegin(), group.buttons.cend(), hidden);
+    if (shows == group.panel->isHidden())
+      group.panel->setVisible(shows);
+  }
+}
+
+QList<ToolButton*> ToolBarContent::buttons() const {
+  QList<ToolButton*> all;
+  for (const Group& group : m_groups)
+    all += group.buttons;
+  return all;
+}
+
+QList<ToolButton*> ToolBarContent::buttons(const QString& name) const {
+  const auto found =
+      std::find_if(m_groups.begin(), m_groups.end(), [&](const Group& group) { return group.name == name; });
+  return found == m_groups.end() ? QList<ToolButton*>() : found->buttons;
+}
+
+QList<ToolBarGroupRects> ToolBarContent::rects() const {
+  const QPoint shift = pos() + m_inner->pos();
+  QList<ToolBarGroupRects> all;
+  for (const Group& group : m_groups) {
+    ToolBarGroupRects rects{group.panel->geometry().translated(shift), {}};
+    for (const ToolButton* const button : group.buttons) {
+      if (!button->isHidden())
+        rects.buttons.append(button->geometry().translated(rects.panel.topLeft()));
+    }
+    if (!rects.buttons.isEmpty())
+      all.append(rects);
+  }
+  return all;
+}
+
+QSize ToolBarContent::neededSize() const { return m_layout ? m_layout->sizeHint() : QSize(0, 0); }
+
+// Also while the bar is hidden, when widgets do not hear of their sizes yet.
+void ToolBarContent::activate() {
+  if (!m_layout)
+    return;
+  m_layout->activate();
+  m_layout->setGeometry(m_inner->rect());
+  for (const Group& group : m_groups)
+    group.panel->layout()->setGeometry(group.panel->rect());
+}
+
+ToolBarContent::Span ToolBarContent::span(const QWidget& button) const {
+  const QRect rect = button.geometry().translated(button.parentWidget()->pos());
+  if (!horizontal())
+    return {rect.top(), rect.bottom() + 1};
+  if (isRightToLeft())
+    return {m_inner->width() - rect.right() - 1, m_inner->width() - rect.left()};
+  return {rect.left(), rect.right() + 1};
+}
+
+bool ToolBarContent::fit(const QRect& area, int moreLength) {
+  m_area = area;
+  const QSize needed = neededSize();
+  m_scrolls = along(needed) > along(area.size());
+  m_room = std::max(0, along(area.size()) - (m_scrolls ? moreLength : 0));
+  QSize inner = area.size();
+  if (m_scrolls && horizontal())
+    inner.setWidth(needed.width());
+  else if (m_scrolls)
+    inner.setHeight(needed.height());
+  m_inner->resize(inner);
+  activate();
+  if (!m_scrolls)
+    m_scroll = 0;
+  showPart(area);
+  return m_scrolls;
+}
+
+// Never a part of a button, unless there is no room for a whole one.
+void ToolBarContent::showPart(const QRect& area) {
+  if (!m_scrolls) {
+    setGeometry(area);
+    m_inner->move(0, 0);
+    return;
+  }
+  int length = 0;
+  const QList<ToolButton*> all = buttons();
+  for (const ToolButton* const button : all) {
+    const Span place = span(*button);
+    if (!button->isHidden() && place.end - m_scroll <= m_room)
+      length = std::max(length, place.end - m_scroll);
+  }
+  if (length <= 0)
+    length = m_room;
+  if (!horizontal()) {
+    setGeometry(area.x(), area.y(), area.width(), length);
+    m_inner->move(0, -m_scroll);
+  } else if (isRightToLeft()) {
+    setGeometry(area.right() + 1 - length, area.y(), length, area.height());
+    m_inner->move(length - m_inner->width() + m_scroll, 0);
+  } else {
+    setGeometry(area.x(), area.y(), length, area.height());
+    m_inner->move(-m_scroll, 0);
+  }
+}
+
+bool ToolBarContent::scrollTo(const QWidget& button) {
+  const Span wanted = span(button);
+  if (!m_scrolls || (wanted.start >= m_scroll && wanted.end <= m_scroll + m_room))
+    return false;
+  int scroll = wanted.start;
+  if (wanted.end > m_scroll + m_room) {
+    // The first button that leaves room for the wanted one.
+    const QList<ToolButton*> all = buttons();
+    for (const ToolButton* const before : all) {
+      const Span place = span(*before);
+      if (!before->isHidden() && wanted.end - place.start <= m_room)
+        scroll = std::min(scroll, place.start);
+    }
+  }
+  m_scroll = scroll;
+  showPart(m_area);
+  return true;
+}
+
+QList<ToolButton*> ToolBarContent::leftOut() const {
+  QList<ToolButton*> out;
+  if (!m_scrolls)
+    return out;
+  const int shown = along(size());
+  const QList<ToolButton*> all = buttons();
+  for (ToolButton* const button : all) {
+    const Span place = span(*button);
+    if (!button->isHidden() && (place.start < m_scroll || place.end > m_scroll + shown))
+      out.append(button);
+  }
+  return out;
+}
+
+} // namespace Vela::UiBase

@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#include "tool_bar_keys.h"
+
+#include "tool_bar_overflow.h"
+#include "tool_bar_p.h"
+
+#include <ui_base/toolbars/tool_button_with_button_menu.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QShortcut>
+
+#include <algorithm>
+#include <limits>
+
+namespace Vela::UiBase {
+
+namespace {
+
+/// How far `to` lies behind `from` in a direction, or -1 when it lies elsewhere or not in line with it.
+int distance(const QRect& from, const QRect& to, int key) {
+  const bool sideways = key == Qt::Key_Left || key == Qt::Key_Right;
+  const bool inLine = sideways ? from.top() <= to.bottom() && to.top() <= from.bottom()
+                               : from.left() <= to.right() && to.left() <= from.right();
+  if (!inLine)
+    return -1;
+  switch (key) {
+  case Qt::Key_Left:
+    return from.left() - to.right();
+  case Qt::Key_Right:
+    return to.left() - from.right();
+  case Qt::Key_Up:
+    return from.top() - to.bottom();
+  default:
+    return to.top() - from.bottom();
+  }
+}
+
+/// The arrow key that points from the bar to where the menus of its buttons open.
+int menuKey(const ToolBar& toolBar) {
+  switch (toolBar.Area()) {
+  case Qt::LeftToolBarArea:
+    return Qt::Key_Right;
+  case Qt::RightToolBarArea:
+    return Qt::Key_Left;
+  case Qt::BottomToolBarArea:
+    return Qt::Key_Up;
+  default:
+    return Qt::Key_Down;
+  }
+}
+
+} // namespace
+
+int nextInDirection(const QList<QRect>& rects, const QRect& from, int key) {
+  int next = -1;
+  int nearest = std::numeric_limits<int>::max();
+  for (int i = 0; i < rects.size(); ++i) {
+    const int away = distance(from, rects[i], key);
+    if (away >= 0 && away < nearest) {
+      nearest = away;
+      next = i;
+    }
+  }
+  return next;
+}
+
+ToolBarFocusCycle::ToolBarFocusCycle(QWidget& window) : QObject(&window), m_window(window) {
+  auto* const forth = new QShortcut(Qt::Key_F6, &window);
+  auto* const back = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F6), &window);
+  connect(forth, &QShortcut::activated, this, [this] { step(1); });
+  connect(back, &QShortcut::activated, this, [this] { step(-1); });
+}
+
+ToolBarFocusCycle& ToolBarFocusCycle::of(QWidget& window) {
+  auto* const present = window.findChild<ToolBarFocusCycle*>(QString(), Qt::FindDirectChildrenOnly);
+  return present ? *present : *new ToolBarFocusCycle(window);
+}
+
+QList<ToolBar*> ToolBarFocusCycle::stops() const {
+  QList<ToolBar*> bars = m_window.findChildren<ToolBar*>();
+  bars.removeIf([this](const ToolBar* bar) {
+    return bar->window() != &m_window || bar->OwnerButton() || !bar->isVisible() || !bar->isEnabled();
+  });
+  return bars;
+}
+
+void ToolBarFocusCycle::step(int direction) {
+  QWidget* const focus = QApplication::focusWidget();
+  const QList<ToolBar*> bars = stops();
+  const auto at = std::find_if(bars.cbegin(), bars.cend(), [focus](ToolBar* bar) {
+    const QList<ToolButtonWithMenu*> buttons = bar->MenuButtons(true);
+    return focus && (bar->isAncestorOf(focus) ||
+                     std::any_of(buttons.cbegin(), buttons.cend(), [focus](const ToolButtonWithMenu* button) {
+                       return button->GetMenu() && button->GetMenu()->isAncestorOf(focus);
+                     }));
+  });
+  const bool inside = at != bars.cend();
+  if (!inside)
+    m_before = focus;
+  qsizetype next = inside ? at - bars.cbegin() + direction : (direction > 0 ? 0 : bars.size() - 1);
+  while (next >= 0 && next < bars.size()) {
+    if (bars[next]->d->keys.enter())
+      return;
+    next += direction;
+  }
+  if (inside)
+    giveFocusBack();
+}
+
+void ToolBarFocusCycle::giveFocusBack() {
+  if (m_before && m_before->isVisible())
+    m_before->setFocus(Qt::OtherFocusReason);
+  else if (QWidget* const focus = QApplication::focusWidget())
+    focus->clearFocus();
+}
+
+// Also those that have to be scrolled to; what shows them comes last.
+QList<QAbstractButton*> ToolBarKeys::stops() const {
+  QList<QAbstractButton*> stops;
+  const QList<ToolButton*> buttons = m_toolBar->Buttons();
+  for (ToolButton* const button : buttons) {
+    if (!button->isHidden() && button->isEnabled() && !button->IsLocked())
+      stops.append(button);
+  }
+  if (QAbstractButton* const more = m_toolBar->d->overflow; more && !more->isHidden())
+    stops.append(more);
+  return stops;
+}
+
+bool ToolBarKeys::enter() {
+  const QList<QAbstractButton*> buttons = stops();
+  if (buttons.isEmpty())
+    return false;
+  focus(m_last && buttons.contains(m_last) ? *m_last : *buttons.constFirst());
+  return true;
+}
+
+void ToolBarKeys::focus(QAbstractButton& button) {
+  m_last = &button;
+  m_toolBar->d->ensureVisible(button);
+  button.setFocus(Qt::ShortcutFocusReason);
+}
+
+bool ToolBarKeys::press(QAbstractButton& button, const QKeyEvent& event) {
+  if (event.modifiers() & ~Qt::KeypadModifier)
+    return false;
+  switch (event.key()) {
+  case Qt::Key_Left:
+  case Qt::Key_Right:
+  case Qt::Key_Up:
+  case Qt::Key_Down:
+    return move(button, event.key());
+  case Qt::Key_Home:
+  case Qt::Key_End: {
+    const QList<QAbstractButton*> buttons = stops();
+    if (!buttons.isEmpty())
+      focus(event.key() == Qt::Key_Home ? *buttons.constFirst() : *buttons.constLast());
+    return true;
+  }
+  case Qt::Key_Return:
+  case Qt::Key_Enter:
+    button.click();
+    return true;
+  case Qt::Key_Escape:
+    return escape();
+  default:
+    return false;
+  }
+}
+
+// The arrow keys never leave a toolbar otherwise than into a menu.
+bool ToolBarKeys::move(QAbstractButton& button, int key) {
+  const QList<QAbstractButton*> buttons = stops();
+  QList<QRect> rects;
+  for (const QAbstractButton* const stop : buttons)
+    rects.append(m_toolBar->d->unscrolledRect(*stop));
+  const int next = nextInDirection(rects, m_toolBar->d->unscrolledRect(button), key);
+  if (next >= 0)
+    focus(*buttons[next]);
+  else
+    openMenu(button, key);
+  return true;
+}
+
+bool ToolBarKeys::openMenu(QAbstractButton& button, int key) const {
+  auto* const opener = qobject_cast<ToolButtonWithMenu*>(&button);
+  if (!opener || key != menuKey(*m_toolBar))
+    return false;
+  if (!opener->IsMenuShowing())
+    opener->click();
+  else if (auto* const menu = qobject_cast<ToolBar*>(opener->GetMenu()))
+    menu->d->keys.enter();
+  return true;
+}
+
+bool ToolBarKeys::escape() {
+  if (m_toolBar->DismissLeafMenu())
+    return true;
+  ToolBarFocusCycle::of(*m_toolBar->window()).giveFocusBack();
+  return true;
+}
+
+} // namespace Vela::UiBase

@@ -1,0 +1,294 @@
+// SPDX-License-Identifier: MIT
+#include "tool_bar_p.h"
+
+#include "tool_bar_menu_watch.h"
+
+#include <ui_base/commands/command_base.h>
+#include <ui_base/tooltips/tooltip_object.h>
+
+#include <QActionEvent>
+#include <QApplication>
+#include <QKeyEvent>
+
+#include <algorithm>
+#include <utility>
+
+namespace Vela::UiBase {
+
+namespace {
+
+constexpr QSize iconLookUpSize(256, 256); // px
+constexpr int menuFollowTime = 100;       // ms
+
+/// A button shows while its action does.
+class ShownWithAction : public ToolButton::IToolButtonShowCallbackHandler {
+public:
+  bool operator()(ToolButton* button) override {
+    const QAction* const action = actionOf(*button);
+    return !action || action->isVisible();
+  }
+};
+
+} // namespace
+
+ToolBarPrivate::ToolBarPrivate() = default;
+
+ToolBarPrivate::~ToolBarPrivate() = default;
+
+void ToolBarPrivate::InitializeResizeTimer() {
+  resizeTimer = new QTimer(toolBar);
+  resizeTimer->setSingleShot(true);
+  resizeTimer->setInterval(menuFollowTime);
+  QObject::connect(resizeTimer, &QTimer::timeout, toolBar, &ToolBar::OnResizeTimerTimeOut);
+}
+
+// --- buttons
+
+void ToolBarPrivate::OnButtonCreated(ToolButton& button, const QString& group, bool applyTooltip,
+                                     bool applyMenu, int index) {
+  QObject::connect(&button, &ToolButton::ToolButtonClicked, toolBar, &ToolBar::OnToolButtonClicked);
+  button.setToolButtonStyle(params.buttonStyle);
+  if (!params.buttonStyleSheet.isEmpty())
+    button.setStyleSheet(params.buttonStyleSheet);
+  button.installEventFilter(toolBar);
+  if (applyTooltip)
+    applyTooltipParams(button);
+  if (applyMenu)
+    applyMenuParams(button);
+  applySizes(button);
+  const QList<QAction*> actions = button.actions();
+  if (const auto* const command = actions.size() == 1 ? dynamic_cast<CommandBase*>(actions[0]) : nullptr)
+    button.setProperty(CMDID_PROP, command->commandId());
+  content->place(button, group, index);
+  InitializeButtonShowCallbackHandler(button);
+  applyHandlers(button);
+}
+
+void ToolBarPrivate::InitializeButtonShowCallbackHandler(ToolButton& button) {
+  static ShownWithAction shownWithAction;
+  button.SetShowCallbackHandler(&shownWithAction);
+  if (const QAction* const action = actionOf(button); action && !action->isVisible()) {
+    hiddenWithAction.insert(&button);
+    button.hide();
+  } else if (content->isVisible()) {
+    button.show();
+  }
+}
+
+void ToolBarPrivate::applyTooltipParams(ToolButton& button) const {
+  const ButtonPopupParams& tooltip = params.tooltip;
+  button.SetTooltipParameters(tooltip.arrow, tooltip.direction, tooltip.distance, tooltip.alignment,
+                              tooltip.offset);
+  if (TooltipObject* const object = button.GetTooltipObject();
+      object && object->TooltipGroup() != params.tooltipGroup)
+    object->SetTooltipGroup(params.tooltipGroup);
+}
+
+void ToolBarPrivate::applyMenuParams(ToolButton& button) const {
+  const ButtonPopupParams& menu = params.menu;
+  if (auto* const hosting = qobject_cast<ToolButtonWithWidgetMenu*>(&button))
+    hosting->SetMenuParameters(menu.autoDecide, menu.arrow, menu.direction, menu.distance, menu.alignment,
+                               menu.offset);
+  else if (auto* const opening = qobject_cast<ToolButtonWithButtonMenu*>(&button))
+    opening->SetMenuParameters(menu.direction, menu.distance, menu.alignment, menu.offset);
+}
+
+void ToolBarPrivate::applySizes(ToolButton& button) const {
+  QSize size = params.buttonSize;
+  QSize iconSize = params.iconSize;
+  const QAction* const action = actionOf(button);
+  if (action && (size.isEmpty() || iconSize.isEmpty())) {
+    const QSize actual = action->icon().actualSize(iconLookUpSize);
+    size = size.isEmpty() ? actual : size;
+    iconSize = iconSize.isEmpty() ? actual : iconSize;
+  }
+  if (size == QSize(0, 0))
+    size += QSize(2, 2);
+  if (!iconSize.isEmpty())
+    button.setIconSize(iconSize);
+  button.setMinimumSize(size.expandedTo({0, 0}));
+  button.updateGeometry();
+}
+
+void ToolBarPrivate::applyHandlers(ToolButton& button) const {
+  const auto* const opener = qobject_cast<ToolButtonWithMenu*>(&button);
+  auto* const menu = opener ? qobject_cast<ToolBar*>(opener->GetMenu()) : nullptr;
+  for (const auto& [action, handler] : callbackHandlers) {
+    if (action && actionOf(button) == action)
+      button.SetCallbackHandler(action, handler);
+    if (action && menu)
+      menu->AddCallbackHandler(handler, action);
+  }
+}
+
+void ToolBarPrivate::removeButton(ToolButton& button) {
+  const QPointer<ToolButton> guarded(&button);
+  button.removeEventFilter(toolBar);
+  content->take(&button);
+  hiddenWithAction.remove(&button);
+  QPointer<QWidget> menu;
+  if (auto* const opener = qobject_cast<ToolButtonWithMenu*>(&button)) {
+    menu = opener->GetMenu();
+    opener->HideMenu();
+  }
+  if (!guarded)
+    return;
+  button.hide();
+  button.deleteLater();
+  if (auto* const subToolBar = qobject_cast<ToolBar*>(menu.data()); ownSubToolBars.removeAll(subToolBar) > 0)
+    subToolBar->deleteLater();
+}
+
+void ToolBarPrivate::adopt(ToolBar* subToolBar) {
+  if (!subToolBar)
+    return;
+  ownSubToolBars.removeAll(nullptr);
+  ownSubToolBars.append(subToolBar);
+}
+
+ToolBar* ToolBarPrivate::makeSubToolBar(QWidget* parent, Qt::ToolBarArea subArea) const {
+  auto* const menu = new ToolBar(parent, subArea);
+  const ButtonPopupParams tooltip = menu->d->params.tooltip;
+  const ButtonPopupParams popup = menu->d->params.menu;
+  menu->hide();
+  menu->CopyAllParametersFrom(toolBar);
+  menu->d->params.tooltip = tooltip;
+  menu->d->params.menu = popup;
+  menu->d->params.autoPosition = false;
+  menu->d->params.centered = false;
+  menu->d->params.offset = {};
+  menu->d->params.hideOnClick = true;
+  if (!parent)
+    menu->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
+  return menu;
+}
+
+void ToolBarPrivate::OnButtonClickCheckExclusiveGroups(const ToolButton& button) const {
+  for (const QList<QPointer<QToolButton>>& members : exclusiveGroups) {
+    if (!std::any_of(members.cbegin(), members.cend(),
+                     [&button](const auto& member) { return member == &button; }))
+      continue;
+    for (const QPointer<QToolButton>& member : members) {
+      if (!member || member == &button || !member->isChecked())
+        continue;
+      QAction* const action = member->defaultAction();
+      if (action && action->isCheckable())
+        action->setChecked(false);
+      else
+        member->setChecked(false);
+    }
+  }
+}
+
+bool ToolBarPrivate::filterButton(ToolButton& button, QEvent& event) {
+  switch (event.type()) {
+  case QEvent::KeyPress:
+    return keys.press(button, static_cast<QKeyEvent&>(event));
+  case QEvent::ActionChanged:
+    followVisibility(button);
+    scheduleEnableActions();
+    break;
+  case QEvent::ActionRemoved:
+    if (button.actions().isEmpty())
+      removeButton(button);
+    break;
+  case QEvent::ShowToParent:
+  case QEvent::HideToParent:
+    content->updatePanels();
+    break;
+  default:
+    break;
+  }
+  return false;
+}
+
+void ToolBarPrivate::followVisibility(ToolButton& button) {
+  const QAction* const action = actionOf(button);
+  if (!action || action->isVisible() == !hiddenWithAction.contains(&button))
+    return;
+  if (!action->isVisible()) {
+    hiddenWithAction.insert(&button);
+    button.hide();
+  } else {
+    hiddenWithAction.remove(&button);
+    button.show();
+  }
+}
+
+void ToolBarPrivate::scheduleEnableActions() {
+  if (enabling || std::exchange(enablePending, true))
+    return;
+  QMetaObject::invokeMethod(
+      toolBar,
+      [this] {
+        enablePending = false;
+        toolBar->EnableActions();
+      },
+      Qt::QueuedConnection);
+}
+
+// --- showing and menus
+
+void ToolBarPrivate::InitializePosAnimation(bool show, const QPoint& from, const QPoint& to) {
+  animation =
+      makeSlide(*toolBar, from, to, animationDuration, show ? QEasingCurve::OutExpo : QEasingCurve::InExpo);
+  if (show) {
+    QObject::connect(animation, &QAbstractAnimation::finished, toolBar, &ToolBar::OnShowAnimationDone);
+    QObject::connect(animation, &QAbstractAnimation::finished, toolBar, &ToolBar::ShowAnimationFinished);
+  } else {
+    QObject::connect(animation, &QAbstractAnimation::finished, toolBar, &ToolBar::OnHideAnimationDone);
+    QObject::connect(animation, &QAbstractAnimation::finished, toolBar, &ToolBar::HideAnimationFinished);
+  }
+  animation->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+void ToolBarPrivate::stopAnimation() {
+  if (animation)
+    animation->stop();
+  animation.clear();
+}
+
+void ToolBarPrivate::onMenuVisibilityChange(ToolButton* button, bool visible) {
+  const QList<ToolButtonWithMenu*> menus = toolBar->MenuButtons(true);
+  const bool open = visible || std::any_of(menus.cbegin(), menus.cend(), [](const ToolButtonWithMenu* other) {
+                      return other->IsMenuShowing();
+                    });
+  if (open && !menuWatch)
+    menuWatch = new ToolBarMenuWatch(*toolBar);
+  if (menuWatch)
+    menuWatch->setWatching(open);
+  const auto* const opener = qobject_cast<ToolButtonWithMenu*>(button);
+  if (auto* const menu =
+          visible && opener && opener->hasFocus() ? qobject_cast<ToolBar*>(opener->GetMenu()) : nullptr)
+    menu->d->keys.enter();
+}
+
+bool ToolBarPrivate::dismissLeaf() {
+  const QList<ToolButtonWithMenu*> menus = toolBar->MenuButtons(false);
+  for (ToolButtonWithMenu* const button : menus) {
+    if (auto* const menu = qobject_cast<ToolBar*>(button->GetMenu()); menu && menu->d->dismissLeaf())
+      return true;
+    if (!button->IsMenuShowing())
+      continue;
+    if (auto* const hosting = qobject_cast<ToolButtonWithWidgetMenu*>(button))
+      toolBar->OnDismissWidgetMenu(qobject_cast<ToolButtonWithButtonMenu*>(hosting->ExtendController()),
+                                   hosting);
+    else
+      button->HideMenu();
+    return true;
+  }
+  return false;
+}
+
+// Before the focus goes to whatever comes next.
+void ToolBarPrivate::giveFocusBack() {
+  const QWidget* const focus = QApplication::focusWidget();
+  if (!focus || !toolBar->isAncestorOf(focus))
+    return;
+  if (ownerButton && ownerButton->isVisible())
+    ownerButton->setFocus(Qt::OtherFocusReason);
+  else
+    ToolBarFocusCycle::of(*toolBar->window()).giveFocusBack();
+}
+
+} // namespace Vela::UiBase
