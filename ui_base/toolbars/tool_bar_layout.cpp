@@ -165,8 +165,10 @@ QString ToolBarPrivate::sharedStyleSheet() { return Styles::Instance().ToolButto
 
 void ToolBarPrivate::applyPopupDefaults() {
   params.tooltip = popupsAwayFrom(area, 5);
-  params.menu = popupsAwayFrom(area, 7);
+  params.menu = subToolBarParams();
 }
+
+ButtonPopupParams ToolBarPrivate::subToolBarParams() const { return popupsAwayFrom(area, 7); }
 
 void ToolBarPrivate::pathsChanged() {
   pathsOutOfDate = true;

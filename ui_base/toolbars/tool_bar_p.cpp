@@ -85,11 +85,13 @@ void ToolBarPrivate::applyTooltipParams(ToolButton& button) const {
 }
 
 void ToolBarPrivate::applyMenuParams(ToolButton& button) const {
-  const ButtonPopupParams& menu = params.menu;
+  auto* const opening = qobject_cast<ToolButtonWithButtonMenu*>(&button);
+  // Toolbars inside of toolbars take turns across and along.
+  const ButtonPopupParams menu = opening && isSubToolBar ? subToolBarParams() : params.menu;
   if (auto* const hosting = qobject_cast<ToolButtonWithWidgetMenu*>(&button))
     hosting->SetMenuParameters(menu.autoDecide, menu.arrow, menu.direction, menu.distance, menu.alignment,
                                menu.offset);
-  else if (auto* const opening = qobject_cast<ToolButtonWithButtonMenu*>(&button))
+  else if (opening)
     opening->SetMenuParameters(menu.direction, menu.distance, menu.alignment, menu.offset);
 }
 
@@ -149,11 +151,10 @@ void ToolBarPrivate::adopt(ToolBar* subToolBar) {
 ToolBar* ToolBarPrivate::makeSubToolBar(QWidget* parent, Qt::ToolBarArea subArea) const {
   auto* const menu = new ToolBar(parent, subArea);
   const ButtonPopupParams tooltip = menu->d->params.tooltip;
-  const ButtonPopupParams popup = menu->d->params.menu;
   menu->hide();
   menu->CopyAllParametersFrom(toolBar);
   menu->d->params.tooltip = tooltip;
-  menu->d->params.menu = popup;
+  menu->d->isSubToolBar = true;
   menu->d->params.autoPosition = false;
   menu->d->params.centered = false;
   menu->d->params.offset = {};

@@ -84,6 +84,7 @@ public:
   void paint(QPainter& painter);
   void updateShadow();
   void applyPopupDefaults();
+  ButtonPopupParams subToolBarParams() const;
   static QString sharedStyleSheet();
   /// @}
 
@@ -111,6 +112,7 @@ public:
   bool inShowMode = false;
   bool hiddenByRequest = false;
   bool locked = false;
+  bool isSubToolBar = false;
   bool sizeOutOfDate = true;
   bool enablePending = false;
   bool enabling = false;

@@ -180,7 +180,9 @@ void ToolBar::HideAllButtonMenusExcept(bool saveState, ToolButton* except) {
   const QList<ToolButtonWithMenu*> menus = MenuButtons(GetBaseToolBar() == this);
   QList<QPointer<ToolButtonWithMenu>> others;
   for (ToolButtonWithMenu* const button : menus) {
-    if (button != except)
+    const auto* const hosting = qobject_cast<ToolButtonWithWidgetMenu*>(button);
+    const bool controlled = hosting && except && hosting->ExtendController() == except;
+    if (button != except && !controlled)
       others.append(button);
   }
   for (const QPointer<ToolButtonWithMenu>& button : std::as_const(others)) {
