@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: MIT
+#include "toolbars_fixture.h"
+
+#include <support/test_case.h>
+#include <ui_base/toolbars/tool_bar.h>
+#include <ui_base/toolbars/toolbar_manager.h>
+
+#include <QLabel>
+#include <QSignalSpy>
+
+#include <thread>
+#include <vector>
+
+using namespace Vela::UiBase;
+
+namespace {
+
+/// A window with a main toolbar and three groups that come and go.
+struct Row {
+  explicit Row(Qt::ToolBarArea area = Qt::TopToolBarArea) {
+    window.resize(900, 500);
+    main = new ToolBar(&window, area);
+    main->SetEnableAutoPosition(false);
+    main->AddAction(new QAction(QStringLiteral("open"), main));
+    manager = new ToolbarManager(main);
+    manager->setGatheringTime(0);
+    for (int i = 0; i < 3; ++i) {
+      groups.push_back(namedGroup("group " + QByteArray::number(i), 2));
+      manager->addDynamicCommandGroup(groups.back().get());
+    }
+    main->setGeometry(20, 30, 100, 44);
+    window.show();
+  }
+  ToolBar* bar(int i) const {
+    const auto bars = window.findChildren<ToolBar*>(QString(), Qt::FindDirectChildrenOnly);
+    for (ToolBar* const each : bars) {
+      if (each->property("CMDGROUP_PROP") == groups.at(i)->commandId())
+        return each;
+    }
+    return nullptr;
+  }
+  QLabel* separator() const { return window.findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly); }
+  void begin(int i) { manager->commandGroupBegan(groups.at(i).get()); }
+  void end(int i) { manager->commandGroupEnded(groups.at(i).get()); }
+
+  QWidget window;
+  ToolBar* main;
+  ToolbarManager* manager;
+  std::vector<std::shared_ptr<CommandGroup>> groups;
+};
+
+/// Counts the showings and hidings of a widget.
+class Visibility : public QObject {
+public:
+  explicit Visibility(QWidget* widget) { widget->installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    changes += event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent ? 1 : 0;
+    return false;
+  }
+  int changes = 0;
+};
+
+} // namespace
+
+class ToolbarManagerTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void groupsHaveToolbarsOfTheirOwn() {
+    Row row;
+    const ToolBar* const bar = row.bar(1);
+    QVERIFY(bar && bar->isHidden() && row.separator()->isHidden());
+    QCOMPARE(bar->Area(), Qt::BottomToolBarArea);
+    QCOMPARE(bar->Buttons().size(), 2);
+    QVERIFY(!bar->IsAutoPositionEnabled() && !bar->IsShadowEnabled());
+    QCOMPARE(bar->ButtonSize(), row.main->ButtonSize());
+
+    const auto outer = namedGroup("outer", 1);
+    const auto inner = namedGroup("inner", 2);
+    outer->addCommand(inner, 5);
+    row.manager->addDynamicCommandGroup(outer.get());
+    row.manager->addDynamicCommandGroup(nullptr);
+    QCOMPARE(row.window.findChildren<ToolBar*>(QString(), Qt::FindDirectChildrenOnly).size(), 1 + 3 + 2);
+    QVERIFY(row.manager->findDynamicCommand(QStringLiteral("inner 1")));
+    row.manager->removeDynamicCommand(inner->getCommand(QStringLiteral("inner 1")));
+    QVERIFY(!row.manager->findDynamicCommand(QStringLiteral("inner 1")));
+    row.manager->removeDynamicCommand(outer.get());
+    QCOMPARE(row.window.findChildren<ToolBar*>(QString(), Qt::FindDirectChildrenOnly).size(), 1 + 3);
+  }
+
+  void rowStandsBehindTheMainToolbar_data() {
+    QTest::addColumn<Qt::ToolBarArea>("area");
+    QTest::newRow("horizontal") << Qt::TopToolBarArea;
+    QTest::newRow("vertical") << Qt::LeftToolBarArea;
+  }
+  void rowStandsBehindTheMainToolbar() {
+    QFETCH(Qt::ToolBarArea, area);
+    Row row(area);
+    row.main->SetButtonGroupSpacing(6);
+    row.main->SetMainContentMargins({1, 2, 3, 4});
+    row.main->setGeometry(20, 30, 100, 44);
+    row.begin(0);
+    row.begin(2);
+    QTRY_VERIFY(!row.bar(2)->isHidden());
+    const auto check = [&] {
+      const QRect main = row.main->geometry();
+      const QRect line = row.separator()->geometry();
+      const bool horizontal = area == Qt::TopToolBarArea;
+      QCOMPARE(line.topLeft(),
+               horizontal ? QPoint(main.right() + 10, main.top()) : QPoint(main.left(), main.bottom() + 10));
+      QCOMPARE(horizontal ? line.height() : line.width(), horizontal ? main.height() : main.width());
+      const QRect first = row.bar(0)->geometry();
+      QCOMPARE(first.topLeft(),
+               horizontal ? QPoint(line.right() + 10, line.top()) : QPoint(line.left(), line.bottom() + 10));
+      QCOMPARE(row.bar(2)->pos(), horizontal ? QPoint(first.right() + 6 + 3, first.top())
+                                             : QPoint(first.left(), first.bottom() + 6 + 4));
+    };
+    check();
+    row.main->setGeometry(60, 10, 140, 60);
+    check();
+    QVERIFY(row.bar(1)->isHidden());
+  }
+
+  void onlyTheLastOfABurstCounts() {
+    Row row;
+    const Visibility first(row.bar(0));
+    const Visibility second(row.bar(1));
+    row.begin(0);
+    row.end(0);
+    row.begin(1);
+    row.end(1);
+    row.begin(1);
+    QTRY_VERIFY(!row.bar(1)->isHidden());
+    QVERIFY(!row.separator()->isHidden());
+    QCOMPARE(first.changes, 0);
+    QCOMPARE(second.changes, 1);
+    row.end(1);
+    row.end(0);
+    QTRY_VERIFY(row.bar(1)->isHidden());
+    QVERIFY(row.separator()->isHidden());
+    QCOMPARE(second.changes, 2);
+  }
+
+  void followsTheMainToolbar() {
+    Row row;
+    row.begin(0);
+    row.begin(1);
+    QTRY_VERIFY(!row.bar(1)->isHidden());
+    row.main->setEnabled(false);
+    QVERIFY(!row.bar(0)->isEnabled());
+    row.main->setEnabled(true);
+    QVERIFY(row.bar(0)->isEnabled());
+    row.main->hide();
+    QVERIFY(row.bar(0)->isHidden() && row.bar(1)->isHidden() && row.separator()->isHidden());
+    row.end(1);
+    row.begin(2);
+    Vela::Test::settle();
+    QVERIFY2(row.bar(2)->isHidden(), "there is nothing to stand beside");
+    row.main->show();
+    QVERIFY(!row.bar(0)->isHidden() && row.bar(1)->isHidden() && !row.bar(2)->isHidden());
+  }
+
+  void longRowEndsInTheWindow() {
+    Row row;
+    row.begin(0);
+    QTRY_VERIFY(!row.bar(0)->isHidden());
+    row.window.resize(row.bar(0)->x() + row.bar(0)->minimumSizeHint().width() + 1, 400);
+    QVERIFY(row.bar(0)->geometry().right() < row.window.width());
+    row.window.resize(900, 400);
+    QCOMPARE(row.bar(0)->size(), row.bar(0)->sizeHint());
+  }
+
+  void whatIsAddedToAGroupComesWithIt() {
+    Row row;
+    row.groups[0]->addCommand(namedCommand(QStringLiteral("late")), 9);
+    row.begin(0);
+    QTRY_VERIFY(!row.bar(0)->isHidden());
+    QVERIFY(row.manager->findDynamicCommand(QStringLiteral("late")));
+  }
+
+  void groupsMayDieBeforeTheyAreShown() {
+    Row row;
+    row.begin(0);
+    row.groups[0].reset();
+    row.begin(1);
+    QTRY_VERIFY(!row.bar(1)->isHidden());
+    const QPointer<ToolBar> bar = row.bar(1);
+    delete bar; // by hand
+    row.end(1);
+    Vela::Test::settle();
+    row.begin(2);
+    delete row.main; // and the manager with it
+    Vela::Test::settle();
+    QVERIFY(row.window.findChildren<ToolBar*>().isEmpty() && !row.separator());
+  }
+
+  void eventsOfManyThreadsEndInTheLastOfEachGroup() {
+    Row row;
+    constexpr int threads = 8;
+    for (int i = 3; i < threads; ++i) {
+      row.groups.push_back(namedGroup("group " + QByteArray::number(i), 1));
+      row.manager->addDynamicCommandGroup(row.groups.back().get());
+    }
+    std::vector<std::thread> workers;
+    for (int i = 0; i < threads; ++i) {
+      workers.emplace_back([&row, i] {
+        for (int event = 0; event <= 200 + i; ++event)
+          event % 2 == 0 ? row.begin(i) : row.end(i);
+      });
+    }
+    for (std::thread& worker : workers)
+      worker.join();
+    for (int i = 0; i < threads; ++i)
+      QTRY_COMPARE(row.bar(i)->isHidden(), i % 2 == 1);
+  }
+};
+
+VELA_TEST_MAIN(ToolbarManagerTest)
+#include "toolbar_manager_test.moc"
