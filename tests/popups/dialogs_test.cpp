@@ -194,6 +194,18 @@ private Q_SLOTS:
     QCOMPARE(flyoutClosed.size(), 5);
   }
 
+  void returnInAFlyoutWithoutApplyIsTheDialogs() {
+    MDialogBase dialog;
+    dialog.SetContent(QtUiToolkit::CreateFlyout(QStringLiteral("Smooth"), new QLineEdit, nullptr, false,
+                                                false, false, false, nullptr));
+    dialog.AddButton(QStringLiteral("Go"), QDialogButtonBox::AcceptRole);
+    openDialog(dialog);
+    QVERIFY(qobject_cast<QLineEdit*>(dialog.focusWidget()));
+    key(dialog, Qt::Key_Return);
+    QCOMPARE(dialog.result(), int(QDialog::Accepted));
+    QVERIFY(!dialog.isVisible());
+  }
+
   void aContentLargerThanTheScreenScrolls() {
     auto* text = new QLabel(QStringLiteral("more words than a screen has room for ").repeated(900));
     text->setWordWrap(true);

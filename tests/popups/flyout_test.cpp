@@ -2,6 +2,7 @@
 #include <support/test_case.h>
 #include <ui_base/commands/flyout_command.h>
 #include <ui_base/popups/flyout_base.h>
+#include <ui_base/toolbars/tool_bar.h>
 #include <ui_base/toolbars/tool_button.h>
 #include <ui_base/views/base_view.h>
 #include <ui_base/views/cmds_view_controller.h>
@@ -182,6 +183,7 @@ void FlyoutTest::commandBeginsAndEndsOnce() {
   QFETCH(QString, end);
   Stage stage(checkable);
   QSignalSpy cancelled(stage.flyout, &FlyoutBase::CancelChanges);
+  QSignalSpy closed(stage.flyout, &FlyoutBase::CloseFlyout);
   for (int round = 1; round <= 2; ++round) {
     stage.command->trigger();
     stage.command->onBegin();
@@ -206,6 +208,7 @@ void FlyoutTest::commandBeginsAndEndsOnce() {
     QCOMPARE(std::exchange(stage.heard, {}), QStringList({"began", "ended"}));
     QVERIFY(!stage.flyout->isVisible() && !stage.command->isActive() && !stage.command->isChecked());
     QVERIFY(stage.field->hasFocus());
+    QCOMPARE(closed.count(), round);
     QCOMPARE(cancelled.count(), end == "Cancel" || end == "escape" ? round : 0);
   }
   QCOMPARE(stage.command->runs.load(), 0);
@@ -268,7 +271,8 @@ void FlyoutTest::resetReachesPanelAndCommand() {
 
 void FlyoutTest::buttonOpensTheFlyoutAfterTheEvent() {
   Stage stage;
-  auto* const button = new ToolButton(stage.command, &stage.window);
+  auto* const bar = new ToolBar(&stage.window, Qt::TopToolBarArea);
+  auto* const button = new ToolButton(stage.command, bar, &stage.window);
   button->show();
   stage.flyout->SetToolButton(button);
   QSignalSpy clicked(button, &ToolButton::ToolButtonClicked);

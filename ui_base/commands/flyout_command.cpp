@@ -173,10 +173,15 @@ void FlyoutCommand::onFinalize() {
   broadcast([this, ref = sharedOrEmpty()](CommandStateProtocol* observer) { observer->commandEnded(this); });
   if (!self.get() || d->begun)
     return;
-  if (d->panel && !hostingButton(flyout()))
-    d->panel->hide();
   if (isCheckable() && isChecked())
     setChecked(false); // it was closed from the panel
+  if (!self.get() || d->begun || !d->panel || hostingButton(flyout()))
+    return;
+  const QPointer<QWidget> panel(d->panel);
+  if (FlyoutBase* const flyoutPanel = flyout())
+    flyoutPanel->CloseMe(); // tells whoever hosts it
+  if (panel)
+    panel->hide();
 }
 
 void FlyoutCommand::onReset() {}

@@ -2,6 +2,7 @@
 #include "flyout_base.h"
 
 #include "arrowed_window.h"
+#include "busy_indicator.h"
 #include "flyout_sub_widgets.h"
 
 #include <ui_base/views/qt_ui_toolkit.h>
@@ -12,7 +13,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMovie>
 #include <QPainter>
 #include <QPointer>
 #include <QPushButton>
@@ -30,14 +30,18 @@ constexpr int margin = 12;      // px around the contents
 constexpr int spacing = 10;     // px between title, panel and buttons
 constexpr int cornerRadius = 6; // px, of a flyout that paints its own background
 
+bool takesFocus(const QWidget& widget) { return widget.isEnabled() && (widget.focusPolicy() & Qt::TabFocus); }
+
+/// The first that Tab reaches, or null.
 QWidget* firstFocusable(QWidget* root) {
+  if (takesFocus(*root))
+    return root;
   for (QWidget* widget = root->nextInFocusChain(); widget && widget != root;
        widget = widget->nextInFocusChain()) {
-    if (root->isAncestorOf(widget) && widget->isVisibleTo(root) && widget->isEnabled() &&
-        (widget->focusPolicy() & Qt::TabFocus))
+    if (root->isAncestorOf(widget) && widget->isVisibleTo(root) && takesFocus(*widget))
       return widget;
   }
-  return root;
+  return nullptr;
 }
 
 } // namespace
@@ -63,7 +67,7 @@ public:
   QPointer<QWidget> toolButton;
   QPushButton* applyButton = nullptr; // null when there is none, like the next
   QPushButton* resetButton = nullptr;
-  QLabel* busyLabel = nullptr;
+  BusyIndicator* indicator = nullptr;
   bool applyEnabled = true;
   bool resetEnabled = true;
   FlyoutSubWidgets subWidgets;
@@ -104,18 +108,9 @@ QLayout* FlyoutBasePrivate::buttonRow(bool apply, bool reset, bool cancel) {
   auto* const row = new QHBoxLayout;
   if (reset)
     row->addWidget(resetButton = button(FlyoutBase::tr("Reset"), &FlyoutBase::Reset));
-  busyLabel = new QLabel(q);
-  busyLabel->setObjectName(QStringLiteral("busy_label"));
-  busyLabel->setAccessibleName(FlyoutBase::tr("Working"));
-  busyLabel->setMovie(
-      new QMovie(QStringLiteral(":/resources/images/sys_loader-16x16.gif"), QByteArray(), busyLabel));
-  QSizePolicy keepsItsPlace = busyLabel->sizePolicy();
-  keepsItsPlace.setRetainSizeWhenHidden(true);
-  busyLabel->setSizePolicy(keepsItsPlace);
-  busyLabel->setFixedSize(16, 16);
-  busyLabel->hide();
+  indicator = new BusyIndicator(q);
   row->addStretch(1);
-  row->addWidget(busyLabel);
+  row->addWidget(indicator);
   if (cancel)
     row->addWidget(button(FlyoutBase::tr("Cancel"), &FlyoutBase::Cancel));
   if (apply) {
@@ -256,11 +251,7 @@ void FlyoutBase::SetBusy(bool busy) {
     setFocus();
   }
   d->updateEnabled();
-  d->busyLabel->setVisible(busy);
-  if (busy)
-    d->busyLabel->movie()->start();
-  else
-    d->busyLabel->movie()->stop();
+  d->indicator->setVisible(busy);
   if (busy) {
     Q_EMIT FlyoutBusy();
     return;
@@ -310,7 +301,10 @@ void FlyoutBase::keyPressEvent(QKeyEvent* event) {
     break;
   case Qt::Key_Return:
   case Qt::Key_Enter:
-    Apply();
+    if (d->applyButton)
+      Apply();
+    else
+      QWidget::keyPressEvent(event); // a dialog around has a use for it
     break;
   default:
     QWidget::keyPressEvent(event);
@@ -339,9 +333,9 @@ void FlyoutBase::showEvent(QShowEvent* event) {
   d->subWidgets.follow();
   if (!d->holdsFocus()) {
     d->focusBefore = QApplication::focusWidget();
-    QWidget* const control = d->mainPanel ? firstFocusable(d->mainPanel) : this;
+    QWidget* const control = d->mainPanel ? firstFocusable(d->mainPanel) : nullptr;
     // As if by Tab: fields select what they hold.
-    (control == d->mainPanel ? this : control)->setFocus(Qt::TabFocusReason);
+    (control ? control : this)->setFocus(Qt::TabFocusReason);
   }
 }
 
