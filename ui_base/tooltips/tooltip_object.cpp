@@ -6,6 +6,7 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 
 #include <utility>
 
@@ -172,6 +173,7 @@ void TooltipObject::EventFilterOnHide(QObject* object) {
 }
 
 bool TooltipObject::eventFilter(QObject* watched, QEvent* event) {
+  const QPointer<TooltipObject> self(this);
   if (d->enabled && watched == own()->attachedWidget) {
     if (event->type() == QEvent::FocusIn)
       own()->onFocusIn(*static_cast<QFocusEvent*>(event));
@@ -180,7 +182,7 @@ bool TooltipObject::eventFilter(QObject* watched, QEvent* event) {
     else if (event->type() == QEvent::KeyPress)
       own()->onKeyPress(*static_cast<QKeyEvent*>(event));
   }
-  return ATooltipObject::eventFilter(watched, event);
+  return self && ATooltipObject::eventFilter(watched, event);
 }
 
 } // namespace Vela::UiBase
