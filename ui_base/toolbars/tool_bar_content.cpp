@@ -28,6 +28,12 @@ private:
 
 ToolBarContent::ToolBarContent(QWidget* parent) : QWidget(parent), m_inner(new QWidget(this)) {}
 
+// The buttons announce what becomes of their menus, and nobody is to find a dead one here then.
+ToolBarContent::~ToolBarContent() {
+  m_groups.clear();
+  delete m_inner;
+}
+
 bool ToolBarContent::event(QEvent* event) {
   if (event->type() == QEvent::LayoutRequest && m_listener)
     m_listener();

@@ -20,6 +20,7 @@ class ToolButton;
 class ToolBarContent : public QWidget {
 public:
   explicit ToolBarContent(QWidget* parent);
+  ~ToolBarContent() override;
 
   /// Called when the layout has something to do.
   void setLayoutListener(std::function<void()> listener) { m_listener = std::move(listener); }

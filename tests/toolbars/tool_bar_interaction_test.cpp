@@ -1,0 +1,372 @@
+// SPDX-License-Identifier: MIT
+#include "toolbars_fixture.h"
+
+#include <support/test_case.h>
+#include <ui_base/popups/flyout_base.h>
+#include <ui_base/toolbars/tool_bar.h>
+#include <ui_base/toolbars/tool_button_with_button_menu.h>
+#include <ui_base/toolbars/tool_button_with_widget_menu.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenu>
+#include <QSignalSpy>
+
+using namespace Vela::UiBase;
+using Taren::Objects::createShared;
+using Vela::Test::settle;
+
+namespace {
+
+QIcon anyIcon() {
+  QPixmap pixmap(24, 24);
+  pixmap.fill(Qt::red);
+  return pixmap;
+}
+
+/// A window with a field that has the focus, and a toolbar: two plain buttons, one with a sub-toolbar of two,
+/// in which there is another one, and one with a flyout.
+struct Screen {
+  Screen() {
+    window.resize(700, 500);
+    field->move(10, 400);
+    commands->addCommand(outer, 5);
+    outer->setIcon(anyIcon());
+    inner->setIcon(anyIcon());
+    outer->addCommand(inner, 5);
+    bar->AddCommandGroup(commands.get());
+    flyoutButton = bar->AddAction(flyoutAction, flyout, QStringLiteral("flyouts"));
+    window.show();
+    window.activateWindow();
+    (void)QTest::qWaitForWindowActive(&window);
+    field->setFocus();
+    settle();
+  }
+
+  ToolButton* button(const QString& id) const { return bar->FindOneButton(id, true); }
+  ToolButtonWithMenu* opener(const CommandGroup& group) const {
+    return qobject_cast<ToolButtonWithMenu*>(button(group.commandId()));
+  }
+  void click(const QWidget* widget) {
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
+                      widget->mapTo(&window, widget->rect().center()));
+  }
+  void clickAt(const QPoint& place) { QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, place); }
+  void press(int key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(window.windowHandle(), static_cast<Qt::Key>(key), modifiers);
+  }
+
+  QWidget window;
+  QLineEdit* const field = new QLineEdit(&window);
+  std::shared_ptr<CommandGroup> commands = namedGroup("a", 2);
+  std::shared_ptr<CommandGroup> outer = namedGroup("outer", 2);
+  std::shared_ptr<CommandGroup> inner = namedGroup("inner", 2);
+  QAction* const flyoutAction = new QAction(anyIcon(), QStringLiteral("flyout"), &window);
+  FlyoutBase* const flyout =
+      new FlyoutBase(QStringLiteral("flyout"), new QLineEdit, nullptr, true, false, true, true, &window);
+  ToolBar* const bar = new ToolBar(&window, Qt::TopToolBarArea);
+  ToolButtonWithWidgetMenu* flyoutButton = nullptr;
+};
+
+QString focused() {
+  const QWidget* const focus = QApplication::focusWidget();
+  const auto* const button = qobject_cast<const ToolButton*>(focus);
+  if (!button)
+    return focus ? QString::fromLatin1(focus->metaObject()->className()) : QString();
+  return button->property(CMDID_PROP).toString().remove(CommandGroup::className());
+}
+
+} // namespace
+
+class ToolBarInteractionTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void clicksOpenOneMenuAtATimeAndCloseTheOthers() {
+    Screen screen;
+    ToolButtonWithMenu* const outer = screen.opener(*screen.outer);
+    ToolButtonWithMenu* const inner = screen.opener(*screen.inner);
+    QSignalSpy clicks(screen.bar, &ToolBar::ToolButtonClicked);
+    screen.click(outer);
+    QVERIFY(outer->IsMenuShowing());
+    screen.click(inner);
+    QVERIFY2(outer->IsMenuShowing() && inner->IsMenuShowing(), "a nested toolbar leaves the outer one");
+    screen.click(screen.flyoutButton);
+    QVERIFY(!outer->IsMenuShowing() && !inner->IsMenuShowing() && screen.flyoutButton->IsMenuShowing());
+    QCOMPARE(screen.bar->GetActiveButton(), screen.flyoutButton);
+    screen.click(screen.button(QStringLiteral("a 0")));
+    QVERIFY(!screen.flyoutButton->IsMenuShowing() && !screen.bar->GetActiveButton());
+    QCOMPARE(clicks.count(), 3);
+    // A second click closes.
+    screen.click(outer);
+    screen.click(outer);
+    QVERIFY(!outer->IsMenuShowing());
+  }
+
+  void exceptForOneAllMenusAreHidden() {
+    Screen screen;
+    ToolButtonWithMenu* const outer = screen.opener(*screen.outer);
+    ToolButtonWithMenu* const inner = screen.opener(*screen.inner);
+    outer->ShowMenu();
+    inner->ShowMenu();
+    inner->OwningToolBar()->HideAllButtonMenusExcept(true, inner);
+    QVERIFY(outer->IsMenuShowing() && inner->IsMenuShowing());
+    screen.bar->HideAllButtonMenusExcept(true, outer);
+    QVERIFY(outer->IsMenuShowing() && !inner->IsMenuShowing());
+    QVERIFY(inner->SaveMenuState() && !outer->SaveMenuState());
+    screen.bar->HideAllButtonMenusExcept(false, nullptr);
+    QVERIFY(!outer->IsMenuShowing() && !inner->SaveMenuState());
+  }
+
+  void plainClicksCloseABarThatHidesOnClick() {
+    Screen screen;
+    screen.bar->SetHideOnClick(true);
+    ToolButtonWithMenu* const outer = screen.opener(*screen.outer);
+    screen.click(outer);
+    QVERIFY(screen.bar->isVisible() && outer->IsMenuShowing());
+    screen.click(screen.button(QStringLiteral("outer 1")));
+    QVERIFY2(!outer->IsMenuShowing() && screen.bar->isVisible(), "only the menu closes");
+    screen.click(screen.flyoutButton);
+    QVERIFY(screen.bar->isVisible() && screen.flyoutButton->IsMenuShowing());
+    screen.click(screen.button(QStringLiteral("a 0")));
+    QVERIFY(screen.bar->isHidden());
+  }
+
+  void aControllingButtonLeavesItsFlyoutToItself() {
+    Screen screen;
+    ToolButtonWithMenu* const outer = screen.opener(*screen.outer);
+    screen.flyoutButton->ShowMenu();
+    screen.flyoutButton->SetExtendController(outer);
+    QSignalSpy hides(screen.bar, &ToolBar::ButtonMenuVisibilityChange);
+    outer->SuppressClickedHandler(true);
+    screen.click(outer);
+    QVERIFY(screen.flyoutButton->IsMenuShowing());
+    QCOMPARE(hides.count(), 0);
+  }
+
+  void aPressElsewhereClosesMenus() {
+    Screen screen;
+    ToolButtonWithMenu* const outer = screen.opener(*screen.outer);
+    screen.click(screen.flyoutButton);
+    screen.click(screen.flyout->MainPanel());
+    screen.clickAt(screen.flyout->mapTo(&screen.window, QPoint(2, 2)));
+    QVERIFY2(screen.flyoutButton->IsMenuShowing(),
+             "a press in the flyout, or around it, is no press outside");
+    screen.clickAt({690, 490});
+    QVERIFY(!screen.flyoutButton->IsMenuShowing());
+    screen.click(outer);
+    auto* const menu = qobject_cast<ToolBar*>(outer->GetMenu());
+    menu->SetKeepStateOnClickOutside(true);
+    screen.clickAt({690, 490});
+    QVERIFY(outer->IsMenuShowing());
+    menu->SetKeepStateOnClickOutside(false);
+    screen.clickAt({690, 490});
+    QVERIFY(!outer->IsMenuShowing());
+  }
+
+  void oneOfAnExclusiveGroupIsCheckedAtMost() {
+    Screen screen;
+    auto* const other = new QAction(QStringLiteral("other"), &screen.window);
+    other->setCheckable(true);
+    other->setChecked(true);
+    auto* const mine = new QAction(QStringLiteral("mine"), &screen.window);
+    mine->setCheckable(true);
+    ToolButton* const otherButton = screen.bar->AddAction(other);
+    ToolButton* const myButton = screen.bar->AddAction(mine);
+    screen.bar->AddExclusiveGroupButton(QStringLiteral("modes"), otherButton);
+    screen.bar->AddExclusiveGroupButton(QStringLiteral("modes"), myButton);
+    settle();
+    screen.click(myButton);
+    QVERIFY(mine->isChecked() && !other->isChecked() && !otherButton->isChecked());
+  }
+
+  void worksByKeyboardAlone() {
+    Screen screen;
+    ToolBar side(&screen.window, Qt::LeftToolBarArea);
+    side.AddAction(new QAction(QStringLiteral("side"), &side))->setProperty(CMDID_PROP, "side");
+    side.ShowMe();
+    side.move(0, 200);
+    auto* const first = dynamic_cast<NamedCommand*>(screen.commands->commandBag().commandAt(0));
+    screen.press(Qt::Key_F6);
+    QCOMPARE(focused(), QStringLiteral("a 0"));
+    screen.press(Qt::Key_F6);
+    QCOMPARE(focused(), QStringLiteral("side"));
+    screen.press(Qt::Key_F6);
+    QCOMPARE(QApplication::focusWidget(), screen.field);
+    screen.press(Qt::Key_F6, Qt::ShiftModifier);
+    QCOMPARE(focused(), QStringLiteral("side"));
+    screen.press(Qt::Key_F6, Qt::ShiftModifier);
+    screen.press(Qt::Key_Return);
+    screen.press(Qt::Key_Space);
+    QCOMPARE(first->runs, 2);
+    screen.press(Qt::Key_Left);
+    QCOMPARE(focused(), QStringLiteral("a 0"));
+    screen.commands->commandBag().commandAt(1)->setEnabled(false);
+    screen.press(Qt::Key_Right);
+    QCOMPARE(focused(), QStringLiteral("outer"));
+
+    // Into the menus and out of them again.
+    screen.press(Qt::Key_Down);
+    QCOMPARE(focused(), QStringLiteral("outer 0"));
+    screen.press(Qt::Key_End);
+    QCOMPARE(focused(), QStringLiteral("inner"));
+    screen.press(Qt::Key_Right);
+    QCOMPARE(focused(), QStringLiteral("inner 0"));
+    screen.press(Qt::Key_Escape);
+    QCOMPARE(focused(), QStringLiteral("inner"));
+    screen.press(Qt::Key_Escape);
+    QCOMPARE(focused(), QStringLiteral("outer"));
+    QVERIFY(!screen.opener(*screen.outer)->IsMenuShowing());
+    screen.press(Qt::Key_Escape);
+    QCOMPARE(QApplication::focusWidget(), screen.field);
+  }
+
+  void arrowKeysGoByWhatIsSeen_data() {
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::addColumn<QList<int>>("keys");
+    QTest::addColumn<int>("reached");
+    const QList<int> rightDown{Qt::Key_Right, Qt::Key_Down};
+    QTest::newRow("right and down") << Qt::LeftToRight << rightDown << 4;
+    QTest::newRow("left in right to left") << Qt::RightToLeft << QList<int>{Qt::Key_Left, Qt::Key_Down} << 4;
+    QTest::newRow("stays in its row") << Qt::RightToLeft << rightDown << 3;
+    QTest::newRow("end and up") << Qt::LeftToRight << QList<int>{Qt::Key_End, Qt::Key_Up} << 2;
+    QTest::newRow("end and home") << Qt::LeftToRight << QList<int>{Qt::Key_End, Qt::Key_Home} << 0;
+  }
+  void arrowKeysGoByWhatIsSeen() {
+    QFETCH(Qt::LayoutDirection, direction);
+    QFETCH(QList<int>, keys);
+    QFETCH(int, reached);
+    Screen screen;
+    screen.window.setLayoutDirection(direction);
+    ToolBar grid(&screen.window, Qt::LeftToolBarArea);
+    grid.SetGridLayout(3);
+    const auto commands = namedGroup("g", 6);
+    grid.AddCommandGroup(commands.get());
+    grid.ShowMe();
+    grid.move(0, 150);
+    settle();
+    screen.bar->HideMe(false);
+    screen.press(Qt::Key_F6);
+    for (const int key : keys)
+      screen.press(key);
+    QCOMPARE(focused(), QStringLiteral("g %1").arg(reached));
+  }
+
+  void buttonsWithoutRoomStayWithinReach_data() {
+    QTest::addColumn<Qt::ToolBarArea>("area");
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::newRow("row") << Qt::TopToolBarArea << Qt::LeftToRight;
+    QTest::newRow("row, right to left") << Qt::TopToolBarArea << Qt::RightToLeft;
+    QTest::newRow("column") << Qt::LeftToolBarArea << Qt::LeftToRight;
+  }
+  void buttonsWithoutRoomStayWithinReach() {
+    QFETCH(Qt::ToolBarArea, area);
+    QFETCH(Qt::LayoutDirection, direction);
+    QWidget window;
+    window.setLayoutDirection(direction);
+    window.resize(200, 200);
+    ToolBar bar(&window, area);
+    const auto commands = namedGroup("c", 12);
+    bar.AddCommandGroup(commands.get());
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    settle();
+    QVERIFY(window.rect().contains(bar.geometry()));
+    const auto buttons = bar.Buttons();
+    const auto shows = [](const QWidget* widget) {
+      return widget->visibleRegion() == QRegion(widget->rect());
+    };
+    QVERIFY(shows(buttons[0]) && buttons[11]->visibleRegion().isEmpty());
+    for (const ToolButton* const button : buttons)
+      QVERIFY2(shows(button) || button->visibleRegion().isEmpty(), "no button is cut");
+
+    QToolButton* more = nullptr;
+    const auto all = bar.findChildren<QToolButton*>();
+    for (QToolButton* const each : all)
+      more = qobject_cast<ToolButton*>(each) ? more : each;
+    QVERIFY(more && shows(more));
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, more->mapTo(&window, more->rect().center()));
+    auto* const list = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(list);
+    QCOMPARE(list->actions().constLast()->text(), QStringLiteral("c 11"));
+    list->setActiveAction(list->actions().constLast());
+    QTest::keyClick(list, Qt::Key_Return);
+    auto* const last = dynamic_cast<NamedCommand*>(commands->commandBag().commandAt(11));
+    QTRY_COMPARE(last->runs, 1);
+    QVERIFY(shows(buttons[11]) && !shows(buttons[0]));
+    QTest::keyClick(window.windowHandle(), Qt::Key_F6);
+    QVERIFY(buttons[0]->hasFocus() && shows(buttons[0]));
+    window.resize(700, 700);
+    QTRY_VERIFY(more->isHidden() && shows(buttons[11]));
+  }
+
+  void commandsMayDieWhileTheirMenusAreOpen_data() {
+    QTest::addColumn<int>("victim");
+    QTest::newRow("child of the open menu") << 0;
+    QTest::newRow("group of the open menu") << 1;
+    QTest::newRow("removed from the bar") << 2;
+    QTest::newRow("flyout action") << 3;
+    QTest::newRow("flyout") << 4;
+    QTest::newRow("toolbar") << 5;
+    QTest::newRow("window") << 6;
+  }
+  void commandsMayDieWhileTheirMenusAreOpen() {
+    QFETCH(int, victim);
+    auto screen = std::make_unique<Screen>();
+    screen->opener(*screen->outer)->ShowMenu();
+    screen->opener(*screen->inner)->ShowMenu();
+    const QPointer<QWidget> menu = screen->opener(*screen->outer)->GetMenu();
+    if (victim == 3 || victim == 4)
+      screen->flyoutButton->ShowMenu();
+    const QString outerId = screen->outer->commandId();
+    switch (victim) {
+    case 0:
+      screen->outer->removeCommand(screen->inner.get());
+      screen->inner.reset();
+      break;
+    case 1:
+      screen->commands->removeCommand(outerId);
+      screen->outer.reset();
+      break;
+    case 2:
+      screen->bar->RemoveCommand(screen->outer.get());
+      break;
+    case 3:
+      delete screen->flyoutAction;
+      break;
+    case 4:
+      delete screen->flyout;
+      break;
+    case 5:
+      delete screen->bar;
+      settle();
+      QVERIFY2(!menu, "the sub-toolbars go with the bar that made them");
+      return;
+    default:
+      screen.reset();
+      settle();
+      QVERIFY(!menu);
+      return;
+    }
+    settle();
+    const bool outerGone = victim == 1 || victim == 2;
+    QCOMPARE(!screen->bar->FindOneButton(outerId, false), outerGone);
+    QCOMPARE(menu.isNull(), outerGone);
+    QCOMPARE(screen->bar->FindOneButton(QStringLiteral("inner 0"), true) == nullptr, victim < 3);
+    QCOMPARE(screen->bar->Buttons().size(), outerGone || victim == 3 ? 3 : 4);
+    screen->bar->OnMouseClickedOutside();
+  }
+
+  void tellsAssistiveToolsWhatItIs() {
+    Screen screen;
+    screen.bar->setAccessibleName(QStringLiteral("Main"));
+    QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(screen.bar);
+    QCOMPARE(accessible->role(), QAccessible::ToolBar);
+    QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Main"));
+  }
+};
+
+VELA_TEST_MAIN(ToolBarInteractionTest)
+#include "tool_bar_interaction_test.moc"
