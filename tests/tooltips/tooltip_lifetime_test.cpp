@@ -80,16 +80,21 @@ private Q_SLOTS:
       f.moveAway();
       QVERIFY(!f.tooltip);
     }
-    TooltipFixture f({TooltipFixture::AT_ONCE, TooltipFixture::NEVER, TooltipFixture::NEVER,
-                      TooltipFixture::NEVER, TooltipFixture::NEVER});
-    Deleting handler(f.tooltip);
-    f.tooltip->SetEnableHoverEvents(true);
-    f.widget->setFocus();
-    QTRY_VERIFY(f.tooltip->IsVisible());
-    f.moveTo(f.shown());
-    f.tooltip->SetNormalStateCallbackHandler(&handler);
-    f.key(Qt::Key_Space);
-    QVERIFY(!f.tooltip);
+    for (const bool pressed : {true, false}) {
+      TooltipFixture f({TooltipFixture::AT_ONCE, TooltipFixture::NEVER, TooltipFixture::NEVER,
+                        TooltipFixture::NEVER, TooltipFixture::NEVER});
+      Deleting handler(f.tooltip);
+      f.tooltip->SetEnableHoverEvents(true);
+      f.widget->setFocus();
+      QTRY_VERIFY(f.tooltip->IsVisible());
+      f.moveTo(f.shown());
+      f.tooltip->SetNormalStateCallbackHandler(&handler);
+      if (pressed)
+        f.press(f.shown());
+      else
+        f.key(Qt::Key_Space);
+      QVERIFY(!f.tooltip);
+    }
   }
 
   void thousandShowingsLeaveNothingBehind() {

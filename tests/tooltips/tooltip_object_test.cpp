@@ -59,6 +59,18 @@ private Q_SLOTS:
     QVERIFY(!f.tooltip->IsVisible());
   }
 
+  void timeOfOneShowingDoesNotEndTheNext() {
+    TooltipFixture f({AT_ONCE, 20, NEVER, NEVER, NEVER});
+    f.moveTo(f.widget);
+    QTRY_VERIFY(f.tooltip->IsVisible());
+    f.moveAway();
+    f.key(Qt::Key_Escape);
+    QVERIFY(!f.tooltip->IsVisible());
+    f.tooltip->ShowTooltip();
+    f.letTimePass(40);
+    QVERIFY(f.tooltip->IsVisible());
+  }
+
   void mouseOnTooltipKeepsItWithHoverEventsOnly_data() {
     QTest::addColumn<bool>("hoverEvents");
     QTest::newRow("hover events") << true;
@@ -270,6 +282,8 @@ private Q_SLOTS:
 
     // Nowhere to be shown.
     f.window->hide();
+    f.other->ShowTooltip();
+    QVERIFY(f.window->isHidden() && !f.other->IsVisible());
     TooltipObject lost(QStringLiteral("test"));
     lost.SetTooltipText(QStringLiteral("x"));
     lost.ShowTooltip();

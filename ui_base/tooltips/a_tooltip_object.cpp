@@ -38,7 +38,9 @@ ATooltipObject::~ATooltipObject() {
 void ATooltipObject::ShowTooltip() {
   if (!d->ensureLayer())
     return;
-  d->layer->show();
+  // The window that a widget happens to be in is not for a tooltip to show.
+  if (!d->layerFound || d->layer != d->ownLayer())
+    d->layer->show();
   // Raising a window would bring it before others whenever the mouse rests in it.
   if (!d->layer->isWindow())
     d->layer->raise();
@@ -68,6 +70,7 @@ void ATooltipObject::HideTooltip() {
   if (d->visible || (d->tooltipWindow && !d->tooltipWindow->isHidden())) {
     d->visible = false;
     d->stop(d->checkTimer);
+    d->stop(d->dismissTimer); // else it would end the next showing
     TooltipManager::GetInstance().onHidden(this);
     if (d->tooltipWindow)
       d->tooltipWindow->hide();

@@ -18,6 +18,21 @@ namespace Vela::UiBase {
 
 using Vela::Resource::Styles;
 
+namespace {
+
+/// What has been shown may be in the middle of an event, such as the click that ends its tooltip. Until it
+/// goes its parent owns it.
+void discard(QWidget* widget) {
+  if (!widget || !widget->parent()) {
+    delete widget;
+    return;
+  }
+  widget->hide();
+  widget->deleteLater();
+}
+
+} // namespace
+
 ATooltipObjectPrivate::ATooltipObjectPrivate() {
   const TooltipTimes& times = TooltipManager::GetInstance().Times();
   showUpTime = times.showUp;
@@ -26,9 +41,9 @@ ATooltipObjectPrivate::ATooltipObjectPrivate() {
 }
 
 ATooltipObjectPrivate::~ATooltipObjectPrivate() {
-  delete tooltipWindow;
-  delete arrowedWindow;
-  delete pendingControl;
+  discard(tooltipWindow);
+  discard(arrowedWindow);
+  discard(pendingControl);
 }
 
 QWidget* ATooltipObjectPrivate::reference() const { return nullptr; }
