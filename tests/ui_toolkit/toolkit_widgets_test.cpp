@@ -87,6 +87,7 @@ private Q_SLOTS:
     QCOMPARE(corner(), QColor(128, 128, 128));
     QCOMPARE(textColor(panel, "model_volume_label"), QColor(96, 96, 96));
     QCOMPARE(textColor(panel, "model_volume_value_label"), QColor(64, 64, 64));
+    QCOMPARE(textColor(panel, "title_label"), QColor(64, 64, 64));
     QCOMPARE(panel.findChild<QLabel*>(QStringLiteral("title_label"))->font().pixelSize(), 18);
     QCOMPARE(textColor(tooltip, "label_text"), QColor(96, 96, 96));
     Styles::Instance().setPalette(Vela::Resource::Dark);

@@ -1,0 +1,249 @@
+// SPDX-License-Identifier: MIT
+#include "menu_bar_menus.h"
+
+#include "menu_bar_widget.h"
+#include "menu_contents.h"
+
+#include <QCursor>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QScreen>
+#include <QStyle>
+#include <QToolButton>
+
+namespace Vela::UiBase {
+
+MenuBarMenus::MenuBarMenus(MenuBarWidget* bar) : QObject(bar), m_bar(bar) {
+  m_closeTimer.setSingleShot(true);
+  connect(&m_closeTimer, &QTimer::timeout, this, &MenuBarMenus::closeWhenOutside);
+}
+
+void MenuBarMenus::setCloseDelay(int milliseconds) {
+  m_closeDelay = milliseconds;
+  if (milliseconds < 0)
+    m_closeTimer.stop();
+}
+
+QMenu* MenuBarMenus::menuOf(const QToolButton* item) const { return m_menus.value(item); }
+
+void MenuBarMenus::link(QToolButton* item, QMenu* menu) {
+  if (item == m_openItem)
+    close();
+  if (!m_menus.contains(item))
+    connect(item, &QObject::destroyed, this, [this, item] {
+      const QPointer<QMenu> orphan = m_menus.take(item);
+      if (!orphan || !orphan->isVisible())
+        return;
+      orphan->close();
+      menuHidden();
+    });
+  m_menus[item] = menu;
+  item->setMenu(menu);
+  if (!menu)
+    return;
+  connect(menu, &QObject::destroyed, this, [this, item = QPointer(item)] {
+    if (item && item == m_openItem)
+      menuHidden();
+  });
+}
+
+void MenuBarMenus::open(QToolButton* item, bool byKeyboard) {
+  const QPointer<QMenu> menu = menuOf(item);
+  if (!menu || item == m_openItem || !menu->isEnabled() || !item->isEnabled() || !item->isVisible())
+    return;
+  if (m_openItem) {
+    m_switches = true;
+    close();
+    m_switches = false;
+  }
+  m_openItem = item;
+  m_keepsBar = false;
+  m_pointerWasInside = false;
+  item->setDown(true);
+  menu->setAttribute(Qt::WA_NoMouseReplay, false);
+  Q_EMIT opened(item, byKeyboard);
+  menu->popup(positionFor(*item, *menu));
+  if (!menu)
+    return;
+  if (menu->isEmpty())
+    menu->close();
+  else if (byKeyboard)
+    menu->setActiveAction(firstEntry(*menu));
+}
+
+void MenuBarMenus::close(bool keepsBar) {
+  QMenu* const menu = m_openItem ? menuOf(m_openItem) : nullptr;
+  if (!menu)
+    return;
+  m_keepsBar = keepsBar;
+  menu->close();
+}
+
+QPoint MenuBarMenus::positionFor(const QToolButton& item, const QMenu& menu) const {
+  const bool mirrored = item.isRightToLeft();
+  const QSize size = menu.sizeHint();
+  QPoint corner = item.mapToGlobal(QPoint(mirrored ? item.width() : 0, item.height()));
+  corner += mirrored ? QPoint(-size.width() - m_position.x(), m_position.y()) : m_position;
+  const QRect screen = item.screen()->availableGeometry();
+  const int above = item.mapToGlobal(QPoint()).y() - size.height() - m_position.y();
+  if (corner.y() + size.height() > screen.bottom() && above >= screen.top())
+    corner.setY(above);
+  return corner;
+}
+
+void MenuBarMenus::adopt(QMenu* menu) {
+  // The button's own mechanism may show a menu too.
+  const QList<QToolButton*> items = m_bar->items();
+  for (QToolButton* const item : items) {
+    if (!m_openItem && menuOf(item) == menu) {
+      m_openItem = item;
+      item->setDown(true);
+    }
+  }
+}
+
+void MenuBarMenus::menuHidden() {
+  m_closeTimer.stop();
+  if (m_openItem)
+    m_openItem->setDown(false);
+  m_openItem.clear();
+  if (!m_switches)
+    Q_EMIT closed(m_keepsBar);
+}
+
+void MenuBarMenus::closeWhenOutside() {
+  const QMenu* const menu = menuOf(m_openItem);
+  const QPoint cursor = QCursor::pos();
+  if (menu && !menuHoldsPoint(*menu, cursor) && !holdsPoint(*m_bar, cursor))
+    close();
+}
+
+void MenuBarMenus::step(int direction) {
+  QToolButton* item = m_openItem;
+  const int count = int(m_bar->items().size());
+  for (int i = 0; i < count && item; ++i) {
+    item = m_bar->neighbour(item, direction);
+    if (menuOf(item) && menuOf(item)->isEnabled())
+      return open(item, true);
+  }
+}
+
+bool MenuBarMenus::filterMove(const QMouseEvent& event) {
+  // An open menu gets the movements over the whole screen.
+  const QPoint at = event.globalPosition().toPoint();
+  const QMenu* const menu = menuOf(m_openItem);
+  QToolButton* const item = m_bar->itemAt(at);
+  if (item && item != m_openItem && menuOf(item)) {
+    open(item, false);
+    return true;
+  }
+  const bool inMenu = menu && menuHoldsPoint(*menu, at);
+  if (inMenu || item || holdsPoint(*m_bar, at))
+    m_closeTimer.stop();
+  else if (m_pointerWasInside && m_closeDelay >= 0 && !m_closeTimer.isActive())
+    m_closeTimer.start(m_closeDelay);
+  m_pointerWasInside = m_pointerWasInside || inMenu;
+  return false;
+}
+
+bool MenuBarMenus::filterPress(QMenu* menu, const QMouseEvent& event) {
+  // A press on the open item closes its menu, and must not reach the item and open it again.
+  if (!m_openItem || m_bar->itemAt(event.globalPosition().toPoint()) != m_openItem ||
+      menuHoldsPoint(*menuOf(m_openItem), event.globalPosition().toPoint()))
+    return false;
+  menu->setAttribute(Qt::WA_NoMouseReplay);
+  menuOf(m_openItem)->setAttribute(Qt::WA_NoMouseReplay);
+  close();
+  return true;
+}
+
+bool MenuBarMenus::filterKey(QMenu* menu, const QKeyEvent& event) {
+  const bool isDropDown = menu == menuOf(m_openItem);
+  const int forward = menu->isRightToLeft() ? Qt::Key_Left : Qt::Key_Right;
+  const int back = menu->isRightToLeft() ? Qt::Key_Right : Qt::Key_Left;
+  m_closeTimer.stop();
+  m_pointerWasInside = false; // the keyboard is used
+  if (event.key() == Qt::Key_Escape && isDropDown) {
+    close(true);
+    return true;
+  }
+  if (event.key() == Qt::Key_Alt || event.key() == Qt::Key_F10) {
+    close();
+    return true;
+  }
+  if (event.key() == back && isDropDown) {
+    step(-1);
+    return true;
+  }
+  const QAction* const active = menu->activeAction();
+  const bool opensSubMenu = active && active->isEnabled() && active->menu<QMenu*>();
+  if (event.key() == forward && !opensSubMenu) {
+    step(1);
+    return true;
+  }
+  return false;
+}
+
+bool MenuBarMenus::filterMenu(QMenu* menu, QEvent* event) {
+  if (event->type() == QEvent::Show)
+    adopt(menu);
+  if (!m_openItem)
+    return false;
+  switch (event->type()) {
+  case QEvent::Hide:
+    if (menu == menuOf(m_openItem))
+      menuHidden();
+    return false;
+  case QEvent::MouseMove:
+    return filterMove(*static_cast<QMouseEvent*>(event));
+  case QEvent::MouseButtonPress:
+  case QEvent::MouseButtonDblClick:
+    return filterPress(menu, *static_cast<QMouseEvent*>(event));
+  case QEvent::MouseButtonRelease: // of the press that opened the menu
+    return holdsPoint(*m_bar, static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
+  case QEvent::Leave:
+    if (m_pointerWasInside && m_closeDelay >= 0 && !m_closeTimer.isActive())
+      m_closeTimer.start(m_closeDelay);
+    return false;
+  case QEvent::KeyPress:
+    return filterKey(menu, *static_cast<QKeyEvent*>(event));
+  default:
+    return false;
+  }
+}
+
+bool MenuBarMenus::opensOnPress(const QToolButton& item, const QPoint& position) const {
+  if (!menuOf(&item))
+    return false;
+  if (item.popupMode() != QToolButton::MenuButtonPopup)
+    return true;
+  const int arrow = item.style()->pixelMetric(QStyle::PM_MenuButtonIndicator, nullptr, &item);
+  return item.isRightToLeft() ? position.x() < arrow : position.x() >= item.width() - arrow;
+}
+
+bool MenuBarMenus::filterItem(QToolButton* item, QEvent* event) {
+  switch (event->type()) {
+  case QEvent::MouseButtonPress:
+  case QEvent::MouseButtonDblClick: {
+    const auto& mouse = *static_cast<QMouseEvent*>(event);
+    if (mouse.button() != Qt::LeftButton || !opensOnPress(*item, mouse.position().toPoint()))
+      return false;
+    open(item, false);
+    return true;
+  }
+  case QEvent::Shortcut:
+    if (!menuOf(item))
+      return false;
+    open(item, true);
+    return true;
+  case QEvent::Hide:
+  case QEvent::EnabledChange:
+    if (item == m_openItem && (item->isHidden() || !item->isEnabled()))
+      close();
+    return false;
+  default:
+    return false;
+  }
+}
+
+} // namespace Vela::UiBase

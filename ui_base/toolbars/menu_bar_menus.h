@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QHash>
+#include <QObject>
+#include <QPoint>
+#include <QPointer>
+#include <QTimer>
+
+class QKeyEvent;
+class QMenu;
+class QMouseEvent;
+class QToolButton;
+
+namespace Vela::UiBase {
+
+class MenuBarWidget;
+
+/// Opens the drop-down menus of a menu bar under their buttons, moves along the bar while one is open, and
+/// closes them. One menu is open at a time. Owned by the bar.
+class MenuBarMenus : public QObject {
+  Q_OBJECT
+
+public:
+  explicit MenuBarMenus(MenuBarWidget* bar);
+
+  /// Gives the button this menu in place of another; null takes it away.
+  void link(QToolButton* item, QMenu* menu);
+  QMenu* menuOf(const QToolButton* item) const;
+
+  /// The item whose menu is open; null when none is.
+  QToolButton* openItem() const { return m_openItem; }
+  /// Opens the menu of an item that can be used, in place of another; otherwise does nothing.
+  void open(QToolButton* item, bool byKeyboard);
+  /// @param keepsBar whether the keyboard stays in the bar.
+  void close(bool keepsBar = false);
+
+  /// How far a menu's corner is from the corner of its button below which it opens, in pixels.
+  void setPosition(const QPoint& position) { m_position = position; }
+  /// After how many milliseconds outside of menu and bar a menu closes that the pointer was in; negative for
+  /// never.
+  int closeDelay() const { return m_closeDelay; }
+  void setCloseDelay(int milliseconds);
+
+  /// What a filter on a drop-down menu or one of its sub-menus passes on. @return whether the event is used
+  /// up.
+  bool filterMenu(QMenu* menu, QEvent* event);
+  /// For the filter on an item.
+  bool filterItem(QToolButton* item, QEvent* event);
+
+Q_SIGNALS:
+  void opened(QToolButton* item, bool byKeyboard);
+  void closed(bool keepsBar);
+
+private:
+  QPoint positionFor(const QToolButton& item, const QMenu& menu) const;
+  bool opensOnPress(const QToolButton& item, const QPoint& position) const;
+  void adopt(QMenu* menu);
+  void menuHidden();
+  bool filterMove(const QMouseEvent& event);
+  bool filterPress(QMenu* menu, const QMouseEvent& event);
+  bool filterKey(QMenu* menu, const QKeyEvent& event);
+  void step(int direction);
+  void closeWhenOutside();
+
+  MenuBarWidget* const m_bar;
+  QHash<const QToolButton*, QPointer<QMenu>> m_menus;
+  QPointer<QToolButton> m_openItem;
+  QPoint m_position;
+  QTimer m_closeTimer;
+  int m_closeDelay = 1000;
+  bool m_switches = false;
+  bool m_keepsBar = false;
+  bool m_pointerWasInside = false;
+};
+
+} // namespace Vela::UiBase

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QList>
+#include <QSharedPointer>
+#include <QWidget>
+
+class QHBoxLayout;
+class QToolButton;
+
+namespace Vela::UiBase {
+
+/// The row of buttons that MenuBuilder fills. The items belong to whoever shares them: an item that is still
+/// held when the bar goes lives on without a parent.
+class MenuBarWidget : public QWidget {
+  Q_OBJECT
+
+public:
+  explicit MenuBarWidget(const QString& name, QWidget* parent);
+  ~MenuBarWidget() override;
+
+  /// @param index among items and separators; one that is out of range stands for the end.
+  void insertItem(int index, const QSharedPointer<QToolButton>& item);
+  void insertSeparator(int index, bool line, int width);
+  /// Takes an item out of the row.
+  void removeItem(QToolButton* item);
+  int indexOf(QToolButton* item) const;
+  bool endsWithItem() const;
+
+  /// The items in their order, hidden and disabled ones too.
+  QList<QToolButton*> items() const;
+  /// The visible and enabled item at a point given in global coordinates; null when there is none.
+  QToolButton* itemAt(const QPoint& global) const;
+  /// The next visible and enabled item, `step` (1 or -1) away from `item`; goes round at the ends.
+  QToolButton* neighbour(QToolButton* item, int step) const;
+
+Q_SIGNALS:
+  /// The bar is being destroyed and still has its items.
+  void goes();
+
+private:
+  void insertWidget(int index, QWidget* widget);
+
+  QHBoxLayout* const m_layout;
+  QList<QWeakPointer<QToolButton>> m_items; // in the order they were made
+};
+
+} // namespace Vela::UiBase

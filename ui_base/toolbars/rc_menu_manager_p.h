@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "rc_menu_manager.h"
+
+#include <QAbstractButton>
+#include <QMainWindow>
+#include <QMenu>
+#include <QPointer>
+#include <QToolButton>
+
+#include <list>
+
+class QEvent;
+class QKeyEvent;
+class QMouseEvent;
+class QTimer;
+
+namespace Vela::UiBase {
+
+/// A button with its menu.
+struct RCMenuLink {
+  QPointer<QAbstractButton> button;
+  QPointer<QMenu> menu;
+  QToolButton::ToolButtonPopupMode popupMode = QToolButton::DelayedPopup; // before it was linked
+  bool linked = false;
+  bool open = false;
+  bool byKeyboard = false; // the last input while open
+
+  bool isAlive() const { return button && menu; }
+};
+
+class RCMenuManagerPrivate {
+public:
+  explicit RCMenuManagerPrivate(RCMenuManager* owner) : q(owner) {}
+
+  RCMenuLink* linkOf(const QObject* buttonOrMenu);
+  void forget(const QObject* buttonOrMenu);
+  void watchEnds(QAbstractButton* button, QMenu* menu);
+  void link(RCMenuLink& pair);
+  void unlink(RCMenuLink& pair);
+  void open(QAbstractButton* button, bool byKeyboard);
+  void becomeOpen(RCMenuLink& pair);
+  void becomeClosed(RCMenuLink& pair);
+  void closeAll();
+  bool filterButton(RCMenuLink& pair, QEvent& event);
+  bool filterButtonKey(RCMenuLink& pair, const QKeyEvent& event);
+  bool filterMenu(RCMenuLink& pair, QEvent& event);
+  bool filterMenuPress(RCMenuLink& pair, const QMouseEvent& event);
+  void keepOpen();
+  void startTimer();
+
+  RCMenuManager* const q;
+  QPointer<QMainWindow> mainWindow;
+  int menuGap = 0;
+  bool autoHide = false;
+  QTimer* hideTimer = nullptr;
+  int hideInterval = 500;      // ms
+  std::list<RCMenuLink> links; // in the order they were added
+  bool started = false;
+};
+
+} // namespace Vela::UiBase
