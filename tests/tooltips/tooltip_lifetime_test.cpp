@@ -3,6 +3,7 @@
 
 #include <ui_base/tooltips/tooltip_ex.h>
 #include <ui_base/tooltips/tooltip_wrapper.h>
+#include <vlk_common_res/styles.h>
 
 #include <algorithm>
 #include <array>
@@ -85,6 +86,7 @@ private Q_SLOTS:
                         TooltipFixture::NEVER, TooltipFixture::NEVER});
       Deleting handler(f.tooltip);
       f.tooltip->SetEnableHoverEvents(true);
+      f.tooltip->SetTooltipType(QuickTooltip);
       f.widget->setFocus();
       QTRY_VERIFY(f.tooltip->IsVisible());
       f.moveTo(f.shown());
@@ -94,6 +96,9 @@ private Q_SLOTS:
       else
         f.key(Qt::Key_Space);
       QVERIFY(!f.tooltip);
+      // Its window has still to go.
+      Vela::Resource::Styles::Instance().setPalette(Vela::Resource::Dark);
+      Vela::Resource::Styles::Instance().setPalette(Vela::Resource::Light);
     }
   }
 

@@ -41,6 +41,8 @@ ATooltipObjectPrivate::ATooltipObjectPrivate() {
 }
 
 ATooltipObjectPrivate::~ATooltipObjectPrivate() {
+  if (arrowedWindow)
+    Styles::Instance().disconnect(arrowedWindow);
   discard(tooltipWindow);
   discard(arrowedWindow);
   discard(pendingControl);
