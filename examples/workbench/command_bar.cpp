@@ -2,9 +2,8 @@
 #include "command_bar.h"
 
 #include <ui_base/commands/command_group.h>
-#include <ui_base/tooltips/tooltip_object.h>
 #include <workbench/command_menus.h>
-#include <workbench/commands/command_help.h>
+#include <workbench/panels/command_tooltip.h>
 
 #include <QToolBar>
 
@@ -15,14 +14,6 @@ using namespace Vela::UiBase;
 namespace {
 
 constexpr int IconSize = 20; // px
-
-void giveTooltip(QWidget& button, const QAction& command) {
-  auto* const tooltip = new TooltipObject(CommandTooltips, &button);
-  tooltip->SetTooltipType(RichTooltip);
-  tooltip->AttachTo(&button);
-  attachCommandTooltip(*tooltip, command);
-  button.setFocusPolicy(Qt::TabFocus);
-}
 
 } // namespace
 
@@ -53,7 +44,7 @@ void CommandBar::insert(QAction* end, CommandBase& command, const QString& id) {
   m_bar->insertAction(end, &command);
   m_actions.insert(id, &command);
   if (QWidget* const button = m_bar->widgetForAction(&command))
-    giveTooltip(*button, command);
+    new CommandTooltip(*button, command);
 }
 
 void CommandBar::commandRemoved(CmdMgr*, QString id) {

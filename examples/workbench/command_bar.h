@@ -4,7 +4,6 @@
 #include <ui_base/core/cmd_mgr_protocol.h>
 
 #include <QHash>
-#include <QLatin1String>
 #include <QPointer>
 
 class QAction;
@@ -12,9 +11,6 @@ class QToolBar;
 class QWidget;
 
 namespace Workbench {
-
-/// The group that the tooltips of commands belong to: one of them is up at a time.
-inline constexpr QLatin1String CommandTooltips("commands");
 
 /// Fills a tool bar with those commands of a view that have an icon, as they come and go, in the sections
 /// that they name as base group. Each button has a rich tooltip and can be reached with Tab.

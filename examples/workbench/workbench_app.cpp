@@ -6,11 +6,11 @@
 #include <ui_base/tooltips/tooltip_manager.h>
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <vlk_app_service/application_service.h>
-#include <workbench/command_bar.h>
 #include <workbench/commands/dark_palette_command.h>
 #include <workbench/console.h>
 #include <workbench/main_window.h>
 #include <workbench/mesh_view_controller.h>
+#include <workbench/panels/command_tooltip.h>
 #include <workbench/screenshot_run.h>
 #include <workbench/workbench_app_manager.h>
 #include <workbench/workbench_icon_provider.h>

@@ -3,11 +3,13 @@
 
 #include <support/test_case.h>
 #include <workbench/mesh_ops/decimate.h>
+#include <workbench/mesh_ops/mesh_statistics.h>
 #include <workbench/mesh_ops/selection.h>
 #include <workbench/mesh_ops/smooth.h>
 
 #include <bitset>
 #include <cmath>
+#include <numeric>
 #include <random>
 
 using namespace Workbench;
@@ -63,6 +65,31 @@ class MeshOpsTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
+  void statisticsOfKnownShapes() {
+    const MeshStatistics cube = meshStatistics(Test::cube(2));
+    QCOMPARE(cube.vertices, std::size_t(8));
+    QCOMPARE(cube.edges, std::size_t(18));
+    QCOMPARE(cube.area, 24.0);
+    QCOMPARE(cube.volume.value_or(0), 8.0);
+    const EdgeLengths& lengths = cube.edgeLengths;
+    QCOMPARE(lengths.shortest, 2.0);
+    QVERIFY(qAbs(lengths.longest - std::sqrt(8.0)) < 1e-6);
+    QVERIFY(qAbs(lengths.mean - (12 * 2 + 6 * std::sqrt(8.0)) / 18) < 1e-6);
+    QCOMPARE(std::accumulate(lengths.counts.begin(), lengths.counts.end(), std::size_t()), cube.edges);
+    QCOMPARE(lengths.counts.back(), std::size_t(6));
+
+    const MeshStatistics sphere = meshStatistics(Test::sphere(60));
+    QCOMPARE(sphere.vertices + sphere.triangles, sphere.edges + 2); // of a closed surface without holes
+    QVERIFY(qAbs(*sphere.volume / (4.0 / 3 * M_PI) - 1) < 0.01);
+    const MeshStatistics open = meshStatistics(Test::square(1, 3));
+    QCOMPARE(open.vertices + open.triangles, open.edges + 1);
+    QVERIFY(!open.volume);
+    QCOMPARE(meshStatistics({}).edges, std::size_t(0));
+    std::stop_source stop;
+    stop.request_stop();
+    QVERIFY_EXCEPTION_THROWN(meshStatistics(Test::cube(2), Progress(stop.get_token())), OperationCancelled);
+  }
+
   void smoothingTakesNoiseAwayAndKeepsTheVolume() {
     std::mt19937 random(7);
     std::uniform_real_distribution<float> noise(0.99F, 1.01F);

@@ -1,60 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "command_help.h"
 
-#include <ui_base/tooltips/a_tooltip_object.h>
-#include <ui_base/tooltips/tooltip_ex.h>
-#include <ui_base/tooltips/tooltip_ex_factory.h>
-#include <ui_base/views/qt_ui_toolkit.h>
-
 #include <QAction>
-#include <QHBoxLayout>
-#include <QIcon>
-#include <QLabel>
-#include <QPainter>
-#include <QPointer>
 
 namespace Workbench {
-
-using namespace Vela::UiBase;
 
 namespace {
 
 constexpr char DetailsProperty[] = "helpDetails";
 constexpr char PictureProperty[] = "helpPicture";
-constexpr int PictureSize = 56;   // px
-constexpr int DetailsWidth = 220; // px
-
-// Painted each time, so that it follows the palette and the screen.
-class Picture : public QWidget {
-public:
-  Picture(const QIcon& icon, QWidget* parent) : QWidget(parent), m_icon(icon) {
-    setFixedSize(PictureSize, PictureSize);
-  }
-
-protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    m_icon.paint(&painter, rect());
-  }
-
-private:
-  const QIcon m_icon;
-};
-
-QWidget* makeSection(const CommandHelp& help) {
-  auto* const section = new QWidget;
-  auto* const row = new QHBoxLayout(section);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(10);
-  if (!help.picture.isEmpty())
-    row->addWidget(new Picture(QtUiToolkit::Instance().CreateIcon(help.picture), section), 0, Qt::AlignTop);
-  auto* const details = new QLabel(help.details, section);
-  details->setTextFormat(Qt::PlainText);
-  details->setWordWrap(true);
-  details->setFixedWidth(DetailsWidth);
-  row->addWidget(details);
-  return section;
-}
 
 } // namespace
 
@@ -65,19 +19,6 @@ void setCommandHelp(QAction& command, const CommandHelp& help) {
 
 CommandHelp commandHelp(const QAction& command) {
   return {command.property(DetailsProperty).toString(), command.property(PictureProperty).toString()};
-}
-
-void attachCommandTooltip(ATooltipObject& tooltip, const QAction& command) {
-  const auto make = [command = QPointer<const QAction>(&command)]() -> QWidget* {
-    TooltipEx* const content = TooltipExFactory::Create(command);
-    if (!content)
-      return nullptr;
-    const CommandHelp help = commandHelp(*command);
-    if (!help.details.isEmpty())
-      content->SetAdvancedWidget(makeSection(help));
-    return content;
-  };
-  tooltip.SetTooltipFactory(make, TooltipExFactory::Description(&command), true);
 }
 
 } // namespace Workbench

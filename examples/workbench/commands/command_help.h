@@ -5,10 +5,6 @@
 
 class QAction;
 
-namespace Vela::UiBase {
-class ATooltipObject;
-}
-
 namespace Workbench {
 
 /// What there is to say about a command beyond its text, shortcut and status tip. Kept with the command, so
@@ -20,9 +16,5 @@ struct CommandHelp {
 
 void setCommandHelp(QAction& command, const CommandHelp& help);
 CommandHelp commandHelp(const QAction& command);
-
-/// Gives a tooltip object the rich tooltip of a command: title, shortcut and status tip, and the help in a
-/// section that unfolds. It is made when it is shown first and follows the command.
-void attachCommandTooltip(Vela::UiBase::ATooltipObject& tooltip, const QAction& command);
 
 } // namespace Workbench

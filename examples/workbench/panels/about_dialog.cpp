@@ -2,7 +2,6 @@
 #include "about_dialog.h"
 
 #include <ui_base/views/qt_ui_toolkit.h>
-#include <vlk_common_res/styles.h>
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -56,8 +55,9 @@ AboutDialog::AboutDialog(QWidget* parent) : MDialogBase(parent) {
   row->addWidget(new Logo(content), 0, Qt::AlignTop);
   auto* const column = new QVBoxLayout;
   row->addLayout(column);
-  auto* const name = paragraph(tr("Workbench %1").arg(QCoreApplication::applicationVersion()), content);
-  name->setFont(Vela::Resource::Styles::Instance().FontLabelBold());
+  auto* const name =
+      paragraph(tr("<b>Workbench %1</b>").arg(QCoreApplication::applicationVersion()), content);
+  name->setTextFormat(Qt::RichText);
   column->addWidget(name);
   column->addWidget(
       paragraph(tr("Shows what the vlk_ui_base library is for: a command opens a mesh on another "

@@ -8,6 +8,7 @@
 #include <vlk_common_res/styles.h>
 
 #include <QEvent>
+#include <QWidget>
 
 namespace Workbench {
 

@@ -4,6 +4,8 @@
 #include <ui_base/commands/flyout_command.h>
 #include <workbench/panels/flyout_window.h>
 
+#include <QWidget>
+
 namespace Workbench {
 
 using namespace Vela::UiBase;

@@ -8,6 +8,12 @@
 
 namespace Workbench {
 
+namespace {
+
+constexpr QSize PanelSize(430, 400); // px: all of the figures and the chart
+
+} // namespace
+
 using Vela::Resource::Styles;
 
 MeshInfoDialog::MeshInfoDialog(MeshView& view, QWidget* parent)
@@ -15,6 +21,7 @@ MeshInfoDialog::MeshInfoDialog(MeshView& view, QWidget* parent)
   connect(&view.document(), &MeshDocument::meshChanged, this, &MeshInfoDialog::takeFigures);
   connect(&view.measurements(), &Measurements::unitChanged, this, &MeshInfoDialog::showFigures);
   connect(&Styles::Instance(), &Styles::changed, this, &MeshInfoDialog::showFigures);
+  Panel()->setMinimumSize(PanelSize);
   takeFigures();
 }
 

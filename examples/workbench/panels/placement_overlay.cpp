@@ -7,6 +7,8 @@
 #include <QEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace Workbench {
 
 using namespace Vela::UiBase;
@@ -45,7 +47,8 @@ void PlacementOverlay::take(const WidgetPosCalculator& calculator) {
   m_origin = parent ? parent->mapTo(window(), QPoint()) : window()->mapFromGlobal(QPoint());
   m_search = calculator.LastSearch();
   setAccessibleDescription(m_search.toString());
-  raise();
+  // After the popup, which comes to the front when it is shown.
+  QMetaObject::invokeMethod(this, &QWidget::raise, Qt::QueuedConnection);
   update();
   Q_EMIT searchChanged();
 }
@@ -86,7 +89,10 @@ void PlacementOverlay::paintCandidate(QPainter& painter, qsizetype index) const 
   painter.drawRect(candidate.rect);
 
   const QString text = tr("%1: %2", "number of a place").arg(index + 1).arg(problems(candidate));
-  const QRect label = labelRect(painter, candidate.rect, text, index);
+  QRect label = labelRect(painter, candidate.rect, text, index);
+  const QRect seen = rect().translated(-m_origin);
+  label.moveLeft(std::clamp(label.left(), seen.left(), std::max(seen.left(), seen.right() - label.width())));
+  label.moveTop(std::clamp(label.top(), seen.top(), std::max(seen.top(), seen.bottom() - label.height())));
   painter.setPen(Qt::NoPen);
   painter.setBrush(taken ? color : styles.ColorWindowBack());
   painter.drawRect(label);

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ui_base/tooltips/tooltip_object.h>
+
+#include <QLatin1String>
+
+class QAction;
+
+namespace Workbench {
+
+/// The group that the tooltips of commands belong to: one of them is up at a time.
+inline constexpr QLatin1String CommandTooltips("commands");
+
+/// The rich tooltip of a button of a command: title, shortcut and status tip, and its CommandHelp in a
+/// section that unfolds. It follows the command, and appears for the mouse and for the keyboard. Owned by the
+/// button.
+class CommandTooltip : public Vela::UiBase::TooltipObject {
+  Q_OBJECT
+
+public:
+  CommandTooltip(QWidget& button, const QAction& command);
+
+  void ShowTooltip() override;
+
+private:
+  void slideArrow();
+};
+
+} // namespace Workbench

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <workbench/mesh_ops/progress.h>
+
+#include <QImage>
+#include <QList>
+
+class QPainter;
+
+namespace Workbench {
+
+class PhotoViewport;
+
+/// A photograph, ready to be drawn at any zoom at once: it also keeps itself at half its size, at a quarter
+/// and so on, a third more memory in all, and draws the one that is just large enough.
+///
+/// A value: copies share their pixels. Making one takes a moment; safe on any thread.
+class PhotoImage {
+public:
+  /// None.
+  PhotoImage() = default;
+  /// @throws OperationCancelled through @p progress.
+  explicit PhotoImage(const QImage& image, const Progress& progress = {});
+
+  bool isNull() const noexcept { return m_levels.isEmpty(); }
+  /// In pixels.
+  QSize size() const { return isNull() ? QSize() : m_levels.constFirst().size(); }
+  /// The smallest version that has a pixel for each device pixel at that zoom.
+  const QImage& levelFor(double zoom) const;
+  /// Draws what is seen of it. From twice its original size on its pixels are seen as such.
+  void paint(QPainter& painter, const PhotoViewport& viewport) const;
+
+private:
+  QList<QImage> m_levels; // the photograph, and each half as large as the one before
+};
+
+} // namespace Workbench
