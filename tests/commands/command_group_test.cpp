@@ -3,6 +3,7 @@
 
 #include <support/test_case.h>
 #include <ui_base/commands/cycle_checkable_command.h>
+#include <ui_base/toolbars/tool_bar.h>
 #include <ui_base/toolbars/tool_button.h>
 
 #include <QActionGroup>
@@ -89,7 +90,8 @@ private Q_SLOTS:
   void toolButtonFollowsTheGroup() {
     ManagerFixture f;
     auto* const group = f.add(groupOf(QStringLiteral("G"), {checkableCommand(a, true)}));
-    auto* const bound = new ToolButton(group, nullptr);
+    ToolBar bar(nullptr, Qt::TopToolBarArea);
+    auto* const bound = new ToolButton(group, &bar, nullptr);
     QCOMPARE(bound->property(qPrintable(ToolButton::COMMANDID_PROPERTY)).toString(), group->commandId());
     QCOMPARE(bound->focusPolicy(), Qt::NoFocus);
     ToolButton own;

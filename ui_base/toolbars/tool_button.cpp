@@ -72,6 +72,11 @@ void ToolButtonPrivate::leaveDyingToolBar() {
   toolBar.clear();
 }
 
+void ToolButtonPrivate::beginDestruction() {
+  dying = true;
+  leaveDyingToolBar();
+}
+
 bool ToolButtonPrivate::isUnlicensed() const {
   const auto* const command = dynamic_cast<const CommandBase*>(action.data());
   return command && command->isPaidFeature() && !LicenseService::Instance().isUsable();
@@ -301,6 +306,8 @@ void ToolButton::showEvent(QShowEvent* event) {
 }
 
 void ToolButton::actionEvent(QActionEvent* event) {
+  if (d->dying)
+    return; // a parent that is going cannot be asked for other buttons
   if (event->type() != QEvent::ActionChanged || event->action() != d->action) {
     QToolButton::actionEvent(event);
     return;

@@ -23,6 +23,8 @@ public:
   /// The toolbar, but not one that is being destroyed and hides or deletes its buttons.
   ToolBar* liveToolBar() const;
   void leaveDyingToolBar();
+  /// First in the destructors of subclasses: no change of the button's state is for anybody any more.
+  void beginDestruction();
   /// Whether the command is a paid feature that cannot be used now.
   bool isUnlicensed() const;
   void dress();
@@ -65,6 +67,7 @@ public:
   bool tooltipEnabled = true;
   Mirrored mirrored;
   bool heldDisabled = false;
+  bool dying = false;
 };
 
 } // namespace Vela::UiBase

@@ -105,7 +105,7 @@ ToolButtonWithButtonMenu::ToolButtonWithButtonMenu(ToolButtonWithButtonMenuPriva
 }
 
 ToolButtonWithButtonMenu::~ToolButtonWithButtonMenu() {
-  d->leaveDyingToolBar();
+  d->beginDestruction();
   OnExitExtendMode();
   HideMenu();
   d->toolBar.clear();
@@ -317,7 +317,7 @@ void ToolButtonWithButtonMenu::OnExitExtendMode() {
       return;
   }
   own()->inExtendMode = false;
-  if (isCheckable())
+  if (isCheckable() && !d->dying)
     setChecked(false);
   if (self)
     own()->rebuildArrow();

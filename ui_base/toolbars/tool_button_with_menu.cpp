@@ -224,7 +224,7 @@ void ToolButtonWithMenu::HideMenu() {
 }
 
 void ToolButtonWithMenu::HideMenuEx() {
-  if (isChecked())
+  if (isChecked() && !d->dying)
     setChecked(false);
 }
 

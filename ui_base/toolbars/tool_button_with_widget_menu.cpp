@@ -143,7 +143,7 @@ ToolButtonWithWidgetMenu::ToolButtonWithWidgetMenu(ToolButtonWithWidgetMenuPriva
 }
 
 ToolButtonWithWidgetMenu::~ToolButtonWithWidgetMenu() {
-  d->leaveDyingToolBar();
+  d->beginDestruction();
   HideMenu();
   d->toolBar.clear();
   SetMenu(nullptr);
@@ -277,8 +277,8 @@ void ToolButtonWithWidgetMenu::ShowMenu() {
 
 void ToolButtonWithWidgetMenu::HideMenu() {
   const QPointer<ToolButtonWithWidgetMenu> self(this);
-  if (own()->closeOnHide && own()->flyout())
-    Q_EMIT CloseFlyout();
+  if (FlyoutBase* const flyout = own()->closeOnHide ? own()->flyout() : nullptr)
+    flyout->CloseMe(); // which does nothing when it is closing already
   if (self)
     ToolButtonWithMenu::HideMenu();
 }
@@ -312,7 +312,7 @@ void ToolButtonWithWidgetMenu::OnFlyoutClosed() {
   if (ToolButtonWithButtonMenu* const controller = own()->controllerMenu();
       controller && controller->ExtendedButton() == this)
     controller->OnExitExtendMode();
-  else if (isCheckable())
+  else if (isCheckable() && !d->dying)
     setChecked(false);
   if (self)
     CloseMenu();
