@@ -340,15 +340,24 @@ void ToolBar::changeEvent(QEvent* event) {
     d->contentChanged();
 }
 
+// Every event of every button comes by.
 bool ToolBar::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == this) {
-    if (event->type() == QEvent::Move && !isWindow())
+  switch (event->type()) {
+  case QEvent::Move:
+    if (watched == this && !isWindow())
       d->resizeTimer->start();
     return false;
-  }
-  if (watched == d->followedParent) {
-    if (event->type() == QEvent::Resize)
+  case QEvent::Resize:
+    if (watched == d->followedParent)
       d->startTimers();
+    return false;
+  case QEvent::KeyPress:
+  case QEvent::ActionChanged:
+  case QEvent::ActionRemoved:
+  case QEvent::ShowToParent:
+  case QEvent::HideToParent:
+    break;
+  default:
     return false;
   }
   if (auto* const button = qobject_cast<ToolButton*>(watched))

@@ -138,7 +138,7 @@ void ToolBarCommands::arrange(const CommandBag& bag, CommandGroup& group,
     ToolButton* const button = known.contains(&child) ? present.value(&child) : addChild(child, group, index);
     if (!button)
       continue;
-    m_toolBar.d->content->place(*button, name, index);
+    m_toolBar.d->content->move(*button, name, index);
     ++index;
   }
 }

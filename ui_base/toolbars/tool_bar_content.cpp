@@ -136,22 +136,26 @@ void ToolBarContent::layOutAll() {
     layOut(group);
 }
 
-void ToolBarContent::place(ToolButton& button, const QString& name, int index) {
-  if (button.parentWidget() != group(name).panel)
-    button.setParent(group(name).panel);
+void ToolBarContent::insert(ToolButton& button, const QString& name, int index) {
   Group& target = group(name);
-  if (target.buttons.value(index) == &button)
-    return;
-  target.buttons.removeOne(&button);
+  if (button.parentWidget() != target.panel)
+    button.setParent(target.panel);
   const bool atEnd = index < 0 || index >= target.buttons.size();
   target.buttons.insert(atEnd ? target.buttons.size() : index, &button);
-  auto* const box = qobject_cast<QBoxLayout*>(target.panel->layout());
-  if (!box) {
+  if (auto* const box = qobject_cast<QBoxLayout*>(target.panel->layout()))
+    box->insertWidget(atEnd ? -1 : index, &button);
+  else
     layOut(target);
+}
+
+void ToolBarContent::move(ToolButton& button, const QString& name, int index) {
+  Group& target = group(name);
+  const auto before = target.buttons.value(index) == &button ? index : target.buttons.indexOf(&button);
+  if (before < 0 || before == index)
     return;
-  }
-  box->removeWidget(&button);
-  box->insertWidget(atEnd ? -1 : index, &button);
+  target.buttons.removeAt(before);
+  target.panel->layout()->removeWidget(&button);
+  insert(button, name, index);
 }
 
 void ToolBarContent::take(const QObject* button) {

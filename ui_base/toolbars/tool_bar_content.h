@@ -37,8 +37,10 @@ public:
   QWidget* panel(const QString& group);
   /// Rows of so many buttons for this group only; 0 as for the others.
   void setGroupColumns(const QString& group, int columns);
-  /// Puts a button into a group, at the end when the index is negative or too large.
-  void place(ToolButton& button, const QString& group, int index);
+  /// Puts a new button into a group, at the end when the index is negative or too large.
+  void insert(ToolButton& button, const QString& group, int index);
+  /// Moves a button inside of its group.
+  void move(ToolButton& button, const QString& group, int index);
   /// Forgets a button, and its group when that was the last one.
   void take(const QObject* button);
 

@@ -56,10 +56,13 @@ void ToolBarPrivate::OnButtonCreated(ToolButton& button, const QString& group, b
   if (applyMenu)
     applyMenuParams(button);
   applySizes(button);
+  // A button that is bound to its command has the property already.
   const QList<QAction*> actions = button.actions();
-  if (const auto* const command = actions.size() == 1 ? dynamic_cast<CommandBase*>(actions[0]) : nullptr)
-    button.setProperty(CMDID_PROP, command->commandId());
-  content->place(button, group, index);
+  if (actions.size() == 1 && !button.Action()) {
+    if (const auto* const command = dynamic_cast<CommandBase*>(actions[0]))
+      button.setProperty(CMDID_PROP, command->commandId());
+  }
+  content->insert(button, group, index);
   InitializeButtonShowCallbackHandler(button);
   applyHandlers(button);
 }
