@@ -178,9 +178,16 @@ private Q_SLOTS:
     const QSignalSpy cancelled(&dialog, &MDialogBase::CancelChanges);
     const QSignalSpy closed(&dialog, &MDialogBase::CloseFlyout);
     const QSignalSpy flyoutClosed(flyout, &FlyoutBase::CloseFlyout);
-    const std::vector<std::function<void()>> ways = {[&] { flyout->Cancel(); }, [&] { flyout->CloseMe(); },
-                                                     [&] { dialog.close(); }, [&] { dialog.CloseMe(); },
-                                                     [&] { key(dialog, Qt::Key_Escape); }};
+    const std::vector<std::function<void()>> ways = {[&] { flyout->Cancel(); },
+                                                     [&] { flyout->CloseMe(); },
+                                                     [&] { dialog.close(); },
+                                                     [&] { dialog.CloseMe(); },
+                                                     [&] { key(dialog, Qt::Key_Escape); },
+                                                     [&] {
+                                                       flyout->SetBusy(true);
+                                                       key(dialog, Qt::Key_Escape);
+                                                       flyout->SetBusy(false);
+                                                     }};
     for (const auto& way : ways) {
       openDialog(dialog);
       QVERIFY(flyout->isVisible());
@@ -188,10 +195,10 @@ private Q_SLOTS:
       way();
       QVERIFY(!dialog.isVisible() && !flyout->isVisible());
     }
-    QCOMPARE(applied.size(), 5);
-    QCOMPARE(cancelled.size(), 3);
-    QCOMPARE(closed.size(), 5);
-    QCOMPARE(flyoutClosed.size(), 5);
+    QCOMPARE(applied.size(), 6);
+    QCOMPARE(cancelled.size(), 4);
+    QCOMPARE(closed.size(), 6);
+    QCOMPARE(flyoutClosed.size(), 6);
   }
 
   void returnInAFlyoutWithoutApplyIsTheDialogs() {

@@ -52,9 +52,10 @@ public:
 
 public Q_SLOTS:
   /// Begins the command, if it has not begun: pushes getBeginCommandContext(), announces commandBegan(), and
-  /// has the button of the flyout open it.
+  /// has the button of the flyout open it, or shows a panel that has none.
   virtual void onBegin();
-  /// Ends the command, if it has begun: brings the contexts back and announces commandEnded().
+  /// Ends the command, if it has begun: brings the contexts back, announces commandEnded(), and closes a
+  /// panel that has no button.
   virtual void onFinalize();
   /// The user wants the values reset. Does nothing by default.
   virtual void onReset();

@@ -240,6 +240,11 @@ void MDialogBasePrivate::host(FlyoutBase* flyout) {
     cancelled = true;
     Q_EMIT q->CancelChanges();
   });
+  // While it is busy it only announces the key.
+  QObject::connect(flyout, &FlyoutBase::ESCKeyReleased, q, [this] {
+    if (q->IsBusy())
+      q->reject();
+  });
   QObject::connect(flyout, &FlyoutBase::CloseFlyout, q,
                    [this] { q->done(cancelled ? QDialog::Rejected : QDialog::Accepted); });
   if (!flyout->Title().isEmpty())
