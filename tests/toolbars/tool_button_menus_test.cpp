@@ -11,6 +11,7 @@
 #include <ui_base/views/base_view.h>
 #include <ui_base/views/cmds_view_controller.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -137,6 +138,8 @@ private Q_SLOTS:
   void buttonStandsInForTheExtendedOne_data();
   void buttonStandsInForTheExtendedOne();
   void keyboardGoesInAndComesBack();
+  void assistiveTechnologyHearsOfTheMenu();
+  void commandThatCannotOpenItsFlyoutEnds();
   void anythingMayGoWhileAMenuIsOpen_data();
   void anythingMayGoWhileAMenuIsOpen();
 };
@@ -435,6 +438,30 @@ void ToolButtonMenusTest::keyboardGoesInAndComesBack() {
   QVERIFY(stage.flyout->isAncestorOf(QApplication::focusWidget()));
   stage.key(Qt::Key_Escape);
   QVERIFY(stage.button->hasFocus() && !stage.flyout->isVisible());
+}
+
+void ToolButtonMenusTest::assistiveTechnologyHearsOfTheMenu() {
+  Stage stage;
+  QAccessibleInterface* const button = QAccessible::queryAccessibleInterface(stage.menuButton);
+  QCOMPARE(button->role(), QAccessible::ButtonMenu);
+  QCOMPARE(button->text(QAccessible::Name), QString("Menu"));
+  QVERIFY(button->state().hasPopup && button->state().collapsed && !button->state().expanded);
+  button->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  QVERIFY(stage.menuButton->IsMenuShowing() && button->state().expanded && button->state().checked);
+  QCOMPARE(QAccessible::queryAccessibleInterface(stage.button)->text(QAccessible::Name), QString("Smooth"));
+}
+
+void ToolButtonMenusTest::commandThatCannotOpenItsFlyoutEnds() {
+  Stage stage;
+  stage.button->SetLocked(true); // as while another one is extended
+  stage.command->trigger();
+  QTRY_COMPARE(stage.observer->ended, 1);
+  QVERIFY(!stage.flyout->isVisible() && stage.controller->contextStack().isEmpty());
+  stage.button->SetLocked(false);
+  stage.command->trigger();
+  stage.command->onFinalize(); // before the button is told
+  Vela::Test::settle();
+  QVERIFY(!stage.flyout->isVisible());
 }
 
 void ToolButtonMenusTest::anythingMayGoWhileAMenuIsOpen_data() {

@@ -5,7 +5,9 @@
 #include "tool_button_with_menu.h"
 
 #include <ui_base/commands/command_base.h>
+#include <ui_base/commands/flyout_command.h>
 #include <ui_base/popups/arrowed_window.h>
+#include <ui_base/popups/flyout_base.h>
 #include <ui_base/popups/widget_pos_calculator.h>
 #include <vlk_common_res/styles.h>
 #include <vlk_license/license_service.h>
@@ -80,6 +82,14 @@ void ToolButtonPrivate::beginDestruction() {
 bool ToolButtonPrivate::isUnlicensed() const {
   const auto* const command = dynamic_cast<const CommandBase*>(action.data());
   return command && command->isPaidFeature() && !LicenseService::Instance().isUsable();
+}
+
+// Begun by a shortcut, it would wait for a panel that does not open.
+void ToolButtonPrivate::endUnopenedFlyout() const {
+  auto* const command = qobject_cast<FlyoutCommand*>(action.data());
+  const FlyoutBase* const flyout = command ? command->flyout() : nullptr;
+  if (flyout && !flyout->isVisible())
+    command->onFinalize();
 }
 
 void ToolButtonPrivate::dress() {
@@ -221,6 +231,7 @@ void ToolButton::nextCheckState() {
 void ToolButton::OnClicked(bool) {
   if (d->locked) {
     d->clickedHandlerRequested = false; // what the click started has locked the button
+    d->endUnopenedFlyout();
     return;
   }
   const QPointer<ToolButton> self(this);

@@ -27,6 +27,7 @@ public:
   void beginDestruction();
   /// Whether the command is a paid feature that cannot be used now.
   bool isUnlicensed() const;
+  void endUnopenedFlyout() const;
   void dress();
 
   /// Takes over the icon that was set on the button since, if another one was.

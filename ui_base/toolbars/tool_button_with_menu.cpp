@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tool_button_with_menu.h"
 
+#include "tool_button_accessible.h"
 #include "tool_button_with_menu_p.h"
 
 #include <QApplication>
@@ -120,6 +121,7 @@ ToolButtonWithMenu::~ToolButtonWithMenu() {
 }
 
 void ToolButtonWithMenu::Initialize() {
+  makeMenuButtonsAccessible();
   InitializePosCalculator();
   if (d->toolBar)
     connect(this, SIGNAL(ButtonMenuVisibilityChange(ToolButton*, bool)), d->toolBar,
@@ -205,8 +207,10 @@ void ToolButtonWithMenu::ShowMenu() {
   own()->saveMenuState = false;
   own()->savedMenuOwner.clear();
   own()->enterByKeyboard();
-  if (!wasShown)
-    Q_EMIT ButtonMenuVisibilityChange(this, true);
+  if (wasShown)
+    return;
+  announceMenuState(*this);
+  Q_EMIT ButtonMenuVisibilityChange(this, true);
 }
 
 void ToolButtonWithMenu::HideMenu() {
@@ -238,6 +242,7 @@ void ToolButtonWithMenu::MenuHidden() {
   if (!self)
     return;
   EnableTooltip(true);
+  announceMenuState(*this);
   Q_EMIT ButtonMenuVisibilityChange(this, false);
 }
 

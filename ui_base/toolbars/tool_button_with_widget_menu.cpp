@@ -230,6 +230,9 @@ void ToolButtonWithWidgetMenu::ClickedHandler() {
     HideMenu();
     return;
   }
+  // It may have ended before its button was told to open the panel.
+  if (const auto* const command = qobject_cast<FlyoutCommand*>(Action()); command && !command->isActive())
+    return;
   const ToolButtonWithButtonMenu* const controller = own()->controllerMenu();
   if (controller && controller->IsExtendModeEnabled())
     Q_EMIT RequestShowMenu();
