@@ -8,6 +8,7 @@
 #include <workbench/commands/command_help.h>
 
 #include <QAction>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
@@ -24,7 +25,7 @@ namespace {
 
 constexpr int PictureSize = 56;   // px
 constexpr int DetailsWidth = 220; // px
-constexpr int Gap = 6;            // px, to the edge of the window
+constexpr int Gap = 3;            // px, to the edge of the window
 
 // Painted each time, so that it follows the palette and the screen.
 class Picture : public QWidget {
@@ -77,27 +78,31 @@ CommandTooltip::CommandTooltip(QWidget& button, const QAction& command)
   button.setFocusPolicy(Qt::TabFocus);
 }
 
-void CommandTooltip::ShowTooltip() {
-  slideArrow();
-  TooltipObject::ShowTooltip();
+bool CommandTooltip::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Move && watched != AttachedWidget())
+    if (auto* const window = qobject_cast<ArrowedWindow*>(watched))
+      keepInWindow(*window);
+  return TooltipObject::eventFilter(watched, event);
 }
 
-// Nearer to the edge of the window than popups are placed, an arrow in the middle would leave no room for the
-// tooltip: the arrow stands aside from the beginning.
-void CommandTooltip::slideArrow() {
-  const QWidget* const button = AttachedWidget();
-  const QWidget* const content = TooltipControl();
-  ArrowedWindow* const window = GetArrowedWindow();
+// Nearer to the edge of the window than popups are placed, no arrow fits: the tooltip is moved in as far as
+// its arrow goes along.
+void CommandTooltip::keepInWindow(ArrowedWindow& window) {
+  const QWidget* const layer = window.parentWidget();
   SArrowParam arrow;
-  if (!button || !content || !window || !window->GetCurrentArrowParam(arrow))
+  if (!layer || layer->rect().contains(window.geometry()) || !window.GetCurrentArrowParam(arrow))
     return;
-  const int middle = button->mapTo(button->window(), button->rect().center()).x();
-  const int half = content->sizeHint().width() / 2 + Gap;
-  const int right = std::max(0, half - middle);
-  const int left = std::max(0, middle + half - button->window()->width());
-  arrow.offset = left - right;
+  const QPoint tip = window.pos() + window.GetArrowPoint();
   arrow.offsetAlongX = true;
-  window->SetArrow(arrow);
+  arrow.offset = 0;
+  QSize size;
+  QPoint tipInWindow;
+  if (!window.GetArrowWindowSize(arrow, size, tipInWindow))
+    return;
+  const int left = tip.x() - tipInWindow.x();
+  arrow.offset = std::max(0, left + size.width() + Gap - layer->width()) - std::max(0, Gap - left);
+  if (window.GetArrowWindowSize(arrow, size, tipInWindow))
+    window.move(tip - tipInWindow);
 }
 
 } // namespace Workbench

@@ -7,6 +7,10 @@
 
 class QAction;
 
+namespace Vela::UiBase {
+class ArrowedWindow;
+}
+
 namespace Workbench {
 
 /// The group that the tooltips of commands belong to: one of them is up at a time.
@@ -21,10 +25,10 @@ class CommandTooltip : public Vela::UiBase::TooltipObject {
 public:
   CommandTooltip(QWidget& button, const QAction& command);
 
-  void ShowTooltip() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-  void slideArrow();
+  static void keepInWindow(Vela::UiBase::ArrowedWindow& window);
 };
 
 } // namespace Workbench
