@@ -31,7 +31,10 @@ void MenuBarMenus::link(QToolButton* item, QMenu* menu) {
     close();
   if (!m_menus.contains(item))
     connect(item, &QObject::destroyed, this, [this, item] {
+      // A widget still looks alive to a QPointer while it says that it is destroyed.
       const QPointer<QMenu> orphan = m_menus.take(item);
+      if (item == m_openItem)
+        m_openItem.clear();
       if (!orphan || !orphan->isVisible())
         return;
       orphan->close();
@@ -41,8 +44,12 @@ void MenuBarMenus::link(QToolButton* item, QMenu* menu) {
   item->setMenu(menu);
   if (!menu)
     return;
-  connect(menu, &QObject::destroyed, this, [this, item = QPointer(item)] {
-    if (item && item == m_openItem)
+  connect(menu, &QObject::destroyed, this, [this, item](QObject* dead) {
+    const auto link = m_menus.find(item);
+    if (link == m_menus.end() || *link != dead)
+      return;
+    link->clear();
+    if (item == m_openItem)
       menuHidden();
   });
 }
@@ -57,6 +64,7 @@ void MenuBarMenus::open(QToolButton* item, bool byKeyboard) {
     m_switches = false;
   }
   m_openItem = item;
+  m_pointer = QCursor::pos();
   m_keepsBar = false;
   m_pointerWasInside = false;
   item->setDown(true);
@@ -129,8 +137,11 @@ void MenuBarMenus::step(int direction) {
 }
 
 bool MenuBarMenus::filterMove(const QMouseEvent& event) {
-  // An open menu gets the movements over the whole screen.
+  // An open menu gets the movements over the whole screen, and some when the pointer rests.
   const QPoint at = event.globalPosition().toPoint();
+  if (at == m_pointer)
+    return false;
+  m_pointer = at;
   const QMenu* const menu = menuOf(m_openItem);
   QToolButton* const item = m_bar->itemAt(at);
   if (item && item != m_openItem && menuOf(item)) {

@@ -67,6 +67,7 @@ private:
   QHash<const QToolButton*, QPointer<QMenu>> m_menus;
   QPointer<QToolButton> m_openItem;
   QPoint m_position;
+  QPoint m_pointer; // where it was last
   QTimer m_closeTimer;
   int m_closeDelay = 1000;
   bool m_switches = false;

@@ -45,6 +45,7 @@ MenuBarWidget::~MenuBarWidget() {
 void MenuBarWidget::insertWidget(int index, QWidget* widget) {
   const int end = m_layout->count() - 1; // before the stretch
   m_layout->insertWidget(index < 0 || index > end ? end : index, widget);
+  widget->show();
 }
 
 void MenuBarWidget::insertItem(int index, const QSharedPointer<QToolButton>& item) {

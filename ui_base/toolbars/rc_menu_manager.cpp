@@ -57,14 +57,18 @@ void RCMenuManagerPrivate::forget(const QObject* buttonOrMenu) {
 }
 
 void RCMenuManagerPrivate::watchEnds(QAbstractButton* button, QMenu* menu) {
-  const auto closeDead = [this] {
-    for (RCMenuLink& pair : links) {
-      if (pair.isAlive())
-        continue;
-      if (pair.menu)
-        pair.menu->close();
-      becomeClosed(pair);
-    }
+  // A widget still looks alive to a QPointer while it says that it is destroyed.
+  const auto closeDead = [this](QObject* dead) {
+    RCMenuLink* const pair = linkOf(dead);
+    if (!pair)
+      return;
+    if (pair->button == dead)
+      pair->button.clear();
+    else
+      pair->menu.clear();
+    if (pair->menu)
+      pair->menu->close();
+    becomeClosed(*pair);
   };
   QObject::connect(button, &QObject::destroyed, q, closeDead);
   QObject::connect(menu, &QObject::destroyed, q, closeDead);
@@ -113,6 +117,7 @@ void RCMenuManagerPrivate::open(QAbstractButton* button, bool byKeyboard) {
     return;
   closeAll();
   pair->byKeyboard = byKeyboard;
+  pair->pointer = QCursor::pos();
   becomeOpen(*pair);
   const QPointer<QAbstractButton> guard = button;
   const QPointer<QMenu> menu = pair->menu;
@@ -237,9 +242,11 @@ bool RCMenuManagerPrivate::filterMenu(RCMenuLink& pair, QEvent& event) {
     startTimer();
     return false;
   case QEvent::MouseMove: {
-    // An open menu gets the movements over the whole screen.
-    pair.byKeyboard = false;
+    // An open menu gets the movements over the whole screen, and some when the pointer rests.
     const QPoint at = static_cast<QMouseEvent&>(event).globalPosition().toPoint();
+    if (pair.byKeyboard && at == pair.pointer)
+      return false;
+    pair.byKeyboard = false;
     if (holdsPoint(*pair.button, at) || menuHoldsPoint(*pair.menu, at))
       keepOpen();
     else if (hideTimer && !hideTimer->isActive())

@@ -20,12 +20,13 @@ namespace Vela::UiBase {
 
 /// A button with its menu.
 struct RCMenuLink {
-  QPointer<QAbstractButton> button;
-  QPointer<QMenu> menu;
+  QPointer<QAbstractButton> button = {};
+  QPointer<QMenu> menu = {};
   QToolButton::ToolButtonPopupMode popupMode = QToolButton::DelayedPopup; // before it was linked
   bool linked = false;
   bool open = false;
   bool byKeyboard = false; // the last input while open
+  QPoint pointer = {};     // where it was when the menu opened
 
   bool isAlive() const { return button && menu; }
 };

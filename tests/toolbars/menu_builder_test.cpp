@@ -1,0 +1,357 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <ui_base/toolbars/menu_builder.h>
+#include <vlk_common_res/styles.h>
+
+#include <QAccessible>
+#include <QAction>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSignalSpy>
+#include <QToolButton>
+
+using namespace Vela::UiBase;
+using Vela::Test::settle;
+
+namespace {
+
+class Receiver : public QObject {
+  Q_OBJECT
+
+public:
+  QStringList calls;
+
+public Q_SLOTS:
+  void open() { calls += QStringLiteral("open"); }
+  void sign() { calls += QStringLiteral("sign"); }
+  void grid(bool on) { calls += on ? QStringLiteral("grid on") : QStringLiteral("grid off"); }
+};
+
+class Builder : public MenuBuilder {
+public:
+  using MenuBuilder::FindAction;
+  using MenuBuilder::MenuBuilder;
+};
+
+AppMenuItemSpecifier entry(const char* name, const char* text, const char* slot = nullptr) {
+  return {.name = QLatin1String(name), .text = QLatin1String(text), .slot = slot};
+}
+
+QString id(const char* name) { return QString::fromLatin1(name); }
+
+/// A window with an edit line and the items "file" (a menu), "edit" (another), "help" (a click).
+struct Screen {
+  Screen() : builder(new Builder(id("bar"), &window, &window)), edit(new QLineEdit) {
+    window.setCentralWidget(edit);
+    builder->SetReceiver(&receiver);
+    builder->AddMenuBarItem(id("file"), QIcon(), id("&File"));
+    AppMenuItemSpecifier grid = entry("grid", "&Grid", SLOT(grid(bool)));
+    grid.checkable = true;
+    builder->AddDropDownMenu(
+        id("file"), {entry("open", "&Open", SLOT(open())), AppMenuItemSpecifier::Separator(), grid,
+                     AppMenuItemSpecifier::SubMenu(id("recent"), id("&Recent"), {entry("one", "One")})});
+    builder->AddMenuBarItem(id("edit"), QIcon(), id("&Edit"));
+    builder->AddDropDownMenu(id("edit"), {&undo, nullptr, &redo}, &undo);
+    builder->AddMenuBarItem(id("help"), SLOT(open()), QIcon(), id("&Help"), id("Opens the help"));
+    builder->Start();
+    window.resize(400, 300);
+    window.show();
+    edit->setFocus();
+  }
+
+  bool isReady() { return QTest::qWaitForWindowActive(&window); }
+  QToolButton* item(const char* name) const { return builder->GetMenuBarItem(id(name)).data(); }
+  QMenu* menu(const char* name) const { return builder->GetMenu(id(name)); }
+  bool isOnlyOpen(const char* name) const {
+    bool result = true;
+    for (const char* const each : {"file", "edit"})
+      result = result && menu(each)->isVisible() == (qstrcmp(each, name) == 0);
+    return result;
+  }
+
+  void press(const char* name) { QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, center(name)); }
+  void release(const char* name) {
+    QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, center(name));
+  }
+  void click(const char* name) {
+    press(name);
+    release(name);
+  }
+  void moveTo(const char* name) { QTest::mouseMove(window.windowHandle(), center(name)); }
+  void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    const QWidget* const popup = QApplication::activePopupWidget();
+    QTest::keyClick(popup ? popup->windowHandle() : window.windowHandle(), key, modifiers);
+  }
+  QPoint center(const char* name) const { return item(name)->mapTo(&window, item(name)->rect().center()); }
+
+  Receiver receiver;
+  QAction undo{id("&Undo")};
+  QAction redo{id("Re&do")};
+  QMainWindow window;
+  Builder* builder;
+  QLineEdit* edit;
+};
+
+} // namespace
+
+class MenuBuilderTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void theBarIsARowOfButtonsThatTakesTheMouse() {
+    Screen screen;
+    QWidget* const bar = screen.builder->MenuBar();
+    QCOMPARE(screen.window.menuWidget(), bar);
+    QCOMPARE(bar->objectName(), id("bar"));
+    QCOMPARE(bar->palette().color(QPalette::Window), QColor(255, 255, 255, 1));
+    QVERIFY(bar->autoFillBackground() && bar->sizePolicy().hasHeightForWidth());
+    QCOMPARE(bar->layout()->objectName(), id("layout"));
+    QCOMPARE(screen.item("file")->minimumWidth(), 50);
+    QCOMPARE(screen.item("file")->maximumWidth(), QWIDGETSIZE_MAX);
+    Builder icons(id("icons"), nullptr, nullptr, Qt::ToolButtonIconOnly);
+    icons.AddMenuBarItem(id("a"), QIcon());
+    const auto button = icons.GetMenuBarItem(id("a"));
+    QCOMPARE(button->minimumSize(), button->iconSize() + QSize(4, 4));
+    QCOMPARE(button->maximumSize(), button->minimumSize());
+  }
+
+  void theMouseOpensMovesAlongAndCloses() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    screen.click("file");
+    QVERIFY(screen.isOnlyOpen("file"));
+    QToolButton* const file = screen.item("file");
+    QCOMPARE(screen.menu("file")->pos(), file->mapToGlobal(QPoint(0, file->height())));
+    QVERIFY(!screen.builder->CanHide());
+    screen.moveTo("edit");
+    QVERIFY(screen.isOnlyOpen("edit"));
+    QVERIFY(screen.item("edit")->isDown() && !file->isDown());
+    screen.click("edit");
+    QVERIFY2(screen.isOnlyOpen(""), "a second click on the open item closes");
+    QVERIFY(screen.edit->hasFocus() && screen.builder->CanHide());
+
+    screen.click("help");
+    QCOMPARE(screen.receiver.calls, QStringList{id("open")});
+    screen.builder->SetMenuPosition(QPoint(7, 3));
+    screen.click("file");
+    QCOMPARE(screen.menu("file")->pos(), file->mapToGlobal(QPoint(7, file->height() + 3)));
+    QMenu* const menu = screen.menu("file");
+    const QPoint grid = menu->actionGeometry(screen.builder->FindAction(id("file"), id("&Grid"))).center();
+    QTest::mouseMove(menu->windowHandle(), grid);
+    QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, {}, grid);
+    QCOMPARE(screen.receiver.calls.constLast(), id("grid on"));
+    QVERIFY(screen.isOnlyOpen("") && !file->isDown());
+  }
+
+  void aMenuClosesAfterThePointerLeftIt() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    screen.builder->SetMenuCloseDelay(20);
+    screen.click("file");
+    QMenu* const menu = screen.menu("file");
+    QTest::mouseMove(menu->windowHandle(), QPoint(5, 5));
+    QCursor::setPos(screen.window.mapToGlobal(QPoint(390, 290)));
+    QTest::mouseMove(screen.window.windowHandle(), QPoint(390, 290));
+    QTRY_VERIFY(!menu->isVisible());
+  }
+
+  void theKeyboardAloneReachesEverything() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    screen.key(Qt::Key_F10);
+    QVERIFY(screen.item("file")->hasFocus());
+    screen.key(Qt::Key_Left);
+    QVERIFY2(screen.item("help")->hasFocus(), "it goes round");
+    screen.key(Qt::Key_Return);
+    QCOMPARE(screen.receiver.calls, QStringList{id("open")});
+    QVERIFY(screen.edit->hasFocus());
+
+    screen.key(Qt::Key_F, Qt::AltModifier);
+    QVERIFY(screen.isOnlyOpen("file"));
+    QCOMPARE(screen.menu("file")->activeAction()->objectName(), id("open"));
+    screen.key(Qt::Key_Right);
+    QVERIFY(screen.isOnlyOpen("edit") && screen.item("edit")->hasFocus());
+    screen.key(Qt::Key_Left);
+    screen.key(Qt::Key_Up);
+    screen.key(Qt::Key_Right);
+    QTRY_VERIFY(screen.menu("recent")->isVisible());
+    screen.key(Qt::Key_Right);
+    QVERIFY2(screen.isOnlyOpen("edit"), "from a sub-menu to the next menu");
+    screen.key(Qt::Key_Escape);
+    QVERIFY(screen.isOnlyOpen("") && screen.item("edit")->hasFocus());
+    screen.key(Qt::Key_F);
+    QVERIFY2(screen.isOnlyOpen("file"), "in the bar a mnemonic needs no Alt");
+    screen.key(Qt::Key_O);
+    QCOMPARE(screen.receiver.calls.size(), 2);
+    QVERIFY(screen.isOnlyOpen("") && screen.edit->hasFocus());
+  }
+
+  void altAloneEntersAndLeavesTheBar() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    QWindow* const handle = screen.window.windowHandle();
+    const auto alt = [&] {
+      QTest::keyPress(handle, Qt::Key_Alt, Qt::AltModifier);
+      QTest::keyRelease(handle, Qt::Key_Alt);
+    };
+    alt();
+    QVERIFY(screen.item("file")->hasFocus() && !screen.builder->CanHide());
+    screen.builder->HideMe();
+    QVERIFY(screen.builder->IsMenuVisible());
+    alt();
+    QVERIFY(screen.edit->hasFocus());
+    QTest::keyPress(handle, Qt::Key_Alt, Qt::AltModifier);
+    QTest::keyClick(handle, Qt::Key_X, Qt::AltModifier);
+    QTest::keyRelease(handle, Qt::Key_Alt);
+    QVERIFY2(screen.edit->hasFocus(), "Alt went with another key");
+    screen.builder->HideMe();
+    QVERIFY(!screen.builder->IsMenuVisible());
+    alt();
+    QVERIFY(screen.edit->hasFocus());
+  }
+
+  void arrowsAreMirroredInRightToLeftLayouts() {
+    Screen screen;
+    screen.window.setLayoutDirection(Qt::RightToLeft);
+    QVERIFY(screen.isReady());
+    screen.key(Qt::Key_F10);
+    screen.key(Qt::Key_Left);
+    QVERIFY(screen.item("edit")->hasFocus());
+    screen.key(Qt::Key_Down);
+    QVERIFY(screen.isOnlyOpen("edit"));
+    const QToolButton* const edit = screen.item("edit");
+    QCOMPARE(screen.menu("edit")->geometry().right() + 1, edit->mapToGlobal(QPoint(edit->width(), 0)).x());
+  }
+
+  void entriesFollowTheirActions() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    screen.undo.setEnabled(false);
+    screen.key(Qt::Key_E, Qt::AltModifier);
+    QCOMPARE(screen.menu("edit")->activeAction(), &screen.redo);
+    QCOMPARE(screen.menu("edit")->defaultAction(), &screen.undo);
+    QSignalSpy redone(&screen.redo, &QAction::triggered);
+    screen.key(Qt::Key_Return);
+    QCOMPARE(redone.count(), 1);
+
+    auto* const own = new QMenuBar;
+    QMenu* const view = own->addMenu(id("&View"));
+    view->addAction(id("Zoom"));
+    auto* const about = new QAction(id("&About"), &screen.receiver);
+    own->addAction(about);
+    QSignalSpy asked(about, &QAction::triggered);
+    screen.builder->AppendMenuBarItems(own);
+    delete own;
+    screen.click("About");
+    QCOMPARE(asked.count(), 1);
+    about->setEnabled(false);
+    about->setText(id("&Info"));
+    QVERIFY(!screen.item("About")->isEnabled());
+    QCOMPARE(screen.item("About")->text(), id("&Info"));
+    delete about;
+    QVERIFY(screen.item("About")->isHidden());
+    screen.click("View");
+    QVERIFY(view->isVisible());
+  }
+
+  void toggleItemsShowTheirCurrentState() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    const auto states = QSharedPointer<AppMenuToggleItemSpecifier>::create();
+    states->off = {id("missing_icon"), id("Sign in"), id("To the cloud")};
+    states->on = {QString(), id("Sign out"), QString()};
+    states->slot = SLOT(sign());
+    screen.builder->AddMenuBarToggleItem(id("account"), states);
+    screen.click("account");
+    QCOMPARE(screen.receiver.calls, QStringList{id("sign")});
+    QCOMPARE(screen.item("account")->text(), id("Sign in"));
+    screen.builder->SetMenuBarToggleItemState(id("account"), true);
+    QCOMPARE(screen.item("account")->text(), id("Sign out"));
+    QVERIFY(states->isOn && screen.item("account")->toolTip().isEmpty());
+
+    const auto old = screen.builder->GetMenuBarItem(id("account"));
+    screen.builder->AddMenuBarToggleTextItem(id("account"), id("Lock"), id("Unlock"), SLOT(sign()));
+    QVERIFY(old->isHidden());
+    QVERIFY(screen.builder->GetMenuBarToggleItemSpecifier(id("account")) != states);
+    screen.builder->SetMenuBarToggleItemState(id("account"), true);
+    QCOMPARE(screen.item("account")->text(), id("Unlock"));
+  }
+
+  void whatDoesNotExistGivesNoMoreThanAWarning() {
+    Screen screen;
+    Builder& builder = *screen.builder;
+    QTest::ignoreMessage(QtWarningMsg, "The menu item \"save\" does nothing: Receiver has no slot save()");
+    builder.AddMenuBarItem(id("save"), SLOT(save()), QIcon(), id("Save"));
+    QTest::ignoreMessage(QtWarningMsg,
+                         "The menu item \"wide\" does nothing: Receiver has no slot grid(bool)");
+    builder.AddMenuBarItem(id("wide"), SLOT(grid(bool)), QIcon());
+    screen.click("save");
+    QVERIFY(!builder.AddDropDownMenu(id("none"), QList<AppMenuItemSpecifier>{}));
+    QVERIFY(!builder.AppendMenuItem(id("none"), entry("a", "A")));
+    QVERIFY(!builder.AddSubMenu(id("none"), entry("a", "A"), QVector<QAction*>{}));
+    QVERIFY(!builder.FindAction(id("none"), id("A")) && !builder.GetMenuBarItem(id("none")));
+    builder.SetButtonEnabled(id("none"), true);
+    builder.AppendMenuBarItems(nullptr);
+    builder.AddMenuBarToggleItem(id("none"), nullptr);
+    QVERIFY(builder.AddDropDownMenu(id("file"), QList<AppMenuItemSpecifier>{}));
+    screen.click("file");
+    QVERIFY(!screen.menu("file")->isVisible());
+    QVERIFY(builder.AppendMenuItem(id("file"), entry("late", "Late")));
+    screen.click("file");
+    QVERIFY(screen.menu("file")->isVisible());
+  }
+
+  void nothingDanglesWhateverDiesFirst() {
+    QSharedPointer<QToolButton> kept;
+    {
+      Screen screen;
+      auto* const receiver = new Receiver;
+      screen.builder->SetReceiver(receiver);
+      screen.builder->AddMenuBarItem(id("go"), SLOT(open()), QIcon(), id("Go"));
+      delete receiver;
+      screen.click("go");
+      QTest::ignoreMessage(QtWarningMsg,
+                           "The menu item \"later\" does nothing: no receiver has no slot open()");
+      screen.builder->AddMenuBarItem(id("later"), SLOT(open()), QIcon());
+
+      screen.click("edit");
+      delete screen.menu("edit");
+      QVERIFY(!screen.item("edit")->isDown() && screen.builder->CanHide());
+      screen.click("file");
+      screen.builder->AddMenuBarItem(id("file"), QIcon(), id("New"));
+      settle();
+      screen.click("file");
+      kept = screen.builder->GetMenuBarItem(id("go"));
+      screen.window.setMenuWidget(nullptr);
+      settle();
+      QVERIFY(!screen.builder->MenuBar() && !screen.builder->GetMenuBarItem(id("file")));
+      screen.builder->Start();
+      screen.builder->AddMenuBarItem(id("x"), QIcon());
+    }
+    QVERIFY(!kept->parent());
+    kept->click();
+    kept.clear();
+    settle();
+  }
+
+  void assistiveTechnologiesSeeAMenuBar() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    QAccessibleInterface* const bar = QAccessible::queryAccessibleInterface(screen.builder->MenuBar());
+    QAccessibleInterface* const file = QAccessible::queryAccessibleInterface(screen.item("file"));
+    QCOMPARE(bar->role(), QAccessible::MenuBar);
+    QCOMPARE(file->role(), QAccessible::MenuItem);
+    QCOMPARE(file->text(QAccessible::Name), id("File"));
+    QCOMPARE(file->parent(), bar);
+    QVERIFY(file->state().hasPopup && file->state().collapsed);
+    file->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    QVERIFY(screen.isOnlyOpen("file") && file->state().expanded);
+    QCOMPARE(file->child(0)->object(), screen.menu("file"));
+  }
+};
+
+VELA_TEST_MAIN(MenuBuilderTest)
+#include "menu_builder_test.moc"
