@@ -24,8 +24,10 @@ CommandMenus::CommandMenus(QMenuBar& bar) {
   addSection(tools, ToolsSection, false);
   addSection(tools, MeasureSection, true);
   QMenu* const view = bar.addMenu(tr("&View"));
+  addSection(view, PageSection, false);
   addSection(view, ViewSection, false);
   addSection(view, LookSection, true);
+  addSection(bar.addMenu(tr("&Photograph")), PhotoSection, true);
   addSection(bar.addMenu(tr("&Help")), HelpSection, true);
 }
 

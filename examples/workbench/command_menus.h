@@ -29,6 +29,8 @@ inline constexpr QLatin1String ToolsSection("tools");
 inline constexpr QLatin1String MeasureSection("tools.measure");
 inline constexpr QLatin1String ViewSection("view");
 inline constexpr QLatin1String LookSection("view.look");
+inline constexpr QLatin1String PhotoSection("photograph");
+inline constexpr QLatin1String PageSection("view.page");
 inline constexpr QLatin1String HelpSection("help");
 
 /// Fills a menu bar with the commands of a view as they come and go. A group with a text becomes a sub-menu,

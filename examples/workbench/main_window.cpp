@@ -9,7 +9,11 @@
 #include <workbench/command_menus.h>
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
+#include <workbench/pages/page_stack.h>
+#include <workbench/pages/workbench_pages.h>
 #include <workbench/panels/flyout_windows.h>
+#include <workbench/photos/photo_view.h>
+#include <workbench/photos/photo_view_controller.h>
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -27,10 +31,12 @@ MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent),
       m_view(new MeshView(this)),
       m_controller(new MeshViewController(m_view)),
+      m_photoView(new PhotoView(this)),
+      m_photos(new PhotoViewController(m_photoView)),
+      m_pages(new WorkbenchPages(*m_controller, *m_photos, this)),
       m_bar(addToolBar(tr("Commands"))),
       m_numbers(new QLabel(this)) {
-  setCentralWidget(m_view);
-  m_view->setFocus();
+  makePages();
   connectCommands();
   statusBar()->addPermanentWidget(m_numbers);
   setWindowIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("smooth_shading")));
@@ -42,6 +48,16 @@ MainWindow::MainWindow(QWidget* parent)
 
 MainWindow::~MainWindow() = default;
 
+void MainWindow::makePages() {
+  auto* const stack = new PageStack(this);
+  stack->addWidget(m_view);
+  stack->addWidget(m_photoView);
+  m_controller->setDelegate(static_cast<Vela::UiBase::PresentViewProtocol*>(stack));
+  m_photos->setDelegate(static_cast<Vela::UiBase::PresentViewProtocol*>(stack));
+  setCentralWidget(stack);
+  m_view->setFocus();
+}
+
 void MainWindow::connectCommands() {
   m_bar->setObjectName(QStringLiteral("command_bar"));
   const auto buttonOf = [bar = m_bar](QAction* command) { return bar->widgetForAction(command); };
@@ -49,11 +65,14 @@ void MainWindow::connectCommands() {
       std::make_shared<CommandMenus>(*menuBar()), std::make_shared<CommandBar>(*m_bar),
       std::make_shared<FlyoutWindows>(*this, *m_view, buttonOf)});
   m_controller->setDelegate(m_commands, false);
+  m_photos->setDelegate(m_commands, false);
 }
 
 void MainWindow::connectEvents() {
   const MeshViewEvents& events = m_controller->events();
   connect(&events, &MeshViewEvents::meshShown, this, &MainWindow::showFileName);
+  connect(&m_photoView->document(), &PhotoDocument::changed, this, &MainWindow::showFileName);
+  connect(m_pages, &WorkbenchPages::currentChanged, this, &MainWindow::showPage);
   connect(m_view, &MeshView::statusTextChanged, m_numbers,
           [this] { m_numbers->setText(m_view->statusText()); });
   const auto showMessage = [this](const QString& message) { statusBar()->showMessage(message); };
@@ -66,8 +85,15 @@ void MainWindow::connectEvents() {
   });
 }
 
+void MainWindow::showPage() {
+  m_numbers->setVisible(m_pages->current() == MeshPage);
+  statusBar()->clearMessage(); // of the other page
+  showFileName();
+}
+
 void MainWindow::showFileName() {
-  const QString file = m_controller->fileName();
+  const bool isMesh = m_pages->current() == MeshPage;
+  const QString file = isMesh ? m_controller->fileName() : m_photoView->document().fileName();
   setWindowFilePath(file);
   setWindowTitle(file.isEmpty() ? tr("Workbench") : tr("%1 – Workbench").arg(QFileInfo(file).fileName()));
 }

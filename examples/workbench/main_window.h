@@ -16,8 +16,12 @@ namespace Workbench {
 
 class MeshView;
 class MeshViewController;
+class PhotoView;
+class PhotoViewController;
+class WorkbenchPages;
 
-/// The window of the workbench: a mesh view with a menu bar and a tool bar of its commands, and a status bar.
+/// The window of the workbench: the pages of the mesh and of the photographs, with a menu bar and a tool bar
+/// of their commands, and a status bar.
 ///
 /// Needs the application manager to be set before it is shown.
 class MainWindow : public QMainWindow {
@@ -29,18 +33,25 @@ public:
 
   MeshView* view() const noexcept { return m_view; }
   MeshViewController* controller() const noexcept { return m_controller; }
+  PhotoView* photoView() const noexcept { return m_photoView; }
+  WorkbenchPages& pages() const noexcept { return *m_pages; }
 
 protected:
   void closeEvent(QCloseEvent* event) override;
 
 private:
+  void makePages();
   void connectEvents();
   void connectCommands();
+  void showPage();
   void showFileName();
   void applyPalette();
 
   MeshView* m_view;
   MeshViewController* m_controller; // owned by the view
+  PhotoView* m_photoView;
+  PhotoViewController* m_photos; // owned by its view
+  WorkbenchPages* m_pages;
   QToolBar* m_bar;
   std::shared_ptr<Vela::UiBase::CmdMgrProtocol> m_commands;
   QLabel* m_numbers;

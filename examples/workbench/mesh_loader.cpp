@@ -159,9 +159,6 @@ bool isMeshFileName(const QString& fileName) {
   return suffixes().contains(QFileInfo(fileName).suffix(), Qt::CaseInsensitive);
 }
 
-QString meshNameFilter() {
-  return MeshText::tr("Meshes (%1)").arg(QStringLiteral("*.") + suffixes().join(QStringLiteral(" *."))) +
-         QStringLiteral(";;") + MeshText::tr("All files (*)");
-}
+QString meshNamePatterns() { return QStringLiteral("*.") + suffixes().join(QStringLiteral(" *.")); }
 
 } // namespace Workbench

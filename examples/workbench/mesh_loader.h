@@ -43,7 +43,7 @@ Mesh loadMesh(const QString& fileName, const std::stop_token& stop = {});
 
 /// Whether the file's name ends like that of a mesh file.
 bool isMeshFileName(const QString& fileName);
-/// Name filters for a file dialog: mesh files, then all files.
-QString meshNameFilter();
+/// The patterns of such names for a file dialog, "*.obj *.ply".
+QString meshNamePatterns();
 
 } // namespace Workbench

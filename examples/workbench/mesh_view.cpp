@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "mesh_view.h"
 
-#include <ui_base/views/qt_ui_toolkit.h>
 #include <vgsdevices/annotation_device.h>
 #include <vgsobjects/point_object.h>
 #include <vgsobjects/rectangle_object.h>
+#include <workbench/view_hint.h>
 
 #include <QContextMenuEvent>
 #include <QLocale>
@@ -15,8 +15,6 @@ namespace Workbench {
 namespace {
 
 constexpr int RestTime = 150; // ms without a change after which the edges are smoothed
-constexpr int HintIconSize = 56;
-constexpr int HintSpacing = 14;
 
 } // namespace
 
@@ -204,7 +202,7 @@ void MeshView::paintEvent(QPaintEvent*) {
     paintAnnotations(painter);
   }
   if (m_dropHighlight)
-    paintDropHighlight(painter);
+    paintDropHighlight(painter, *this, rect());
   if (!m_settled && !m_rest.isActive()) {
     m_settled = true;
     QMetaObject::invokeMethod(this, &MeshView::tellSettled, Qt::QueuedConnection);
@@ -237,34 +235,9 @@ void MeshView::paintHint(QPainter& painter) const {
   gradient.setColorAt(0, style.backgroundTop);
   gradient.setColorAt(1, style.backgroundBottom);
   painter.fillRect(rect(), gradient);
-
-  QFont titleFont = font();
-  titleFont.setPointSizeF(titleFont.pointSizeF() * 1.4);
-  const QString title = tr("Open a mesh (Ctrl+O) or drop a file here");
-  const QString formats = tr("OBJ, PLY, STL, OFF, glTF");
-  const QRect titleArea(0, height() / 2, width(), QFontMetrics(titleFont).height());
-  const QIcon icon = Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("open_file"));
-  const QRect iconArea((width() - HintIconSize) / 2, titleArea.top() - HintIconSize - HintSpacing,
-                       HintIconSize, HintIconSize);
-  painter.setOpacity(0.6);
-  icon.paint(&painter, iconArea);
-  painter.setOpacity(1);
-  painter.setPen(palette().color(QPalette::WindowText));
-  painter.setFont(titleFont);
-  painter.drawText(titleArea, Qt::AlignCenter, title);
-  painter.setFont(font());
-  painter.setOpacity(0.7);
-  painter.drawText(titleArea.translated(0, titleArea.height() + HintSpacing / 2), Qt::AlignCenter, formats);
-  painter.setOpacity(1);
-}
-
-void MeshView::paintDropHighlight(QPainter& painter) const {
-  painter.setRenderHint(QPainter::Antialiasing);
-  QColor color = palette().color(QPalette::Highlight);
-  painter.setPen(QPen(color, 3));
-  color.setAlpha(28);
-  painter.setBrush(color);
-  painter.drawRoundedRect(QRectF(rect()).adjusted(8, 8, -8, -8), 8, 8);
+  Workbench::paintHint(painter, *this, rect(),
+                       {QStringLiteral("open_file"), tr("Open a mesh (Ctrl+O) or drop a file here"),
+                        tr("OBJ, PLY, STL, OFF, glTF")});
 }
 
 } // namespace Workbench

@@ -100,7 +100,6 @@ private:
   void renderIfNeeded();
   void paintAnnotations(QPainter& painter) const;
   void paintHint(QPainter& painter) const;
-  void paintDropHighlight(QPainter& painter) const;
   void tellSettled();
 
   MeshDocument m_document;

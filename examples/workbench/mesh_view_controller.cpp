@@ -6,14 +6,16 @@
 #include <workbench/commands/open_mesh_command.h>
 #include <workbench/commands/set_pivot_command.h>
 #include <workbench/context_menu.h>
+#include <workbench/file_drag.h>
+#include <workbench/mesh_loader.h>
 #include <workbench/mesh_view.h>
+#include <workbench/photos/photo_loader.h>
 #include <workbench/tools/camera_keys.h>
 #include <workbench/tools/mesh_tool.h>
 
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMenu>
-#include <QMimeData>
 
 namespace Workbench {
 
@@ -23,24 +25,7 @@ using Taren::Core::MainThreadQoS;
 
 namespace {
 
-QStringList filesOf(const QMimeData& data) {
-  QStringList files;
-  for (const QUrl& url : data.urls()) {
-    if (url.isLocalFile())
-      files += url.toLocalFile();
-  }
-  return files;
-}
-
-void addAvailability(const CommandBag& bag, CommandContext& context) {
-  for (int i = 0; i < bag.count(); ++i) {
-    const CommandBase* const command = bag.commandAt(i);
-    if (const auto* const own = dynamic_cast<const MeshUser*>(command))
-      context.overwrite(command->commandId(), {State(own->isAvailable()), State::Keep});
-    else if (const auto* const group = dynamic_cast<const CommandGroup*>(command))
-      addAvailability(group->commandBag(), context);
-  }
-}
+bool isPhoto(const QString& file) { return !isMeshFileName(file) && isPhotoFileName(file); }
 
 } // namespace
 
@@ -78,7 +63,22 @@ OpenMeshCommand* MeshViewController::openCommand() const {
   return dynamic_cast<OpenMeshCommand*>(findCommand(OpenMeshCommand::className()));
 }
 
+// What was named last is what is seen in the end.
 void MeshViewController::openFiles(const QStringList& files) {
+  QStringList meshes;
+  QStringList photos;
+  for (const QString& file : files)
+    (isPhoto(file) ? photos : meshes) += file;
+  const bool photosLast = !files.isEmpty() && isPhoto(files.constLast());
+  if (photosLast)
+    openMeshes(meshes);
+  if (!photos.isEmpty())
+    Q_EMIT m_events.photosAsked(photos);
+  if (!photosLast)
+    openMeshes(meshes);
+}
+
+void MeshViewController::openMeshes(const QStringList& files) {
   if (m_holder && !files.isEmpty())
     m_holder->cancel();
   if (OpenMeshCommand* const command = openCommand())
@@ -136,6 +136,23 @@ void MeshViewController::leaveMode(EToolMode mode) {
 bool MeshViewController::isDragging() const {
   const auto tool = std::dynamic_pointer_cast<MeshTool>(getOperatingTool());
   return tool && tool->isDragging();
+}
+
+void MeshViewController::setPageShown(bool shown) {
+  m_pageShown = shown;
+  refreshCommands();
+}
+
+void MeshViewController::addAvailability(const CommandBag& bag, CommandContext& context) const {
+  for (int i = 0; i < bag.count(); ++i) {
+    const CommandBase* const command = bag.commandAt(i);
+    if (const auto* const own = dynamic_cast<const MeshUser*>(command)) {
+      const bool hasPage = m_pageShown || !own->needsMeshPage();
+      context.overwrite(command->commandId(), {State(hasPage && own->isAvailable()), State::Keep});
+    } else if (const auto* const group = dynamic_cast<const CommandGroup*>(command)) {
+      addAvailability(group->commandBag(), context);
+    }
+  }
 }
 
 CommandContext MeshViewController::availability() const {
@@ -296,9 +313,8 @@ bool MeshViewController::moveCamera(const QKeyEvent& event) {
 bool MeshViewController::mouseDragEnter(QDragEnterEvent* event) {
   if (CmdsViewController::mouseDragEnter(event))
     return true;
-  if (filesOf(*event->mimeData()).isEmpty())
+  if (!acceptFiles(*event))
     return false;
-  event->acceptProposedAction();
   if (MeshView* const view = meshView())
     view->setDropHighlight(true);
   return true;
@@ -311,12 +327,7 @@ bool MeshViewController::mouseDragLeave(QDragLeaveEvent* event) {
 }
 
 bool MeshViewController::mouseDragMove(QDragMoveEvent* event) {
-  if (CmdsViewController::mouseDragMove(event))
-    return true;
-  if (filesOf(*event->mimeData()).isEmpty())
-    return false;
-  event->acceptProposedAction();
-  return true;
+  return CmdsViewController::mouseDragMove(event) || acceptFiles(*event);
 }
 
 bool MeshViewController::mouseDrop(QDropEvent* event) {
@@ -324,11 +335,9 @@ bool MeshViewController::mouseDrop(QDropEvent* event) {
     view->setDropHighlight(false);
   if (CmdsViewController::mouseDrop(event))
     return true;
-  const QStringList files = filesOf(*event->mimeData());
-  if (files.isEmpty())
+  if (!acceptFiles(*event))
     return false;
-  event->acceptProposedAction();
-  openFiles(files);
+  openFiles(filesOf(*event->mimeData()));
   return true;
 }
 

@@ -41,7 +41,8 @@ public:
   /// The file of the mesh that is shown; empty when none is.
   QString fileName() const;
 
-  /// Opens files one after another, once the view is loaded; the mesh of the last one stays.
+  /// Opens files one after another, once the view is loaded; the mesh of the last one stays. Photographs
+  /// among them are left to whoever hears of them through events().
   void openFiles(const QStringList& files);
   /// Puts a mesh in the place of the one shown.
   void showMesh(const Mesh& mesh, const QString& fileName);
@@ -63,6 +64,10 @@ public:
   void leaveMode(EToolMode mode);
   /// A tool operates, and the mouse has been moved so far that it is no click.
   bool isDragging() const;
+
+  /// Whether the view is the page that is seen, as at first. While it is not, work on the mesh that can be
+  /// cancelled goes on, but no command for the mesh can be used.
+  void setPageShown(bool shown);
 
   /// Which commands can be used as things are.
   Vela::UiBase::CommandContext availability() const;
@@ -89,7 +94,9 @@ private:
   OpenMeshCommand* openCommand() const;
   void follow(MeshView& view);
   void refreshCommands();
+  void openMeshes(const QStringList& files);
   void openWaitingFiles();
+  void addAvailability(const Vela::UiBase::CommandBag& bag, Vela::UiBase::CommandContext& context) const;
   void tellFailures(OpenMeshCommand& command);
   void openMenu(const QPoint& position);
   void cancelPivot();
@@ -103,6 +110,7 @@ private:
   std::set<Vela::UiBase::CommandBase*> m_executing;
   MeshUser* m_holder = nullptr;
   bool m_refreshing = false;
+  bool m_pageShown = true;
   QPointer<QMenu> m_menu;
 };
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <QObject>
-#include <QString>
+#include <QStringList>
 
 namespace Workbench {
 
@@ -23,6 +23,10 @@ Q_SIGNALS:
   void openFailed(const QString& fileName, const QString& reason, const QString& message);
   /// All files that were asked for were dealt with.
   void openFinished(bool allOpened);
+  /// Files that are photographs were among those to be opened.
+  void photosAsked(const QStringList& files);
+  /// The user wants to see a page, an EPage.
+  void pageAsked(int page);
 };
 
 } // namespace Workbench

@@ -26,7 +26,7 @@ QSize parseSize(const QString& text) {
 Options Options::parse(const QStringList& arguments) {
   QCommandLineParser parser;
   parser.setApplicationDescription(
-      OptionText::tr("Shows triangle meshes: OBJ, PLY, STL, OFF, glTF and GLB."));
+      OptionText::tr("Shows triangle meshes (OBJ, PLY, STL, OFF, glTF and GLB) and photographs."));
   const QCommandLineOption screenshot(
       QStringLiteral("screenshot"),
       OptionText::tr(
@@ -44,7 +44,7 @@ Options Options::parse(const QStringList& arguments) {
   const QCommandLineOption help = parser.addHelpOption();
   const QCommandLineOption version = parser.addVersionOption();
   parser.addPositionalArgument(QStringLiteral("files"),
-                               OptionText::tr("The meshes to open; the last one is shown."),
+                               OptionText::tr("The meshes and photographs to open; the last mesh is shown."),
                                QStringLiteral("[files…]"));
 
   Options options;

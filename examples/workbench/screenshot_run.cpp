@@ -3,8 +3,12 @@
 
 #include <workbench/console.h>
 #include <workbench/main_window.h>
+#include <workbench/mesh_loader.h>
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
+#include <workbench/pages/workbench_pages.h>
+#include <workbench/photos/photo_loader.h>
+#include <workbench/photos/photo_view.h>
 
 #include <QCoreApplication>
 #include <QImageWriter>
@@ -15,12 +19,15 @@ namespace Workbench {
 
 ScreenshotRun::ScreenshotRun(MainWindow& window, const QString& image) : m_window(window), m_image(image) {
   connect(m_window.view(), &MeshView::settled, this, &ScreenshotRun::saveWhenSettled);
+  connect(m_window.photoView(), &PhotoView::settled, this, &ScreenshotRun::saveWhenSettled);
+  connect(&m_window.photoView()->document(), &PhotoDocument::failed, this, [this] { m_allOpened = false; });
   connect(&m_window.controller()->events(), &MeshViewEvents::openFinished, this,
           &ScreenshotRun::openingFinished);
 }
 
 void ScreenshotRun::start(const QStringList& files) {
-  m_opening = !files.isEmpty();
+  const auto isMesh = [](const QString& file) { return isMeshFileName(file) || !isPhotoFileName(file); };
+  m_opening = std::any_of(files.cbegin(), files.cend(), isMesh);
   m_window.controller()->openFiles(files);
   saveWhenSettled();
 }
@@ -34,8 +41,13 @@ void ScreenshotRun::openingFinished(bool allOpened) {
   saveWhenSettled();
 }
 
+bool ScreenshotRun::isSettled() const {
+  return m_window.pages().current() == MeshPage ? m_window.view()->isSettled()
+                                                : m_window.photoView()->isSettled();
+}
+
 void ScreenshotRun::saveWhenSettled() {
-  if (m_opening || m_saved || !m_window.view()->isSettled())
+  if (m_opening || m_saved || !isSettled())
     return;
   m_saved = true;
   // What was just shown over the view still has to find its place.

@@ -23,6 +23,7 @@ public:
 
 private:
   void openingFinished(bool allOpened);
+  bool isSettled() const;
   void saveWhenSettled();
   void save();
 

@@ -11,6 +11,7 @@
 #include <workbench/main_window.h>
 #include <workbench/mesh_view_controller.h>
 #include <workbench/panels/command_tooltip.h>
+#include <workbench/photos/photo_view.h>
 #include <workbench/screenshot_run.h>
 #include <workbench/workbench_app_manager.h>
 #include <workbench/workbench_icon_provider.h>
@@ -38,6 +39,7 @@ bool WorkbenchApp::Init() {
   setRootViewController(m_window->controller());
   QObject::connect(&m_window->controller()->events(), &MeshViewEvents::openFailed, m_window.get(),
                    &printError);
+  QObject::connect(&m_window->photoView()->document(), &PhotoDocument::failed, m_window.get(), &printError);
   showWindow();
   return true;
 }

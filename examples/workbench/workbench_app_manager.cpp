@@ -22,9 +22,13 @@
 #include <workbench/commands/shading_command.h>
 #include <workbench/commands/smooth_flyout_command.h>
 #include <workbench/commands/smooth_mesh_command.h>
+#include <workbench/commands/volume_panel_command.h>
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
+#include <workbench/pages/show_page_command.h>
 #include <workbench/panels/smooth_panel.h>
+#include <workbench/photos/photo_command.h>
+#include <workbench/photos/photo_view_controller.h>
 
 namespace Workbench {
 
@@ -95,9 +99,27 @@ CommandGroup* selectionGroup(MeshViewController* controller) {
   return group;
 }
 
+CommandGroup* pageGroup(MeshViewController* controller) {
+  auto* const group = new CommandGroup(QString(), WorkbenchAppManager::tr("Page"), QStringLiteral("Pages"));
+  group->setBaseGroupName(PageSection);
+  int rank = 0;
+  for (const EPage page : {MeshPage, PhotoPage})
+    group->addCommand(new ShowPageCommand(controller, page), rank++);
+  return group;
+}
+
+QList<CommandBase*> photoCommands(PhotoViewController* controller) {
+  QList<CommandBase*> commands;
+  for (const EPhotoAction action : PhotoActions)
+    commands += new PhotoCommand(controller, action);
+  return commands;
+}
+
 } // namespace
 
 QList<CommandBase*> WorkbenchAppManager::commandsFor(CmdsViewController* controller) {
+  if (auto* const photos = dynamic_cast<PhotoViewController*>(controller))
+    return photoCommands(photos);
   auto* const mesh = dynamic_cast<MeshViewController*>(controller);
   if (!mesh)
     return {};
@@ -117,7 +139,9 @@ QList<CommandBase*> WorkbenchAppManager::commandsFor(CmdsViewController* control
           toolGroup(mesh),
           new ClearMeasurementsCommand(mesh),
           unitGroup(mesh),
+          pageGroup(mesh),
           new ResetViewCommand(mesh),
+          new VolumePanelCommand(mesh),
           new SetPivotCommand(mesh),
           shadings,
           nextShading(mesh, shadings),

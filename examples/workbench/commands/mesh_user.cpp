@@ -9,6 +9,8 @@ namespace Workbench {
 
 bool MeshUser::isAvailable() const { return true; }
 
+bool MeshUser::needsMeshPage() const { return true; }
+
 bool MeshUser::locksMesh() const { return false; }
 
 void MeshUser::cancel() {}

@@ -26,6 +26,8 @@ class MeshUser {
 public:
   /// Whether it can be used as things are: the controller enables and disables the command accordingly.
   virtual bool isAvailable() const;
+  /// Whether it can be used only on the page that shows the mesh; most can.
+  virtual bool needsMeshPage() const;
   /// Whether the mesh must not change while the command executes.
   virtual bool locksMesh() const;
   /// Asks the command to end early, while it executes or holds the mesh. Does nothing by default.

@@ -8,6 +8,7 @@
 #include <workbench/mesh_loader.h>
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
+#include <workbench/photos/photo_loader.h>
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -26,13 +27,21 @@ Vela::Services::ConfigManager& config() {
   return Vela::Services::ApplicationService::GetInstance().GetConfigManager();
 }
 
+QString nameFilters() {
+  const QString separator = QStringLiteral(";;");
+  return OpenMeshCommand::tr("Meshes and photographs (%1 %2)").arg(meshNamePatterns(), photoNamePatterns()) +
+         separator + OpenMeshCommand::tr("Meshes (%1)").arg(meshNamePatterns()) + separator +
+         OpenMeshCommand::tr("Photographs (%1)").arg(photoNamePatterns()) + separator +
+         OpenMeshCommand::tr("All files (*)");
+}
+
 } // namespace
 
 OpenMeshCommand::OpenMeshCommand(MeshViewController* controller) : WorkbenchCommand(controller) {
-  setText(tr("&Open Mesh…"));
+  setText(tr("&Open…"));
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("open_file")));
   setShortcut(QKeySequence::Open);
-  setStatusTip(tr("Show the mesh of an OBJ, PLY, STL, OFF or glTF file"));
+  setStatusTip(tr("Show the mesh of an OBJ, PLY, STL, OFF or glTF file, or photographs"));
   setBaseGroupName(FileSection);
   setExecutionQoS(Taren::Core::NormalQoS);
   enableExecutionNotification(true);
@@ -51,6 +60,8 @@ void OpenMeshCommand::openWaiting() {
 }
 
 bool OpenMeshCommand::isAvailable() const { return !isMeshLocked(); }
+
+bool OpenMeshCommand::needsMeshPage() const { return false; }
 
 bool OpenMeshCommand::locksMesh() const { return true; }
 
@@ -128,13 +139,14 @@ CommandContext OpenMeshCommand::getExecutionCommandContext() {
 
 void OpenMeshCommand::askForFiles() {
   const BaseView* const view = getView();
-  auto* const dialog = new QFileDialog(view ? view->window() : nullptr, tr("Open Mesh"),
-                                       config().value(FolderKey).toString(), meshNameFilter());
+  auto* const dialog = new QFileDialog(view ? view->window() : nullptr, tr("Open"),
+                                       config().value(FolderKey).toString(), nameFilters());
   dialog->setAttribute(Qt::WA_DeleteOnClose);
   dialog->setFileMode(QFileDialog::ExistingFiles);
   connect(dialog, &QFileDialog::filesSelected, this, [this](const QStringList& files) {
     config().setValue(FolderKey, QFileInfo(files.constFirst()).absolutePath());
-    open(files);
+    if (MeshViewController* const controller = meshController())
+      controller->openFiles(files);
   });
   dialog->open();
 }

@@ -38,6 +38,7 @@ public:
   QList<Failure> takeFailures();
 
   bool isAvailable() const override;
+  bool needsMeshPage() const override;
   bool locksMesh() const override;
   bool onExecuteAsync(bool checked) override;
 

@@ -16,7 +16,7 @@ enum EPhotoAction : int {
 };
 
 /// All of them, in the order of a menu.
-inline constexpr EPhotoAction PhotoActions[] = {PreviousPhoto,     NextPhoto,      ZoomIntoPhoto, ZoomOutOfPhoto,
-                                                OriginalPhotoSize, FitPhotoToView, ClosePhoto};
+inline constexpr EPhotoAction PhotoActions[] = {
+    PreviousPhoto, NextPhoto, ZoomIntoPhoto, ZoomOutOfPhoto, OriginalPhotoSize, FitPhotoToView, ClosePhoto};
 
 } // namespace Workbench

@@ -87,11 +87,10 @@ void PhotoViewController::follow(PhotoView& view) {
   QObject::connect(&view, &PhotoView::viewportChanged, &m_events, refreshAll);
   QObject::connect(&view, &PhotoView::menuRequested, &m_events,
                    [this](const QPoint& position) { openMenu(position); });
-  QObject::connect(
-      &view.document(), &PhotoDocument::failed, &m_events,
-      [this](const QString&, const QString&, const QString& message) {
-        showNotification(message, NotificationError);
-      });
+  QObject::connect(&view.document(), &PhotoDocument::failed, &m_events,
+                   [this](const QString&, const QString&, const QString& message) {
+                     showNotification(message, NotificationError);
+                   });
   followToolBar(view);
   refresh();
 }

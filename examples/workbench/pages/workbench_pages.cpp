@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "workbench_pages.h"
+
+#include <workbench/mesh_loader.h>
+#include <workbench/mesh_view_controller.h>
+#include <workbench/pages/show_page_command.h>
+#include <workbench/photos/photo_view.h>
+#include <workbench/photos/photo_view_controller.h>
+
+namespace Workbench {
+
+using namespace Vela::UiBase;
+
+WorkbenchPages::WorkbenchPages(MeshViewController& mesh, PhotoViewController& photos, QObject* parent)
+    : QObject(parent), m_mesh(mesh), m_photos(photos) {
+  const MeshViewEvents& events = mesh.events();
+  connect(&events, &MeshViewEvents::pageAsked, this, [this](int page) { show(EPage(page)); });
+  connect(&events, &MeshViewEvents::photosAsked, this, &WorkbenchPages::openPhotos);
+  connect(&events, &MeshViewEvents::openStarted, this, [this] { show(MeshPage); });
+  connect(&photos.events(), &PhotoViewEvents::filesDropped, this, &WorkbenchPages::openDropped);
+  connect(&photos.events(), &PhotoViewEvents::shownChanged, this,
+          [this](bool shown) { setCurrent(shown ? PhotoPage : MeshPage); });
+}
+
+void WorkbenchPages::show(EPage page) {
+  if (page == m_current)
+    return;
+  if (page == PhotoPage)
+    m_mesh.presentViewController(&m_photos, FromRight);
+  else
+    m_photos.dismissViewController();
+}
+
+// The view may be hidden with its window.
+void WorkbenchPages::setCurrent(EPage page) {
+  const PhotoView* const view = m_photos.photoView();
+  if (page == m_current || !view || !view->window()->isVisible())
+    return;
+  m_current = page;
+  m_mesh.setPageShown(page == MeshPage);
+  for (const EPage each : {MeshPage, PhotoPage}) {
+    if (CommandBase* const command = m_mesh.findCommand(ShowPageCommand::idOf(each)))
+      command->setChecked(each == page);
+  }
+  Q_EMIT currentChanged();
+}
+
+void WorkbenchPages::openPhotos(const QStringList& files) {
+  show(PhotoPage);
+  if (PhotoView* const view = m_photos.photoView())
+    view->document().open(files);
+}
+
+// What is no mesh either is told of here, where it was dropped.
+void WorkbenchPages::openDropped(const QStringList& files) {
+  QStringList meshes;
+  QStringList others;
+  for (const QString& file : files)
+    (isMeshFileName(file) ? meshes : others) += file;
+  if (!others.isEmpty())
+    openPhotos(others);
+  if (!meshes.isEmpty())
+    m_mesh.openFiles(meshes);
+}
+
+} // namespace Workbench

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QStringList>
+
+namespace Vela::UiBase {
+class BaseViewController;
+}
+
+namespace Workbench {
+
+class MeshViewController;
+class PhotoViewController;
+
+/// The pages of the workbench.
+enum EPage : int {
+  MeshPage = 0,
+  PhotoPage = 1,
+};
+
+/// The mesh and the photographs: one of them is the page that is seen. The controller of the mesh presents
+/// that of the photographs, which is dismissed for the mesh. Files that are opened lead to the page that can
+/// show them.
+///
+/// Lives as long as both controllers. Main thread only.
+class WorkbenchPages : public QObject {
+  Q_OBJECT
+
+public:
+  WorkbenchPages(MeshViewController& mesh, PhotoViewController& photos, QObject* parent = nullptr);
+
+  EPage current() const noexcept { return m_current; }
+  void show(EPage page);
+
+Q_SIGNALS:
+  void currentChanged();
+
+private:
+  void setCurrent(EPage page);
+  void openPhotos(const QStringList& files);
+  void openDropped(const QStringList& files);
+
+  MeshViewController& m_mesh;
+  PhotoViewController& m_photos;
+  EPage m_current = MeshPage;
+};
+
+} // namespace Workbench
