@@ -140,7 +140,8 @@ void ToolBarPrivate::removeButton(ToolButton& button) {
     return;
   button.hide();
   button.deleteLater();
-  if (auto* const subToolBar = qobject_cast<ToolBar*>(menu.data()); ownSubToolBars.removeAll(subToolBar) > 0)
+  auto* const subToolBar = qobject_cast<ToolBar*>(menu.data());
+  if (subToolBar && ownSubToolBars.removeAll(subToolBar) > 0)
     subToolBar->deleteLater();
 }
 
