@@ -25,7 +25,11 @@ constexpr int cornerRadius = 6; // px, of the window around a menu
 // --- state
 
 QWidget* ToolButtonWithWidgetMenuPrivate::popup() const {
-  return menu && arrowed ? static_cast<QWidget*>(window) : menu.data();
+  return menu && arrowed ? static_cast<QWidget*>(liveWindow()) : menu.data();
+}
+
+ArrowedWindow* ToolButtonWithWidgetMenuPrivate::liveWindow() const {
+  return qobject_cast<ArrowedWindow*>(static_cast<QObject*>(window.data()));
 }
 
 QWidget* ToolButtonWithWidgetMenuPrivate::anchor() const {
@@ -67,8 +71,8 @@ void ToolButtonWithWidgetMenuPrivate::giveBack() {
     return;
   menu->removeEventFilter(button);
   menu->hide();
-  if (window && menu->parentWidget() == window)
-    window->DetachWidget();
+  if (ArrowedWindow* const host = liveWindow(); host && menu->parentWidget() == host)
+    host->DetachWidget();
   if (menu && menu->parentWidget() != parent)
     menu->setParent(parent);
 }
@@ -125,7 +129,7 @@ void ToolButtonWithWidgetMenuPrivate::unwire(FlyoutBase& flyout) {
 }
 
 void ToolButtonWithWidgetMenuPrivate::updatePartialBackground() {
-  if (window && menu)
+  if (liveWindow() && menu)
     window->SetPartialBackgroundColor(!partialBackground.isEmpty(), partialBackground.translated(menu->pos()),
                                       partialColor);
 }
@@ -217,7 +221,7 @@ void ToolButtonWithWidgetMenu::SetMenuParameters(bool autoDecide, const SArrowPa
   own()->window->SetArrow(arrow);
 }
 
-ArrowedWindow* ToolButtonWithWidgetMenu::GetArrowedWindow() const { return own()->window; }
+ArrowedWindow* ToolButtonWithWidgetMenu::GetArrowedWindow() const { return own()->liveWindow(); }
 
 void ToolButtonWithWidgetMenu::SetExtendController(QWidget* controller) {
   own()->extendController = controller;
@@ -299,7 +303,7 @@ void ToolButtonWithWidgetMenu::CloseMenu() {
 }
 
 QPoint ToolButtonWithWidgetMenu::GetMenuPosition() {
-  ArrowedWindow* const window = own()->window;
+  ArrowedWindow* const window = own()->liveWindow();
   if (!own()->arrowed || !window)
     return own()->menu ? own()->place() : QPoint();
   QPoint position = window->pos();

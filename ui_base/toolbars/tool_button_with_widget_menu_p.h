@@ -17,6 +17,8 @@ public:
   QWidget* popup() const override;
   QWidget* anchor() const override;
 
+  /// The window, but not one that is being destroyed.
+  ArrowedWindow* liveWindow() const;
   FlyoutBase* flyout() const;
   /// The command of the button, if its panel is not a flyout and it has begun.
   FlyoutCommand* activeSimpleCommand() const;
