@@ -113,6 +113,12 @@ private Q_SLOTS:
     commands->addCommand(namedCommand(QStringLiteral("late")), 9);
     QTRY_VERIFY(bar.width() > before);
     QCOMPARE(bar.size(), bar.sizeHint());
+    bar.hide();
+    QSignalSpy laidOut(&bar, &ToolBar::LayoutChanged);
+    commands->addCommand(namedCommand(QStringLiteral("while hidden")), 9);
+    QTRY_VERIFY(!laidOut.isEmpty());
+    bar.show();
+    QCOMPARE(bar.size(), bar.sizeHint());
   }
 
   void showsAndHidesWithASlide() {

@@ -90,6 +90,10 @@ void ToolBar::Initialize(Qt::ToolBarArea area, int autoPositionInterval, bool hi
   d->InitializeResizeTimer();
   connect(this, &ToolBar::ButtonMenuVisibilityChange, this,
           [this](ToolButton* button, bool visible) { d->onMenuVisibilityChange(button, visible); });
+  connect(this, &ToolBar::CloseFlyout, this, [this] {
+    if (ToolButtonWithWidgetMenu* const active = GetActiveButton())
+      active->HideMenu();
+  });
   connect(&Styles::Instance(), &Styles::changed, this, [this] { update(); });
   connect(&LicenseService::Instance(), &LicenseService::stateChanged, this,
           [this] { d->forEachButton([](ToolButton& button) { button.UpdateLicenseLock(); }); });
@@ -281,35 +285,6 @@ void ToolBar::SetOwnerButton(ToolButtonWithMenu* button) {
   d->ownerButton = button;
   if (button && !testAttribute(Qt::WA_WState_ExplicitShowHide))
     hide();
-}
-
-// --- commands
-
-void ToolBar::EnableActions() {
-  if (std::exchange(d->enabling, true))
-    return;
-  const QPointer<ToolBar> self(this);
-  QList<QPointer<ToolButton>> buttons;
-  d->forEachButton([&buttons](ToolButton& button) { buttons.append(&button); });
-  for (const QPointer<ToolButton>& button : std::as_const(buttons)) {
-    if (button)
-      button->EnableActions();
-    const auto* const opener = qobject_cast<ToolButtonWithMenu*>(button.data());
-    if (auto* const menu = opener ? qobject_cast<ToolBar*>(opener->GetMenu()) : nullptr)
-      menu->EnableActions();
-  }
-  if (self)
-    d->enabling = false;
-}
-
-void ToolBar::AddCallbackHandler(ToolButton::IToolButtonCallbackHandler* handler, QAction* action) {
-  if (!handler || !action)
-    return;
-  const std::pair<QPointer<QAction>, ToolBarPrivate::CallbackHandler*> entry(action, handler);
-  if (!d->callbackHandlers.contains(entry))
-    d->callbackHandlers.append(entry);
-  d->forEachButton([this](ToolButton& button) { d->applyHandlers(button); });
-  d->scheduleEnableActions();
 }
 
 void ToolBar::AddExclusiveGroupButton(const QString& group, QToolButton* button) {

@@ -270,6 +270,7 @@ Q_SIGNALS:
   void ButtonMenuVisibilityChange(ToolButton* button, bool isVisible);
   void ShowAnimationFinished();
   void HideAnimationFinished();
+  /// The flyout that is open shall be closed, which then happens.
   void CloseFlyout();
   void ToolButtonClicked(ToolButton* button);
 

@@ -163,4 +163,33 @@ QString ToolBarCommands::groupName(const CommandBase& command) const {
   return holders.isEmpty() ? QString() : holders.constLast()->commandId();
 }
 
+// --- the toolbar's part
+
+void ToolBar::EnableActions() {
+  if (std::exchange(d->enabling, true))
+    return;
+  const QPointer<ToolBar> self(this);
+  QList<QPointer<ToolButton>> buttons;
+  d->forEachButton([&buttons](ToolButton& button) { buttons.append(&button); });
+  for (const QPointer<ToolButton>& button : std::as_const(buttons)) {
+    if (button)
+      button->EnableActions();
+    const auto* const opener = qobject_cast<ToolButtonWithMenu*>(button.data());
+    if (auto* const menu = opener ? qobject_cast<ToolBar*>(opener->GetMenu()) : nullptr)
+      menu->EnableActions();
+  }
+  if (self)
+    d->enabling = false;
+}
+
+void ToolBar::AddCallbackHandler(ToolButton::IToolButtonCallbackHandler* handler, QAction* action) {
+  if (!handler || !action)
+    return;
+  const std::pair<QPointer<QAction>, ToolBarPrivate::CallbackHandler*> entry(action, handler);
+  if (!d->callbackHandlers.contains(entry))
+    d->callbackHandlers.append(entry);
+  d->forEachButton([this](ToolButton& button) { d->applyHandlers(button); });
+  d->scheduleEnableActions();
+}
+
 } // namespace Vela::UiBase

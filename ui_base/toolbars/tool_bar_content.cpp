@@ -26,7 +26,9 @@ private:
   ToolBarContent& m_content;
 };
 
-ToolBarContent::ToolBarContent(QWidget* parent) : QWidget(parent), m_inner(new QWidget(this)) {}
+ToolBarContent::ToolBarContent(QWidget* parent) : QWidget(parent), m_inner(new QWidget(this)) {
+  m_inner->installEventFilter(this);
+}
 
 // The buttons announce what becomes of their menus, and nobody is to find a dead one here then.
 ToolBarContent::~ToolBarContent() {
@@ -34,10 +36,11 @@ ToolBarContent::~ToolBarContent() {
   delete m_inner;
 }
 
-bool ToolBarContent::event(QEvent* event) {
-  if (event->type() == QEvent::LayoutRequest && m_listener)
+// What has the layout hears of its changes.
+bool ToolBarContent::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == m_inner && event->type() == QEvent::LayoutRequest && m_listener)
     m_listener();
-  return QWidget::event(event);
+  return QWidget::eventFilter(watched, event);
 }
 
 QBoxLayout::Direction ToolBarContent::direction() const {
@@ -136,6 +139,21 @@ void ToolBarContent::layOutAll() {
     layOut(group);
 }
 
+// Layouts that do not show say nothing of their changes.
+void ToolBarContent::noteChange(const Group& group) {
+  group.panel->updateGeometry();
+  if (isVisible() || std::exchange(m_changeNoted, true))
+    return;
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        m_changeNoted = false;
+        if (m_listener)
+          m_listener();
+      },
+      Qt::QueuedConnection);
+}
+
 void ToolBarContent::insert(ToolButton& button, const QString& name, int index) {
   Group& target = group(name);
   if (button.parentWidget() != target.panel)
@@ -146,6 +164,7 @@ void ToolBarContent::insert(ToolButton& button, const QString& name, int index) 
     box->insertWidget(atEnd ? -1 : index, &button);
   else
     layOut(target);
+  noteChange(target);
 }
 
 void ToolBarContent::move(ToolButton& button, const QString& name, int index) {
@@ -166,6 +185,7 @@ void ToolBarContent::take(const QObject* button) {
     group->buttons.erase(index);
     if (columnsOf(*group) > 0)
       layOut(*group);
+    noteChange(*group);
     if (group->buttons.isEmpty()) {
       group->panel->hide();
       group->panel->deleteLater();

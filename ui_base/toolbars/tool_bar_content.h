@@ -62,7 +62,7 @@ public:
   QList<ToolButton*> leftOut() const;
 
 protected:
-  bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
   class Panel;
@@ -79,6 +79,7 @@ private:
   };
 
   Group& group(const QString& name);
+  void noteChange(const Group& group);
   void layOut(Group& group);
   void layOutAll();
   void createLayout();
@@ -102,6 +103,7 @@ private:
   int m_room = 0; // for buttons, along the bar
   int m_scroll = 0;
   bool m_scrolls = false;
+  bool m_changeNoted = false;
   std::function<void()> m_listener;
 };
 
