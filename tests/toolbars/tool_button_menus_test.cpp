@@ -1,132 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include <support/test_case.h>
-#include <ui_base/commands/flyout_command.h>
-#include <ui_base/popups/arrowed_window.h>
-#include <ui_base/popups/flyout_base.h>
-#include <ui_base/toolbars/tool_bar.h>
-#include <ui_base/toolbars/tool_button_arrow.h>
-#include <ui_base/toolbars/tool_button_with_button_menu.h>
-#include <ui_base/toolbars/tool_button_with_widget_menu.h>
-#include <ui_base/tooltips/tooltip_object.h>
-#include <ui_base/views/base_view.h>
-#include <ui_base/views/cmds_view_controller.h>
+#include "tool_button_fixture.h"
 
 #include <QAccessible>
 #include <QApplication>
-#include <QLineEdit>
 #include <QSignalSpy>
-#include <QSpinBox>
-#include <QVBoxLayout>
-#include <QWindow>
 
 using namespace Vela::UiBase;
-
-namespace {
-
-class PanelCommand : public FlyoutCommand {
-  Q_OBJECT
-  COMMAND_ID(PanelCommand)
-
-public:
-  PanelCommand(QWidget* panel, CmdsViewController* controller) : FlyoutCommand(panel, controller) {
-    setText("Smooth");
-  }
-  bool onExecuteAsync(bool) override { return true; }
-};
-
-class Observer : public CommandStateProtocol {
-public:
-  void commandBegan(CommandBase*) override { ++began; }
-  void commandEnded(CommandBase*) override { ++ended; }
-  int began = 0;
-  int ended = 0;
-};
-
-QIcon colored(Qt::GlobalColor color) {
-  QPixmap pixmap(32, 32);
-  pixmap.fill(color);
-  return QIcon(pixmap);
-}
-
-QColor shown(const QToolButton& button) { return button.icon().pixmap(32).toImage().pixelColor(16, 16); }
-
-/// A view with a toolbar whose buttons are a plain one, one that opens the flyout of a command, and one that
-/// opens a sub-toolbar with a plain button and another flyout.
-struct Stage {
-  explicit Stage(bool checkable = false, QWidget* simple = nullptr) {
-    window.resize(700, 500);
-    auto* const column = new QVBoxLayout(&window);
-    column->addWidget(field = new QLineEdit);
-    column->addWidget(view = new BaseView, 1);
-    controller = new CmdsViewController(view);
-    bar = new ToolBar(view, Qt::TopToolBarArea);
-    plain = bar->AddAction(new QAction(colored(Qt::gray), "Plain", view));
-
-    flyout = new FlyoutBase("Smooth", new QSpinBox, nullptr, true, true, true, true, view);
-    command = new PanelCommand(simple ? simple : flyout.data(), controller);
-    command->setCheckable(checkable);
-    command->addObserver(observer, false);
-    controller->addCommand(command);
-    button = bar->AddAction(command, simple ? simple : flyout.data());
-
-    subBar = new ToolBar(view, Qt::LeftToolBarArea);
-    subBar->SetHideOnClick(true);
-    subPlain = subBar->AddAction(new QAction(colored(Qt::blue), "Inner", view));
-    subFlyout = new FlyoutBase("Inner flyout", new QSpinBox, nullptr, true, true, true, true, view);
-    auto* const subAction = new QAction(colored(Qt::green), "Inner flyout", view);
-    subButton = subBar->AddAction(subAction, subFlyout);
-    menuButton = bar->AddAction(nullptr, colored(Qt::red), subBar, true, "Menu");
-    menuButton->setCheckable(true);
-
-    window.show();
-    window.activateWindow();
-    if (!QTest::qWaitForWindowActive(&window))
-      qFatal("the window does not become active");
-    bar->ShowMe();
-    field->setFocus();
-    Vela::Test::settle();
-  }
-  void click(QWidget* target) {
-    const QPoint point = target->mapTo(&window, target->rect().center());
-    QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, point);
-    Vela::Test::settle(); // as between a user's press and release
-    QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, point);
-  }
-  void key(Qt::Key key) { QTest::keyClick(window.windowHandle(), key); }
-  void clickIn(QWidget* panel, const QString& name) {
-    const auto buttons = panel->findChildren<QAbstractButton*>();
-    for (QAbstractButton* const each : buttons) {
-      if (each->text() == name || each->accessibleName() == name)
-        return click(each);
-    }
-    qFatal("no such button");
-  }
-
-  QWidget window;
-  QLineEdit* field;
-  BaseView* view;
-  CmdsViewController* controller;
-  QPointer<ToolBar> bar;
-  ToolButton* plain;
-  QPointer<FlyoutBase> flyout;
-  PanelCommand* command;
-  std::shared_ptr<Observer> observer = std::make_shared<Observer>();
-  QPointer<ToolButtonWithWidgetMenu> button;
-  QPointer<ToolBar> subBar;
-  ToolButton* subPlain;
-  QPointer<FlyoutBase> subFlyout;
-  QPointer<ToolButtonWithWidgetMenu> subButton;
-  QPointer<ToolButtonWithButtonMenu> menuButton;
-};
-
-} // namespace
 
 class ToolButtonMenusTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void arrowPointsToTheMenu_data();
-  void arrowPointsToTheMenu();
   void menuIsAnnouncedOnceHoweverItCloses_data();
   void menuIsAnnouncedOnceHoweverItCloses();
   void flyoutAndCommandOpenAndCloseTogether_data();
@@ -135,44 +19,10 @@ private Q_SLOTS:
   void simpleFlyoutIsHosted();
   void menuFollowsItsButton();
   void replacedFlyoutGoesHome();
-  void buttonStandsInForTheExtendedOne_data();
-  void buttonStandsInForTheExtendedOne();
   void keyboardGoesInAndComesBack();
   void assistiveTechnologyHearsOfTheMenu();
   void commandThatCannotOpenItsFlyoutEnds();
-  void anythingMayGoWhileAMenuIsOpen_data();
-  void anythingMayGoWhileAMenuIsOpen();
 };
-
-void ToolButtonMenusTest::arrowPointsToTheMenu_data() {
-  QTest::addColumn<int>("direction");
-  QTest::addColumn<bool>("open");
-  QTest::addColumn<Qt::LayoutDirection>("layout");
-  QTest::addColumn<QPolygon>("corners");
-  const QPolygon left{QPoint(-3, -2), QPoint(-3, -7), QPoint(-6, -4)};
-  const QPolygon up{QPoint(-8, -2), QPoint(-3, -2), QPoint(-5, -5)};
-  const QPolygon right{QPoint(-6, -2), QPoint(-6, -7), QPoint(-3, -4)};
-  const QPolygon down{QPoint(-8, -5), QPoint(-3, -5), QPoint(-5, -2)};
-  const QList<QPolygon> closed{left, up, right, down, down};
-  const QList<QPolygon> open{right, down, left, up, down};
-  for (int i = 0; i < 5; ++i) {
-    QTest::addRow("%d", i) << i << false << Qt::LeftToRight << closed[i];
-    QTest::addRow("%d, open", i) << i << true << Qt::LeftToRight << open[i];
-  }
-  QTest::addRow("left, mirrored") << 0 << false << Qt::RightToLeft << left.translated(-40 + 9, 0);
-  QTest::addRow("down, mirrored") << 3 << false << Qt::RightToLeft << down.translated(-40 + 11, 0);
-}
-
-void ToolButtonMenusTest::arrowPointsToTheMenu() {
-  QFETCH(int, direction);
-  QFETCH(bool, open);
-  QFETCH(Qt::LayoutDirection, layout);
-  QFETCH(QPolygon, corners);
-  const QPainterPath path = toolButtonArrow(QRect(100, 0, 41, 30), EDirection(direction), open, layout);
-  QPolygonF expected = QPolygonF(corners.translated(140, 29));
-  expected << expected.constFirst();
-  QCOMPARE(path.toSubpathPolygons(), QList<QPolygonF>{expected});
-}
 
 void ToolButtonMenusTest::menuIsAnnouncedOnceHoweverItCloses_data() {
   QTest::addColumn<QString>("end");
@@ -183,7 +33,7 @@ void ToolButtonMenusTest::menuIsAnnouncedOnceHoweverItCloses_data() {
 
 void ToolButtonMenusTest::menuIsAnnouncedOnceHoweverItCloses() {
   QFETCH(QString, end);
-  Stage stage;
+  MenuStage stage;
   QSignalSpy fromBar(stage.bar, &ToolBar::ButtonMenuVisibilityChange);
   for (int round = 0; round < 2; ++round) {
     stage.bar->ShowMe();
@@ -238,7 +88,7 @@ void ToolButtonMenusTest::flyoutAndCommandOpenAndCloseTogether() {
   QFETCH(bool, checkable);
   QFETCH(QString, start);
   QFETCH(QString, end);
-  Stage stage(checkable);
+  MenuStage stage(checkable);
   QSignalSpy visibility(stage.button, &ToolButtonWithMenu::ButtonMenuVisibilityChange);
   QSignalSpy closed(stage.flyout, &FlyoutBase::CloseFlyout);
   for (int round = 1; round <= 2; ++round) {
@@ -297,7 +147,7 @@ void ToolButtonMenusTest::simpleFlyoutIsHosted() {
   QFETCH(QString, start);
   QFETCH(QString, end);
   QSpinBox panel;
-  Stage stage(false, &panel);
+  MenuStage stage(false, &panel);
   QSignalSpy visibility(stage.button, &ToolButtonWithMenu::ButtonMenuVisibilityChange);
   for (int round = 1; round <= 2; ++round) {
     if (start == "click")
@@ -325,7 +175,7 @@ void ToolButtonMenusTest::simpleFlyoutIsHosted() {
 }
 
 void ToolButtonMenusTest::menuFollowsItsButton() {
-  Stage stage;
+  MenuStage stage;
   stage.menuButton->SetMenuParameters(Bottom, 7, AlignStart);
   stage.click(stage.menuButton);
   const auto gap = [&] {
@@ -356,7 +206,7 @@ void ToolButtonMenusTest::menuFollowsItsButton() {
 }
 
 void ToolButtonMenusTest::replacedFlyoutGoesHome() {
-  Stage stage;
+  MenuStage stage;
   stage.click(stage.button);
   auto* const next = new FlyoutBase("Next", nullptr, nullptr, true, true, true, true, stage.view);
   stage.button->SetMenu(next);
@@ -375,59 +225,8 @@ void ToolButtonMenusTest::replacedFlyoutGoesHome() {
   QVERIFY(!next->isVisible());
 }
 
-void ToolButtonMenusTest::buttonStandsInForTheExtendedOne_data() {
-  QTest::addColumn<QString>("end");
-  for (const char* end :
-       {"click", "Close", "escape", "outside", "off", "sub-button", "flyout", "menu", "other menu"})
-    QTest::newRow(end) << end;
-}
-
-void ToolButtonMenusTest::buttonStandsInForTheExtendedOne() {
-  QFETCH(QString, end);
-  Stage stage;
-  stage.menuButton->SetExtendMode(true);
-  QCOMPARE(stage.subButton->ExtendController(), stage.menuButton.data());
-  QSignalSpy cleared(stage.menuButton, &ToolButtonWithButtonMenu::ButtonMenuCleared);
-  stage.click(stage.menuButton);
-  stage.click(stage.subButton);
-  QVERIFY(stage.menuButton->IsInExtendMode() && stage.menuButton->isChecked());
-  QCOMPARE(stage.menuButton->ExtendedButton(), stage.subButton.data());
-  QCOMPARE(stage.bar->GetActiveButton(), stage.subButton.data());
-  QVERIFY(stage.subFlyout->isVisible() && !stage.subBar->isVisible());
-  QCOMPARE(shown(*stage.menuButton), QColor(Qt::green));
-  QVERIFY(stage.plain->IsLocked() && stage.button->IsLocked() && !stage.menuButton->IsLocked());
-  stage.plain->click();
-  QVERIFY(stage.subFlyout->isVisible());
-  if (end == "click") {
-    stage.menuButton->setFocus();
-    stage.key(Qt::Key_Space);
-  } else if (end == "Close")
-    stage.clickIn(stage.subFlyout, "Close");
-  else if (end == "escape")
-    stage.key(Qt::Key_Escape);
-  else if (end == "outside")
-    stage.click(stage.field);
-  else if (end == "off")
-    stage.menuButton->SetExtendMode(false);
-  else if (end == "sub-button")
-    delete stage.subButton;
-  else if (end == "flyout")
-    delete stage.subFlyout;
-  else if (end == "menu")
-    delete stage.subBar;
-  else
-    stage.menuButton->SetMenu(nullptr);
-  Vela::Test::settle();
-  QVERIFY(!stage.menuButton->IsInExtendMode() && !stage.menuButton->isChecked());
-  QVERIFY(!stage.menuButton->ExtendedButton() && !stage.bar->GetActiveButton());
-  QVERIFY(!stage.subFlyout || !stage.subFlyout->isVisible());
-  QCOMPARE(shown(*stage.menuButton), QColor(Qt::red));
-  QVERIFY(!stage.plain->IsLocked() && !stage.button->IsLocked());
-  QCOMPARE(cleared.count(), 1);
-}
-
 void ToolButtonMenusTest::keyboardGoesInAndComesBack() {
-  Stage stage;
+  MenuStage stage;
   stage.menuButton->setFocus();
   stage.key(Qt::Key_Space);
   QVERIFY(stage.subPlain->hasFocus());
@@ -441,7 +240,7 @@ void ToolButtonMenusTest::keyboardGoesInAndComesBack() {
 }
 
 void ToolButtonMenusTest::assistiveTechnologyHearsOfTheMenu() {
-  Stage stage;
+  MenuStage stage;
   QAccessibleInterface* const button = QAccessible::queryAccessibleInterface(stage.menuButton);
   QCOMPARE(button->role(), QAccessible::ButtonMenu);
   QCOMPARE(button->text(QAccessible::Name), QString("Menu"));
@@ -452,7 +251,7 @@ void ToolButtonMenusTest::assistiveTechnologyHearsOfTheMenu() {
 }
 
 void ToolButtonMenusTest::commandThatCannotOpenItsFlyoutEnds() {
-  Stage stage;
+  MenuStage stage;
   stage.button->SetLocked(true); // as while another one is extended
   stage.command->trigger();
   QTRY_COMPARE(stage.observer->ended, 1);
@@ -462,66 +261,6 @@ void ToolButtonMenusTest::commandThatCannotOpenItsFlyoutEnds() {
   stage.command->onFinalize(); // before the button is told
   Vela::Test::settle();
   QVERIFY(!stage.flyout->isVisible());
-}
-
-void ToolButtonMenusTest::anythingMayGoWhileAMenuIsOpen_data() {
-  QTest::addColumn<QString>("open");
-  QTest::addColumn<QString>("first");
-  for (const QString open : {"flyout", "sub-toolbar", "extended"}) {
-    for (const QString first : {"command", "flyout", "sub flyout", "sub-toolbar", "bar", "button",
-                                "menu button", "sub-button", "view", "window of the menu"})
-      QTest::addRow("%s, %s", qPrintable(open), qPrintable(first)) << open << first;
-  }
-}
-
-void ToolButtonMenusTest::anythingMayGoWhileAMenuIsOpen() {
-  QFETCH(QString, open);
-  QFETCH(QString, first);
-  Stage stage;
-  stage.menuButton->SetExtendMode(open == "extended");
-  stage.click(open == "flyout" ? static_cast<QWidget*>(stage.button) : stage.menuButton);
-  if (open == "extended")
-    stage.click(stage.subButton);
-  const bool commandLives = first != "command" && first != "view";
-  if (first == "command")
-    stage.controller->removeCommand(stage.command);
-  else if (first == "flyout")
-    delete stage.flyout;
-  else if (first == "sub flyout")
-    delete stage.subFlyout;
-  else if (first == "sub-toolbar")
-    delete stage.subBar;
-  else if (first == "bar")
-    delete stage.bar;
-  else if (first == "button")
-    delete stage.button;
-  else if (first == "menu button")
-    delete stage.menuButton;
-  else if (first == "sub-button")
-    delete stage.subButton;
-  else if (first == "view")
-    delete stage.view;
-  else
-    delete stage.button->GetArrowedWindow();
-  Vela::Test::settle();
-  if (commandLives) {
-    const bool stillOpen = open == "flyout" && (first == "sub flyout" || first == "sub-toolbar" ||
-                                                first == "menu button" || first == "sub-button");
-    QCOMPARE(stage.observer->began, open == "flyout" ? 1 : 0);
-    QCOMPARE(stage.observer->ended, open == "flyout" && !stillOpen ? 1 : 0);
-  }
-  // What was handed in is nobody else's to delete, and what is left works.
-  QCOMPARE(stage.flyout.isNull(), first == "flyout" || first == "view");
-  QCOMPARE(stage.subFlyout.isNull(), first == "sub flyout" || first == "view");
-  QCOMPARE(stage.subBar.isNull(), first == "sub-toolbar" || first == "view");
-  for (ToolButtonWithMenu* const each :
-       {static_cast<ToolButtonWithMenu*>(stage.button), static_cast<ToolButtonWithMenu*>(stage.menuButton)}) {
-    if (!each)
-      continue;
-    each->HideMenu();
-    each->click();
-    Vela::Test::settle();
-  }
 }
 
 VELA_TEST_MAIN(ToolButtonMenusTest)

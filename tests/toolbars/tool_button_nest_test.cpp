@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+#include "tool_button_fixture.h"
+
+#include <ui_base/toolbars/tool_button_arrow.h>
+
+#include <QSignalSpy>
+
+using namespace Vela::UiBase;
+
+class ToolButtonNestTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void arrowPointsToTheMenu_data();
+  void arrowPointsToTheMenu();
+  void buttonStandsInForTheExtendedOne_data();
+  void buttonStandsInForTheExtendedOne();
+  void anythingMayGoWhileAMenuIsOpen_data();
+  void anythingMayGoWhileAMenuIsOpen();
+};
+
+void ToolButtonNestTest::arrowPointsToTheMenu_data() {
+  QTest::addColumn<int>("direction");
+  QTest::addColumn<bool>("open");
+  QTest::addColumn<Qt::LayoutDirection>("layout");
+  QTest::addColumn<QPolygon>("corners");
+  const QPolygon left{QPoint(-3, -2), QPoint(-3, -7), QPoint(-6, -4)};
+  const QPolygon up{QPoint(-8, -2), QPoint(-3, -2), QPoint(-5, -5)};
+  const QPolygon right{QPoint(-6, -2), QPoint(-6, -7), QPoint(-3, -4)};
+  const QPolygon down{QPoint(-8, -5), QPoint(-3, -5), QPoint(-5, -2)};
+  const QList<QPolygon> closed{left, up, right, down, down};
+  const QList<QPolygon> open{right, down, left, up, down};
+  for (int i = 0; i < 5; ++i) {
+    QTest::addRow("%d", i) << i << false << Qt::LeftToRight << closed[i];
+    QTest::addRow("%d, open", i) << i << true << Qt::LeftToRight << open[i];
+  }
+  QTest::addRow("left, mirrored") << 0 << false << Qt::RightToLeft << left.translated(-40 + 9, 0);
+  QTest::addRow("down, mirrored") << 3 << false << Qt::RightToLeft << down.translated(-40 + 11, 0);
+}
+
+void ToolButtonNestTest::arrowPointsToTheMenu() {
+  QFETCH(int, direction);
+  QFETCH(bool, open);
+  QFETCH(Qt::LayoutDirection, layout);
+  QFETCH(QPolygon, corners);
+  const QPainterPath path = toolButtonArrow(QRect(100, 0, 41, 30), EDirection(direction), open, layout);
+  QPolygonF expected = QPolygonF(corners.translated(140, 29));
+  expected << expected.constFirst();
+  QCOMPARE(path.toSubpathPolygons(), QList<QPolygonF>{expected});
+}
+
+void ToolButtonNestTest::buttonStandsInForTheExtendedOne_data() {
+  QTest::addColumn<QString>("end");
+  for (const char* end :
+       {"click", "Close", "escape", "outside", "off", "sub-button", "flyout", "menu", "other menu"})
+    QTest::newRow(end) << end;
+}
+
+void ToolButtonNestTest::buttonStandsInForTheExtendedOne() {
+  QFETCH(QString, end);
+  MenuStage stage;
+  stage.menuButton->SetExtendMode(true);
+  QCOMPARE(stage.subButton->ExtendController(), stage.menuButton.data());
+  QSignalSpy cleared(stage.menuButton, &ToolButtonWithButtonMenu::ButtonMenuCleared);
+  stage.click(stage.menuButton);
+  stage.click(stage.subButton);
+  QVERIFY(stage.menuButton->IsInExtendMode() && stage.menuButton->isChecked());
+  QCOMPARE(stage.menuButton->ExtendedButton(), stage.subButton.data());
+  QCOMPARE(stage.bar->GetActiveButton(), stage.subButton.data());
+  QVERIFY(stage.subFlyout->isVisible() && !stage.subBar->isVisible());
+  QCOMPARE(shownColor(*stage.menuButton), QColor(Qt::green));
+  QVERIFY(stage.plain->IsLocked() && stage.button->IsLocked() && !stage.menuButton->IsLocked());
+  stage.plain->click();
+  QVERIFY(stage.subFlyout->isVisible());
+  if (end == "click") {
+    stage.menuButton->setFocus();
+    stage.key(Qt::Key_Space);
+  } else if (end == "Close")
+    stage.clickIn(stage.subFlyout, "Close");
+  else if (end == "escape")
+    stage.key(Qt::Key_Escape);
+  else if (end == "outside")
+    stage.click(stage.field);
+  else if (end == "off")
+    stage.menuButton->SetExtendMode(false);
+  else if (end == "sub-button")
+    delete stage.subButton;
+  else if (end == "flyout")
+    delete stage.subFlyout;
+  else if (end == "menu")
+    delete stage.subBar;
+  else
+    stage.menuButton->SetMenu(nullptr);
+  Vela::Test::settle();
+  QVERIFY(!stage.menuButton->IsInExtendMode() && !stage.menuButton->isChecked());
+  QVERIFY(!stage.menuButton->ExtendedButton() && !stage.bar->GetActiveButton());
+  QVERIFY(!stage.subFlyout || !stage.subFlyout->isVisible());
+  QCOMPARE(shownColor(*stage.menuButton), QColor(Qt::red));
+  QVERIFY(!stage.plain->IsLocked() && !stage.button->IsLocked());
+  QCOMPARE(cleared.count(), 1);
+}
+
+void ToolButtonNestTest::anythingMayGoWhileAMenuIsOpen_data() {
+  QTest::addColumn<QString>("open");
+  QTest::addColumn<QString>("first");
+  for (const QString open : {"flyout", "sub-toolbar", "extended"}) {
+    for (const QString first : {"command", "flyout", "sub flyout", "sub-toolbar", "bar", "button",
+                                "menu button", "sub-button", "view", "window of the menu"})
+      QTest::addRow("%s, %s", qPrintable(open), qPrintable(first)) << open << first;
+  }
+}
+
+void ToolButtonNestTest::anythingMayGoWhileAMenuIsOpen() {
+  QFETCH(QString, open);
+  QFETCH(QString, first);
+  MenuStage stage;
+  stage.menuButton->SetExtendMode(open == "extended");
+  stage.click(open == "flyout" ? static_cast<QWidget*>(stage.button) : stage.menuButton);
+  if (open == "extended")
+    stage.click(stage.subButton);
+  const bool commandLives = first != "command" && first != "view";
+  if (first == "command")
+    stage.controller->removeCommand(stage.command);
+  else if (first == "flyout")
+    delete stage.flyout;
+  else if (first == "sub flyout")
+    delete stage.subFlyout;
+  else if (first == "sub-toolbar")
+    delete stage.subBar;
+  else if (first == "bar")
+    delete stage.bar;
+  else if (first == "button")
+    delete stage.button;
+  else if (first == "menu button")
+    delete stage.menuButton;
+  else if (first == "sub-button")
+    delete stage.subButton;
+  else if (first == "view")
+    delete stage.view;
+  else
+    delete stage.button->GetArrowedWindow();
+  Vela::Test::settle();
+  if (commandLives) {
+    const bool stillOpen = open == "flyout" && (first == "sub flyout" || first == "sub-toolbar" ||
+                                                first == "menu button" || first == "sub-button");
+    QCOMPARE(stage.observer->began, open == "flyout" ? 1 : 0);
+    QCOMPARE(stage.observer->ended, open == "flyout" && !stillOpen ? 1 : 0);
+  }
+  // What was handed in is nobody else's to delete, and what is left works.
+  QCOMPARE(stage.flyout.isNull(), first == "flyout" || first == "view");
+  QCOMPARE(stage.subFlyout.isNull(), first == "sub flyout" || first == "view");
+  QCOMPARE(stage.subBar.isNull(), first == "sub-toolbar" || first == "view");
+  for (ToolButtonWithMenu* const each :
+       {static_cast<ToolButtonWithMenu*>(stage.button), static_cast<ToolButtonWithMenu*>(stage.menuButton)}) {
+    if (!each)
+      continue;
+    each->HideMenu();
+    each->click();
+    Vela::Test::settle();
+  }
+}
+
+VELA_TEST_MAIN(ToolButtonNestTest)
+#include "tool_button_nest_test.moc"
