@@ -140,18 +140,15 @@ void ToolBarContent::layOutAll() {
 }
 
 // Layouts that do not show say nothing of their changes.
-void ToolBarContent::noteChange(const Group& group) {
-  group.panel->updateGeometry();
+void ToolBarContent::noteChange() {
   if (isVisible() || std::exchange(m_changeNoted, true))
     return;
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        m_changeNoted = false;
-        if (m_listener)
-          m_listener();
-      },
-      Qt::QueuedConnection);
+  const auto tell = [this] {
+    if (m_listener)
+      m_listener();
+    m_changeNoted = false;
+  };
+  QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }
 
 void ToolBarContent::insert(ToolButton& button, const QString& name, int index) {
@@ -164,7 +161,7 @@ void ToolBarContent::insert(ToolButton& button, const QString& name, int index) 
     box->insertWidget(atEnd ? -1 : index, &button);
   else
     layOut(target);
-  noteChange(target);
+  noteChange();
 }
 
 void ToolBarContent::move(ToolButton& button, const QString& name, int index) {
@@ -185,7 +182,7 @@ void ToolBarContent::take(const QObject* button) {
     group->buttons.erase(index);
     if (columnsOf(*group) > 0)
       layOut(*group);
-    noteChange(*group);
+    noteChange();
     if (group->buttons.isEmpty()) {
       group->panel->hide();
       group->panel->deleteLater();
@@ -232,7 +229,13 @@ QList<ToolBarGroupRects> ToolBarContent::rects() const {
   return all;
 }
 
-QSize ToolBarContent::neededSize() const { return m_layout ? m_layout->sizeHint() : QSize(0, 0); }
+QSize ToolBarContent::neededSize() const {
+  if (m_changeNoted) {
+    for (const Group& group : m_groups)
+      group.panel->updateGeometry();
+  }
+  return m_layout ? m_layout->sizeHint() : QSize(0, 0);
+}
 
 // Also while the bar is hidden, when widgets do not hear of their sizes yet.
 void ToolBarContent::activate() {

@@ -79,7 +79,7 @@ private:
   };
 
   Group& group(const QString& name);
-  void noteChange(const Group& group);
+  void noteChange();
   void layOut(Group& group);
   void layOutAll();
   void createLayout();
