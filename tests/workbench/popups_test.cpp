@@ -100,6 +100,7 @@ private Q_SLOTS:
   void theFlyoutPreviewsAndAppliesAsOneStep() {
     PopupBench bench;
     QVERIFY(bench.show());
+    QCOMPARE(QApplication::focusWidget(), &bench.view());
     const auto before = bench.view().mesh().positions();
     QVERIFY(bench.openFlyout());
     QVERIFY(bench.flyout().isAncestorOf(QApplication::focusWidget()));
@@ -115,6 +116,7 @@ private Q_SLOTS:
     const auto expected = bench.view().shownMesh().positions();
     bench.press(Qt::Key_Return);
     QTRY_VERIFY(bench.isPlain());
+    QCOMPARE(QApplication::focusWidget(), &bench.view());
     QVERIFY(bench.view().mesh().positions() == expected);
     QCOMPARE(bench.view().document().undoStack()->count(), 1);
     QTRY_VERIFY(bench.command<UndoCommand>()->isEnabled());
@@ -204,7 +206,7 @@ private Q_SLOTS:
 
     bench.button<OpenMeshCommand>()->setFocus(Qt::TabFocusReason);
     QTRY_VERIFY(shownTooltip(bench));
-    QCOMPARE(shownTooltip(bench)->Title(), QStringLiteral("Open Mesh"));
+    QVERIFY(shownTooltip(bench)->Title().startsWith(QStringLiteral("Open")));
     const QRect place(shownTooltip(bench)->mapTo(&bench.window(), QPoint()), shownTooltip(bench)->size());
     QVERIFY2(bench.window().rect().contains(place),
              qPrintable(bench.command<PlacementOverlayCommand>()->overlay()->search().toString()));

@@ -43,7 +43,7 @@ bool PlacementOverlayCommand::onExecuteAsync(bool checked) {
 }
 
 PrintPlacementCommand::PrintPlacementCommand(MeshViewController* controller) : WorkbenchCommand(controller) {
-  setText(tr("&Print Placement"));
+  setText(tr("Pr&int Placement"));
   setShortcut(Qt::CTRL | Qt::ALT | Qt::Key_P);
   setStatusTip(tr("Print to the terminal why the last tooltip or flyout stands where it stands"));
   setBaseGroupName(LookSection);

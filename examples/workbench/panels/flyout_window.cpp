@@ -7,6 +7,7 @@
 #include <ui_base/popups/widget_pos_calculator.h>
 #include <vlk_common_res/styles.h>
 
+#include <QApplication>
 #include <QEvent>
 #include <QWidget>
 
@@ -29,6 +30,11 @@ public:
   void commandBegan(CommandBase*) override {
     if (m_window)
       m_window->open();
+  }
+  // Before the window hides, when Qt would hand the focus to whatever comes next.
+  void commandEnded(CommandBase*) override {
+    if (m_window)
+      m_window->returnFocus();
   }
 
 private:
@@ -66,9 +72,16 @@ FlyoutWindow::~FlyoutWindow() { delete m_window; }
 void FlyoutWindow::open() {
   if (!m_window)
     return;
+  m_focusBefore = QApplication::focusWidget();
   place();
   m_window->show();
   m_window->raise();
+}
+
+void FlyoutWindow::returnFocus() {
+  const QWidget* const focus = QApplication::focusWidget();
+  if (m_focusBefore && m_window && m_window->isAncestorOf(focus))
+    m_focusBefore->setFocus(Qt::OtherFocusReason);
 }
 
 void FlyoutWindow::place() {

@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QWidget>
 
 #include <functional>
 #include <memory>
@@ -41,10 +42,12 @@ private:
 
   void open();
   void place();
+  void returnFocus();
 
   const Opener m_opener;
   const QPointer<QWidget> m_corner;
   const QPointer<Vela::UiBase::ArrowedWindow> m_window;
+  QPointer<QWidget> m_focusBefore; // had the focus before the flyout was opened
   Vela::UiBase::WidgetPosCalculator* m_place;
   std::shared_ptr<Observer> m_observer;
 };
