@@ -52,7 +52,7 @@ void ToolButtonNestTest::arrowPointsToTheMenu() {
 void ToolButtonNestTest::buttonStandsInForTheExtendedOne_data() {
   QTest::addColumn<QString>("end");
   for (const char* end :
-       {"click", "Close", "escape", "outside", "off", "sub-button", "flyout", "menu", "other menu"})
+       {"click", "space", "Close", "escape", "outside", "off", "sub-button", "flyout", "menu", "other menu"})
     QTest::newRow(end) << end;
 }
 
@@ -73,6 +73,9 @@ void ToolButtonNestTest::buttonStandsInForTheExtendedOne() {
   stage.plain->click();
   QVERIFY(stage.subFlyout->isVisible());
   if (end == "click") {
+    stage.click(stage.menuButton);
+    QVERIFY(!stage.subBar->isVisible()); // closed, not opened again
+  } else if (end == "space") {
     stage.menuButton->setFocus();
     stage.key(Qt::Key_Space);
   } else if (end == "Close")

@@ -295,6 +295,7 @@ void ToolButtonWithButtonMenu::OnExitExtendMode() {
   if (!own()->inExtendMode)
     return;
   const QPointer<ToolButtonWithButtonMenu> self(this);
+  own()->noteClosing();
   if (!std::exchange(own()->menuCleared, true)) {
     for (ToolButton* const each : buttonsOf(OwningToolBar())) {
       each->SetLocked(false);

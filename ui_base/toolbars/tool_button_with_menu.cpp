@@ -70,6 +70,11 @@ bool ToolButtonWithMenuPrivate::popupHasFocus() const {
   return focus && watched && (focus == watched || watched->isAncestorOf(focus));
 }
 
+// Who closes menus on a press elsewhere may take the button for elsewhere; its click is not to open it again.
+void ToolButtonWithMenuPrivate::noteClosing() {
+  closedByPress = button->underMouse() && (QGuiApplication::mouseButtons() & Qt::LeftButton);
+}
+
 void ToolButtonWithMenuPrivate::enterByKeyboard() {
   if (!button->hasFocus() || !watched)
     return;
@@ -235,6 +240,7 @@ void ToolButtonWithMenu::HideMenuEx() {
 void ToolButtonWithMenu::MenuHidden() {
   if (!std::exchange(own()->closeOnHide, false))
     return;
+  own()->noteClosing();
   const QPointer<ToolButtonWithMenu> self(this);
   if (QWidget* const before = std::exchange(own()->focusBefore, nullptr); before && own()->popupHasFocus())
     before->setFocus(Qt::OtherFocusReason);
@@ -247,7 +253,7 @@ void ToolButtonWithMenu::MenuHidden() {
 }
 
 void ToolButtonWithMenu::nextCheckState() {
-  own()->openAtClick = own()->isOpen();
+  own()->openAtClick = own()->isOpen() || std::exchange(own()->closedByPress, false);
   ToolButton::nextCheckState();
 }
 
@@ -309,6 +315,13 @@ void ToolButtonWithMenu::hideEvent(QHideEvent* event) {
   d->leaveDyingToolBar();
   if (!event->spontaneous() && own()->closeOnHide && own()->anchor() == this)
     HideMenu();
+}
+
+void ToolButtonWithMenu::mouseReleaseEvent(QMouseEvent* event) {
+  const QPointer<ToolButtonWithMenu> self(this);
+  ToolButton::mouseReleaseEvent(event);
+  if (self)
+    own()->closedByPress = false;
 }
 
 void ToolButtonWithMenu::moveEvent(QMoveEvent* event) {

@@ -24,6 +24,8 @@ public:
   void watch(QWidget* popup);
   QPoint place() const;
   bool popupHasFocus() const;
+  /// The menu closes: looks whether a press on the button did it.
+  void noteClosing();
   /// Goes into a menu that was opened by keyboard.
   void enterByKeyboard();
 
@@ -35,6 +37,7 @@ public:
   QPointer<ToolButtonWithMenu> savedMenuOwner;
 
   bool openAtClick = false; // as the click that is being handled found it
+  bool closedByPress = false;
   QPointer<QWidget> watched;
   QPointer<QWidget> focusBefore;
 };

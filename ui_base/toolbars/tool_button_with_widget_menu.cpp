@@ -231,7 +231,10 @@ QWidget* ToolButtonWithWidgetMenu::ExtendController() const { return own()->exte
 
 void ToolButtonWithWidgetMenu::ClickedHandler() {
   if (std::exchange(own()->openAtClick, false)) {
+    const QPointer<ToolButtonWithWidgetMenu> self(this);
     HideMenu();
+    if (self)
+      d->endUnopenedFlyout(); // which the click has begun again
     return;
   }
   // It may have ended before its button was told to open the panel.
