@@ -8,7 +8,7 @@ packages_for() {
   case $1 in
     build)
       echo g++ cmake ninja-build ccache
-      echo qt6-base-dev qt6-svg-dev libtbb-dev libbenchmark-dev
+      echo qt6-base-dev qt6-svg-dev qt6-scxml-dev libtbb-dev libbenchmark-dev
       # assimp's package names zlib as a library to link without depending on it.
       echo libassimp-dev zlib1g-dev
       # What the programs need at run time besides the libraries: SVG icons, fonts with known metrics.

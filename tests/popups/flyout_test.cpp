@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <support/test_case.h>
 #include <ui_base/commands/flyout_command.h>
+#include <ui_base/popups/arrowed_window.h>
 #include <ui_base/popups/flyout_base.h>
 #include <ui_base/toolbars/tool_bar.h>
 #include <ui_base/toolbars/tool_button.h>
@@ -163,6 +164,7 @@ private Q_SLOTS:
   void keyboardAloneWorksTheFlyout();
   void escapeOfAListIsNotTheFlyouts();
   void busyFlyoutKeepsTheFocus();
+  void focusComesBackFromAHost();
   void subWidgetsStandBesideAndFollow();
   void openedAndClosedWithoutGrowth();
 };
@@ -390,6 +392,23 @@ void FlyoutTest::busyFlyoutKeepsTheFocus() {
   QVERIFY(stage.flyout->isVisible());
   stage.flyout->SetBusy(false);
   QVERIFY(stage.panel->edit->hasFocus());
+}
+
+void FlyoutTest::focusComesBackFromAHost() {
+  Stage stage;
+  ArrowedWindow host(&stage.window);
+  host.AttachWidget(stage.flyout);
+  for (const bool hideOnly : {false, true}) {
+    stage.field->setFocus();
+    host.show();
+    QVERIFY(stage.panel->spin->hasFocus());
+    if (hideOnly)
+      stage.flyout->hide();
+    else
+      stage.flyout->CloseMe();
+    QVERIFY(host.isHidden() && stage.field->hasFocus());
+  }
+  delete host.DetachWidget();
 }
 
 void FlyoutTest::subWidgetsStandBesideAndFollow() {

@@ -56,6 +56,7 @@ public:
   QPushButton* button(const QString& text, void (FlyoutBase::*action)());
   void dress();
   void updateEnabled();
+  void giveFocusBack();
   void watchEscape();
   void forgetEscape();
   bool holdsFocus() const;
@@ -149,6 +150,12 @@ void FlyoutBasePrivate::updateEnabled() {
     applyButton->setEnabled(applyEnabled && !busy);
   if (resetButton)
     resetButton->setEnabled(resetEnabled && !busy);
+}
+
+void FlyoutBasePrivate::giveFocusBack() {
+  const bool held = holdsFocus();
+  if (QWidget* const before = std::exchange(focusBefore, nullptr); before && held)
+    before->setFocus(Qt::OtherFocusReason);
 }
 
 void FlyoutBasePrivate::watchEscape() {
@@ -339,13 +346,19 @@ void FlyoutBase::showEvent(QShowEvent* event) {
   }
 }
 
+// Before a window that hosts it goes and hands the focus on.
+void FlyoutBase::setVisible(bool visible) {
+  if (!visible && isVisible())
+    d->giveFocusBack();
+  QWidget::setVisible(visible);
+}
+
 void FlyoutBase::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
   if (event->spontaneous())
     return;
   d->subWidgets.follow();
-  if (QWidget* const before = std::exchange(d->focusBefore, nullptr); before && d->holdsFocus())
-    before->setFocus(Qt::OtherFocusReason);
+  d->giveFocusBack();
 }
 
 void FlyoutBase::resizeEvent(QResizeEvent* event) {

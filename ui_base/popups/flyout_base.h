@@ -73,6 +73,8 @@ public:
   bool IsBusy() const;
   void SetBusy(bool busy);
 
+  void setVisible(bool visible) override;
+
 public Q_SLOTS:
   /// What the buttons do; also for programs.
   void Apply();

@@ -87,6 +87,7 @@ void ToolBar::Initialize(Qt::ToolBarArea area, int autoPositionInterval, bool hi
   d->autoPositionTimer->setSingleShot(true);
   d->autoPositionTimer->setInterval(autoPositionInterval);
   connect(d->autoPositionTimer, &QTimer::timeout, this, &ToolBar::OnAutoPosition);
+  d->InitializeStateMachine();
   d->InitializeResizeTimer();
   connect(this, &ToolBar::ButtonMenuVisibilityChange, this,
           [this](ToolButton* button, bool visible) { d->onMenuVisibilityChange(button, visible); });

@@ -9,6 +9,8 @@
 #include <QActionEvent>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QState>
+#include <QStateMachine>
 
 #include <algorithm>
 #include <utility>
@@ -40,6 +42,14 @@ void ToolBarPrivate::InitializeResizeTimer() {
   resizeTimer->setSingleShot(true);
   resizeTimer->setInterval(menuFollowTime);
   QObject::connect(resizeTimer, &QTimer::timeout, toolBar, &ToolBar::OnResizeTimerTimeOut);
+}
+
+void ToolBarPrivate::InitializeStateMachine() {
+  stateMachine = new QStateMachine(toolBar);
+  auto* const initial = new QState;
+  stateMachine->addState(initial);
+  stateMachine->setInitialState(initial);
+  stateMachine->start();
 }
 
 // --- buttons

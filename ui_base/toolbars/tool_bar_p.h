@@ -16,6 +16,8 @@
 #include <QSet>
 #include <QTimer>
 
+class QStateMachine;
+
 namespace Vela::UiBase {
 
 class CachedShadowEffect;
@@ -107,6 +109,8 @@ public:
   ToolBarKeys keys;
   QTimer* autoPositionTimer = nullptr;
   QTimer* resizeTimer = nullptr;
+  /// Runs, with one state of its own; subclasses may add theirs.
+  QStateMachine* stateMachine = nullptr;
   QPointer<QPropertyAnimation> animation;
   int animationDuration = 300; // ms
   bool inShowMode = false;
@@ -129,6 +133,7 @@ public:
 
 private:
   void InitializeResizeTimer();
+  void InitializeStateMachine();
   friend class ToolBar;
 };
 
