@@ -44,6 +44,7 @@ ImageViewerToolBar::ImageViewerToolBar(QWidget* parent) : QWidget(parent) {
                 tr("<html><head/><body><p>Previous image<br/>Shortcut: &lt;</p></body></html>"));
   m_next = addButton(*row, QStringLiteral("next_button"), QStringLiteral("next"), tr("Next image"),
                      tr("<html><head/><body><p>Next image<br/>Shortcut: &gt;</p></body></html>"));
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   QMetaObject::connectSlotsByName(this);
   wearToolkitLook(*this);
 }

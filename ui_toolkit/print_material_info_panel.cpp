@@ -155,6 +155,7 @@ PrintMaterialInfoPanel::PrintMaterialInfoPanel(QWidget* parent)
   setAccessibleName(tr("Volume info"));
   setContextMenuPolicy(Qt::ActionsContextMenu);
   setFocusPolicy(Qt::TabFocus);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
   wearToolkitLook(*this);
 }
 

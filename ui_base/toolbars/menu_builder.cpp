@@ -284,6 +284,7 @@ void MenuBuilder::SetMenuBarItemStyle(QSharedPointer<QToolButton>& item, bool sp
   item->setAutoRaise(true);
   item->setPopupMode(split ? QToolButton::MenuButtonPopup : QToolButton::InstantPopup);
   item->setStyleSheet(Styles::Instance().Separator());
+  item->setFont(Styles::Instance().FontLabel()); // that of the menus
 }
 
 bool MenuBuilder::eventFilter(QObject* watched, QEvent* event) {
