@@ -40,10 +40,11 @@ void ToolBarMenuWatch::setWatching(bool watch) {
     QCoreApplication::instance()->removeEventFilter(this);
 }
 
-// What belongs to another window, such as a drop-down list, is none of the toolbar's business. A press that
-// nobody takes comes by once for each ancestor: what counts is where it was.
+// What belongs to another window, such as a drop-down list, is none of the toolbar's business, nor are
+// presses that buttons hand on. A press that nobody takes comes by once for each ancestor: what counts is
+// where it was.
 bool ToolBarMenuWatch::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::MouseButtonPress || !watched->isWidgetType())
+  if (event->type() != QEvent::MouseButtonPress || !event->spontaneous() || !watched->isWidgetType())
     return false;
   const QWidget* const window = static_cast<QWidget*>(watched)->window();
   if (window != m_toolBar.window())
@@ -55,10 +56,12 @@ bool ToolBarMenuWatch::eventFilter(QObject* watched, QEvent* event) {
   return false;
 }
 
+// The whole nest: what a press on another toolbar of it closes is for its buttons to say.
 bool ToolBarMenuWatch::isInside(const QWidget& widget) const {
-  if (holds(&m_toolBar, widget))
+  const ToolBar& base = *m_toolBar.GetBaseToolBar();
+  if (holds(&m_toolBar, widget) || holds(&base, widget))
     return true;
-  const QList<ToolButtonWithMenu*> buttons = m_toolBar.MenuButtons(true);
+  const QList<ToolButtonWithMenu*> buttons = base.MenuButtons(true);
   return std::any_of(buttons.cbegin(), buttons.cend(), [&widget](const ToolButtonWithMenu* button) {
     const QWidget* const menu = button->GetMenu();
     const auto* const hosting = qobject_cast<const ToolButtonWithWidgetMenu*>(button);
