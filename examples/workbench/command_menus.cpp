@@ -27,7 +27,9 @@ CommandMenus::CommandMenus(QMenuBar& bar) {
   addSection(view, PageSection, false);
   addSection(view, ViewSection, false);
   addSection(view, LookSection, true);
-  addSection(bar.addMenu(tr("&Photograph")), PhotoSection, true);
+  QMenu* const photograph = bar.addMenu(tr("&Photograph"));
+  photograph->menuAction()->setVisible(false); // its commands come when their page is seen first
+  addSection(photograph, PhotoSection, true);
   addSection(bar.addMenu(tr("&Help")), HelpSection, true);
 }
 
@@ -47,6 +49,7 @@ void CommandMenus::insert(const Section& section, CommandBase& command, const QS
   const auto* const group = dynamic_cast<const CommandGroup*>(&command);
   if (!group) {
     section.menu->insertAction(section.end, &command);
+    section.menu->menuAction()->setVisible(true);
     m_actions.insert(id, &command);
   } else if (!group->text().isEmpty()) {
     m_actions.insert(id, addGroupMenu(*section.menu, section.end, *group)->menuAction());

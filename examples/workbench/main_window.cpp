@@ -86,8 +86,8 @@ void MainWindow::connectEvents() {
 }
 
 void MainWindow::showPage() {
-  m_numbers->setVisible(m_pages->current() == MeshPage);
-  statusBar()->clearMessage(); // of the other page
+  // The photographs have their figures on their page.
+  statusBar()->setVisible(m_pages->current() == MeshPage);
   showFileName();
 }
 

@@ -294,7 +294,7 @@ private Q_SLOTS:
         own += entry->text().at(at + 1);
       }
     }
-    QCOMPARE(entries, 28);
+    QCOMPARE(entries, 31);
   }
 
   void quits() {

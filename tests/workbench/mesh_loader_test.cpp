@@ -137,7 +137,7 @@ private Q_SLOTS:
       QVERIFY(isMeshFileName(QString::fromLatin1(name)));
     for (const char* name : {"", "obj", "a.obj.txt", "a.blend"})
       QVERIFY(!isMeshFileName(QString::fromLatin1(name)));
-    QVERIFY(meshNameFilter().contains(QLatin1String("*.off")));
+    QVERIFY(meshNamePatterns().contains(QLatin1String("*.off")));
   }
 
 private:

@@ -40,7 +40,7 @@ PhotoCommand::PhotoCommand(PhotoViewController* controller, EPhotoAction action)
     break;
   default:
     describe(tr("&Close Photograph"), "close", tr("Take the photograph out of the row; its file stays"));
-    setShortcut(QKeySequence::Close);
+    setShortcut(Qt::CTRL | Qt::Key_W);
     break;
   }
 }

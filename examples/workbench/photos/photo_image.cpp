@@ -12,7 +12,7 @@ namespace Workbench {
 namespace {
 
 constexpr int SmallestLevel = 256; // px, the longer side
-constexpr double PixelZoom = 2;    // from here on pixels are shown as such
+constexpr double PixelSize = 4;    // px, from here on pixels are shown as such
 
 // In the form that is drawn fastest, and in the colours of the screen.
 QImage forScreen(const QImage& image) {
@@ -55,7 +55,7 @@ void PhotoImage::paint(QPainter& painter, const PhotoViewport& viewport) const {
   const double scaleX = level.width() / whole.width();
   const double scaleY = level.height() / whole.height();
   const QPointF from = seen.topLeft() - whole.topLeft();
-  const bool asPixels = viewport.zoom() == 1 || viewport.zoom() >= PixelZoom;
+  const bool asPixels = viewport.zoom() == 1 || viewport.zoom() >= PixelSize * viewport.devicePixelRatio();
   painter.setRenderHint(QPainter::SmoothPixmapTransform, !asPixels);
   painter.drawImage(seen, level,
                     {from.x() * scaleX, from.y() * scaleY, seen.width() * scaleX, seen.height() * scaleY});

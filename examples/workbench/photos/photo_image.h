@@ -28,7 +28,7 @@ public:
   QSize size() const { return isNull() ? QSize() : m_levels.constFirst().size(); }
   /// The smallest version that has a pixel for each device pixel at that zoom.
   const QImage& levelFor(double zoom) const;
-  /// Draws what is seen of it. From twice its original size on its pixels are seen as such.
+  /// Draws what is seen of it; its pixels as such once they are large enough to be told apart.
   void paint(QPainter& painter, const PhotoViewport& viewport) const;
 
 private:

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "photo_view.h"
 
+#include <vlk_common_res/styles.h>
 #include <workbench/photos/photo_footer.h>
-#include <workbench/render/render_style.h>
 #include <workbench/view_hint.h>
 
 #include <QContextMenuEvent>
@@ -13,9 +13,18 @@
 #include <cmath>
 
 namespace Workbench {
+
+using Vela::Resource::Styles;
+
 namespace {
 
 constexpr int ProgressHeight = 3; // px
+
+// Without a tint, which would change how the colours of the photograph are seen.
+QColor backdrop(const QPalette& palette) {
+  const bool dark = Styles::suitablePalette(palette) == Vela::Resource::Dark;
+  return dark ? QColor(0x1a, 0x1a, 0x1a) : QColor(0xd6, 0xd6, 0xd6);
+}
 
 } // namespace
 
@@ -115,7 +124,7 @@ void PhotoView::paintEvent(QPaintEvent*) {
     updateCanvas(); // on another screen
   QPainter painter(this);
   const QRect canvas = canvasRect();
-  painter.fillRect(canvas, RenderStyle::forPalette(palette()).backgroundBottom);
+  painter.fillRect(canvas, backdrop(palette()));
   painter.setClipRect(canvas);
   if (!m_document.photo().isNull())
     m_document.photo().paint(painter, m_viewport);

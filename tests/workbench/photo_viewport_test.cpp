@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <workbench/photos/photo_viewport.h>
+
+using namespace Workbench;
+
+namespace {
+
+PhotoViewport viewportOf(const QSize& photo, const QSizeF& canvas, qreal ratio = 1) {
+  PhotoViewport viewport;
+  viewport.setCanvas(canvas, ratio);
+  viewport.setPhoto(photo);
+  return viewport;
+}
+
+} // namespace
+
+class PhotoViewportTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void showsAllOfThePhotographAtFirst_data() {
+    QTest::addColumn<QSize>("photo");
+    QTest::addColumn<qreal>("ratio");
+    QTest::addColumn<double>("zoom");
+    QTest::addColumn<double>("least");
+    QTest::addColumn<double>("most");
+    QTest::addColumn<QRectF>("rect");
+    QTest::newRow("wide") << QSize(4000, 1000) << 1.0 << 0.1 << 0.1 << 16.0 << QRectF(0, 100, 400, 100);
+    QTest::newRow("tall") << QSize(1000, 6000) << 1.0 << 0.05 << 0.05 << 16.0 << QRectF(175, 0, 50, 300);
+    QTest::newRow("twice as sharp") << QSize(4000, 1000) << 2.0 << 0.2 << 0.2 << 16.0
+                                    << QRectF(0, 100, 400, 100);
+    QTest::newRow("small") << QSize(200, 100) << 1.0 << 2.0 << 1.0 << 16.0 << QRectF(0, 50, 400, 200);
+    QTest::newRow("tiny") << QSize(4, 3) << 1.0 << 100.0 << 1.0 << 100.0 << QRectF(0, 0, 400, 300);
+    QTest::newRow("none") << QSize() << 1.0 << 1.0 << 1.0 << 16.0 << QRectF();
+  }
+  void showsAllOfThePhotographAtFirst() {
+    QFETCH(QSize, photo);
+    QFETCH(qreal, ratio);
+    const PhotoViewport viewport = viewportOf(photo, {400, 300}, ratio);
+    QVERIFY(viewport.isFit() && !viewport.canPan());
+    QTEST(viewport.zoom(), "zoom");
+    QTEST(viewport.leastZoom(), "least");
+    QTEST(viewport.mostZoom(), "most");
+    QTEST(viewport.photoRect(), "rect");
+  }
+
+  void theAnchorKeepsItsPlaceUpToTheLimits() {
+    PhotoViewport viewport = viewportOf({4000, 3000}, {400, 300}, 2);
+    const QPointF anchor(310, 95);
+    const QPointF seen = viewport.photoPoint(anchor);
+    bool wasOriginal = false;
+    for (int step = 0; viewport.canZoomIn(); ++step) {
+      QVERIFY(step < 30);
+      viewport.zoomAt(PhotoViewport::ZoomStep, anchor);
+      wasOriginal = wasOriginal || viewport.zoom() == 1;
+      QVERIFY((viewport.photoPoint(anchor) - seen).manhattanLength() < 1e-6);
+    }
+    QVERIFY(wasOriginal);
+    QCOMPARE(viewport.zoom(), 16.0);
+    while (viewport.canZoomOut())
+      viewport.zoomAt(1 / PhotoViewport::ZoomStep, anchor);
+    QVERIFY(viewport.isFit());
+    viewport.setCanvas({800, 600}, 1);
+    QCOMPARE(viewport.photoRect(), QRectF(0, 0, 800, 600));
+  }
+
+  void theEdgesStayAtTheEdgesOfTheView() {
+    PhotoViewport viewport = viewportOf({1000, 200}, {400, 300});
+    viewport.showOriginalSize(viewport.middle());
+    QVERIFY(viewport.canPan());
+    viewport.pan({5000, 5000});
+    QCOMPARE(viewport.photoRect(), QRectF(0, 50, 1000, 200));
+    viewport.pan({-5000, 0});
+    QCOMPARE(viewport.photoRect(), QRectF(-600, 50, 1000, 200));
+    viewport.setCanvas({700, 100}, 1);
+    QCOMPARE(viewport.zoom(), 1.0);
+    QCOMPARE(viewport.photoRect().right(), 700.0);
+  }
+};
+
+VELA_TEST_MAIN(PhotoViewportTest)
+#include "photo_viewport_test.moc"
