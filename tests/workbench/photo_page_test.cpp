@@ -12,10 +12,8 @@
 #include <workbench/pages/workbench_pages.h>
 #include <workbench/photos/photo_view.h>
 
-#include <QDropEvent>
 #include <QImageWriter>
 #include <QLabel>
-#include <QMimeData>
 #include <QToolButton>
 #include <QWheelEvent>
 
@@ -66,15 +64,6 @@ public:
   QColor colorAt(const QPoint& position) {
     const QImage image = photos().grab().toImage();
     return image.pixelColor(position * photos().devicePixelRatioF());
-  }
-  void dropHere(const QStringList& files) {
-    QMimeData data;
-    QList<QUrl> urls;
-    for (const QString& file : files)
-      urls += QUrl::fromLocalFile(file);
-    data.setUrls(urls);
-    QDropEvent dropped(photos().rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&photos(), &dropped);
   }
   QString message() {
     const auto* const bar = photos().findChild<Vela::UiBase::NotificationBar*>();
@@ -189,7 +178,7 @@ private Q_SLOTS:
     QVERIFY(bench.show({bench.photo("a.png", {300, 200})}));
     bench.press(Qt::Key_O);
     const double zoom = bench.photos().viewport().zoom();
-    bench.dropHere({bench.write("letter.txt", "Dear Sir"), bench.path("missing.png")});
+    bench.drop({bench.write("letter.txt", "Dear Sir"), bench.path("missing.png")}, &bench.photos());
     QTRY_VERIFY(!bench.document().isLoading());
     QVERIFY2(bench.message().contains("letter.txt"), qPrintable(bench.message()));
     QVERIFY2(bench.message().contains("known format"), qPrintable(bench.message()));
@@ -197,7 +186,7 @@ private Q_SLOTS:
     QCOMPARE(bench.document().count(), 1);
     QCOMPARE(bench.photos().viewport().zoom(), zoom);
 
-    bench.dropHere({bench.write("b.jpg", "no picture"), bench.photo("c.png", {20, 10})});
+    bench.drop({bench.write("b.jpg", "no picture"), bench.photo("c.png", {20, 10})}, &bench.photos());
     QTRY_COMPARE(bench.name(), "c.png");
   }
 
@@ -223,7 +212,7 @@ private Q_SLOTS:
     bench.press(Qt::Key_2, Qt::AltModifier);
     QVERIFY(bench.isShown());
     QCOMPARE(bench.photos().viewport(), viewport);
-    bench.dropHere({mesh});
+    bench.drop({mesh}, &bench.photos());
     QTRY_VERIFY(bench.view().isVisible());
   }
 

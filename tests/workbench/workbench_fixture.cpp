@@ -80,24 +80,25 @@ bool WorkbenchFixture::chooseFile(const QString& path) {
   return QTest::qWaitFor([&dialog] { return !dialog; });
 }
 
-void WorkbenchFixture::drop(const QStringList& files) {
+void WorkbenchFixture::drop(const QStringList& files, QWidget* target) {
+  QWidget* const on = target ? target : &view();
   QMimeData data;
   QList<QUrl> urls;
   for (const QString& file : files)
     urls += QUrl::fromLocalFile(file);
   data.setUrls(urls);
-  const QPoint middle = view().rect().center();
+  const QPoint middle = on->rect().center();
   QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-  QCoreApplication::sendEvent(&view(), &enter);
+  QCoreApplication::sendEvent(on, &enter);
   QDragMoveEvent move(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-  QCoreApplication::sendEvent(&view(), &move);
+  QCoreApplication::sendEvent(on, &move);
   if (!enter.isAccepted() || !move.isAccepted()) {
     QDragLeaveEvent leave;
-    QCoreApplication::sendEvent(&view(), &leave);
+    QCoreApplication::sendEvent(on, &leave);
     return;
   }
   QDropEvent dropped(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-  QCoreApplication::sendEvent(&view(), &dropped);
+  QCoreApplication::sendEvent(on, &dropped);
 }
 
 QString WorkbenchFixture::notification() {

@@ -44,7 +44,8 @@ public:
   QFileDialog* fileDialog();
   /// Types a path into the file dialog and accepts it.
   bool chooseFile(const QString& path);
-  void drop(const QStringList& files);
+  /// On the mesh view unless told.
+  void drop(const QStringList& files, QWidget* target = nullptr);
 
   /// What the notification over the view says; empty when there is none.
   QString notification();
