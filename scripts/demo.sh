@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Builds the workbench and opens a mesh in it: the named files, or a sample scan that is downloaded first. Without a
-# display it runs offscreen and writes screenshots.
+# Builds the workbench and opens meshes and photographs in it: the named files, or a sample scan and two photographs
+# that are downloaded first. Without a display it runs offscreen and writes screenshots.
 # Usage: scripts/demo.sh [FILE]...
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
@@ -39,7 +39,8 @@ fi
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
   if [ "${sampled:-false}" = true ]; then
     say "More samples: ${files[*]:1}"
-    files=("${files[0]}")
+    # The page of what is named last is seen first.
+    files=("${files[@]: -2}" "${files[0]}")
   fi
   exec "$workbench" "${files[@]}"
 fi
