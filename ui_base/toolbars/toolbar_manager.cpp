@@ -5,6 +5,7 @@
 #include "tool_bar.h"
 
 #include <ui_base/commands/command_group.h>
+#include <ui_base/core/live_pointer.h>
 
 #include <QEvent>
 #include <QIcon>
@@ -23,7 +24,7 @@ namespace {
 constexpr int gatheringTime = 200; // ms
 
 struct DynamicToolbar {
-  QPointer<ToolBar> toolbar;
+  LivePointer<ToolBar> toolbar;
   bool inUse = false;
 };
 
@@ -43,7 +44,7 @@ class ToolbarManagerPrivate {
 public:
   QList<DynamicToolbar> dynamicToolbars;
   QPoint anchor;
-  QPointer<ToolBar> mainToolbar;
+  LivePointer<ToolBar> mainToolbar;
   QList<QPointer<QLabel>> separators;
   int separatorSize = 2;
   PendingGroupStates pendingStates;
