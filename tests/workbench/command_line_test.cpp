@@ -73,6 +73,18 @@ private Q_SLOTS:
     QCOMPARE(QImage(path("one.png")), QImage(path("two.png")));
   }
 
+  void savesAPhotograph() {
+    QImage image(40, 30, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QVERIFY(image.save(path("red.png")));
+    const QString mesh = write("blob.off", Test::offFile(Test::blob(20)));
+    QCOMPARE(run({mesh, path("red.png"), "--screenshot", path("photo.png"), "--size", "300x240"}).status, 0);
+    QCOMPARE(QImage(path("photo.png")).pixelColor(150, 100), QColor(Qt::red));
+    const Outcome bad = run({write("letter.jpg", "Dear Sir"), "--screenshot", path("photo.png")});
+    QCOMPARE(bad.status, 1);
+    QVERIFY2(bad.errors.contains("letter.jpg: It is no picture"), qPrintable(bad.errors));
+  }
+
   void aBadFileIsNamedWithTheReason_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("content");

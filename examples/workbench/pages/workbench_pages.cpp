@@ -18,8 +18,7 @@ WorkbenchPages::WorkbenchPages(MeshViewController& mesh, PhotoViewController& ph
   connect(&events, &MeshViewEvents::photosAsked, this, &WorkbenchPages::openPhotos);
   connect(&events, &MeshViewEvents::openStarted, this, [this] { show(MeshPage); });
   connect(&photos.events(), &PhotoViewEvents::filesDropped, this, &WorkbenchPages::openDropped);
-  connect(&photos.events(), &PhotoViewEvents::shownChanged, this,
-          [this](bool shown) { setCurrent(shown ? PhotoPage : MeshPage); });
+  connect(&photos.events(), &PhotoViewEvents::shownChanged, this, &WorkbenchPages::updateCurrent);
 }
 
 void WorkbenchPages::show(EPage page) {
@@ -31,10 +30,11 @@ void WorkbenchPages::show(EPage page) {
     m_photos.dismissViewController();
 }
 
-// The view may be hidden with its window.
-void WorkbenchPages::setCurrent(EPage page) {
+// A page whose window is hidden or minimised stays the current one.
+void WorkbenchPages::updateCurrent() {
   const PhotoView* const view = m_photos.photoView();
-  if (page == m_current || !view || !view->window()->isVisible())
+  const EPage page = view && !view->isHidden() ? PhotoPage : MeshPage;
+  if (page == m_current)
     return;
   m_current = page;
   m_mesh.setPageShown(page == MeshPage);

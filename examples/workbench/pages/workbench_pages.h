@@ -38,7 +38,7 @@ Q_SIGNALS:
   void currentChanged();
 
 private:
-  void setCurrent(EPage page);
+  void updateCurrent();
   void openPhotos(const QStringList& files);
   void openDropped(const QStringList& files);
 
