@@ -103,7 +103,7 @@ private:
 
 void HitSearch::add(std::size_t triangle) {
   const Mesh::Triangle& indices = m_mesh.triangles()[triangle];
-  const double plate = double(m_mesh.bounds().min.y());
+  const auto plate = double(m_mesh.bounds().min.y());
   std::array<Corner, 3> corners;
   for (std::size_t i = 0; i < 3; ++i) {
     const QVector3D& p = m_mesh.positions()[indices[i]];
@@ -130,7 +130,7 @@ void HitSearch::addColumns(const std::array<Corner, 3>& corners, bool entering, 
   const auto middle = [](std::int64_t column) { return column * Columns::Steps + Columns::Steps / 2; };
   const auto [minX, maxX] = std::minmax({a.x, b.x, c.x});
   const auto [minZ, maxZ] = std::minmax({a.z, b.z, c.z});
-  const double area = double(turn(a, b, c));
+  const auto area = double(turn(a, b, c));
   for (std::int64_t z = columnFrom(minZ); middle(z) <= maxZ; ++z) {
     for (std::int64_t x = columnFrom(minX); middle(x) <= maxX; ++x) {
       const Columns::Point p{middle(x), middle(z)};

@@ -33,7 +33,9 @@ void WorkbenchPages::show(EPage page) {
 // A page whose window is hidden or minimised stays the current one.
 void WorkbenchPages::updateCurrent() {
   const PhotoView* const view = m_photos.photoView();
-  const EPage page = view && !view->isHidden() ? PhotoPage : MeshPage;
+  if (!view)
+    return;
+  const EPage page = view->isHidden() ? MeshPage : PhotoPage;
   if (page == m_current)
     return;
   m_current = page;

@@ -77,7 +77,7 @@ QImage readImage(const QString& fileName, const Progress& progress) {
     throw PhotoLoadError(fileName, PhotoText::tr("The picture is too large: %1 × %2 pixels.")
                                        .arg(reader.size().width())
                                        .arg(reader.size().height()));
-  const QImage image = reader.read();
+  QImage image = reader.read();
   if (progress.isStopRequested())
     throw OperationCancelled();
   if (image.isNull())
@@ -95,7 +95,9 @@ QStringList suffixes() {
 } // namespace
 
 PhotoLoadError::PhotoLoadError(const QString& fileName, const QString& reason)
-    : std::runtime_error(reason.toStdString()), m_fileName(fileName), m_reason(reason) {}
+    : std::runtime_error(QStringLiteral("%1: %2").arg(fileName, reason).toStdString()),
+      m_fileName(fileName),
+      m_reason(reason) {}
 
 QString PhotoLoadError::message() const {
   return PhotoText::tr("Cannot open “%1”. %2").arg(QFileInfo(m_fileName).fileName(), m_reason);
