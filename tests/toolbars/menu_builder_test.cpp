@@ -118,6 +118,15 @@ private Q_SLOTS:
     QCOMPARE(button->maximumSize(), button->minimumSize());
   }
 
+  void whatComesAfterASpaceWithoutAWidthStandsAtTheFarEnd() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    QVERIFY(screen.builder->AddSeparator(false, -1));
+    screen.builder->AddMenuBarItem(id("end"), QIcon(), id("End"));
+    QTRY_COMPARE(screen.item("end")->geometry().right(), screen.builder->MenuBar()->rect().right());
+    QCOMPARE(screen.item("help")->width(), 50);
+  }
+
   void theMouseOpensMovesAlongAndCloses() {
     Screen screen;
     QVERIFY(screen.isReady());

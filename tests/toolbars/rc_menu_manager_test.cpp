@@ -5,6 +5,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QToolButton>
 
@@ -74,6 +75,19 @@ private Q_SLOTS:
     QCOMPARE(screen.manager.FindButton(QStringLiteral("&Push")), screen.pushButton);
     QCOMPARE(screen.manager.GetMenu(screen.toolButton), &screen.toolMenu);
     QVERIFY(!screen.manager.FindButton(QStringLiteral("none")) && !screen.manager.GetMenu(nullptr));
+  }
+
+  void aMenuThatHasNoRoomBelowOpensAbove() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    const QRect desktop = screen.window.screen()->availableGeometry();
+    screen.window.move(100, desktop.bottom() - 60);
+    connect(&screen.toolMenu, &QMenu::aboutToShow, &screen.toolMenu,
+            [&] { screen.toolMenu.addAction(QStringLiteral("&Third")); });
+    screen.click(screen.toolButton);
+    QVERIFY(screen.toolMenu.isVisible());
+    const int top = screen.toolButton->mapToGlobal(QPoint()).y();
+    QCOMPARE(screen.toolMenu.geometry().bottom() + 1, top - 5);
   }
 
   void theStyleIsRestoredHoweverTheMenuCloses_data() {

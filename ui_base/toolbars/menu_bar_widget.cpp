@@ -62,10 +62,19 @@ void MenuBarWidget::insertSeparator(int index, bool line, int width) {
     const auto dress = [separator] { separator->setStyleSheet(Styles::Instance().Separator()); };
     connect(&Styles::Instance(), &Styles::changed, separator, dress);
     dress();
-  } else {
-    separator->setFixedWidth(std::max(0, width));
+  } else if (width >= 0) {
+    separator->setFixedWidth(width);
   }
   insertWidget(index, separator);
+  if (!line && width < 0)
+    takeRoom(separator);
+}
+
+void MenuBarWidget::takeRoom(QWidget* widget) {
+  const int end = m_layout->count() - 1;
+  m_layout->itemAt(end)->spacerItem()->changeSize(0, 0, QSizePolicy::Fixed);
+  m_layout->setStretch(end, 0);
+  m_layout->setStretchFactor(widget, 1);
 }
 
 void MenuBarWidget::removeItem(QToolButton* item) {

@@ -21,6 +21,7 @@ public:
 
   /// @param index among items and separators; one that is out of range stands for the end.
   void insertItem(int index, const QSharedPointer<QToolButton>& item);
+  /// @param width of a space, in pixels; negative for all the room that is left.
   void insertSeparator(int index, bool line, int width);
   /// Takes an item out of the row.
   void removeItem(QToolButton* item);
@@ -40,6 +41,7 @@ Q_SIGNALS:
 
 private:
   void insertWidget(int index, QWidget* widget);
+  void takeRoom(QWidget* widget);
 
   QHBoxLayout* const m_layout;
   QList<QWeakPointer<QToolButton>> m_items; // in the order they were made

@@ -119,8 +119,9 @@ public:
                                 const char* slot, int index = -1);
   void SetMenuBarToggleItemState(const QString& name, bool isOn);
 
-  /// A separator at the end: a line, or a space of `width` pixels. @return false, and none is added, when no
-  /// item is before it.
+  /// A separator at the end: a line, or a space of `width` pixels. A space of a negative width takes all the
+  /// room there is, so that what comes after it stands at the far end of the bar. @return false, and none is
+  /// added, when no item is before it.
   bool AddSeparator(bool line = true, int width = 8);
   /// @}
 

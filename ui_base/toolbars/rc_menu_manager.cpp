@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 #include <QToolButton>
 
@@ -31,6 +32,15 @@ QVariant styleOf(const QAbstractButton& button, const QString& property) {
 void wear(QAbstractButton& button, const QString& property) {
   if (styleOf(button, RCMenuManager::BUTTON_ALTERNATE_STYLE).isValid())
     button.setStyleSheet(styleOf(button, property).toString());
+}
+
+/// Below the button, or above it where the screen ends.
+QPoint positionFor(const QAbstractButton& button, const QMenu& menu, int gap) {
+  const QPoint below = button.mapToGlobal(QPoint(0, button.height() + gap));
+  const QRect screen = button.screen()->availableGeometry();
+  const int height = menu.sizeHint().height();
+  const int above = button.mapToGlobal(QPoint()).y() - gap - height;
+  return below.y() + height > screen.bottom() + 1 && above >= screen.top() ? QPoint(below.x(), above) : below;
 }
 
 bool isOpeningKey(int key) {
@@ -125,7 +135,13 @@ void RCMenuManagerPrivate::open(QAbstractButton* button, bool byKeyboard) {
   if (!guard || !menu)
     return;
   // A menu is a window: its position is global.
-  menu->popup(button->mapToGlobal(QPoint(0, button->height() + menuGap)));
+  menu->popup(positionFor(*button, *menu, menuGap));
+  if (!menu)
+    return;
+  // Entries that came just now may have no room below.
+  if (const QPoint place = positionFor(*button, *menu, menuGap);
+      place.y() < button->mapToGlobal(QPoint()).y())
+    menu->move(menu->x(), place.y());
   menu->raise();
   if (byKeyboard)
     menu->setActiveAction(firstEntry(*menu));
@@ -218,7 +234,8 @@ bool RCMenuManagerPrivate::filterButton(RCMenuLink& pair, QEvent& event) {
 
 bool RCMenuManagerPrivate::filterMenuPress(RCMenuLink& pair, const QMouseEvent& event) {
   // A press on the button closes its menu, and must not reach the button and open it again.
-  const bool onButton = holdsPoint(*pair.button, event.globalPosition().toPoint());
+  const QPoint at = event.globalPosition().toPoint();
+  const bool onButton = holdsPoint(*pair.button, at) && !menuHoldsPoint(*pair.menu, at);
   pair.menu->setAttribute(Qt::WA_NoMouseReplay, onButton);
   if (onButton)
     q->CloseMenu(pair.button);

@@ -44,7 +44,8 @@ public:
   static const QString BUTTON_ALTERNATE_STYLE;
 
   /// @param mainWindow moving, resizing or hiding it closes the menus; not owned, may be null.
-  /// @param menuGap pixels between a button's bottom edge and its menu.
+  /// @param menuGap pixels between a button's bottom edge and its menu; its top edge when the menu has only
+  /// room above.
   /// @param autoHide whether menus close by themselves when the pointer has left.
   RCMenuManager(QMainWindow* mainWindow, int menuGap, bool autoHide, QObject* parent = nullptr);
   /// Stops.
