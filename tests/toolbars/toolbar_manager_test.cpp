@@ -170,12 +170,24 @@ private Q_SLOTS:
     QCOMPARE(row.bar(0)->size(), row.bar(0)->sizeHint());
   }
 
-  void whatIsAddedToAGroupComesWithIt() {
+  void toolbarHoldsWhatItsGroupHoldsWhenItBegins() {
     Row row;
-    row.groups[0]->addCommand(namedCommand(QStringLiteral("late")), 9);
-    row.begin(0);
-    QTRY_VERIFY(!row.bar(0)->isHidden());
-    QVERIFY(row.manager->findDynamicCommand(QStringLiteral("late")));
+    row.groups[0]->addCommand(namedCommand(QStringLiteral("late")), -1);
+    row.groups[0]->removeCommand(QStringLiteral("group 0 0"));
+    row.manager->removeDynamicCommand(row.groups[1]->getCommand(QStringLiteral("group 1 0")));
+    row.groups.push_back(namedGroup("empty", 0));
+    row.manager->addDynamicCommandGroup(row.groups[3].get());
+    row.groups[3]->addCommand(namedCommand(QStringLiteral("first")), 0);
+    for (const int i : {0, 1, 3})
+      row.begin(i);
+    QTRY_VERIFY(row.bar(3) && !row.bar(3)->isHidden());
+    const QList<ToolButton*> buttons = row.bar(0)->Buttons();
+    QCOMPARE(buttons.size(), 2);
+    QCOMPARE(buttons.constFirst()->Action()->text(), QStringLiteral("late"));
+    QVERIFY2(!row.manager->findDynamicCommand(QStringLiteral("group 1 0")), "it was removed by hand");
+    QVERIFY(row.manager->findDynamicCommand(QStringLiteral("first")));
+    row.manager->addDynamicCommandGroup(row.groups[1].get());
+    QVERIFY(row.manager->findDynamicCommand(QStringLiteral("group 1 0")));
   }
 
   void groupsMayDieBeforeTheyAreShown() {

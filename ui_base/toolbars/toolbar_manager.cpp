@@ -2,9 +2,10 @@
 #include "toolbar_manager.h"
 
 #include "pending_group_states.h"
-#include "tool_bar.h"
+#include "tool_bar_p.h"
 
 #include <ui_base/commands/command_group.h>
+#include <ui_base/commands/command_walk.h>
 #include <ui_base/core/live_pointer.h>
 
 #include <QEvent>
@@ -12,6 +13,7 @@
 #include <QLabel>
 #include <QList>
 #include <QPointer>
+#include <QSet>
 #include <QTimer>
 
 #include <algorithm>
@@ -43,6 +45,8 @@ QPixmap separatorPicture(const QLabel& label, bool horizontal) {
 class ToolbarManagerPrivate {
 public:
   QList<DynamicToolbar> dynamicToolbars;
+  QSet<QString> groups;  // the identifiers of those that were added
+  QSet<QString> removed; // the identifiers of what was removed, though it may still be in its group
   QPoint anchor;
   LivePointer<ToolBar> mainToolbar;
   QList<QPointer<QLabel>> separators;
@@ -125,21 +129,44 @@ void ToolbarManager::removeSeparator(int index) { delete d->separators.takeAt(in
 void ToolbarManager::addDynamicCommandGroup(CommandGroup* group) {
   if (!group || !d->mainToolbar)
     return;
-  const CommandBag& commands = group->commandBag();
+  d->removed.remove(group->commandId());
+  visitCommands(group->commandBag(),
+                [this](const CommandBase& command) { d->removed.remove(command.commandId()); });
+  addCommands(*group);
+}
+
+void ToolbarManager::addCommands(CommandGroup& group) {
+  d->groups.insert(group.commandId());
+  const CommandBag& commands = group.commandBag();
+  int position = 0;
   for (int i = 0; i < commands.count(); ++i) {
     CommandBase* const command = commands.commandAt(i);
+    if (d->removed.contains(command->commandId()))
+      continue;
     if (auto* const nested = dynamic_cast<CommandGroup*>(command)) {
-      addDynamicCommandGroup(nested);
+      addCommands(*nested);
       continue;
     }
     bool existed = false;
-    ToolBar* const toolbar = getToolbar(group, existed, true);
-    if (!toolbar->FindOneButton(command->commandId(), false))
-      toolbar->AddSingleCommand(command, group);
+    ToolBar* const toolbar = getToolbar(&group, existed, true);
+    ToolButton* button = toolbar->FindOneButton(command->commandId(), false);
+    if (!button)
+      button = toolbar->AddSingleCommand(command, &group);
+    if (button)
+      toolbar->d->content->move(*button, group.commandId(), position++);
     if (existed)
       continue;
     addToolbar(toolbar);
     toolbar->hide();
+  }
+}
+
+void ToolbarManager::removeLeftCommands(ToolBar& toolbar, const CommandGroup& group) {
+  const QList<ToolButton*> buttons = toolbar.Buttons();
+  for (const ToolButton* const button : buttons) {
+    auto* const command = dynamic_cast<CommandBase*>(button->Action());
+    if (command && !group.commandBag().contains(command))
+      toolbar.RemoveCommand(command);
   }
 }
 
@@ -179,6 +206,7 @@ ToolBar* ToolbarManager::findDynamicToolbar(const QString& groupId) {
 void ToolbarManager::removeDynamicCommand(CommandBase* command) {
   if (!command)
     return;
+  d->removed.insert(command->commandId());
   if (auto* const group = dynamic_cast<CommandGroup*>(command)) {
     const QList<CommandGroup*> nested = group->commandBag().groups();
     for (CommandGroup* const each : nested)
@@ -223,11 +251,14 @@ void ToolbarManager::onActionTimerTimeOut() {
 }
 
 void ToolbarManager::applyState(CommandGroup* group, bool began) {
-  if (began && findDynamicToolbar(group->commandId()))
-    addDynamicCommandGroup(group);
-  ToolBar* const toolbar = findDynamicToolbar(group->commandId());
+  const QString id = group->commandId();
+  if (began && d->mainToolbar && d->groups.contains(id) && !d->removed.contains(id))
+    addCommands(*group);
+  ToolBar* const toolbar = findDynamicToolbar(id);
   if (!toolbar)
     return;
+  if (began)
+    removeLeftCommands(*toolbar, *group);
   for (DynamicToolbar& each : d->dynamicToolbars) {
     if (each.toolbar == toolbar)
       each.inUse = began;
@@ -248,13 +279,15 @@ void ToolbarManager::setToolbarVisible(ToolBar* toolbar, bool visible) {
     }
   }
   const QPointer<ToolBar> shown(toolbar);
+  const QPointer<ToolbarManager> self(this);
   if (visible)
     fitToolbar(toolbar);
   else
     toolbar->HideAllButtonMenusExcept(false, nullptr);
   if (shown)
     shown->setVisible(visible);
-  calcInnerToolbarPositions();
+  if (self)
+    calcInnerToolbarPositions();
 }
 
 void ToolbarManager::setToolbarsVisible(bool visible) {

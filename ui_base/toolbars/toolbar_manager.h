@@ -47,9 +47,11 @@ public:
   ~ToolbarManager() override;
 
   /// Makes the toolbar of a group, hidden until the group begins. Groups in it get toolbars of their own.
-  /// Commands that were added to the group since come in when the group begins. Null is ignored.
+  /// When the group begins, what it holds since comes in, and what it does not hold any more goes; a group
+  /// that was empty gets its toolbar then. Null is ignored.
   void addDynamicCommandGroup(CommandGroup* group);
-  /// Removes a command from the dynamic toolbars; of a group its toolbar and those of the groups in it.
+  /// Removes a command from the dynamic toolbars; of a group its toolbar and those of the groups in it. What
+  /// was removed does not come back before it is added again.
   void removeDynamicCommand(CommandBase* command);
   /// Whether a command with this identifier has a button in one of the dynamic toolbars.
   bool findDynamicCommand(const QString& id);
@@ -70,6 +72,8 @@ private Q_SLOTS:
 private:
   void initialize(ToolBar* mainToolbar);
   void addToolbar(ToolBar* toolbar);
+  void addCommands(CommandGroup& group);
+  void removeLeftCommands(ToolBar& toolbar, const CommandGroup& group);
   ToolBar* getToolbar(CommandGroup* group, bool& existed, bool create);
   ToolBar* findDynamicToolbar(const QString& groupId);
   void addSeparator();
