@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QPushButton>
 #include <QSignalSpy>
 
 using namespace Vela::UiBase;
@@ -22,6 +23,8 @@ private Q_SLOTS:
   void keyboardGoesInAndComesBack();
   void assistiveTechnologyHearsOfTheMenu();
   void commandThatCannotOpenItsFlyoutEnds();
+  void popupsEndInTheWindow_data();
+  void popupsEndInTheWindow();
 };
 
 void ToolButtonMenusTest::menuIsAnnouncedOnceHoweverItCloses_data() {
@@ -261,6 +264,62 @@ void ToolButtonMenusTest::commandThatCannotOpenItsFlyoutEnds() {
   stage.command->onFinalize(); // before the button is told
   Vela::Test::settle();
   QVERIFY(!stage.flyout->isVisible());
+}
+
+void ToolButtonMenusTest::popupsEndInTheWindow_data() {
+  QTest::addColumn<Qt::ToolBarArea>("area");
+  QTest::addColumn<bool>("atStart");
+  for (const auto area :
+       {Qt::LeftToolBarArea, Qt::RightToolBarArea, Qt::TopToolBarArea, Qt::BottomToolBarArea}) {
+    for (const bool atStart : {true, false})
+      QTest::addRow("%d, %s", int(area), atStart ? "start" : "end") << area << atStart;
+  }
+}
+
+// The tooltip is wide, and the flyout needs more than there is.
+void ToolButtonMenusTest::popupsEndInTheWindow() {
+  QFETCH(Qt::ToolBarArea, area);
+  QFETCH(bool, atStart);
+  QWidget window;
+  window.resize(640, 480);
+  ToolBar bar(&window, area);
+  auto* const panel = new QWidget;
+  auto* const column = new QVBoxLayout(panel);
+  for (int i = 0; i < 30; ++i)
+    column->addWidget(new QSpinBox);
+  FlyoutBase flyout("Many", panel, nullptr, true, true, true, true, &window);
+  ToolButtonWithWidgetMenu* const button =
+      bar.AddAction(new QAction(coloredIcon(Qt::red), "Many", &bar), &flyout);
+  button->Action()->setToolTip(QStringLiteral("What there is to say of it needs room. ").repeated(2));
+  window.show();
+  window.activateWindow();
+  QVERIFY(QTest::qWaitForWindowActive(&window));
+  bar.ShowMe();
+  const bool row = bar.Orientation() == Qt::Horizontal;
+  const QPoint start = row ? QPoint(0, bar.y()) : QPoint(bar.x(), 0);
+  const QPoint end =
+      row ? QPoint(window.width() - bar.width(), bar.y()) : QPoint(bar.x(), window.height() - bar.height());
+  bar.SetPos(atStart ? start : end);
+  const auto endsInside = [&window](const ArrowedWindow* popup) {
+    return popup && popup->isVisible() &&
+           window.rect().contains(QRect(popup->mapTo(&window, QPoint()), popup->size()));
+  };
+  button->GetTooltipObject()->ShowTooltip();
+  QVERIFY(endsInside(button->GetTooltipObject()->GetArrowedWindow()));
+  button->click();
+  Vela::Test::settle();
+  QVERIFY(endsInside(button->GetArrowedWindow()));
+  const auto buttons = flyout.findChildren<QPushButton*>();
+  for (const QPushButton* const each : buttons)
+    QVERIFY(flyout.rect().contains(QRect(each->mapTo(&flyout, QPoint()), each->size())));
+  QVERIFY(!button->GetArrowedWindow()->geometry().intersects(bar.geometry()));
+  window.resize(640, 300);
+  bar.SetEnableAutoPosition(true);
+  bar.OnAutoPosition();
+  button->ShowMenu();
+  QVERIFY(endsInside(button->GetArrowedWindow()));
+  button->SetMenu(nullptr);
+  QVERIFY2(flyout.sizeHint().height() > window.height(), "elsewhere it has other room");
 }
 
 VELA_TEST_MAIN(ToolButtonMenusTest)

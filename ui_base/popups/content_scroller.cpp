@@ -35,15 +35,19 @@ int ContentScroller::heightForWidth(int width) const {
   return hasHeightForWidth() ? std::min(widget()->heightForWidth(width), m_limit.height()) : -1;
 }
 
-QSize ContentScroller::sizeHint() const {
-  return widget() ? widget()->sizeHint().boundedTo(m_limit) : QSize(0, 0);
-}
+QSize ContentScroller::sizeHint() const { return widget() ? limited(widget()->sizeHint()) : QSize(0, 0); }
 
 QSize ContentScroller::minimumSizeHint() const {
   if (!widget())
     return {0, 0};
-  const QSize needed = widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
-  return needed.boundedTo(m_limit).expandedTo({0, 0});
+  return limited(widget()->minimumSizeHint().expandedTo(widget()->minimumSize())).expandedTo({0, 0});
+}
+
+// What scrolls up and down has the scroll bar beside it.
+QSize ContentScroller::limited(QSize size) const {
+  if (size.height() > m_limit.height())
+    size.rwidth() += verticalScrollBar()->sizeHint().width();
+  return size.boundedTo(m_limit);
 }
 
 bool ContentScroller::eventFilter(QObject* watched, QEvent* event) {

@@ -27,6 +27,7 @@ protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+  QSize limited(QSize size) const;
   void updateFocusPolicy();
 
   QSize m_limit = {QWIDGETSIZE_MAX, QWIDGETSIZE_MAX};

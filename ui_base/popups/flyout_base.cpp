@@ -3,6 +3,7 @@
 
 #include "arrowed_window.h"
 #include "busy_indicator.h"
+#include "content_scroller.h"
 #include "flyout_sub_widgets.h"
 
 #include <ui_base/views/qt_ui_toolkit.h>
@@ -65,6 +66,8 @@ public:
   FlyoutBase* const q;
   QLabel* title = nullptr;
   QPointer<QWidget> mainPanel;
+  ContentScroller* scroller = nullptr; // null without a panel
+  QSize sizeLimit = {QWIDGETSIZE_MAX, QWIDGETSIZE_MAX};
   QPointer<QWidget> toolButton;
   QPushButton* applyButton = nullptr; // null when there is none, like the next
   QPushButton* resetButton = nullptr;
@@ -128,7 +131,9 @@ void FlyoutBasePrivate::build(QWidget* panel, bool apply, bool reset, bool cance
   column->addLayout(titleRow(close));
   if (panel) {
     mainPanel = panel;
-    column->addWidget(panel, 1);
+    scroller = new ContentScroller(q);
+    scroller->setContent(panel);
+    column->addWidget(scroller, 1);
   }
   column->addLayout(buttonRow(apply, reset, cancel));
 }
@@ -229,6 +234,20 @@ void FlyoutBase::AddSubWidget(QWidget* widget, EDirection side) { d->subWidgets.
 void FlyoutBase::ShowSubWidget(QWidget* widget, bool show) {
   if (d->subWidgets.setShown(widget, show))
     Q_EMIT SubWidgetVisibilityChanged(show);
+}
+
+// What surrounds the panel keeps its size, so the panel gets what is left.
+void FlyoutBase::SetSizeLimit(const QSize& limit) {
+  if (!d->scroller || std::exchange(d->sizeLimit, limit) == limit)
+    return;
+  d->scroller->setLimit({0, 0});
+  layout()->invalidate();
+  const QMargins margins = layout()->contentsMargins();
+  const int rows = layout()->totalMinimumSize().height();
+  const QSize left(limit.width() - margins.left() - margins.right(), limit.height() - rows);
+  d->scroller->setLimit(left.expandedTo({0, 0}));
+  layout()->invalidate();
+  updateGeometry();
 }
 
 bool FlyoutBase::IsSubWidgetVisible() const { return isVisible() && d->subWidgets.isAnyShown(); }

@@ -64,6 +64,10 @@ public:
   void ShowSubWidget(QWidget* widget, bool show);
   bool IsSubWidgetVisible() const;
 
+  /// The size that the flyout asks for at most, in pixels, for what hosts it; the main panel scrolls where it
+  /// needs more. Unlimited at first.
+  void SetSizeLimit(const QSize& limit);
+
   /// Colours the part of the hosting window's background behind a region of the flyout, in its coordinates,
   /// to set it off from the rest.
   void ShowPartialBackground(const QRect& region, const QColor& color);

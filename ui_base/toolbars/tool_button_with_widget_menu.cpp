@@ -5,7 +5,6 @@
 #include "tool_button_with_widget_menu_p.h"
 
 #include <ui_base/commands/flyout_command.h>
-#include <vlk_common_res/styles.h>
 
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -13,126 +12,6 @@
 #include <utility>
 
 namespace Vela::UiBase {
-
-using Resource::Styles;
-
-namespace {
-
-constexpr int cornerRadius = 6; // px, of the window around a menu
-
-} // namespace
-
-// --- state
-
-QWidget* ToolButtonWithWidgetMenuPrivate::popup() const {
-  return menu && arrowed ? static_cast<QWidget*>(liveWindow()) : menu.data();
-}
-
-ArrowedWindow* ToolButtonWithWidgetMenuPrivate::liveWindow() const {
-  return qobject_cast<ArrowedWindow*>(static_cast<QObject*>(window.data()));
-}
-
-QWidget* ToolButtonWithWidgetMenuPrivate::anchor() const {
-  return extendController ? extendController.data() : button;
-}
-
-FlyoutBase* ToolButtonWithWidgetMenuPrivate::flyout() const {
-  return qobject_cast<FlyoutBase*>(static_cast<QObject*>(menu.data()));
-}
-
-FlyoutCommand* ToolButtonWithWidgetMenuPrivate::activeSimpleCommand() const {
-  auto* const command = qobject_cast<FlyoutCommand*>(action.data());
-  return command && command->isSimpleFlyout() && command->isActive() ? command : nullptr;
-}
-
-ToolButtonWithButtonMenu* ToolButtonWithWidgetMenuPrivate::controllerMenu() const {
-  return qobject_cast<ToolButtonWithButtonMenu*>(static_cast<QObject*>(extendController.data()));
-}
-
-void ToolButtonWithWidgetMenuPrivate::host() {
-  if (!arrowed)
-    return;
-  const QScopedValueRollback guard(showingMenu, true);
-  home = menu->parentWidget();
-  // The window keeps the menu from dying with its parent.
-  if (home)
-    homeDeath = QObject::connect(home, &QObject::destroyed, button, [this] { delete menu; });
-  ensureWindow();
-  window->AttachWidget(menu);
-  window->hide();
-  menu->hide();
-  menu->installEventFilter(button);
-}
-
-void ToolButtonWithWidgetMenuPrivate::giveBack() {
-  QObject::disconnect(homeDeath);
-  const QPointer<QWidget> parent = std::exchange(home, nullptr);
-  if (!menu || !arrowed)
-    return;
-  menu->removeEventFilter(button);
-  menu->hide();
-  if (ArrowedWindow* const host = liveWindow(); host && menu->parentWidget() == host)
-    host->DetachWidget();
-  if (menu && menu->parentWidget() != parent)
-    menu->setParent(parent);
-}
-
-void ToolButtonWithWidgetMenuPrivate::ensureWindow() {
-  if (window)
-    return;
-  window = new ArrowedWindow;
-  window->hide();
-  window->SetArrow(arrow);
-  window->SetAutoDecideArrowPosition(autoDecideArrow);
-  window->SetRoundCornerRadius(cornerRadius);
-  window->EnableShadow(true);
-  dressWindow();
-  QObject::connect(&Styles::Instance(), &Styles::changed, window.data(), [this] { dressWindow(); });
-  // The layer may go before the button does; the menu is not to go with it.
-  auto* const owner = static_cast<ToolButtonWithWidgetMenu*>(button);
-  QObject::connect(window, &QObject::destroyed, owner, [this] { giveBack(); });
-  followLayer();
-}
-
-void ToolButtonWithWidgetMenuPrivate::dressWindow() {
-  window->SetBorder(Styles::Instance().ColorActionPanelBorder(), 0, Qt::SolidLine, Qt::MiterJoin);
-}
-
-void ToolButtonWithWidgetMenuPrivate::followLayer() {
-  QWidget* const top = anchor()->window();
-  const bool tooSmall = top == button || top == toolBar || top == anchor();
-  QWidget* const layer = tooSmall ? nullptr : top;
-  if (window->parentWidget() != layer)
-    window->setParent(layer, layer ? Qt::Widget : Qt::Tool | Qt::FramelessWindowHint);
-}
-
-void ToolButtonWithWidgetMenuPrivate::wire(FlyoutBase& flyout) {
-  auto* const self = static_cast<ToolButtonWithWidgetMenu*>(button);
-  using Button = ToolButtonWithWidgetMenu;
-  QObject::connect(self, &Button::CloseFlyout, &flyout, &FlyoutBase::CloseFlyout);
-  QObject::connect(&flyout, &FlyoutBase::CloseFlyout, self, &Button::OnFlyoutClosed);
-  QObject::connect(&flyout, &FlyoutBase::CancelChanges, self, &Button::OnFlyoutClosed);
-  QObject::connect(&flyout, &FlyoutBase::FlyoutResized, self, &Button::OnFlyoutResized);
-  QObject::connect(&flyout, &FlyoutBase::SubWidgetVisibilityChanged, self,
-                   &Button::OnFlyoutSubWidgetVisibilityChanged);
-  QObject::connect(&flyout, &FlyoutBase::SetPartialBackgroundColor, self,
-                   &Button::OnFlyoutSetPartialBackgroundColor);
-  QObject::connect(self, &Button::ESCKeyReleased, &flyout, &FlyoutBase::ESCKeyReleased);
-  flyout.SetToolButton(self);
-}
-
-void ToolButtonWithWidgetMenuPrivate::unwire(FlyoutBase& flyout) {
-  button->disconnect(&flyout);
-  flyout.disconnect(button);
-  if (flyout.ToolButton() == button)
-    flyout.SetToolButton(nullptr);
-}
-
-void ToolButtonWithWidgetMenuPrivate::updatePartialBackground() {
-  if (liveWindow() && menu)
-    window->SetPartialBackgroundColor(!partialBackground.isEmpty(), partialBackground.translated(menu->pos()),
-                                      partialColor);
-}
 
 // --- construction
 
@@ -248,6 +127,8 @@ void ToolButtonWithWidgetMenu::ClickedHandler() {
 }
 
 void ToolButtonWithWidgetMenu::OnRequestShowMenu() {
+  if (!own()->menu)
+    return; // the controller would stand in for nothing
   const QPointer<ToolButtonWithWidgetMenu> self(this);
   if (ToolButtonWithButtonMenu* const controller = own()->controllerMenu())
     controller->OnEnterExtendMode(this);
@@ -309,10 +190,7 @@ QPoint ToolButtonWithWidgetMenu::GetMenuPosition() {
   ArrowedWindow* const window = own()->liveWindow();
   if (!own()->arrowed || !window)
     return own()->menu ? own()->place() : QPoint();
-  QPoint position = window->pos();
-  own()->posCalculator->SetRefWidget(own()->anchor());
-  own()->posCalculator->GetPosition(position, window->rect(), true, window->GetArrowPoint());
-  return position;
+  return own()->placeWindowInside();
 }
 
 // --- the flyout
@@ -331,7 +209,7 @@ void ToolButtonWithWidgetMenu::OnFlyoutClosed() {
 void ToolButtonWithWidgetMenu::OnFlyoutMoved() { RecalcMenuPosAndMove(); }
 
 void ToolButtonWithWidgetMenu::OnFlyoutResized() {
-  if (!IsMenuShowing() || std::exchange(own()->placePending, true))
+  if (!IsMenuShowing() || own()->placing || std::exchange(own()->placePending, true))
     return;
   // Not while the window is laying itself out.
   const auto placeLater = [this] {

@@ -51,12 +51,13 @@ public:
   void ShowMenu() override;
   void HideMenu() override;
   QPoint GetMenuPosition() override;
+  /// The panel has moved in its window: places the window anew.
+  void OnFlyoutMoved();
 
 public Q_SLOTS:
   /// Shows the menu, through the extend controller if that is a button with a menu.
   void OnRequestShowMenu();
   void OnFlyoutClosed();
-  void OnFlyoutMoved();
   void OnFlyoutResized();
   void OnFlyoutSubWidgetVisibilityChanged(bool visible);
   void OnFlyoutSetPartialBackgroundColor(bool showColor, QRect rc, QColor color);

@@ -34,14 +34,20 @@ public:
   void wire(FlyoutBase& flyout);
   void unwire(FlyoutBase& flyout);
   void updatePartialBackground();
+  /// Has a flyout ask for no more than there is room for.
+  void limitFlyout(const QSize& limit) const;
+  /// Where the window comes to stand when the flyout asks for no more than this for the window.
+  QPoint placeWindow(const QSize& limit);
+  QPoint placeWindowInside();
 
-  QPointer<ArrowedWindow> window;
+  LivePointer<ArrowedWindow> window;
   SArrowParam arrow;
   bool autoDecideArrow = false;
   QPointer<QWidget> extendController;
 
   bool arrowed = true;
   bool showingMenu = false; // by the button itself
+  bool placing = false;
   bool placePending = false;
   QPointer<QWidget> home; // the parent of the menu while it is hosted elsewhere
   QMetaObject::Connection homeDeath;

@@ -170,7 +170,7 @@ void ATooltipObjectPrivate::place() {
   QPoint position;
   const QPoint tip = arrowed ? arrowedWindow->GetArrowPoint() : QPoint();
   if (calculator().GetPosition(position, tooltipWindow->rect(), arrowed, tip))
-    tooltipWindow->move(position);
+    tooltipWindow->move(arrowed ? arrowedWindow->MovedInside(position) : position);
 }
 
 void ATooltipObjectPrivate::followSize() {
