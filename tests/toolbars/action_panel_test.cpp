@@ -83,7 +83,7 @@ class ActionPanelTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void hasItsLooks() {
     QWidget window;
-    const ActionPanel panel(&window);
+    ActionPanel panel(&window);
     QCOMPARE(panel.objectName(), QStringLiteral("action panel"));
     ToolBarParams looks = panel.Params();
     const SArrowParam tooltipArrow{ArrowLeft, 10, false, 0, 90, true, 0, {}};
@@ -107,9 +107,17 @@ private Q_SLOTS:
     };
     QVERIFY(colors() == shared());
     const auto before = Styles::Instance().palette();
+    ToolBar menu(&window, Qt::TopToolBarArea);
+    menu.CopyAllParametersFrom(&panel);
+    panel.AddAction(nullptr, QIcon(), &menu, true, "menu");
+    ActionPanel colored(&window);
+    colored.SetGroupBackColor(Qt::red);
     Styles::Instance().setPalette(before == Vela::Resource::Dark ? Vela::Resource::Light
                                                                  : Vela::Resource::Dark);
     QVERIFY2(colors() == shared(), "they follow the palette");
+    QCOMPARE(menu.GroupBackColor(), panel.GroupBackColor());
+    QCOMPARE(menu.BorderColor(), panel.BorderColor());
+    QCOMPARE(colored.GroupBackColor(), QColor(Qt::red));
     Styles::Instance().setPalette(before);
   }
 
@@ -182,8 +190,24 @@ private Q_SLOTS:
     QCOMPARE(enabledButtons(), 3 + 3 - 1);
     stage.inner->SetBusy(true);
     QCOMPARE(enabledButtons(), 0);
-    stage.inner->SetBusy(false);
+    stage.group->addCommand(namedCommand(QStringLiteral("late")), 9);
+    Vela::Test::settle();
+    QVERIFY(stage.panel->FindOneButton("late", false) && enabledButtons() == 0);
+    delete stage.inner; // and never idle
     QVERIFY(stage.plainButton()->isEnabled());
+  }
+
+  void escapeInThePanelClosesAnyMenu() {
+    Stage stage;
+    auto* const simple = new QLabel("simple", &stage.window);
+    simple->hide();
+    ToolButton* const button = stage.panel->AddAction(new QAction("simple", stage.panel), simple);
+    Vela::Test::settle();
+    stage.click(button);
+    QVERIFY(simple->isVisible());
+    button->setFocus();
+    QTest::keyClick(stage.window.windowHandle(), Qt::Key_Escape);
+    QVERIFY(!simple->isVisible());
   }
 
   void partsMayDieInAnyOrder_data() {

@@ -10,6 +10,9 @@
 
 #include <QAction>
 #include <QEvent>
+#include <QPointer>
+
+#include <utility>
 
 namespace Vela::UiBase {
 
@@ -55,6 +58,14 @@ ActionPanelPrivate::ActionPanelPrivate() : disabler(std::make_unique<Disabler>()
 
 ActionPanelPrivate::~ActionPanelPrivate() = default;
 
+void ActionPanelPrivate::enable(ToolButton& button, bool enabled) const {
+  if (enabled)
+    button.removeEventFilter(disabler.get());
+  else
+    button.installEventFilter(disabler.get());
+  button.setEnabled(enabled && (!button.Action() || button.Action()->isEnabled()));
+}
+
 const QString ActionPanel::OBJECT_NAME = QStringLiteral("action panel");
 
 ActionPanel::ActionPanel(QWidget* parent) : ActionPanel(*new ActionPanelPrivate, parent) {}
@@ -65,7 +76,7 @@ ActionPanel::ActionPanel(ActionPanelPrivate& state, QWidget* parent)
   ActionPanel::Initialize();
 }
 
-ActionPanel::~ActionPanel() = default;
+ActionPanel::~ActionPanel() { disconnect(own()->busyDeath); }
 
 ActionPanelPrivate* ActionPanel::own() const { return static_cast<ActionPanelPrivate*>(d.get()); }
 
@@ -95,11 +106,28 @@ void ActionPanel::InitializeToolBar() {
 
   connect(this, &ToolBar::ButtonMenuVisibilityChange, this, &ActionPanel::watchFlyouts);
   connect(&Styles::Instance(), &Styles::changed, this, &ActionPanel::applyColors);
+  own()->groupBackColor = GroupBackColor();
+  own()->borderColor = BorderColor();
 }
 
+// Colours that were chosen for the panel, or for one of its sub-toolbars, stay.
 void ActionPanel::applyColors() {
-  SetGroupBackColor(Styles::Instance().ColorActionPanelGroupBack());
-  SetBorder(BorderWidth(), Styles::Instance().ColorActionPanelBorder(), true);
+  const QColor groupBack = Styles::Instance().ColorActionPanelGroupBack();
+  const QColor border = Styles::Instance().ColorActionPanelBorder();
+  QList<ToolBar*> bars{this};
+  const QList<ToolButtonWithMenu*> openers = MenuButtons(true);
+  for (const ToolButtonWithMenu* const opener : openers) {
+    if (auto* const bar = qobject_cast<ToolBar*>(opener->GetMenu()))
+      bars.append(bar);
+  }
+  for (ToolBar* const bar : std::as_const(bars)) {
+    if (bar->GroupBackColor() == own()->groupBackColor)
+      bar->SetGroupBackColor(groupBack);
+    if (bar->BorderColor() == own()->borderColor)
+      bar->SetBorder(bar->BorderWidth(), border, bar->BorderAroundGroups());
+  }
+  own()->groupBackColor = groupBack;
+  own()->borderColor = border;
 }
 
 // --- buttons
@@ -115,7 +143,7 @@ ToolButton* ActionPanel::CreateToolButton(QWidget* parent, QAction* action, Acti
   if (toolBar->GridColumns() > 0)
     placeMenuBesideGrid(button, *toolBar);
   dressAsPanelButton(button, name);
-  panel.watchFlyouts();
+  panel.watchFlyouts(button);
   return button;
 }
 
@@ -128,7 +156,7 @@ ToolButton* ActionPanel::CreateToolButton(QWidget* parent, QAction* action, Acti
   if (toolBar->GridColumns() > 0)
     placeMenuBesideGrid(button, *toolBar);
   dressAsPanelButton(button, name);
-  panel.watchFlyouts();
+  panel.watchFlyouts(button);
   return button;
 }
 
@@ -154,7 +182,9 @@ void ActionPanel::prepare(ToolButton* button) {
   dressAsPanelButton(button, button->objectName());
   if (checked)
     button->setChecked(true);
-  watchFlyouts();
+  if (!own()->buttonsEnabled)
+    own()->enable(*button, false);
+  watchFlyouts(button);
 }
 
 ToolBar* ActionPanel::CreateSubToolBar(CommandGroup* group) {
@@ -182,37 +212,50 @@ QList<ToolButton*> ActionPanel::allButtons() const {
   return all;
 }
 
-void ActionPanel::watchFlyouts() {
-  const QList<ToolButtonWithMenu*> buttons = MenuButtons(true);
-  for (const ToolButtonWithMenu* const button : buttons) {
-    const auto* const flyout = qobject_cast<FlyoutBase*>(button->GetMenu());
-    if (!flyout)
-      continue;
+void ActionPanel::watchFlyouts(const ToolButton* button) {
+  const auto* const opener = qobject_cast<const ToolButtonWithMenu*>(button);
+  QWidget* const menu = opener ? opener->GetMenu() : nullptr;
+  if (const auto* const flyout = qobject_cast<FlyoutBase*>(menu)) {
     connect(flyout, &FlyoutBase::FlyoutBusy, this, &ActionPanel::OnFlyoutBusy, Qt::UniqueConnection);
     connect(flyout, &FlyoutBase::FlyoutIdle, this, &ActionPanel::OnFlyoutIdle, Qt::UniqueConnection);
+  } else if (const auto* const bar = qobject_cast<ToolBar*>(menu)) {
+    const QList<ToolButtonWithMenu*> inner = bar->MenuButtons(false);
+    for (const ToolButtonWithMenu* const each : inner)
+      watchFlyouts(each);
   }
 }
 
-void ActionPanel::OnFlyoutBusy() { SetEnabled(false); }
+// One that dies while it works will not say that it is idle.
+void ActionPanel::OnFlyoutBusy() {
+  disconnect(own()->busyDeath);
+  if (const QObject* const flyout = sender())
+    own()->busyDeath =
+        connect(flyout, &QObject::destroyed, own()->disabler.get(), [this] { SetEnabled(true); });
+  SetEnabled(false);
+}
 
-void ActionPanel::OnFlyoutIdle() { SetEnabled(true); }
+void ActionPanel::OnFlyoutIdle() {
+  disconnect(own()->busyDeath);
+  SetEnabled(true);
+}
 
 void ActionPanel::SetEnabled(bool enabled) {
+  own()->buttonsEnabled = enabled;
   const QList<ToolButton*> buttons = allButtons();
-  for (ToolButton* const button : buttons) {
-    if (enabled)
-      button->removeEventFilter(own()->disabler.get());
-    else
-      button->installEventFilter(own()->disabler.get());
-    button->setEnabled(enabled && (!button->Action() || button->Action()->isEnabled()));
-  }
+  for (ToolButton* const button : buttons)
+    own()->enable(*button, enabled);
 }
 
 void ActionPanel::OnButtonMenuVisibilityChange(ToolButton*, bool) {}
 
 void ActionPanel::OnDismissWidgetMenu(ToolButtonWithButtonMenu*, ToolButtonWithWidgetMenu* widgetMenu) {
-  if (widgetMenu)
-    Q_EMIT widgetMenu->ESCKeyReleased();
+  if (!widgetMenu)
+    return;
+  const bool isFlyout = qobject_cast<FlyoutBase*>(widgetMenu->GetMenu());
+  const QPointer<ToolButtonWithWidgetMenu> button(widgetMenu);
+  Q_EMIT widgetMenu->ESCKeyReleased();
+  if (button && !isFlyout)
+    button->HideMenu();
 }
 
 } // namespace Vela::UiBase

@@ -70,14 +70,14 @@ protected:
   ToolButton* AddSingleCommand(CommandBase* command, CommandGroup* group) override;
   /// A horizontal toolbar with the looks of the panel.
   ToolBar* CreateSubToolBar(CommandGroup* group) override;
-  /// The flyout gets the Escape key.
+  /// A flyout gets the Escape key; any other panel is hidden.
   void OnDismissWidgetMenu(ToolButtonWithButtonMenu* buttonMenu,
                            ToolButtonWithWidgetMenu* widgetMenu) override;
 
 private:
   void applyColors();
   void prepare(ToolButton* button);
-  void watchFlyouts();
+  void watchFlyouts(const ToolButton* button);
   QList<ToolButton*> allButtons() const;
   ActionPanelPrivate* own() const;
 };
