@@ -152,6 +152,18 @@ private Q_SLOTS:
     QVERIFY2(!bar.InShowMode(), "the mode was forgotten");
     bar.HideMe(true);
     QVERIFY(bar.HiddenByRequest());
+    // Hidden at once while it slides out.
+    bar.ShowMe();
+    bar.HideAnimated();
+    bar.HideMe(false);
+    bar.show();
+    QVERIFY(bar.isVisible() && bar.isEnabled());
+    // A bar that keeps its place leaves it for the slide only.
+    bar.SetPos({50, 0});
+    bar.HideAnimated();
+    QTRY_VERIFY(bar.isHidden());
+    bar.ShowMe();
+    QCOMPARE(bar.pos(), QPoint(50, 0));
   }
 
   void laysGroupsAndButtonsOutInOrder_data() {

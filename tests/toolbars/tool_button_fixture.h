@@ -27,6 +27,7 @@ public:
     setText("Smooth");
   }
   bool onExecuteAsync(bool) override { return true; }
+  using Vela::UiBase::CommandBase::setIsPaidFeature;
 };
 
 class CommandObserver : public Vela::UiBase::CommandStateProtocol {

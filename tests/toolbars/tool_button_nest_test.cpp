@@ -2,10 +2,21 @@
 #include "tool_button_fixture.h"
 
 #include <ui_base/toolbars/tool_button_arrow.h>
+#include <vlk_license/license_service.h>
 
 #include <QSignalSpy>
 
 using namespace Vela::UiBase;
+
+namespace {
+
+class NoLicense : public Vela::License::ILicenseProvider {
+public:
+  Vela::License::ELicenseState state() const override { return Vela::License::NoLicense; }
+  bool activate(const QString&, QString*) override { return false; }
+};
+
+} // namespace
 
 class ToolButtonNestTest : public Vela::Test::TestCase {
   Q_OBJECT
@@ -15,6 +26,8 @@ private Q_SLOTS:
   void arrowPointsToTheMenu();
   void buttonStandsInForTheExtendedOne_data();
   void buttonStandsInForTheExtendedOne();
+  void nothingStandsInForNothing();
+  void licenseDoesNotEndTheExtendMode();
   void anythingMayGoWhileAMenuIsOpen_data();
   void anythingMayGoWhileAMenuIsOpen();
 };
@@ -51,8 +64,8 @@ void ToolButtonNestTest::arrowPointsToTheMenu() {
 
 void ToolButtonNestTest::buttonStandsInForTheExtendedOne_data() {
   QTest::addColumn<QString>("end");
-  for (const char* end :
-       {"click", "space", "Close", "escape", "outside", "off", "sub-button", "flyout", "menu", "other menu"})
+  for (const char* end : {"click", "space", "Close", "escape", "outside", "off", "sub-button", "flyout",
+                          "menu", "other menu", "bar hidden"})
     QTest::newRow(end) << end;
 }
 
@@ -84,6 +97,8 @@ void ToolButtonNestTest::buttonStandsInForTheExtendedOne() {
     stage.key(Qt::Key_Escape);
   else if (end == "outside")
     stage.click(stage.field);
+  else if (end == "bar hidden")
+    stage.bar->hide();
   else if (end == "off")
     stage.menuButton->SetExtendMode(false);
   else if (end == "sub-button")
@@ -101,6 +116,34 @@ void ToolButtonNestTest::buttonStandsInForTheExtendedOne() {
   QCOMPARE(shownColor(*stage.menuButton), QColor(Qt::red));
   QVERIFY(!stage.plain->IsLocked() && !stage.button->IsLocked());
   QCOMPARE(cleared.count(), 1);
+}
+
+void ToolButtonNestTest::nothingStandsInForNothing() {
+  MenuStage stage;
+  const ToolButtonWithButtonMenu* const back =
+      stage.subBar->AddAction(nullptr, coloredIcon(Qt::blue), stage.bar, true, "Back");
+  QVERIFY2(!back->GetMenu(), "nests have an end");
+  QCOMPARE(stage.bar->MenuButtons(true).size(), 4);
+  stage.menuButton->SetExtendMode(true);
+  stage.subButton->SetMenu(nullptr);
+  stage.click(stage.menuButton);
+  stage.click(stage.subButton);
+  QVERIFY(!stage.menuButton->IsInExtendMode() && !stage.plain->IsLocked());
+}
+
+void ToolButtonNestTest::licenseDoesNotEndTheExtendMode() {
+  auto& service = Vela::License::LicenseService::Instance();
+  MenuStage stage;
+  stage.command->setIsPaidFeature(true);
+  service.setProvider(std::make_unique<NoLicense>());
+  QVERIFY(stage.button->IsLocked());
+  stage.menuButton->SetExtendMode(true);
+  stage.click(stage.menuButton);
+  stage.click(stage.subButton);
+  service.setProvider(nullptr); // there is one
+  QVERIFY(stage.button->IsLocked() && stage.plain->IsLocked());
+  stage.click(stage.menuButton);
+  QVERIFY(!stage.button->IsLocked() && !stage.plain->IsLocked());
 }
 
 void ToolButtonNestTest::anythingMayGoWhileAMenuIsOpen_data() {

@@ -109,7 +109,7 @@ void ToolBarFocusCycle::step(int direction) {
 }
 
 void ToolBarFocusCycle::giveFocusBack() {
-  if (m_before && m_before->isVisible())
+  if (m_before && m_before->isVisible() && m_before->isEnabled())
     m_before->setFocus(Qt::OtherFocusReason);
   else if (QWidget* const focus = QApplication::focusWidget())
     focus->clearFocus();

@@ -127,6 +127,12 @@ ToolBarPlace ToolBarPrivate::place() const {
   return {area, parent ? parent->rect() : QRect(), toolBar->size(), params.offset, toolBar->pos()};
 }
 
+void ToolBarPrivate::comeBackIn() {
+  const QWidget* const parent = toolBar->isWindow() ? nullptr : toolBar->parentWidget();
+  if (parent && !parent->rect().intersects(toolBar->geometry()) && !isLaidOutByParent())
+    toolBar->move(place().onScreen());
+}
+
 void ToolBarPrivate::followParent() {
   if (followedParent == toolBar->parentWidget())
     return;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/core/live_pointer.h>
 #include <ui_base/toolbars/tool_bar.h>
 #include <ui_base/toolbars/tool_bar_commands.h>
 #include <ui_base/toolbars/tool_bar_content.h>
@@ -72,6 +73,8 @@ public:
   bool isPlacedAutomatically() const;
   bool isLaidOutByParent() const;
   ToolBarPlace place() const;
+  /// A bar that keeps its place and has slid out of its parent comes back to its edge.
+  void comeBackIn();
   void followParent();
   void startTimers();
   void ensureVisible(const QAbstractButton& button);
@@ -121,8 +124,8 @@ public:
   bool enablePending = false;
   bool enabling = false;
   QPointer<QWidget> followedParent;
-  QPointer<ToolButtonWithMenu> ownerButton;
-  QPointer<ToolButtonWithWidgetMenu> activeButton;
+  LivePointer<ToolButtonWithMenu> ownerButton;
+  LivePointer<ToolButtonWithWidgetMenu> activeButton;
   QHash<QString, QList<QPointer<QToolButton>>> exclusiveGroups;
   QList<std::pair<QPointer<QAction>, CallbackHandler*>> callbackHandlers;
   QList<QPointer<ToolBar>> ownSubToolBars;

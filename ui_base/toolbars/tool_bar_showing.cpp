@@ -75,12 +75,14 @@ void ToolBar::ShowMe() {
   SetLocked(false);
   d->inShowMode = true;
   AdjustToolBarSize(true);
+  d->comeBackIn();
   show();
 }
 
 void ToolBar::HideMe(bool byRequest) {
   const QPointer<ToolBar> self(this);
   d->hiddenByRequest = byRequest;
+  const bool slidOut = d->animation && !d->inShowMode;
   d->stopAnimation();
   d->inShowMode = false;
   const QList<ToolButtonWithMenu*> menus = MenuButtons(true);
@@ -89,8 +91,11 @@ void ToolBar::HideMe(bool byRequest) {
     if (button)
       button->HideMenu();
   }
-  if (self)
-    hide();
+  if (!self)
+    return;
+  hide();
+  if (slidOut)
+    OnHideAnimationDone(); // which the slide has not come to
 }
 
 bool ToolBar::HiddenByRequest() const { return d->hiddenByRequest; }

@@ -96,7 +96,7 @@ void ToolButton::UpdateLicenseLock() {
     AddLockIcon();
   } else if (d->lockLabel) {
     RemoveLockIcon();
-    SetLocked(false);
+    SetLocked(d->standsBack);
   }
 }
 

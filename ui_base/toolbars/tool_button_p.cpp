@@ -15,14 +15,12 @@ ToolButtonPrivate::ToolButtonPrivate() = default;
 
 ToolButtonPrivate::~ToolButtonPrivate() = default;
 
-ToolBar* ToolButtonPrivate::liveToolBar() const {
-  return qobject_cast<ToolBar*>(static_cast<QObject*>(toolBar.data()));
-}
+ToolBar* ToolButtonPrivate::liveToolBar() const { return toolBar; }
 
 void ToolButtonPrivate::leaveDyingToolBar() {
-  if (!toolBar || liveToolBar())
+  if (!toolBar.remains() || toolBar)
     return;
-  button->disconnect(toolBar);
+  button->disconnect(toolBar.remains());
   toolBar.clear();
 }
 
@@ -42,6 +40,11 @@ void ToolButtonPrivate::endUnopenedFlyout() const {
   const FlyoutBase* const flyout = command ? command->flyout() : nullptr;
   if (flyout && !flyout->isVisible())
     command->onFinalize();
+}
+
+void ToolButtonPrivate::standBack(bool back) {
+  standsBack = back;
+  button->SetLocked(back);
 }
 
 void ToolButtonPrivate::dress() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/core/live_pointer.h>
 #include <ui_base/toolbars/tool_bar.h>
 #include <ui_base/toolbars/tool_button.h>
 #include <ui_base/tooltips/tooltip_object.h>
@@ -28,6 +29,8 @@ public:
   /// Whether the command is a paid feature that cannot be used now.
   bool isUnlicensed() const;
   void endUnopenedFlyout() const;
+  /// Locks the button while another one of its toolbar stands in for a sub-button, whatever the licence says.
+  void standBack(bool back);
   void dress();
 
   /// Takes over the icon that was set on the button since, if another one was.
@@ -45,10 +48,11 @@ public:
   ToolButton* button = nullptr;
   QPointer<QAction> action;
   QString tooltipText;
-  QPointer<ToolBar> toolBar;
+  LivePointer<ToolBar> toolBar;
   QMap<const QAction*, QList<ToolButton::IToolButtonCallbackHandler*>> callbackHandlers;
   ToolButton::IToolButtonShowCallbackHandler* showCallbackHandler = nullptr;
   bool locked = false;
+  bool standsBack = false;
   std::unique_ptr<TooltipObject> tooltipObject;
   QPixmap activePixmap;
   QPixmap normalPixmap;

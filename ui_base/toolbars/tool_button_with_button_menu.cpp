@@ -7,6 +7,7 @@
 #include <vlk_common_res/styles.h>
 
 #include <QEnterEvent>
+#include <QHideEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -46,6 +47,15 @@ ToolBar* ToolButtonWithButtonMenuPrivate::subToolBar() const {
 }
 
 QList<ToolButton*> ToolButtonWithButtonMenuPrivate::subButtons() const { return buttonsOf(subToolBar()); }
+
+bool ToolButtonWithButtonMenuPrivate::isReachedFrom(const ToolBar& bar) const {
+  const ToolBar* outer = liveToolBar();
+  while (outer && outer != &bar) {
+    const ToolButtonWithMenu* const opener = outer->OwnerButton();
+    outer = opener ? opener->OwningToolBar() : nullptr;
+  }
+  return outer;
+}
 
 void ToolButtonWithButtonMenuPrivate::wireSubButtons() {
   auto* const self = static_cast<ToolButtonWithButtonMenu*>(button);
@@ -140,7 +150,7 @@ ToolBar* ToolButtonWithButtonMenu::GetMenu() const { return own()->subToolBar();
 
 void ToolButtonWithButtonMenu::SetMenu(ToolBar* menu) {
   ToolBar* const before = GetMenu();
-  if (menu == before)
+  if (menu == before || (menu && own()->isReachedFrom(*menu)))
     return;
   OnExitExtendMode();
   if (before) {
@@ -277,7 +287,7 @@ void ToolButtonWithButtonMenu::OnEnterExtendMode(ToolButton* button) {
     setChecked(true);
   for (ToolButton* const other : buttonsOf(OwningToolBar())) {
     if (other != this)
-      other->SetLocked(true);
+      other->d->standBack(true);
   }
   EnableTooltip(false);
   for (ToolButton* const each : own()->subButtons())
@@ -298,7 +308,7 @@ void ToolButtonWithButtonMenu::OnExitExtendMode() {
   own()->noteClosing();
   if (!std::exchange(own()->menuCleared, true)) {
     for (ToolButton* const each : buttonsOf(OwningToolBar())) {
-      each->SetLocked(false);
+      each->d->standBack(false);
       each->UpdateLicenseLock();
     }
     own()->wornIcon = QIcon();
@@ -341,6 +351,13 @@ void ToolButtonWithButtonMenu::changeEvent(QEvent* event) {
 void ToolButtonWithButtonMenu::enterEvent(QEnterEvent* event) {
   ToolButtonWithMenu::enterEvent(event);
   update();
+}
+
+void ToolButtonWithButtonMenu::hideEvent(QHideEvent* event) {
+  const QPointer<ToolButtonWithButtonMenu> self(this);
+  ToolButtonWithMenu::hideEvent(event);
+  if (self && !event->spontaneous())
+    OnExitExtendMode();
 }
 
 void ToolButtonWithButtonMenu::leaveEvent(QEvent* event) {

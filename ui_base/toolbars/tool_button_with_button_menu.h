@@ -36,7 +36,8 @@ public:
 
   /// The sub-toolbar, or null.
   ToolBar* GetMenu() const;
-  /// Replaces the sub-toolbar, and becomes its owner button. The one before is hidden and let go.
+  /// Replaces the sub-toolbar, and becomes its owner button. The one before is hidden and let go. A toolbar
+  /// from which this button can be reached is no menu for it, and is ignored.
   void SetMenu(ToolBar* menu);
   void SetMenuParameters(EDirection direction, int distance, EWidgetsAlign alignment,
                          const QPoint& offset = {});
@@ -81,6 +82,7 @@ protected:
   void actionEvent(QActionEvent* event) override;
   void changeEvent(QEvent* event) override;
   void enterEvent(QEnterEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
   void leaveEvent(QEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;

@@ -18,6 +18,8 @@ public:
   /// The menu, but not one that is being destroyed.
   ToolBar* subToolBar() const;
   QList<ToolButton*> subButtons() const;
+  /// Whether the button stands in the toolbar, or in one that opens from it.
+  bool isReachedFrom(const ToolBar& bar) const;
   void wireSubButtons();
   static void wire(ToolButtonWithWidgetMenu& sub, ToolButtonWithButtonMenu& controller);
   static void unwire(ToolButtonWithWidgetMenu& sub);
