@@ -2,57 +2,79 @@
 #include "command_menus.h"
 
 #include <ui_base/commands/command_group.h>
+#include <ui_base/toolbars/menu_builder.h>
+#include <workbench/commands/dark_palette_command.h>
+#include <workbench/palette_item.h>
 
 #include <QMenu>
-#include <QMenuBar>
+#include <QToolButton>
+
+#include <algorithm>
 
 namespace Workbench {
 
 using namespace Vela::UiBase;
 
-CommandMenus::CommandMenus(QMenuBar& bar) {
-  QMenu* const file = bar.addMenu(tr("&File"));
-  addSection(file, FileSection, false);
-  addSection(file, ExitSection, true);
-  QMenu* const edit = bar.addMenu(tr("&Edit"));
-  addSection(edit, EditSection, false);
-  addSection(edit, MeshSection, true);
-  QMenu* const selection = bar.addMenu(tr("&Selection"));
-  addSection(selection, SelectSection, false);
-  addSection(selection, SelectedSection, true);
-  QMenu* const tools = bar.addMenu(tr("&Tools"));
-  addSection(tools, ToolsSection, false);
-  addSection(tools, MeasureSection, true);
-  QMenu* const view = bar.addMenu(tr("&View"));
-  addSection(view, PageSection, false);
-  addSection(view, ViewSection, false);
-  addSection(view, LookSection, true);
-  QMenu* const photograph = bar.addMenu(tr("&Photograph"));
-  photograph->menuAction()->setVisible(false); // its commands come when their page is seen first
-  addSection(photograph, PhotoSection, true);
-  addSection(bar.addMenu(tr("&Help")), HelpSection, true);
+namespace {
+
+bool hasEntries(const QMenu& menu) {
+  const QList<QAction*> actions = menu.actions();
+  return std::any_of(actions.begin(), actions.end(),
+                     [](const QAction* action) { return !action->isSeparator(); });
 }
 
-void CommandMenus::addSection(QMenu* menu, const QString& name, bool last) {
-  m_sections.insert(name, {menu, last ? nullptr : menu->addSeparator()});
+QVector<QAction*> actionsOf(const CommandGroup& group) {
+  QVector<QAction*> actions;
+  for (int i = 0; i < group.commandBag().count(); ++i)
+    actions += group.commandBag().commandAt(i);
+  return actions;
+}
+
+} // namespace
+
+CommandMenus::CommandMenus(MenuBuilder& menus) : m_menus(&menus) {
+  addMenu(QStringLiteral("file"), tr("&File"), {FileSection, ExitSection});
+  addMenu(QStringLiteral("edit"), tr("&Edit"), {EditSection, MeshSection});
+  addMenu(QStringLiteral("selection"), tr("&Selection"), {SelectSection, SelectedSection});
+  addMenu(QStringLiteral("tools"), tr("&Tools"), {ToolsSection, MeasureSection});
+  addMenu(QStringLiteral("view"), tr("&View"), {PageSection, ViewSection, LookSection});
+  addMenu(QStringLiteral("photograph"), tr("&Photograph"), {PhotoSection});
+  addMenu(QStringLiteral("help"), tr("&Help"), {HelpSection});
+  menus.GetMenuBarItem(QStringLiteral("photograph"))->hide(); // until its page is seen first
+  menus.AddSeparator(false, -1);                              // what follows stands at the far end
+}
+
+void CommandMenus::addMenu(const QString& name, const QString& text, const QStringList& sections) {
+  m_menus->AddMenuBarItem(name, QIcon(), text);
+  m_menus->AddDropDownMenu(name, QVector<QAction*>(), nullptr);
+  QMenu* const menu = m_menus->GetMenu(name);
+  for (const QString& section : sections) {
+    const bool isLast = section == sections.constLast();
+    m_sections.insert(section, {name, isLast ? nullptr : menu->addSeparator()});
+  }
 }
 
 void CommandMenus::commandAdded(CmdMgr*, CommandBase* command) {
-  if (!command)
+  if (!command || !m_menus)
     return;
-  const Section section = m_sections.value(command->baseGroupName());
-  if (section.menu)
-    insert(section, *command, command->commandId());
+  const auto section = m_sections.constFind(command->baseGroupName());
+  if (section != m_sections.constEnd())
+    insert(*section, *command, command->commandId());
+  if (command->commandId() == DarkPaletteCommand::className())
+    addPaletteItem(*m_menus, *command);
+  showUsedItems();
 }
 
 void CommandMenus::insert(const Section& section, CommandBase& command, const QString& id) {
+  QMenu* const menu = m_menus->GetMenu(section.menu);
+  if (!menu)
+    return;
   const auto* const group = dynamic_cast<const CommandGroup*>(&command);
   if (!group) {
-    section.menu->insertAction(section.end, &command);
-    section.menu->menuAction()->setVisible(true);
+    menu->insertAction(section.end, &command);
     m_actions.insert(id, &command);
   } else if (!group->text().isEmpty()) {
-    m_actions.insert(id, addGroupMenu(*section.menu, section.end, *group)->menuAction());
+    m_actions.insert(id, insertSubMenu(section, *group));
   } else {
     const CommandBag& children = group->commandBag();
     for (int i = 0; i < children.count(); ++i)
@@ -60,30 +82,39 @@ void CommandMenus::insert(const Section& section, CommandBase& command, const QS
   }
 }
 
+QAction* CommandMenus::insertSubMenu(const Section& section, const CommandGroup& group) {
+  const QString name = group.commandId();
+  m_menus->AddSubMenu(section.menu, {.name = name, .text = group.text(), .icon = group.icon()},
+                      actionsOf(group));
+  QAction* const entry = m_menus->GetMenu(name)->menuAction();
+  if (section.end)
+    m_menus->GetMenu(section.menu)->insertAction(section.end, entry); // from the end to its section
+  return entry;
+}
+
 void CommandMenus::commandRemoved(CmdMgr*, QString id) {
   const auto actions = m_actions.values(id);
   m_actions.remove(id);
   for (QAction* const action : actions) {
-    if (!action)
+    if (!action || !m_menus)
       continue;
     if (QMenu* const subMenu = action->menu())
       delete subMenu;
     else
       for (const Section& section : std::as_const(m_sections)) {
-        if (section.menu)
-          section.menu->removeAction(action);
+        if (QMenu* const menu = m_menus->GetMenu(section.menu))
+          menu->removeAction(action);
       }
   }
+  showUsedItems();
 }
 
-QMenu* addGroupMenu(QMenu& menu, QAction* before, const CommandGroup& group) {
-  auto* const subMenu = new QMenu(group.text(), &menu);
-  subMenu->setIcon(group.icon());
-  const CommandBag& children = group.commandBag();
-  for (int i = 0; i < children.count(); ++i)
-    subMenu->addAction(children.commandAt(i));
-  menu.insertMenu(before, subMenu);
-  return subMenu;
+void CommandMenus::showUsedItems() {
+  for (const Section& section : std::as_const(m_sections)) {
+    const QMenu* const menu = m_menus ? m_menus->GetMenu(section.menu) : nullptr;
+    if (menu)
+      m_menus->GetMenuBarItem(section.menu)->setVisible(hasEntries(*menu));
+  }
 }
 
 } // namespace Workbench

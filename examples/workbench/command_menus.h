@@ -7,14 +7,15 @@
 #include <QHash>
 #include <QLatin1String>
 #include <QPointer>
+#include <QStringList>
 
 class QAction;
 class QMenu;
-class QMenuBar;
 
 namespace Vela::UiBase {
 class CommandGroup;
-}
+class MenuBuilder;
+} // namespace Vela::UiBase
 
 namespace Workbench {
 
@@ -34,18 +35,21 @@ inline constexpr QLatin1String PageSection("view.page");
 inline constexpr QLatin1String HelpSection("help");
 
 /// Fills a menu bar with the commands of a view as they come and go. A group with a text becomes a sub-menu,
-/// the commands of one without stand in the section of the group. The delegate of the view's command manager.
+/// the commands of one without stand in the section of the group; an item whose menu has no entry is hidden.
+/// The palette command has an item of its own besides. The delegate of the view's command manager.
 ///
 /// @code
-/// auto menus = std::make_shared<CommandMenus>(*window.menuBar());
-/// controller->setDelegate(menus, false);
+/// auto* menus = new MenuBuilder(QStringLiteral("menu_bar"), window, window);
+/// auto commands = std::make_shared<CommandMenus>(*menus);
+/// controller->setDelegate(commands, false);
+/// menus->Start();
 /// @endcode
 class CommandMenus : public Vela::UiBase::CmdMgrProtocol {
   Q_DECLARE_TR_FUNCTIONS(Workbench::CommandMenus)
 
 public:
-  /// Adds its menus, empty, to the bar.
-  explicit CommandMenus(QMenuBar& bar);
+  /// Adds its items and menus, without entries, to the bar.
+  explicit CommandMenus(Vela::UiBase::MenuBuilder& menus);
 
   void commandAdded(Vela::UiBase::CmdMgr* manager, Vela::UiBase::CommandBase* command) override;
   void commandRemoved(Vela::UiBase::CmdMgr* manager, QString id) override;
@@ -53,18 +57,18 @@ public:
 private:
   // Commands are put before the action that ends their section.
   struct Section {
-    QPointer<QMenu> menu;
+    QString menu;
     QPointer<QAction> end;
   };
 
-  void addSection(QMenu* menu, const QString& name, bool last);
+  void addMenu(const QString& name, const QString& text, const QStringList& sections);
   void insert(const Section& section, Vela::UiBase::CommandBase& command, const QString& id);
+  QAction* insertSubMenu(const Section& section, const Vela::UiBase::CommandGroup& group);
+  void showUsedItems();
 
+  QPointer<Vela::UiBase::MenuBuilder> m_menus;
   QHash<QString, Section> m_sections;
   QMultiHash<QString, QPointer<QAction>> m_actions; // by the identifier of the command that was added
 };
-
-/// Adds a group to a menu as a sub-menu with the text of the group. The menu owns the sub-menu.
-QMenu* addGroupMenu(QMenu& menu, QAction* before, const Vela::UiBase::CommandGroup& group);
 
 } // namespace Workbench

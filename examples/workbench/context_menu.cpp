@@ -2,7 +2,7 @@
 #include "context_menu.h"
 
 #include <ui_base/commands/command_group.h>
-#include <workbench/command_menus.h>
+#include <vlk_common_res/styles.h>
 #include <workbench/commands/clear_measurements_command.h>
 #include <workbench/commands/mode_command.h>
 #include <workbench/commands/reset_view_command.h>
@@ -18,12 +18,24 @@ namespace Workbench {
 
 using namespace Vela::UiBase;
 
+namespace {
+
+void addGroupMenu(QMenu& menu, const CommandGroup& group) {
+  QMenu* const subMenu = menu.addMenu(group.icon(), group.text());
+  const CommandBag& children = group.commandBag();
+  for (int i = 0; i < children.count(); ++i)
+    subMenu->addAction(children.commandAt(i));
+}
+
+} // namespace
+
 QMenu* makeContextMenu(const MeshViewController& controller) {
   MeshView* const view = controller.meshView();
   if (!view)
     return nullptr;
   auto* const menu = new QMenu(view);
   menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setStyleSheet(Vela::Resource::Styles::Instance().MenuMain());
   const auto add = [&](const QStringList& ids) {
     for (const QString& id : ids) {
       if (CommandBase* const command = controller.findCommand(id))
@@ -40,7 +52,7 @@ QMenu* makeContextMenu(const MeshViewController& controller) {
   add({ResetViewCommand::className(), SetPivotCommand::className(), ClearMeasurementsCommand::className()});
   const CommandBase* const shading = controller.findCommand(ShadingCommand::idOf(SmoothShading));
   if (shading && shading->commandGroup())
-    addGroupMenu(*menu, nullptr, *shading->commandGroup());
+    addGroupMenu(*menu, *shading->commandGroup());
   return menu;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "main_window.h"
 
+#include <ui_base/toolbars/menu_builder.h>
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_common_res/styles.h>
@@ -12,6 +13,7 @@
 #include <workbench/pages/page_stack.h>
 #include <workbench/pages/workbench_pages.h>
 #include <workbench/panels/flyout_windows.h>
+#include <workbench/panels/unit_button.h>
 #include <workbench/photos/photo_view.h>
 #include <workbench/photos/photo_view_controller.h>
 
@@ -19,7 +21,6 @@
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QLabel>
-#include <QMenuBar>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -39,6 +40,7 @@ MainWindow::MainWindow(QWidget* parent)
   makePages();
   connectCommands();
   statusBar()->addPermanentWidget(m_numbers);
+  statusBar()->addPermanentWidget(new UnitButton(*this, *m_controller));
   setWindowIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("smooth_shading")));
   showFileName();
   connectEvents();
@@ -61,11 +63,13 @@ void MainWindow::makePages() {
 void MainWindow::connectCommands() {
   m_bar->setObjectName(QStringLiteral("command_bar"));
   const auto buttonOf = [bar = m_bar](QAction* command) { return bar->widgetForAction(command); };
+  auto* const menus = new Vela::UiBase::MenuBuilder(QStringLiteral("menu_bar"), this, this);
   m_commands = std::make_shared<CommandListeners>(std::vector<std::shared_ptr<Vela::UiBase::CmdMgrProtocol>>{
-      std::make_shared<CommandMenus>(*menuBar()), std::make_shared<CommandBar>(*m_bar),
+      std::make_shared<CommandMenus>(*menus), std::make_shared<CommandBar>(*m_bar),
       std::make_shared<FlyoutWindows>(*this, *m_view, buttonOf)});
   m_controller->setDelegate(m_commands, false);
   m_photos->setDelegate(m_commands, false);
+  menus->Start();
 }
 
 void MainWindow::connectEvents() {

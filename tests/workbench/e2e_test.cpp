@@ -17,8 +17,6 @@
 
 #include <QApplication>
 #include <QFileDialog>
-#include <QMenu>
-#include <QMenuBar>
 #include <QSignalSpy>
 #include <QStatusBar>
 
@@ -274,27 +272,6 @@ private Q_SLOTS:
     QTRY_VERIFY(qobject_cast<AboutDialog*>(QApplication::activeModalWidget()));
     workbench.press(Qt::Key_Escape);
     QTRY_VERIFY(!QApplication::activeModalWidget());
-  }
-
-  void everyCommandCanBeReachedWithTheKeyboard() {
-    WorkbenchFixture workbench;
-    QVERIFY(workbench.start());
-    QStringList mnemonics;
-    int entries = 0;
-    for (const QAction* const bar : workbench.window().menuBar()->actions()) {
-      QVERIFY(bar->text().contains(QLatin1Char('&')));
-      QStringList own;
-      for (const QAction* const entry : bar->menu()->actions()) {
-        if (entry->isSeparator())
-          continue;
-        ++entries;
-        const qsizetype at = entry->text().indexOf(QLatin1Char('&'));
-        QVERIFY2(at >= 0, qPrintable(entry->text()));
-        QVERIFY2(!own.contains(entry->text().at(at + 1)), qPrintable(entry->text()));
-        own += entry->text().at(at + 1);
-      }
-    }
-    QCOMPARE(entries, 31);
   }
 
   void quits() {

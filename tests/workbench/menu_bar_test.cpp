@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include "mesh_files.h"
+#include "test_meshes.h"
+#include "workbench_fixture.h"
+
+#include <support/test_case.h>
+#include <ui_base/toolbars/menu_builder.h>
+#include <vlk_common_res/styles.h>
+#include <workbench/commands/clear_measurements_command.h>
+#include <workbench/commands/dark_palette_command.h>
+#include <workbench/commands/length_unit_command.h>
+#include <workbench/commands/placement_command.h>
+#include <workbench/palette_item.h>
+#include <workbench/panels/unit_button.h>
+
+#include <QApplication>
+#include <QMenu>
+#include <QToolButton>
+
+using namespace Workbench;
+using namespace Vela::UiBase;
+using Test::WorkbenchFixture;
+using Vela::Resource::Styles;
+
+namespace {
+
+class Bench : public WorkbenchFixture {
+public:
+  MenuBuilder& menus() { return *window().findChild<MenuBuilder*>(); }
+  QToolButton& item(const QString& name) { return *menus().GetMenuBarItem(name); }
+  QMenu* openMenu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
+  void click(const QWidget& widget) {
+    const QPoint at = widget.mapTo(widget.window(), widget.rect().center());
+    QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {}, at);
+  }
+  void choose(const QAction* entry) {
+    const QPoint at = openMenu()->actionGeometry(const_cast<QAction*>(entry)).center();
+    QTest::mouseMove(openMenu()->windowHandle(), at);
+    QTest::mouseClick(openMenu()->windowHandle(), Qt::LeftButton, {}, at);
+  }
+};
+
+/// Whether every entry has a mnemonic that no other of its menu has; counts them.
+int usableEntries(const QMenu& menu) {
+  QStringList mnemonics;
+  for (const QAction* const entry : menu.actions()) {
+    if (entry->isSeparator())
+      continue;
+    const QString mnemonic = QKeySequence::mnemonic(entry->text()).toString();
+    if (mnemonic.isEmpty() || mnemonics.contains(mnemonic))
+      qWarning("%s", qPrintable(entry->text()));
+    mnemonics += mnemonic;
+  }
+  return int(mnemonics.size());
+}
+
+} // namespace
+
+// The menu bar, and the menu in the status bar.
+class MenuBarTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void everyCommandCanBeReachedWithTheKeyboard() {
+    Bench bench;
+    QVERIFY(bench.start());
+    QCOMPARE(bench.window().menuWidget(), bench.menus().MenuBar());
+    QStringList items;
+    int entries = 0;
+    for (const QToolButton* const item : bench.menus().MenuBar()->findChildren<QToolButton*>()) {
+      if (!item->isVisible() || !item->menu())
+        continue;
+      const QString mnemonic = QKeySequence::mnemonic(item->text()).toString();
+      QVERIFY2(!mnemonic.isEmpty() && !items.contains(mnemonic), qPrintable(item->text()));
+      items += mnemonic;
+      entries += usableEntries(*item->menu());
+    }
+    QCOMPARE(items.size(), 6);
+    QCOMPARE(entries, 31);
+  }
+
+  void theArrowsReachAGroupAndItsCheckMarks() {
+    Bench bench;
+    QVERIFY(bench.start());
+    bench.press(Qt::Key_F10);
+    for (int i = 0; i < 4; ++i)
+      bench.press(Qt::Key_Right); // from File to View
+    bench.press(Qt::Key_Down);
+    QCOMPARE(bench.openMenu(), bench.menus().GetMenu(QStringLiteral("view")));
+    bench.press(Qt::Key_S);
+    const QMenu* const shading = bench.openMenu();
+    QVERIFY(shading && shading->objectName().endsWith(QStringLiteral("Shading")));
+    QCOMPARE(bench.menus().GetMenu(shading->objectName()), shading);
+    bench.press(Qt::Key_Down);
+    bench.press(Qt::Key_Return);
+    QTRY_COMPARE(bench.view().shading(), FlatShading);
+    QVERIFY(!bench.openMenu() && bench.view().hasFocus());
+    QVERIFY(!shading->actions()[0]->isChecked() && shading->actions()[1]->isChecked());
+  }
+
+  void theMouseMovesAlongAndChooses() {
+    Bench bench;
+    QVERIFY(bench.start());
+    bench.click(bench.item(QStringLiteral("tools")));
+    QVERIFY(bench.openMenu()->actions().contains(bench.command<ClearMeasurementsCommand>()));
+    QVERIFY(!bench.command<ClearMeasurementsCommand>()->isEnabled());
+    const QToolButton& view = bench.item(QStringLiteral("view"));
+    QTest::mouseMove(bench.window().windowHandle(), view.mapTo(&bench.window(), view.rect().center()));
+    QCOMPARE(bench.openMenu(), bench.menus().GetMenu(QStringLiteral("view")));
+    bench.choose(bench.command<PlacementOverlayCommand>());
+    QTRY_VERIFY(bench.command<PlacementOverlayCommand>()->isChecked());
+  }
+
+  void aMenuComesWithItsPage() {
+    Bench bench;
+    QVERIFY(bench.start());
+    QVERIFY(!bench.item(QStringLiteral("photograph")).isVisible());
+    bench.press(Qt::Key_2, Qt::AltModifier);
+    QTRY_VERIFY(bench.item(QStringLiteral("photograph")).isVisible());
+    QVERIFY(usableEntries(*bench.menus().GetMenu(QStringLiteral("photograph"))) > 4);
+  }
+
+  void thePaletteItemShowsWhatAClickDoes() {
+    Bench bench;
+    QVERIFY(bench.start());
+    auto& command = *bench.command<DarkPaletteCommand>();
+    QToolButton& item = bench.item(paletteItemName());
+    QCOMPARE(item.geometry().right(), bench.menus().MenuBar()->rect().right());
+    QVERIFY(item.text() == QStringLiteral("Dark palette") && !item.icon().isNull());
+    bench.click(item);
+    QTRY_COMPARE(Styles::Instance().palette(), Vela::Resource::Dark);
+    QVERIFY(command.isChecked());
+    QCOMPARE(item.text(), QStringLiteral("Light palette"));
+    // Somebody else changes it.
+    bench.press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
+    QTRY_COMPARE(item.text(), QStringLiteral("Dark palette"));
+    QVERIFY(item.toolTip().startsWith(item.text()) && item.toolTip().contains(QStringLiteral("Ctrl")));
+    command.setEnabled(false);
+    QVERIFY(!item.isEnabled());
+  }
+
+  void theUnitIsChosenInTheStatusBar() {
+    Bench bench;
+    QVERIFY(bench.start());
+    auto& button = *bench.window().findChild<UnitButton*>();
+    QCOMPARE(button.text(), QStringLiteral("mm"));
+    bench.click(button);
+    QVERIFY(bench.openMenu());
+    QCOMPARE(bench.openMenu()->actions().size(), 5);
+    bench.choose(bench.controller().findCommand(LengthUnitCommand::idOf(Vela::Common::Inch)));
+    QTRY_COMPARE(bench.view().measurements().unit(), Vela::Common::Inch);
+    QVERIFY(!bench.openMenu());
+    QCOMPARE(button.text(), Vela::Common::unitSymbol(Vela::Common::Inch));
+    // Chosen elsewhere, with the keyboard.
+    bench.press(Qt::Key_T, Qt::AltModifier);
+    bench.press(Qt::Key_U);
+    bench.press(Qt::Key_C);
+    QTRY_COMPARE(button.text(), QStringLiteral("cm"));
+  }
+};
+
+VELA_TEST_MAIN(MenuBarTest)
+#include "menu_bar_test.moc"
