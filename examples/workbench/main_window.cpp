@@ -5,24 +5,21 @@
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_common_res/styles.h>
-#include <workbench/command_bar.h>
-#include <workbench/command_listeners.h>
 #include <workbench/command_menus.h>
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
 #include <workbench/pages/page_stack.h>
 #include <workbench/pages/workbench_pages.h>
-#include <workbench/panels/flyout_windows.h>
 #include <workbench/panels/unit_button.h>
 #include <workbench/photos/photo_view.h>
 #include <workbench/photos/photo_view_controller.h>
+#include <workbench/toolbars/mesh_tool_bars.h>
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QLabel>
 #include <QStatusBar>
-#include <QToolBar>
 
 namespace Workbench {
 
@@ -35,7 +32,7 @@ MainWindow::MainWindow(QWidget* parent)
       m_photoView(new PhotoView(this)),
       m_photos(new PhotoViewController(m_photoView)),
       m_pages(new WorkbenchPages(*m_controller, *m_photos, this)),
-      m_bar(addToolBar(tr("Commands"))),
+      m_toolBars(new MeshToolBars(*m_view, *m_controller, this)),
       m_numbers(new QLabel(this)) {
   makePages();
   connectCommands();
@@ -61,12 +58,8 @@ void MainWindow::makePages() {
 }
 
 void MainWindow::connectCommands() {
-  m_bar->setObjectName(QStringLiteral("command_bar"));
-  const auto buttonOf = [bar = m_bar](QAction* command) { return bar->widgetForAction(command); };
   auto* const menus = new Vela::UiBase::MenuBuilder(QStringLiteral("menu_bar"), this, this);
-  m_commands = std::make_shared<CommandListeners>(std::vector<std::shared_ptr<Vela::UiBase::CmdMgrProtocol>>{
-      std::make_shared<CommandMenus>(*menus), std::make_shared<CommandBar>(*m_bar),
-      std::make_shared<FlyoutWindows>(*this, *m_view, buttonOf)});
+  m_commands = std::make_shared<CommandMenus>(*menus);
   m_controller->setDelegate(m_commands, false);
   m_photos->setDelegate(m_commands, false);
   menus->Start();

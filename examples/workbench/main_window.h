@@ -6,7 +6,6 @@
 #include <memory>
 
 class QLabel;
-class QToolBar;
 
 namespace Vela::UiBase {
 class CmdMgrProtocol;
@@ -14,14 +13,15 @@ class CmdMgrProtocol;
 
 namespace Workbench {
 
+class MeshToolBars;
 class MeshView;
 class MeshViewController;
 class PhotoView;
 class PhotoViewController;
 class WorkbenchPages;
 
-/// The window of the workbench: the pages of the mesh and of the photographs, with a menu bar and a tool bar
-/// of their commands, and a status bar.
+/// The window of the workbench: the pages of the mesh and of the photographs, with a menu bar of their
+/// commands, and a status bar. Over the mesh there are toolbars.
 ///
 /// Needs the application manager to be set before it is shown.
 class MainWindow : public QMainWindow {
@@ -34,6 +34,7 @@ public:
   MeshView* view() const noexcept { return m_view; }
   MeshViewController* controller() const noexcept { return m_controller; }
   PhotoView* photoView() const noexcept { return m_photoView; }
+  MeshToolBars& toolBars() const noexcept { return *m_toolBars; }
   WorkbenchPages& pages() const noexcept { return *m_pages; }
 
 protected:
@@ -52,7 +53,7 @@ private:
   PhotoView* m_photoView;
   PhotoViewController* m_photos; // owned by its view
   WorkbenchPages* m_pages;
-  QToolBar* m_bar;
+  MeshToolBars* m_toolBars;
   std::shared_ptr<Vela::UiBase::CmdMgrProtocol> m_commands;
   QLabel* m_numbers;
 };

@@ -13,6 +13,7 @@
 #include <workbench/panels/command_tooltip.h>
 #include <workbench/photos/photo_view.h>
 #include <workbench/screenshot_run.h>
+#include <workbench/toolbars/mesh_tool_bars.h>
 #include <workbench/workbench_app_manager.h>
 #include <workbench/workbench_icon_provider.h>
 
@@ -52,6 +53,7 @@ void WorkbenchApp::showWindow() {
     return;
   }
   UiBase::NotificationBar::setDefaultFadeDuration(0);
+  m_window->toolBars().setAnimationDuration(0);
   m_window->show();
   m_screenshot = std::make_unique<ScreenshotRun>(*m_window, m_options.screenshot);
   m_screenshot->start(m_options.files);

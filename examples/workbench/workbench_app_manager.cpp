@@ -29,6 +29,7 @@
 #include <workbench/panels/smooth_panel.h>
 #include <workbench/photos/photo_command.h>
 #include <workbench/photos/photo_view_controller.h>
+#include <workbench/toolbars/command_groups.h>
 
 namespace Workbench {
 
@@ -36,18 +37,15 @@ using namespace Vela::UiBase;
 
 namespace {
 
-// What the left button does. The tools of the view's tool panel stand in its group.
-CommandGroup* toolGroup(MeshViewController* controller) {
+// What the left button does.
+CommandGroup* modeGroup(MeshViewController* controller) {
   auto* const modes =
       new CommandGroup(QString(), WorkbenchAppManager::tr("Left mouse button"), QStringLiteral("Modes"));
+  modes->setBaseGroupName(ToolsSection);
   int rank = 0;
   for (const EToolMode mode : {PickMode, MeasureMode, RectangleMode})
     modes->addCommand(new ModeCommand(controller, mode), rank++);
-  CommandGroup* const tools = controller->ToolPanelGroup();
-  tools->setBaseGroupName(ToolsSection);
-  tools->removeCommand(modes->commandId()); // those of a view before
-  tools->addCommand(modes, 0);
-  return tools;
+  return modes;
 }
 
 CommandGroup* shadingGroup(MeshViewController* controller) {
@@ -115,14 +113,7 @@ QList<CommandBase*> photoCommands(PhotoViewController* controller) {
   return commands;
 }
 
-} // namespace
-
-QList<CommandBase*> WorkbenchAppManager::commandsFor(CmdsViewController* controller) {
-  if (auto* const photos = dynamic_cast<PhotoViewController*>(controller))
-    return photoCommands(photos);
-  auto* const mesh = dynamic_cast<MeshViewController*>(controller);
-  if (!mesh)
-    return {};
+QList<CommandBase*> meshCommands(MeshViewController* mesh) {
   CommandGroup* const shadings = shadingGroup(mesh);
   return {new OpenMeshCommand(mesh),
           new SaveScreenshotCommand(mesh),
@@ -136,7 +127,7 @@ QList<CommandBase*> WorkbenchAppManager::commandsFor(CmdsViewController* control
           new SelectionCommand(mesh, SelectAll),
           new SelectionCommand(mesh, InvertSelection),
           selectionGroup(mesh),
-          toolGroup(mesh),
+          modeGroup(mesh),
           new ClearMeasurementsCommand(mesh),
           unitGroup(mesh),
           pageGroup(mesh),
@@ -149,6 +140,19 @@ QList<CommandBase*> WorkbenchAppManager::commandsFor(CmdsViewController* control
           new PlacementOverlayCommand(mesh),
           new PrintPlacementCommand(mesh),
           new AboutCommand(mesh)};
+}
+
+} // namespace
+
+QList<CommandBase*> WorkbenchAppManager::commandsFor(CmdsViewController* controller) {
+  if (auto* const photos = dynamic_cast<PhotoViewController*>(controller))
+    return photoCommands(photos);
+  auto* const mesh = dynamic_cast<MeshViewController*>(controller);
+  if (!mesh)
+    return {};
+  const QList<CommandBase*> commands = meshCommands(mesh);
+  fillToolBarGroups(*mesh, commands);
+  return commands;
 }
 
 } // namespace Workbench

@@ -6,6 +6,7 @@
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/popups/flyout_base.h>
+#include <ui_base/toolbars/action_panel.h>
 #include <ui_base/tooltips/tooltip_ex.h>
 #include <ui_base/tooltips/tooltip_manager.h>
 #include <workbench/commands/decimate_mesh_command.h>
@@ -24,7 +25,6 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTextBrowser>
-#include <QToolBar>
 
 using namespace Workbench;
 using namespace Vela::UiBase;
@@ -74,7 +74,8 @@ public:
   }
   template <typename Command>
   QWidget* button() {
-    return window().findChild<QToolBar*>()->widgetForAction(command<Command>());
+    QWidget* const button = bars().mainBar().FindOneButton(Command::className(), true);
+    return button ? button : bars().panel().FindOneButton(Command::className(), true);
   }
 
 private:

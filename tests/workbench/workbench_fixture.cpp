@@ -3,10 +3,12 @@
 
 #include <support/test_case.h>
 #include <ui_base/popups/notification_bar.h>
+#include <ui_base/toolbars/toolbar_manager.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/config_manager.h>
 #include <vlk_app_service/i_app_manager.h>
 #include <vlk_common_res/styles.h>
+#include <workbench/toolbars/mesh_tool_bars.h>
 
 #include <QApplication>
 #include <QDropEvent>
@@ -39,6 +41,8 @@ WorkbenchFixture::~WorkbenchFixture() {
 bool WorkbenchFixture::start() {
   if (m_kernel.start() != Taren::Core::RcmSuccess)
     return false;
+  bars().setAnimationDuration(0);
+  bars().dynamicBars().setGatheringTime(0);
   window().activateWindow();
   return QTest::qWaitForWindowActive(&window());
 }

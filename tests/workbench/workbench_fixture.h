@@ -6,6 +6,7 @@
 #include <workbench/main_window.h>
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
+#include <workbench/toolbars/mesh_tool_bars.h>
 #include <workbench/workbench_app.h>
 
 #include <QTemporaryDir>
@@ -26,6 +27,7 @@ public:
 
   WorkbenchApp& app() { return *m_app; }
   MainWindow& window() { return *m_app->window(); }
+  MeshToolBars& bars() { return window().toolBars(); }
   MeshView& view() { return *window().view(); }
   MeshViewController& controller() { return *window().controller(); }
   void end() { m_kernel.stop(); }

@@ -83,7 +83,7 @@ void ToolBarPaths::prepareBackground(const QRect& rect, const QList<ToolBarGroup
   for (const ToolBarGroupRects& group : laidOut) {
     groups.addPath(
         roundedPath(inside(group.panel, groupBorder), params.groupCorners, params.cornerRadius, area));
-    if (before)
+    if (before && groupBorder == 0)
       groupSeparators.append(gapBetween(*before, group.panel));
     before = &group.panel;
   }

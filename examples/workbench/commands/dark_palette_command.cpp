@@ -27,6 +27,8 @@ Vela::Services::ConfigManager& config() {
 
 DarkPaletteCommand::DarkPaletteCommand(MeshViewController* controller) : CommandBase(controller) {
   setText(tr("&Dark Palette"));
+  setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("dark_palette")));
+  setIconVisibleInMenu(false); // the menu shows whether it is on in its place
   setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_D);
   setStatusTip(tr("Light text on a dark background"));
   setBaseGroupName(LookSection);

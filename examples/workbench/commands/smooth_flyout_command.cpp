@@ -29,7 +29,7 @@ SmoothFlyoutCommand::SmoothFlyoutCommand(FlyoutBase* flyout, MeshViewController*
       m_panel(panelOf(flyout)),
       m_edit(*this) {
   setText(tr("Smooth &with Options…"));
-  setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("smooth_mesh")));
+  setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("smooth_options")));
   setShortcut(Qt::CTRL | Qt::ALT | Qt::Key_M);
   setStatusTip(tr("Choose how much to smooth, and see it at once"));
   setBaseGroupName(MeshSection);

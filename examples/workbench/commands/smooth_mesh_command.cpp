@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "smooth_mesh_command.h"
 
+#include <ui_base/views/qt_ui_toolkit.h>
 #include <workbench/command_menus.h>
 #include <workbench/mesh_ops/smooth.h>
 #include <workbench/mesh_view_controller.h>
@@ -11,6 +12,7 @@ using namespace Vela::UiBase;
 
 SmoothMeshCommand::SmoothMeshCommand(MeshViewController* controller) : MeshOperationCommand(controller) {
   setText(tr("&Smooth Mesh"));
+  setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("smooth_mesh")));
   setShortcut(Qt::CTRL | Qt::Key_M);
   setStatusTip(tr("Smooth noise away, everywhere or where triangles are selected"));
   setBaseGroupName(MeshSection);

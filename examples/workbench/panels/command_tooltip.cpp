@@ -1,21 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "command_tooltip.h"
 
-#include <ui_base/popups/arrowed_window.h>
+#include <ui_base/toolbars/tool_button.h>
 #include <ui_base/tooltips/tooltip_ex.h>
 #include <ui_base/tooltips/tooltip_ex_factory.h>
+#include <ui_base/tooltips/tooltip_object.h>
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <workbench/commands/command_help.h>
 
 #include <QAction>
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
 #include <QPainter>
 #include <QPointer>
-
-#include <algorithm>
 
 namespace Workbench {
 
@@ -25,7 +23,7 @@ namespace {
 
 constexpr int PictureSize = 56;   // px
 constexpr int DetailsWidth = 220; // px
-constexpr int Gap = 3;            // px, to the edge of the window
+constexpr char GivenProperty[] = "hasCommandTooltip";
 
 // Painted each time, so that it follows the palette and the screen.
 class Picture : public QWidget {
@@ -61,9 +59,13 @@ QWidget* makeSection(const CommandHelp& help) {
 
 } // namespace
 
-CommandTooltip::CommandTooltip(QWidget& button, const QAction& command)
-    : TooltipObject(CommandTooltips, &button) {
-  const auto make = [command = QPointer<const QAction>(&command)]() -> QWidget* {
+void giveCommandTooltip(ToolButton& button) {
+  TooltipObject* const tooltip = button.GetTooltipObject();
+  const QAction* const command = button.actions().value(0);
+  if (!tooltip || !command || button.property(GivenProperty).toBool())
+    return;
+  button.setProperty(GivenProperty, true);
+  const auto make = [command = QPointer<const QAction>(command)]() -> QWidget* {
     TooltipEx* const content = TooltipExFactory::Create(command);
     if (!content)
       return nullptr;
@@ -72,37 +74,7 @@ CommandTooltip::CommandTooltip(QWidget& button, const QAction& command)
       content->SetAdvancedWidget(makeSection(help));
     return content;
   };
-  SetTooltipType(RichTooltip);
-  SetTooltipFactory(make, TooltipExFactory::Description(&command), true);
-  AttachTo(&button);
-  button.setFocusPolicy(Qt::TabFocus);
-}
-
-bool CommandTooltip::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Move && watched != AttachedWidget())
-    if (auto* const window = qobject_cast<ArrowedWindow*>(watched))
-      keepInWindow(*window);
-  return TooltipObject::eventFilter(watched, event);
-}
-
-// Nearer to the edge of the window than popups are placed, no arrow fits: the tooltip is moved in as far as
-// its arrow goes along.
-void CommandTooltip::keepInWindow(ArrowedWindow& window) {
-  const QWidget* const layer = window.parentWidget();
-  SArrowParam arrow;
-  if (!layer || layer->rect().contains(window.geometry()) || !window.GetCurrentArrowParam(arrow))
-    return;
-  const QPoint tip = window.pos() + window.GetArrowPoint();
-  arrow.offsetAlongX = true;
-  arrow.offset = 0;
-  QSize size;
-  QPoint tipInWindow;
-  if (!window.GetArrowWindowSize(arrow, size, tipInWindow))
-    return;
-  const int left = tip.x() - tipInWindow.x();
-  arrow.offset = std::max(0, left + size.width() + Gap - layer->width()) - std::max(0, Gap - left);
-  if (window.GetArrowWindowSize(arrow, size, tipInWindow))
-    window.move(tip - tipInWindow);
+  tooltip->SetTooltipFactory(make, TooltipExFactory::Description(command), true);
 }
 
 } // namespace Workbench

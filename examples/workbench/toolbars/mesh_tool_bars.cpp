@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "mesh_tool_bars.h"
+
+#include <ui_base/commands/command_group.h>
+#include <ui_base/popups/floating_widget.h>
+#include <ui_base/toolbars/action_panel.h>
+#include <ui_base/toolbars/toolbar_manager.h>
+#include <workbench/mesh_view.h>
+#include <workbench/mesh_view_controller.h>
+#include <workbench/panels/command_tooltip.h>
+
+#include <QChildEvent>
+
+namespace Workbench {
+
+using namespace Vela::UiBase;
+
+namespace {
+
+constexpr int Gap = 8; // px
+
+} // namespace
+
+MeshToolBars::MeshToolBars(MeshView& view, MeshViewController& controller, QObject* parent)
+    : QObject(parent),
+      m_view(view),
+      m_controller(controller),
+      m_main(new ToolBar(&view, Qt::TopToolBarArea)),
+      m_panel(new ActionPanel(&view)),
+      m_dynamic(new ToolbarManager(m_main)) {
+  dressMainBar();
+  m_panel->setAccessibleName(tr("Actions"));
+  m_panel->SetTooltipGroup(CommandTooltips);
+  for (ToolBar* const bar : {m_main, static_cast<ToolBar*>(m_panel)}) {
+    bar->hide();
+    connect(bar, &ToolBar::LayoutChanged, this, &MeshToolBars::dressButtons);
+  }
+  m_main->AddCommandGroup(controller.ToolPanelGroup());
+  m_panel->AddCommandGroup(controller.ActionPanelGroup());
+  controller.selectionCommands().setDelegate(m_dynamic);
+  connect(&controller.events(), &MeshViewEvents::meshShown, this, &MeshToolBars::show);
+  view.installEventFilter(this);
+}
+
+MeshToolBars::~MeshToolBars() = default;
+
+void MeshToolBars::dressMainBar() {
+  m_main->setAccessibleName(tr("Main toolbar"));
+  ToolBar::ApplyDefaultToolbarParams(m_main, QStringLiteral("main_tool_bar"));
+  m_main->SetCentered(true);
+  m_main->SetOffset({0, Gap});
+  m_main->SetRoundCorner(AllRoundCorners, NoRoundCorner, 6);
+  m_main->SetTooltipGroup(CommandTooltips);
+}
+
+void MeshToolBars::setAnimationDuration(int milliseconds) {
+  m_main->SetAnimationDuration(milliseconds);
+  m_panel->SetAnimationDuration(milliseconds);
+}
+
+void MeshToolBars::show() {
+  if (std::exchange(m_shown, true))
+    return;
+  m_dynamic->addDynamicCommandGroup(m_controller.DynamicToolPanelGroup());
+  m_panel->PrepareActionPanel();
+  dressButtons();
+  m_main->ShowAnimated();
+  m_panel->ShowAnimated();
+  const auto floating = m_view.findChildren<FloatingWidget*>(QString(), Qt::FindDirectChildrenOnly);
+  for (FloatingWidget* const widget : floating)
+    keepClear(*widget);
+}
+
+// All bars of the view, those behind buttons included.
+void MeshToolBars::dressButtons() {
+  const auto bars = m_view.findChildren<ToolBar*>(QString(), Qt::FindDirectChildrenOnly);
+  for (ToolBar* const bar : bars) {
+    connect(bar, &ToolBar::LayoutChanged, this, &MeshToolBars::dressButtons, Qt::UniqueConnection);
+    const QList<ToolButton*> buttons = bar->Buttons();
+    for (ToolButton* const button : buttons)
+      giveCommandTooltip(*button);
+  }
+  // What is no switch does not stay pressed.
+  const QList<ToolButton*> buttons = m_panel->Buttons();
+  for (ToolButton* const button : buttons) {
+    if (button->Action() && !button->Action()->isCheckable() && button->isCheckable())
+      button->setCheckable(false);
+  }
+}
+
+void MeshToolBars::keepClear(FloatingWidget& widget) const {
+  const int side = m_panel->Offset().x() + m_panel->sizeHint().width() + Gap;
+  const int top = m_main->Offset().y() + m_main->sizeHint().height() + Gap;
+  const bool centered = widget.alignment().testFlag(Qt::AlignHCenter);
+  widget.setMargins({side, top, centered ? side : Gap, Gap});
+}
+
+bool MeshToolBars::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == &m_view && event->type() == QEvent::ChildPolished && m_shown) {
+    if (auto* const widget = qobject_cast<FloatingWidget*>(static_cast<QChildEvent*>(event)->child()))
+      keepClear(*widget);
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+} // namespace Workbench
