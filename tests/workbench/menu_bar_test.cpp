@@ -33,8 +33,8 @@ public:
     const QPoint at = widget.mapTo(widget.window(), widget.rect().center());
     QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {}, at);
   }
-  void choose(const QAction* entry) {
-    const QPoint at = openMenu()->actionGeometry(const_cast<QAction*>(entry)).center();
+  void choose(QAction* entry) {
+    const QPoint at = openMenu()->actionGeometry(entry).center();
     QTest::mouseMove(openMenu()->windowHandle(), at);
     QTest::mouseClick(openMenu()->windowHandle(), Qt::LeftButton, {}, at);
   }

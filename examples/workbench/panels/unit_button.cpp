@@ -20,16 +20,20 @@ namespace {
 
 constexpr int MenuGap = 2; // px
 
-constexpr QLatin1String ArrowStyle(R"(
-QToolButton { padding-right: 16px; }
+// Style sheets mirror places, but not the sides of a padding.
+QString arrowStyle(bool mirrored) {
+  return QStringLiteral(R"(
+QToolButton { padding-%1: 18px; }
 QToolButton::menu-indicator {
   height: 12px;
   image: url(:/resources/images/arrow_down.svg);
-  right: 3px;
+  padding: 0 3px;
   subcontrol-origin: border;
   subcontrol-position: center right;
   width: 12px;
-})");
+})")
+      .arg(mirrored ? QLatin1String("left") : QLatin1String("right"));
+}
 
 } // namespace
 
@@ -50,7 +54,7 @@ UnitButton::UnitButton(QMainWindow& window, const MeshViewController& controller
 
 void UnitButton::dress() {
   const Styles& styles = Styles::Instance();
-  const QString normal = styles.ToolButtonSystem() + ArrowStyle;
+  const QString normal = styles.ToolButtonSystem() + arrowStyle(isRightToLeft());
   const QString open = QStringLiteral("QToolButton { border-color: %1; }").arg(styles.ColorAccent().name());
   setProperty(qPrintable(RCMenuManager::BUTTON_ORIGINAL_STYLE), normal);
   setProperty(qPrintable(RCMenuManager::BUTTON_ALTERNATE_STYLE), normal + open);
