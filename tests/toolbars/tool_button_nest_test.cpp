@@ -28,6 +28,8 @@ private Q_SLOTS:
   void buttonStandsInForTheExtendedOne();
   void nothingStandsInForNothing();
   void licenseDoesNotEndTheExtendMode();
+  void checkedCommandMayDieWhileItsFlyoutIsOpen();
+  void buttonMayGoWhenItsMenuDoes();
   void anythingMayGoWhileAMenuIsOpen_data();
   void anythingMayGoWhileAMenuIsOpen();
 };
@@ -144,6 +146,26 @@ void ToolButtonNestTest::licenseDoesNotEndTheExtendMode() {
   QVERIFY(stage.button->IsLocked() && stage.plain->IsLocked());
   stage.click(stage.menuButton);
   QVERIFY(!stage.button->IsLocked() && !stage.plain->IsLocked());
+}
+
+void ToolButtonNestTest::checkedCommandMayDieWhileItsFlyoutIsOpen() {
+  MenuStage stage(true);
+  stage.click(stage.button);
+  QVERIFY(stage.command->isChecked() && stage.flyout->isVisible());
+  delete stage.view;
+  Vela::Test::settle();
+  QVERIFY(!stage.bar && !stage.button && !stage.flyout);
+}
+
+void ToolButtonNestTest::buttonMayGoWhenItsMenuDoes() {
+  MenuStage stage;
+  stage.click(stage.button);
+  connect(
+      stage.button, &ToolButtonWithMenu::ButtonMenuVisibilityChange, &stage.window,
+      [&stage] { delete stage.button; }, Qt::SingleShotConnection);
+  stage.key(Qt::Key_Escape);
+  Vela::Test::settle();
+  QVERIFY(!stage.button && stage.flyout && !stage.flyout->isVisible());
 }
 
 void ToolButtonNestTest::anythingMayGoWhileAMenuIsOpen_data() {

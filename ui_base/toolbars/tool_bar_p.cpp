@@ -204,8 +204,10 @@ bool ToolBarPrivate::filterButton(ToolButton& button, QEvent& event) {
     scheduleEnableActions();
     break;
   case QEvent::ActionRemoved:
-    if (button.actions().isEmpty())
+    if (button.actions().isEmpty()) {
+      button.setDefaultAction(nullptr); // which may be dying, and is not to be unchecked with the button
       removeButton(button);
+    }
     break;
   case QEvent::ShowToParent:
   case QEvent::HideToParent:

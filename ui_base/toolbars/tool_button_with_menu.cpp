@@ -291,7 +291,11 @@ bool ToolButtonWithMenu::eventFilter(QObject* watched, QEvent* event) {
     return ToolButton::eventFilter(watched, event);
   if (event->type() == QEvent::Hide && own()->watched->isHidden()) {
     // Not when something around the menu is hidden, with which it comes back.
+    const QPointer<ToolButtonWithMenu> self(this);
+    own()->popupHides = true;
     MenuHidden();
+    if (self)
+      own()->popupHides = false;
     return false;
   }
   if (isEscape(*event)) {

@@ -56,7 +56,8 @@ public Q_SLOTS:
   void OnActionTriggered(bool checked);
 
 Q_SIGNALS:
-  /// Once for each showing and each hiding of the menu; also sent by the toolbar.
+  /// Once for each showing and each hiding of the menu; also sent by the toolbar. Who wants to delete the
+  /// button or the toolbar on that does so with deleteLater(): they may just be unchecked or hidden.
   void ButtonMenuVisibilityChange(ToolButton* button, bool isMenuVisible);
 
 protected:

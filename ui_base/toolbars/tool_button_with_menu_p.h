@@ -38,6 +38,7 @@ public:
 
   bool openAtClick = false; // as the click that is being handled found it
   bool closedByPress = false;
+  bool popupHides = false; // and is not to be deleted
   QPointer<QWidget> watched;
   QPointer<QWidget> focusBefore;
 };

@@ -30,9 +30,14 @@ ToolButtonWithWidgetMenu::~ToolButtonWithWidgetMenu() {
   HideMenu();
   d->toolBar.clear();
   SetMenu(nullptr);
-  if (own()->window)
-    own()->window->disconnect(this);
-  delete own()->window;
+  ArrowedWindow* const window = own()->liveWindow();
+  if (!window)
+    return;
+  window->disconnect(this);
+  if (own()->popupHides)
+    window->deleteLater();
+  else
+    delete window;
 }
 
 void ToolButtonWithWidgetMenu::Initialize(QWidget* menu) {
