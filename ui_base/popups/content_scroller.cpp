@@ -29,6 +29,16 @@ void ContentScroller::setLimit(const QSize& limit) {
   updateGeometry();
 }
 
+void ContentScroller::setLimitWithin(QLayout& column, const QSize& limit) {
+  setLimit({0, 0});
+  column.invalidate();
+  const QMargins margins = column.contentsMargins();
+  const QSize left(limit.width() - margins.left() - margins.right(),
+                   limit.height() - column.totalMinimumSize().height());
+  setLimit(left.expandedTo({0, 0}));
+  column.invalidate();
+}
+
 bool ContentScroller::hasHeightForWidth() const { return widget() && widget()->hasHeightForWidth(); }
 
 int ContentScroller::heightForWidth(int width) const {

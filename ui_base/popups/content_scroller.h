@@ -17,6 +17,9 @@ public:
   void setContent(QWidget* content);
   /// The room that may be asked for, in pixels.
   void setLimit(const QSize& limit);
+  /// The room that is left when the layout in which it stands may ask for that much; what else is in the
+  /// layout keeps its size.
+  void setLimitWithin(QLayout& column, const QSize& limit);
 
   bool hasHeightForWidth() const override;
   int heightForWidth(int width) const override;

@@ -236,18 +236,9 @@ void FlyoutBase::ShowSubWidget(QWidget* widget, bool show) {
     Q_EMIT SubWidgetVisibilityChanged(show);
 }
 
-// What surrounds the panel keeps its size, so the panel gets what is left.
 void FlyoutBase::SetSizeLimit(const QSize& limit) {
-  if (!d->scroller || std::exchange(d->sizeLimit, limit) == limit)
-    return;
-  d->scroller->setLimit({0, 0});
-  layout()->invalidate();
-  const QMargins margins = layout()->contentsMargins();
-  const int rows = layout()->totalMinimumSize().height();
-  const QSize left(limit.width() - margins.left() - margins.right(), limit.height() - rows);
-  d->scroller->setLimit(left.expandedTo({0, 0}));
-  layout()->invalidate();
-  updateGeometry();
+  if (d->scroller && std::exchange(d->sizeLimit, limit) != limit)
+    d->scroller->setLimitWithin(*layout(), limit);
 }
 
 bool FlyoutBase::IsSubWidgetVisible() const { return isVisible() && d->subWidgets.isAnyShown(); }

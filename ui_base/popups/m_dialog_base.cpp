@@ -191,13 +191,7 @@ void MDialogBasePrivate::focusFirst() {
 void MDialogBasePrivate::fitTheScreen() {
   updateLayouts();
   const QSize available = q->screen()->availableSize() - QSize(0, windowFrame);
-  scroller->setLimit({0, 0});
-  column->invalidate();
-  const QSize around = column->totalMinimumSize();
-  const QMargins margins = column->contentsMargins();
-  scroller->setLimit(
-      {available.width() - margins.left() - margins.right(), available.height() - around.height()});
-  column->invalidate();
+  scroller->setLimitWithin(*column, available);
   if (q->testAttribute(Qt::WA_Resized))
     q->resize(q->size().boundedTo(available));
 }
