@@ -43,19 +43,20 @@ void Camera::fit(const Bounds& bounds, const QSizeF& viewport) {
   m_sceneRadius = double(bounds.size().length()) / 2;
   if (!(m_sceneRadius > 0))
     m_sceneRadius = 1;
-  m_distance = distanceShowing(corners, viewport);
+  m_distance = distanceShowing(corners, viewport, viewport);
 }
 
-void Camera::fit(const Mesh& mesh, const QSizeF& viewport) {
+void Camera::fit(const Mesh& mesh, const QSizeF& viewport, const QSizeF& clear) {
   fit(mesh.bounds(), viewport);
   if (!mesh.isEmpty())
-    m_distance = distanceShowing(mesh.positions(), viewport);
+    m_distance = distanceShowing(mesh.positions(), viewport, clear.isEmpty() ? viewport : clear);
 }
 
-double Camera::distanceShowing(const std::vector<QVector3D>& points, const QSizeF& viewport) const {
+double Camera::distanceShowing(const std::vector<QVector3D>& points, const QSizeF& viewport,
+                               const QSizeF& clear) const {
   const double focal = focalLength(viewport);
-  const double slopeX = usable(viewport.width()) / 2 / focal;
-  const double slopeY = usable(viewport.height()) / 2 / focal;
+  const double slopeX = usable(clear.width()) / 2 / focal;
+  const double slopeY = usable(clear.height()) / 2 / focal;
   const CameraAxes axis = axes();
   double distance = 0;
   for (const QVector3D& point : points) {

@@ -42,7 +42,8 @@ public:
   /// Looks at the middle of a box from where all of it fills the picture; the angles stay as they are.
   void fit(const Bounds& bounds, const QSizeF& viewport);
   /// The same for a mesh, as near as its vertices allow; its bounds are turned around the middle.
-  void fit(const Mesh& mesh, const QSizeF& viewport);
+  /// @param clear  the part in the middle of the picture that it fills; all of it when empty
+  void fit(const Mesh& mesh, const QSizeF& viewport, const QSizeF& clear = {});
   /// Turns to the first angles: from the front, a little to the right and from above.
   void resetAngles();
 
@@ -78,7 +79,8 @@ public:
   friend bool operator==(const Camera&, const Camera&) = default;
 
 private:
-  double distanceShowing(const std::vector<QVector3D>& points, const QSizeF& viewport) const;
+  double distanceShowing(const std::vector<QVector3D>& points, const QSizeF& viewport,
+                         const QSizeF& clear) const;
 
   QVector3D m_target;
   double m_yaw = 30;

@@ -72,8 +72,18 @@ void MeshView::resetCamera() {
 }
 
 void MeshView::fitCamera() {
-  m_camera.fit(mesh(), size());
+  m_camera.fit(mesh(), size(), (size() - 2 * m_fitMargin).expandedTo(size() / 2));
   m_cameraFits = true;
+}
+
+void MeshView::setFitMargin(const QSize& margin) {
+  if (m_fitMargin == margin)
+    return;
+  m_fitMargin = margin;
+  if (!m_cameraFits)
+    return;
+  fitCamera();
+  invalidate(Change::Once);
 }
 
 void MeshView::setPreview(const std::optional<Mesh>& preview) {

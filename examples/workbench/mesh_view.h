@@ -47,6 +47,9 @@ public:
   void setCamera(const Camera& camera);
   /// Shows all of the mesh from the first angles again.
   void resetCamera();
+  /// How much stays clear at the left and right, and at the top and bottom, when all of the mesh is shown: for
+  /// what floats over the view. At most half of the view.
+  void setFitMargin(const QSize& margin);
 
   EShading shading() const noexcept { return m_shading; }
   void setShading(EShading shading);
@@ -109,6 +112,7 @@ private:
   bool m_pivotShown = false;
   Camera m_camera;
   bool m_cameraFits = true; // all of the mesh is shown, also after a change of the size
+  QSize m_fitMargin;
   EShading m_shading = SmoothShading;
   bool m_dropHighlight = false;
 

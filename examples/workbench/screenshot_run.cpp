@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "screenshot_run.h"
 
+#include <tqm_mesh_kernel/dispatch.h>
 #include <workbench/console.h>
 #include <workbench/main_window.h>
 #include <workbench/mesh_loader.h>
@@ -13,6 +14,7 @@
 #include <QCoreApplication>
 #include <QImageWriter>
 #include <QPixmap>
+#include <QPointer>
 #include <QTimer>
 
 namespace Workbench {
@@ -50,8 +52,20 @@ void ScreenshotRun::saveWhenSettled() {
   if (m_opening || m_saved || !isSettled())
     return;
   m_saved = true;
-  // What was just shown over the view still has to find its place.
-  QTimer::singleShot(0, this, &ScreenshotRun::save);
+  saveAfter(2);
+}
+
+// What was just shown over the view still has to find its place, and the commands to hear what they can do.
+void ScreenshotRun::saveAfter(int turns) {
+  if (turns == 0) {
+    save();
+    return;
+  }
+  const auto next = [run = QPointer(this), turns] {
+    if (run)
+      run->saveAfter(turns - 1);
+  };
+  QTimer::singleShot(0, this, [next] { Taren::Core::dispatchAsync(next, Taren::Core::MainThreadQoS); });
 }
 
 void ScreenshotRun::save() {

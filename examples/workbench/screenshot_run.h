@@ -25,6 +25,7 @@ private:
   void openingFinished(bool allOpened);
   bool isSettled() const;
   void saveWhenSettled();
+  void saveAfter(int turns);
   void save();
 
   MainWindow& m_window;

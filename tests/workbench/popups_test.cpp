@@ -13,6 +13,7 @@
 #include <workbench/commands/history_command.h>
 #include <workbench/commands/open_mesh_command.h>
 #include <workbench/commands/placement_command.h>
+#include <workbench/commands/set_pivot_command.h>
 #include <workbench/commands/smooth_flyout_command.h>
 #include <workbench/mesh_ops/smooth.h>
 #include <workbench/panels/command_tooltip.h>
@@ -195,12 +196,12 @@ private Q_SLOTS:
   void tooltipsTellAboutCommands() {
     PopupBench bench;
     QVERIFY(bench.show());
-    QWidget* const button = bench.button<SmoothFlyoutCommand>();
+    QWidget* const button = bench.button<SetPivotCommand>();
     QTest::mouseMove(bench.window().windowHandle(), button->mapTo(&bench.window(), QPoint(5, 5)));
     QTest::mouseMove(bench.window().windowHandle(), button->mapTo(&bench.window(), QPoint(8, 8)));
     QTRY_VERIFY(shownTooltip(bench));
-    QCOMPARE(shownTooltip(bench)->Title(), QStringLiteral("Smooth with Options"));
-    QCOMPARE(shownTooltip(bench)->Shortcut(), QStringLiteral("Ctrl+Alt+M"));
+    QCOMPARE(shownTooltip(bench)->Title(), QStringLiteral("Set Rotation Centre"));
+    QCOMPARE(shownTooltip(bench)->Shortcut(), QStringLiteral("Ctrl+R"));
     QTRY_VERIFY(shownTooltip(bench)->IsUnfolded());
     QTest::mouseMove(bench.window().windowHandle(), QPoint(400, 400));
     QTRY_VERIFY(!shownTooltip(bench));

@@ -35,6 +35,8 @@ public:
   bool show() {
     if (!start())
       return false;
+    window().resize(800, 600);
+    settle();
     controller().showMesh(twoSquares(), QStringLiteral("squares"));
     Camera camera = view().camera();
     camera.orbit(-camera.yaw(), -camera.pitch());

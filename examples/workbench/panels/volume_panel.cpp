@@ -53,7 +53,7 @@ protected:
 
 VolumePanel::VolumePanel(MeshView& view)
     : FloatingWidget(&view), m_view(view), m_panel(new PrintMaterialInfoPanel) {
-  setAlignment(Qt::AlignTop | Qt::AlignRight);
+  setAlignment(Qt::AlignBottom | Qt::AlignRight); // away from the toolbars and the notifications
   m_panel->setToolTip(tr("Right click for other units"));
   const int unit = config().value(UnitKey, m_panel->VolumeUnit()).toInt();
   m_panel->SetVolumeUnit(Vela::Common::EVolumeUnit(unit));

@@ -2,7 +2,6 @@
 #include "command_groups.h"
 
 #include <ui_base/commands/command_group.h>
-#include <workbench/commands/dark_palette_command.h>
 #include <workbench/commands/decimate_mesh_command.h>
 #include <workbench/commands/history_command.h>
 #include <workbench/commands/mesh_info_command.h>
@@ -92,8 +91,7 @@ void fillToolBarGroups(MeshViewController& controller, const QList<CommandBase*>
       *controller.ToolPanelGroup(),
       {groups.panel("MainFile", {groups.one<OpenMeshCommand>()}),
        groups.panel("MainHistory", {groups.one<UndoCommand>(), groups.one<RedoCommand>()}),
-       groups.panel("MainView", {groups.one<ResetViewCommand>(), groups.group("Shading"),
-                                 groups.one<DarkPaletteCommand>()}),
+       groups.panel("MainView", {groups.one<ResetViewCommand>(), groups.group("Shading")}),
        groups.panel("MainResult", {groups.one<MeshInfoCommand>(), groups.one<SaveScreenshotCommand>()})});
 
   CommandGroup* const smoothing =

@@ -64,6 +64,7 @@ void MeshToolBars::show() {
   m_dynamic->addDynamicCommandGroup(m_controller.DynamicToolPanelGroup());
   m_panel->PrepareActionPanel();
   dressButtons();
+  m_view.setFitMargin({clearSide(), clearTop()});
   m_main->ShowAnimated();
   m_panel->ShowAnimated();
   const auto floating = m_view.findChildren<FloatingWidget*>(QString(), Qt::FindDirectChildrenOnly);
@@ -88,17 +89,24 @@ void MeshToolBars::dressButtons() {
   }
 }
 
+int MeshToolBars::clearSide() const { return m_panel->Offset().x() + m_panel->sizeHint().width() + Gap; }
+
+int MeshToolBars::clearTop() const { return m_main->Offset().y() + m_main->sizeHint().height() + Gap; }
+
 void MeshToolBars::keepClear(FloatingWidget& widget) const {
-  const int side = m_panel->Offset().x() + m_panel->sizeHint().width() + Gap;
-  const int top = m_main->Offset().y() + m_main->sizeHint().height() + Gap;
+  const int side = clearSide();
   const bool centered = widget.alignment().testFlag(Qt::AlignHCenter);
-  widget.setMargins({side, top, centered ? side : Gap, Gap});
+  widget.setMargins({side, clearTop(), centered ? side : Gap, Gap});
 }
 
+// What comes is no more than a widget yet.
 bool MeshToolBars::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == &m_view && event->type() == QEvent::ChildPolished && m_shown) {
-    if (auto* const widget = qobject_cast<FloatingWidget*>(static_cast<QChildEvent*>(event)->child()))
-      keepClear(*widget);
+  if (watched == &m_view && event->type() == QEvent::ChildAdded && m_shown) {
+    const auto keepChildClear = [this, child = QPointer(static_cast<QChildEvent*>(event)->child())] {
+      if (auto* const widget = qobject_cast<FloatingWidget*>(child.data()))
+        keepClear(*widget);
+    };
+    QMetaObject::invokeMethod(this, keepChildClear, Qt::QueuedConnection);
   }
   return QObject::eventFilter(watched, event);
 }

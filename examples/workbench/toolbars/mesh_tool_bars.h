@@ -45,6 +45,9 @@ public:
 private:
   void dressMainBar();
   void dressButtons();
+  // What the bars take of the view, in px, with a gap.
+  int clearSide() const;
+  int clearTop() const;
   void keepClear(Vela::UiBase::FloatingWidget& widget) const;
 
   MeshView& m_view;

@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: MIT
+#include "test_meshes.h"
+#include "workbench_fixture.h"
+
+#include <support/test_case.h>
+#include <tqm_mesh_kernel/stepped_dispatcher.h>
+#include <ui_base/popups/arrowed_window.h>
+#include <ui_base/popups/floating_widget.h>
+#include <ui_base/popups/flyout_base.h>
+#include <ui_base/toolbars/action_panel.h>
+#include <ui_base/toolbars/tool_button_with_button_menu.h>
+#include <ui_base/toolbars/tool_button_with_widget_menu.h>
+#include <ui_base/toolbars/toolbar_manager.h>
+#include <workbench/commands/history_command.h>
+#include <workbench/commands/mode_command.h>
+#include <workbench/commands/open_mesh_command.h>
+#include <workbench/commands/selection_command.h>
+#include <workbench/commands/smooth_flyout_command.h>
+#include <workbench/commands/volume_panel_command.h>
+
+#include <QApplication>
+#include <QMenu>
+
+using namespace Workbench;
+using namespace Vela::UiBase;
+using Test::WorkbenchFixture;
+using Vela::Test::settle;
+
+namespace {
+
+class BarsBench : public WorkbenchFixture {
+public:
+  ~BarsBench() { QApplication::setLayoutDirection(Qt::LeftToRight); }
+
+  bool show(const QSize& size) {
+    if (!start())
+      return false;
+    window().resize(size);
+    settle();
+    controller().showMesh(Test::blob(20), QStringLiteral("blob"));
+    settle();
+    return QTest::qWaitFor([this] { return view().isSettled(); });
+  }
+  void click(const QWidget& widget) {
+    QTest::mouseClick(window().windowHandle(), Qt::LeftButton, {},
+                      widget.mapTo(&window(), widget.rect().center()));
+    settle();
+  }
+  void selectByRectangle() {
+    controller().findCommand(ModeCommand::idOf(RectangleMode))->setChecked(true);
+    QWindow* const target = window().windowHandle();
+    const auto at = [this](double x, double y) {
+      return view().mapTo(&window(), QPoint(int(view().width() * x), int(view().height() * y)));
+    };
+    QTest::mousePress(target, Qt::LeftButton, {}, at(0.4, 0.4));
+    QTest::mouseMove(target, at(0.5, 0.5));
+    QTest::mouseMove(target, at(0.6, 0.6));
+    QTest::mouseRelease(target, Qt::LeftButton, {}, at(0.6, 0.6));
+    settle();
+  }
+  ToolBar& panel() { return bars().panel(); }
+  ToolBar* selectionBar() {
+    for (ToolBar* const bar : view().findChildren<ToolBar*>()) {
+      if (!bar->property(qPrintable(ToolbarManager::COMMANDGROUP_PROPERTY)).toString().isEmpty())
+        return bar;
+    }
+    return nullptr;
+  }
+  ToolButtonWithButtonMenu& group(const char* name) {
+    return *qobject_cast<ToolButtonWithButtonMenu*>(panel().FindOneButton(QLatin1String(name), false));
+  }
+  ToolButtonWithWidgetMenu& flyoutButton() {
+    return *qobject_cast<ToolButtonWithWidgetMenu*>(
+        panel().FindOneButton(SmoothFlyoutCommand::className(), true));
+  }
+  FlyoutBase& flyout() { return *command<SmoothFlyoutCommand>()->flyout(); }
+  bool openFlyoutByClicks() {
+    click(group("Smoothing"));
+    if (!group("Smoothing").GetMenu()->isVisible())
+      return false;
+    click(flyoutButton());
+    return flyout().isVisible();
+  }
+  QRect inWindow(const QWidget& widget) { return {widget.mapTo(&window(), QPoint()), widget.size()}; }
+};
+
+QByteArray text(const QRect& rect) {
+  return QStringLiteral("%1,%2 %3x%4")
+      .arg(rect.x())
+      .arg(rect.y())
+      .arg(rect.width())
+      .arg(rect.height())
+      .toUtf8();
+}
+
+} // namespace
+
+/// The bars over the mesh, worked with mouse and keyboard.
+class WorkbenchBarsTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void nothingOverlapsAtAnySize_data() {
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    for (const QSize size : {QSize(640, 480), QSize(1280, 800), QSize(3840, 2160)}) {
+      for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft})
+        QTest::addRow("%d %s", size.width(), direction == Qt::LeftToRight ? "ltr" : "rtl")
+            << size << direction;
+    }
+  }
+  void nothingOverlapsAtAnySize() {
+    QFETCH(QSize, size);
+    QFETCH(Qt::LayoutDirection, direction);
+    BarsBench bench;
+    QApplication::setLayoutDirection(direction);
+    QVERIFY(bench.show({800, 600}));
+    bench.command<VolumePanelCommand>()->setChecked(true);
+    bench.selectByRectangle();
+    QTRY_VERIFY(bench.selectionBar() && bench.selectionBar()->isVisible());
+    bench.controller().showNotification(QStringLiteral("What has been done to the mesh at last"),
+                                        NotificationWarning);
+    bench.window().resize(size);
+    settle();
+    QTRY_COMPARE(bench.bars().mainBar().x(), (bench.view().width() - bench.bars().mainBar().width()) / 2);
+
+    QList<const QWidget*> floating{&bench.bars().mainBar(), &bench.panel(), bench.selectionBar()};
+    for (const FloatingWidget* const widget : bench.view().findChildren<FloatingWidget*>())
+      floating += widget;
+    QCOMPARE(floating.size(), 5);
+    for (const QWidget* const widget : floating) {
+      QVERIFY(widget->isVisible());
+      QVERIFY2(bench.view().rect().contains(widget->geometry()), text(widget->geometry()).constData());
+      for (const QWidget* const other : floating)
+        QVERIFY2(widget == other || !widget->geometry().intersects(other->geometry()),
+                 (text(widget->geometry()) + " / " + text(other->geometry())).constData());
+    }
+
+    bench.click(bench.group("Smoothing"));
+    const ToolBar& menu = *bench.group("Smoothing").GetMenu();
+    QVERIFY(menu.isVisible());
+    const QRect button = bench.inWindow(bench.group("Smoothing"));
+    QVERIFY(bench.window().rect().contains(bench.inWindow(menu)) && !bench.inWindow(menu).intersects(button));
+    bench.click(bench.flyoutButton());
+    QVERIFY(bench.flyout().isVisible() && !menu.isVisible());
+    const QRect popup = bench.inWindow(*bench.flyoutButton().GetArrowedWindow());
+    QVERIFY2(bench.window().rect().contains(popup) && !popup.intersects(button), text(popup).constData());
+  }
+
+  void theFlyoutIsWorkedFromThePanel() {
+    BarsBench bench;
+    QVERIFY(bench.show({1280, 800}));
+    const auto before = bench.view().mesh().positions();
+    QVERIFY(bench.openFlyoutByClicks());
+    QVERIFY(bench.group("Smoothing").IsInExtendMode());
+    {
+      Taren::Core::SteppedDispatcher dispatcher;
+      const Taren::Core::ScopedDispatcher installed(dispatcher);
+      bench.press(Qt::Key_Return);
+      QVERIFY(bench.flyout().IsBusy());
+      const QList<ToolButton*> locked = bench.panel().Buttons();
+      for (const ToolButton* const button : locked)
+        QVERIFY(!button->isEnabled());
+      dispatcher.runAll();
+    }
+    QTRY_VERIFY(!bench.flyout().isVisible());
+    QVERIFY(bench.view().mesh().positions() != before);
+    QVERIFY(!bench.group("Smoothing").IsInExtendMode() && bench.group("Smoothing").isEnabled());
+    QCOMPARE(QApplication::focusWidget(), &bench.view());
+    ToolButton* const undo = bench.bars().mainBar().FindOneButton(UndoCommand::className(), false);
+    QTRY_VERIFY(undo->isEnabled());
+    settle();
+    bench.click(*undo);
+    QVERIFY(bench.view().mesh().positions() == before);
+
+    // The button of the panel closes what it opened, without a trace.
+    QVERIFY(bench.openFlyoutByClicks());
+    bench.click(bench.group("Smoothing"));
+    QVERIFY(!bench.flyout().isVisible() && !bench.command<SmoothFlyoutCommand>()->isActive());
+    QVERIFY(!bench.controller().isMeshLocked());
+  }
+
+  void theToolbarOfTheSelectionComesAndGoes() {
+    BarsBench bench;
+    QVERIFY(bench.show({1280, 800}));
+    const std::size_t all = bench.triangles();
+    QVERIFY(bench.selectionBar() && !bench.selectionBar()->isVisible());
+    bench.selectByRectangle();
+    QTRY_VERIFY(bench.selectionBar()->isVisible());
+    ToolButton* const remove =
+        bench.selectionBar()->FindOneButton(SelectionCommand::idOf(DeleteSelection), false);
+    QTRY_VERIFY(remove && remove->isEnabled());
+    bench.click(*remove);
+    QVERIFY(bench.triangles() < all);
+    QTRY_VERIFY(!bench.selectionBar()->isVisible());
+  }
+
+  void whatDoesNotFitIsReached() {
+    BarsBench bench;
+    QVERIFY(bench.show({640, 480}));
+    bench.window().resize(480, 360);
+    settle();
+    QTRY_VERIFY(bench.view().rect().contains(bench.panel().geometry()));
+    QToolButton* more = nullptr;
+    for (QToolButton* const button :
+         bench.panel().findChildren<QToolButton*>(QString(), Qt::FindDirectChildrenOnly))
+      more = button;
+    QVERIFY(more && more->isVisible());
+    bench.click(*more);
+    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu && !menu->actions().isEmpty());
+    const QString last = menu->actions().constLast()->text();
+    menu->actions().constLast()->trigger();
+    menu->close();
+    QTRY_VERIFY(!bench.notification().isEmpty()); // which asks for the point
+    QVERIFY2(last.contains(QStringLiteral("Rotation")), qPrintable(last));
+  }
+
+  void theKeysReachEveryBar() {
+    BarsBench bench;
+    QVERIFY(bench.show({1280, 800}));
+    QVERIFY(bench.view().hasFocus());
+    bench.press(Qt::Key_F6);
+    QVERIFY(bench.bars().mainBar().isAncestorOf(QApplication::focusWidget()));
+    bench.press(Qt::Key_F6);
+    QVERIFY(bench.panel().isAncestorOf(QApplication::focusWidget()));
+    bench.press(Qt::Key_Down);
+    bench.press(Qt::Key_Space);
+    QTRY_COMPARE(bench.controller().mode(), MeasureMode);
+    bench.press(Qt::Key_Escape);
+    QVERIFY(bench.view().hasFocus());
+    bench.press(Qt::Key_Escape); // now it is the view's
+    QTRY_COMPARE(bench.controller().mode(), PickMode);
+  }
+};
+
+VELA_TEST_MAIN(WorkbenchBarsTest)
+#include "tool_bars_test.moc"
