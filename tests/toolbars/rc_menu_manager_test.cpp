@@ -172,6 +172,39 @@ private Q_SLOTS:
     QVERIFY(screen.pushMenu.isVisible());
   }
 
+  void theManagerMayEndWhileAMenuCloses_data() {
+    QTest::addColumn<bool>("unused");
+    for (const char* const way : {"escape", "second click", "other button", "close", "timer"})
+      QTest::newRow(way) << true;
+  }
+  void theManagerMayEndWhileAMenuCloses() {
+    const QByteArray way = QTest::currentDataTag();
+    Screen screen;
+    auto* const manager = new RCMenuManager(nullptr, 0, true);
+    manager->SetHideInterval(way == "timer" ? 20 : 60000);
+    const QPointer<RCMenuManager> end = manager;
+    manager->AddButtonMenuLinkage(screen.toolButton, &screen.toolMenu);
+    manager->AddButtonMenuLinkage(screen.pushButton, &screen.pushMenu);
+    screen.manager.Stop();
+    manager->Start();
+    QVERIFY(screen.isReady());
+    screen.click(screen.toolButton);
+    connect(&screen.toolMenu, &QMenu::aboutToHide, &screen.window, [&] { delete end; });
+    if (way == "escape")
+      QTest::keyClick(screen.toolMenu.windowHandle(), Qt::Key_Escape);
+    else if (way == "second click")
+      screen.click(screen.toolButton);
+    else if (way == "other button")
+      manager->OpenMenu(screen.pushButton);
+    else if (way == "close")
+      manager->CloseMenu(screen.toolButton);
+    else
+      screen.moveOutside();
+    QTRY_VERIFY(!end);
+    QVERIFY(!screen.toolMenu.isVisible() && !screen.pushMenu.isVisible());
+    QCOMPARE(screen.toolButton->styleSheet(), NORMAL);
+  }
+
   void buttonsAndMenusMayDieWhileOpen() {
     Screen screen(false);
     QVERIFY(screen.isReady());
@@ -183,6 +216,10 @@ private Q_SLOTS:
     QVERIFY(menu->isVisible());
     delete menu;
     QCOMPARE(screen.toolButton->styleSheet(), NORMAL);
+    screen.manager.AddButtonMenuLinkage(screen.toolButton, &screen.toolMenu);
+    screen.click(screen.toolButton);
+    QVERIFY2(screen.toolMenu.isVisible(), "a button whose menu has died takes another one");
+    screen.click(screen.toolButton);
     screen.click(screen.pushButton);
     QVERIFY(screen.pushMenu.isVisible());
     delete screen.pushButton;

@@ -51,7 +51,8 @@ public:
   /// Stops.
   ~RCMenuManager() override;
 
-  /// Gives the button this menu, in place of another. Null is ignored. The menu becomes a pop-up window.
+  /// Gives the button this menu, in place of another; a menu that another button has changes its button. Null
+  /// is ignored. The menu becomes a pop-up window.
   void AddButtonMenuLinkage(QAbstractButton* button, QMenu* menu);
 
   /// The first linked button whose text equals `text`; null when there is none.

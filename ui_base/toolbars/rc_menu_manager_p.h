@@ -3,11 +3,14 @@
 
 #include "rc_menu_manager.h"
 
+#include <ui_base/core/live_pointer.h>
+
 #include <QAbstractButton>
 #include <QMainWindow>
 #include <QMenu>
 #include <QPointer>
 #include <QToolButton>
+#include <QVariant>
 
 #include <list>
 
@@ -18,10 +21,13 @@ class QTimer;
 
 namespace Vela::UiBase {
 
+/// The text of one of the dynamic properties of a button; invalid when it has none.
+QVariant styleOf(const QAbstractButton& button, const QString& property);
+
 /// A button with its menu.
 struct RCMenuLink {
-  QPointer<QAbstractButton> button = {};
-  QPointer<QMenu> menu = {};
+  LivePointer<QAbstractButton> button = {};
+  LivePointer<QMenu> menu = {};
   QToolButton::ToolButtonPopupMode popupMode = QToolButton::DelayedPopup; // before it was linked
   bool linked = false;
   bool open = false;
@@ -36,6 +42,8 @@ public:
   explicit RCMenuManagerPrivate(RCMenuManager* owner) : q(owner) {}
 
   RCMenuLink* linkOf(const QObject* buttonOrMenu);
+  RCMenuLink* linkOf(const RCMenuLink& copy);
+  RCMenuLink* openable(const QAbstractButton* button);
   void forget(const QObject* buttonOrMenu);
   void watchEnds(QAbstractButton* button, QMenu* menu);
   void link(RCMenuLink& pair);
@@ -52,7 +60,7 @@ public:
   void startTimer();
 
   RCMenuManager* const q;
-  QPointer<QMainWindow> mainWindow;
+  LivePointer<QMainWindow> mainWindow;
   int menuGap = 0;
   bool autoHide = false;
   QTimer* hideTimer = nullptr;
