@@ -71,6 +71,18 @@ private Q_SLOTS:
       QVERIFY(QRectF(QPointF(), Viewport).contains(camera.project(p, Viewport).value()));
   }
 
+  void fitLeavesRoomAroundAMesh() {
+    const Mesh round = Test::blob(30);
+    Camera camera = lookingAt(round.bounds(), 30, 20);
+    const QRectF clear = QRectF(QPointF(), Viewport).marginsRemoved({60, 50, 60, 50});
+    camera.fit(round, Viewport, clear.size());
+    QRectF seen;
+    for (const QVector3D& p : round.positions())
+      seen |= QRectF(camera.project(p, Viewport).value(), QSizeF(0.1, 0.1));
+    QVERIFY(clear.contains(seen));
+    QVERIFY(seen.height() > clear.height() * 0.7 || seen.width() > clear.width() * 0.7);
+  }
+
   void aPointStaysUnderItsRay() {
     const Camera camera = lookingAt({{-1, -1, -1}, {1, 1, 1}}, 37, -12);
     for (const QPointF& position : {QPointF(0, 0), QPointF(400, 300), QPointF(713.5, 21.25)}) {

@@ -84,6 +84,9 @@ LatestTask::Work PhotoDocument::loading() {
       return [this, photo = loadPhoto(file, Progress(stop, tell))] { show(photo); };
     } catch (const PhotoLoadError& error) {
       return [this, failure = Failure{error.reason(), error.message()}] { dropCurrent(failure); };
+    } catch (const std::bad_alloc&) {
+      const PhotoLoadError error(file, tr("It does not fit into memory."));
+      return [this, failure = Failure{error.reason(), error.message()}] { dropCurrent(failure); };
     }
   };
 }
