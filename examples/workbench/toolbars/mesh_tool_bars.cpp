@@ -50,6 +50,7 @@ void MeshToolBars::dressMainBar() {
   m_main->SetCentered(true);
   m_main->SetOffset({0, Gap});
   m_main->SetRoundCorner(AllRoundCorners, NoRoundCorner, 6);
+  m_main->SetBorder(1, QColor(), false);
   m_main->SetTooltipGroup(CommandTooltips);
 }
 
