@@ -5,6 +5,8 @@
 
 #include <QAccessible>
 #include <QAction>
+#include <QActionGroup>
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -222,6 +224,34 @@ private Q_SLOTS:
     QVERIFY(screen.edit->hasFocus());
   }
 
+  void anItemWithMenuAndClickIsOpenedByArrowsAndClickedByReturn() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    screen.builder->AddDropDownMenu(id("help"), {entry("one", "One")});
+    screen.key(Qt::Key_F10);
+    screen.key(Qt::Key_End);
+    screen.key(Qt::Key_Down);
+    QVERIFY(screen.menu("help")->isVisible() && screen.receiver.calls.isEmpty());
+    screen.key(Qt::Key_Escape);
+    screen.key(Qt::Key_Return);
+    QCOMPARE(screen.receiver.calls, QStringList{id("open")});
+    QVERIFY(screen.edit->hasFocus());
+  }
+
+  void itemsThatShareAMnemonicAreChosenFrom() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    screen.builder->AddMenuBarItem(id("first"), SLOT(open()), QIcon(), id("&First"));
+    screen.key(Qt::Key_F, Qt::AltModifier);
+    QVERIFY(screen.isOnlyOpen("") && screen.item("file")->hasFocus());
+    screen.key(Qt::Key_F);
+    QVERIFY(screen.item("first")->hasFocus() && screen.receiver.calls.isEmpty());
+    screen.key(Qt::Key_Up);
+    QVERIFY2(screen.receiver.calls.isEmpty(), "an arrow does not click");
+    screen.key(Qt::Key_Space);
+    QCOMPARE(screen.receiver.calls, QStringList{id("open")});
+  }
+
   void arrowsAreMirroredInRightToLeftLayouts() {
     Screen screen;
     screen.window.setLayoutDirection(Qt::RightToLeft);
@@ -229,6 +259,8 @@ private Q_SLOTS:
     screen.key(Qt::Key_F10);
     screen.key(Qt::Key_Left);
     QVERIFY(screen.item("edit")->hasFocus());
+    connect(screen.menu("edit"), &QMenu::aboutToShow, screen.menu("edit"),
+            [&] { screen.menu("edit")->addAction(id("A wide entry that comes late")); });
     screen.key(Qt::Key_Down);
     QVERIFY(screen.isOnlyOpen("edit"));
     const QToolButton* const edit = screen.item("edit");
@@ -264,6 +296,28 @@ private Q_SLOTS:
     QVERIFY(screen.item("About")->isHidden());
     screen.click("View");
     QVERIFY(view->isVisible());
+  }
+
+  void anItemOfACheckableActionShowsItsStateAndHasItsShortcut() {
+    Screen screen;
+    QActionGroup group(nullptr);
+    QAction solid(id("Solid"), &group);
+    solid.setCheckable(true);
+    solid.setShortcut(Qt::CTRL | Qt::Key_1);
+    QSignalSpy triggered(&solid, &QAction::triggered);
+    const auto item = QSharedPointer<AppMenuItemSpecifier>::create(AppMenuItemSpecifier::OfAction(&solid));
+    screen.builder->AddMenuBarItem(item);
+    screen.builder->AddMenuBarItem(item);
+    screen.builder->InsertMenuBarItem(
+        0, QSharedPointer<AppMenuItemSpecifier>::create(AppMenuItemSpecifier::Separator()));
+    QVERIFY(qobject_cast<QFrame*>(screen.builder->MenuBar()->layout()->itemAt(0)->widget()));
+    QVERIFY(screen.isReady());
+    settle();
+    screen.key(Qt::Key_1, Qt::ControlModifier);
+    QVERIFY(screen.item("Solid")->isChecked());
+    screen.click("Solid");
+    QVERIFY2(screen.item("Solid")->isChecked(), "the one of a group that is checked stays it");
+    QCOMPARE(triggered.count(), 2);
   }
 
   void toggleItemsShowTheirCurrentState() {
@@ -322,8 +376,8 @@ private Q_SLOTS:
       screen.builder->AddMenuBarItem(id("go"), SLOT(open()), QIcon(), id("Go"));
       delete receiver;
       screen.click("go");
-      QTest::ignoreMessage(QtWarningMsg,
-                           "The menu item \"later\" does nothing: no receiver has no slot open()");
+      QTest::ignoreMessage(
+          QtWarningMsg, "The menu item \"later\" does nothing: a receiver that is null has no slot open()");
       screen.builder->AddMenuBarItem(id("later"), SLOT(open()), QIcon());
 
       screen.click("edit");
@@ -344,6 +398,40 @@ private Q_SLOTS:
     kept->click();
     kept.clear();
     settle();
+  }
+
+  void theBuilderMayEndWhileAMenuCloses_data() {
+    QTest::addColumn<bool>("unused");
+    for (const char* const way : {"escape", "pointer moves on", "arrow", "item disabled", "bar goes"})
+      QTest::newRow(way) << true;
+  }
+  void theBuilderMayEndWhileAMenuCloses() {
+    const QByteArray way = QTest::currentDataTag();
+    Screen screen;
+    QMenu own; // that the bar does not own
+    own.addAction(id("Own"));
+    screen.builder->AddButtonMenuLinkage(screen.item("file"), &own);
+    QVERIFY(screen.isReady());
+    screen.click("file");
+    QVERIFY(own.isVisible());
+    const QPointer<Builder> end = screen.builder;
+    const auto held = screen.builder->GetMenuBarItem(id("file"));
+    connect(&own, &QMenu::aboutToHide, &screen.window, [&] { delete end; });
+    if (way == "escape")
+      screen.key(Qt::Key_Escape);
+    else if (way == "pointer moves on")
+      screen.moveTo("edit");
+    else if (way == "arrow")
+      screen.key(Qt::Key_Right);
+    else if (way == "item disabled")
+      held->setEnabled(false);
+    else
+      delete screen.builder->MenuBar();
+    QVERIFY(!end && !own.isVisible() && !held->isDown());
+    QAccessible::queryAccessibleInterface(held.data())
+        ->actionInterface()
+        ->doAction(QAccessibleActionInterface::showMenuAction());
+    QVERIFY(!own.isVisible());
   }
 
   void assistiveTechnologiesSeeAMenuBar() {

@@ -26,6 +26,9 @@ public:
   QAccessible::State state() const override {
     QAccessible::State result = QAccessibleWidget::state();
     const QMenu* const menu = button().menu();
+    result.focusable = button().isEnabled(); // by the bar's keys
+    result.checkable = button().isCheckable();
+    result.checked = button().isChecked();
     result.hasPopup = menu != nullptr;
     result.expandable = result.hasPopup;
     result.expanded = menu && menu->isVisible();
@@ -51,9 +54,8 @@ public:
       return;
     if (name == pressAction())
       button().click();
-    else if (auto* const menus = button().parentWidget()->findChild<MenuBarMenus*>();
-             menus && name == showMenuAction())
-      menus->open(&button(), true);
+    else if (name == showMenuAction())
+      showMenu();
   }
   QStringList keyBindingsForAction(const QString&) const override {
     const QKeySequence mnemonic = QKeySequence::mnemonic(button().text());
@@ -61,6 +63,12 @@ public:
   }
 
 private:
+  void showMenu() {
+    // An item that somebody holds lives on without its bar.
+    const QWidget* const bar = button().parentWidget();
+    if (auto* const menus = bar ? bar->findChild<MenuBarMenus*>() : nullptr)
+      menus->open(&button(), true);
+  }
   QToolButton& button() const { return *static_cast<QToolButton*>(widget()); }
   QString plainName() const {
     QString name = button().text();

@@ -49,7 +49,7 @@ void MenuBarKeys::leave() {
   QWidget* const focus = m_bar->window()->focusWidget();
   if (!focus || !m_bar->isAncestorOf(focus))
     return; // it went elsewhere on its own
-  if (m_focusBefore && m_focusBefore->isVisible())
+  if (m_focusBefore && m_focusBefore->isVisible() && m_focusBefore->isEnabled())
     m_focusBefore->setFocus(Qt::MenuBarFocusReason);
   else
     focus->clearFocus();
@@ -68,22 +68,30 @@ void MenuBarKeys::moveTo(QToolButton* item) {
 }
 
 void MenuBarKeys::use(QToolButton* item) {
-  if (m_menus->menuOf(item)) {
+  if (m_menus->menuOf(item))
     m_menus->open(item, true);
-    return;
-  }
-  leave();
-  item->click();
+  else
+    click(item);
 }
 
-QToolButton* MenuBarKeys::itemOfMnemonic(int key) const {
-  const QList<QToolButton*> items = m_bar->items();
-  for (QToolButton* const item : items) {
-    const QKeySequence mnemonic = QKeySequence::mnemonic(item->text());
-    if (!mnemonic.isEmpty() && mnemonic[0].key() == key && item->isVisible() && item->isEnabled())
-      return item;
-  }
-  return nullptr;
+void MenuBarKeys::click(QToolButton* item) {
+  const QPointer<QToolButton> guard = item;
+  leave();
+  if (guard)
+    guard->click();
+}
+
+bool MenuBarKeys::useMnemonic(QToolButton* current, int key) {
+  QList<QToolButton*> named = m_bar->items();
+  named.removeIf([key](const QToolButton* each) {
+    const QKeySequence mnemonic = QKeySequence::mnemonic(each->text());
+    return mnemonic.isEmpty() || mnemonic[0].key() != key || !each->isVisible() || !each->isEnabled();
+  });
+  if (named.size() == 1)
+    use(named.constFirst());
+  else if (!named.isEmpty())
+    moveTo(named[(named.indexOf(current) + 1) % named.size()]);
+  return !named.isEmpty();
 }
 
 bool MenuBarKeys::filterKey(QToolButton* item, const QKeyEvent& event) {
@@ -103,10 +111,15 @@ bool MenuBarKeys::filterKey(QToolButton* item, const QKeyEvent& event) {
     return true;
   case Qt::Key_Down:
   case Qt::Key_Up:
+    m_menus->open(item, true);
+    return true;
   case Qt::Key_Space:
   case Qt::Key_Return:
   case Qt::Key_Enter:
-    use(item);
+    if (item->popupMode() == QToolButton::MenuButtonPopup)
+      click(item);
+    else
+      use(item);
     return true;
   case Qt::Key_Escape:
   case Qt::Key_Tab:
@@ -118,10 +131,7 @@ bool MenuBarKeys::filterKey(QToolButton* item, const QKeyEvent& event) {
   }
   if (event.modifiers() & ~Qt::ShiftModifier)
     return false;
-  QToolButton* const named = itemOfMnemonic(event.key());
-  if (named)
-    use(named);
-  return named;
+  return useMnemonic(item, event.key());
 }
 
 bool MenuBarKeys::filterItem(QToolButton* item, QEvent* event) {
@@ -129,6 +139,10 @@ bool MenuBarKeys::filterItem(QToolButton* item, QEvent* event) {
     return filterKey(item, *static_cast<QKeyEvent*>(event));
   if (event->type() == QEvent::KeyRelease && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space)
     return true; // its press was not the button's
+  if (event->type() == QEvent::Shortcut && static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
+    enter(item); // to choose among those that share the mnemonic
+    return true;
+  }
   if (event->type() == QEvent::FocusOut && m_active) {
     const QWidget* const focus = QApplication::focusWidget();
     const auto reason = static_cast<QFocusEvent*>(event)->reason();

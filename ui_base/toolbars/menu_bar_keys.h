@@ -14,8 +14,9 @@ class MenuBarMenus;
 class MenuBarWidget;
 
 /// The keyboard of a menu bar: Alt on its own and F10 enter and leave it, arrows, Home and End move along it,
-/// Down, Space and Return use an item, a letter uses the item with that mnemonic, Escape leaves. The focus
-/// then returns to where it was. Owned by the bar.
+/// Down and Up open the menu of an item, Space and Return use an item: one that has a click of its own is
+/// clicked. A letter uses the item with that mnemonic, or moves along those that share it. Escape leaves. The
+/// focus then returns to where it was. Owned by the bar.
 class MenuBarKeys : public QObject {
   Q_OBJECT
 
@@ -37,7 +38,8 @@ private:
   void moveTo(QToolButton* item);
   void use(QToolButton* item);
   bool filterKey(QToolButton* item, const QKeyEvent& event);
-  QToolButton* itemOfMnemonic(int key) const;
+  void click(QToolButton* item);
+  bool useMnemonic(QToolButton* current, int key);
   void watchAlt(const QKeyEvent& event);
   void followAlt(QEvent* event);
   void forgetAlt();

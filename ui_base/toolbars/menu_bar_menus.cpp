@@ -7,6 +7,7 @@
 #include <QCursor>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPointer>
 #include <QScreen>
 #include <QStyle>
 #include <QToolButton>
@@ -27,18 +28,22 @@ void MenuBarMenus::setCloseDelay(int milliseconds) {
 QMenu* MenuBarMenus::menuOf(const QToolButton* item) const { return m_menus.value(item); }
 
 void MenuBarMenus::link(QToolButton* item, QMenu* menu) {
+  const LivePointer<QToolButton> guard = item;
+  const LivePointer<QMenu> newMenu = menu;
+  const QPointer<MenuBarMenus> self = this;
   if (item == m_openItem)
-    close();
+    close(); // who hears of it may end the bar, the item or the menu
+  if (!self || !guard)
+    return;
+  menu = newMenu;
   if (!m_menus.contains(item))
     connect(item, &QObject::destroyed, this, [this, item] {
-      // A widget still looks alive to a QPointer while it says that it is destroyed.
-      const QPointer<QMenu> orphan = m_menus.take(item);
-      if (item == m_openItem)
-        m_openItem.clear();
-      if (!orphan || !orphan->isVisible())
+      const LivePointer<QMenu> orphan = m_menus.take(item);
+      if (item != m_openItem.remains())
         return;
-      orphan->close();
       menuHidden();
+      if (orphan)
+        orphan->close();
     });
   m_menus[item] = menu;
   item->setMenu(menu);
@@ -46,22 +51,28 @@ void MenuBarMenus::link(QToolButton* item, QMenu* menu) {
     return;
   connect(menu, &QObject::destroyed, this, [this, item](QObject* dead) {
     const auto link = m_menus.find(item);
-    if (link == m_menus.end() || *link != dead)
+    if (link == m_menus.end() || link->remains() != dead)
       return;
     link->clear();
-    if (item == m_openItem)
+    if (item == m_openItem.remains())
       menuHidden();
   });
 }
 
 void MenuBarMenus::open(QToolButton* item, bool byKeyboard) {
-  const QPointer<QMenu> menu = menuOf(item);
+  const LivePointer<QMenu> menu = menuOf(item);
   if (!menu || item == m_openItem || !menu->isEnabled() || !item->isEnabled() || !item->isVisible())
     return;
   if (m_openItem) {
+    const QPointer<MenuBarMenus> self = this;
+    const LivePointer<QToolButton> guard = item;
     m_switches = true;
-    close();
+    close(); // who hears of it may end the bar, the item or the menu
+    if (!self)
+      return;
     m_switches = false;
+    if (!guard || !menu)
+      return menuHidden();
   }
   m_openItem = item;
   m_pointer = QCursor::pos();
@@ -70,9 +81,14 @@ void MenuBarMenus::open(QToolButton* item, bool byKeyboard) {
   item->setDown(true);
   menu->setAttribute(Qt::WA_NoMouseReplay, false);
   Q_EMIT opened(item, byKeyboard);
-  menu->popup(positionFor(*item, *menu));
-  if (!menu)
+  const QPoint planned = positionFor(*item, *menu);
+  const QPointer<MenuBarMenus> self = this;
+  menu->popup(planned);
+  if (!self || !menu || item != m_openItem)
     return;
+  // Entries that came just now change the size, and so the place.
+  if (const QPoint shift = positionFor(*item, *menu) - planned; !shift.isNull())
+    menu->move(menu->pos() + shift);
   if (menu->isEmpty())
     menu->close();
   else if (byKeyboard)
@@ -85,6 +101,14 @@ void MenuBarMenus::close(bool keepsBar) {
     return;
   m_keepsBar = keepsBar;
   menu->close();
+}
+
+void MenuBarMenus::end() {
+  QMenu* const menu = menuOf(m_openItem);
+  m_switches = true; // the keyboard need not leave a bar that is gone
+  menuHidden();
+  if (menu)
+    menu->close();
 }
 
 QPoint MenuBarMenus::positionFor(const QToolButton& item, const QMenu& menu) const {
@@ -243,7 +267,7 @@ bool MenuBarMenus::filterItem(QToolButton* item, QEvent* event) {
     return true;
   }
   case QEvent::Shortcut:
-    if (!menuOf(item))
+    if (!menuOf(item) || static_cast<QShortcutEvent*>(event)->isAmbiguous())
       return false;
     open(item, true);
     return true;

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/core/live_pointer.h>
+
 #include <QHash>
 #include <QObject>
 #include <QPoint>
-#include <QPointer>
 #include <QTimer>
 
 class QKeyEvent;
@@ -34,6 +35,8 @@ public:
   void open(QToolButton* item, bool byKeyboard);
   /// @param keepsBar whether the keyboard stays in the bar.
   void close(bool keepsBar = false);
+  /// Closes for good, because the bar goes: who hears of it finds no bar any more.
+  void end();
 
   /// How far a menu's corner is from the corner of its button below which it opens, in pixels.
   void setPosition(const QPoint& position) { m_position = position; }
@@ -64,8 +67,8 @@ private:
   void closeWhenOutside();
 
   MenuBarWidget* const m_bar;
-  QHash<const QToolButton*, QPointer<QMenu>> m_menus;
-  QPointer<QToolButton> m_openItem;
+  QHash<const QToolButton*, LivePointer<QMenu>> m_menus;
+  LivePointer<QToolButton> m_openItem;
   QPoint m_position;
   QPoint m_pointer; // where it was last
   QTimer m_closeTimer;

@@ -300,8 +300,11 @@ bool MenuBuilder::eventFilter(QObject* watched, QEvent* event) {
     }
     return d->menus->filterMenu(menu, event);
   }
-  auto* const item = qobject_cast<QToolButton*>(watched);
-  return item && (d->menus->filterItem(item, event) || d->keys->filterItem(item, event));
+  const LivePointer<QToolButton> item = qobject_cast<QToolButton*>(watched);
+  const QPointer<MenuBuilder> self = this;
+  if (item && d->menus->filterItem(item, event))
+    return true;
+  return self && d->bar && item && d->keys->filterItem(item, event);
 }
 
 } // namespace Vela::UiBase

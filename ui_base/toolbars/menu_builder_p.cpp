@@ -28,8 +28,10 @@ void MenuBuilderPrivate::createMenuBar(const QString& name, const QString& title
   menus = new MenuBarMenus(bar);
   keys = new MenuBarKeys(bar, menus, mainWindow);
   QObject::connect(bar, &MenuBarWidget::goes, q, [this] {
+    bar.clear();
     toggles.clear();
     items.clear();
+    menus->end(); // last: who hears of it may end the builder
   });
   QObject::connect(&Styles::Instance(), &Styles::changed, q, [this] { dressAll(); });
 }
@@ -71,6 +73,8 @@ int MenuBuilderPrivate::takePlaceOf(const QString& name) {
     return -1;
   const int place = bar->indexOf(old.button.data());
   toggles.remove(old.button.data());
+  if (old.action)
+    bar->removeAction(old.action);
   menus->link(old.button.data(), nullptr);
   if (QMenu* const menu = menusByName.take(name); menu && menu->parent() == bar)
     menu->deleteLater();
@@ -88,7 +92,10 @@ void MenuBuilderPrivate::connectClick(MenuBarItem* item, const QString& name, co
 void MenuBuilderPrivate::addOfSpecifier(bool insert, int index, const AppMenuItemSpecifier& specifier,
                                         const QString& accessibleName, const QString& styleSheet) {
   if (specifier.kind == AppMenuSeparator) {
-    q->AddSeparator();
+    if (insert && bar)
+      bar->insertSeparator(index, true, 0);
+    else
+      q->AddSeparator();
     return;
   }
   QAction* const action = specifier.action;
@@ -118,6 +125,8 @@ void MenuBuilderPrivate::follow(MenuBarItem& item, QAction& action) {
     button->setText(source->text());
     button->setIcon(source->icon());
     button->setToolTip(plainText(source->text()) == source->toolTip() ? QString() : source->toolTip());
+    button->setCheckable(source->isCheckable());
+    button->setChecked(source->isChecked());
     button->setEnabled(source->isEnabled());
     button->setVisible(source->isVisible());
   };
@@ -129,7 +138,14 @@ void MenuBuilderPrivate::follow(MenuBarItem& item, QAction& action) {
     link(item, menu);
   } else {
     item.hasClick = true;
-    QObject::connect(button, &QToolButton::clicked, &action, &QAction::trigger);
+    bar->addAction(&action); // for its shortcut
+    item.action = &action;
+    QObject::connect(button, &QToolButton::clicked, &action,
+                     [show, source = QPointer<QAction>(&action), target = QPointer<QToolButton>(button)] {
+                       source->trigger();
+                       if (source && target)
+                         show(); // a checked action of a group stays checked
+                     });
   }
 }
 

@@ -7,6 +7,8 @@
 #include "menu_builder.h"
 #include "menu_contents.h"
 
+#include <ui_base/core/live_pointer.h>
+
 #include <QHash>
 #include <QMainWindow>
 #include <QMenu>
@@ -23,6 +25,7 @@ struct MenuBarItem {
   QSharedPointer<QToolButton> button;
   QString styleSheet; // of its own; empty for the shared one
   bool hasClick = false;
+  QPointer<QAction> action = {}; // that a click triggers
 };
 
 class MenuBuilderPrivate {
@@ -46,10 +49,10 @@ public:
   MenuContents contents();
 
   MenuBuilder* const q;
-  QPointer<QMainWindow> mainWindow;
+  LivePointer<QMainWindow> mainWindow;
   QPointer<QWidget> parent;
   QPointer<QObject> receiver;
-  QPointer<MenuBarWidget> bar;
+  LivePointer<MenuBarWidget> bar;
   MenuBarMenus* menus = nullptr; // the bar's, like the next
   MenuBarKeys* keys = nullptr;
   Qt::ToolButtonStyle style = Qt::ToolButtonTextOnly;
@@ -57,7 +60,7 @@ public:
   bool started = false;
   QHash<QString, MenuBarItem> items;
   QHash<QToolButton*, QSharedPointer<AppMenuToggleItemSpecifier>> toggles;
-  QHash<QString, QPointer<QMenu>> menusByName;
+  QHash<QString, LivePointer<QMenu>> menusByName;
   QList<QPointer<QObject>> filters;
 };
 

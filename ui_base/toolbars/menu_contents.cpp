@@ -32,7 +32,7 @@ bool connectToSlot(QObject& sender, const char* signal, QObject* receiver, const
     return false;
   if (!receiver || !canReceive(*receiver, signal, slot)) {
     qWarning("The menu item \"%s\" does nothing: %s has no slot %s", qPrintable(item),
-             receiver ? receiver->metaObject()->className() : "no receiver", slot + 1);
+             receiver ? receiver->metaObject()->className() : "a receiver that is null", slot + 1);
     return false;
   }
   return static_cast<bool>(QObject::connect(&sender, signal, receiver, slot));
