@@ -8,6 +8,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QTextDocumentFragment>
 #include <QToolButton>
 
 namespace Vela::UiToolkit {
@@ -60,6 +61,8 @@ QToolButton* ImageViewerToolBar::addButton(QHBoxLayout& row, const QString& obje
   button->setIconSize({ICON_SIZE, ICON_SIZE});
   button->setAccessibleName(name);
   button->setToolTip(toolTip);
+  // Without one, screen readers would read the tags of the tooltip aloud.
+  button->setAccessibleDescription(QTextDocumentFragment::fromHtml(toolTip).toPlainText());
   row.addWidget(button);
   return button;
 }

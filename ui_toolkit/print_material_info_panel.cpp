@@ -37,6 +37,11 @@ std::optional<double> known(std::optional<double> volume) {
 class PrintMaterialInfoPanelPrivate {
 public:
   struct Row {
+    QString text() const {
+      return (name->text() + QLatin1Char(' ') + value->text() + QLatin1Char(' ') + unit->text()).trimmed();
+    }
+
+    QLabel* name = nullptr;
     QLabel* value = nullptr;
     QLabel* unit = nullptr;
   };
@@ -100,9 +105,10 @@ QLabel* PrintMaterialInfoPanelPrivate::makeLoader() {
 PrintMaterialInfoPanelPrivate::Row
 PrintMaterialInfoPanelPrivate::addRow(QGridLayout& grid, const QString& objectName, const QString& text) {
   const int line = grid.rowCount();
-  const Row row{label(objectName + QLatin1String("_value_label")),
+  const Row row{label(objectName + QLatin1String("_label"), text),
+                label(objectName + QLatin1String("_value_label")),
                 label(objectName + QLatin1String("_unit_label"))};
-  grid.addWidget(label(objectName + QLatin1String("_label"), text), line, 0);
+  grid.addWidget(row.name, line, 0);
   grid.addWidget(row.value, line, 1, Qt::AlignRight);
   grid.addWidget(row.unit, line, 2);
   return row;
@@ -137,6 +143,9 @@ void PrintMaterialInfoPanelPrivate::showVolumes() {
   showVolume(modelRow, model);
   showVolume(supportRow, support);
   showVolume(combinedRow, combined());
+  // The panel takes the focus, its labels do not.
+  q->setAccessibleDescription(
+      QStringList{modelRow.text(), supportRow.text(), combinedRow.text()}.join(QLatin1String(", ")));
 }
 
 void PrintMaterialInfoPanelPrivate::turnLoader() {

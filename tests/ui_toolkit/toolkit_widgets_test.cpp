@@ -45,6 +45,8 @@ private Q_SLOTS:
     auto* const button = bar.findChild<QToolButton*>(QLatin1String(QTest::currentDataTag()));
     QVERIFY(button && !button->icon().isNull() && !button->accessibleName().isEmpty());
     QTEST(button->toolTip(), "toolTip");
+    QVERIFY(button->accessibleDescription().contains(QStringLiteral("Shortcut: ")));
+    QVERIFY(!button->accessibleDescription().contains(QStringLiteral("<p>")));
     QSignalSpy spy(&bar, signal.constData());
     QVERIFY(spy.isValid());
     QTest::mouseClick(bar.windowHandle(), Qt::LeftButton, {}, button->geometry().center());
@@ -109,6 +111,8 @@ private Q_SLOTS:
     QCOMPARE(text("combined_volume_unit_label"), QString());
     panel.SetVolumes(12000.0, 500.0);
     QCOMPARE(text("combined_volume_value_label"), QStringLiteral("12.5"));
+    QCOMPARE(panel.accessibleDescription(),
+             QStringLiteral("Model: 12 cm³, Supports: 0.5 cm³, Combined: 12.5 cm³"));
 
     QSignalSpy changed(&panel, &PrintMaterialInfoPanel::VolumeUnitChanged);
     QAction* const litres = panel.VolumeUnitActions().value(Vela::Common::Litre);
