@@ -357,6 +357,14 @@ private Q_SLOTS:
     QVERIFY(!builder.AddSubMenu(id("none"), entry("a", "A"), QVector<QAction*>{}));
     QVERIFY(!builder.FindAction(id("none"), id("A")) && !builder.GetMenuBarItem(id("none")));
     builder.SetButtonEnabled(id("none"), true);
+    connect(screen.menu("edit"), &QMenu::aboutToShow, &builder,
+            [&] { builder.AddDropDownMenu(id("edit"), {entry("late", "Late")}); });
+    screen.click("edit");
+    QVERIFY2(builder.CanHide() && !screen.item("edit")->isDown(), "a menu that is replaced does not open");
+    settle();
+    screen.click("edit");
+    QVERIFY(screen.isOnlyOpen("edit"));
+    screen.key(Qt::Key_Escape);
     builder.AppendMenuBarItems(nullptr);
     builder.AddMenuBarToggleItem(id("none"), nullptr);
     QVERIFY(builder.AddDropDownMenu(id("file"), QList<AppMenuItemSpecifier>{}));

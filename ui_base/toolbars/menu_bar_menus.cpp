@@ -35,6 +35,8 @@ void MenuBarMenus::link(QToolButton* item, QMenu* menu) {
     close(); // who hears of it may end the bar, the item or the menu
   if (!self || !guard)
     return;
+  if (item == m_openItem)
+    menuHidden(); // replaced before it was shown
   menu = newMenu;
   if (!m_menus.contains(item))
     connect(item, &QObject::destroyed, this, [this, item] {
@@ -84,8 +86,12 @@ void MenuBarMenus::open(QToolButton* item, bool byKeyboard) {
   const QPoint planned = positionFor(*item, *menu);
   const QPointer<MenuBarMenus> self = this;
   menu->popup(planned);
-  if (!self || !menu || item != m_openItem)
+  if (!self || !menu)
     return;
+  if (item != m_openItem || menu != menuOf(item)) {
+    menu->close(); // replaced by who heard that it would be shown
+    return;
+  }
   // Entries that came just now change the size, and so the place.
   if (const QPoint shift = positionFor(*item, *menu) - planned; !shift.isNull())
     menu->move(menu->pos() + shift);
