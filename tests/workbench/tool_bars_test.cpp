@@ -229,6 +229,11 @@ private Q_SLOTS:
     QTRY_COMPARE(bench.controller().mode(), MeasureMode);
     bench.press(Qt::Key_Escape);
     QVERIFY(bench.view().hasFocus());
+    bench.click(bench.group("Smoothing"));
+    QVERIFY(bench.view().hasFocus() && bench.group("Smoothing").IsMenuShowing());
+    bench.press(Qt::Key_Escape); // one thing at a time
+    QVERIFY(!bench.group("Smoothing").IsMenuShowing());
+    QCOMPARE(bench.controller().mode(), MeasureMode);
     bench.press(Qt::Key_Escape); // now it is the view's
     QTRY_COMPARE(bench.controller().mode(), PickMode);
   }

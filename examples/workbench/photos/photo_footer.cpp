@@ -6,15 +6,18 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QStyle>
 
 namespace Workbench {
 namespace {
 
+// Labels go by the direction of their text otherwise, which is that of the file's name.
 QLabel* makeLabel(const char* objectName, Qt::Alignment alignment, QWidget* parent) {
   auto* const label = new QLabel(parent);
   label->setObjectName(QLatin1String(objectName));
   label->setTextFormat(Qt::PlainText);
-  label->setAlignment(alignment | Qt::AlignVCenter);
+  label->setAlignment(QStyle::visualAlignment(parent->layoutDirection(), alignment) | Qt::AlignAbsolute |
+                      Qt::AlignVCenter);
   label->setForegroundRole(QPalette::PlaceholderText);
   label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   return label;

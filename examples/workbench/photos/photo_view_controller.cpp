@@ -3,6 +3,7 @@
 
 #include <ui_base/commands/command_base.h>
 #include <ui_toolkit/image_viewer_tool_bar.h>
+#include <vlk_common_res/styles.h>
 #include <workbench/file_drag.h>
 #include <workbench/photos/photo_command.h>
 #include <workbench/photos/photo_tools.h>
@@ -286,6 +287,7 @@ void PhotoViewController::openMenu(const QPoint& position) {
     return;
   m_menu = new QMenu(view);
   m_menu->setAttribute(Qt::WA_DeleteOnClose);
+  m_menu->setStyleSheet(Vela::Resource::Styles::Instance().MenuMain());
   for (const EPhotoAction action : PhotoActions) {
     if (CommandBase* const command = findCommand(PhotoCommand::idOf(action)))
       m_menu->addAction(command);

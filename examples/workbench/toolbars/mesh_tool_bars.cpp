@@ -4,12 +4,14 @@
 #include <ui_base/commands/command_group.h>
 #include <ui_base/popups/floating_widget.h>
 #include <ui_base/toolbars/action_panel.h>
+#include <ui_base/toolbars/tool_button_with_button_menu.h>
 #include <ui_base/toolbars/toolbar_manager.h>
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
 #include <workbench/panels/command_tooltip.h>
 
 #include <QChildEvent>
+#include <QKeyEvent>
 
 namespace Workbench {
 
@@ -100,8 +102,25 @@ void MeshToolBars::keepClear(FloatingWidget& widget) const {
   widget.setMargins({side, clearTop(), centered ? side : Gap, Gap});
 }
 
+// A menu that was opened with the mouse leaves the focus with the view.
+bool MeshToolBars::closeMenu() {
+  QList<ToolButton*> buttons = m_main->Buttons();
+  buttons += m_panel->Buttons();
+  for (ToolButton* const each : std::as_const(buttons)) {
+    auto* const button = qobject_cast<ToolButtonWithButtonMenu*>(each);
+    if (button && button->IsMenuShowing()) {
+      button->HideMenu();
+      return true;
+    }
+  }
+  return false;
+}
+
 // What comes is no more than a widget yet.
 bool MeshToolBars::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == &m_view && event->type() == QEvent::KeyPress &&
+      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && closeMenu())
+    return true;
   if (watched == &m_view && event->type() == QEvent::ChildAdded && m_shown) {
     const auto keepChildClear = [this, child = QPointer(static_cast<QChildEvent*>(event)->child())] {
       if (auto* const widget = qobject_cast<FloatingWidget*>(child.data()))

@@ -45,6 +45,7 @@ public:
 private:
   void dressMainBar();
   void dressButtons();
+  bool closeMenu();
   // What the bars take of the view, in px, with a gap.
   int clearSide() const;
   int clearTop() const;
