@@ -224,6 +224,7 @@ private Q_SLOTS:
     QVERIFY(screen.pushMenu.isVisible());
     delete screen.pushButton;
     QVERIFY(!screen.pushMenu.isVisible());
+    QVERIFY2(screen.pushMenu.isEnabled(), "a menu without its button serves elsewhere");
     screen.manager.AddButtonMenuLinkage(nullptr, &screen.pushMenu);
     screen.manager.OpenMenu(nullptr);
     screen.manager.Stop();

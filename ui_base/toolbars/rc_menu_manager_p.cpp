@@ -55,7 +55,7 @@ RCMenuLink* RCMenuManagerPrivate::linkOf(const RCMenuLink& copy) {
 void RCMenuManagerPrivate::forget(const QObject* buttonOrMenu) {
   if (const RCMenuLink* const found = linkOf(buttonOrMenu)) {
     RCMenuLink old = *found;
-    std::erase_if(links, [&](const RCMenuLink& each) { return &each == found || !each.isAlive(); });
+    std::erase_if(links, [&](const RCMenuLink& each) { return &each == found; });
     if (old.menu)
       QObject::disconnect(old.menu, nullptr, q, nullptr);
     if (old.button)
@@ -65,21 +65,12 @@ void RCMenuManagerPrivate::forget(const QObject* buttonOrMenu) {
 }
 
 void RCMenuManagerPrivate::watchEnds(QAbstractButton* button, QMenu* menu) {
-  const auto closeDead = [this](QObject* dead) {
-    RCMenuLink* const pair = linkOf(dead);
-    if (!pair)
-      return;
-    if (pair->button.remains() == dead)
-      pair->button.clear();
-    else
-      pair->menu.clear();
-    const LivePointer<QMenu> orphan = pair->menu;
-    becomeClosed(*pair);
-    if (orphan)
-      orphan->close();
-  };
-  QObject::connect(button, &QObject::destroyed, q, closeDead);
-  QObject::connect(menu, &QObject::destroyed, q, closeDead);
+  // The menu of a button that dies is free for other uses again.
+  QObject::connect(button, &QObject::destroyed, q, [this](QObject* dead) { forget(dead); });
+  QObject::connect(menu, &QObject::destroyed, q, [this](QObject* dead) {
+    if (RCMenuLink* const pair = linkOf(dead))
+      becomeClosed(*pair);
+  });
 }
 
 void RCMenuManagerPrivate::link(RCMenuLink& pair) {
