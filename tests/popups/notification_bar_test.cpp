@@ -252,6 +252,18 @@ private Q_SLOTS:
     QCOMPARE(f.reading(), QStringLiteral("Error: ") + text);
   }
 
+  void shortTextStaysOnOneLine() {
+    NotificationFixture f;
+    f.post(NotificationInfo, QStringLiteral("OK"));
+    settle();
+    const int height = f.bar->height();
+    for (const char* const name : {"cube.off", "elephant.off", "armadillo.off", "Fitting, at last.off"}) {
+      f.post(NotificationInfo, QStringLiteral("Opened ") + QLatin1String(name));
+      settle();
+      QVERIFY2(f.reading().contains(QLatin1String(name)) && f.bar->height() == height, name);
+    }
+  }
+
   void looksFollowThePalette() {
     auto& styles = Vela::Resource::Styles::Instance();
     NotificationFixture f;

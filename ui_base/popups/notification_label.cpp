@@ -9,6 +9,7 @@
 #include <QTextLayout>
 
 #include <algorithm>
+#include <cmath>
 
 namespace Vela::UiBase {
 
@@ -53,6 +54,7 @@ NotificationLabel::Lines NotificationLabel::brokenInto(int width) const {
   layout.beginLayout();
   for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
     line.setLineWidth(lineWidth);
+    lines.width = std::max(lines.width, double(line.naturalTextWidth()));
     if (lines.texts.size() == MaximumLines) {
       QString& last = lines.texts.back();
       last = fontMetrics().elidedText(last.trimmed() + QChar(0x2026), Qt::ElideRight, lineWidth);
@@ -68,11 +70,9 @@ NotificationLabel::Lines NotificationLabel::brokenInto(int width) const {
 bool NotificationLabel::isElided() const { return brokenInto(width()).elided; }
 
 QSize NotificationLabel::sizeHint() const {
-  const QFontMetrics metrics = fontMetrics();
-  int natural = 0;
-  for (const QStringView line : QStringView(m_text).split(u'\n'))
-    natural = std::max(natural, metrics.horizontalAdvance(line.toString()) + 1);
-  const int width = std::clamp(natural, 1, MaximumTextWidth);
+  // As the lines are broken: what font metrics tell differs by up to some pixels.
+  const int natural = static_cast<int>(std::ceil(brokenInto(MaximumTextWidth).width)) + 1;
+  const int width = std::min(natural, MaximumTextWidth);
   return {width, heightForWidth(width)};
 }
 

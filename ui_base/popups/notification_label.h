@@ -35,6 +35,7 @@ protected:
 private:
   struct Lines {
     std::vector<QString> texts;
+    double width = 0; // of the longest
     bool elided = false;
   };
   Lines brokenInto(int width) const;
