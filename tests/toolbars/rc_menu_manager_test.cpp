@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QSignalSpy>
+#include <QTimer>
 #include <QToolButton>
 
 using namespace Vela::UiBase;

@@ -6,11 +6,9 @@
 
 #include <QCursor>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QPointer>
 #include <QScreen>
 #include <QStyle>
-#include <QToolButton>
 
 namespace Vela::UiBase {
 

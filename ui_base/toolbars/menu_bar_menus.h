@@ -4,14 +4,14 @@
 #include <ui_base/core/live_pointer.h>
 
 #include <QHash>
+#include <QMenu>
 #include <QObject>
 #include <QPoint>
 #include <QTimer>
+#include <QToolButton>
 
 class QKeyEvent;
-class QMenu;
 class QMouseEvent;
-class QToolButton;
 
 namespace Vela::UiBase {
 

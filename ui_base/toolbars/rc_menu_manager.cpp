@@ -5,6 +5,7 @@
 #include "rc_menu_manager_p.h"
 
 #include <QCursor>
+#include <QEvent>
 #include <QTimer>
 
 #include <algorithm>
