@@ -11,6 +11,7 @@
 #include <workbench/commands/history_command.h>
 #include <workbench/commands/length_unit_command.h>
 #include <workbench/commands/mesh_info_command.h>
+#include <workbench/commands/mesh_user.h>
 #include <workbench/commands/mode_command.h>
 #include <workbench/commands/open_mesh_command.h>
 #include <workbench/commands/placement_command.h>
@@ -78,8 +79,16 @@ CommandGroup* unitGroup(MeshViewController* controller) {
   return group;
 }
 
+// Has its use on the page of the mesh.
+class NextShadingCommand : public CycleCheckableCommand, public MeshUser {
+public:
+  NextShadingCommand(MeshViewController* controller, CommandGroup* shadings)
+      : CycleCheckableCommand(controller, Qt::CTRL | Qt::SHIFT | Qt::Key_F, shadings),
+        MeshUser(static_cast<const CommandBase&>(*this)) {}
+};
+
 CommandBase* nextShading(MeshViewController* controller, CommandGroup* shadings) {
-  auto* const next = new CycleCheckableCommand(controller, Qt::CTRL | Qt::SHIFT | Qt::Key_F, shadings);
+  auto* const next = new NextShadingCommand(controller, shadings);
   next->setText(WorkbenchAppManager::tr("&Next Shading"));
   next->setStatusTip(WorkbenchAppManager::tr("Show the mesh in one shading after another"));
   next->setBaseGroupName(LookSection);

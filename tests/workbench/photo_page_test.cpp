@@ -195,7 +195,8 @@ private Q_SLOTS:
     const QString mesh = bench.write("cube.obj", Test::objFile(Test::cube(2)));
     QVERIFY(bench.show({mesh, bench.photo("a.png", {3000, 2000})}));
     QTRY_COMPARE(bench.triangles(), std::size_t(12));
-    bench.press(Qt::Key_A, Qt::ControlModifier); // selects nothing of a mesh that is not seen
+    bench.press(Qt::Key_A, Qt::ControlModifier); // does nothing to a mesh that is not seen
+    bench.press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
     bench.photos().setFocus();
     bench.press(Qt::Key_Plus);
     const PhotoViewport viewport = bench.photos().viewport();
@@ -204,6 +205,7 @@ private Q_SLOTS:
     QCOMPARE(bench.window().pages().current(), MeshPage);
     QVERIFY(bench.view().isVisible() && !bench.photos().isVisible());
     QVERIFY(bench.view().document().selection().isEmpty());
+    QCOMPARE(bench.view().shading(), SmoothShading);
     QCOMPARE(bench.window().windowTitle(), QStringLiteral("cube.obj – Workbench"));
     settle();
     bench.press(Qt::Key_A, Qt::ControlModifier);
