@@ -47,8 +47,8 @@ public:
   void setCamera(const Camera& camera);
   /// Shows all of the mesh from the first angles again.
   void resetCamera();
-  /// How much stays clear at the left and right, and at the top and bottom, when all of the mesh is shown: for
-  /// what floats over the view. At most half of the view.
+  /// How much stays clear at the left and right, and at the top and bottom, when all of the mesh is shown:
+  /// for what floats over the view. At most half of the view.
   void setFitMargin(const QSize& margin);
 
   EShading shading() const noexcept { return m_shading; }
