@@ -40,13 +40,15 @@ int writeTrace(const QString& file, int status) {
   return 1;
 }
 
+bool hasArgument(int argc, char** argv, const char* start) {
+  return std::any_of(argv, argv + argc,
+                     [start](const char* argument) { return QByteArray(argument).startsWith(start); });
+}
+
 // A screenshot can be taken where there is no display.
 void choosePlatform([[maybe_unused]] int argc, [[maybe_unused]] char** argv) {
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
-  const bool screenshot = std::any_of(argv, argv + argc, [](const char* argument) {
-    return QByteArray(argument).startsWith("--screenshot");
-  });
-  if (screenshot && qEnvironmentVariableIsEmpty("DISPLAY") &&
+  if (hasArgument(argc, argv, "--screenshot") && qEnvironmentVariableIsEmpty("DISPLAY") &&
       qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
 #endif
@@ -56,6 +58,8 @@ void choosePlatform([[maybe_unused]] int argc, [[maybe_unused]] char** argv) {
 
 int main(int argc, char** argv) {
   choosePlatform(argc, argv);
+  if (hasArgument(argc, argv, "--web-panels"))
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("workbench"));
   QApplication::setApplicationDisplayName(QObject::tr("Workbench"));

@@ -40,7 +40,12 @@ Options Options::parse(const QStringList& arguments) {
       QStringLiteral("trace"),
       OptionText::tr("Save when commands began and ended as <file>, in the Chrome trace-event format."),
       OptionText::tr("file"));
-  parser.addOptions({screenshot, size, trace});
+  // For main(), which has to know before the application object is there.
+  const QCommandLineOption webPanels(
+      QStringLiteral("web-panels"),
+      OptionText::tr(
+          "Show information in a web view where QtWebEngine is installed. The start takes longer."));
+  parser.addOptions({screenshot, size, trace, webPanels});
   const QCommandLineOption help = parser.addHelpOption();
   const QCommandLineOption version = parser.addVersionOption();
   parser.addPositionalArgument(QStringLiteral("files"),

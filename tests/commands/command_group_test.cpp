@@ -18,13 +18,13 @@ using Taren::Objects::createShared;
 
 namespace {
 
-/// Children as text: ". *" enabled, "x X" disabled, the second of each checked.
+/// Children as text: ". *" enabled, "- +" disabled, the second of each checked.
 std::shared_ptr<CommandGroup> groupFrom(const QString& text) {
   const auto group = adoptShared(groupOf(QStringLiteral("G"), {}));
   for (const QChar state : text) {
     auto* const child = checkableCommand(QString::number(group->commandBag().count()));
     group->addCommand(child, 0);
-    child->setChecked(state == u'*' || state == u'X');
+    child->setChecked(state == u'*' || state == u'+');
     child->setEnabled(state == u'*' || state == u'.');
   }
   return group;
@@ -34,7 +34,7 @@ QString textOf(const CommandGroup& group) {
   QString text;
   for (int i = 0; i < group.commandBag().count(); ++i) {
     const CommandBase& child = *group.commandBag().commandAt(i);
-    text += child.isEnabled() ? (child.isChecked() ? u'*' : u'.') : (child.isChecked() ? u'X' : u'x');
+    text += child.isEnabled() ? (child.isChecked() ? u'*' : u'.') : (child.isChecked() ? u'+' : u'-');
   }
   return text;
 }
@@ -127,10 +127,10 @@ private Q_SLOTS:
          std::initializer_list<std::array<const char*, 3>>{{"none is checked", "...", "*.."},
                                                            {"the next", "*..", ".*."},
                                                            {"behind the last comes the first", "..*", "*.."},
-                                                           {"the first is disabled", "x..", "x*."},
-                                                           {"the next is disabled", "*x.", ".x*"},
-                                                           {"only the checked one is enabled", "x*x", "x.x"},
-                                                           {"all are disabled", "xXx", "xxX"},
+                                                           {"the first is disabled", "-..", "-*."},
+                                                           {"the next is disabled", "*-.", ".-*"},
+                                                           {"only the checked one is enabled", "-*-", "-.-"},
+                                                           {"all are disabled", "-+-", "--+"},
                                                            {"a single one", "*", "."},
                                                            {"no children", "", ""}})
       QTest::newRow(name) << QString::fromLatin1(before) << QString::fromLatin1(after);

@@ -55,6 +55,11 @@ public:
     settle();
     return true;
   }
+  /// The cursor of the screen goes along: what is shown or hidden makes Qt ask what lies under it.
+  void hover(const QPoint& place) {
+    QCursor::setPos(window().mapToGlobal(place));
+    QTest::mouseMove(window().windowHandle(), place);
+  }
   bool openFlyout() {
     press(Qt::Key_M, Qt::ControlModifier | Qt::AltModifier);
     settle();
@@ -197,13 +202,13 @@ private Q_SLOTS:
     PopupBench bench;
     QVERIFY(bench.show());
     QWidget* const button = bench.button<SetPivotCommand>();
-    QTest::mouseMove(bench.window().windowHandle(), button->mapTo(&bench.window(), QPoint(5, 5)));
-    QTest::mouseMove(bench.window().windowHandle(), button->mapTo(&bench.window(), QPoint(8, 8)));
+    bench.hover(button->mapTo(&bench.window(), QPoint(5, 5)));
+    bench.hover(button->mapTo(&bench.window(), QPoint(8, 8)));
     QTRY_VERIFY(shownTooltip(bench));
     QCOMPARE(shownTooltip(bench)->Title(), QStringLiteral("Set Rotation Centre"));
     QCOMPARE(shownTooltip(bench)->Shortcut(), QStringLiteral("Ctrl+R"));
     QTRY_VERIFY(shownTooltip(bench)->IsUnfolded());
-    QTest::mouseMove(bench.window().windowHandle(), QPoint(400, 400));
+    bench.hover(QPoint(400, 400));
     QTRY_VERIFY(!shownTooltip(bench));
 
     bench.button<OpenMeshCommand>()->setFocus(Qt::TabFocusReason);
