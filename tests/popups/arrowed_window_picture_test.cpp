@@ -166,7 +166,7 @@ private Q_SLOTS:
     window.SetPartialBackgroundColor(true, QRect(0, window.GetBounds().bottom() - 7, 1, 8), Qt::lightGray);
 
     const QImage picture = pictureOf(window, ratio).convertToFormat(QImage::Format_ARGB32);
-    const QImage stored(QFINDTESTDATA("images/" + name + ".png"));
+    const QImage stored(QStringLiteral(PICTURE_FOLDER "/%1.png").arg(name));
     constexpr int tolerance = 40;
     const int stray = strayPixels(picture, stored.convertToFormat(QImage::Format_ARGB32), tolerance);
     if (stray > picture.width() * picture.height() / 200)
