@@ -2,7 +2,7 @@
 #include "command_menus.h"
 
 #include <ui_base/commands/command_group.h>
-#include <ui_base/toolbars/menu_builder.h>
+#include <ui_base/menus/menu_builder.h>
 #include <workbench/commands/dark_palette_command.h>
 #include <workbench/palette_item.h>
 

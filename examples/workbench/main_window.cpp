@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "main_window.h"
 
-#include <ui_base/toolbars/menu_builder.h>
+#include <ui_base/menus/menu_builder.h>
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_common_res/styles.h>

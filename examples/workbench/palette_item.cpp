@@ -2,7 +2,7 @@
 #include "palette_item.h"
 
 #include <ui_base/commands/command_base.h>
-#include <ui_base/toolbars/menu_builder.h>
+#include <ui_base/menus/menu_builder.h>
 #include <vlk_common_res/styles.h>
 
 #include <QCoreApplication>

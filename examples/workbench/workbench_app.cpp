@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workbench_app.h"
 
-#include <ui_base/popups/notification_bar.h>
+#include <ui_base/notifications/notification_bar.h>
 #include <ui_base/popups/widget_pos_calculator.h>
 #include <ui_base/tooltips/tooltip_manager.h>
 #include <ui_base/views/qt_ui_toolkit.h>

@@ -2,7 +2,7 @@
 #include "execution_fixture.h"
 
 #include <support/test_case.h>
-#include <ui_base/popups/notification_bar.h>
+#include <ui_base/notifications/notification_bar.h>
 
 #include <QRegularExpression>
 

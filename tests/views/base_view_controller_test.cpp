@@ -2,7 +2,7 @@
 #include "recording_controller.h"
 
 #include <support/test_case.h>
-#include <ui_base/popups/notification_bar.h>
+#include <ui_base/notifications/notification_bar.h>
 #include <ui_base/tooltips/tooltip_manager.h>
 #include <ui_base/views/base_view.h>
 #include <vlk_app_service/application_service.h>

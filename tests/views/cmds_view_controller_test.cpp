@@ -2,7 +2,7 @@
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/commands/command_base.h>
-#include <ui_base/popups/notification_bar.h>
+#include <ui_base/notifications/notification_bar.h>
 #include <ui_base/views/base_view.h>
 #include <ui_base/views/cmds_view_controller.h>
 #include <vlk_app_service/application_service.h>

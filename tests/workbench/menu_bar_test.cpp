@@ -4,7 +4,7 @@
 #include "workbench_fixture.h"
 
 #include <support/test_case.h>
-#include <ui_base/toolbars/menu_builder.h>
+#include <ui_base/menus/menu_builder.h>
 #include <vlk_common_res/styles.h>
 #include <workbench/commands/clear_measurements_command.h>
 #include <workbench/commands/dark_palette_command.h>

@@ -4,7 +4,7 @@
 #include "workbench_fixture.h"
 
 #include <support/test_case.h>
-#include <ui_base/popups/notification_bar.h>
+#include <ui_base/notifications/notification_bar.h>
 #include <ui_toolkit/image_viewer_tool_bar.h>
 #include <ui_toolkit/print_material_info_panel.h>
 #include <vlk_common_res/strings.h>

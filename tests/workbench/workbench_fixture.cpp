@@ -2,7 +2,7 @@
 #include "workbench_fixture.h"
 
 #include <support/test_case.h>
-#include <ui_base/popups/notification_bar.h>
+#include <ui_base/notifications/notification_bar.h>
 #include <ui_base/toolbars/toolbar_manager.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/config_manager.h>

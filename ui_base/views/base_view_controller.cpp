@@ -3,8 +3,8 @@
 
 #include "base_view.h"
 
-#include <ui_base/popups/floating_widget.h>
-#include <ui_base/popups/notification_bar.h>
+#include <ui_base/notifications/floating_widget.h>
+#include <ui_base/notifications/notification_bar.h>
 #include <ui_base/tooltips/tooltip_manager.h>
 #include <vlk_app_service/application_service.h>
 

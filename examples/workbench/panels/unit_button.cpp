@@ -2,7 +2,7 @@
 #include "unit_button.h"
 
 #include <ui_base/commands/command_group.h>
-#include <ui_base/toolbars/rc_menu_manager.h>
+#include <ui_base/menus/rc_menu_manager.h>
 #include <vlk_common_res/styles.h>
 #include <workbench/commands/length_unit_command.h>
 #include <workbench/mesh_view.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ui_base/popups/floating_widget.h>
+#include <ui_base/notifications/floating_widget.h>
 #include <workbench/latest_task.h>
 
 namespace Vela::UiToolkit {

@@ -2,7 +2,7 @@
 #include "mesh_tool_bars.h"
 
 #include <ui_base/commands/command_group.h>
-#include <ui_base/popups/floating_widget.h>
+#include <ui_base/notifications/floating_widget.h>
 #include <ui_base/toolbars/action_panel.h>
 #include <ui_base/toolbars/tool_button_with_button_menu.h>
 #include <ui_base/toolbars/toolbar_manager.h>

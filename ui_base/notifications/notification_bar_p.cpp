@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "notification_bar_p.h"
 
-#include <ui_base/popups/notification_button.h>
-#include <ui_base/popups/notification_icon.h>
-#include <ui_base/popups/notification_label.h>
+#include <ui_base/notifications/notification_button.h>
+#include <ui_base/notifications/notification_icon.h>
+#include <ui_base/notifications/notification_label.h>
 #include <vlk_common_res/styles.h>
 
 #include <QAccessible>

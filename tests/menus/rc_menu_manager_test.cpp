@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <support/test_case.h>
-#include <ui_base/toolbars/rc_menu_manager.h>
+#include <ui_base/menus/rc_menu_manager.h>
 
 #include <QMainWindow>
 #include <QMenu>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ui_base/toolbars/app_menu_item_specifier.h>
-#include <ui_base/toolbars/app_menu_toggle_item_specifier.h>
+#include <ui_base/menus/app_menu_item_specifier.h>
+#include <ui_base/menus/app_menu_toggle_item_specifier.h>
 #include <ui_base/ui_base_export.h>
 
 #include <QObject>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ui_base/popups/notification_look.h>
+#include <ui_base/notifications/notification_look.h>
 
 #include <QWidget>
 

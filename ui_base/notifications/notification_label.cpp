@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "notification_label.h"
 
-#include <ui_base/popups/notification_look.h>
+#include <ui_base/notifications/notification_look.h>
 
 #include <QEvent>
 #include <QFontMetrics>

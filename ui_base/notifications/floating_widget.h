@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ui_base/popups/layout_base_widget.h>
+#include <ui_base/notifications/layout_base_widget.h>
 #include <ui_base/ui_base_export.h>
 
 #include <QMargins>

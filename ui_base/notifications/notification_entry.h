@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ui_base/popups/notification.h>
+#include <ui_base/notifications/notification.h>
 
 #include <QAction>
 #include <QPointer>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <support/test_case.h>
-#include <ui_base/toolbars/menu_builder.h>
+#include <ui_base/menus/menu_builder.h>
 #include <vlk_common_res/styles.h>
 
 #include <QAccessible>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <support/test_case.h>
-#include <ui_base/popups/notification_queue.h>
+#include <ui_base/notifications/notification_queue.h>
 
 #include <QRandomGenerator>
 #include <QSet>

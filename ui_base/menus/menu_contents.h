@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ui_base/toolbars/app_menu_item_specifier.h>
+#include <ui_base/menus/app_menu_item_specifier.h>
 
 #include <functional>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ui_base/popups/countdown.h>
-#include <ui_base/popups/notification_bar.h>
-#include <ui_base/popups/notification_look.h>
-#include <ui_base/popups/notification_queue.h>
+#include <ui_base/notifications/countdown.h>
+#include <ui_base/notifications/notification_bar.h>
+#include <ui_base/notifications/notification_look.h>
+#include <ui_base/notifications/notification_queue.h>
 
 #include <QObject>
 #include <QPointer>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <support/test_case.h>
-#include <ui_base/popups/floating_widget.h>
+#include <ui_base/notifications/floating_widget.h>
 
 #include <QLabel>
 #include <QMouseEvent>

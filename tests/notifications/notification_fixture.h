@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ui_base/popups/floating_widget.h>
-#include <ui_base/popups/notification_bar.h>
+#include <ui_base/notifications/floating_widget.h>
+#include <ui_base/notifications/notification_bar.h>
 
 #include <QAbstractButton>
 #include <QPointer>
