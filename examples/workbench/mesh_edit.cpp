@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "mesh_edit.h"
 
+#include <tqm_mesh_kernel/dispatch.h>
 #include <workbench/commands/mesh_user.h>
 #include <workbench/mesh_document.h>
 #include <workbench/mesh_view_controller.h>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "mesh_view_controller.h"
 
+#include <tqm_mesh_kernel/dispatch.h>
 #include <ui_base/commands/command_group.h>
 #include <workbench/commands/mode_command.h>
 #include <workbench/commands/open_mesh_command.h>

@@ -1,19 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <tqm_mesh_kernel/quality_of_service.h>
 #include <tqm_mesh_kernel/tqm_mesh_kernel_export.h>
 
 #include <functional>
 
 namespace Taren::Core {
-
-/// Where, and how urgently, a task runs.
-enum EQualityOfService : int {
-  MainThreadQoS = 0, ///< One first-in-first-out queue served by the Qt main thread.
-  HighQoS = 1,       ///< Worker threads, before everything else.
-  NormalQoS = 2,     ///< Worker threads.
-  LowQoS = 3,        ///< Worker threads, when nothing else waits.
-};
 
 /// Hands a task to the dispatcher, which runs it exactly once, later, never inside this call.
 ///

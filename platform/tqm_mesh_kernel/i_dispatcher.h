@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <tqm_mesh_kernel/dispatch.h>
+#include <tqm_mesh_kernel/quality_of_service.h>
+#include <tqm_mesh_kernel/tqm_mesh_kernel_export.h>
+
+#include <functional>
 
 namespace Taren::Core {
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "qt_tbb_dispatcher.h"
 
+#include "dispatch.h"
+
 #include <QCoreApplication>
 
 #include <atomic>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <vlk_common_res/palette.h>
 #include <vlk_common_res/vlk_common_res_export.h>
 
 #include <QColor>
@@ -11,12 +12,6 @@
 #include <QString>
 
 namespace Vela::Resource {
-
-/// The palettes an application can be drawn in.
-enum EPalette : int {
-  Light = 0,
-  Dark = 1,
-};
 
 /// How serious a message is that is shown in a notification colour.
 enum ESeverity : int {

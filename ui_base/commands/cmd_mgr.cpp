@@ -7,6 +7,8 @@
 #include "command_walk.h"
 #include "pending_context.h"
 
+#include <tqm_mesh_kernel/dispatch.h>
+
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 

@@ -3,9 +3,8 @@
 
 #include "command_execution.h"
 #include "command_group.h"
+#include "upstairs.h"
 
-#include <ui_base/views/base_view.h>
-#include <ui_base/views/cmds_view_controller.h>
 #include <vlk_common_res/strings.h>
 #include <vlk_license/license_service.h>
 
@@ -25,7 +24,7 @@ Q_LOGGING_CATEGORY(commandLog, "vela.command")
 
 class CommandBasePrivate {
 public:
-  QPointer<BaseViewController> controller;
+  QPointer<QObject> controller;
   QPointer<CommandGroup> group;
   QList<QPointer<CommandGroup>> holdingGroups;
   QString baseGroupName = Resource::String::COMMAND_DEFAULT_GROUP();
@@ -38,7 +37,7 @@ public:
 };
 
 CommandBase::CommandBase(CmdsViewController* controller) : d(std::make_unique<CommandBasePrivate>()) {
-  d->controller = controller;
+  d->controller = Upstairs::asObject(controller);
   connect(this, &QAction::triggered, this, &CommandBase::onTriggered);
   connect(this, &QAction::toggled, this, &CommandBase::onToggled);
 }
@@ -68,7 +67,9 @@ void CommandBase::setCommandState(const CommandState& state) {
     setChecked(state.checked);
 }
 
-void CommandBase::setViewController(CmdsViewController* controller) { d->controller = controller; }
+void CommandBase::setViewController(CmdsViewController* controller) {
+  d->controller = Upstairs::asObject(controller);
+}
 
 Taren::Core::EQualityOfService CommandBase::executionQoS() { return d->executionQoS; }
 
@@ -135,11 +136,9 @@ QStringList CommandBase::attachedCommandGroupNames() const { return d->attachedG
 
 const QStringList& CommandBase::attachedCommandGroupName() const { return d->attachedGroupNames; }
 
-BaseView* CommandBase::getView() const { return d->controller ? d->controller->getView() : nullptr; }
+BaseView* CommandBase::getView() const { return Upstairs::viewOf(d->controller); }
 
-CmdsViewController* CommandBase::getViewController() const {
-  return dynamic_cast<CmdsViewController*>(d->controller.data());
-}
+CmdsViewController* CommandBase::getViewController() const { return Upstairs::asController(d->controller); }
 
 bool CommandBase::isPaidFeature() const { return d->paidFeature; }
 
@@ -155,7 +154,8 @@ void CommandBase::onTriggered(bool checked) {
   if (isCheckable())
     return;
   const CommandRef self(*this);
-  if (isPaidFeature() && !License::LicenseService::Instance().confirmPaidFeature(getView(), text()))
+  if (isPaidFeature() &&
+      !License::LicenseService::Instance().confirmPaidFeature(Upstairs::asWidget(getView()), text()))
     return;
   if (self.get())
     Q_EMIT toBeTriggered(checked);
@@ -174,8 +174,7 @@ void CommandBase::onToggled(bool checked) {
 
 void CommandBase::onExecutionFailed(const QString& reason) {
   qCWarning(commandLog, "%s failed: %s", qUtf8Printable(commandId()), qUtf8Printable(reason));
-  if (BaseViewController* const controller = d->controller)
-    controller->showNotification(tr("\"%1\" failed: %2").arg(iconText(), reason), NotificationError);
+  Upstairs::showError(d->controller, tr("\"%1\" failed: %2").arg(iconText(), reason));
 }
 
 } // namespace Vela::UiBase

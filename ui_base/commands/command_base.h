@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <tqm_mesh_kernel/dispatch.h>
+#include <tqm_mesh_kernel/quality_of_service.h>
 #include <ui_base/commands/command_context.h>
 #include <ui_base/commands/command_id.h>
 #include <ui_base/commands/command_state.h>

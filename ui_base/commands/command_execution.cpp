@@ -2,8 +2,9 @@
 #include "command_execution.h"
 
 #include "cmd_mgr.h"
+#include "upstairs.h"
 
-#include <ui_base/views/cmds_view_controller.h>
+#include <tqm_mesh_kernel/dispatch.h>
 #include <vlk_app_service/application_service.h>
 
 #include <QCoreApplication>
@@ -59,15 +60,15 @@ bool CommandExecution::runLater(Taren::Core::EQualityOfService qos) {
 
 void CommandExecution::pushContext() {
   const CommandContext context = m_command.get()->getExecutionCommandContext();
-  CmdsViewController* const controller = m_command.get()->getViewController();
-  if (context.isEmpty() || !controller || !controller->isShared())
+  CmdMgr* const manager = Upstairs::managerOf(m_command.get()->getViewController());
+  if (context.isEmpty() || !manager || !manager->isShared())
     return;
-  controller->pushContext(context);
-  m_contextHolder = controller;
+  manager->pushContext(context);
+  m_contextHolder = manager->shared_from_this();
 }
 
 void CommandExecution::popContext() {
-  if (auto* const manager = dynamic_cast<CmdMgr*>(m_contextHolder.data()))
+  if (const auto manager = m_contextHolder.lock())
     manager->popContext();
 }
 

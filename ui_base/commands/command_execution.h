@@ -3,9 +3,6 @@
 
 #include "command_ref.h"
 
-#include <ui_base/views/base_view_controller.h>
-
-#include <QPointer>
 #include <QString>
 
 #include <atomic>
@@ -13,6 +10,8 @@
 #include <optional>
 
 namespace Vela::UiBase {
+
+class CmdMgr;
 
 /// One run of a command, from the first waypoint to the closing steps, which always come, whatever the work
 /// or the dispatcher does.
@@ -40,7 +39,7 @@ private:
   const CommandRef m_command;
   const QString m_className;
   const bool m_checked;
-  QPointer<BaseViewController> m_contextHolder; // the controller the execution context was pushed on
+  std::weak_ptr<CmdMgr> m_contextHolder; // the manager the execution context was pushed on
   std::atomic<WorkspaceSwitch> m_workspaceSwitch{WorkspaceSwitch::Untouched};
   std::optional<QString> m_failure;
 };

@@ -4,10 +4,9 @@
 #include "command_ref.h"
 #include "command_walk.h"
 #include "group_observers.h"
+#include "upstairs.h"
 
-#include <ui_base/toolbars/tool_button.h>
-#include <ui_base/views/qt_ui_toolkit.h>
-
+#include <QAbstractButton>
 #include <QActionGroup>
 #include <QHash>
 #include <QScopeGuard>
@@ -27,7 +26,7 @@ public:
   bool virtualGroup = false;
   bool unchecking = false;
   ToolBar* toolbar = nullptr;
-  QPointer<ToolButton> toolButton;
+  QPointer<QAbstractButton> toolButton;
   GroupObservers observers;
 };
 
@@ -52,7 +51,7 @@ bool holds(const CommandBase& command, const CommandBase& other) {
 CommandGroup::CommandGroup(const QString& iconName, const QString& toolTip, const QString& name)
     : CommandBase(nullptr), d(std::make_unique<CommandGroupPrivate>()) {
   if (!iconName.isEmpty())
-    setIcon(QtUiToolkit::Instance().CreateIcon(iconName));
+    setIcon(Upstairs::icon(iconName));
   setToolTip(toolTip);
   setObjectName(name);
   setExecutionQoS(Taren::Core::MainThreadQoS);
@@ -358,10 +357,10 @@ ToolBar* CommandGroup::toolbar() const { return d->toolbar; }
 
 void CommandGroup::setToolbar(ToolBar* toolbar) { d->toolbar = toolbar; }
 
-ToolButton* CommandGroup::toolButton() const { return d->toolButton; }
+ToolButton* CommandGroup::toolButton() const { return Upstairs::asToolButton(d->toolButton); }
 
 void CommandGroup::setToolButton(ToolButton* button) {
-  d->toolButton = button;
+  d->toolButton = Upstairs::asButton(button);
   showOnButton();
 }
 

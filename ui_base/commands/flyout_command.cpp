@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "flyout_command.h"
 
+#include "cmd_mgr.h"
 #include "command_ref.h"
+#include "upstairs.h"
 
 #include <ui_base/popups/flyout_base.h>
-#include <ui_base/toolbars/tool_button.h>
-#include <ui_base/views/base_view.h>
-#include <ui_base/views/cmds_view_controller.h>
+#include <ui_base/popups/flyout_host.h>
 #include <vlk_common_res/strings.h>
 #include <vlk_license/license_service.h>
 
@@ -37,8 +37,8 @@ private:
   const QPointer<FlyoutBase> m_flyout;
 };
 
-Vela::UiBase::ToolButton* hostingButton(const FlyoutBase* flyout) {
-  return flyout ? qobject_cast<Vela::UiBase::ToolButton*>(flyout->ToolButton()) : nullptr;
+FlyoutHost* hostOf(const FlyoutBase* flyout) {
+  return flyout ? dynamic_cast<FlyoutHost*>(flyout->ToolButton()) : nullptr;
 }
 
 } // namespace
@@ -109,7 +109,7 @@ void FlyoutCommand::onTriggered(bool checked) {
     return;
   const CommandRef self(*this);
   if (isPaidFeature() && !LicenseService::Instance().isUsable()) {
-    LicenseService::Instance().showLicenseDialog(getView());
+    LicenseService::Instance().showLicenseDialog(Upstairs::asWidget(getView()));
     return;
   }
   Q_EMIT toBeTriggered(checked);
@@ -141,26 +141,26 @@ void FlyoutCommand::onBegin() {
   broadcast([this, ref = sharedOrEmpty()](CommandStateProtocol* observer) { observer->commandBegan(this); });
   if (!self.get() || !d->begun)
     return;
-  if (Vela::UiBase::ToolButton* const button = hostingButton(flyout())) {
-    if (!button->ClickedHandlerRequested())
-      QMetaObject::invokeMethod(button, "OnClicked", Qt::QueuedConnection, Q_ARG(bool, false));
+  if (FlyoutHost* const host = hostOf(flyout())) {
+    if (!host->ClickedHandlerRequested())
+      host->RequestClick();
   } else if (d->panel) {
     d->panel->show();
   }
 }
 
 void FlyoutCommand::pushBeginContext() {
-  auto* const controller = getViewController();
-  if (!controller || isSimpleFlyout())
+  CmdMgr* const manager = Upstairs::managerOf(getViewController());
+  if (!manager || isSimpleFlyout())
     return;
-  controller->pushContext(getBeginCommandContext());
-  d->pushedOn = controller->CmdMgr::shared_from_this();
-  if (!isCheckable() || controller->contextStack().isEmpty())
+  manager->pushContext(getBeginCommandContext());
+  d->pushedOn = manager->shared_from_this();
+  if (!isCheckable() || manager->contextStack().isEmpty())
     return;
   // What was saved has the command checked already; bringing that back would begin it again.
-  CommandState before = controller->contextStack().constLast()[commandId()];
+  CommandState before = manager->contextStack().constLast()[commandId()];
   before.checked.overwrite(State::Off);
-  controller->updateContextInStack(commandId(), before);
+  manager->updateContextInStack(commandId(), before);
 }
 
 void FlyoutCommand::onFinalize() {
@@ -175,7 +175,7 @@ void FlyoutCommand::onFinalize() {
     return;
   if (isCheckable() && isChecked())
     setChecked(false); // it was closed from the panel
-  if (!self.get() || d->begun || !d->panel || hostingButton(flyout()))
+  if (!self.get() || d->begun || !d->panel || hostOf(flyout()))
     return;
   const QPointer<QWidget> panel(d->panel);
   if (FlyoutBase* const flyoutPanel = flyout())

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/popups/dialog_severity.h>
 #include <ui_base/popups/m_dialog_base.h>
 
 #include <QList>
@@ -9,14 +10,6 @@
 namespace Vela::UiBase {
 
 class DialogExPrivate;
-
-/// The mark that a dialog shows beside its text.
-enum EDialogSeverity : int {
-  DialogPlain = 0,
-  DialogInfo = 1,
-  DialogWarning = 2,
-  DialogError = 3,
-};
 
 /// A button of a DialogEx: a name for programs, which is never translated, and a text for the user.
 struct SDialogButton {

@@ -6,7 +6,7 @@
 #include "content_scroller.h"
 #include "flyout_sub_widgets.h"
 
-#include <ui_base/views/qt_ui_toolkit.h>
+#include <vlk_common_res/icons.h>
 #include <vlk_common_res/strings.h>
 #include <vlk_common_res/styles.h>
 
@@ -99,7 +99,7 @@ QLayout* FlyoutBasePrivate::titleRow(bool close) {
   if (close) {
     auto* const closeButton = new QToolButton(q);
     closeButton->setObjectName(QStringLiteral("close_button"));
-    closeButton->setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral(":/resources/images/close.svg")));
+    closeButton->setIcon(Resource::Icons::icon(QStringLiteral("close")));
     closeButton->setAccessibleName(FlyoutBase::tr("Close"));
     closeButton->setToolTip(FlyoutBase::tr("Close"));
     QObject::connect(closeButton, &QToolButton::clicked, q, &FlyoutBase::CloseMe);

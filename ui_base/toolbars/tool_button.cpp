@@ -146,6 +146,11 @@ void ToolButton::SuppressClickedHandler(bool suppress) { d->suppressClickedHandl
 
 bool ToolButton::ClickedHandlerRequested() const { return d->clickedHandlerRequested; }
 
+void ToolButton::RequestClick() {
+  QMetaObject::invokeMethod(
+      this, [this] { OnClicked(false); }, Qt::QueuedConnection);
+}
+
 // The first thing a click does: the action is toggled and triggered before clicked() is emitted.
 void ToolButton::nextCheckState() {
   if (d->locked)

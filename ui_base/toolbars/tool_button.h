@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ui_base/popups/arrow_param.h>
+#include <ui_base/popups/flyout_host.h>
 #include <ui_base/ui_base_export.h>
 
 #include <QIcon>
@@ -40,7 +41,7 @@ class WidgetPosCalculator;
 /// button->property(CMDID_PROP).toString();   // the identifier of the command
 /// button->GetTooltipObject()->SetTooltipFactory(makeGridTooltip, tr("Shows the grid"), true);
 /// @endcode
-class UI_BASE_EXPORT ToolButton : public QToolButton {
+class UI_BASE_EXPORT ToolButton : public QToolButton, public FlyoutHost {
   Q_OBJECT
 
 public:
@@ -89,7 +90,8 @@ public:
   void SuppressClickedHandler(bool suppress);
   /// Whether a click on the button is being handled: between the moment it changes the action's state and
   /// OnClicked(). What the action starts meanwhile leaves it to the click to go on.
-  bool ClickedHandlerRequested() const;
+  bool ClickedHandlerRequested() const override;
+  void RequestClick() override;
 
   /// Writes the action's tooltip text into the tooltip, whatever it shows.
   void RefreshTooltip();

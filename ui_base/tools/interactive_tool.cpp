@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "interactive_tool.h"
 
-#include <ui_base/views/base_view.h>
+#include <ui_base/commands/upstairs.h>
 
 #include <QPixmap>
 #include <QPointer>
@@ -13,7 +13,7 @@ class InteractiveToolPrivate {
 public:
   enum State : int { Inactive, Active, Suspended, Operating };
 
-  explicit InteractiveToolPrivate(BaseView* toolView) : view(toolView) {}
+  explicit InteractiveToolPrivate(BaseView* toolView) : view(Upstairs::asWidget(toolView)) {}
 
   /// @return whether the state was @p from, and is now @p to.
   bool change(State from, State to) {
@@ -26,7 +26,7 @@ public:
   QScopedPointer<QCursor> idleCursor;
   QCursor operatingCursor = Qt::ArrowCursor;
   MousePress pressEvent;
-  QPointer<BaseView> view;
+  QPointer<QWidget> view;
   State state = Inactive;
 };
 
@@ -109,7 +109,7 @@ const QCursor& InteractiveTool::getIdleCursor() const {
 
 const QCursor& InteractiveTool::getOperatingCursor() const { return d->operatingCursor; }
 
-BaseView* InteractiveTool::getView() const { return d->view; }
+BaseView* InteractiveTool::getView() const { return Upstairs::asView(d->view); }
 
 const MousePress& InteractiveTool::pressEvent() const noexcept { return d->pressEvent; }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "open_mesh_command.h"
 
+#include <tqm_mesh_kernel/dispatch.h>
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/config_manager.h>
