@@ -26,7 +26,7 @@ public:
     window.resize(600, 400);
     widget.setGeometry(250, 200, 60, 30);
     window.show();
-    QApplication::setActiveWindow(&window);
+    window.activateWindow();
     QCoreApplication::processEvents();
   }
 

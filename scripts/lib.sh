@@ -9,6 +9,9 @@ cd "$root"
 # it.
 export CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1
 
+# Other versions of clang-format lay out some lines differently.
+clang_format_version=14
+
 say() { printf '%s\n' "$*"; }
 die() { printf '%s: %s\n' "$(basename "$0")" "$*" >&2; exit 1; }
 

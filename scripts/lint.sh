@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Static analysis with clang-tidy (.clang-tidy) and clazy; what they report is an error.
-# Usage: scripts/lint.sh [--clazy|--tidy] [folder|file]...      default: both, over the whole project
+# Usage: scripts/lint.sh [--clazy|--tidy] [--changed COMMITS MOST | folder|file...]
+# default: both, over the whole project; --changed: the files changed in the last commits, the latest first, at most
+# so many
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 # Level 0 and 1 of clazy. Left out:
@@ -11,11 +13,24 @@
 clazy_checks=level0,level1,no-fully-qualified-moc-types,no-qproperty-without-notify
 
 tidy=true clazy=true
-case ${1:-} in
-  --clazy) tidy=false; shift ;;
-  --tidy) clazy=false; shift ;;
-  -h | --help) sed -n '3,4s/^# //p' "$0"; exit 0 ;;
-esac
+changed=0 most=0
+while [ $# -gt 0 ]; do
+  case $1 in
+    --clazy) tidy=false ;;
+    --tidy) clazy=false ;;
+    --changed) changed=$2 most=$3; shift 2 ;;
+    -h | --help) sed -n '3,6s/^# //p' "$0"; exit 0 ;;
+    *) break ;;
+  esac
+  shift
+done
+
+# The latest first, each once, those that are still there.
+changed_sources() {
+  git log -"$changed" --format= --name-only --diff-filter=AMR | awk '/\.cpp$/ && !seen[$0]++' | while read -r file; do
+    [ ! -e "$file" ] || say "$file"
+  done
+}
 
 run_tidy() { xargs -P "$(nproc)" -n 1 clang-tidy -p build/clang --quiet <"$list"; }
 
@@ -30,8 +45,8 @@ clazy_on() {
 
 run_clazy() {
   local status=0
-  grep -vE '^(tests|benchmarks)/' "$list" | clazy_on "$clazy_checks" || status=1
-  grep -E '^(tests|benchmarks)/' "$list" | clazy_on "$clazy_checks,no-non-pod-global-static" || status=1
+  { grep -vE '^(tests|benchmarks)/' "$list" || true; } | clazy_on "$clazy_checks" || status=1
+  { grep -E '^(tests|benchmarks)/' "$list" || true; } | clazy_on "$clazy_checks,no-non-pod-global-static" || status=1
   return $status
 }
 
@@ -42,7 +57,16 @@ step "Generate sources" build clang autogen
 
 list=$(mktemp)
 trap 'rm -f "$list"' EXIT
-# The consumer of the package is a project of its own.
-sources "$@" | grep '\.cpp$' | grep -v '^tests/install/consumer/' >"$list"
+# The consumer of the package is a project of its own, and so are programs for Windows.
+{ if [ "$changed" -gt 0 ]; then changed_sources; else sources "$@" | grep '\.cpp$'; fi; } |
+  grep -vE '^tests/(install/consumer|windows)/|_win\.cpp$' >"$list" || true
+if [ "$changed" -gt 0 ]; then
+  total=$(wc -l <"$list")
+  if [ "$total" -gt "$most" ]; then
+    sed -i "$((most + 1)),\$d" "$list"
+    say "Only the $most files changed last, of $total that changed in $changed commits; scripts/lint.sh checks all."
+  fi
+  [ -s "$list" ] || exit 0
+fi
 if $tidy; then step "clang-tidy" run_tidy; fi
 if $clazy; then step "clazy" run_clazy; fi

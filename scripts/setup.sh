@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Installs the Debian packages that are lacking for the named purposes.
-# Usage: scripts/setup.sh [build|web|test|lint|demo|docs]...      (default: build test)
+# Usage: scripts/setup.sh [build|web|test|lint|demo|docs|root]...      (default: build test)
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+release=$(. /etc/os-release 2>/dev/null && printf '%s' "${VERSION_ID:-}") || true
 
 packages_for() {
   case $1 in
@@ -13,6 +15,8 @@ packages_for() {
       echo libassimp-dev zlib1g-dev
       # What the programs need at run time besides the libraries: SVG icons, fonts with known metrics.
       echo libqt6svg6 fontconfig fonts-dejavu-core fonts-liberation
+      # From Debian 13 on the plugins of Qt Svg, without which icons are missing, are a package of their own.
+      if [ "${release%%.*}" != 12 ]; then echo qt6-svg-plugins; fi
       ;;
     # Optional: without it information panels use a text browser.
     web) echo qt6-webengine-dev ;;
@@ -24,6 +28,8 @@ packages_for() {
       true
       ;;
     docs) echo doxygen ;;
+    # A root file system of another release.
+    root) echo debootstrap ;;
     *) return 1 ;;
   esac
 }
@@ -31,7 +37,7 @@ packages_for() {
 wanted=()
 [ $# -gt 0 ] || set -- build test
 for purpose in "$@"; do
-  list=$(packages_for "$purpose") || die "unknown purpose: $purpose (build, web, test, lint, demo or docs)"
+  list=$(packages_for "$purpose") || die "unknown purpose: $purpose (build, web, test, lint, demo, docs or root)"
   read -r -d '' -a names <<<"$list" || true
   wanted+=("${names[@]}")
 done

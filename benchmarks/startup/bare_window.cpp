@@ -13,7 +13,7 @@ int main(int argc, char** argv) {
   window.menuBar()->addMenu(QStringLiteral("&File"))->addAction(QStringLiteral("&Quit"));
   window.statusBar()->showMessage(QStringLiteral("Ready"));
   window.resize(1280, 800);
-  new Vela::Benchmarks::FirstPaint(content);
+  new Vela::Benchmarks::FirstPaint(&window);
   window.show();
   return QApplication::exec();
 }

@@ -6,20 +6,23 @@
 #include <QFile>
 #include <QObject>
 #include <QTextStream>
+#include <QWidget>
 
 #include <cstdio>
 
 namespace Vela::Benchmarks {
 
-/// Ends the program when a widget has been painted for the first time, and prints the memory it has by then,
-/// in kilobytes.
+/// Ends the program when a window has been painted for the first time, and prints the memory it has by then,
+/// in kilobytes. Which of its widgets is painted first is the window's affair: one may cover another.
 class FirstPaint : public QObject {
 public:
-  explicit FirstPaint(QObject* widget) : QObject(widget) { widget->installEventFilter(this); }
+  explicit FirstPaint(QWidget* window) : QObject(window), m_window(window) { qApp->installEventFilter(this); }
 
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::Paint) {
-      watched->removeEventFilter(this);
+    if (event->type() != QEvent::Paint)
+      return false;
+    if (const auto* const widget = qobject_cast<QWidget*>(watched); widget && widget->window() == m_window) {
+      qApp->removeEventFilter(this);
       QMetaObject::invokeMethod(
           this, [] { end(); }, Qt::QueuedConnection); // after the paint
     }
@@ -38,6 +41,8 @@ private:
     std::fflush(stdout);
     QApplication::quit();
   }
+
+  QWidget* const m_window; // the parent
 };
 
 } // namespace Vela::Benchmarks

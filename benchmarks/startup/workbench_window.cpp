@@ -18,7 +18,7 @@ int main(int argc, char** argv) {
   DarkPaletteCommand::restorePalette();
   MainWindow window;
   window.resize(1280, 800);
-  new Vela::Benchmarks::FirstPaint(window.centralWidget());
+  new Vela::Benchmarks::FirstPaint(&window);
   window.show();
   return QApplication::exec();
 }

@@ -4,8 +4,10 @@
 #include <workbench/workbench_app.h>
 
 #include <QApplication>
+#include <QRegularExpression>
 
 #include <algorithm>
+#include <optional>
 
 using namespace Workbench;
 using Vela::Services::ApplicationService;
@@ -45,6 +47,37 @@ bool hasArgument(int argc, char** argv, const char* start) {
                      [start](const char* argument) { return QByteArray(argument).startsWith(start); });
 }
 
+void nameApplication() {
+  QCoreApplication::setApplicationName(QStringLiteral("workbench"));
+  QCoreApplication::setApplicationVersion(QStringLiteral(WORKBENCH_VERSION));
+  QCoreApplication::setOrganizationName(QStringLiteral("vlk_ui_base"));
+}
+
+// What a QApplication takes out of its arguments: "-platform xcb", "-style=fusion", "-reverse".
+QStringList withoutQtOptions(const QStringList& arguments) {
+  static const QRegularExpression option(
+      QStringLiteral("^--?(platform|platformpluginpath|platformtheme|plugin|qwindowgeometry|qwindowicon|"
+                     "qwindowtitle|session|display|geometry|fontengine|style|stylesheet)(=.*)?$"));
+  static const QRegularExpression flag(QStringLiteral("^--?(reverse|nograb|dograb|sync|widgetcount)$"));
+  QStringList left;
+  for (qsizetype i = 0; i < arguments.size(); ++i) {
+    const QRegularExpressionMatch match = option.match(arguments[i]);
+    if (match.hasMatch())
+      i += match.captured(2).isEmpty() ? 1 : 0;
+    else if (!flag.match(arguments[i]).hasMatch())
+      left.append(arguments[i]);
+  }
+  return left;
+}
+
+// Help, the version and complaints about the arguments need no window system.
+std::optional<Options::Answer> answerWithoutDisplay(int argc, char** argv) {
+  if (argc < 2)
+    return std::nullopt;
+  const QCoreApplication application(argc, argv);
+  return Options::parse(withoutQtOptions(QCoreApplication::arguments())).answer;
+}
+
 // A screenshot can be taken where there is no display.
 void choosePlatform([[maybe_unused]] int argc, [[maybe_unused]] char** argv) {
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
@@ -57,16 +90,14 @@ void choosePlatform([[maybe_unused]] int argc, [[maybe_unused]] char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
+  nameApplication();
+  if (const auto early = answerWithoutDisplay(argc, argv))
+    return answer(*early);
   choosePlatform(argc, argv);
   if (hasArgument(argc, argv, "--web-panels"))
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
   QApplication application(argc, argv);
-  QApplication::setApplicationName(QStringLiteral("workbench"));
   QApplication::setApplicationDisplayName(QObject::tr("Workbench"));
-  QApplication::setApplicationVersion(QStringLiteral(WORKBENCH_VERSION));
-  QApplication::setOrganizationName(QStringLiteral("vlk_ui_base"));
   const Options options = Options::parse(QApplication::arguments());
-  if (options.answer)
-    return answer(*options.answer);
   return writeTrace(options.trace, run(options));
 }

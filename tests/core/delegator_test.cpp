@@ -117,7 +117,7 @@ private Q_SLOTS:
     Subject subject;
     std::vector<std::shared_ptr<SharedObserver>> held;
     std::vector<NoteProtocol*> plain;
-    for (const QChar kind : qAsConst(observers)) {
+    for (const QChar kind : std::as_const(observers)) {
       held.push_back(shared("o"));
       if (kind.toLower() == QLatin1Char('g')) {
         plain.push_back(guarded("g"));

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <support/test_case.h>
+#include <ui_base/notifications/layout_base_widget.h>
 #include <ui_base/popups/dialog_ex.h>
 #include <ui_base/popups/flyout_base.h>
 #include <ui_base/popups/info_dialog.h>
-#include <ui_base/notifications/layout_base_widget.h>
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/config_manager.h>

@@ -4,8 +4,8 @@
 
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
-#include <ui_base/popups/arrowed_window.h>
 #include <ui_base/notifications/floating_widget.h>
+#include <ui_base/popups/arrowed_window.h>
 #include <ui_base/popups/flyout_base.h>
 #include <ui_base/toolbars/action_panel.h>
 #include <ui_base/toolbars/tool_button_with_button_menu.h>
