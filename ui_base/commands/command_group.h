@@ -31,7 +31,7 @@ class ToolButton;
 /// shading->addCommand(new FlatShadingCommand(controller), 0);
 /// shading->addCommand(new SmoothShadingCommand(controller), 1);
 /// manager->addCommand(shading);
-/// shading->setToolButton(new ToolButton(shading, panel));   // shows whether one of the two is on
+/// shading->setToolButton(bar->AddAction(shading));   // shows whether one of the two is on
 /// @endcode
 class UI_BASE_EXPORT CommandGroup : public CommandBase {
   Q_OBJECT

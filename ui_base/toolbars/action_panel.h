@@ -16,7 +16,7 @@ class ActionPanelPrivate;
 /// @code
 /// auto* panel = new Vela::UiBase::ActionPanel(view);
 /// panel->setAccessibleName(tr("Tools"));
-/// panel->AddCommandGroup(controller->manager()->commandGroup("Repair"));
+/// panel->AddCommandGroup(repairGroup);   // a CommandGroup of the controller
 /// panel->PrepareActionPanel();
 /// panel->ShowMe();
 /// @endcode

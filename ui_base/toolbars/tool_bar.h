@@ -46,7 +46,7 @@ class ToolButtonWithWidgetMenu;
 /// auto* bar = new Vela::UiBase::ToolBar(view, Qt::TopToolBarArea);
 /// bar->setAccessibleName(tr("Main toolbar"));
 /// bar->SetCentered(true);
-/// bar->AddCommandGroup(controller->manager()->commandGroup("View"));
+/// bar->AddCommandGroup(viewGroup);   // a CommandGroup of the controller
 /// bar->ShowAnimated();
 /// @endcode
 class UI_BASE_EXPORT ToolBar : public QWidget {
