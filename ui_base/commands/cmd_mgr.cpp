@@ -1,18 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "cmd_mgr.h"
-
+#include "cmd_mgr_p.h"
 #include "command_base.h"
 #include "command_group.h"
-#include "command_index.h"
+#include "command_ref.h"
 #include "command_walk.h"
-#include "pending_context.h"
+#include "flyout_command.h"
 
-#include <tqm_mesh_kernel/dispatch.h>
-
-#include <QScopeGuard>
-#include <QScopedValueRollback>
-
-#include <array>
 #include <stdexcept>
 #include <utility>
 
@@ -20,51 +13,25 @@ template class Taren::Objects::SharedObject<Vela::UiBase::CmdMgr>;
 
 namespace Vela::UiBase {
 
-using Taren::Core::dispatchAsync;
-using Taren::Core::dispatchSync;
-using Taren::Core::MainThreadQoS;
-
-class CmdMgrPrivate {
-public:
-  CommandBag bag;
-  CommandIndex index;
-  QList<CommandContext> stack; // bottom first
-  std::weak_ptr<CommandBase> running;
-  QList<std::shared_ptr<PendingContext>> pending; // oldest first
-  bool applying = false;
-};
-
 namespace {
 
-CommandState defaultState(CommandBase& command) { return command.defaultCommandState(); }
-CommandState disabledState(CommandBase&) { return {State::Off, State::Keep}; }
-CommandState inactiveState(CommandBase&) { return {State::Keep, State::Off}; }
-CommandState presentState(CommandBase& command) { return command.commandState(); }
-
-CommandContext contextOfBag(const CommandBag& bag, CommandState (*stateOf)(CommandBase&)) {
-  CommandContext context;
-  visitCommands(bag, [&](CommandBase& command) {
-    // Of several commands under one identifier the first counts, as in look-ups.
-    if (const QString id = command.commandId(); !context.contains(id))
-      context.overwrite(id, stateOf(command));
+std::vector<CommandRef> flyoutsIn(CommandBase& command) {
+  std::vector<CommandRef> flyouts;
+  visitWithin(command, [&](CommandBase& candidate) {
+    if (dynamic_cast<FlyoutCommand*>(&candidate))
+      flyouts.emplace_back(candidate);
   });
-  return context;
+  return flyouts;
 }
 
-CommandContext checkedOnly(const CommandContext& context) {
-  CommandContext checked;
-  for (auto it = context.get().cbegin(); it != context.get().cend(); ++it) {
-    if (it->checked == State::On)
-      checked.overwrite(it.key(), it.value());
+// While they are still heard: an open one would never end otherwise.
+void endFlyouts(const std::vector<CommandRef>& flyouts) {
+  for (const CommandRef& flyout : flyouts) {
+    if (auto* const command = dynamic_cast<FlyoutCommand*>(flyout.get()))
+      command->onExitCommand();
+    if (auto* const command = dynamic_cast<FlyoutCommand*>(flyout.get()))
+      command->onFinalize();
   }
-  return checked;
-}
-
-template <class Gather>
-CommandContext onMainThread(const Gather& gather) {
-  CommandContext context;
-  dispatchSync([&] { context = gather(); }, MainThreadQoS);
-  return context;
 }
 
 } // namespace
@@ -84,6 +51,7 @@ CommandBase* CmdMgr::addCommand(CommandBase* command) {
     throw std::logic_error("A command id must be defined (with the COMMAND_ID macro)!");
   const std::shared_ptr<CmdMgr> self = shared_from_this();
   const auto shared = Taren::Objects::adoptShared(command);
+  const auto newcomers = newcomersIn(*command);
 
   std::shared_ptr<CommandBase> result;
   if (dynamic_cast<CommandGroup*>(command))
@@ -97,6 +65,8 @@ CommandBase* CmdMgr::addCommand(CommandBase* command) {
   if (!d->bag.contains(result.get())) // the delegate removed it again
     return nullptr;
   observe(*result);
+  if (result == shared)
+    bringUnderLayers(newcomers);
   return result.get();
 }
 
@@ -146,30 +116,46 @@ void CmdMgr::letGo(CommandBase& command) {
       d->running.reset();
     commandForgotten(left);
   };
-  forgetUnlessHere(command);
-  if (const auto* const group = dynamic_cast<CommandGroup*>(&command))
-    visitCommands(group->commandBag(), forgetUnlessHere);
+  visitWithin(command, forgetUnlessHere);
 }
 
 bool CmdMgr::removeCommand(const QString& id) { return removeCommand(findCommand(id)); }
 
 bool CmdMgr::removeCommand(CommandBase* command) {
-  if (!command)
+  if (!command || !stands(*command))
     return false;
+  const std::shared_ptr<CmdMgr> self = sharedOrEmpty();
   const auto kept = command->sharedOrEmpty();
+  endFlyouts(flyoutsIn(*command));
   const QString id = command->commandId();
-  if (!d->bag.removeCommand(command)) {
-    CommandGroup* const group = command->commandGroup();
-    if (!group || !stands(*command) || !group->removeCommand(command))
-      return false;
-  }
+  if (!takeOut(*command))
+    return false;
   letGo(*command);
   tellRemoved(id);
   return true;
 }
 
+// From wherever it stands: a command may be a child of several groups.
+bool CmdMgr::takeOut(CommandBase& command) {
+  bool taken = d->bag.removeCommand(&command);
+  QList<QPointer<CommandGroup>> groups;
+  for (CommandGroup* const group : command.holdingGroups())
+    groups.append(group);
+  for (const auto& group : std::as_const(groups)) {
+    if (group && stands(*group) && group->removeCommand(&command))
+      taken = true;
+  }
+  return taken;
+}
+
 void CmdMgr::removeAllCommands() {
   const std::shared_ptr<CmdMgr> self = sharedOrEmpty(); // a delegate may let go of the manager
+  std::vector<CommandRef> flyouts;
+  for (int i = 0; i < d->bag.count(); ++i) {
+    const auto inside = flyoutsIn(*d->bag.commandAt(i));
+    flyouts.insert(flyouts.end(), inside.begin(), inside.end());
+  }
+  endFlyouts(flyouts);
   keepPendingCommands();
   const CommandBag removed = d->bag;
   d->bag.clear();
@@ -193,18 +179,21 @@ std::shared_ptr<CommandBase> CmdMgr::findShared(const QString& id) const {
 }
 
 QVector<CommandBase*> CmdMgr::findCommands(const QString& id, CommandBag* bag) const {
+  const CommandBag& asked = bag ? *bag : d->bag;
   QVector<CommandBase*> found;
-  visitCommands(bag ? *bag : d->bag, [&](CommandBase& command) {
-    if (command.commandId() == id)
-      found.append(&command);
-  });
+  for (int i = 0; i < asked.count() && asked.hasCommand(id); ++i) {
+    if (asked.commandAt(i)->commandId() == id)
+      found.append(asked.commandAt(i));
+  }
   return found;
 }
 
 bool CmdMgr::stands(const CommandBase& command) const {
-  const QString id = command.commandId();
-  CommandBase* const first = findCommand(id);
-  return first && (first == &command || findCommands(id).contains(&command));
+  CommandBase* const first = findCommand(command.commandId());
+  bool found = first == &command;
+  if (first && !found)
+    visitCommands(d->bag, [&](const CommandBase& standing) { found = found || &standing == &command; });
+  return found;
 }
 
 void CmdMgr::commandBegan(CommandBase* command) { d->running = command ? command->sharedOrEmpty() : nullptr; }
@@ -212,163 +201,6 @@ void CmdMgr::commandBegan(CommandBase* command) { d->running = command ? command
 void CmdMgr::commandEnded(CommandBase*) { d->running.reset(); }
 
 std::shared_ptr<CommandBase> CmdMgr::runningCommand() const { return d->running.lock(); }
-
-CommandContext CmdMgr::contextOf(const QString& id, StateOf stateOf) const {
-  CommandBase* const command = findCommand(id);
-  if (auto* const group = dynamic_cast<CommandGroup*>(command))
-    return contextOfBag(group->commandBag(), stateOf);
-  CommandContext context;
-  if (command)
-    context.overwrite(id, stateOf(*command));
-  return context;
-}
-
-CommandContext CmdMgr::defaultContext(CommandBag* bag) const {
-  return contextOfBag(bag ? *bag : d->bag, defaultState);
-}
-
-CommandContext CmdMgr::disabledContext(CommandBag* bag) const {
-  return contextOfBag(bag ? *bag : d->bag, disabledState);
-}
-
-CommandContext CmdMgr::disabledContext(const QString& id) const { return contextOf(id, disabledState); }
-
-CommandContext CmdMgr::inactiveContext(CommandBag* bag) const {
-  return contextOfBag(bag ? *bag : d->bag, inactiveState);
-}
-
-CommandContext CmdMgr::inactiveContext(const QString& id) const { return contextOf(id, inactiveState); }
-
-CommandContext CmdMgr::currentContext(CommandBag* bag) const {
-  return onMainThread([&] { return contextOfBag(bag ? *bag : d->bag, presentState); });
-}
-
-CommandContext CmdMgr::currentContext(const QString& id) const {
-  return onMainThread([&] { return contextOf(id, presentState); });
-}
-
-CommandContext CmdMgr::currentContext(const CommandContext& context) const {
-  return onMainThread([&] {
-    CommandContext present;
-    for (auto it = context.get().cbegin(); it != context.get().cend(); ++it) {
-      if (CommandBase* const command = findCommand(it.key()))
-        present.overwrite(it.key(), command->commandState());
-    }
-    return present;
-  });
-}
-
-CommandContext CmdMgr::currentActiveContext(CommandBag* bag) const {
-  return checkedOnly(currentContext(bag));
-}
-
-CommandContext CmdMgr::currentActiveContext(const QString& id) const {
-  return checkedOnly(currentContext(id));
-}
-
-void CmdMgr::setContext(const CommandContext& context) {
-  const std::weak_ptr<CmdMgr> weak = shared_from_this();
-  const auto pending = std::make_shared<PendingContext>(context);
-  d->pending.append(pending);
-  const auto apply = [weak, pending] {
-    if (const auto self = weak.lock())
-      self->applyPending(pending);
-    else
-      pending->applyToKept();
-  };
-  if (!dispatchAsync(apply, MainThreadQoS))
-    d->pending.removeOne(pending);
-}
-
-void CmdMgr::applyPending(const std::shared_ptr<PendingContext>& pending) {
-  // An older context that is half applied, by a command that turns an event loop, comes first.
-  while (d->pending.contains(pending) && d->pending.constFirst() != pending)
-    applyPending(std::shared_ptr(d->pending.constFirst()));
-  const auto done = qScopeGuard([&] { d->pending.removeOne(pending); });
-  const QScopedValueRollback applying(d->applying, true);
-  while (!pending->isEmpty())
-    applySome(*pending);
-  pending->applyToKept();
-}
-
-// Commands are looked up, and read, many at a time: they stand far apart in memory, and so the processor
-// waits for several at once instead of for one after the other. But a command may run on being toggled, and
-// then push a context or change the registry. So each entry is taken when its turn comes, what is left stays
-// pending, and what was looked up counts only until a bag changes.
-void CmdMgr::applySome(PendingContext& pending) {
-  struct LookedUp {
-    PendingContext::Entries::const_iterator entry;
-    CommandIndex::Found found;
-  };
-  std::array<LookedUp, 32> some;
-  std::size_t count = 0;
-  const quint64 revision = CommandIndex::revision();
-  for (auto entry = pending.begin(); entry != pending.end() && count < some.size(); ++entry)
-    some.at(count++) = {entry, d->index.find(d->bag, entry.key())};
-  for (std::size_t i = 0; i < count && revision == CommandIndex::revision(); ++i) {
-    if (const CommandBase* const command = some.at(i).found.command)
-      static_cast<void>(command->isEnabled());
-  }
-  for (std::size_t i = 0; i < count && !pending.isEmpty(); ++i) {
-    const auto entry = pending.take();
-    const bool counts = revision == CommandIndex::revision() && entry == some.at(i).entry;
-    if (const auto command = counts ? some.at(i).found.lock() : findShared(entry.key()))
-      command->setCommandState(entry.value());
-  }
-}
-
-void CmdMgr::keepPendingCommands() {
-  for (const auto& pending : std::as_const(d->pending))
-    pending->keepCommands([this](const QString& id) { return findShared(id); });
-}
-
-// The states as they will be when what is pending has been applied.
-CommandContext CmdMgr::presentContext() const {
-  return onMainThread([&] {
-    CommandContext present = contextOfBag(d->bag, presentState);
-    for (const auto& pending : std::as_const(d->pending)) {
-      for (auto entry = pending->begin(); entry != pending->end(); ++entry) {
-        if (const CommandBase* const command = findCommand(entry.key()))
-          foresee(present, *command, entry.value());
-      }
-    }
-    return present;
-  });
-}
-
-void CmdMgr::pushContext(const CommandContext& context) {
-  const std::shared_ptr<CmdMgr> self = shared_from_this();
-  dispatchSync(
-      [&] {
-        d->stack.append(presentContext());
-        setContext(context);
-      },
-      MainThreadQoS);
-}
-
-void CmdMgr::popContext() {
-  if (!d->stack.isEmpty())
-    setContext(d->stack.takeLast());
-}
-
-void CmdMgr::resetContext() {
-  d->stack.clear();
-  setContext(defaultContext());
-}
-
-void CmdMgr::updateContextInStack(const QString& id, const CommandState& state) {
-  if (id.isEmpty())
-    return;
-  for (CommandContext& saved : d->stack) {
-    if (!saved.contains(id))
-      return;
-    saved.overwrite(id, state);
-  }
-}
-
-const QList<CommandContext>& CmdMgr::contextStack() const { return d->stack; }
-
-bool CmdMgr::isApplyingContext() const { return d->applying; }
 
 const CommandBag& CmdMgr::commandBag() const { return d->bag; }
 

@@ -3,6 +3,7 @@
 
 #include <ui_base/commands/command_bag.h>
 #include <ui_base/commands/command_context.h>
+#include <ui_base/commands/context_hold.h>
 #include <ui_base/core/cmd_mgr_protocol.h>
 #include <ui_base/core/command_state_protocol.h>
 #include <ui_base/core/shared_object.h>
@@ -11,6 +12,7 @@
 #include <QList>
 
 #include <memory>
+#include <vector>
 
 namespace Vela::UiBase {
 
@@ -35,11 +37,17 @@ namespace Vela::UiBase {
 /// Contexts are applied later, by a task of the main thread. A context handed over but not yet applied counts
 /// as applied for what a following pushContext() saves.
 ///
+/// Contexts that are pushed lie over one another as layers. Who pushes one for a while takes a hold on it, as
+/// running commands and open flyouts do: holds are released in any order, and each undoes just what its
+/// layer names, so that what the user chose meanwhile stays. A command that is added while layers stand comes
+/// under them too.
+///
 /// @code
 /// auto manager = Taren::Objects::createShared<CmdMgr>();
 /// manager->addCommand(new OpenCommand(controller));
-/// manager->pushContext(manager->disabledContext());   // everything disabled…
-/// manager->popContext();                              // …and as it was
+/// {
+///   const ContextHold hold = manager->holdContext(manager->disabledContext());   // everything disabled…
+/// }                                                                              // …and as it was
 /// @endcode
 class UI_BASE_EXPORT CmdMgr : public Taren::Core::Delegator<CmdMgrProtocol>,
                               public CommandStateProtocol,
@@ -55,7 +63,8 @@ public:
   /// it; null for null, and for a command (no group) that stood there already.
   /// @throws std::logic_error when the identifier is empty, std::bad_weak_ptr when the manager is not shared.
   CommandBase* addCommand(CommandBase* command);
-  /// Removes a command, at the top level or inside a group. The delegate is told its identifier.
+  /// Removes a command, at the top level and from the groups here. What is begun of it ends, while it is
+  /// still observed; then the delegate is told its identifier.
   /// @return false when it is not here.
   bool removeCommand(const QString& id);
   bool removeCommand(CommandBase* command);
@@ -64,7 +73,7 @@ public:
   /// look-up, however many groups there are. A group that overrides CommandBase::getCommand() is asked for
   /// identifiers that stand in no bag.
   CommandBase* findCommand(const QString& id) const;
-  /// All commands of that identifier in a bag (null: the top level) and in its groups.
+  /// All commands of that identifier in a bag (null: the top level), those in its groups left out.
   QVector<CommandBase*> findCommands(const QString& id, CommandBag* bag = nullptr) const;
 
   void commandBegan(CommandBase* command) override;
@@ -99,13 +108,34 @@ public:
   /// main thread.
   /// @throws std::bad_weak_ptr when the manager is not shared.
   void pushContext(const CommandContext& context);
-  /// Applies what the matching pushContext() saved. Does nothing when the stack is empty.
+  /// Ends the topmost layer that nobody holds: on top, by applying all that it saved; below, like a hold that
+  /// is released. Where all are held it ends the top one, and with it its hold. Does nothing when the stack
+  /// is empty.
   void popContext();
-  /// Empties the stack and applies the default context.
+  /// Like pushContext(), with a hold: releasing it undoes what the context has brought, in whatever order
+  /// layers end. The checked part of a command that holds is its own from now on, and not restored.
+  /// @throws std::bad_weak_ptr when the manager is not shared.
+  ContextHold holdContext(const CommandContext& context, const ContextHolder& holder = {});
+  /// Empties the stack, which ends all holds, and applies the default context.
   void resetContext();
   /// Replaces a command's state in the saved contexts, from the bottom up to the first that does not hold it.
   void updateContextInStack(const QString& id, const CommandState& state);
+  /// What each push saved, the first one first.
   const QList<CommandContext>& contextStack() const;
+
+  /// Sets a command's state below all layers, as if they had found it so: it shows at once where no layer
+  /// names it, else when those that do have ended. A part that is Keep stays. This is the way to set a state
+  /// that shall last while commands run or end, in commandEndedExecuting() for instance: a state set directly
+  /// there is undone by the layer that is just ending.
+  /// @param reason why the command is disabled, for the user; forgotten when it is enabled here.
+  void setGroundState(const QString& id, const CommandState& state, const QString& reason = {});
+  /// A command's state as it would be without the layers.
+  CommandState groundState(const QString& id) const;
+  /// The reason given with setGroundState(), if any.
+  QString groundReason(const QString& id) const;
+  /// Who disables a command by a layer, the topmost first; empty when no layer does.
+  QList<ContextHolder> holdersDisabling(const QString& id) const;
+
   /// Whether a context is being applied just now.
   bool isApplyingContext() const;
 
@@ -117,17 +147,28 @@ protected:
   virtual void commandForgotten(CommandBase& command);
 
 private:
+  friend class ContextHold;
+  friend class GroupObservers;
   using StateOf = CommandState (*)(CommandBase&);
 
   std::shared_ptr<CommandBase> addGroup(const std::shared_ptr<CommandBase>& command);
   void takeIn(const CommandBag& children, const CommandGroup* registered);
   void observe(CommandBase& command);
+  bool takeOut(CommandBase& command);
   void letGo(CommandBase& command);
   void tellRemoved(const QString& id);
   bool stands(const CommandBase& command) const;
   std::shared_ptr<CommandBase> findShared(const QString& id) const;
   CommandContext contextOf(const QString& id, StateOf stateOf) const;
   CommandContext presentContext() const;
+  CommandContext statesBeside(const CommandContext& present, const CommandContext& asked) const;
+  quint64 pushLayer(const CommandContext& context, const ContextHolder& holder, bool isHeld);
+  void releaseLayer(quint64 layer);
+  bool hasLayer(quint64 layer) const;
+  void childArrived(CommandBase& child);
+  std::vector<std::weak_ptr<CommandBase>> newcomersIn(CommandBase& command) const;
+  void bringUnderLayers(const std::vector<std::weak_ptr<CommandBase>>& newcomers);
+  void layOverArrived();
   void applyPending(const std::shared_ptr<PendingContext>& pending);
   void applySome(PendingContext& pending);
   void keepPendingCommands();

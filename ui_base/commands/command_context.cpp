@@ -1,9 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "command_context.h"
 
+#include <QDebug>
+
 namespace Vela::UiBase {
 
 CommandContext::CommandContext() = default;
+CommandContext::CommandContext(std::initializer_list<std::pair<QString, CommandState>> entries) {
+  for (const auto& [id, state] : entries)
+    overwrite(id, state);
+}
 CommandContext::CommandContext(const CommandContext&) = default;
 CommandContext& CommandContext::operator=(const CommandContext&) = default;
 CommandContext::~CommandContext() = default;
@@ -70,6 +76,14 @@ CommandContext CommandContext::operator|(const CommandContext& other) const {
   CommandContext combined(*this);
   combined |= other;
   return combined;
+}
+
+QDebug operator<<(QDebug debug, const CommandContext& context) {
+  const QDebugStateSaver saver(debug);
+  debug.nospace() << "CommandContext(";
+  for (auto entry = context.get().cbegin(); entry != context.get().cend(); ++entry)
+    debug << (entry == context.get().cbegin() ? "" : ", ") << entry.key() << ": " << entry.value();
+  return debug << ')';
 }
 
 } // namespace Vela::UiBase

@@ -7,6 +7,9 @@
 #include <QMap>
 #include <QString>
 
+#include <initializer_list>
+#include <utility>
+
 namespace Vela::UiBase {
 
 /// How a set of commands shall look: a map from command identifier to CommandState, ordered by identifier. A
@@ -15,11 +18,13 @@ namespace Vela::UiBase {
 /// @code
 /// CommandContext whileSmoothing = manager->disabledContext();
 /// whileSmoothing.overwrite(CancelCommand::className(), {State::On, State::Keep});
-/// manager->pushContext(whileSmoothing);
+/// m_hold = manager->holdContext(whileSmoothing);
 /// @endcode
 class UI_BASE_EXPORT CommandContext {
 public:
   CommandContext();
+  /// Of several entries of one identifier the last one counts.
+  CommandContext(std::initializer_list<std::pair<QString, CommandState>> entries);
   CommandContext(const CommandContext&);
   CommandContext& operator=(const CommandContext&);
   ~CommandContext();
@@ -59,5 +64,7 @@ public:
 private:
   QMap<QString, CommandState> m_states;
 };
+
+UI_BASE_EXPORT QDebug operator<<(QDebug debug, const CommandContext& context);
 
 } // namespace Vela::UiBase

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "command_execution.h"
 
+#include "call_failure.h"
 #include "cmd_mgr.h"
 #include "upstairs.h"
 
 #include <tqm_mesh_kernel/dispatch.h>
 #include <vlk_app_service/application_service.h>
-
-#include <QCoreApplication>
-#include <QScopeGuard>
 
 namespace Vela::UiBase {
 
@@ -28,18 +26,23 @@ CommandExecution::CommandExecution(CommandBase& command, bool checked)
       m_checked(checked) {}
 
 bool CommandExecution::run() {
-  CommandBase* const command = m_command.get();
   recordWaypoint("CMD BEGIN %1(%2)");
-  command->broadcast([ref = m_command, checked = m_checked](CommandStateProtocol* observer) {
-    if (CommandBase* const began = ref.get())
-      observer->commandBeganExecuting(began, checked);
-  });
-  if (!m_command.get()) {
+  noteFailure(failureOf([this] { tellBegan(); }));
+  CommandBase* const command = m_command.get();
+  if (!command || m_failure) {
     finish();
+    reportFailure();
     return false;
   }
   const auto qos = command->executionQoS();
   return qos == MainThreadQoS ? runNow() : runLater(qos);
+}
+
+void CommandExecution::tellBegan() {
+  m_command.get()->broadcast([ref = m_command, checked = m_checked](CommandStateProtocol* observer) {
+    if (CommandBase* const began = ref.get())
+      observer->commandBeganExecuting(began, checked);
+  });
 }
 
 bool CommandExecution::runNow() {
@@ -50,38 +53,29 @@ bool CommandExecution::runNow() {
 }
 
 bool CommandExecution::runLater(Taren::Core::EQualityOfService qos) {
-  pushContext();
+  noteFailure(failureOf([this] { holdContext(); }));
   const auto self = shared_from_this();
-  if (dispatchAsync([self] { self->workOnWorker(); }, qos))
+  if (!m_failure && dispatchAsync([self] { self->workOnWorker(); }, qos))
     return true;
   close();
   return false;
 }
 
-void CommandExecution::pushContext() {
+void CommandExecution::holdContext() {
   const CommandContext context = m_command.get()->getExecutionCommandContext();
-  CmdMgr* const manager = Upstairs::managerOf(m_command.get()->getViewController());
-  if (context.isEmpty() || !manager || !manager->isShared())
-    return;
-  manager->pushContext(context);
-  m_contextHolder = manager->shared_from_this();
-}
-
-void CommandExecution::popContext() {
-  if (const auto manager = m_contextHolder.lock())
-    manager->popContext();
+  CommandBase* const command = m_command.get();
+  CmdMgr* const manager = command ? Upstairs::managerOf(command->getViewController()) : nullptr;
+  if (!context.isEmpty() && manager && manager->isShared())
+    m_context = manager->holdContext(context, ContextHolder::running(command->commandId()));
 }
 
 bool CommandExecution::work() noexcept {
-  try {
+  bool result = false;
+  noteFailure(failureOf([&] {
     CommandBase* const command = m_command.get();
-    return command && command->onExecuteAsync(m_checked);
-  } catch (const std::exception& error) {
-    m_failure = QString::fromLocal8Bit(error.what());
-  } catch (...) {
-    m_failure = QCoreApplication::translate("Vela::UiBase::CommandBase", "unknown error");
-  }
-  return false;
+    result = command && command->onExecuteAsync(m_checked);
+  }));
+  return result;
 }
 
 void CommandExecution::workOnWorker() {
@@ -100,25 +94,31 @@ void CommandExecution::switchWorkspacesOff() {
 }
 
 void CommandExecution::close() {
-  // Also when an observer throws.
-  const auto last = qScopeGuard([this] {
-    if (m_workspaceSwitch.exchange(WorkspaceSwitch::Closed) == WorkspaceSwitch::Off)
-      service().EnableWorkspaceSwitching(true);
-    reportFailure();
-  });
-  popContext();
+  m_context.release();
   finish();
+  if (m_workspaceSwitch.exchange(WorkspaceSwitch::Closed) == WorkspaceSwitch::Off)
+    service().EnableWorkspaceSwitching(true);
+  reportFailure();
 }
 
+// What an observer throws leaves no run open.
 void CommandExecution::finish() {
   recordWaypoint("CMD END   %1(%2)");
   CommandBase* const command = m_command.get();
   if (!command)
     return;
-  command->broadcast([ref = m_command, checked = m_checked](CommandStateProtocol* observer) {
-    if (CommandBase* const ended = ref.get())
-      observer->commandEndedExecuting(ended, checked);
-  });
+  noteFailure(failureOf([&] {
+    command->broadcast([ref = m_command, checked = m_checked](CommandStateProtocol* observer) {
+      if (CommandBase* const ended = ref.get())
+        observer->commandEndedExecuting(ended, checked);
+    });
+  }));
+}
+
+// The first one tells most.
+void CommandExecution::noteFailure(const std::optional<QString>& failure) {
+  if (!m_failure)
+    m_failure = failure;
 }
 
 void CommandExecution::reportFailure() {

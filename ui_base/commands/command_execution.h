@@ -2,6 +2,7 @@
 #pragma once
 
 #include "command_ref.h"
+#include "context_hold.h"
 
 #include <QString>
 
@@ -26,20 +27,21 @@ private:
 
   bool runNow();
   bool runLater(Taren::Core::EQualityOfService qos);
-  void pushContext();
-  void popContext();
+  void holdContext();
   bool work() noexcept;
   void workOnWorker();
   void switchWorkspacesOff();
   void close();
+  void tellBegan();
   void finish();
+  void noteFailure(const std::optional<QString>& failure);
   void reportFailure();
   void recordWaypoint(const char* text) const;
 
   const CommandRef m_command;
   const QString m_className;
   const bool m_checked;
-  std::weak_ptr<CmdMgr> m_contextHolder; // the manager the execution context was pushed on
+  ContextHold m_context;
   std::atomic<WorkspaceSwitch> m_workspaceSwitch{WorkspaceSwitch::Untouched};
   std::optional<QString> m_failure;
 };

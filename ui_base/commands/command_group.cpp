@@ -92,14 +92,25 @@ bool CommandGroup::hasCommand(const QString& id) const {
 }
 
 CommandBase* CommandGroup::getCommand(const QString& id) {
-  CommandGroup* const holder = getCommandGroup(id);
-  return holder ? holder->d->bag.getCommand(id) : nullptr;
+  if (CommandBase* const child = d->bag.getCommand(id))
+    return child;
+  const QList<CommandGroup*> groups = d->bag.groups();
+  for (CommandGroup* const group : groups) {
+    if (group->hasCommand(id))
+      return group->getCommand(id);
+  }
+  return nullptr;
 }
 
 CommandGroup* CommandGroup::getCommandGroup(const QString& id) {
-  if (d->bag.hasCommand(id))
+  if (id == commandId())
     return this;
-  for (CommandGroup* const group : d->bag.groups()) {
+  if (CommandBase* const child = d->bag.getCommand(id)) {
+    auto* const group = dynamic_cast<CommandGroup*>(child);
+    return group ? group : this;
+  }
+  const QList<CommandGroup*> groups = d->bag.groups();
+  for (CommandGroup* const group : groups) {
     if (CommandGroup* const holder = group->getCommandGroup(id))
       return holder;
   }
@@ -160,11 +171,12 @@ const CommandBag& CommandGroup::commandBag() const { return d->bag; }
 CommandBag& CommandGroup::commandBag() { return d->bag; }
 
 CommandBase* CommandGroup::addCommand(const std::shared_ptr<CommandBase>& command, int rank) {
-  if (!command || command.get() == this || d->bag.contains(command.get()) || holds(*command, *this))
+  if (!command || refuses(*command))
     return nullptr;
   setCommandRank(command->commandId(), rank);
   d->bag.insertCommand(positionOf(rank), command);
   attachChild(*command);
+  d->observers.tellArrived(*command);
   const CommandRef self(*this);
   if (command->isChecked())
     showChildren();
@@ -181,8 +193,15 @@ int CommandGroup::positionOf(int rank) const {
   return position;
 }
 
+// Who is refused is not taken into ownership, and so not deleted.
 CommandBase* CommandGroup::addCommand(CommandBase* command, int rank) {
+  if (!command || refuses(*command))
+    return nullptr;
   return addCommand(Taren::Objects::adoptShared(command), rank);
+}
+
+bool CommandGroup::refuses(const CommandBase& command) const {
+  return &command == this || d->bag.contains(&command) || holds(command, *this);
 }
 
 bool CommandGroup::removeCommand(const QString& id) { return removeCommand(d->bag.getCommand(id)); }

@@ -67,13 +67,14 @@ public:
   /// Adds a child at its rank. @return the child, or null when it is null, here already, the group itself, or
   /// a group that holds this one.
   virtual CommandBase* addCommand(const std::shared_ptr<CommandBase>& command, int rank);
-  /// @overload Takes the plain pointer into shared ownership.
+  /// @overload Takes the plain pointer into shared ownership, unless it is refused.
   virtual CommandBase* addCommand(CommandBase* command, int rank);
   /// Removes the first child of that identifier; the children of child groups are not looked at.
   virtual bool removeCommand(const QString& id);
   /// Removes that child, also when it is not the first of its identifier.
   bool removeCommand(const CommandBase* child);
-  /// The group, this one or one below it, that directly holds a command of that identifier; or null.
+  /// The group of that identifier, this one or one below it; or the one that directly holds the command of
+  /// that identifier; or null.
   virtual CommandGroup* getCommandGroup(const QString& id);
   /// Takes over the children of another group, with their ranks. A child whose identifier stands here already
   /// stays behind, unless both are groups: then this one's absorbs the other's. The other group keeps what
@@ -154,6 +155,7 @@ private:
   void leaveToOtherGroups(CommandBase& child) const;
   void showChildren();
   void showOnButton();
+  bool refuses(const CommandBase& command) const;
   int positionOf(int rank) const;
   std::shared_ptr<CommandBase> takeCommand(int position);
 

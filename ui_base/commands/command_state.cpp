@@ -16,4 +16,15 @@ Q_CONSTRUCTOR_FUNCTION(registerCommandState)
 
 } // namespace
 
+QDebug operator<<(QDebug debug, const State& state) {
+  const QDebugStateSaver saver(debug);
+  const char* const text = state == State::Keep ? "keep" : state ? "on" : "off";
+  return debug.nospace() << text;
+}
+
+QDebug operator<<(QDebug debug, const CommandState& state) {
+  const QDebugStateSaver saver(debug);
+  return debug.nospace() << "CommandState(" << state.enabled << ", " << state.checked << ')';
+}
+
 } // namespace Vela::UiBase

@@ -3,6 +3,7 @@
 
 #include <ui_base/ui_base_export.h>
 
+#include <QDebug>
 #include <QMetaType>
 
 #include <concepts>
@@ -103,6 +104,10 @@ struct UI_BASE_EXPORT CommandState {
     return a.enabled == b.enabled && a.checked == b.checked;
   }
 };
+
+/// "on", "off" and "keep", in this order of parts: CommandState(on, keep).
+UI_BASE_EXPORT QDebug operator<<(QDebug debug, const State& state);
+UI_BASE_EXPORT QDebug operator<<(QDebug debug, const CommandState& state);
 
 } // namespace Vela::UiBase
 

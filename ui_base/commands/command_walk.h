@@ -15,4 +15,12 @@ void visitCommands(const CommandBag& bag, const Visitor& visit) {
     visitCommands(group->commandBag(), visit);
 }
 
+/// Calls @p visit with a command and, if it is a group, with those inside it.
+template <class Visitor>
+void visitWithin(CommandBase& command, const Visitor& visit) {
+  visit(command);
+  if (const auto* const group = dynamic_cast<CommandGroup*>(&command))
+    visitCommands(group->commandBag(), visit);
+}
+
 } // namespace Vela::UiBase

@@ -11,6 +11,7 @@ namespace Vela::UiBase {
 class CycleCheckableCommandPrivate {
 public:
   QPointer<CommandGroup> group;
+  QString id;
 };
 
 namespace {
@@ -37,12 +38,24 @@ int firstEnabledFrom(const CommandBag& children, int candidate) {
 
 CycleCheckableCommand::CycleCheckableCommand(CmdsViewController* controller, const QKeySequence& shortcut,
                                              CommandGroup* group)
+    : CycleCheckableCommand(controller, shortcut, group, className()) {}
+
+CycleCheckableCommand::CycleCheckableCommand(CmdsViewController* controller, const QKeySequence& shortcut,
+                                             CommandGroup* group, const QString& id)
     : CommandBase(controller), d(std::make_unique<CycleCheckableCommandPrivate>()) {
   d->group = group;
+  d->id = id.isEmpty() ? className() : id;
   setShortcut(shortcut);
 }
 
 CycleCheckableCommand::~CycleCheckableCommand() { beginDestruction(); }
+
+QString CycleCheckableCommand::className() {
+  static const QString name = QString::fromLatin1(staticMetaObject.className());
+  return name;
+}
+
+QString CycleCheckableCommand::commandId() const { return d->id; }
 
 bool CycleCheckableCommand::onExecuteAsync(bool) {
   if (!d->group || !d->group->isEnabled())

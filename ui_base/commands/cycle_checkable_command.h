@@ -27,11 +27,16 @@ class CycleCheckableCommandPrivate;
 /// @endcode
 class UI_BASE_EXPORT CycleCheckableCommand : public CommandBase {
   Q_OBJECT
-  COMMAND_ID(CycleCheckableCommand)
 
 public:
   CycleCheckableCommand(CmdsViewController* controller, const QKeySequence& shortcut, CommandGroup* group);
+  /// With an identifier of its own, so that several can stand in one manager; empty is className().
+  CycleCheckableCommand(CmdsViewController* controller, const QKeySequence& shortcut, CommandGroup* group,
+                        const QString& id);
   ~CycleCheckableCommand() override;
+
+  static QString className();
+  QString commandId() const override;
 
   /// @return false when there is no group or no child, or when the group is disabled.
   bool onExecuteAsync(bool checked) override;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "flyout_command.h"
 
+#include "call_failure.h"
 #include "cmd_mgr.h"
 #include "command_ref.h"
 #include "upstairs.h"
@@ -10,6 +11,7 @@
 #include <vlk_common_res/strings.h>
 #include <vlk_license/license_service.h>
 
+#include <QApplication>
 #include <QEvent>
 
 #include <utility>
@@ -47,8 +49,11 @@ class FlyoutCommandPrivate {
 public:
   QPointer<QWidget> panel;
   bool active = false;
-  bool begun = false;
-  std::weak_ptr<CmdMgr> pushedOn; // the manager that has the context of the beginning
+  std::shared_ptr<ContextHold> session; // from begin to end, with the context of the beginning
+  struct {
+    QPointer<QWidget> before; // when the panel was disabled, in it
+    QPointer<QWidget> since;
+  } focus;
   std::shared_ptr<BusyFlyout> busyFlyout;
 };
 
@@ -63,11 +68,7 @@ FlyoutCommand::FlyoutCommand(QWidget* panel, CmdsViewController* viewController)
     connectFlyout(*flyoutPanel);
 }
 
-FlyoutCommand::~FlyoutCommand() {
-  beginDestruction();
-  if (const auto manager = d->pushedOn.lock())
-    manager->popContext();
-}
+FlyoutCommand::~FlyoutCommand() { beginDestruction(); }
 
 // By signature: what a flyout offers is known by the names of its signals alone.
 void FlyoutCommand::connectFlyout(const FlyoutBase& panel) {
@@ -97,11 +98,30 @@ void FlyoutCommand::setIsActive(bool active) { d->active = active; }
 QStringList FlyoutCommand::commandTags() { return {Resource::String::TAG_FLYOUT()}; }
 
 bool FlyoutCommand::event(QEvent* event) {
-  if (event->type() == QEvent::ActionChanged) {
-    if (FlyoutBase* const panel = flyout())
-      panel->setEnabled(isEnabled());
-  }
+  if (event->type() == QEvent::ActionChanged)
+    showEnabled();
   return CommandBase::event(event);
+}
+
+// A panel that is disabled for a while, by its own run for instance, has the focus again afterwards, unless
+// the user has put it elsewhere.
+void FlyoutCommand::showEnabled() {
+  FlyoutBase* const panel = flyout();
+  if (!panel)
+    return;
+  const CommandRef self(*this);
+  const QPointer<QWidget> focus = QApplication::focusWidget();
+  const bool takesFocus = !isEnabled() && focus && (focus == panel || panel->isAncestorOf(focus));
+  panel->setEnabled(isEnabled());
+  if (!self.get())
+    return;
+  if (takesFocus) {
+    d->focus = {focus, QApplication::focusWidget()};
+  } else if (isEnabled()) {
+    const auto [before, since] = std::exchange(d->focus, {});
+    if (before && before->isVisible() && QApplication::focusWidget() == since)
+      before->setFocus();
+  }
 }
 
 void FlyoutCommand::onTriggered(bool checked) {
@@ -133,14 +153,53 @@ void FlyoutCommand::onToggled(bool checked) {
 bool FlyoutCommand::onExecute(bool checked) { return onBeforeExecute() && CommandBase::onExecute(checked); }
 
 void FlyoutCommand::onBegin() {
-  if (std::exchange(d->begun, true))
+  if (d->session)
     return;
   const CommandRef self(*this);
+  const auto session = std::make_shared<ContextHold>();
+  d->session = session;
   setIsActive(true);
-  pushBeginContext();
-  broadcast([this, ref = sharedOrEmpty()](CommandStateProtocol* observer) { observer->commandBegan(this); });
-  if (!self.get() || !d->begun)
+  const auto contextFailure = failureOf([&] { holdBeginContext(*session); });
+  if (self.get() && d->session == session && contextFailure) {
+    onFinalize();
+    if (self.get())
+      onExecutionFailed(*contextFailure);
     return;
+  }
+  if (self.get() && d->session == session)
+    tell(&CommandStateProtocol::commandBegan);
+  if (self.get() && d->session == session)
+    open();
+}
+
+void FlyoutCommand::holdBeginContext(ContextHold& hold) {
+  if (isSimpleFlyout() || !getViewController())
+    return;
+  const CommandRef self(*this);
+  const auto session = d->session;
+  CommandContext context = getBeginCommandContext();
+  if (!self.get() || d->session != session)
+    return;
+  const QString id = commandId();
+  if (context.contains(id)) // or its own panel could not be used
+    context.overwrite(id, {State::Keep, State::Keep});
+  if (CmdMgr* const manager = Upstairs::managerOf(getViewController()); manager && manager->isShared())
+    hold = manager->holdContext(context, ContextHolder::open(id));
+}
+
+void FlyoutCommand::tell(void (CommandStateProtocol::*what)(CommandBase*)) {
+  const CommandRef self(*this);
+  const auto failure = failureOf([&] {
+    broadcast([ref = self, what](CommandStateProtocol* observer) {
+      if (CommandBase* const command = ref.get())
+        (observer->*what)(command);
+    });
+  });
+  if (self.get() && failure)
+    onExecutionFailed(*failure);
+}
+
+void FlyoutCommand::open() {
   if (FlyoutHost* const host = hostOf(flyout())) {
     if (!host->ClickedHandlerRequested())
       host->RequestClick();
@@ -149,33 +208,22 @@ void FlyoutCommand::onBegin() {
   }
 }
 
-void FlyoutCommand::pushBeginContext() {
-  CmdMgr* const manager = Upstairs::managerOf(getViewController());
-  if (!manager || isSimpleFlyout())
-    return;
-  manager->pushContext(getBeginCommandContext());
-  d->pushedOn = manager->shared_from_this();
-  if (!isCheckable() || manager->contextStack().isEmpty())
-    return;
-  // What was saved has the command checked already; bringing that back would begin it again.
-  CommandState before = manager->contextStack().constLast()[commandId()];
-  before.checked.overwrite(State::Off);
-  manager->updateContextInStack(commandId(), before);
-}
-
 void FlyoutCommand::onFinalize() {
-  if (!std::exchange(d->begun, false))
+  if (!d->session)
     return;
   const CommandRef self(*this);
+  const auto ended = std::exchange(d->session, nullptr);
   setIsActive(false);
-  if (const auto manager = std::exchange(d->pushedOn, {}).lock())
-    manager->popContext();
-  broadcast([this, ref = sharedOrEmpty()](CommandStateProtocol* observer) { observer->commandEnded(this); });
-  if (!self.get() || d->begun)
-    return;
-  if (isCheckable() && isChecked())
+  ended->release();
+  tell(&CommandStateProtocol::commandEnded);
+  if (self.get() && !d->session && isCheckable() && isChecked())
     setChecked(false); // it was closed from the panel
-  if (!self.get() || d->begun || !d->panel || hostOf(flyout()))
+  if (self.get() && !d->session)
+    close();
+}
+
+void FlyoutCommand::close() {
+  if (!d->panel || hostOf(flyout()))
     return;
   const QPointer<QWidget> panel(d->panel);
   if (FlyoutBase* const flyoutPanel = flyout())

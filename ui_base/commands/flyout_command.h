@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ui_base/commands/command_base.h>
+#include <ui_base/commands/context_hold.h>
 
 class QWidget;
 
@@ -19,7 +20,8 @@ class FlyoutCommandPrivate;
 /// being checked and ends on being unchecked.
 ///
 /// The work runs on a worker thread (quality of service 2); the flyout is busy meanwhile. Begin and end are
-/// balanced: while the command has begun it does not begin again, and it ends once.
+/// balanced: while the command has begun it does not begin again, and it ends once. Removing the command from
+/// its manager ends it.
 ///
 /// @code
 /// class SmoothCommand : public FlyoutCommand {
@@ -68,7 +70,8 @@ protected:
   /// @param panel what the command is worked with; may be null.
   FlyoutCommand(QWidget* panel, CmdsViewController* viewController);
 
-  /// How the commands stand while this one is open; empty, which changes nothing, by default.
+  /// How the commands stand while this one is open; empty, which changes nothing, by default. What it says of
+  /// the command itself is left out: its panel shall be used, and closed.
   virtual CommandContext getBeginCommandContext();
   /// Whether an execution that was asked for may run; true by default.
   virtual bool onBeforeExecute();
@@ -80,7 +83,11 @@ protected Q_SLOTS:
 
 private:
   void connectFlyout(const FlyoutBase& panel);
-  void pushBeginContext();
+  void showEnabled();
+  void holdBeginContext(ContextHold& hold);
+  void tell(void (CommandStateProtocol::*what)(CommandBase*));
+  void open();
+  void close();
 
   const std::unique_ptr<FlyoutCommandPrivate> d;
 };

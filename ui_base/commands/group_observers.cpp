@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "group_observers.h"
 
+#include "cmd_mgr.h"
 #include "command_base.h"
 
 namespace Vela::UiBase {
@@ -56,6 +57,13 @@ void GroupObservers::stopObserving(CommandBase& child) const {
   for (const Guarded& entry : m_guarded) {
     if (entry.object && entry.object->parent())
       child.removeObserver(entry.observer);
+  }
+}
+
+void GroupObservers::tellArrived(CommandBase& child) const {
+  for (const Weak& entry : m_weak) {
+    if (const auto manager = std::dynamic_pointer_cast<CmdMgr>(entry.observer.lock()))
+      manager->childArrived(child);
   }
 }
 

@@ -25,6 +25,8 @@ public:
 
   void observe(CommandBase& child) const;
   void stopObserving(CommandBase& child) const;
+  /// Tells the managers among them of a child that was added.
+  void tellArrived(CommandBase& child) const;
 
 private:
   struct Weak {

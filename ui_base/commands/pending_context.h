@@ -44,8 +44,4 @@ private:
   std::vector<std::pair<std::weak_ptr<CommandBase>, CommandState>> m_kept;
 };
 
-/// Changes the states of a context to what they will be when @p state has been applied to a command: its
-/// rivals in an exclusive group go off, the groups that hold it show whether one of their children is on.
-void foresee(CommandContext& states, const CommandBase& command, const CommandState& state);
-
 } // namespace Vela::UiBase

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QCoreApplication>
+#include <QString>
+
+#include <exception>
+#include <optional>
+
+namespace Vela::UiBase {
+
+/// Calls what may throw. @return what it threw, in words for the user; nothing when it did not.
+template <class Call>
+std::optional<QString> failureOf(const Call& call) noexcept {
+  try {
+    call();
+    return {};
+  } catch (const std::exception& error) {
+    return QString::fromLocal8Bit(error.what());
+  } catch (...) {
+    return QCoreApplication::translate("Vela::UiBase::CommandBase", "unknown error");
+  }
+}
+
+} // namespace Vela::UiBase

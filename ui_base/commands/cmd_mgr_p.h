@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "cmd_mgr.h"
+#include "command_index.h"
+#include "context_layers.h"
+#include "pending_context.h"
+
+#include <QHash>
+
+#include <vector>
+
+namespace Vela::UiBase {
+
+class CmdMgrPrivate {
+public:
+  CommandBag bag;
+  CommandIndex index;
+  std::weak_ptr<CommandBase> running;
+
+  ContextLayers layers;
+  QHash<QString, QString> groundReasons;
+  std::vector<std::weak_ptr<CommandBase>> arrived; // since the layers were looked at last
+  QList<std::shared_ptr<PendingContext>> pending;  // oldest first
+  bool applying = false;
+};
+
+} // namespace Vela::UiBase

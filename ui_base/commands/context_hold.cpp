@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "context_hold.h"
+
+#include "cmd_mgr.h"
+
+#include <utility>
+
+namespace Vela::UiBase {
+
+ContextHold::ContextHold() noexcept = default;
+
+ContextHold::ContextHold(const std::weak_ptr<CmdMgr>& manager, quint64 layer, const ContextHolder& holder)
+    : m_manager(manager), m_layer(layer), m_holder(holder) {}
+
+ContextHold::ContextHold(ContextHold&& other) noexcept
+    : m_manager(std::move(other.m_manager)),
+      m_layer(std::exchange(other.m_layer, 0)),
+      m_holder(std::move(other.m_holder)) {}
+
+ContextHold& ContextHold::operator=(ContextHold&& other) {
+  if (this == &other)
+    return *this;
+  ContextHold before(std::move(*this));
+  m_manager = std::move(other.m_manager);
+  m_layer = std::exchange(other.m_layer, 0);
+  m_holder = std::move(other.m_holder);
+  return *this;
+}
+
+ContextHold::~ContextHold() { release(); }
+
+void ContextHold::release() {
+  const quint64 layer = std::exchange(m_layer, 0);
+  if (const auto manager = std::exchange(m_manager, {}).lock(); manager && layer)
+    manager->releaseLayer(layer);
+}
+
+bool ContextHold::isHolding() const {
+  const auto manager = m_manager.lock();
+  return manager && manager->hasLayer(m_layer);
+}
+
+} // namespace Vela::UiBase
