@@ -1,0 +1,353 @@
+// SPDX-License-Identifier: MIT
+#include "context_model.h"
+#include "execution_fixture.h"
+#include "manager_fixture.h"
+
+#include <support/test_case.h>
+#include <ui_base/commands/flyout_command.h>
+#include <ui_base/popups/flyout_base.h>
+
+#include <QActionGroup>
+
+#include <random>
+
+using namespace Vela::UiBase;
+
+namespace {
+
+CommandContext toContext(const ContextModel::States& states) {
+  CommandContext context;
+  for (auto entry = states.cbegin(); entry != states.cend(); ++entry)
+    context.overwrite(entry.key(), {entry->first, entry->second});
+  return context;
+}
+
+class PanelCommand : public FlyoutCommand {
+  Q_OBJECT
+
+public:
+  PanelCommand(QString commandIdentifier, QWidget* panel, CmdsViewController* controller)
+      : FlyoutCommand(panel, controller), id(std::move(commandIdentifier)) {}
+  QString commandId() const override { return id; }
+  bool onExecuteAsync(bool) override { return true; }
+
+  QString id;
+  CommandContext beginContext;
+  CommandContext executionContext;
+
+protected:
+  CommandContext getBeginCommandContext() override { return beginContext; }
+  CommandContext getExecutionCommandContext() override { return executionContext; }
+};
+
+/// The commands of a view beside the model of their contexts. Tasks are stepped by hand.
+class Duel {
+public:
+  explicit Duel(unsigned seed) : m_random(seed) {
+    m_model.childrenOf = {{groupId("E"), {"e", "f"}}, {groupId("N"), {"g", "h"}}};
+    m_model.exclusive = {{"e", {"f"}}, {"f", {"e"}}};
+    m_model.groupOf = {{"e", groupId("E")}, {"f", groupId("E")}, {"g", groupId("N")}, {"h", groupId("N")}};
+    m_model.checkable = {"a", "b", "e", "f", "g", "h", "y", groupId("E"), groupId("N")};
+    m_controller->addCommand(groupOf("E", {checkableCommand("e"), checkableCommand("f")}));
+    auto* const several = groupOf("N", {checkableCommand("g"), checkableCommand("h")});
+    several->groupActionGroup()->setExclusive(false);
+    m_controller->addCommand(several);
+    for (const char* const id : {"a", "b", "c"})
+      m_controller->addCommand(m_model.checkable.contains(id) ? checkableCommand(id) : new TestCommand(id));
+    for (const char* const id : {"r", "s"}) {
+      auto* const command = new TestCommand(id, m_controller);
+      command->setExecutionQoS(Taren::Core::NormalQoS);
+      m_controller->addCommand(command);
+    }
+    for (const char* const id : {"x", "y"}) {
+      auto* const flyout = new FlyoutBase("Panel", new QWidget, nullptr, true, true, true, true, &m_window);
+      flyout->hide();
+      auto* const command = new PanelCommand(id, flyout, m_controller);
+      command->setCheckable(command->id == "y");
+      m_controller->addCommand(command);
+    }
+    m_dispatcher.runAll();
+    const CommandContext present = m_controller->currentContext();
+    for (auto entry = present.get().cbegin(); entry != present.get().cend(); ++entry)
+      m_model.present[entry.key()] = {valueOf(entry->enabled), valueOf(entry->checked)};
+  }
+  Q_DISABLE_COPY_MOVE(Duel)
+
+  /// @return what is different; empty when nothing is.
+  QString difference() {
+    QStringList expected;
+    for (const ContextModel::Layer& layer : std::as_const(m_model.layers)) {
+      ContextModel::States saved;
+      for (auto entry = layer.saved.cbegin(); entry != layer.saved.cend(); ++entry) {
+        const auto& [id, part] = entry.key();
+        if (!layer.late.contains(id))
+          (part == ContextModel::Enabled ? saved[id].first : saved[id].second) = entry.value();
+      }
+      expected += textOf(toContext(saved));
+    }
+    QStringList stack;
+    for (const CommandContext& saved : m_controller->contextStack())
+      stack += textOf(saved);
+    if (stack != expected)
+      return "saved " + stack.join("\n      ") + "\nmodel " + expected.join("\n      ");
+    drain();
+    const QString states = textOf(m_controller->currentContext());
+    const QString model = textOf(toContext(m_model.present));
+    return states == model ? QString() : "states " + states + "\nmodel  " + model;
+  }
+
+  void step() {
+    switch (below(16)) {
+    case 0:
+      return set();
+    case 1:
+      return push();
+    case 2:
+    case 3:
+      return hold();
+    case 4:
+    case 5:
+      return release();
+    case 6:
+      return pop();
+    case 7:
+      return enable();
+    case 8:
+      return check();
+    case 9:
+      return addOrRemove();
+    case 10:
+      return run();
+    case 11:
+      return finish();
+    case 12:
+    case 13:
+      return beginOrEnd();
+    case 14:
+      return setGround();
+    default:
+      if (below(40) == 0)
+        reset();
+      m_dispatcher.step(Taren::Core::MainThreadQoS);
+    }
+  }
+
+private:
+  struct Hold {
+    ContextHold hold;
+    int layer;
+  };
+
+  int below(qsizetype limit) { return static_cast<int>(m_random() % unsigned(limit)); }
+  void drain() {
+    while (m_dispatcher.step(Taren::Core::MainThreadQoS)) {
+    }
+  }
+
+  ContextModel::States someStates() {
+    ContextModel::States states;
+    for (const QString& id :
+         QStringList{"a", "b", "c", "e", "f", "g", "h", "r", "x", "y", "z", groupId("E")}) {
+      if (below(3) == 0)
+        states[id] = {below(3), id == "y" ? 2 : below(3)};
+    }
+    return states;
+  }
+  QString oneOf(const QStringList& ids) { return ids.at(below(ids.size())); }
+  PanelCommand* panel(const QString& id) {
+    return dynamic_cast<PanelCommand*>(m_controller->findCommand(id));
+  }
+
+  void set() {
+    const auto states = someStates();
+    m_controller->setContext(toContext(states));
+    m_model.set(states);
+  }
+  void push() {
+    const auto states = someStates();
+    m_controller->pushContext(toContext(states));
+    m_model.push(states, {}, false);
+  }
+  void hold() {
+    const auto states = someStates();
+    const QString id = oneOf({"a", "e", "g", "x", QString()});
+    const auto holder = id.isEmpty() ? ContextHolder::because("busy") : ContextHolder::running(id);
+    m_holds.push_back({m_controller->holdContext(toContext(states), holder), 0});
+    m_holds.back().layer = m_model.push(states, id, true);
+  }
+  void release() {
+    if (m_holds.empty())
+      return;
+    const auto at = m_holds.begin() + below(qsizetype(m_holds.size()));
+    m_model.release(at->layer);
+    m_holds.erase(at);
+  }
+  void pop() {
+    if (!m_model.hasFree() && !m_model.layers.isEmpty())
+      return;
+    m_controller->popContext();
+    m_model.pop();
+  }
+  void enable() {
+    drain();
+    const QString id = oneOf({"a", "b", "e", "g", "r", "y", groupId("N")});
+    if (CommandBase* const command = m_controller->findCommand(id))
+      command->setCommandState({m_model.present[id].first = below(2), State::Keep});
+  }
+  void check() {
+    drain();
+    const QString id = oneOf({"a", "b", "e", "f", "g", "h"});
+    const int on = below(2);
+    if (CommandBase* const command = m_controller->findCommand(id))
+      command->setChecked(on);
+    m_model.check(m_model.present, id, on);
+  }
+  void addOrRemove() {
+    drain();
+    const QString id = oneOf({"a", "b", "c", "z"});
+    if (m_model.present.remove(id)) {
+      m_controller->removeCommand(id);
+      return;
+    }
+    const bool checkable = m_model.checkable.contains(id);
+    const int on = checkable && below(2);
+    CommandBase* const command = checkable ? checkableCommand(id, on) : new TestCommand(id);
+    m_controller->addCommand(command);
+    const int enabled = below(2);
+    command->setEnabled(enabled); // who adds it may give it its state right after
+    m_model.add(id, enabled, on);
+  }
+  void run() {
+    const QString id = oneOf({"r", "s", "x"});
+    const auto states = below(4) ? someStates() : ContextModel::States();
+    if (auto* const command = dynamic_cast<TestCommand*>(m_controller->findCommand(id)))
+      command->executionContext = toContext(states);
+    else
+      panel(id)->executionContext = toContext(states);
+    m_controller->findCommand(id)->onExecute();
+    m_runs.append(states.isEmpty() ? 0 : m_model.push(states, id, true));
+  }
+  void finish() {
+    drain();
+    if (!m_dispatcher.step(Taren::Core::NormalQoS))
+      return;
+    drain();
+    m_model.release(m_runs.takeFirst());
+  }
+  void beginOrEnd() {
+    drain();
+    const QString id = oneOf({"x", "y"});
+    PanelCommand* const command = panel(id);
+    if (m_sessions.contains(id)) {
+      command->onFinalize();
+      m_model.present[id].second = 0;
+      m_model.release(m_sessions.take(id));
+      return;
+    }
+    auto states = someStates();
+    command->beginContext = toContext(states);
+    if (states.contains(id))
+      states[id] = {2, 2};
+    command->isCheckable() ? command->setChecked(true) : command->onBegin();
+    m_model.check(m_model.present, id, 1);
+    m_sessions[id] = m_model.push(states, id, true);
+  }
+  void setGround() {
+    if (m_model.layers.isEmpty())
+      return;
+    const QString id = oneOf({"c", "e", "f", "g", "r", "s"});
+    const int enabled = below(3);
+    const int checked = below(3);
+    m_controller->setGroundState(id, {enabled, checked});
+    m_model.setGround(id, enabled, checked);
+  }
+  void reset() {
+    drain();
+    m_controller->resetContext();
+    drain();
+    m_model.layers.clear();
+    m_sessions.remove("y"); // unchecked, it ends
+    ContextModel::States all = m_model.present;
+    for (auto& state : all)
+      state = {1, 0};
+    m_model.set(all);
+  }
+
+  Taren::Core::SteppedDispatcher m_dispatcher;
+  Taren::Core::ScopedDispatcher m_installed{m_dispatcher};
+  QWidget m_window;
+  BaseView m_view;
+  CmdsViewController* m_controller = new CmdsViewController(&m_view);
+  ContextModel m_model;
+  std::mt19937 m_random;
+  std::vector<Hold> m_holds;
+  QList<int> m_runs;
+  QMap<QString, int> m_sessions;
+};
+
+} // namespace
+
+/// Layers of contexts, which end in any order.
+class ContextLayersTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  // VELA_MODEL_STEPS and VELA_MODEL_SEED make it longer or another one.
+  void layersFollowTheModel() {
+    const int steps = qEnvironmentVariableIsSet("VELA_MODEL_STEPS")
+                          ? qEnvironmentVariableIntValue("VELA_MODEL_STEPS")
+                          : 3000;
+    const unsigned seed = qEnvironmentVariableIsSet("VELA_MODEL_SEED")
+                              ? unsigned(qEnvironmentVariableIntValue("VELA_MODEL_SEED"))
+                              : std::random_device()();
+    qInfo("seed %u", seed);
+    for (int round = 0; round < steps / 200; ++round) {
+      Duel duel(seed + unsigned(round));
+      for (int step = 0; step < 200; ++step) {
+        duel.step();
+        if (const QString difference = step % 3 ? QString() : duel.difference(); !difference.isEmpty())
+          QFAIL(qPrintable(
+              QStringLiteral("seed %1, step %2\n%3").arg(seed + unsigned(round)).arg(step).arg(difference)));
+      }
+    }
+  }
+
+  void popTakesWhatNobodyHolds() {
+    ManagerFixture f;
+    auto* const command = f.add(Ids::a);
+    auto hold = f.manager->holdContext(f.manager->disabledContext());
+    auto moved = std::move(hold);
+    f.manager->pushContext({});
+    auto upper = f.manager->holdContext({}, ContextHolder::because("busy"));
+    f.manager->popContext(); // the one below the top
+    QVERIFY(moved.isHolding() && upper.isHolding() && !hold.isHolding());
+    f.manager->popContext(); // all are held
+    QVERIFY(moved.isHolding() && !upper.isHolding());
+    f.apply();
+    QVERIFY(!command->isEnabled());
+    std::thread([&] { moved.release(); }).join();
+    f.manager.reset();
+    f.apply();
+    upper.release();
+  }
+
+  void holdersSayWhoDisables() {
+    ManagerFixture f;
+    auto* const command = f.add(Ids::a);
+    f.manager->setGroundState("a", {State::Off, State::Keep}, "no mesh");
+    f.apply();
+    const auto running = f.manager->holdContext(f.manager->disabledContext(), ContextHolder::running("b"));
+    const auto open = f.manager->holdContext(f.manager->disabledContext(), ContextHolder::open("c"));
+    QCOMPARE(f.manager->holdersDisabling("a"),
+             (QList{ContextHolder::open("c"), ContextHolder::running("b")}));
+    QCOMPARE(f.manager->groundReason("a"), "no mesh");
+    f.manager->setGroundState("a", {State::On, State::Keep});
+    QVERIFY(f.manager->groundReason("a").isEmpty() && f.manager->groundState("a").enabled);
+    const auto enabling = f.manager->holdContext({{"a", {State::On, State::Keep}}});
+    f.apply();
+    QVERIFY(command->isEnabled() && f.manager->holdersDisabling("a").isEmpty());
+  }
+};
+
+VELA_TEST_MAIN(ContextLayersTest)
+#include "context_layers_test.moc"
