@@ -215,9 +215,6 @@ void MeshViewController::commandBeganExecuting(CommandBase* command, bool checke
 void MeshViewController::commandEndedExecuting(CommandBase* command, bool checked) {
   m_executing.erase(command);
   CmdsViewController::commandEndedExecuting(command, checked);
-  // What is chosen while another command executes stays when the states from before come back.
-  if (command && command->isCheckable())
-    updateContextInStack(command->commandId(), command->commandState());
   OpenMeshCommand* const open = openCommand();
   if (open && open == command)
     tellFailures(*open);

@@ -53,6 +53,7 @@ CommandBase* firstOf(const CommandBag& bag, const QString& id) {
 class FarGroup : public CommandGroup {
 public:
   FarGroup() : CommandGroup(QString(), QString(), QStringLiteral("Far")) {}
+  bool hasCommand(const QString& id) const override { return id == far.id || CommandGroup::hasCommand(id); }
   CommandBase* getCommand(const QString& id) override {
     return id == far.id ? &far : CommandGroup::getCommand(id);
   }
@@ -109,6 +110,10 @@ private Q_SLOTS:
     for (ToolButton* const button : {bound, &own}) {
       group->setToolButton(button);
       QVERIFY(button->isChecked());
+      f.manager->findCommand(a)->setEnabled(false); // nothing in it is enabled
+      QVERIFY(!button->isEnabled() && group->isEnabled());
+      f.manager->findCommand(a)->setEnabled(true);
+      QVERIFY(button->isEnabled());
       group->setEnabled(false);
       QVERIFY(!button->isEnabled());
       static_cast<QAction*>(group)->setEnabled(true);
@@ -182,7 +187,10 @@ private Q_SLOTS:
     one->removeCommand(a);
     QVERIFY(!child->commandGroup());
     QCOMPARE(f.heardBy(*child), 0);
-    QVERIFY(!one->addCommand(groupOf(QStringLiteral("Outer"), {one}), 0)); // would hold itself
+    const std::unique_ptr<CommandGroup> outer(groupOf(QStringLiteral("Outer"), {one}));
+    QVERIFY(!one->addCommand(outer.get(), 0)); // would hold itself; it is still ours
+    QCOMPARE(outer->getCommandGroup(one->commandId()), one);
+    QCOMPARE(outer->getCommandGroup(outer->commandId()), outer.get());
   }
 
   void childOfTwoGroupsFallsBackToTheOther() {
@@ -262,7 +270,9 @@ private Q_SLOTS:
     for (CommandGroup* const group : {groups.at(0), groups.at(2)})
       f.add(group);
     groups.at(0)->addCommand(groups.at(1), 0);
-    f.add(new FarGroup);
+    auto* const far = new FarGroup;
+    f.add(far);
+    f.add(groupOf(QStringLiteral("Last"), {new TestCommand(far->far.id)})); // asked after the one before it
     for (int step = 0; step < 3000; ++step) {
       const QString id = QString::number(below(40));
       CommandGroup* const group = groups.at(below(groups.size()));
@@ -283,8 +293,16 @@ private Q_SLOTS:
         QCOMPARE(f.manager->findCommand(id), firstOf(f.bag(), id));
       }
     }
-    QCOMPARE(f.manager->findCommand(QStringLiteral("far"))->commandId(), QStringLiteral("far"));
+    QCOMPARE(f.manager->findCommand(far->far.id), &far->far);
     QVERIFY(!f.manager->findCommand(d));
+    f.manager->removeCommand(groupId(QStringLiteral("Last"))); // then no bag holds it, but it is saved too
+    far->far.setEnabled(false);
+    f.manager->pushContext({{far->far.id, {State::On, State::Keep}}});
+    f.apply();
+    QVERIFY(far->far.isEnabled());
+    f.manager->popContext();
+    f.apply();
+    QVERIFY(!far->far.isEnabled());
   }
 };
 

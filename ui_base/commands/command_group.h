@@ -118,8 +118,9 @@ public:
   void setToolbar(ToolBar* toolbar);
   /// The button that shows the group; null when there is none or it has died.
   ToolButton* toolButton() const;
-  /// Not owned. The button shows from now on whether the group is enabled and, if the button is checkable,
-  /// checked, also when it is not bound to the group. The button before is left as it is.
+  /// Not owned. The button shows from now on whether the group, and one of its children, is enabled and, if
+  /// the button is checkable, checked, also when it is not bound to the group. The button before stays as it
+  /// is.
   void setToolButton(ToolButton* button);
   /// The action group of the checkable children; exclusive unless set otherwise.
   QActionGroup* groupActionGroup() const;
@@ -141,7 +142,7 @@ public Q_SLOTS:
   virtual void onChildTriggered(bool checked);
   /// A child is about to run, on being triggered or toggled: announces childToBeTriggered().
   virtual void onChildToBeTriggered(bool checked);
-  /// A child looks different. The group has nothing of its own to bring up to date; subclasses may.
+  /// A child looks different: brings the button up to date, which is disabled while no child is enabled.
   virtual void onChildChanged();
 
 Q_SIGNALS:

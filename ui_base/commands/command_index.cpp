@@ -3,6 +3,7 @@
 
 #include "command_group.h"
 
+#include <algorithm>
 #include <typeinfo>
 
 namespace Vela::UiBase {
@@ -11,6 +12,15 @@ namespace {
 
 // Entering a command costs about as much as asking four groups.
 constexpr qsizetype groupsAskedPerCommand = 4;
+
+// Only a group of the library itself is known to look into its bag and no farther.
+bool looksElsewhere(const CommandGroup& group) {
+  if (typeid(group) != typeid(CommandGroup))
+    return true;
+  const QList<CommandGroup*>& groups = group.commandBag().groups();
+  return std::any_of(groups.cbegin(), groups.cend(),
+                     [](const CommandGroup* below) { return looksElsewhere(*below); });
+}
 
 } // namespace
 
@@ -23,20 +33,34 @@ std::shared_ptr<CommandBase> CommandIndex::Found::lock() const {
 CommandIndex::Found CommandIndex::find(const CommandBag& root, const QString& id) {
   const bool hasGroups = !root.groups().isEmpty();
   if (m_revision == revision() || (hasGroups && makeAnew(root))) {
-    if (const auto found = m_first.constFind(id); found != m_first.cend())
-      return *found;
-    if (m_complete)
-      return {};
-  } else if (const Found found = findDirectly(root, id); found.command || !hasGroups) {
-    return found;
+    const auto first = m_first.constFind(id);
+    const bool stands = first != m_first.cend();
+    if (m_asked.isEmpty() || (stands && first->turn < 0))
+      return stands ? first->found : Found();
+    const Found inBag = stands ? first->found : Found();
+    const qsizetype turn = stands ? first->turn : root.groups().size();
+    const QList<Asked> asked = m_asked; // a group may change the bags
+    for (const Asked& entry : asked) {
+      if (entry.turn > turn)
+        break;
+      if (const Found found = ask(*entry.group, id); found.command)
+        return found;
+    }
+    return m_revision == revision() ? inBag : findDirectly(root, id);
   }
+  if (const Found found = findDirectly(root, id); found.command || !hasGroups)
+    return found;
   const QList<CommandGroup*> groups = root.groups();
   for (CommandGroup* const group : groups) {
-    ++m_asked;
-    if (CommandBase* const command = group->getCommand(id))
-      return {command, nullptr};
+    ++m_askedSince;
+    if (const Found found = ask(*group, id); found.command)
+      return found;
   }
   return {};
+}
+
+CommandIndex::Found CommandIndex::ask(CommandGroup& group, const QString& id) {
+  return {group.hasCommand(id) ? group.getCommand(id) : nullptr, nullptr};
 }
 
 CommandIndex::Found CommandIndex::findDirectly(const CommandBag& bag, const QString& id) {
@@ -45,30 +69,35 @@ CommandIndex::Found CommandIndex::findDirectly(const CommandBag& bag, const QStr
 }
 
 bool CommandIndex::makeAnew(const CommandBag& root) {
-  if (m_asked < m_first.size() * groupsAskedPerCommand)
+  if (m_askedSince < m_first.size() * groupsAskedPerCommand)
     return false;
   m_revision = revision();
-  m_asked = 0;
-  m_complete = true;
+  m_askedSince = 0;
+  m_asked.clear();
   m_first.clear();
-  add(root);
+  add(root, -1);
+  const QList<CommandGroup*>& groups = root.groups();
+  for (qsizetype turn = 0; turn < groups.size(); ++turn) {
+    if (looksElsewhere(*groups.at(turn)))
+      m_asked.append({groups.at(turn), turn});
+    else
+      add(groups.at(turn)->commandBag(), turn);
+  }
   return true;
 }
 
 // In the order of look-ups: a bag before the groups in it, of several commands under one identifier the
 // first.
-void CommandIndex::add(const CommandBag& bag) {
+void CommandIndex::add(const CommandBag& bag, qsizetype turn) {
   m_first.reserve(m_first.size() + bag.count());
   for (const auto& [id, command] : bag.m_entries) {
-    Found& first = m_first[id];
-    if (!first.command)
-      first = {command.get(), &command};
+    if (!m_first.contains(id))
+      m_first.insert(id, {{command.get(), &command}, turn});
   }
-  for (const CommandGroup* const group : bag.groups()) {
-    const CommandGroup& asked = *group;
-    m_complete = m_complete && typeid(asked) == typeid(CommandGroup);
-    add(group->commandBag());
-  }
+  if (turn < 0)
+    return;
+  for (const CommandGroup* const group : bag.groups())
+    add(group->commandBag(), turn);
 }
 
 } // namespace Vela::UiBase

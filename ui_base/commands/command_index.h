@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QHash>
+#include <QList>
 #include <QString>
 
 #include <atomic>
@@ -11,13 +12,14 @@ namespace Vela::UiBase {
 
 class CommandBag;
 class CommandBase;
+class CommandGroup;
 
 /// Finds commands in a bag and in the groups below it at the cost of one hash look-up, however many groups
 /// there are. It is made anew when a bag has changed, but not before the look-ups in between, which ask group
 /// by group, have cost about as much as making it: so adding and finding in turns stays cheap.
 ///
-/// Groups of an application may look for commands in other places than their bags. Where there are such, they
-/// are asked for what the index does not hold.
+/// Groups of an application may look for commands in other places than their bags. They are asked when their
+/// turn comes, before what stands in later groups.
 class CommandIndex {
 public:
   struct Found {
@@ -34,14 +36,24 @@ public:
   static void bagChanges() noexcept { s_changes.fetch_add(1, std::memory_order_relaxed); }
 
 private:
-  static Found findDirectly(const CommandBag& bag, const QString& id);
-  bool makeAnew(const CommandBag& root);
-  void add(const CommandBag& bag);
+  struct Entry {
+    Found found;
+    qsizetype turn; // of the group of the root it was found in; -1 for the root itself
+  };
+  struct Asked {
+    CommandGroup* group; // one of the root's, or it holds one, that looks elsewhere
+    qsizetype turn;
+  };
 
-  QHash<QString, Found> m_first;
-  quint64 m_revision = 0; // when the index was made
-  bool m_complete = true; // no group looks elsewhere
-  qsizetype m_asked = 0;  // groups asked since the index was made
+  static Found findDirectly(const CommandBag& bag, const QString& id);
+  static Found ask(CommandGroup& group, const QString& id);
+  bool makeAnew(const CommandBag& root);
+  void add(const CommandBag& bag, qsizetype turn);
+
+  QHash<QString, Entry> m_first;
+  QList<Asked> m_asked;
+  quint64 m_revision = 0;     // when the index was made
+  qsizetype m_askedSince = 0; // groups
 
   inline static std::atomic<quint64> s_changes = 1;
 };
