@@ -130,7 +130,7 @@ void BaseViewTest::declinedInputGoesToWidget() {
 void BaseViewTest::withoutControllerInputGoesToWidget() {
   Fixture f;
   f.view->setViewController(nullptr);
-  QCOMPARE(f.calls, QStringList({"~"}));
+  QCOMPARE(f.calls, QStringList({"viewWillDisappear", "viewWasLost", "~"}));
   f.calls.clear();
   f.view->calls = &f.calls;
   QTest::mouseClick(f.window(), Qt::LeftButton, {}, QPoint(10, 10));

@@ -4,21 +4,25 @@
 #include <ui_base/views/base_view_controller.h>
 
 #include <QEvent>
+#include <QHash>
 #include <QStringList>
+
+#include <functional>
 
 namespace Vela::Test {
 
-/// Writes down every call and declines or consumes input as told.
+/// Writes down every call and declines or consumes input as told; does what it was told to do in a call.
 class RecordingController : public UiBase::BaseViewController {
   Q_OBJECT
 
 public:
-  explicit RecordingController(QStringList* calls, UiBase::BaseView* view = nullptr)
-      : BaseViewController(view), m_calls(calls) {}
+  explicit RecordingController(QStringList* calls, UiBase::BaseView* view = nullptr, QString prefix = {})
+      : BaseViewController(view), m_calls(calls), m_prefix(std::move(prefix)) {}
   ~RecordingController() override { note("~"); }
 
   bool consumes = true;
   bool mayClose = true;
+  QHash<QString, std::function<void()>> on;
 
   bool mouseDoubleClick(QMouseEvent*) override { return input("mouseDoubleClick"); }
   bool mouseMove(QMouseEvent*) override { return input("mouseMove"); }
@@ -35,35 +39,49 @@ public:
   bool keyRelease(QKeyEvent*) override { return input("keyRelease"); }
 
   void viewDidLoad() override {
-    note("viewDidLoad");
-    BaseViewController::viewDidLoad();
+    if (note("viewDidLoad"))
+      BaseViewController::viewDidLoad();
   }
   void viewWillAppear() override {
-    note("viewWillAppear");
-    BaseViewController::viewWillAppear();
+    if (note("viewWillAppear"))
+      BaseViewController::viewWillAppear();
   }
   void viewWillDisappear() override {
-    note("viewWillDisappear");
-    BaseViewController::viewWillDisappear();
+    if (note("viewWillDisappear"))
+      BaseViewController::viewWillDisappear();
   }
   bool viewWillClose() override {
-    note("viewWillClose");
-    return mayClose && BaseViewController::viewWillClose();
+    const bool agrees = mayClose;
+    return note("viewWillClose") && agrees ? BaseViewController::viewWillClose() : agrees;
   }
   void viewDidResize(QResizeEvent*) override { note("viewDidResize"); }
   void viewDidMove(QMoveEvent*) override { note("viewDidMove"); }
 
+protected:
+  void viewWasLost() override {
+    if (note("viewWasLost"))
+      BaseViewController::viewWasLost();
+  }
+
 private:
-  void note(const char* call) {
+  /// @return whether the controller lived to see the end of it.
+  bool note(const char* call) {
+    const QPointer<RecordingController> self(this);
+    const QString name = QString::fromLatin1(call);
     if (m_calls)
-      m_calls->append(QString::fromLatin1(call));
+      m_calls->append(m_prefix + name);
+    if (const auto act = on.value(name))
+      act();
+    return self;
   }
   bool input(const char* call) {
+    const bool answer = consumes;
     note(call);
-    return consumes;
+    return answer;
   }
 
   QStringList* m_calls;
+  const QString m_prefix;
 };
 
 } // namespace Vela::Test

@@ -2,9 +2,11 @@
 #include "application_event_relay.h"
 
 #include "base_view.h"
+#include "covered_shortcuts.h"
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <QShortcutEvent>
 
 namespace Vela::UiBase {
 
@@ -33,7 +35,11 @@ void ApplicationEventRelay::remove(BaseView& view) {
   relay()->m_views.removeOne(&view);
 }
 
+QList<BaseView*> ApplicationEventRelay::views() { return relay() ? relay()->m_views : QList<BaseView*>(); }
+
 bool ApplicationEventRelay::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Shortcut)
+    return handleCoveredShortcut(*watched, *static_cast<QShortcutEvent*>(event));
   if (watched != parent())
     return false;
   QList<QPointer<BaseView>> views;

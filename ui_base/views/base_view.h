@@ -2,7 +2,9 @@
 #pragma once
 
 #include <ui_base/ui_base_export.h>
+#include <ui_base/views/presented_view.h>
 
+#include <QList>
 #include <QWidget>
 
 #include <memory>
@@ -11,6 +13,8 @@ namespace Vela::UiBase {
 
 class BaseViewController;
 class BaseViewPrivate;
+class ClosingView;
+class Presentation;
 class ViewResponder;
 
 /// A screen area that shows a document or a page. It does no input handling of its own: it hands its mouse,
@@ -20,7 +24,14 @@ class ViewResponder;
 ///
 /// A view owns its controller jointly with whoever else holds it; the controller only has a guarded pointer
 /// back. A closed view deletes itself (Qt::WA_DeleteOnClose). A presented view fills its presenter's view, on
-/// which it is installed as an event filter.
+/// which it is installed as an event filter, and covers it: see presentation().
+///
+/// Tab and a click give it the focus (Qt::StrongFocus). It takes the focus when it is shown, or gives it to
+/// that of its children which had it before; a window that is minimised and restored keeps its focus.
+///
+/// Main thread only. The controller may delete the view in every handler of input and in viewWillClose().
+/// While a view is shown, hidden, moved or resized, Qt still works with it after the handler: there it is
+/// closed, or deleted with deleteLater().
 ///
 /// @code
 /// auto* view = new BaseView;
@@ -35,10 +46,15 @@ public:
   ~BaseView() override;
 
   /// Takes the controller into shared ownership, or joins its ownership when it is shared, and becomes its
-  /// view. The controller before forgets this view. Null leaves the view without a controller.
+  /// view. The controller before forgets this view. Null leaves the view without a controller; a presented
+  /// view is then hidden and presented no more.
   virtual void setViewController(BaseViewController* controller);
   /// The controller, or null.
   BaseViewController* getViewController() const;
+
+  /// The presentation that this view belongs to, from the base view to the front: what is presented over a
+  /// view, and over that. One view alone when nothing is presented.
+  QList<PresentedView> presentation() const;
 
 protected:
   void closeEvent(QCloseEvent* event) override;
@@ -47,6 +63,8 @@ protected:
   void dragMoveEvent(QDragMoveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   void enterEvent(QEnterEvent* event) override;
+  /// Lets input pass by a covered view, to what lies behind the base view.
+  bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void hideEvent(QHideEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -64,10 +82,17 @@ protected:
 private:
   friend class ApplicationEventRelay;
   friend class BaseViewController;
+  friend class ClosingView;
+  friend class Presentation;
 
   template <class Event>
   bool handOn(bool (ViewResponder::*handler)(Event*), Event* event);
+  void deleteSafely();
   void dropViewController(const BaseViewController* controller);
+  std::shared_ptr<BaseViewController> ownController() const;
+  void forgetLostClick(const QMouseEvent& event);
+  void passCoveredFocusOn(const QFocusEvent& event);
+  void loadController();
 
   const std::unique_ptr<BaseViewPrivate> d;
 };

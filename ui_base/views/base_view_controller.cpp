@@ -2,13 +2,13 @@
 #include "base_view_controller.h"
 
 #include "base_view.h"
+#include "presentation.h"
+#include "view_notifications.h"
 
-#include <ui_base/notifications/floating_widget.h>
 #include <ui_base/notifications/notification_bar.h>
 #include <ui_base/tooltips/tooltip_manager.h>
 #include <vlk_app_service/application_service.h>
 
-#include <QLayout>
 #include <QPointer>
 
 #include <utility>
@@ -20,29 +20,22 @@ namespace Vela::UiBase {
 class BaseViewControllerPrivate {
 public:
   QPointer<BaseView> view;
-  QPointer<BaseViewController> presenter;
-  ETransitionDirection transitionDirection = NoTransition;
-  QPointer<NotificationBar> notificationBar;
-  QPointer<FloatingWidget> notificationHost; // carries the bar over the view
+  QList<BaseView*> owners; // the views that hold the controller; the last one is its view
   bool loaded = false;
-  bool disappeared = false; // hidden, or covered by a presented view
-  QList<BaseView*> owners;  // the views that hold the controller; the last one is its view
   std::weak_ptr<Services::ShutdownProtocol> registration;
+  ViewNotifications notifications;
 };
 
 namespace {
 
 Services::ApplicationService& applicationService() { return Services::ApplicationService::GetInstance(); }
 
-bool isLaidOut(const QWidget& widget) {
-  const QWidget* const parent = widget.parentWidget();
-  return widget.layout() || (parent && parent->layout() && parent->layout()->indexOf(&widget) >= 0);
-}
-
 // Milliseconds in which a message of that severity can be read and acted upon.
 int readingTime(ENotificationSeverity severity) { return severity == NotificationInfo ? 3000 : 10000; }
 
 } // namespace
+
+// Attaching to views
 
 BaseViewController::BaseViewController() : d(std::make_unique<BaseViewControllerPrivate>()) {}
 
@@ -53,10 +46,11 @@ BaseViewController::~BaseViewController() {
   if (const auto registered = d->registration.lock()) // deleted by hand, and still held elsewhere
     applicationService().removeShutdownProtocolDelegate(registered);
   const QPointer<BaseView> view = std::exchange(d->view, nullptr);
-  for (BaseView* const owner : std::as_const(d->owners))
-    owner->dropViewController(this);
+  d->notifications.drop();
+  while (!d->owners.isEmpty())
+    d->owners.takeFirst()->dropViewController(this);
   if (view && !view->parentWidget())
-    delete view.data();
+    view->deleteSafely();
 }
 
 void BaseViewController::setView(BaseView* view) {
@@ -69,37 +63,29 @@ void BaseViewController::setView(BaseView* view) {
 void BaseViewController::takeView(BaseView* view) {
   d->owners.append(view);
   d->view = view;
-  dropNotifications(); // which lie over the former view
+  d->notifications.drop(); // which lie over the former view
 }
 
-void BaseViewController::letGoOfView(BaseView* view) {
+void BaseViewController::forgetView(BaseView* view) {
   d->owners.removeOne(view);
   if (d->view != view)
     return;
   d->view = nullptr;
-  dropNotifications();
-  if (d->loaded)
+  d->notifications.drop();
+}
+
+void BaseViewController::tellIfViewIsLost() {
+  if (d->loaded && !d->view)
     viewWasLost();
-  endPresentation();
 }
 
 void BaseViewController::viewWasLost() { leaveShutdown(); }
-
-// However the view went, the presenter's is no longer covered.
-void BaseViewController::endPresentation() {
-  const QPointer<BaseViewController> presenter = std::exchange(d->presenter, nullptr);
-  d->transitionDirection = NoTransition;
-  if (presenter && presenter->getView())
-    presenter->viewWillAppear();
-}
 
 BaseView* BaseViewController::getView() const { return d->view; }
 
 bool BaseViewController::isLoaded() const { return d->loaded; }
 
-BaseViewController* BaseViewController::presenter() const { return d->presenter; }
-
-ETransitionDirection BaseViewController::transitionDirection() const { return d->transitionDirection; }
+// The life of the view
 
 void BaseViewController::viewDidLoad() {
   d->loaded = true;
@@ -119,16 +105,12 @@ bool BaseViewController::viewWillClose() {
 }
 
 void BaseViewController::viewWillAppear() {
-  d->disappeared = false;
-  if (d->notificationHost)
-    d->notificationHost->show();
+  d->notifications.setVisible(true);
   TooltipManager::GetInstance().onViewVisibilityChange(true);
 }
 
 void BaseViewController::viewWillDisappear() {
-  d->disappeared = true;
-  if (d->notificationHost)
-    d->notificationHost->hide();
+  d->notifications.setVisible(false);
   TooltipManager::GetInstance().onViewVisibilityChange(false);
 }
 
@@ -148,99 +130,80 @@ void BaseViewController::hide() {
 
 bool BaseViewController::close() { return d->view && d->view->close(); }
 
+// Presenting
+
+BaseViewController* BaseViewController::presenter() const {
+  const BaseView* const over = d->view ? Presentation::of(*d->view)->presenterOf(*d->view) : nullptr;
+  return over ? over->getViewController() : nullptr;
+}
+
+ETransitionDirection BaseViewController::transitionDirection() const {
+  return d->view ? Presentation::of(*d->view)->directionOf(*d->view) : NoTransition;
+}
+
 bool BaseViewController::presentViewController(BaseViewController* controller,
                                                ETransitionDirection direction) {
   if (!controller || controller == this)
     return false;
+  const QPointer<BaseViewController> self(this);
+  const QPointer<BaseViewController> presented(controller);
   if (auto* const delegate = getDelegate();
       delegate && delegate->presentViewController(controller, direction))
     return true;
-  const QPointer<BaseView> ownView = d->view;
-  const QPointer<BaseView> shownView = controller->getView();
-  if (!ownView || !shownView || shownView->isAncestorOf(ownView))
-    return false;
-
-  if (auto* const former = controller->presenter(); former && former != this && former->getView()) {
-    former->getView()->removeEventFilter(shownView);
-    former->viewWillAppear();
-  }
-  shownView->setParent(ownView);
-  shownView->setGeometry(ownView->rect());
-  shownView->raise();
-  ownView->installEventFilter(shownView);
-  controller->d->presenter = this;
-  controller->d->transitionDirection = direction;
-  viewWillDisappear();
-  if (shownView)
-    shownView->show();
-  if (ownView && !isLaidOut(*ownView))
-    ownView->adjustSize();
-  return true;
+  BaseView* const over = self ? self->getView() : nullptr;
+  BaseView* const view = presented ? presented->getView() : nullptr;
+  return over && view && Presentation::present(*over, *view, direction);
 }
 
 bool BaseViewController::dismissViewController() {
+  const auto held = sharedOrEmpty(); // the view may be its last other owner
+  const QPointer<BaseViewController> self(this);
   if (auto* const delegate = getDelegate(); delegate && delegate->dismissViewController())
     return true;
-  const auto self = sharedOrEmpty(); // the view may be its last other owner
-  if (BaseView* const presenterView = d->presenter ? d->presenter->getView() : nullptr;
-      presenterView && d->view)
-    presenterView->removeEventFilter(d->view);
-  endPresentation();
-  close();
-  return true;
+  BaseView* const view = self ? self->getView() : nullptr;
+  return !view || Presentation::dismiss(*view);
 }
 
-bool BaseViewController::initializeNotificationBar() {
-  if (!d->view)
-    return false;
-  if (d->notificationBar && d->notificationHost)
-    return true;
-  d->notificationBar = new NotificationBar(d->view);
-  d->notificationHost = new FloatingWidget(d->view);
-  d->notificationHost->addWidget(d->notificationBar);
-  d->notificationHost->setVisible(!d->disappeared);
-  return true;
-}
+// Notifications
 
-void BaseViewController::dropNotifications() {
-  d->notificationBar = nullptr; // a child of the host
-  const QPointer<FloatingWidget> host = std::exchange(d->notificationHost, nullptr);
-  if (!host)
-    return;
-  host->hide();
-  host->deleteLater(); // it may be a button of the bar that led here
+NotificationBar* BaseViewController::initializeNotificationBar() {
+  return d->view ? &d->notifications.barOver(*d->view) : nullptr;
 }
 
 void BaseViewController::showNotification(const QString& message, ENotificationFadeOption fade,
                                           int durationMs, bool closable, QObject* receiver,
                                           const char* member) {
-  if (initializeNotificationBar())
-    d->notificationBar->showNotification(message, fade, durationMs, closable, receiver, member);
+  if (NotificationBar* const bar = initializeNotificationBar())
+    bar->showNotification(message, fade, durationMs, closable, receiver, member);
 }
 
 void BaseViewController::showNotification(QWidget* content, ENotificationFadeOption fade, int durationMs,
                                           bool closable, QObject* receiver, const char* member) {
-  if (initializeNotificationBar())
-    d->notificationBar->showNotification(content, fade, durationMs, closable, receiver, member);
+  if (NotificationBar* const bar = initializeNotificationBar())
+    bar->showNotification(content, fade, durationMs, closable, receiver, member);
+  else if (content)
+    content->deleteLater();
 }
 
 void BaseViewController::showNotification(const QString& message, ENotificationSeverity severity) {
-  if (!initializeNotificationBar())
+  NotificationBar* const bar = initializeNotificationBar();
+  if (!bar)
     return;
   Notification notification;
   notification.message = message;
   notification.severity = severity;
   notification.durationMs = readingTime(severity);
-  d->notificationBar->showNotification(notification);
+  bar->showNotification(notification);
 }
 
 void BaseViewController::hideNotification() {
-  if (d->notificationBar)
-    d->notificationBar->hideNotification();
+  if (NotificationBar* const bar = d->notifications.bar())
+    bar->hideNotification();
 }
 
 bool BaseViewController::isNotificationShowing() const {
-  return d->notificationBar && d->notificationBar->isNotificationShowing();
+  const NotificationBar* const bar = d->notifications.bar();
+  return bar && bar->isNotificationShowing();
 }
 
 } // namespace Vela::UiBase

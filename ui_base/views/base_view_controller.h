@@ -21,6 +21,7 @@ namespace Vela::UiBase {
 class BaseView;
 class BaseViewController;
 class BaseViewControllerPrivate;
+class NotificationBar;
 
 } // namespace Vela::UiBase
 
@@ -65,25 +66,34 @@ public:
   virtual void setView(BaseView* view);
   /// The view is shown for the first time. Overriders call the base.
   virtual void viewDidLoad();
+  /// The view is shown, or no longer covered by a presented one. Never called twice in a row, nor while the
+  /// view is covered.
   virtual void viewWillAppear();
+  /// The view is hidden, or covered by a presented one. Never called twice in a row.
   virtual void viewWillDisappear();
   /// Whether the view may close; true. A subclass that answers false, before it calls the base, keeps it
-  /// open.
+  /// open. A view in a window that closes, and a view presented over one that closes, are asked too; when
+  /// another one refuses after this one agreed, viewDidLoad() is called again.
   virtual bool viewWillClose();
   virtual void viewDidResize(QResizeEvent* event);
   virtual void viewDidMove(QMoveEvent* event);
-  /// Shows another controller's view on top of this one's, as large as it, unless the delegate presents it
-  /// its own way. The view presented becomes a child of this controller's view. @p direction is only kept.
-  /// @return false for null, for this controller itself, and when one of them has no view.
+  /// Shows another controller's view in front of this one's, as large as it, unless the delegate presents it
+  /// its own way. The view presented becomes a child of this controller's view and covers it: no input,
+  /// shortcut or focus reaches what is behind. A view that is presented already comes to the front, elsewhere
+  /// its presentation ends. @p direction is only kept.
+  /// @return whether the view is presented: false for null, for this controller itself, when one of them has
+  /// no view, when the other's view holds this one's or is closing, and when a callback dismissed it at once.
   virtual bool presentViewController(BaseViewController* controller, ETransitionDirection direction);
   /// Ends the presentation of this controller and closes its view, unless the delegate dismisses it its own
-  /// way.
-  /// @return true.
+  /// way. The presenter hears viewWillAppear() first, unless another view still covers its view. When the
+  /// view refuses to close all is as before, and the presenter hears viewWillDisappear().
+  /// @return false when the view stays: it refused, it is being asked already whether it may close, or a
+  /// callback presented it anew.
   virtual bool dismissViewController();
 
   BaseView* getView() const;
   bool isLoaded() const;
-  /// The controller that presented this one, or null.
+  /// The controller of the view over which this one's was presented, or null.
   BaseViewController* presenter() const;
   /// The direction given when presented; NoTransition when not presented.
   ETransitionDirection transitionDirection() const;
@@ -99,7 +109,7 @@ public:
   /// @param receiver,member what an action button calls, as SLOT() or SIGNAL(); null for no button.
   void showNotification(const QString& message, ENotificationFadeOption fade, int durationMs, bool closable,
                         QObject* receiver, const char* member);
-  /// @overload Shows a widget, which the notification bar owns from now on.
+  /// @overload Shows a widget, which the notification bar owns from now on. Without a view it is deleted.
   void showNotification(QWidget* content, ENotificationFadeOption fade, int durationMs, bool closable,
                         QObject* receiver, const char* member);
   /// @overload A message of some severity, for the time that such a message needs.
@@ -108,19 +118,19 @@ public:
   bool isNotificationShowing() const;
 
 protected:
-  /// The view died, or got another controller, while it was loaded and without having been closed. Overriders
-  /// undo what viewDidLoad() did and call the base.
+  /// The view died, or got another controller, while it was loaded and without having been closed. There is
+  /// no view any more, and of one that died no viewWillDisappear(). Overriders undo what viewDidLoad() did
+  /// and call the base.
   virtual void viewWasLost();
 
 private:
   friend class BaseView;
 
   void takeView(BaseView* view);
-  void letGoOfView(BaseView* view);
+  void forgetView(BaseView* view);
+  void tellIfViewIsLost();
   void leaveShutdown();
-  void endPresentation();
-  bool initializeNotificationBar();
-  void dropNotifications();
+  NotificationBar* initializeNotificationBar();
 
   const std::unique_ptr<BaseViewControllerPrivate> d;
 };

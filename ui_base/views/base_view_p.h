@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <Qt>
+
+#include <memory>
+
+namespace Vela::UiBase {
+
+class BaseViewController;
+class Presentation;
+
+class BaseViewPrivate {
+public:
+  /// The release of the button goes elsewhere.
+  void forgetClick() {
+    doubleClicking = false;
+    movedWhilePressed = false;
+    pressed = false;
+  }
+
+  bool doubleClicking = false; // a double click was handed on; presses and releases are not
+  bool movedWhilePressed = false;
+  bool pressed = false;
+  int lastKey = Qt::Key_unknown;
+
+  int showingOrHiding = 0;     // Qt still works with the view when the event has been handled
+  bool closing = false;        // it is being asked whether it may close
+  bool closed = false;         // it agreed, and is deleted soon
+  bool focusElsewhere = false; // when it was last hidden together with what it stands in
+
+  std::shared_ptr<BaseViewController> controller;
+  std::shared_ptr<Presentation> presentation; // never null
+};
+
+} // namespace Vela::UiBase

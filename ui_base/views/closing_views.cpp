@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "closing_views.h"
+
+#include "base_view.h"
+#include "base_view_controller.h"
+#include "base_view_p.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QDialog>
+
+#include <utility>
+
+namespace Vela::UiBase {
+
+using Views = QList<QPointer<BaseView>>;
+
+/// What mayClose() and the window watch know of views.
+class ClosingView {
+public:
+  static bool isLoaded(const BaseView& view) {
+    const auto controller = view.ownController();
+    return controller && controller->isLoaded();
+  }
+  static bool agrees(BaseView& view) {
+    const QPointer<BaseView> guard(&view);
+    const bool outer = std::exchange(view.d->closing, true);
+    const bool agreed = view.ownController()->viewWillClose();
+    if (guard)
+      guard->d->closing = outer;
+    return agreed;
+  }
+  static void reload(const Views& agreed) {
+    for (auto view = agreed.crbegin(); view != agreed.crend(); ++view) {
+      if (*view && (*view)->isVisible() && !isLoaded(**view) && (*view)->ownController())
+        (*view)->ownController()->viewDidLoad();
+    }
+  }
+  static void forgetClick(BaseView& view) { view.d->forgetClick(); }
+};
+
+namespace {
+
+// Front to back: what lies in a widget before it, the last child first.
+void collect(QWidget& widget, Views& views) {
+  const QObjectList& children = widget.children();
+  for (auto child = children.crbegin(); child != children.crend(); ++child) {
+    if (auto* const inner = qobject_cast<QWidget*>(*child); inner && !inner->isWindow())
+      collect(*inner, views);
+  }
+  if (auto* const view = qobject_cast<BaseView*>(&widget))
+    views.append(view);
+}
+
+QPointer<BaseView> firstToAsk(QWidget& widget, const Views& asked) {
+  Views views;
+  collect(widget, views);
+  for (const QPointer<BaseView>& view : std::as_const(views)) {
+    if (ClosingView::isLoaded(*view) && !asked.contains(view))
+      return view;
+  }
+  return nullptr;
+}
+
+bool ask(QWidget& widget, Views& agreed) {
+  const QPointer<QWidget> guard(&widget);
+  Views asked;
+  while (QPointer<BaseView> view = guard ? firstToAsk(*guard, asked) : nullptr) {
+    asked.append(view);
+    if (!ClosingView::agrees(*view)) {
+      ClosingView::reload(agreed);
+      agreed.clear();
+      return false;
+    }
+    agreed.append(view);
+  }
+  return true;
+}
+
+} // namespace
+
+bool mayClose(QWidget& widget) {
+  Views agreed;
+  return ask(widget, agreed);
+}
+
+ViewWindow::ViewWindow(QWidget& window) : QObject(&window), m_window(window) {}
+
+void ViewWindow::watch(QWidget& window) {
+  if (qobject_cast<BaseView*>(&window))
+    return;
+  auto* watch = window.findChild<ViewWindow*>(QString(), Qt::FindDirectChildrenOnly);
+  if (!watch) {
+    watch = new ViewWindow(window);
+    window.installEventFilter(watch);
+  }
+}
+
+bool ViewWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Close && watched == &m_window && !m_passesOn)
+    return close(event);
+  if (event->type() == QEvent::WindowBlocked) {
+    const auto views = m_window.findChildren<BaseView*>();
+    for (BaseView* const view : views)
+      ClosingView::forgetClick(*view);
+  }
+  return false;
+}
+
+bool ViewWindow::close(QEvent* event) {
+  const QPointer<ViewWindow> self(this);
+  if (qobject_cast<QDialog*>(&m_window)) {
+    const bool agreed = ask(m_window, m_agreed);
+    if (!agreed)
+      event->ignore();
+    else if (self)
+      QMetaObject::invokeMethod(
+          this, [this] { reloadIfStillOpen(); }, Qt::QueuedConnection);
+    return !agreed || !self;
+  }
+  m_passesOn = true;
+  QCoreApplication::instance()->notify(&m_window, event); // sendEvent() would forget that it is spontaneous
+  if (!self)
+    return true;
+  m_passesOn = false;
+  if (event->isAccepted() && !mayClose(m_window))
+    event->ignore();
+  return true;
+}
+
+void ViewWindow::reloadIfStillOpen() { ClosingView::reload(std::exchange(m_agreed, {})); }
+
+} // namespace Vela::UiBase

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "covered_children.h"
+
+#include "base_view.h"
+#include "presentation.h"
+
+#include <QChildEvent>
+
+namespace Vela::UiBase {
+
+namespace {
+
+// Not as setEnabled(false) would: that marks a widget which its application disabled, and the mark is how
+// the application's own calls are told from ours.
+void disable(QWidget& child) {
+  if (child.testAttribute(Qt::WA_ForceDisabled))
+    return;
+  const QPointer<QWidget> guard(&child);
+  child.setEnabled(false);
+  if (guard)
+    guard->setAttribute(Qt::WA_ForceDisabled, false);
+}
+
+QWidget* asWidget(QObject* object) {
+  return object->isWidgetType() ? static_cast<QWidget*>(object) : nullptr;
+}
+
+} // namespace
+
+CoveredChildren::CoveredChildren(BaseView& covered) : m_view(&covered) { covered.installEventFilter(this); }
+
+CoveredChildren::~CoveredChildren() = default;
+
+bool CoveredChildren::isCovered(const QWidget& child) const {
+  if (!m_view || child.isWindow() || child.parentWidget() != m_view)
+    return false;
+  const auto* const view = qobject_cast<const BaseView*>(&child);
+  return !view || Presentation::of(*view) != Presentation::of(*m_view);
+}
+
+void CoveredChildren::update() {
+  const QPointer<CoveredChildren> self(this);
+  const auto known = m_children;
+  for (const QPointer<QWidget>& child : known) {
+    if (self && child && !isCovered(*child))
+      remove(*child);
+  }
+  if (!self || !m_view)
+    return;
+  QList<QPointer<QWidget>> present;
+  for (QObject* const child : m_view->children()) {
+    if (QWidget* const widget = asWidget(child))
+      present.append(widget);
+  }
+  for (const QPointer<QWidget>& child : std::as_const(present)) {
+    if (self && child)
+      add(*child);
+  }
+}
+
+void CoveredChildren::release() {
+  const QPointer<CoveredChildren> self(this);
+  if (m_view)
+    m_view->removeEventFilter(this);
+  const auto known = m_children;
+  for (const QPointer<QWidget>& child : known) {
+    if (self && child)
+      remove(*child);
+  }
+}
+
+void CoveredChildren::add(QWidget& child) {
+  if (!isCovered(child) || m_children.contains(&child))
+    return;
+  m_children.append(&child);
+  child.installEventFilter(this);
+  disable(child);
+}
+
+void CoveredChildren::remove(QWidget& child) {
+  if (!m_children.removeOne(&child))
+    return;
+  child.removeEventFilter(this);
+  if (!child.testAttribute(Qt::WA_ForceDisabled))
+    child.setEnabled(true);
+}
+
+bool CoveredChildren::eventFilter(QObject* watched, QEvent* event) {
+  const QEvent::Type type = event->type();
+  if (type == QEvent::ChildAdded && watched == m_view) {
+    if (QWidget* const child = asWidget(static_cast<QChildEvent*>(event)->child()))
+      add(*child);
+  } else if (type == QEvent::EnabledChange && watched != m_view) {
+    if (auto* const child = static_cast<QWidget*>(watched); child->isEnabled() && isCovered(*child))
+      disable(*child);
+  } else if (type == QEvent::ParentChange && watched != m_view) {
+    if (auto* const child = static_cast<QWidget*>(watched); !isCovered(*child))
+      remove(*child);
+  }
+  return false;
+}
+
+} // namespace Vela::UiBase

@@ -1,0 +1,401 @@
+// SPDX-License-Identifier: MIT
+#include "presentation.h"
+
+#include "base_view.h"
+#include "base_view_controller.h"
+#include "base_view_p.h"
+#include "covered_children.h"
+#include "view_focus.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace Vela::UiBase {
+
+namespace {
+
+// Unlike isAncestorOf(), also across windows.
+bool isWithin(const QObject* object, const QObject* ancestor) {
+  while (object && object != ancestor)
+    object = object->parent();
+  return object != nullptr;
+}
+
+quint64 nextSerial() {
+  static quint64 serial = 0;
+  return ++serial;
+}
+
+} // namespace
+
+Presentation::Presentation(BaseView& base) {
+  m_layers.emplace_back();
+  m_layers.back().view = &base;
+}
+
+Presentation::~Presentation() = default;
+
+std::shared_ptr<Presentation> Presentation::of(const BaseView& view) { return view.d->presentation; }
+
+Presentation::Layer* Presentation::find(const BaseView& view) {
+  const auto found = std::find_if(m_layers.begin(), m_layers.end(),
+                                  [&view](const Layer& layer) { return layer.view == &view; });
+  return found == m_layers.end() ? nullptr : &*found;
+}
+
+const Presentation::Layer* Presentation::find(const BaseView& view) const {
+  return const_cast<Presentation*>(this)->find(view);
+}
+
+BaseView* Presentation::base() const { return m_layers.empty() ? nullptr : m_layers.front().view.data(); }
+
+bool Presentation::isBase(const BaseView& view) const { return base() == &view; }
+
+quint64 Presentation::serialOf(const BaseView& view) const {
+  const Layer* const layer = find(view);
+  return layer ? layer->serial : 0;
+}
+
+// The front when a view, and what was presented over that, is left out of account.
+BaseView* Presentation::frontBut(const BaseView* left) const {
+  BaseView* const back = base();
+  for (auto layer = m_layers.rbegin(); back && layer != m_layers.rend(); ++layer) {
+    BaseView* const view = layer->view;
+    if (view && view != back && view->isVisibleTo(back) && !(left && isWithin(view, left)))
+      return view;
+  }
+  return back;
+}
+
+BaseView* Presentation::front() const { return frontBut(nullptr); }
+
+BaseView* Presentation::presenterOf(const BaseView& view) const {
+  const Layer* const layer = find(view);
+  return layer ? layer->presenter.data() : nullptr;
+}
+
+ETransitionDirection Presentation::directionOf(const BaseView& view) const {
+  const Layer* const layer = find(view);
+  return layer ? layer->direction : NoTransition;
+}
+
+bool Presentation::mayNotify(const BaseView& view) const {
+  const Layer* const layer = find(view);
+  return layer && (layer->told == Told::Appeared || (layer->told == Told::Nothing && !isCovered(view)));
+}
+
+QList<PresentedView> Presentation::describe() const {
+  QList<PresentedView> views;
+  for (const Layer& layer : m_layers) {
+    if (const BaseView* const view = layer.view)
+      views.append({layer.view, view->getViewController(), layer.presenter, layer.direction,
+                    layer.told == Told::Appeared, isCovered(*view)});
+  }
+  return views;
+}
+
+bool Presentation::mayPresent(const BaseView& presenter, const BaseView& view) {
+  const bool ends = view.d->closing || (view.d->closed && view.isHidden());
+  const bool presenterEnds = presenter.d->closed && presenter.isHidden();
+  return !ends && !presenterEnds && !isWithin(&presenter, &view);
+}
+
+bool Presentation::present(BaseView& presenter, BaseView& view, ETransitionDirection direction) {
+  if (!mayPresent(presenter, view))
+    return false;
+  const QPointer<BaseView> over(&presenter);
+  const QPointer<BaseView> shown(&view);
+  if (view.parentWidget() != &presenter)
+    view.setParent(&presenter); // which ends its presentation elsewhere
+  if (over && shown)
+    shown->setGeometry(over->rect());
+  if (!over || !shown || shown->parentWidget() != over || !mayPresent(*over, *shown))
+    return false;
+  shown->raise();
+  over->installEventFilter(shown);
+
+  const std::shared_ptr<Presentation> order = of(*over);
+  if (BaseView* const front = order->front(); front && front != shown)
+    order->rememberFocus(*front);
+  order->insert(of(*shown)->take(*shown), *over, direction);
+  const quint64 serial = order->serialOf(*shown);
+  order->tell(*over, Told::Disappeared);
+  return show(shown, serial);
+}
+
+// Shows what stands in its place now, unless it was told to leave meanwhile.
+bool Presentation::show(const QPointer<BaseView>& view, quint64 serial) {
+  const auto stands = [&view, serial] { return view && of(*view)->serialOf(*view) == serial; };
+  if (!stands())
+    return false;
+  const bool wasHidden = view->isHidden();
+  if (wasHidden)
+    view->show();
+  else
+    of(*view)->focusFront();
+  if (stands())
+    of(*view)->cover();
+  if (stands())
+    of(*view)->settle();
+  return stands();
+}
+
+bool Presentation::dismiss(BaseView& view) {
+  if (view.d->closing)
+    return false;
+  const QPointer<BaseView> shown(&view);
+  const std::shared_ptr<Presentation> order = of(view);
+  const QPointer<BaseView> presenter = order->presenterOf(view);
+  if (!presenter)
+    return close(shown);
+  const ETransitionDirection direction = order->directionOf(view);
+  const quint64 serial = order->serialOf(view);
+  presenter->removeEventFilter(shown);
+  if (BaseView* const next = order->frontBut(shown); next && (next == presenter || next->isVisible()))
+    order->tell(*next, Told::Appeared);
+  if (!shown)
+    return true;
+  if (order->serialOf(*shown) != serial) // a callback ended the presentation, or began another one
+    return !of(*shown)->presenterOf(*shown) && close(shown);
+
+  order->find(*shown)->presenter = nullptr;
+  order->find(*shown)->direction = NoTransition;
+  const bool closed = close(shown);
+  Layer* const layer = shown ? order->find(*shown) : nullptr;
+  if (!layer || layer->serial != serial)
+    return closed;
+  if (closed) {
+    order->end(*shown);
+    return true;
+  }
+  layer->presenter = presenter;
+  layer->direction = direction;
+  if (presenter)
+    presenter->installEventFilter(shown);
+  order->settle();
+  return false;
+}
+
+bool Presentation::close(const QPointer<BaseView>& view) { return view->close() || !view; }
+
+void Presentation::willShow(BaseView& view, bool takesFocus) {
+  const auto self = shared_from_this();
+  const QPointer<BaseView> shown(&view);
+  if (Layer* const layer = find(view))
+    layer->unmapped = false;
+  if (takesFocus)
+    focusFront();
+  cover();
+  if (shown && front() == shown)
+    settle(); // what it covers from now on
+}
+
+void Presentation::didLoad(BaseView& view) {
+  const auto self = shared_from_this();
+  if (front() == &view && view.isVisible())
+    tell(view, Told::Appeared);
+  settle();
+}
+
+void Presentation::willHide(BaseView& view, bool unmapped) {
+  Layer* const layer = find(view);
+  if (!layer)
+    return;
+  layer->unmapped = unmapped;
+  const auto behind = [&view](const Layer& other) {
+    return other.view && other.view->isVisible() && !isWithin(other.view, &view);
+  };
+  const auto above = m_layers.cbegin() + (layer - m_layers.data()) + 1;
+  if (layer->told == Told::Appeared ||
+      (layer->told == Told::Nothing && std::none_of(above, m_layers.cend(), behind)))
+    tell(view, Told::Disappeared);
+}
+
+void Presentation::didHide(BaseView& view, bool hadFocus) {
+  const auto self = shared_from_this();
+  const QPointer<BaseView> hidden(&view);
+  cover();
+  if (hidden && hadFocus)
+    passFocusOn(view);
+  settle();
+}
+
+void Presentation::reparented(BaseView& view) {
+  const Layer* const layer = find(view);
+  if (layer && !isBase(view) && (!layer->presenter || layer->presenter != view.parentWidget()))
+    end(view);
+}
+
+void Presentation::controllerWillChange(BaseView& view) {
+  const Layer* const layer = find(view);
+  if (layer && layer->told == Told::Appeared)
+    tell(view, Told::Disappeared);
+}
+
+// A presented view that nobody can dismiss any more does not stay in the way.
+void Presentation::controllerChanged(BaseView& view) {
+  const auto self = shared_from_this();
+  if (Layer* const layer = find(view))
+    layer->told = Told::Nothing;
+  if (view.ownController() || isBase(view))
+    return;
+  const QPointer<BaseView> left(&view);
+  view.hide();
+  if (left)
+    of(*left)->end(*left);
+}
+
+void Presentation::viewDies(BaseView& view) {
+  const bool hadFocus = view.isVisible() && holdsFocus(view);
+  if (!isBase(view))
+    end(view);
+  const std::shared_ptr<Presentation> own = of(view);
+  for (Layer& layer : own->m_layers) {
+    if (layer.presenter == &view)
+      layer.presenter = nullptr;
+  }
+  own->m_layers.front().view = nullptr;
+  own->m_layers.front().cover = nullptr;
+  if (own.get() == this && hadFocus)
+    passFocusOn(view);
+}
+
+void Presentation::rememberFocus(BaseView& view) {
+  QWidget* const focus = holdsFocus(view) ? view.window()->focusWidget() : view.focusWidget();
+  if (Layer* const layer = find(view); layer && focus && canTakeFocus(*focus, view))
+    layer->focus = focus;
+}
+
+void Presentation::focusFront(const BaseView* gone) {
+  BaseView* const view = front();
+  if (!view)
+    return;
+  const auto usable = [view, gone](const QWidget* widget) {
+    return widget && canTakeFocus(*widget, *view) && !(gone && isWithin(widget, gone));
+  };
+  QWidget* focus = nullptr;
+  if (Layer* const layer = find(*view))
+    focus = std::exchange(layer->focus, nullptr);
+  if (!usable(focus))
+    focus = view->focusWidget();
+  if (!usable(focus))
+    focus = view;
+  focus->setFocus();
+}
+
+Presentation::Layers Presentation::take(BaseView& view) {
+  const auto first = std::stable_partition(
+      m_layers.begin(), m_layers.end(), [&view](const Layer& layer) { return !isWithin(layer.view, &view); });
+  Layers taken(std::make_move_iterator(first), std::make_move_iterator(m_layers.end()));
+  m_layers.erase(first, m_layers.end());
+  return taken;
+}
+
+// In front of all that was presented over the presenter before.
+void Presentation::insert(Layers layers, BaseView& presenter, ETransitionDirection direction) {
+  Layer& layer = layers.front();
+  layer.presenter = &presenter;
+  layer.direction = direction;
+  layer.serial = nextSerial();
+  for (const Layer& each : layers) {
+    if (each.view)
+      each.view->d->presentation = shared_from_this();
+  }
+  const auto last = std::find_if(m_layers.rbegin(), m_layers.rend(), [&presenter](const Layer& other) {
+    return isWithin(other.view, &presenter);
+  });
+  m_layers.insert(last.base(), std::make_move_iterator(layers.begin()),
+                  std::make_move_iterator(layers.end()));
+}
+
+// A view, with what was presented over it, becomes a presentation of its own.
+void Presentation::end(BaseView& view) {
+  const auto self = shared_from_this();
+  const QPointer<BaseView> left(&view);
+  if (BaseView* const presenter = presenterOf(view))
+    presenter->removeEventFilter(&view);
+  const auto own = std::make_shared<Presentation>(view);
+  own->m_layers = take(view);
+  own->m_layers.front().presenter = nullptr;
+  own->m_layers.front().direction = NoTransition;
+  own->m_layers.front().serial = 0;
+  for (const Layer& layer : own->m_layers) {
+    if (layer.view)
+      layer.view->d->presentation = own;
+  }
+  cover();
+  if (const BaseView* const back = base(); back && back->isVisible()) {
+    const QWidget* const focus = back->window()->focusWidget();
+    if (!focus || isWithin(focus, left))
+      focusFront(left);
+  }
+  settle();
+}
+
+void Presentation::tell(BaseView& view, Told what) {
+  Layer* const layer = find(view);
+  if (!layer || layer->told == what)
+    return;
+  layer->told = what;
+  const std::shared_ptr<BaseViewController> controller = view.ownController();
+  if (controller && what == Told::Appeared)
+    controller->viewWillAppear();
+  else if (controller)
+    controller->viewWillDisappear();
+}
+
+// Those on their way out are told when they are hidden.
+BaseView* Presentation::leaving() const {
+  for (std::size_t i = 1; i < m_layers.size(); ++i) {
+    if (!m_layers[i].presenter)
+      return m_layers[i].view;
+  }
+  return nullptr;
+}
+
+/// Tells who is covered that it disappears, and then the front that it appears.
+void Presentation::settle() {
+  const auto self = shared_from_this();
+  const auto appearedBehind = [this]() -> BaseView* {
+    const BaseView* const left = leaving();
+    const BaseView* const front = frontBut(left);
+    for (const Layer& layer : m_layers) {
+      if (layer.view && layer.view != front && layer.told == Told::Appeared &&
+          !(left && isWithin(layer.view, left)))
+        return layer.view;
+    }
+    return nullptr;
+  };
+  while (BaseView* const behind = appearedBehind())
+    tell(*behind, Told::Disappeared);
+
+  BaseView* const front = frontBut(leaving());
+  const Layer* const layer = front ? find(*front) : nullptr;
+  if (!layer || layer->told == Told::Appeared || layer->unmapped || !front->isVisible())
+    return;
+  const auto controller = front->ownController();
+  if (layer->told == Told::Disappeared || (controller && controller->isLoaded()))
+    tell(*front, Told::Appeared);
+}
+
+void Presentation::cover() {
+  const auto self = shared_from_this();
+  QList<QPointer<BaseView>> views;
+  for (const Layer& layer : m_layers)
+    views.append(layer.view);
+  for (const QPointer<BaseView>& view : std::as_const(views)) {
+    Layer* const layer = view ? find(*view) : nullptr;
+    if (!layer)
+      continue;
+    if (isCovered(*view)) {
+      if (!layer->cover)
+        layer->cover = std::make_unique<CoveredChildren>(*view);
+      layer->cover->update();
+    } else if (const auto cover = std::exchange(layer->cover, nullptr)) {
+      cover->release();
+    }
+  }
+}
+
+} // namespace Vela::UiBase
