@@ -36,10 +36,8 @@ public:
   }
   bool dispatchSync(const std::function<void()>&, EQualityOfService) override { return false; }
   void runAll() {
-    for (const auto& task : m_tasks) {
-      if (task)
-        task();
-    }
+    for (const auto& task : m_tasks)
+      task();
     m_tasks.clear();
   }
 
@@ -54,16 +52,11 @@ public:
   int sum = 0;
 };
 
-class Subject : public Broadcaster<NoteProtocol> {
-public:
-  int factor = 1;
-};
-
 int allocationsOf(Subject& subject) {
   const int before = allocations;
-  const double weight = 1;
-  subject.broadcast([value = 1, &subject, weight](NoteProtocol* observer) {
-    observer->noted(static_cast<int>(value * weight * subject.factor));
+  const double weight = 1, factor = 1; // more than a std::function holds by itself
+  subject.broadcast([value = 1, weight, factor](NoteProtocol* observer) {
+    observer->noted(static_cast<int>(value * weight * factor));
   });
   return allocations - before;
 }
@@ -80,9 +73,7 @@ private Q_SLOTS:
     QTest::addColumn<int>("guarded");
     QTest::addColumn<int>("atMost");
     QTest::newRow("nobody") << 0 << 0 << 0 << 0;
-    QTest::newRow("1 synchronous") << 1 << 0 << 0 << 0;
     QTest::newRow("1000 synchronous") << 1000 << 0 << 0 << 0;
-    QTest::newRow("1 asynchronous") << 0 << 1 << 0 << 2;
     QTest::newRow("1000 asynchronous") << 0 << 1000 << 0 << 2;
     QTest::newRow("1000 guarded") << 0 << 0 << 1000 << 2;
     QTest::newRow("1000 of each") << 1000 << 1000 << 1000 << 2;

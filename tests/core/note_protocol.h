@@ -44,11 +44,30 @@ private:
   Notes& m_notes;
 };
 
-/// The same as a QObject. The protocol is not its first base, so the two faces have different addresses.
-class QObjectObserver : public QObject, public SharedObserver {
+/// A base class that has something to do, like a widget, after the observer made from it has ended.
+class EndingObject : public QObject {
+public:
+  using QObject::QObject;
+  ~EndingObject() override {
+    if (afterObserver)
+      afterObserver();
+  }
+  std::function<void()> afterObserver;
+};
+
+/// An observer that is a QObject. The protocol is not its first base, so the two faces have different
+/// addresses.
+class QObjectObserver : public EndingObject, public SharedObserver {
 public:
   QObjectObserver(const QString& name, Notes& notes, QObject* parent)
-      : QObject(parent), SharedObserver(name, notes) {}
+      : EndingObject(parent), SharedObserver(name, notes) {}
+};
+
+class Subject : public Taren::Core::Delegator<NoteProtocol> {
+public:
+  void note(int value) {
+    delegate([value](NoteProtocol* observer) { observer->noted(value); });
+  }
 };
 
 } // namespace Vela::Test

@@ -48,13 +48,6 @@ public:
   }
 };
 
-class Subject : public Delegator<NoteProtocol> {
-public:
-  void note(int value) {
-    delegate([value](NoteProtocol* observer) { observer->noted(value); });
-  }
-};
-
 /// Announces from workers and is released there.
 class Job : public virtual Taren::Objects::SharedObject<Job>, public Broadcaster<NoteProtocol> {
 public:

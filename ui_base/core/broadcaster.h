@@ -11,6 +11,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <type_traits>
 #include <typeinfo>
 #include <utility>
 
@@ -25,13 +26,15 @@ namespace detail {
 ///
 /// Observers are never owned:
 /// - a *guarded* observer is given as a plain pointer; it must be a QObject that lives on the main thread,
-///   owned by its Qt parent. It is called from a task of MainThreadQoS;
+///   owned by its Qt parent. It is called from a task of MainThreadQoS, and no more once its own destructor
+///   has ended, also while those of its base classes still run;
 /// - an *asynchronous* observer is given as a shared pointer and held weakly; called from the same task;
 /// - a *synchronous* observer is given as a shared pointer and held weakly; called by broadcast() itself.
 ///
 /// Adding, removing and broadcasting are allowed from any thread, also from inside a callback: no lock is
 /// held while an observer runs. An observer added or removed during a broadcast does not change who receives
-/// that broadcast; one that is destroyed is never called. An observer added twice is called twice.
+/// that broadcast; one that is destroyed is never called, and none is kept alive beyond its own call. An
+/// observer added twice is called twice.
 ///
 /// @code
 /// class Progress : public Broadcaster<ProgressProtocol> {
@@ -65,12 +68,14 @@ public:
   virtual void removeObserver(const std::shared_ptr<P>& observer);
   virtual void removeAllObservers();
 
-  /// Calls @p f with each observer: guarded, then asynchronous ones in one task handed to dispatchAsync() (an
-  /// empty task when there are none), then the synchronous ones on this thread, each kind in order of
-  /// addition.
-  /// @p f is copied into the task.
+  /// Calls @p f with each observer: guarded, then asynchronous ones in one task handed to dispatchAsync()
+  /// (one that does nothing when there are none), then the synchronous ones on this thread, each kind in
+  /// order of addition.
+  ///
+  /// The task has a copy of @p f, which may change its own state; a callable that cannot be copied is shared
+  /// by the task and this thread.
   template <class F>
-  void broadcast(const F& f);
+  void broadcast(F f);
 
 protected:
   /// The observer that has been there longest, guarded ones before asynchronous before synchronous ones.
@@ -79,9 +84,16 @@ protected:
 private:
   struct Guarded {
     QPointer<QObject> object;
-    P* observer; // the object's other face, valid while the object is
+    P* observer;                // the object's other face
+    const std::type_info* type; // of the object when it was added
+
+    /// The observer, or null when it is gone. For the main thread, as it looks at the object itself.
+    P* living() const;
   };
-  using Weak = std::weak_ptr<P>;
+  struct Weak {
+    std::weak_ptr<P> owner;
+    P* observer; // to tell it from others without a reference, which could turn out to be the last
+  };
   using GuardedList = detail::ObserverList<Guarded>;
   using WeakList = detail::ObserverList<Weak>;
   struct Recipients {
@@ -91,7 +103,9 @@ private:
   };
 
   template <class F>
-  static void callEach(const typename WeakList::Snapshot& observers, const F& f);
+  static void callEach(const typename GuardedList::Snapshot& observers, F& f);
+  template <class F>
+  static void callEach(const typename WeakList::Snapshot& observers, F& f);
   Recipients takeRecipients();
   void removeNullObservers();
 
@@ -115,7 +129,7 @@ void Broadcaster<P>::addObserver(P* observer) {
   if (!object)
     detail::throwUnmanagedObserver(typeid(*observer));
   const std::lock_guard lock(m_mutex);
-  m_guarded.append({object, observer});
+  m_guarded.append({object, observer, &typeid(*object)});
 }
 
 template <class P>
@@ -123,7 +137,7 @@ void Broadcaster<P>::addObserver(const std::shared_ptr<P>& observer, bool asynch
   if (!observer)
     return;
   const std::lock_guard lock(m_mutex);
-  (asynchronous ? m_asynchronous : m_synchronous).append(observer);
+  (asynchronous ? m_asynchronous : m_synchronous).append({observer, observer.get()});
 }
 
 template <class P>
@@ -141,11 +155,7 @@ template <class P>
 void Broadcaster<P>::removeObserver(const std::shared_ptr<P>& observer) {
   if (!observer)
     return;
-  // Locks an entry only when the argument holds the same object, so no observer can die under the mutex.
-  const auto isObserver = [&observer](const Weak& entry) {
-    const bool sameOwner = !entry.owner_before(observer) && !observer.owner_before(entry);
-    return sameOwner && entry.lock() == observer;
-  };
+  const auto isObserver = [&observer](const Weak& entry) { return entry.observer == observer.get(); };
   const std::lock_guard lock(m_mutex);
   m_synchronous.removeIf(isObserver);
   m_asynchronous.removeIf(isObserver);
@@ -161,7 +171,7 @@ void Broadcaster<P>::removeAllObservers() {
 
 template <class P>
 void Broadcaster<P>::removeNullObservers() {
-  const auto hasExpired = [](const Weak& entry) { return entry.expired(); };
+  const auto hasExpired = [](const Weak& entry) { return entry.owner.expired(); };
   m_guarded.removeIf([](const Guarded& entry) { return entry.object.isNull(); });
   m_asynchronous.removeIf(hasExpired);
   m_synchronous.removeIf(hasExpired);
@@ -178,51 +188,67 @@ template <class P>
 P* Broadcaster<P>::firstObserver() const {
   std::shared_ptr<P> first; // released after the mutex, as it may be the last reference
   const std::lock_guard lock(m_mutex);
-  if (!m_guarded.isEmpty())
-    return m_guarded.first().object ? m_guarded.first().observer : nullptr;
+  if (!m_guarded.isEmpty()) {
+    const Guarded& guarded = m_guarded.first();
+    if (isMainThread())
+      return guarded.living();
+    return guarded.object ? guarded.observer : nullptr;
+  }
   if (!m_asynchronous.isEmpty())
-    first = m_asynchronous.first().lock();
+    first = m_asynchronous.first().owner.lock();
   else if (!m_synchronous.isEmpty())
-    first = m_synchronous.first().lock();
+    first = m_synchronous.first().owner.lock();
   return first.get();
 }
 
 template <class P>
+P* Broadcaster<P>::Guarded::living() const {
+  QObject* const alive = object;
+  if (!alive)
+    return nullptr;
+  // While the destructors of its base classes run, the object is of their classes, and the guard still set.
+  // One that was added by a constructor of a base class is of another class as well, but still an observer.
+  return &typeid(*alive) == type ? observer : dynamic_cast<P*>(alive);
+}
+
+template <class P>
 template <class F>
-void Broadcaster<P>::callEach(const typename WeakList::Snapshot& observers, const F& f) {
-  // The reference to an observer that others hold too is let go one call later: its counter cannot be read
-  // right after the lock has written it without waiting for the write, which takes as long as a small call.
-  std::shared_ptr<P> called;
-  for (const Weak& entry : observers) {
-    // But not across another entry of the same owner, which would find alive what ended in its call.
-    if (!called.owner_before(entry) && !entry.owner_before(called))
-      called.reset();
-    if (auto observer = entry.lock()) {
-      std::invoke(f, observer.get());
-      if (observer.use_count() > 1)
-        called = std::move(observer);
-    }
+void Broadcaster<P>::callEach(const typename GuardedList::Snapshot& observers, F& f) {
+  for (const Guarded& entry : observers) {
+    if (P* const observer = entry.living())
+      std::invoke(f, observer);
   }
 }
 
 template <class P>
 template <class F>
-void Broadcaster<P>::broadcast(const F& f) {
-  Recipients recipients = takeRecipients();
-  if (recipients.guarded.isEmpty() && recipients.asynchronous.isEmpty()) {
-    dispatchAsync(std::function<void()>(), MainThreadQoS);
-  } else {
-    dispatchAsync(
-        [guarded = std::move(recipients.guarded), asynchronous = std::move(recipients.asynchronous), f] {
-          for (const Guarded& entry : guarded) {
-            if (entry.object)
-              std::invoke(f, entry.observer);
-          }
-          callEach(asynchronous, f);
-        },
-        MainThreadQoS);
+void Broadcaster<P>::callEach(const typename WeakList::Snapshot& observers, F& f) {
+  for (const Weak& entry : observers) {
+    if (const auto observer = entry.owner.lock())
+      std::invoke(f, observer.get());
   }
-  callEach(recipients.synchronous, f);
+}
+
+template <class P>
+template <class F>
+void Broadcaster<P>::broadcast(F f) {
+  if constexpr (std::is_copy_constructible_v<F>) {
+    Recipients recipients = takeRecipients();
+    if (recipients.guarded.isEmpty() && recipients.asynchronous.isEmpty()) {
+      dispatchAsync([] {}, MainThreadQoS);
+    } else {
+      dispatchAsync(
+          [guarded = std::move(recipients.guarded), asynchronous = std::move(recipients.asynchronous),
+           f]() mutable {
+            callEach(guarded, f);
+            callEach(asynchronous, f);
+          },
+          MainThreadQoS);
+    }
+    callEach(recipients.synchronous, f);
+  } else {
+    broadcast([shared = std::make_shared<F>(std::move(f))](P* observer) { std::invoke(*shared, observer); });
+  }
 }
 
 } // namespace Taren::Core

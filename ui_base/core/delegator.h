@@ -29,13 +29,14 @@ public:
   /// @throws std::logic_error when the delegate is not a QObject; there is no delegate then.
   virtual void setDelegate(P* delegate);
 
-  /// The delegate, or null when there is none or it has died. The call does not keep it alive.
+  /// The delegate, or null when there is none or it has died. The call does not keep it alive. Ask for a
+  /// guarded one on the main thread.
   P* getDelegate() const;
 
 protected:
   /// Same as broadcast().
   template <class F>
-  void delegate(const F& f);
+  void delegate(F f);
 };
 
 template <class P>
@@ -63,8 +64,8 @@ P* Delegator<P>::getDelegate() const {
 
 template <class P>
 template <class F>
-void Delegator<P>::delegate(const F& f) {
-  this->broadcast(f);
+void Delegator<P>::delegate(F f) {
+  this->broadcast(std::move(f));
 }
 
 } // namespace Taren::Core
