@@ -20,6 +20,9 @@ IDispatcher& currentDispatcher() {
   return installed ? *installed : QtTbbDispatcher::instance();
 }
 
+// What a dispatcher gets in place of an empty function, which not every one would bear.
+constexpr auto nothing = [] {};
+
 } // namespace
 
 IDispatcher::~IDispatcher() = default;
@@ -29,15 +32,16 @@ IDispatcher* setDispatcher(IDispatcher* dispatcher) noexcept {
 }
 
 bool dispatchAsync(const std::function<void()>& task, EQualityOfService qos) {
-  return currentDispatcher().dispatchAsync(task, qos);
+  return task ? currentDispatcher().dispatchAsync(task, qos)
+              : currentDispatcher().dispatchAsync(nothing, qos);
 }
 
 bool dispatchAsync(std::function<void()>&& task, EQualityOfService qos) {
-  return currentDispatcher().dispatchAsync(std::move(task), qos);
+  return currentDispatcher().dispatchAsync(task ? std::move(task) : nothing, qos);
 }
 
 bool dispatchSync(const std::function<void()>& task, EQualityOfService qos) {
-  return currentDispatcher().dispatchSync(task, qos);
+  return task ? currentDispatcher().dispatchSync(task, qos) : currentDispatcher().dispatchSync(nothing, qos);
 }
 
 bool isMainThread() noexcept {

@@ -27,8 +27,9 @@ TQM_MESH_KERNEL_EXPORT bool dispatchAsync(std::function<void()>&& task, EQuality
 /// Runs a task where its quality of service belongs and waits for its end.
 ///
 /// Runs inline when the calling thread is the right one already (the main thread for MainThreadQoS, a worker
-/// of the dispatcher for the others). The main thread serves its own queue while it waits, so a worker that
-/// in turn waits for the main thread is always served.
+/// of the dispatcher for the others). While the main thread waits, it serves its own queue and Qt's queued
+/// calls to objects of its own, so a worker that in turn waits for the main thread is always served, also one
+/// in a blocking queued call. Input, timers, repaints and deferred deletions wait.
 ///
 /// @return false when the dispatcher refused the task, which then did not run.
 TQM_MESH_KERNEL_EXPORT bool dispatchSync(const std::function<void()>& task, EQualityOfService qos);

@@ -21,6 +21,7 @@ public:
   IDispatcher& operator=(const IDispatcher&) = delete;
 
   /// See Taren::Core::dispatchAsync(). Must accept calls from any thread and must not run the task inline.
+  /// The functions of that name never hand over an empty task.
   virtual bool dispatchAsync(std::function<void()> task, EQualityOfService qos) = 0;
   /// See Taren::Core::dispatchSync(). Must not let what the task throws escape.
   virtual bool dispatchSync(const std::function<void()>& task, EQualityOfService qos) = 0;

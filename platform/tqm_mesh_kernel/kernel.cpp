@@ -40,7 +40,7 @@ void terminate(IService& service) noexcept {
 
 Kernel::Kernel(std::size_t waypointCapacity) : m_waypoints(waypointCapacity) {}
 
-Kernel::~Kernel() { stop(); }
+Kernel::~Kernel() { releaseServices(); }
 
 void Kernel::ProfilerWaypoint(const QString& name) { m_waypoints.record(name); }
 
@@ -83,9 +83,20 @@ ERcmStatus Kernel::start() {
 }
 
 void Kernel::stop() noexcept {
-  while (m_initialised > 0)
-    terminate(*m_services[--m_initialised]);
+  while (m_initialised > 0) {
+    const std::shared_ptr<IService> service = m_services[--m_initialised];
+    terminate(*service);
+  }
   m_started = false;
+}
+
+void Kernel::releaseServices() noexcept {
+  stop();
+  while (!m_services.empty()) {
+    // Out of the list first: while it dies it may look for other services.
+    const std::shared_ptr<IService> service = std::move(m_services.back());
+    m_services.pop_back();
+  }
 }
 
 std::shared_ptr<IService> Kernel::service(const QString& name) const {

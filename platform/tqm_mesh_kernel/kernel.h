@@ -27,7 +27,7 @@ namespace Taren::Core {
 class TQM_MESH_KERNEL_EXPORT Kernel {
 public:
   explicit Kernel(std::size_t waypointCapacity = WaypointRing::defaultCapacity);
-  /// Stops what still runs.
+  /// Stops what still runs and lets the services go, see releaseServices().
   ~Kernel();
   Kernel(const Kernel&) = delete;
   Kernel& operator=(const Kernel&) = delete;
@@ -48,6 +48,8 @@ public:
   ERcmStatus start();
   /// Terminates the services in reverse order of registration, all of them, whatever one of them throws.
   void stop() noexcept;
+  /// Stops, then lets go of every service, the one registered last first. Services may be registered anew.
+  void releaseServices() noexcept;
   bool isStarted() const noexcept { return m_started; }
   /// The first service of that name, or null.
   std::shared_ptr<IService> service(const QString& name) const;

@@ -5,6 +5,7 @@
 #include <QEvent>
 #include <QLoggingCategory>
 
+#include <chrono>
 #include <exception>
 
 namespace Taren::Core {
@@ -12,6 +13,12 @@ namespace Taren::Core {
 namespace {
 
 Q_LOGGING_CATEGORY(dispatcherLog, "taren.dispatcher")
+
+// How long a queued call of Qt waits at most for a main thread that waits itself. Nothing wakes us for such a
+// call alone: Qt's own way to wait for it would deliver input, timers and deferred deletions as well.
+constexpr std::chrono::milliseconds queuedCallsInterval{1};
+
+void serveQueuedCalls() { QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall); }
 
 class Receiver : public QObject {
 public:
@@ -93,9 +100,10 @@ void MainThreadQueue::serve() {
 void MainThreadQueue::serveUntil(const std::function<bool()>& done) {
   while (!done()) {
     serve();
+    runGuarded(serveQueuedCalls);
     std::unique_lock lock(m_mutex);
     m_mainThreadWaits = true;
-    m_changed.wait(lock, [&] { return !m_queued.empty() || done(); });
+    m_changed.wait_for(lock, queuedCallsInterval, [&] { return !m_queued.empty() || done(); });
     m_mainThreadWaits = false;
   }
 }

@@ -33,7 +33,8 @@ public:
   void attachToEventLoop();
   /// Runs the tasks queued so far; also from inside a task that turns an event loop of its own.
   void serve();
-  /// Serves the queue until @p done answers true; wake() makes it look again.
+  /// Serves the queue, and Qt's queued calls to objects of the main thread, until @p done answers true;
+  /// wake() makes it look again.
   void serveUntil(const std::function<bool()>& done);
   /// Any thread.
   void wake();

@@ -48,7 +48,7 @@ void ApplicationService::releaseWithApplication() {
 // Services and managers own widgets and settings, which must not outlive the application object.
 void ApplicationService::release() {
   ApplicationService& service = GetInstance();
-  service.m_kernel.stop();
+  service.m_kernel.releaseServices();
   service.m_appManager.reset();
   service.m_configManager.reset();
   service.m_shutdownDelegates.clear();

@@ -19,8 +19,8 @@ class ShutdownProtocol;
 /// The one place where the parts of a program find what they share: the kernel, the application manager, the
 /// settings, the shutdown delegates and the switch for changing workspaces.
 ///
-/// For the main thread, except that the kernel's waypoints may be recorded from any thread. What it holds is
-/// let go when the application object ends.
+/// For the main thread, except that the kernel's waypoints may be recorded from any thread. What it holds,
+/// the kernel's services included, is let go when the application object ends.
 ///
 /// @code
 /// auto& service = ApplicationService::GetInstance();

@@ -109,19 +109,13 @@ private Q_SLOTS:
     QCOMPARE(styles.MenuMain(), lightMenu);
   }
 
-  void suitablePaletteSeesTheDesktop() {
-    for (const auto palette : {Light, Dark}) {
-      Styles::Instance().setPalette(palette);
-      QCOMPARE(Styles::suitablePalette(Styles::Instance().widgetPalette()), palette);
-    }
-  }
-
   void textIsReadable_data() { paletteRows(); }
 
   void textIsReadable() {
     QFETCH(EPalette, palette);
     auto& styles = Styles::Instance();
     styles.setPalette(palette);
+    QCOMPARE(Styles::suitablePalette(styles.widgetPalette()), palette);
     for (const QColor& text : {styles.ColorText(), styles.ColorTextTitle(), styles.ColorTextLabel(),
                                styles.ColorTextError(), styles.widgetPalette().color(QPalette::Link)})
       for (const QColor& back : {styles.ColorWindowBack(), styles.widgetPalette().color(QPalette::Base)})
@@ -220,27 +214,6 @@ private Q_SLOTS:
     const QString dark = readAll(QStringLiteral(":/qss/libuitoolkit_dark.css"));
     const QRegularExpression colorValue(QStringLiteral("(rgb\\([^)]*\\)|white)"));
     QCOMPARE(QString(dark).remove(colorValue), QString(light).remove(colorValue));
-
-    QWidget panel;
-    panel.setObjectName(QStringLiteral("PrintMaterialInfoPanel"));
-    panel.setStyleSheet(light);
-    const auto label = [&panel](const char* name) {
-      auto* made = new QLabel(QStringLiteral("text"), &panel);
-      made->setObjectName(QLatin1String(name));
-      made->ensurePolished();
-      return std::pair(made->font().pixelSize(), made->palette().color(QPalette::WindowText));
-    };
-    QCOMPARE(label("title_label"), std::pair(18, QColor(64, 64, 64)));
-    QCOMPARE(label("support_volume_label"), std::pair(12, QColor(96, 96, 96)));
-    QCOMPARE(label("support_volume_value_label"), std::pair(12, QColor(64, 64, 64)));
-  }
-
-  void fontsAreSizedInPixels() {
-    const auto& styles = Styles::Instance();
-    QCOMPARE(styles.FontTitle().pixelSize(), 18);
-    QCOMPARE(styles.FontLabel().pixelSize(), 12);
-    QCOMPARE(styles.FontLabel().family(), QStringLiteral("Arial"));
-    QVERIFY(!styles.FontLabel().bold() && styles.FontLabelBold().bold());
   }
 
   void iconsAreDrawnInThePalette() {
@@ -308,8 +281,6 @@ private Q_SLOTS:
         QCOMPARE(shown.deviceIndependentSize(), QSizeF(single.size()));
       }
     }
-    QVERIFY(QImage(folder + QLatin1String("sys_hseparator.png")).width() <
-            QImage(folder + QLatin1String("sys_hseparator.png")).height());
     QCOMPARE(Icons::pathForRatio(folder + QLatin1String("menu.svg"), 2.0),
              folder + QLatin1String("menu.svg"));
     QCOMPARE(Icons::pathForRatio(QStringLiteral("../a.b/c"), 2.0), QStringLiteral("../a.b/c"));
@@ -319,14 +290,10 @@ private Q_SLOTS:
     const QString path = QStringLiteral(":/resources/images/sys_loader-16x16.gif");
     for (const qreal ratio : {1.0, 2.0}) {
       QMovie movie(Icons::pathForRatio(path, ratio));
-      QVERIFY(movie.isValid());
-      QCOMPARE(movie.frameCount(), 8);
+      QVERIFY(movie.isValid() && movie.frameCount() > 1);
       QCOMPARE(movie.loopCount(), -1);
-      QVERIFY(movie.jumpToFrame(0));
-      QCOMPARE(movie.currentImage().size(), QSize(16, 16) * ratio);
-      const QImage first = movie.currentImage();
       QVERIFY(movie.jumpToNextFrame() && movie.nextFrameDelay() > 0);
-      QVERIFY(movie.currentImage() != first);
+      QCOMPARE(movie.currentImage().size(), QSize(16, 16) * ratio);
     }
   }
 

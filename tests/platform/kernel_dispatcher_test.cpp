@@ -4,7 +4,10 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QPointer>
+#include <QSignalSpy>
 #include <QThread>
+#include <QTimer>
 
 #include <oneapi/tbb/parallel_for.h>
 
@@ -247,6 +250,29 @@ private Q_SLOTS:
     };
     QVERIFY(dispatchSync([&] { QVERIFY(dispatchSync(onMain, MainThreadQoS)); }, LowQoS));
     QCOMPARE(order.join(QStringLiteral(", ")), QStringLiteral("waited before, main, worker again"));
+  }
+
+  void theWaitingMainThreadServesQueuedCallsAndNothingElseOfQt() {
+    QPointer<QObject> deleted = new QObject;
+    deleted->deleteLater();
+    QTimer timer;
+    QSignalSpy timeouts(&timer, &QTimer::timeout);
+    timer.start(0);
+    EventCounter others(QEvent::Type(QEvent::User + 1));
+    QCoreApplication::postEvent(this, new QEvent(QEvent::Type(QEvent::User + 1)));
+    QTest::ignoreMessage(QtWarningMsg, "A dispatched task failed: no answer");
+    int answered = 0;
+    const auto call = [&] {
+      QMetaObject::invokeMethod(
+          qApp, [] { throw std::runtime_error("no answer"); }, Qt::QueuedConnection);
+      for (int i = 0; i < 3; ++i)
+        QMetaObject::invokeMethod(
+            qApp, [&] { ++answered; }, Qt::BlockingQueuedConnection);
+    };
+    QVERIFY(dispatchSync(call, NormalQoS));
+    QCOMPARE(answered, 3);
+    QVERIFY(deleted && timeouts.isEmpty() && others.count() == 0);
+    QTRY_VERIFY(!deleted && !timeouts.isEmpty() && others.count() == 1);
   }
 
   void workerTasksMayWaitForOneAnother_data() {

@@ -54,12 +54,20 @@ private:
 class ClosingService : public IService {
 public:
   explicit ClosingService(QString& notes) : m_notes(notes) {}
+  ~ClosingService() override {
+    m_notes += QCoreApplication::instance() ? QStringLiteral(", service gone") : QStringLiteral(", too late");
+  }
 
   ERcmStatus Initialize() override { return RcmSuccess; }
   void Terminate() override {
     m_notes += QStringLiteral("ended");
-    if (dispatchSync([this] { m_notes += QStringLiteral(", saved"); }, NormalQoS))
-      dispatchAsync([this] { m_notes += QStringLiteral(", told"); }, MainThreadQoS);
+    QString& notes = m_notes;
+    const auto save = [&notes] { // as a worker does that asks an object of the main thread
+      QMetaObject::invokeMethod(
+          qApp, [&notes] { notes += QStringLiteral(", saved"); }, Qt::BlockingQueuedConnection);
+    };
+    if (dispatchSync(save, NormalQoS))
+      dispatchAsync([save] { dispatchAsync(save, NormalQoS); }, MainThreadQoS);
   }
   QString ServiceName() const override { return QStringLiteral("closing"); }
 
@@ -181,16 +189,16 @@ private Q_SLOTS:
   void theApplicationServiceLetsGoBeforeTheDispatcherCloses() {
     auto& service = Vela::Services::ApplicationService::GetInstance();
     QString notes;
-    service.Kernel().registerService(std::make_shared<ClosingService>(notes));
     for (int i = 0; i < 2; ++i) {
       notes.clear();
       {
         const Application application;
         auto& same = Vela::Services::ApplicationService::GetInstance();
+        same.Kernel().registerService(std::make_shared<ClosingService>(notes));
         same.setAppManager(std::make_unique<AppManager>(notes));
         QCOMPARE(same.Kernel().start(), RcmSuccess);
       }
-      QCOMPARE(notes, QStringLiteral("ended, saved, manager gone, told"));
+      QCOMPARE(notes, QStringLiteral("ended, saved, service gone, manager gone, saved"));
       QVERIFY(!service.GetAppManager());
       QVERIFY(!service.Kernel().isStarted());
     }

@@ -95,14 +95,21 @@ private Q_SLOTS:
     QVERIFY(!kernel.isStarted());
   }
 
-  void theKernelEndsWhatStillRuns() {
+  void theKernelEndsWhatStillRunsAndLetsGoLastFirst() {
     QStringList notes;
     {
       Kernel kernel;
-      kernel.registerService(std::make_shared<NotingService>(QStringLiteral("a"), notes));
+      for (const char* const name : {"a", "b"}) {
+        const auto noteEnd = [&notes, name](NotingService* service) {
+          delete service;
+          notes << QLatin1String(name);
+        };
+        kernel.registerService(
+            std::shared_ptr<NotingService>(new NotingService(QLatin1String(name), notes), noteEnd));
+      }
       QCOMPARE(kernel.start(), RcmSuccess);
     }
-    QCOMPARE(notes, QStringList({QStringLiteral("+a"), QStringLiteral("-a")}));
+    QCOMPARE(notes.join(QLatin1Char(' ')), QStringLiteral("+a +b -b -a b a"));
   }
 
   void aServiceMayStopTheKernelThatStartsIt() {

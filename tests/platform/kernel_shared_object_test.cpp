@@ -83,6 +83,8 @@ private Q_SLOTS:
 
   void adoptingTwiceJoins() {
     QVERIFY(!adoptShared(static_cast<Shape*>(nullptr)));
+    const TexturedMesh onTheStack;
+    QVERIFY(!onTheStack.isShared());
     auto* const plain = new TexturedMesh;
     QVERIFY(!plain->isShared());
     QVERIFY(!plain->canLockSelf());
@@ -90,20 +92,6 @@ private Q_SLOTS:
     const auto second = adoptShared(plain);
     QVERIFY(haveOneOwner(first, second));
     QVERIFY(plain->canLockSelf());
-  }
-
-  void anObjectOnTheStackNeedsNoOwner() {
-    const TexturedMesh mesh;
-    QVERIFY(!mesh.isShared());
-  }
-
-  void copiesAreObjectsOfTheirOwn() {
-    const auto mesh = createShared<TexturedMesh>();
-    TexturedMesh copy(*mesh);
-    QVERIFY(!copy.isShared());
-    *mesh = copy;
-    QVERIFY(mesh->isShared());
-    QVERIFY(haveOneOwner(adoptShared(mesh.get()), mesh));
   }
 
   void aDyingObjectCannotBeAdopted_data() {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <support/test_case.h>
+#include <tqm_mesh_kernel/dispatch.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 
 #include <stdexcept>
@@ -35,26 +36,19 @@ private Q_SLOTS:
     QVERIFY(!dispatcher.step());
   }
 
-  void runAllRunsWhatTasksHandOver() {
+  void runAllRunsWhatTasksHandOverAndSyncRunsAtOnce() {
     SteppedDispatcher dispatcher;
     const ScopedDispatcher installed(dispatcher);
-    dispatchAsync(
-        [this] {
-          add("nested", LowQoS);
-          throw std::runtime_error("late");
-        },
-        MainThreadQoS);
+    const auto fails = [this] {
+      add("nested", LowQoS);
+      throw std::runtime_error("late");
+    };
+    dispatchAsync(fails, MainThreadQoS);
+    dispatchAsync(nullptr, MainThreadQoS); // does nothing
+    QVERIFY(dispatchSync([this] { m_order += QStringLiteral("now "); }, NormalQoS));
     QTest::ignoreMessage(QtWarningMsg, "A dispatched task failed: late");
     dispatcher.runAll();
-    QCOMPARE(m_order, QStringLiteral("nested"));
-  }
-
-  void syncRunsAtOnce() {
-    SteppedDispatcher dispatcher;
-    const ScopedDispatcher installed(dispatcher);
-    add("later", NormalQoS);
-    QVERIFY(dispatchSync([this] { m_order += QStringLiteral("now"); }, NormalQoS));
-    QCOMPARE(m_order, QStringLiteral("now"));
+    QCOMPARE(m_order, QStringLiteral("now nested"));
   }
 
   void refusesOnDemand() {

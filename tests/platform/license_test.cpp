@@ -120,23 +120,21 @@ QString errorText(const QDialog* dialog) {
 
 } // namespace
 
+Q_DECLARE_METATYPE(QList<User::Step>)
+
 class LicenseTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void cleanup() { LicenseService::Instance().setProvider(nullptr); }
-
-  void isLicensedByDefault() {
-    const auto& service = LicenseService::Instance();
-    QVERIFY(service.isLicensed() && service.isUsable() && !service.isTrial());
-    const User user({});
-    QVERIFY(LicenseService::Instance().confirmPaidFeature(nullptr, QStringLiteral("Export")));
-    QVERIFY(user.isDone());
+  void cleanup() {
+    LicenseService::Instance().setProvider(nullptr);
+    m_window.reset();
   }
 
   void stateChangesAreAnnouncedOnce() {
     auto& service = LicenseService::Instance();
     QSignalSpy changed(&service, &LicenseService::stateChanged);
+    QVERIFY(service.isLicensed() && service.isUsable() && !service.isTrial()); // without a provider
     installProvider(TrialLicense);
     QCOMPARE(changed.count(), 1);
     QVERIFY(service.isTrial() && service.isUsable() && !service.isLicensed());
@@ -171,91 +169,59 @@ private Q_SLOTS:
     QVERIFY(service.isLicensed());
   }
 
-  void trialAsksWhetherToUseTheFeature_data() {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<bool>("answer");
-    QTest::newRow("yes is the default") << int(Qt::Key_Return) << true;
-    QTest::newRow("Y") << int(Qt::Key_Y) << true;
-    QTest::newRow("N") << int(Qt::Key_N) << false;
-    QTest::newRow("dismissed") << int(Qt::Key_Escape) << false;
-  }
-
-  void trialAsksWhetherToUseTheFeature() {
-    QFETCH(int, key);
-    installProvider(TrialLicense);
-    QString title;
-    QString text;
-    const User user({[&](QDialog* box) {
-      title = box->windowTitle();
-      text = qobject_cast<QMessageBox*>(box)->text();
-      const bool isLetter = key == Qt::Key_Y || key == Qt::Key_N;
-      press(box, static_cast<Qt::Key>(key), isLetter ? Qt::AltModifier : Qt::NoModifier);
-    }});
-    QTEST(LicenseService::Instance().confirmPaidFeature(nullptr, QStringLiteral("&Cut && Fill")), "answer");
-    QVERIFY(user.isDone());
-    QCOMPARE(title, QStringLiteral("Paid Feature"));
-    QVERIFY2(text.contains(QLatin1String("Cut & Fill")), qPrintable(text));
-  }
-
-  void withoutLicenceTheDialogDecides_data() {
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<bool>("answer");
-    QTest::newRow("good key") << QStringLiteral("GOOD-KEY") << true;
-    QTest::newRow("bad key") << QStringLiteral("BAD-KEY") << false;
-    QTest::newRow("no key") << QString() << false;
-  }
-
-  void withoutLicenceTheDialogDecides() {
-    QFETCH(QString, key);
-    QFETCH(bool, answer);
-    installProvider(NoLicense);
-    QWidget window;
-    window.show();
-    QString error;
-    const User user({[](QDialog* box) {
-                       QCOMPARE(box->windowTitle(), QStringLiteral("Paid Feature"));
-                       press(box, Qt::Key_Return);
-                     },
-                     [&](QDialog* dialog) {
-                       QVERIFY(dialog->isModal());
-                       type(dialog, key);
-                       if (!key.isEmpty())
-                         press(dialog, Qt::Key_Return);
-                       error = errorText(dialog);
-                       QCOMPARE(LicenseService::Instance().isLicensed(), answer);
-                       press(dialog, Qt::Key_Escape);
-                     }});
-    QCOMPARE(LicenseService::Instance().confirmPaidFeature(&window, QStringLiteral("Export")), answer);
-    QVERIFY(user.isDone());
-    QCOMPARE(error == QLatin1String("No such key."), key == QLatin1String("BAD-KEY"));
-  }
-
-  void declinedActivationShowsNoDialog() {
-    installProvider(NoLicense);
-    for (const auto& decline :
-         {User::Step([](QDialog* box) { press(box, Qt::Key_Escape); }), User::Step([](QDialog* box) {
-            click(box, qobject_cast<QMessageBox*>(box)->button(QMessageBox::Cancel));
-          })}) {
-      const User user({decline});
-      QVERIFY(!LicenseService::Instance().confirmPaidFeature(nullptr, QStringLiteral("Export")));
-      QVERIFY(user.isDone());
-    }
-  }
-
-  void boxClosedWithItsWindowIsANo_data() {
+  void theQuestionBeforeAPaidFeature_data() {
     QTest::addColumn<int>("state");
-    QTest::newRow("trial") << int(TrialLicense);
-    QTest::newRow("no licence") << int(NoLicense);
+    QTest::addColumn<QList<User::Step>>("steps");
+    QTest::addColumn<bool>("answer");
+    const auto row = [](const char* name, ELicenseState state, const QList<User::Step>& steps, bool answer) {
+      QTest::newRow(name) << int(state) << steps << answer;
+    };
+    const auto box = [](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+      return [=](QDialog* dialog) {
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("Paid Feature"));
+        QVERIFY(qobject_cast<QMessageBox*>(dialog)->text().contains(QLatin1String("Cut & Fill")));
+        press(dialog, key, modifiers);
+      };
+    };
+    const auto licenceDialog = [](const char* key, const char* error) {
+      return [=](QDialog* dialog) {
+        QVERIFY(dialog->isModal());
+        type(dialog, QLatin1String(key));
+        if (*key)
+          press(dialog, Qt::Key_Return);
+        if (*error)
+          QCOMPARE(errorText(dialog), QLatin1String(error));
+        press(dialog, Qt::Key_Escape);
+      };
+    };
+    const auto closeWindow = [this](QDialog*) { m_window.reset(); };
+    const auto cancel = [](QDialog* dialog) {
+      click(dialog, qobject_cast<QMessageBox*>(dialog)->button(QMessageBox::Cancel));
+    };
+    row("trial, yes is the default", TrialLicense, {box(Qt::Key_Return)}, true);
+    row("trial, Y", TrialLicense, {box(Qt::Key_Y, Qt::AltModifier)}, true);
+    row("trial, N", TrialLicense, {box(Qt::Key_N, Qt::AltModifier)}, false);
+    row("trial, dismissed", TrialLicense, {box(Qt::Key_Escape)}, false);
+    row("trial, closed with its window", TrialLicense, {closeWindow}, false);
+    row("none, dismissed", NoLicense, {box(Qt::Key_Escape)}, false);
+    row("none, cancelled", NoLicense, {cancel}, false);
+    row("none, closed with its window", NoLicense, {closeWindow}, false);
+    row("none, good key", NoLicense, {box(Qt::Key_Return), licenceDialog("GOOD-KEY", "")}, true);
+    row("none, bad key", NoLicense, {box(Qt::Key_Return), licenceDialog("BAD-KEY", "No such key.")}, false);
+    row("none, no key", NoLicense, {box(Qt::Key_Return), licenceDialog("", "")}, false);
+    row("full", FullLicense, {}, true);
   }
-
-  void boxClosedWithItsWindowIsANo() {
+  void theQuestionBeforeAPaidFeature() {
     QFETCH(int, state);
+    QFETCH(QList<User::Step>, steps);
+    QFETCH(bool, answer);
     installProvider(static_cast<ELicenseState>(state));
-    auto window = std::make_unique<QWidget>();
-    window->show();
-    const User user({[&window](QDialog* /*box*/) { window.reset(); }});
-    QVERIFY(!LicenseService::Instance().confirmPaidFeature(window.get(), QStringLiteral("Export")));
-    QVERIFY(user.isDone() && window == nullptr);
+    m_window = std::make_unique<QWidget>();
+    m_window->show();
+    const User user(steps);
+    auto& service = LicenseService::Instance();
+    QCOMPARE(service.confirmPaidFeature(m_window.get(), QStringLiteral("&Cut && Fill")), answer);
+    QVERIFY(user.isDone());
   }
 
   void dialogIsOperatedByKeyboard() {
@@ -320,9 +286,11 @@ private Q_SLOTS:
     QVERIFY(user.isDone());
   }
 
-  void badgeCoversCornerAndTooltip() {
+  void aBadgeCoversCornerAndTooltipUntilItIsRemoved() {
+    QAction action;
+    action.setToolTip(QStringLiteral("Before"));
     QToolButton button;
-    button.setToolTip(QStringLiteral("Own"));
+    button.setDefaultAction(&action);
     button.resize(50, 50);
     button.show();
     QPointer<QLabel> badge = attachLockBadge(&button, QLatin1String(LOCK), {3, 4}, QStringLiteral("Locked"));
@@ -331,41 +299,21 @@ private Q_SLOTS:
     QVERIFY(badge->isVisible());
     QCOMPARE(badge->pixmap().devicePixelRatio(), button.devicePixelRatio());
     QCOMPARE(badge->pixmap().deviceIndependentSize(), QSizeF(16, 16));
-    QCOMPARE(button.toolTip(), QStringLiteral("Locked"));
-
     QSignalSpy clicked(&button, &QToolButton::clicked);
     QTest::mouseClick(button.windowHandle(), Qt::LeftButton, {}, badge->geometry().center());
     QCOMPARE(clicked.count(), 1);
 
-    removeLockBadge(&button);
-    QVERIFY(badge.isNull());
-    QCOMPARE(button.toolTip(), QStringLiteral("Own"));
-    removeLockBadge(&button);
-    QCOMPARE(button.toolTip(), QStringLiteral("Own"));
-  }
-
-  void attachingTwiceKeepsOneBadge() {
-    QToolButton button;
-    button.setToolTip(QStringLiteral("Own"));
-    QLabel* const first = attachLockBadge(&button, QLatin1String(LOCK), {0, 0}, QStringLiteral("Locked"));
-    QCOMPARE(attachLockBadge(&button, QLatin1String(LOCK), {8, 8}, QStringLiteral("Still locked")), first);
-    QCOMPARE(button.findChildren<QLabel*>().size(), 1);
-    QCOMPARE(first->pos(), QPoint(8, 8));
-    QCOMPARE(button.toolTip(), QStringLiteral("Still locked"));
-    removeLockBadge(&button);
-    QCOMPARE(button.toolTip(), QStringLiteral("Own"));
-  }
-
-  void tooltipSetMeanwhileIsKeptForLater() {
-    QAction action;
-    action.setToolTip(QStringLiteral("Before"));
-    QToolButton button;
-    button.setDefaultAction(&action);
-    attachLockBadge(&button, QLatin1String(LOCK), {}, QStringLiteral("Locked"));
     action.setToolTip(QStringLiteral("After"));
     QCOMPARE(button.toolTip(), QStringLiteral("Locked"));
+    QCOMPARE(attachLockBadge(&button, QLatin1String(LOCK), {8, 8}, QStringLiteral("Still locked")), badge);
+    QCOMPARE(button.findChildren<QLabel*>().size(), 1);
+    QCOMPARE(badge->pos(), QPoint(8, 8));
+    QCOMPARE(button.toolTip(), QStringLiteral("Still locked"));
+
     removeLockBadge(&button);
+    QVERIFY(badge.isNull());
     QCOMPARE(button.toolTip(), QStringLiteral("After"));
+    removeLockBadge(&button);
     button.setToolTip(QStringLiteral("Free again"));
     QCOMPARE(button.toolTip(), QStringLiteral("Free again"));
   }
@@ -382,6 +330,9 @@ private Q_SLOTS:
     QVERIFY(badge.isNull());
     settle();
   }
+
+private:
+  std::unique_ptr<QWidget> m_window;
 };
 
 VELA_TEST_MAIN(LicenseTest)
