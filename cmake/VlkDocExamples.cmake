@@ -1,0 +1,105 @@
+# vlk_doc_examples(<target> <page.md>...)
+# An object library of the C++ examples of pages, one source file for each page, compiled together. Each "cpp" block is
+# compiled in a namespace of its own, as it stands, its include lines first. An example that is part of something has a
+# comment before it that no reader of the page sees, with the rest; the example stands where the line with the dots is:
+#
+#   <!-- compiled as
+#   void example(Mesh* mesh) {
+#   …
+#   }
+#   -->
+#
+# Compiler messages name the line of the page. Nothing is linked or run, and no meta-objects are made.
+function(vlk_doc_examples target)
+  set(sources)
+  foreach(page IN LISTS ARGN)
+    get_filename_component(name ${page} NAME_WE)
+    set(source ${CMAKE_CURRENT_BINARY_DIR}/${target}/${name}.cpp)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${page})
+    vlk_doc_examples_of_page(${page} ${name} code)
+    if(code STREQUAL "")
+      continue()
+    endif()
+    file(CONFIGURE OUTPUT ${source} CONTENT "@code@" @ONLY)
+    list(APPEND sources ${source})
+  endforeach()
+  add_library(${target} OBJECT ${sources})
+  set_target_properties(${target} PROPERTIES AUTOMOC OFF UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+  if(NOT MSVC)
+    # Examples name things only to show how they come about.
+    target_compile_options(${target} PRIVATE -O0 -g0 -Wall -Wextra -Wno-unused)
+  endif()
+  if(VLK_WARNINGS_AS_ERRORS)
+    set_target_properties(${target} PROPERTIES COMPILE_WARNING_AS_ERROR ON)
+  endif()
+endfunction()
+
+# The examples of a page as C++, empty when it has none.
+function(vlk_doc_examples_of_page page name result)
+  file(READ ${page} rest)
+  string(PREPEND rest "\n") # so that a block may begin the page; line numbers count from it
+  set(includes)
+  set(code "")
+  set(line 0)
+  set(number 0)
+  while(TRUE)
+    string(FIND "${rest}" "\n```cpp\n" begin)
+    if(begin EQUAL -1)
+      break()
+    endif()
+    string(SUBSTRING "${rest}" 0 ${begin} before)
+    math(EXPR begin "${begin} + 8")
+    string(SUBSTRING "${rest}" ${begin} -1 rest)
+    string(FIND "${rest}" "\n```\n" end)
+    string(SUBSTRING "${rest}" 0 ${end} block)
+    string(SUBSTRING "${rest}" ${end} -1 rest)
+
+    vlk_count_lines("${before}" lines)
+    math(EXPR line "${line} + ${lines} + 2")
+    math(EXPR number "${number} + 1")
+    vlk_doc_example_around("${before}" around)
+    string(REGEX MATCHALL "#include <[^>]+>" included "${around}\n${block}")
+    list(APPEND includes ${included})
+    string(REGEX REPLACE "#include [^\n]*" "" around "${around}")
+    string(REGEX REPLACE "#include [^\n]*" "" code_of_block "${block}")
+    string(REPLACE "\n…\n" "\n#line ${line} \"${page}\"\n${code_of_block}\n" example "${around}")
+    if(example STREQUAL around)
+      message(FATAL_ERROR "${page}:${line}: the comment before this example has no line with the dots")
+    endif()
+    string(APPEND code "namespace ${name}_${number} {\n${example}\n} // namespace ${name}_${number}\n")
+
+    vlk_count_lines("${block}" lines)
+    math(EXPR line "${line} + ${lines}")
+  endwhile()
+  list(REMOVE_DUPLICATES includes)
+  list(JOIN includes "\n" includes)
+  if(NOT number EQUAL 0)
+    set(code "${includes}\n${code}")
+  endif()
+  set(${result} "${code}" PARENT_SCOPE)
+endfunction()
+
+# What the last comment of the text says an example is compiled as, if nothing but empty lines follow the comment.
+function(vlk_doc_example_around text result)
+  set(around "\n…\n")
+  string(FIND "${text}" "\n<!-- compiled as\n" begin REVERSE)
+  if(NOT begin EQUAL -1)
+    math(EXPR begin "${begin} + 17")
+    string(SUBSTRING "${text}" ${begin} -1 comment)
+    string(FIND "${comment}" "\n-->" end)
+    math(EXPR after "${end} + 4")
+    string(SUBSTRING "${comment}" ${after} -1 after)
+    string(STRIP "${after}" after)
+    if(after STREQUAL "")
+      string(SUBSTRING "${comment}" 0 ${end} comment)
+      set(around "\n${comment}\n")
+    endif()
+  endif()
+  set(${result} "${around}" PARENT_SCOPE)
+endfunction()
+
+function(vlk_count_lines text result)
+  string(REGEX REPLACE "[^\n]" "" breaks "${text}")
+  string(LENGTH "${breaks}" count)
+  set(${result} ${count} PARENT_SCOPE)
+endfunction()
