@@ -87,6 +87,7 @@ struct Screen {
     const QWidget* const popup = QApplication::activePopupWidget();
     QTest::keyClick(popup ? popup->windowHandle() : window.windowHandle(), key, modifiers);
   }
+  void alt(Qt::Key letter) { key(letter, Qt::AltModifier); }
   QPoint center(const char* name) const { return item(name)->mapTo(&window, item(name)->rect().center()); }
 
   Receiver receiver;
@@ -103,30 +104,131 @@ class MenuBuilderTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void theBarIsARowOfButtonsThatTakesTheMouse() {
-    Screen screen;
-    QWidget* const bar = screen.builder->MenuBar();
-    QCOMPARE(screen.window.menuWidget(), bar);
-    QCOMPARE(bar->objectName(), id("bar"));
-    QCOMPARE(bar->palette().color(QPalette::Window), QColor(255, 255, 255, 1));
-    QVERIFY(bar->autoFillBackground() && bar->sizePolicy().hasHeightForWidth());
-    QCOMPARE(bar->layout()->objectName(), id("layout"));
-    QCOMPARE(screen.item("file")->minimumWidth(), 50);
-    QCOMPARE(screen.item("file")->maximumWidth(), QWIDGETSIZE_MAX);
-    Builder icons(id("icons"), nullptr, nullptr, Qt::ToolButtonIconOnly);
-    icons.AddMenuBarItem(id("a"), QIcon());
-    const auto button = icons.GetMenuBarItem(id("a"));
-    QCOMPARE(button->minimumSize(), button->iconSize() + QSize(4, 4));
-    QCOMPARE(button->maximumSize(), button->minimumSize());
-  }
-
   void whatComesAfterASpaceWithoutAWidthStandsAtTheFarEnd() {
     Screen screen;
     QVERIFY(screen.isReady());
+    QVERIFY(screen.window.menuWidget() == screen.builder->MenuBar());
     QVERIFY(screen.builder->AddSeparator(false, -1));
     screen.builder->AddMenuBarItem(id("end"), QIcon(), id("End"));
     QTRY_COMPARE(screen.item("end")->geometry().right(), screen.builder->MenuBar()->rect().right());
     QCOMPARE(screen.item("help")->width(), 50);
+  }
+
+  void aNarrowBarHasTheRestInAMenu_data() {
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::newRow("left to right") << Qt::LeftToRight;
+    QTest::newRow("right to left") << Qt::RightToLeft;
+  }
+  void aNarrowBarHasTheRestInAMenu() {
+    QFETCH(Qt::LayoutDirection, direction);
+    Screen screen;
+    screen.window.setLayoutDirection(direction);
+    QVERIFY(screen.isReady());
+    const QWidget* const bar = screen.builder->MenuBar();
+    auto* const more = bar->findChild<QToolButton*>(id("overflow"));
+    QVERIFY(!more->isVisible());
+    screen.window.resize(100, 200);
+    QTRY_VERIFY(more->isVisible());
+    QVERIFY(bar->rect().contains(more->geometry()) && bar->rect().contains(screen.item("file")->geometry()));
+    QVERIFY(!bar->rect().intersects(screen.item("edit")->geometry()));
+    screen.key(Qt::Key_F10);
+    screen.key(Qt::Key_End);
+    QVERIFY(more->hasFocus());
+    screen.key(Qt::Key_Down);
+    QTest::keyClick(more->menu()->windowHandle(), Qt::Key_H);
+    QCOMPARE(screen.receiver.calls, QStringList{id("open")});
+    screen.alt(Qt::Key_E);
+    QTRY_VERIFY2(more->menu()->isVisible() && screen.menu("edit")->isVisible(), "a mnemonic opens it there");
+    QTest::keyClick(screen.menu("edit")->windowHandle(), Qt::Key_Escape);
+    QTest::keyClick(more->menu()->windowHandle(), Qt::Key_Escape);
+    QVERIFY(screen.builder->CanHide() || more->hasFocus());
+    screen.window.resize(400, 200);
+    QTRY_VERIFY(!more->isVisible());
+    screen.click("edit");
+    QVERIFY(screen.isOnlyOpen("edit"));
+  }
+
+  void shortcutsLiveWhileTheBarIsHidden() {
+    Screen screen;
+    QSignalSpy undone(&screen.undo, &QAction::triggered);
+    screen.undo.setShortcut(Qt::CTRL | Qt::Key_U);
+    AppMenuItemSpecifier about = entry("about", "&About", SLOT(sign()));
+    about.shortcut = Qt::Key_F1;
+    screen.builder->AddMenuBarItem(QSharedPointer<AppMenuItemSpecifier>::create(about));
+    QCOMPARE(screen.item("about")->toolTip(), id("About (F1)"));
+    QAction* const late = screen.menu("recent")->addAction(id("Two"), QKeySequence(Qt::CTRL | Qt::Key_2));
+    QSignalSpy recent(late, &QAction::triggered);
+    QVERIFY(screen.isReady());
+    for (const bool hidden : {false, true}) {
+      if (hidden)
+        screen.builder->HideMe();
+      settle();
+      screen.key(Qt::Key_U, Qt::ControlModifier);
+      screen.key(Qt::Key_2, Qt::ControlModifier);
+      screen.key(Qt::Key_F1);
+    }
+    QCOMPARE(undone.count(), 2);
+    QCOMPARE(recent.count(), 2);
+    QCOMPARE(screen.receiver.calls.count(id("sign")), 2);
+    screen.builder->SetButtonEnabled(id("edit"), false);
+    screen.menu("recent")->setEnabled(false);
+    settle();
+    screen.key(Qt::Key_U, Qt::ControlModifier);
+    screen.key(Qt::Key_2, Qt::ControlModifier);
+    QVERIFY2(undone.count() == 2 && recent.count() == 2, "those of disabled items and menus do not");
+  }
+
+  void takingOverAMenuBarKeepsEveryAction() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    auto* const own = new QMenuBar(&screen.window);
+    QAction* const zoom = own->addMenu(id("&View"))->addAction(id("Zoom"));
+    QAction* const turn = own->addMenu(id("&View"))->addAction(id("Turn"));
+    own->addSeparator();
+    QAction* const info = own->addAction(id("&Info"));
+    screen.window.setMenuBar(own);
+    screen.builder->AppendMenuBarItems(own);
+    screen.builder->AppendMenuBarItems(own);
+    screen.window.setMenuWidget(screen.builder->MenuBar()); // the window deletes its menu bar
+    settle();
+    screen.builder->MenuBar()->show();
+    QVERIFY(screen.builder->GetMenu(id("View"))->actions().contains(zoom));
+    QVERIFY(screen.builder->GetMenu(id("View 2"))->actions().contains(turn));
+    QVERIFY(!screen.builder->GetMenuBarItem(id("View 3")));
+    QSignalSpy asked(info, &QAction::triggered);
+    settle();
+    screen.click("Info");
+    QCOMPARE(asked.count(), 1);
+  }
+
+  void aSubMenuDoesNotTakeTheNameOfAnItem() {
+    Screen screen;
+    QMenu* const edit = screen.menu("edit");
+    screen.builder->AddSubMenu(id("file"), entry("edit", "&More"), QVector<QAction*>{});
+    QCOMPARE(screen.menu("edit"), edit);
+  }
+
+  void itemsMayBeAddedWhileOneIsAdded() {
+    Screen screen;
+    class Filter : public QObject {
+    public:
+      bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::EnabledChange && left-- > 0)
+          builder->AddMenuBarItem(QString::number(left), QIcon(), id("More"));
+        return false;
+      }
+      Builder* builder = nullptr;
+      int left = 100;
+    } filter;
+    filter.builder = screen.builder;
+    screen.builder->InstallEventFilter(&filter);
+    AppMenuItemSpecifier off = entry("off", "Off", SLOT(open()));
+    off.enabled = false;
+    for (int i = 0; i < 40; ++i) {
+      off.name = id("off") + QString::number(i);
+      screen.builder->AddMenuBarItem(QSharedPointer<AppMenuItemSpecifier>::create(off));
+      QVERIFY(!screen.builder->GetMenuBarItem(off.name)->isEnabled());
+    }
   }
 
   void theMouseOpensMovesAlongAndCloses() {

@@ -93,8 +93,9 @@ private Q_SLOTS:
 
   void theStyleIsRestoredHoweverTheMenuCloses_data() {
     QTest::addColumn<bool>("unused");
-    for (const char* const way : {"chosen by mouse", "chosen by keyboard", "escape", "click outside",
-                                  "hidden", "stop", "window resized", "timer", "button hidden"})
+    for (const char* const way :
+         {"chosen by mouse", "chosen by keyboard", "escape", "click outside", "hidden", "stop",
+          "window resized", "timer", "button hidden", "button disabled"})
       QTest::newRow(way) << true;
   }
   void theStyleIsRestoredHoweverTheMenuCloses() {
@@ -124,6 +125,8 @@ private Q_SLOTS:
       screen.window.resize(300, 200);
     } else if (way == "button hidden") {
       screen.toolButton->hide();
+    } else if (way == "button disabled") {
+      screen.toolButton->setEnabled(false);
     } else {
       screen.moveOutside();
     }
@@ -132,6 +135,37 @@ private Q_SLOTS:
     QVERIFY(!screen.toolButton->isDown());
     QCOMPARE(screen.toolMenu.isEnabled(), way == "stop");
     QCOMPARE(chosen.count(), way.startsWith("chosen") ? 1 : 0);
+  }
+
+  void aButtonThatIsDressedAnewKeepsItsNewLook() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    for (const bool open : {false, true}) {
+      const QString look = open ? QStringLiteral("color: green") : QStringLiteral("color: blue");
+      if (open)
+        screen.click(screen.toolButton);
+      screen.toolButton->setStyleSheet(look);
+      if (!open)
+        screen.click(screen.toolButton);
+      QVERIFY(screen.toolMenu.isVisible());
+      screen.click(screen.toolButton);
+      QCOMPARE(screen.toolButton->styleSheet(), look);
+    }
+  }
+
+  void aMenuOpenedByTouchStays() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    screen.moveOutside();
+    screen.manager.SetHideInterval(5);
+    QPointingDevice* const device = QTest::createTouchDevice();
+    const QPoint at = screen.toolButton->geometry().center();
+    QTest::touchEvent(screen.window.windowHandle(), device).press(0, at);
+    QTest::touchEvent(screen.window.windowHandle(), device).release(0, at);
+    QTRY_VERIFY(screen.toolMenu.isVisible());
+    QSignalSpy timeouts(screen.manager.findChild<QTimer*>(), &QTimer::timeout);
+    QTRY_VERIFY(timeouts.count() >= 2);
+    QVERIFY(screen.toolMenu.isVisible());
   }
 
   void aMenuStaysWhileThePointerIsInside() {

@@ -39,7 +39,7 @@ void MenuBarKeys::enter(QToolButton* item) {
   if (!m_active)
     m_focusBefore = QApplication::focusWidget();
   m_active = true;
-  item->setFocus(Qt::MenuBarFocusReason);
+  moveTo(item);
 }
 
 void MenuBarKeys::leave() {
@@ -63,6 +63,8 @@ void MenuBarKeys::toggle() {
 }
 
 void MenuBarKeys::moveTo(QToolButton* item) {
+  if (item && m_bar->overflows(item))
+    item = m_bar->overflowButton();
   if (item)
     item->setFocus(Qt::MenuBarFocusReason);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "menu_bar_menus.h"
 
+#include "menu_bar_overflow.h"
 #include "menu_bar_widget.h"
 #include "menu_contents.h"
 
@@ -12,9 +13,11 @@
 
 namespace Vela::UiBase {
 
-MenuBarMenus::MenuBarMenus(MenuBarWidget* bar) : QObject(bar), m_bar(bar) {
+MenuBarMenus::MenuBarMenus(MenuBarWidget* bar)
+    : QObject(bar), m_bar(bar), m_overflow(new MenuBarOverflow(bar, this)) {
   m_closeTimer.setSingleShot(true);
   connect(&m_closeTimer, &QTimer::timeout, this, &MenuBarMenus::closeWhenOutside);
+  link(bar->overflowButton(), m_overflow->menu());
 }
 
 void MenuBarMenus::setCloseDelay(int milliseconds) {
@@ -24,6 +27,8 @@ void MenuBarMenus::setCloseDelay(int milliseconds) {
 }
 
 QMenu* MenuBarMenus::menuOf(const QToolButton* item) const { return m_menus.value(item); }
+
+QMenu* MenuBarMenus::overflowMenu() const { return m_overflow->menu(); }
 
 void MenuBarMenus::link(QToolButton* item, QMenu* menu) {
   const LivePointer<QToolButton> guard = item;
@@ -60,6 +65,14 @@ void MenuBarMenus::link(QToolButton* item, QMenu* menu) {
 }
 
 void MenuBarMenus::open(QToolButton* item, bool byKeyboard) {
+  if (m_bar->overflows(item) && menuOf(item)) {
+    const QPointer<MenuBarMenus> self = this;
+    const LivePointer<QToolButton> guard = item;
+    open(m_bar->overflowButton(), byKeyboard);
+    if (self && guard && m_openItem == m_bar->overflowButton())
+      m_overflow->activate(guard);
+    return;
+  }
   const LivePointer<QMenu> menu = menuOf(item);
   if (!menu || item == m_openItem || !menu->isEnabled() || !item->isEnabled() || !item->isVisible())
     return;
@@ -129,7 +142,7 @@ QPoint MenuBarMenus::positionFor(const QToolButton& item, const QMenu& menu) con
 
 void MenuBarMenus::adopt(QMenu* menu) {
   // The button's own mechanism may show a menu too.
-  const QList<QToolButton*> items = m_bar->items();
+  const QList<QToolButton*> items = m_bar->items() << m_bar->overflowButton();
   for (QToolButton* const item : items) {
     if (!m_openItem && menuOf(item) == menu) {
       m_openItem = item;
@@ -156,7 +169,7 @@ void MenuBarMenus::closeWhenOutside() {
 
 void MenuBarMenus::step(int direction) {
   QToolButton* item = m_openItem;
-  const int count = int(m_bar->items().size());
+  const int count = int(m_bar->items().size()) + 1; // the overflow button
   for (int i = 0; i < count && item; ++i) {
     item = m_bar->neighbour(item, direction);
     if (menuOf(item) && menuOf(item)->isEnabled())

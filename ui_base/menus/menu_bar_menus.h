@@ -15,6 +15,7 @@ class QMouseEvent;
 
 namespace Vela::UiBase {
 
+class MenuBarOverflow;
 class MenuBarWidget;
 
 /// Opens the drop-down menus of a menu bar under their buttons, moves along the bar while one is open, and
@@ -28,10 +29,12 @@ public:
   /// Gives the button this menu in place of another; null takes it away.
   void link(QToolButton* item, QMenu* menu);
   QMenu* menuOf(const QToolButton* item) const;
+  QMenu* overflowMenu() const;
 
   /// The item whose menu is open; null when none is.
   QToolButton* openItem() const { return m_openItem; }
-  /// Opens the menu of an item that can be used, in place of another; otherwise does nothing.
+  /// Opens the menu of an item that can be used, in place of another; otherwise does nothing. That of an item
+  /// the bar has no room for opens beside the menu of the overflow button.
   void open(QToolButton* item, bool byKeyboard);
   /// @param keepsBar whether the keyboard stays in the bar.
   void close(bool keepsBar = false);
@@ -67,6 +70,7 @@ private:
   void closeWhenOutside();
 
   MenuBarWidget* const m_bar;
+  MenuBarOverflow* const m_overflow; // the bar's
   QHash<const QToolButton*, LivePointer<QMenu>> m_menus;
   LivePointer<QToolButton> m_openItem;
   QPoint m_position;

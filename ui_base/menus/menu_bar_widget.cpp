@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "menu_bar_widget.h"
 
+#include "menu_bar_layout.h"
 #include "menu_contents.h"
 
 #include <vlk_common_res/styles.h>
 
 #include <QFrame>
-#include <QHBoxLayout>
 #include <QToolButton>
 
 namespace Vela::UiBase {
@@ -14,7 +14,9 @@ namespace Vela::UiBase {
 using Resource::Styles;
 
 MenuBarWidget::MenuBarWidget(const QString& name, QWidget* parent)
-    : QWidget(parent), m_layout(new QHBoxLayout(this)) {
+    : QWidget(parent),
+      m_overflowButton(new QToolButton(this)),
+      m_layout(new MenuBarLayout(this, m_overflowButton)) {
   setObjectName(name);
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   policy.setHorizontalStretch(0);
@@ -32,6 +34,13 @@ MenuBarWidget::MenuBarWidget(const QString& name, QWidget* parent)
   m_layout->setSpacing(0);
   m_layout->setContentsMargins(0, 0, 0, 0);
   m_layout->addStretch(1);
+  m_overflowButton->setObjectName(QStringLiteral("overflow"));
+  m_overflowButton->setText(QStringLiteral("\u00bb"));
+  m_overflowButton->setToolTip(tr("More of the menu bar"));
+  m_overflowButton->setAccessibleName(m_overflowButton->toolTip());
+  m_overflowButton->setAutoRaise(true);
+  m_overflowButton->setPopupMode(QToolButton::InstantPopup);
+  m_overflowButton->setFocusPolicy(Qt::NoFocus);
 }
 
 MenuBarWidget::~MenuBarWidget() {
@@ -98,8 +107,18 @@ QList<QToolButton*> MenuBarWidget::items() const {
   return result;
 }
 
+bool MenuBarWidget::overflows(const QToolButton* item) const { return m_layout->overflows(item); }
+
+QList<QToolButton*> MenuBarWidget::inSight() const {
+  QList<QToolButton*> result = items();
+  result.removeIf([this](const QToolButton* each) { return overflows(each); });
+  if (!m_overflowButton->isHidden())
+    result += m_overflowButton;
+  return result;
+}
+
 QToolButton* MenuBarWidget::itemAt(const QPoint& global) const {
-  const QList<QToolButton*> all = items();
+  const QList<QToolButton*> all = inSight();
   for (QToolButton* const item : all) {
     if (item->isEnabled() && holdsPoint(*item, global))
       return item;
@@ -108,7 +127,7 @@ QToolButton* MenuBarWidget::itemAt(const QPoint& global) const {
 }
 
 QToolButton* MenuBarWidget::neighbour(QToolButton* item, int step) const {
-  QList<QToolButton*> usable = items();
+  QList<QToolButton*> usable = inSight();
   usable.removeIf(
       [&](QToolButton* each) { return each != item && (each->isHidden() || !each->isEnabled()); });
   if (usable.isEmpty())

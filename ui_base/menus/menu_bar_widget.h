@@ -5,10 +5,11 @@
 #include <QSharedPointer>
 #include <QWidget>
 
-class QHBoxLayout;
 class QToolButton;
 
 namespace Vela::UiBase {
+
+class MenuBarLayout;
 
 /// The row of buttons that MenuBuilder fills. The items belong to whoever shares them: an item that is still
 /// held when the bar goes lives on without a parent.
@@ -30,9 +31,15 @@ public:
 
   /// The items in their order, hidden and disabled ones too.
   QList<QToolButton*> items() const;
-  /// The visible and enabled item at a point given in global coordinates; null when there is none.
+  /// Whether the bar has no room for a visible item, which then stands in the menu of the overflow button.
+  bool overflows(const QToolButton* item) const;
+  /// The button at the end, shown while items have no room. Not one of the items.
+  QToolButton* overflowButton() const { return m_overflowButton; }
+  /// The visible and enabled item at a point given in global coordinates, or the overflow button; null when
+  /// there is none.
   QToolButton* itemAt(const QPoint& global) const;
-  /// The next visible and enabled item, `step` (1 or -1) away from `item`; goes round at the ends.
+  /// The next visible and enabled item or the overflow button, `step` (1 or -1) away from `item`; goes round
+  /// at the ends.
   QToolButton* neighbour(QToolButton* item, int step) const;
 
 Q_SIGNALS:
@@ -42,8 +49,10 @@ Q_SIGNALS:
 private:
   void insertWidget(int index, QWidget* widget);
   void takeRoom(QWidget* widget);
+  QList<QToolButton*> inSight() const;
 
-  QHBoxLayout* const m_layout;
+  QToolButton* const m_overflowButton;
+  MenuBarLayout* const m_layout;
   QList<QWeakPointer<QToolButton>> m_items; // in the order they were made
 };
 

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "menu_builder.h"
 
+#include "menu_bar_keys.h"
+#include "menu_bar_menus.h"
+#include "menu_bar_widget.h"
 #include "menu_builder_p.h"
+#include "menu_contents.h"
 #include "window_class_style_win.h"
 
 #include <ui_base/views/qt_ui_toolkit.h>
@@ -12,6 +16,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace Vela::UiBase {
 
@@ -27,7 +32,12 @@ constexpr int MAX_TEXT_WIDTH = std::numeric_limits<int>::max();
 
 MenuBuilder::MenuBuilder(const QString& name, QMainWindow* mainWindow, QWidget* parent,
                          Qt::ToolButtonStyle style, bool visible, const QString& title)
-    : QObject(parent), d(std::make_unique<MenuBuilderPrivate>(this)) {
+    : MenuBuilder(*new MenuBuilderPrivate, name, mainWindow, parent, style, visible, title) {}
+
+MenuBuilder::MenuBuilder(MenuBuilderPrivate& state, const QString& name, QMainWindow* mainWindow,
+                         QWidget* parent, Qt::ToolButtonStyle style, bool visible, const QString& title)
+    : QObject(parent), d(&state) {
+  d->q = this;
   d->mainWindow = mainWindow;
   d->parent = parent;
   d->receiver = mainWindow;
@@ -78,8 +88,8 @@ void MenuBuilder::InstallEventFilter(QObject* filter) {
     return;
   d->filters += filter;
   d->bar->installEventFilter(filter);
-  for (const MenuBarItem& item : std::as_const(d->items))
-    item.button->installEventFilter(filter);
+  for (const MenuBarItemPointer& item : std::as_const(d->items))
+    item->button->installEventFilter(filter);
 }
 
 void MenuBuilder::SetMenuPosition(const QPoint& offset) {
@@ -99,7 +109,7 @@ void MenuBuilder::AddMenuBarItem(const QString& name, const QIcon& icon, const Q
 
 void MenuBuilder::AddMenuBarItem(const QString& name, const char* slot, const QIcon& icon,
                                  const QString& text, const QString& tooltip, const QString& accessibleName) {
-  d->connectClick(d->addOrInsert(false, -1, name, icon, text, tooltip, accessibleName), name, slot);
+  d->connectClick(d->addOrInsert(false, -1, name, icon, text, tooltip, accessibleName), slot);
 }
 
 void MenuBuilder::AddMenuBarItem(const QSharedPointer<AppMenuItemSpecifier>& specifier,
@@ -116,7 +126,7 @@ void MenuBuilder::InsertMenuBarItem(int index, const QString& name, const QIcon&
 void MenuBuilder::InsertMenuBarItem(int index, const QString& name, const char* slot, const QIcon& icon,
                                     const QString& text, const QString& tooltip,
                                     const QString& accessibleName) {
-  d->connectClick(d->addOrInsert(true, index, name, icon, text, tooltip, accessibleName), name, slot);
+  d->connectClick(d->addOrInsert(true, index, name, icon, text, tooltip, accessibleName), slot);
 }
 
 void MenuBuilder::InsertMenuBarItem(int index, const QSharedPointer<AppMenuItemSpecifier>& specifier,
@@ -130,22 +140,22 @@ void MenuBuilder::AddMenuBarToggleItem(const QString& name,
                                        const QString& accessibleName) {
   if (!specifier)
     return;
-  MenuBarItem* const item = d->addOrInsert(false, -1, name, QIcon(), QString(), QString(), accessibleName);
+  const auto item = d->addOrInsert(false, -1, name, QIcon(), QString(), QString(), accessibleName);
   if (!item)
     return;
   d->toggles[item->button.data()] = specifier;
   d->showToggleState(name);
-  d->connectClick(item, name, specifier->slot);
+  d->connectClick(item, specifier->slot);
 }
 
 void MenuBuilder::AddMenuBarToggleTextItem(const QString& name, const QString& offText, const QString& onText,
                                            const char* slot, int index) {
-  MenuBarItem* const item = d->addOrInsert(index >= 0, index, name, QIcon(), offText, QString(), QString());
+  const auto item = d->addOrInsert(index >= 0, index, name, QIcon(), offText, QString(), QString());
   if (!item)
     return;
   const AppMenuToggleItemSpecifier states{{.text = offText}, {.text = onText}, false, slot};
   d->toggles[item->button.data()] = QSharedPointer<AppMenuToggleItemSpecifier>::create(states);
-  d->connectClick(item, name, slot);
+  d->connectClick(item, slot);
 }
 
 void MenuBuilder::SetMenuBarToggleItemState(const QString& name, bool isOn) {
@@ -205,41 +215,39 @@ bool MenuBuilder::AppendMenuItem(const QString& menuName, const AppMenuItemSpeci
 void MenuBuilder::AppendMenuBarItems(QMenuBar* bar) {
   if (!bar || !d->bar)
     return;
+  const QPointer<MenuBuilder> self = this;
+  const LivePointer<QMenuBar> source = bar;
   const QList<QAction*> actions = bar->actions();
-  for (QAction* const action : actions) {
-    if (action->isSeparator()) {
-      AddSeparator();
+  const QList<QPointer<QAction>> guarded(actions.cbegin(), actions.cend());
+  bool separated = false; // from what was there before
+  for (const auto& action : guarded) {
+    if (!self || !source)
+      return;
+    if (!action || d->shows(*action))
       continue;
-    }
-    auto* const menu = action->menu<QMenu*>();
-    const QString name = menu ? nameOr(*menu, action->text()) : nameOr(*action, action->text());
-    MenuBarItem* const item = d->addOrInsert(false, -1, name, QIcon(), QString(), QString(), QString());
-    if (!item)
-      continue;
-    d->follow(*item, *action);
-    if (menu && menu->parent() == bar) {
-      menu->setParent(d->bar, menu->windowFlags());
-      SetDropDownMenuStyle(menu);
+    if (!action->isSeparator()) {
+      if (std::exchange(separated, false))
+        AddSeparator();
+      d->takeOver(*source, *action);
+    } else {
+      separated = true;
     }
   }
 }
 
 void MenuBuilder::AddButtonMenuLinkage(QToolButton* button, QMenu* menu) {
-  for (auto item = d->items.begin(); button && item != d->items.end(); ++item) {
-    if (item->button != button)
-      continue;
-    if (menu)
-      d->adopt(item.key(), *menu);
-    else
-      d->menusByName.remove(item.key());
-    d->link(*item, menu);
+  const QList<MenuBarItemPointer> items = d->items.values();
+  for (const MenuBarItemPointer& item : items) {
+    if (button && item->button == button)
+      d->link(item, menu);
   }
 }
 
-QMenu* MenuBuilder::GetMenu(const QString& name) const { return d->menusByName.value(name); }
+QMenu* MenuBuilder::GetMenu(const QString& name) const { return d->bar ? d->menuOf(name) : nullptr; }
 
 QSharedPointer<QToolButton> MenuBuilder::GetMenuBarItem(const QString& name) const {
-  return d->items.value(name).button;
+  const MenuBarItemPointer item = d->items.value(name);
+  return item ? item->button : QSharedPointer<QToolButton>();
 }
 
 QSharedPointer<AppMenuToggleItemSpecifier>
@@ -290,6 +298,18 @@ void MenuBuilder::SetMenuBarItemStyle(QSharedPointer<QToolButton>& item, bool sp
 bool MenuBuilder::eventFilter(QObject* watched, QEvent* event) {
   if (!d->bar)
     return false;
+  switch (event->type()) {
+  case QEvent::ActionAdded:
+  case QEvent::ActionChanged:
+  case QEvent::ActionRemoved:
+  case QEvent::EnabledChange:
+  case QEvent::ShowToParent:
+  case QEvent::HideToParent:
+    d->refreshShortcuts();
+    break;
+  default:
+    break;
+  }
   if (auto* const menu = qobject_cast<QMenu*>(watched)) {
     if (event->type() == QEvent::Show) {
       const QList<QAction*> actions = menu->actions();

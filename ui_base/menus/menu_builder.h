@@ -26,7 +26,10 @@ class MenuBuilderPrivate;
 /// or open a drop-down menu. Items and menus are known by their names, which are not shown.
 ///
 /// The bar works like any menu bar: Alt and F10 enter it, arrows move along it and between open menus,
-/// letters after an ampersand are mnemonics, the pointer moves along an open bar, Escape goes back.
+/// letters after an ampersand are mnemonics, the pointer moves along an open bar, Escape goes back. Items
+/// that a narrow bar has no room for stand in a menu at its end. Shortcuts of items and entries work also
+/// while the bar is hidden and the menus are closed, unless the item or the menu is disabled or the item
+/// hidden.
 ///
 /// Ownership: `parent` owns the builder, the main window (or `parent`) owns the bar, and the bar owns the
 /// menus that are made here. Items are shared: one that a caller holds outlives the bar, without a parent.
@@ -142,8 +145,10 @@ public:
   /// Appends an entry, a separator or a sub-menu to a menu or sub-menu. @return false when there is none.
   bool AppendMenuItem(const QString& menuName, const AppMenuItemSpecifier& item);
   /// Appends what a menu bar shows: an item for each of its menus and actions, which follows text, icon and
-  /// state of it. Names are the object names of menus and actions, or else their texts without ampersands.
-  /// Menus that `bar` owns become the builder's. The bar itself is left as it is otherwise.
+  /// state of it. Names are the object names of menus and actions, or else their texts without ampersands,
+  /// with a number where an item has that name. What is in the bar already is left as it is. Menus and
+  /// actions that `bar` owns become the builder's: the window may replace and delete it. It is left as it is
+  /// otherwise.
   void AppendMenuBarItems(QMenuBar* bar);
   /// Makes a menu of the caller's the drop-down menu of a button of the bar; not owned.
   void AddButtonMenuLinkage(QToolButton* button, QMenu* menu);
@@ -163,6 +168,10 @@ public:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
+  /// Takes the private object over.
+  MenuBuilder(MenuBuilderPrivate& state, const QString& name, QMainWindow* mainWindow, QWidget* parent,
+              Qt::ToolButtonStyle style, bool visible, const QString& title);
+
   /// Puts the bar in its place; called once, by the first Start().
   virtual void Initialize(bool visible);
   /// The entry of a menu with this text; null when there is none.

@@ -1,13 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "menu_bar_keys.h"
-#include "menu_bar_menus.h"
-#include "menu_bar_widget.h"
-#include "menu_builder.h"
-#include "menu_contents.h"
-
 #include <ui_base/core/live_pointer.h>
+#include <ui_base/menus/menu_builder.h>
 
 #include <QHash>
 #include <QMainWindow>
@@ -17,50 +12,66 @@
 
 namespace Vela::UiBase {
 
-/// The object name; where there is none, the text as it is shown.
-QString nameOr(const QObject& object, const QString& text);
+class MenuBarKeys;
+class MenuBarMenus;
+class MenuBarWidget;
+class MenuShortcuts;
+struct MenuContents;
 
 /// An item of the bar.
 struct MenuBarItem {
   QSharedPointer<QToolButton> button;
-  QString styleSheet; // of its own; empty for the shared one
+  QString styleSheet = {}; // of its own; empty for the shared one
   bool hasClick = false;
-  QPointer<QAction> action = {}; // that a click triggers
+  QPointer<QAction> keys = {}; // the action with the item's shortcut
 };
 
-class MenuBuilderPrivate {
+/// Shared, so that an item outlives being replaced while it is worked on.
+using MenuBarItemPointer = QSharedPointer<MenuBarItem>;
+
+/// The state of a MenuBuilder, for subclasses that add to it.
+class UI_BASE_EXPORT MenuBuilderPrivate {
 public:
-  explicit MenuBuilderPrivate(MenuBuilder* owner) : q(owner) {}
+  MenuBuilderPrivate();
+  virtual ~MenuBuilderPrivate();
+  Q_DISABLE_COPY_MOVE(MenuBuilderPrivate)
 
   void createMenuBar(const QString& name, const QString& title);
-  MenuBarItem* addOrInsert(bool insert, int index, const QString& name, const QIcon& icon,
-                           const QString& text, const QString& tooltip, const QString& accessibleName);
+  MenuBarItemPointer addOrInsert(bool insert, int index, const QString& name, const QIcon& icon,
+                                 const QString& text, const QString& tooltip, const QString& accessibleName);
   int takePlaceOf(const QString& name);
   void addOfSpecifier(bool insert, int index, const AppMenuItemSpecifier& specifier,
                       const QString& accessibleName, const QString& styleSheet);
-  void connectClick(MenuBarItem* item, const QString& name, const char* slot);
-  void follow(MenuBarItem& item, QAction& action);
+  void connectClick(const MenuBarItemPointer& item, const char* slot);
+  void setShortcut(const MenuBarItemPointer& item, const QKeySequence& keys);
+  void follow(const MenuBarItemPointer& item, QAction& action);
+  void takeOver(QMenuBar& source, QAction& action);
+  QString freeName(const QString& wanted) const;
+  bool shows(QAction& action) const;
   void showToggleState(const QString& name);
+  QMenu* menuOf(const QString& name) const;
   QMenu* makeDropDown(const QString& name);
-  void adopt(const QString& name, QMenu& menu);
-  void link(MenuBarItem& item, QMenu* menu);
-  void dress(MenuBarItem& item);
+  void link(const MenuBarItemPointer& item, QMenu* menu);
+  void dress(const MenuBarItemPointer& item);
   void dressAll();
   MenuContents contents();
+  void refreshShortcuts();
+  QList<QAction*> wantedShortcuts();
 
-  MenuBuilder* const q;
+  MenuBuilder* q = nullptr;
   LivePointer<QMainWindow> mainWindow;
   QPointer<QWidget> parent;
   QPointer<QObject> receiver;
   LivePointer<MenuBarWidget> bar;
   MenuBarMenus* menus = nullptr; // the bar's, like the next
   MenuBarKeys* keys = nullptr;
+  QPointer<QWidget> shortcuts; // a MenuShortcuts
   Qt::ToolButtonStyle style = Qt::ToolButtonTextOnly;
   bool visibleAtFirst = true;
   bool started = false;
-  QHash<QString, MenuBarItem> items;
+  QHash<QString, MenuBarItemPointer> items;
   QHash<QToolButton*, QSharedPointer<AppMenuToggleItemSpecifier>> toggles;
-  QHash<QString, LivePointer<QMenu>> menusByName;
+  QHash<QString, LivePointer<QMenu>> subMenus;
   QList<QPointer<QObject>> filters;
 };
 

@@ -16,7 +16,12 @@ const QString RCMenuManager::BUTTON_ORIGINAL_STYLE = QStringLiteral("OriginalSty
 const QString RCMenuManager::BUTTON_ALTERNATE_STYLE = QStringLiteral("AlternateStyle");
 
 RCMenuManager::RCMenuManager(QMainWindow* mainWindow, int menuGap, bool autoHide, QObject* parent)
-    : QObject(parent), d(std::make_unique<RCMenuManagerPrivate>(this)) {
+    : RCMenuManager(*new RCMenuManagerPrivate, mainWindow, menuGap, autoHide, parent) {}
+
+RCMenuManager::RCMenuManager(RCMenuManagerPrivate& state, QMainWindow* mainWindow, int menuGap, bool autoHide,
+                             QObject* parent)
+    : QObject(parent), d(&state) {
+  d->q = this;
   d->mainWindow = mainWindow;
   d->menuGap = menuGap;
   d->autoHide = autoHide;
@@ -47,12 +52,13 @@ void RCMenuManager::AddButtonMenuLinkage(QAbstractButton* button, QMenu* menu) {
     d->forget(liveMenu);
   if (!self || !liveButton || !liveMenu)
     return;
-  if (!styleOf(*button, BUTTON_ORIGINAL_STYLE).isValid())
-    button->setProperty(BUTTON_ORIGINAL_STYLE.toLatin1().constData(), button->styleSheet());
+  const QByteArray original = BUTTON_ORIGINAL_STYLE.toLatin1();
+  if (!button->property(original).isValid())
+    button->setProperty(original, button->styleSheet());
   d->watchEnds(button, menu);
   connect(menu, SIGNAL(triggered(QAction*)), this, SLOT(OnMenuActionTriggered()));
   menu->setWindowFlags(Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
-  d->links.push_back({button, menu});
+  d->links.push_back({.button = button, .menu = menu, .linkedStyle = button->styleSheet()});
   if (d->started)
     d->link(d->links.back());
 }
@@ -103,7 +109,7 @@ void RCMenuManager::LinkButtonMenu(bool link) {
   }
 }
 
-void RCMenuManager::OpenMenu(QAbstractButton* button) { d->open(button, false); }
+void RCMenuManager::OpenMenu(QAbstractButton* button) { d->open(button, RCMenuInput::Mouse); }
 
 void RCMenuManager::CloseMenu(QAbstractButton* button) {
   if (RCMenuLink* const pair = d->linkOf(button)) {
@@ -128,7 +134,8 @@ void RCMenuManager::OnMenuHideTimerTimeOut() {
       return;
     if (!pair.open || !pair.isAlive())
       continue;
-    if (pair.byKeyboard || holdsPoint(*pair.button, cursor) || menuHoldsPoint(*pair.menu, cursor))
+    if (pair.input != RCMenuInput::Mouse || holdsPoint(*pair.button, cursor) ||
+        menuHoldsPoint(*pair.menu, cursor))
       keepsOne = true;
     else
       CloseMenu(pair.button);

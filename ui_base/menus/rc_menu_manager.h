@@ -18,8 +18,9 @@ namespace Vela::UiBase {
 class RCMenuManagerPrivate;
 
 /// Opens pop-up menus directly under buttons of a main window. While its menu is open a button wears another
-/// style sheet; menus close when an entry is chosen, like any menu, and, after a delay, when the pointer has
-/// left both button and menu.
+/// style sheet; menus close when an entry is chosen, like any menu, when the button is disabled or hidden,
+/// and, after a delay, when the mouse has left both button and menu. One that was opened by touch or keyboard
+/// stays.
 ///
 /// A click opens a button's menu and closes it again; on the keyboard Space, Enter and Down open it while the
 /// button has the focus, and the mnemonic of its text. The manager owns neither buttons nor menus; either may
@@ -37,7 +38,8 @@ class UI_BASE_EXPORT RCMenuManager : public QObject {
 
 public:
   /// The dynamic property of a linked button with its normal style sheet. Linking sets it to the style sheet
-  /// that the button has then, unless it is set already.
+  /// that the button has then, unless it is set already; it then follows the style sheets that the button
+  /// gets.
   static const QString BUTTON_ORIGINAL_STYLE;
   /// The dynamic property with the style sheet shown while the menu is open. A button without it keeps its
   /// look.
@@ -78,6 +80,10 @@ public:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
+  /// Takes the private object over.
+  RCMenuManager(RCMenuManagerPrivate& state, QMainWindow* mainWindow, int menuGap, bool autoHide,
+                QObject* parent);
+
   void Initialize();
 
 private Q_SLOTS:

@@ -14,15 +14,19 @@
 
 namespace Vela::UiBase {
 
-QVariant styleOf(const QAbstractButton& button, const QString& property) {
-  return button.property(property.toLatin1().constData());
-}
-
 namespace {
 
-void wear(QAbstractButton& button, const QString& property) {
-  if (styleOf(button, RCMenuManager::BUTTON_ALTERNATE_STYLE).isValid())
-    button.setStyleSheet(styleOf(button, property).toString());
+QByteArray nameOf(const QString& property) { return property.toLatin1(); }
+
+QVariant styleOf(const QAbstractButton& button, const QString& property) {
+  return button.property(nameOf(property));
+}
+
+/// Also a mouse event that was made of a touch.
+RCMenuInput inputOf(const QMouseEvent& event) {
+  const bool touch = event.source() != Qt::MouseEventNotSynthesized ||
+                     event.device()->type() == QInputDevice::DeviceType::TouchScreen;
+  return touch ? RCMenuInput::Touch : RCMenuInput::Mouse;
 }
 
 /// Below the button, or above it where the screen ends.
@@ -39,6 +43,10 @@ bool isOpeningKey(int key) {
 }
 
 } // namespace
+
+RCMenuManagerPrivate::RCMenuManagerPrivate() = default;
+
+RCMenuManagerPrivate::~RCMenuManagerPrivate() = default;
 
 RCMenuLink* RCMenuManagerPrivate::linkOf(const QObject* buttonOrMenu) {
   const auto found = std::find_if(links.begin(), links.end(), [&](const RCMenuLink& each) {
@@ -114,7 +122,7 @@ RCMenuLink* RCMenuManagerPrivate::openable(const QAbstractButton* button) {
   return canOpen && button->isVisible() && button->isEnabled() ? pair : nullptr;
 }
 
-void RCMenuManagerPrivate::open(QAbstractButton* button, bool byKeyboard) {
+void RCMenuManagerPrivate::open(QAbstractButton* button, RCMenuInput input) {
   if (!openable(button))
     return;
   // Who hears of a menu that closes or opens may end the button, its menu, the link or the manager.
@@ -124,7 +132,7 @@ void RCMenuManagerPrivate::open(QAbstractButton* button, bool byKeyboard) {
   RCMenuLink* const pair = self ? openable(guard) : nullptr;
   if (!pair)
     return;
-  pair->byKeyboard = byKeyboard;
+  pair->input = input;
   pair->pointer = QCursor::pos();
   becomeOpen(*pair);
   QMenu* const menu = pair->menu;
@@ -144,7 +152,7 @@ void RCMenuManagerPrivate::open(QAbstractButton* button, bool byKeyboard) {
       place.y() < button->mapToGlobal(QPoint()).y())
     menu->move(menu->x(), place.y());
   menu->raise();
-  if (byKeyboard)
+  if (input == RCMenuInput::Keyboard)
     menu->setActiveAction(firstEntry(*menu));
   startTimer();
 }
@@ -152,7 +160,7 @@ void RCMenuManagerPrivate::open(QAbstractButton* button, bool byKeyboard) {
 void RCMenuManagerPrivate::becomeOpen(RCMenuLink& pair) {
   pair.open = true;
   pair.menu->setEnabled(true);
-  wear(*pair.button, RCMenuManager::BUTTON_ALTERNATE_STYLE);
+  wearAlternate(pair);
   pair.button->setDown(true);
 }
 
@@ -164,10 +172,33 @@ void RCMenuManagerPrivate::becomeClosed(RCMenuLink& pair) {
     pair.menu->setEnabled(false);
   if (pair.button) {
     pair.button->setDown(false);
-    wear(*pair.button, RCMenuManager::BUTTON_ORIGINAL_STYLE);
+    wearOriginal(pair);
   }
   if (hideTimer)
     hideTimer->stop();
+}
+
+void RCMenuManagerPrivate::wearAlternate(RCMenuLink& pair) {
+  QAbstractButton& button = *pair.button;
+  const QByteArray original = nameOf(RCMenuManager::BUTTON_ORIGINAL_STYLE);
+  // The application has dressed it anew since, in another theme perhaps.
+  if (button.property(original).toString() == pair.linkedStyle) {
+    pair.linkedStyle = button.styleSheet();
+    button.setProperty(original, pair.linkedStyle);
+  }
+  const QVariant alternate = styleOf(button, RCMenuManager::BUTTON_ALTERNATE_STYLE);
+  if (alternate.isValid())
+    button.setStyleSheet(alternate.toString());
+  pair.wornStyle = button.styleSheet();
+}
+
+void RCMenuManagerPrivate::wearOriginal(RCMenuLink& pair) {
+  QAbstractButton& button = *pair.button;
+  if (button.property(nameOf(RCMenuManager::BUTTON_ORIGINAL_STYLE)).toString() == pair.linkedStyle &&
+      button.styleSheet() != pair.wornStyle)
+    return; // dressed anew while the menu was open
+  if (styleOf(button, RCMenuManager::BUTTON_ALTERNATE_STYLE).isValid())
+    button.setStyleSheet(styleOf(button, RCMenuManager::BUTTON_ORIGINAL_STYLE).toString());
 }
 
 void RCMenuManagerPrivate::closeAll() {
@@ -191,7 +222,7 @@ void RCMenuManagerPrivate::startTimer() {
 bool RCMenuManagerPrivate::filterButtonKey(RCMenuLink& pair, const QKeyEvent& event) {
   if (!isOpeningKey(event.key()) || event.isAutoRepeat())
     return false;
-  open(pair.button, true);
+  open(pair.button, RCMenuInput::Keyboard);
   return true;
 }
 
@@ -218,14 +249,18 @@ bool RCMenuManagerPrivate::filterButton(RCMenuLink& pair, QEvent& event) {
       return false;
     pair.button->setDown(false);
     if (pair.button->rect().contains(mouse.position().toPoint()))
-      open(pair.button, false);
+      open(pair.button, inputOf(mouse));
     return true;
   }
   case QEvent::KeyPress:
     return filterButtonKey(pair, static_cast<QKeyEvent&>(event));
   case QEvent::Shortcut:
-    open(pair.button, true);
+    open(pair.button, RCMenuInput::Keyboard);
     return true;
+  case QEvent::EnabledChange:
+    if (!pair.button->isEnabled())
+      q->CloseMenu(pair.button);
+    return false;
   case QEvent::Hide:
     q->CloseMenu(pair.button);
     return false;
@@ -262,10 +297,11 @@ bool RCMenuManagerPrivate::filterMenu(RCMenuLink& pair, QEvent& event) {
     return false;
   case QEvent::MouseMove: {
     // An open menu gets the movements over the whole screen, and some when the pointer rests.
-    const QPoint at = static_cast<QMouseEvent&>(event).globalPosition().toPoint();
-    if (pair.byKeyboard && at == pair.pointer)
+    const auto& mouse = static_cast<QMouseEvent&>(event);
+    const QPoint at = mouse.globalPosition().toPoint();
+    if (inputOf(mouse) == RCMenuInput::Touch || (pair.input != RCMenuInput::Mouse && at == pair.pointer))
       return false;
-    pair.byKeyboard = false;
+    pair.input = RCMenuInput::Mouse;
     if (holdsPoint(*pair.button, at) || menuHoldsPoint(*pair.menu, at))
       keepOpen();
     else if (hideTimer && !hideTimer->isActive())
@@ -276,7 +312,7 @@ bool RCMenuManagerPrivate::filterMenu(RCMenuLink& pair, QEvent& event) {
   case QEvent::MouseButtonDblClick:
     return filterMenuPress(pair, static_cast<QMouseEvent&>(event));
   case QEvent::KeyPress:
-    pair.byKeyboard = true;
+    pair.input = RCMenuInput::Keyboard;
     return false;
   default:
     return false;

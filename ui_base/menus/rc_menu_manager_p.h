@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "rc_menu_manager.h"
-
 #include <ui_base/core/live_pointer.h>
+#include <ui_base/menus/rc_menu_manager.h>
 
 #include <QAbstractButton>
 #include <QMainWindow>
 #include <QMenu>
 #include <QPointer>
+#include <QString>
 #include <QToolButton>
-#include <QVariant>
 
 #include <list>
 
@@ -21,8 +20,8 @@ class QTimer;
 
 namespace Vela::UiBase {
 
-/// The text of one of the dynamic properties of a button; invalid when it has none.
-QVariant styleOf(const QAbstractButton& button, const QString& property);
+/// What a menu was opened with, or worked with last.
+enum class RCMenuInput : int { Mouse, Keyboard, Touch };
 
 /// A button with its menu.
 struct RCMenuLink {
@@ -31,15 +30,20 @@ struct RCMenuLink {
   QToolButton::ToolButtonPopupMode popupMode = QToolButton::DelayedPopup; // before it was linked
   bool linked = false;
   bool open = false;
-  bool byKeyboard = false; // the last input while open
-  QPoint pointer = {};     // where it was when the menu opened
+  RCMenuInput input = RCMenuInput::Mouse; // only a mouse that leaves closes the menu
+  QPoint pointer = {};                    // where it was when the menu opened
+  QString linkedStyle = {};               // the style sheet that linking took for the original one
+  QString wornStyle = {};                 // the style sheet that opening has set
 
   bool isAlive() const { return button && menu; }
 };
 
-class RCMenuManagerPrivate {
+/// The state of an RCMenuManager, for subclasses that add to it.
+class UI_BASE_EXPORT RCMenuManagerPrivate {
 public:
-  explicit RCMenuManagerPrivate(RCMenuManager* owner) : q(owner) {}
+  RCMenuManagerPrivate();
+  virtual ~RCMenuManagerPrivate();
+  Q_DISABLE_COPY_MOVE(RCMenuManagerPrivate)
 
   RCMenuLink* linkOf(const QObject* buttonOrMenu);
   RCMenuLink* linkOf(const RCMenuLink& copy);
@@ -48,9 +52,11 @@ public:
   void watchEnds(QAbstractButton* button, QMenu* menu);
   void link(RCMenuLink& pair);
   void unlink(RCMenuLink& pair);
-  void open(QAbstractButton* button, bool byKeyboard);
+  void open(QAbstractButton* button, RCMenuInput input);
   void becomeOpen(RCMenuLink& pair);
   void becomeClosed(RCMenuLink& pair);
+  void wearAlternate(RCMenuLink& pair);
+  void wearOriginal(RCMenuLink& pair);
   void closeAll();
   bool filterButton(RCMenuLink& pair, QEvent& event);
   bool filterButtonKey(RCMenuLink& pair, const QKeyEvent& event);
@@ -59,7 +65,7 @@ public:
   void keepOpen();
   void startTimer();
 
-  RCMenuManager* const q;
+  RCMenuManager* q = nullptr;
   LivePointer<QMainWindow> mainWindow;
   int menuGap = 0;
   bool autoHide = false;
