@@ -179,25 +179,22 @@ private Q_SLOTS:
   }
 
   void takingOverAMenuBarKeepsEveryAction() {
-    Screen screen;
-    QVERIFY(screen.isReady());
-    auto* const own = new QMenuBar(&screen.window);
+    QMainWindow window;
+    QMenuBar* const own = window.menuBar();
     QAction* const zoom = own->addMenu(id("&View"))->addAction(id("Zoom"));
     QAction* const turn = own->addMenu(id("&View"))->addAction(id("Turn"));
     own->addSeparator();
     QAction* const info = own->addAction(id("&Info"));
-    screen.window.setMenuBar(own);
-    screen.builder->AppendMenuBarItems(own);
-    screen.builder->AppendMenuBarItems(own);
-    screen.window.setMenuWidget(screen.builder->MenuBar()); // the window deletes its menu bar
+    Builder builder(id("bar"), &window, &window);
+    builder.AppendMenuBarItems(own);
+    builder.AppendMenuBarItems(own);
+    builder.Start(); // the window deletes the menu bar that it had
     settle();
-    screen.builder->MenuBar()->show();
-    QVERIFY(screen.builder->GetMenu(id("View"))->actions().contains(zoom));
-    QVERIFY(screen.builder->GetMenu(id("View 2"))->actions().contains(turn));
-    QVERIFY(!screen.builder->GetMenuBarItem(id("View 3")));
+    QVERIFY(builder.GetMenu(id("View"))->actions().contains(zoom));
+    QVERIFY(builder.GetMenu(id("View 2"))->actions().contains(turn));
+    QVERIFY(!builder.GetMenuBarItem(id("View 3")));
     QSignalSpy asked(info, &QAction::triggered);
-    settle();
-    screen.click("Info");
+    builder.GetMenuBarItem(id("Info"))->click();
     QCOMPARE(asked.count(), 1);
   }
 

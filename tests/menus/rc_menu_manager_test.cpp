@@ -4,6 +4,7 @@
 
 #include <QMainWindow>
 #include <QMenu>
+#include <QPointingDevice>
 #include <QPushButton>
 #include <QScreen>
 #include <QSignalSpy>
@@ -158,10 +159,10 @@ private Q_SLOTS:
     QVERIFY(screen.isReady());
     screen.moveOutside();
     screen.manager.SetHideInterval(5);
-    QPointingDevice* const device = QTest::createTouchDevice();
+    const std::unique_ptr<QPointingDevice> device(QTest::createTouchDevice());
     const QPoint at = screen.toolButton->geometry().center();
-    QTest::touchEvent(screen.window.windowHandle(), device).press(0, at);
-    QTest::touchEvent(screen.window.windowHandle(), device).release(0, at);
+    QTest::touchEvent(screen.window.windowHandle(), device.get()).press(0, at);
+    QTest::touchEvent(screen.window.windowHandle(), device.get()).release(0, at);
     QTRY_VERIFY(screen.toolMenu.isVisible());
     QSignalSpy timeouts(screen.manager.findChild<QTimer*>(), &QTimer::timeout);
     QTRY_VERIFY(timeouts.count() >= 2);

@@ -41,10 +41,14 @@ void MenuBarLayout::placeWhatFits(const QRect& rect) {
     const int width = item->minimumSize().width();
     if (m_past.isEmpty() && x + width > end)
       x = rect.width();
-    if (x >= rect.width())
-      m_past += item->widget();
-    item->setGeometry(QStyle::visualRect(direction, rect, {rect.x() + x, rect.y(), width, rect.height()}));
+    const QRect place = QStyle::visualRect(direction, rect, {rect.x() + x, rect.y(), width, rect.height()});
     x += width;
+    if (m_past.isEmpty() && x <= end) {
+      item->setGeometry(place);
+    } else if (QWidget* const widget = item->widget()) {
+      m_past += widget;
+      widget->setGeometry(place); // the layout's item would keep it at a place of its own
+    }
   }
   m_button->setGeometry(
       QStyle::visualRect(direction, rect, {rect.x() + end, rect.y(), buttonWidth, rect.height()}));

@@ -109,7 +109,7 @@ void MenuBarMenus::open(QToolButton* item, bool byKeyboard) {
   if (menu->isEmpty())
     menu->close();
   else if (byKeyboard)
-    menu->setActiveAction(firstEntry(*menu));
+    activateFirstEntry(*menu);
 }
 
 void MenuBarMenus::close(bool keepsBar) {

@@ -3,6 +3,8 @@
 
 #include <ui_base/views/qt_ui_toolkit.h>
 
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMetaMethod>
 
@@ -101,12 +103,18 @@ void MenuContents::append(QMenu& menu, const QList<QAction*>& actions) {
   }
 }
 
-QAction* firstEntry(const QMenu& menu) {
+void activateFirstEntry(QMenu& menu) {
   const QList<QAction*> actions = menu.actions();
-  const auto found = std::find_if(actions.begin(), actions.end(), [](const QAction* each) {
+  const auto first = std::find_if(actions.begin(), actions.end(), [](const QAction* each) {
     return each->isVisible() && each->isEnabled() && !each->isSeparator();
   });
-  return found == actions.end() ? nullptr : *found;
+  if (first == actions.end())
+    return;
+  if (!(*first)->menu<QMenu*>())
+    return menu.setActiveAction(*first);
+  // Being set, it would open its sub-menu.
+  QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+  QCoreApplication::sendEvent(&menu, &down);
 }
 
 bool holdsPoint(const QWidget& widget, const QPoint& global) {

@@ -35,8 +35,9 @@ private:
   void appendEntry(QMenu& menu, const AppMenuItemSpecifier& item) const;
 };
 
-/// The first entry that can be chosen; null when there is none.
-QAction* firstEntry(const QMenu& menu);
+/// Makes the first entry that can be chosen the active one of an open menu, as the Down key does: a sub-menu
+/// stays closed.
+void activateFirstEntry(QMenu& menu);
 
 /// Whether the widget is visible and holds a point given in global coordinates.
 bool holdsPoint(const QWidget& widget, const QPoint& global);

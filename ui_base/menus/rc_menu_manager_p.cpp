@@ -153,7 +153,7 @@ void RCMenuManagerPrivate::open(QAbstractButton* button, RCMenuInput input) {
     menu->move(menu->x(), place.y());
   menu->raise();
   if (input == RCMenuInput::Keyboard)
-    menu->setActiveAction(firstEntry(*menu));
+    activateFirstEntry(*menu);
   startTimer();
 }
 
