@@ -50,10 +50,22 @@ private:
   QString& m_notes;
 };
 
+/// What workers turn to on the main thread. Called by name, so that what crosses the threads is Qt's own.
+class Desk : public QObject {
+  Q_OBJECT
+
+public:
+  explicit Desk(QString& notes) : m_notes(notes) {}
+  Q_INVOKABLE void save() { m_notes += QStringLiteral(", saved"); }
+
+private:
+  QString& m_notes;
+};
+
 /// A service that still has work to do when it ends.
 class ClosingService : public IService {
 public:
-  explicit ClosingService(QString& notes) : m_notes(notes) {}
+  ClosingService(QString& notes, Desk& desk) : m_notes(notes), m_desk(desk) {}
   ~ClosingService() override {
     m_notes += QCoreApplication::instance() ? QStringLiteral(", service gone") : QStringLiteral(", too late");
   }
@@ -61,10 +73,8 @@ public:
   ERcmStatus Initialize() override { return RcmSuccess; }
   void Terminate() override {
     m_notes += QStringLiteral("ended");
-    QString& notes = m_notes;
-    const auto save = [&notes] { // as a worker does that asks an object of the main thread
-      QMetaObject::invokeMethod(
-          qApp, [&notes] { notes += QStringLiteral(", saved"); }, Qt::BlockingQueuedConnection);
+    const auto save = [&desk = m_desk] {
+      QMetaObject::invokeMethod(&desk, "save", Qt::BlockingQueuedConnection);
     };
     if (dispatchSync(save, NormalQoS))
       dispatchAsync([save] { dispatchAsync(save, NormalQoS); }, MainThreadQoS);
@@ -73,6 +83,7 @@ public:
 
 private:
   QString& m_notes;
+  Desk& m_desk;
 };
 
 } // namespace
@@ -189,12 +200,13 @@ private Q_SLOTS:
   void theApplicationServiceLetsGoBeforeTheDispatcherCloses() {
     auto& service = Vela::Services::ApplicationService::GetInstance();
     QString notes;
+    Desk desk(notes);
     for (int i = 0; i < 2; ++i) {
       notes.clear();
       {
         const Application application;
         auto& same = Vela::Services::ApplicationService::GetInstance();
-        same.Kernel().registerService(std::make_shared<ClosingService>(notes));
+        same.Kernel().registerService(std::make_shared<ClosingService>(notes, desk));
         same.setAppManager(std::make_unique<AppManager>(notes));
         QCOMPARE(same.Kernel().start(), RcmSuccess);
       }
