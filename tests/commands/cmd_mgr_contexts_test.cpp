@@ -4,7 +4,6 @@
 #include <support/test_case.h>
 
 #include <atomic>
-#include <random>
 #include <thread>
 
 using namespace Ids;
@@ -118,21 +117,6 @@ private Q_SLOTS:
              (QStringList{QStringLiteral("a=2,1"), QStringLiteral("a=2,1"), QStringLiteral("a=2,1 b=1,0")}));
   }
 
-  // Applied at once or later, pushes and pops must come to the same.
-  void whatIsPendingUnchecksTheOthersOfAnExclusiveGroup() {
-    ManagerFixture f;
-    f.add(groupOf(QStringLiteral("G"), {checkableCommand(a), checkableCommand(b)}));
-    f.manager->findCommand(b)->setChecked(true);
-    CommandContext checkA;
-    checkA.overwrite(a, {State::Keep, State::On});
-    f.manager->setContext(checkA);
-    f.manager->pushContext(f.manager->disabledContext()); // before the context above is applied
-    f.manager->popContext();
-    f.apply();
-    QVERIFY(f.manager->findCommand(a)->isChecked());
-    QVERIFY(!f.manager->findCommand(b)->isChecked());
-  }
-
   void aContextThatComesWhileOneIsHalfAppliedWaitsForItsRest() {
     ManagerFixture f;
     TestCommand* const first = f.add(checkableCommand(a));
@@ -147,57 +131,6 @@ private Q_SLOTS:
     f.apply();
     QVERIFY(first->isChecked());
     QVERIFY(!second->isChecked());
-  }
-
-  void pushAndPopDoNotDependOnTheEventLoop() {
-    std::mt19937 random(20240612);
-    const auto below = [&random](int limit) { return static_cast<int>(random() % unsigned(limit)); };
-    ManagerFixture f;
-    const QStringList ids{a, b, c, d};
-    for (const QLatin1String id : {a, b})
-      f.add(checkableCommand(id));
-    f.add(groupOf(QStringLiteral("G"), {new TestCommand(c), checkableCommand(d)}));
-    f.manager->findCommand(groupId(QStringLiteral("G")))->setCheckable(false);
-
-    CommandContext now = f.manager->currentContext();
-    QList<CommandContext> stack;
-    const auto set = [&](const CommandContext& context) {
-      for (auto it = context.get().cbegin(); it != context.get().cend(); ++it)
-        now.update(it.key(), {it->enabled, it.key() == c ? State(State::Keep) : it->checked});
-      now.update(c, {State::Keep, State::Off});
-    };
-    for (int step = 0; step < 2000; ++step) {
-      CommandContext context;
-      for (const QString& id : ids) {
-        if (below(2))
-          context.overwrite(id, {below(3), below(3)});
-      }
-      switch (below(5)) {
-      case 0:
-        f.manager->setContext(context);
-        set(context);
-        break;
-      case 1:
-        f.manager->pushContext(context);
-        stack.append(now);
-        set(context);
-        break;
-      case 2:
-        f.manager->popContext();
-        if (!stack.isEmpty())
-          set(stack.takeLast());
-        break;
-      case 3:
-        f.dispatcher.step();
-        break;
-      default:
-        f.apply();
-        QCOMPARE(f.states(), textOf(now));
-      }
-      QCOMPARE(f.manager->contextStack().size(), stack.size());
-      if (!stack.isEmpty())
-        QCOMPARE(textOf(f.manager->contextStack().last()), textOf(stack.last()));
-    }
   }
 
   void commandOfANameSavesForItself() {

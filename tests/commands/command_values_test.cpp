@@ -107,12 +107,10 @@ private Q_SLOTS:
   }
 
   void contextsAreNegatedAndCombined() {
-    CommandContext a;
-    a.overwrite(QStringLiteral("both"), {1, 2});
-    a.overwrite(QStringLiteral("mine"), {0, 2});
-    CommandContext b;
-    b.overwrite(QStringLiteral("both"), {0, 1});
-    b.overwrite(QStringLiteral("yours"), {1, 1});
+    CommandContext a{{"both", {1, 2}}, {"mine", {0, 2}}};
+    const CommandContext b{{"both", {0, 1}}, {"yours", {1, 1}}};
+    QCOMPARE(QDebug::toString(b),
+             "CommandContext(\"both\": CommandState(off, on), \"yours\": CommandState(on, on))");
     QCOMPARE(textOf(!a), QStringLiteral("both=0,2 mine=1,2"));
     QCOMPARE(textOf(a & b), QStringLiteral("both=0,1 mine=0,2"));
     QCOMPARE(textOf(a | b), QStringLiteral("both=1,1 mine=0,2"));
@@ -125,35 +123,20 @@ private Q_SLOTS:
     QCOMPARE(textOf(a), QStringLiteral("both=0,1 mine=0,2"));
   }
 
-  void bagKeepsOrderAndFindsTheFirst() {
+  void bagRefusesNothingAndAnswersBeyondItsEnds() {
     const auto first = createShared<TestCommand>(QStringLiteral("a"));
-    const auto second = createShared<TestCommand>(QStringLiteral("a"));
     CommandBag bag;
     int index = -1;
     QVERIFY(!bag.getCommand(QStringLiteral("a"), index));
     QCOMPARE(index, 0);
-    QVERIFY(bag.addCommand(first));
-    QVERIFY(bag.addCommand(new TestCommand(QStringLiteral("b"))));
-    QVERIFY(bag.addCommand(second));
-    QVERIFY(!bag.addCommand(first) && !bag.addCommand(second.get()));
+    QVERIFY(bag.addCommand(first) && bag.addCommand(new TestCommand(QStringLiteral("a"))));
     QVERIFY(!bag.addCommand(nullptr) && !bag.addCommand(std::shared_ptr<CommandBase>()));
-    QCOMPARE(bag.count(), 3);
-
-    QCOMPARE(bag.getCommand(QStringLiteral("b"), index), bag.commandAt(1));
-    QCOMPARE(index, 1);
-    QVERIFY(!bag.hasCommand(QStringLiteral("B"), index));
-    QCOMPARE(index, 3);
-    QVERIFY(!bag.commandAt(-1) && !bag.commandAt(3));
-    QCOMPARE(bag[QStringLiteral("a")], first.get());
-
+    QVERIFY(!bag.hasCommand(QStringLiteral("A"), index));
+    QCOMPARE(index, 2);
+    QVERIFY(!bag.commandAt(-1) && !bag.commandAt(2));
     const CommandBag copy(bag);
-    QVERIFY(bag.removeCommand(QStringLiteral("a")));
-    QCOMPARE(bag[QStringLiteral("a")], second.get());
-    QVERIFY(bag.hasCommand(QStringLiteral("a"), index));
-    QCOMPARE(index, 1);
-    QVERIFY(!bag.removeCommand(QStringLiteral("c")) && !bag.removeCommand(first.get()));
+    QVERIFY(bag.removeCommand(QStringLiteral("a")) && !bag.removeCommand(first.get()));
     QCOMPARE(copy[QStringLiteral("a")], first.get());
-    QCOMPARE(copy.commandAt(1), bag.commandAt(0));
   }
 
   void sameObjectUnderANewIdentifierIsAccepted() {

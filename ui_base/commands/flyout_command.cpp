@@ -223,13 +223,22 @@ void FlyoutCommand::onFinalize() {
 }
 
 void FlyoutCommand::close() {
-  if (!d->panel || hostOf(flyout()))
+  if (hostOf(flyout())) {
+    // As a rule the host is just closing it. Where the command was ended by itself, nobody else does.
+    QMetaObject::invokeMethod(this, &FlyoutCommand::closeIfLeftOpen, Qt::QueuedConnection);
     return;
+  }
   const QPointer<QWidget> panel(d->panel);
   if (FlyoutBase* const flyoutPanel = flyout())
     flyoutPanel->CloseMe(); // tells whoever hosts it
   if (panel)
     panel->hide();
+}
+
+void FlyoutCommand::closeIfLeftOpen() {
+  FlyoutBase* const panel = flyout();
+  if (panel && panel->isVisible() && !d->session)
+    panel->CloseMe();
 }
 
 void FlyoutCommand::onReset() {}

@@ -56,8 +56,8 @@ public Q_SLOTS:
   /// Begins the command, if it has not begun: pushes getBeginCommandContext(), announces commandBegan(), and
   /// has the button of the flyout open it, or shows a panel that has none.
   virtual void onBegin();
-  /// Ends the command, if it has begun: brings the contexts back, announces commandEnded(), and closes a
-  /// panel that has no button.
+  /// Ends the command, if it has begun: brings the contexts back, announces commandEnded(), and closes the
+  /// panel; one that a button hosts when the event loop turns next, unless the button has.
   virtual void onFinalize();
   /// The user wants the values reset. Does nothing by default.
   virtual void onReset();
@@ -88,6 +88,7 @@ private:
   void tell(void (CommandStateProtocol::*what)(CommandBase*));
   void open();
   void close();
+  void closeIfLeftOpen();
 
   const std::unique_ptr<FlyoutCommandPrivate> d;
 };

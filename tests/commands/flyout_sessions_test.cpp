@@ -1,0 +1,273 @@
+// SPDX-License-Identifier: MIT
+#include "execution_fixture.h"
+
+#include <support/test_case.h>
+#include <ui_base/commands/flyout_command.h>
+#include <ui_base/popups/flyout_base.h>
+#include <ui_base/toolbars/tool_bar.h>
+
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+using namespace Vela::UiBase;
+
+namespace {
+
+class PanelCommand : public FlyoutCommand {
+  Q_OBJECT
+
+public:
+  PanelCommand(const QString& name, FlyoutBase* panel, CmdsViewController* controller)
+      : FlyoutCommand(panel, controller), id(name) {
+    setText(name);
+  }
+  QString commandId() const override { return id; }
+  bool onExecuteAsync(bool) override { return true; }
+
+  QString id;
+  std::function<void()> atBegin;
+
+protected:
+  CommandContext getBeginCommandContext() override {
+    if (atBegin)
+      atBegin();
+    return {{"other", {State::Off, State::Keep}}, {id, {State::Off, State::Off}}};
+  }
+  CommandContext getExecutionCommandContext() override { return {{id, {State::Off, State::Keep}}}; }
+  void onExecutionFailed(const QString& reason) override { failures += reason; }
+
+public:
+  QStringList failures;
+};
+
+/// Counts what a command tells, and fails where it is told to.
+class Heard : public CommandStateProtocol {
+public:
+  void commandBegan(CommandBase*) override {
+    ++began;
+    if (fails)
+      throw std::runtime_error("observer");
+  }
+  void commandEnded(CommandBase*) override { ++ended; }
+
+  int began = 0;
+  int ended = 0;
+  bool fails = false;
+};
+
+struct Session {
+  QPointer<FlyoutBase> panel;
+  QPointer<PanelCommand> command;
+  std::shared_ptr<Heard> heard = std::make_shared<Heard>();
+};
+
+/// A view with two flyout commands, a command that runs and one that all of them disable.
+struct Stage {
+  Stage(bool checkable, bool hosted) {
+    auto* const column = new QVBoxLayout(&window);
+    column->addWidget(view = new BaseView);
+    controller = new CmdsViewController(view);
+    bar = new ToolBar(view, Qt::TopToolBarArea);
+    controller->addCommand(other = new TestCommand("other"));
+    auto* const run = new TestCommand("run", controller);
+    run->setExecutionQoS(Taren::Core::NormalQoS);
+    run->executionContext = {{"other", {State::Off, State::Keep}}};
+    controller->addCommand(run);
+    for (Session* const session : {&first, &second}) {
+      const QString name = session == &first ? "first" : "second";
+      session->panel = new FlyoutBase(name, new QSpinBox, nullptr, true, true, true, true, view);
+      session->panel->resize(session->panel->sizeHint());
+      session->panel->hide();
+      session->command = new PanelCommand(name, session->panel, controller);
+      session->command->setCheckable(checkable);
+      session->command->addObserver(session->heard, false);
+      controller->addCommand(session->command);
+      if (hosted)
+        bar->AddAction(session->command, session->panel);
+    }
+    window.resize(700, 500);
+    window.show();
+    window.activateWindow();
+    if (!QTest::qWaitForWindowActive(&window))
+      qFatal("the window does not become active");
+    bar->ShowMe();
+    drain();
+  }
+
+  void drain() {
+    Vela::Test::settle();
+    while (dispatcher.step(Taren::Core::MainThreadQoS))
+      Vela::Test::settle();
+  }
+  void finishRun() {
+    while (dispatcher.step(Taren::Core::NormalQoS))
+      drain();
+  }
+  void end(Session& session, const QString& way) {
+    if (way == "again")
+      session.command->isCheckable() ? session.command->trigger() : session.command->onExitCommand();
+    else if (way == "close me")
+      session.panel->CloseMe();
+    else if (way == "cancel")
+      session.panel->Cancel();
+    else if (way == "escape") {
+      session.panel->setFocus();
+      QTest::keyClick(session.panel->window()->windowHandle(), Qt::Key_Escape);
+    } else if (way == "hide")
+      session.panel->hide();
+    else if (way == "close")
+      session.panel->close();
+    else if (way == "finalize")
+      session.command->onFinalize();
+    else if (way == "remove")
+      controller->removeCommand(session.command);
+    else if (way == "remove all")
+      controller->removeAllCommands();
+    else if (way == "delete panel")
+      delete session.panel;
+    else
+      delete view;
+    drain();
+  }
+
+  Taren::Core::SteppedDispatcher dispatcher;
+  Taren::Core::ScopedDispatcher installed{dispatcher};
+  QWidget window;
+  QPointer<BaseView> view;
+  CmdsViewController* controller;
+  QPointer<ToolBar> bar;
+  QPointer<TestCommand> other;
+  Session first;
+  Session second;
+};
+
+bool isOpen(const Session& session) { return session.heard->began > session.heard->ended; }
+
+} // namespace
+
+/// A flyout command from begin to end, whatever ends it and whatever goes on meanwhile.
+class FlyoutSessionsTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void everyWayEndsItOnce_data() {
+    QTest::addColumn<bool>("checkable");
+    QTest::addColumn<bool>("hosted");
+    QTest::addColumn<bool>("two");
+    QTest::addColumn<bool>("running");
+    QTest::addColumn<QString>("way");
+    for (const char* const way : {"again", "close me", "cancel", "escape", "hide", "close", "finalize",
+                                  "remove", "remove all", "delete panel", "delete view"}) {
+      for (int bits = 0; bits < 16; ++bits) {
+        const bool hosted = bits & 2;
+        if (!hosted && (qstrcmp(way, "hide") == 0 || qstrcmp(way, "close") == 0))
+          continue; // a plain widget, which who shows it may hide
+        QTest::addRow("%s%s%s%s, %s", bits & 1 ? "checkable" : "plain", hosted ? ", hosted" : "",
+                      bits & 4 ? ", two" : "", bits & 8 ? ", while one runs" : "", way)
+            << bool(bits & 1) << hosted << bool(bits & 4) << bool(bits & 8) << QString(way);
+      }
+    }
+  }
+
+  void everyWayEndsItOnce() {
+    QFETCH(bool, checkable);
+    QFETCH(bool, hosted);
+    QFETCH(bool, two);
+    QFETCH(bool, running);
+    QFETCH(QString, way);
+    Stage stage(checkable, hosted);
+    const auto kept = stage.other->shared_from_this();
+    if (running)
+      stage.controller->findCommand("run")->onExecute();
+    for (Session* const session : {&stage.first, &stage.second}) {
+      if (session == &stage.first || two)
+        session->command->trigger();
+      stage.drain();
+    }
+    const auto check = [&](int runs) {
+      int open = runs;
+      for (const Session* const session : {&stage.first, &stage.second}) {
+        QVERIFY(session->heard->began <= 1);
+        const bool isShown = session->panel && session->panel->isVisible();
+        QCOMPARE(isShown, isOpen(*session));
+        if (session->command) {
+          QCOMPARE(session->command->isActive(), isShown);
+          QCOMPARE(session->command->isChecked(), isShown && checkable);
+          QVERIFY(session->command->isEnabled());
+        }
+        open += isShown;
+      }
+      if (stage.view)
+        QCOMPARE(stage.controller->contextStack().size(), open);
+      if (stage.view && way != "remove all")
+        QCOMPARE(kept->isEnabled(), open == 0);
+    };
+    check(running);
+    Session& ended = isOpen(stage.first) ? stage.first : stage.second;
+    stage.end(ended, way);
+    if (way == "delete view")
+      return; // nobody is left to tell
+    QCOMPARE(ended.heard->ended, 1);
+    check(running);
+    stage.finishRun();
+    check(0);
+    for (Session* const session : {&stage.first, &stage.second}) {
+      if (session->command)
+        session->command->onFinalize();
+    }
+    stage.drain();
+    check(0);
+    QVERIFY(stage.controller->contextStack().isEmpty());
+  }
+
+  void whatThrowsLeavesNothingHalfBegun() {
+    Stage stage(true, false);
+    PanelCommand& command = *stage.first.command;
+    command.atBegin = [] { throw std::runtime_error("context"); };
+    command.trigger();
+    QVERIFY(!command.isActive() && !command.isChecked() && !stage.first.panel->isVisible());
+    command.atBegin = [&] { command.onFinalize(); };
+    command.trigger();
+    QVERIFY(!command.isActive() && stage.controller->contextStack().isEmpty());
+    command.atBegin = nullptr;
+    stage.first.heard->fails = true;
+    command.setChecked(false);
+    command.setChecked(true);
+    QCOMPARE(command.failures, (QStringList{"context", "observer"}));
+    QVERIFY(command.isActive() && stage.first.panel->isVisible());
+    command.onFinalize();
+    QVERIFY(stage.controller->contextStack().isEmpty());
+  }
+
+  void runThatDisablesItsOwnPanelGivesTheFocusBack() {
+    Stage stage(false, false);
+    stage.first.command->trigger();
+    auto* const spin = stage.first.panel->findChild<QSpinBox*>();
+    spin->setFocus();
+    stage.first.panel->Apply();
+    stage.drain();
+    QVERIFY(!stage.first.panel->isEnabled());
+    stage.finishRun();
+    QVERIFY(stage.first.panel->isEnabled() && stage.first.panel->isVisible());
+    QWidget* const focus = QApplication::focusWidget();
+    QVERIFY(focus == stage.first.panel || stage.first.panel->isAncestorOf(focus));
+  }
+
+  void unsharedCommandDiesBeforeItsBroadcast() {
+    Stage stage(false, false);
+    FlyoutBase panel("panel", new QWidget, nullptr, true, true, true, true, nullptr);
+    struct Later : QObject, Heard {};
+    auto* const observer = new Later;
+    observer->setParent(&stage.window);
+    auto command = std::make_unique<PanelCommand>("unshared", &panel, stage.controller);
+    command->addObserver(observer);
+    command->onBegin();
+    command.reset();
+    stage.drain();
+    QCOMPARE(observer->began, 0);
+    QVERIFY(stage.controller->contextStack().isEmpty());
+  }
+};
+
+VELA_TEST_MAIN(FlyoutSessionsTest)
+#include "flyout_sessions_test.moc"
