@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+#include <algorithm>
+#include <functional>
 #include <memory>
 
 namespace Vela::Test {
@@ -16,6 +18,15 @@ public:
       : InteractiveTool(view), m_name(std::move(name)), m_journal(std::move(journal)) {}
 
   const QString& name() const { return m_name; }
+  /// "inactive", "active", "suspended" or "operating".
+  QString state() const {
+    const bool is[] = {isActive(), isSuspended(), isOperating()};
+    const char* const names[] = {"active", "suspended", "operating", "inactive"};
+    return QLatin1String(names[std::find(is, is + 3, true) - is]);
+  }
+
+  /// Called where an operation ends.
+  std::function<void()> onEnd;
 
   bool takesPresses = true;
   bool takesOthers = false;
@@ -44,7 +55,10 @@ public:
   void endOperation() override {
     if (isOperating())
       note("end");
+    const bool ends = isOperating();
     InteractiveTool::endOperation();
+    if (const auto act = ends ? onEnd : nullptr)
+      act();
   }
 
 private:

@@ -15,11 +15,8 @@ namespace {
 /// Writes down what the tools tell it, then follows the rules of every stack.
 class RecordingStack : public ToolStack {
 public:
-  explicit RecordingStack(std::shared_ptr<QStringList> journal) : m_journal(std::move(journal)) {}
-
+  QStringList reports;
   std::function<void(const QString&)> onReport;
-
-  void name(InteractiveTool* tool, const QString& name) { m_names.insert(tool, name); }
 
   void toolActivated(InteractiveTool* tool) override { note(tool, "activated"); }
   void toolDeactivated(InteractiveTool* tool) override { note(tool, "deactivated"); }
@@ -37,14 +34,11 @@ public:
 
 private:
   void note(InteractiveTool* tool, const char* what) {
-    const QString entry = m_names.value(tool) + QLatin1Char(' ') + QLatin1String(what);
-    m_journal->append(entry);
-    if (onReport)
-      onReport(entry);
+    const QString report = static_cast<RecordingTool*>(tool)->name() + QLatin1Char(' ') + what;
+    reports.append(report);
+    if (const auto act = onReport)
+      act(report);
   }
-
-  std::shared_ptr<QStringList> m_journal;
-  QHash<InteractiveTool*, QString> m_names;
 };
 
 QMouseEvent mouse(QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons buttons,
@@ -52,12 +46,35 @@ QMouseEvent mouse(QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons bu
   return QMouseEvent(type, position, position, position, button, buttons, Qt::NoModifier);
 }
 
-QString stateOf(const InteractiveTool& tool) {
-  if (tool.isActive())
-    return QStringLiteral("active");
-  if (tool.isSuspended())
-    return QStringLiteral("suspended");
-  return tool.isOperating() ? QStringLiteral("operating") : QStringLiteral("inactive");
+std::shared_ptr<RecordingTool> makeTool(const QString& name) {
+  return std::make_shared<RecordingTool>(name, std::make_shared<QStringList>());
+}
+
+using Tools = QHash<QString, std::shared_ptr<RecordingTool>>;
+
+/// "L+a" pushes tool a on the left button's stack, "L-" pops; "a:…" calls an operation of the tool.
+void play(ToolStack& stack, Tools& tools, const QString& word) {
+  if (word == "reset")
+    return stack.resetTools();
+  if (word == "clear")
+    return stack.clearTools();
+  const auto key = word[0] == 'L' ? LeftButton : word[0] == 'R' ? RightButton : MiddleButton;
+  const QString change = word.mid(2);
+  if (word[1] == '-')
+    return void(stack.popTool(key));
+  const QString name = word[1] == '+' ? change : word.left(1);
+  std::shared_ptr<RecordingTool>& tool = tools[name];
+  if (!tool)
+    tool = makeTool(name);
+  if (word[1] == '+')
+    return stack.pushTool(key, tool);
+  const QHash<QString, void (RecordingTool::*)()> changes{{"activate", &RecordingTool::activate},
+                                                          {"deactivate", &RecordingTool::deactivate},
+                                                          {"suspend", &RecordingTool::suspend},
+                                                          {"resume", &RecordingTool::resume},
+                                                          {"startOperation", &RecordingTool::startOperation},
+                                                          {"endOperation", &RecordingTool::endOperation}};
+  ((*tool).*changes.value(change))();
 }
 
 } // namespace
@@ -65,128 +82,67 @@ QString stateOf(const InteractiveTool& tool) {
 class ToolStackTest : public Vela::Test::TestCase {
   Q_OBJECT
 
-public:
-  ToolStackTest() { cleanup(); }
-
 private Q_SLOTS:
-  void cleanup();
-
   void changeActsInOneStateOnly_data();
   void changeActsInOneStateOnly();
   void operationFollowsItsButton();
   void pressIsKeptUnchangedAndReplayedWithoutMovingTheMouse();
   void cursors();
-
-  void pushingSuspendsAndPoppingResumes();
-  void poppedToolThatCannotBeDeactivatedStaysAsItIs();
-  void nothingToPushOrPopChangesNothing();
-  void primaryToolIsQuietWhileAnotherOperates();
+  void toolsHearOfTheirPlace_data();
+  void toolsHearOfTheirPlace();
   void onlyTopToolsCountAsOperating();
-  void resetReportsEveryToolThatDoesNotOperate();
   void clearingReleasesWithoutDeactivating();
   void stackMustBeShared();
   void reportsMayChangeTheStack();
+  void reportsAndDyingToolsFindAStackThatEnds();
   void laterObserverHearsAToolThatIsGone();
-
-private:
-  std::shared_ptr<RecordingTool> tool(const QString& name);
-  QStringList reports() { return std::exchange(*m_reports, {}); }
-
-  std::shared_ptr<QStringList> m_reports;
-  std::shared_ptr<QStringList> m_input;
-  std::shared_ptr<RecordingStack> m_stack;
 };
 
-// Each test starts with a stack of its own.
-void ToolStackTest::cleanup() {
-  m_reports = std::make_shared<QStringList>();
-  m_input = std::make_shared<QStringList>();
-  m_stack = createShared<RecordingStack>(m_reports);
-}
-
-std::shared_ptr<RecordingTool> ToolStackTest::tool(const QString& name) {
-  auto made = std::make_shared<RecordingTool>(name, m_input);
-  m_stack->name(made.get(), name);
-  return made;
-}
-
 void ToolStackTest::changeActsInOneStateOnly_data() {
-  QTest::addColumn<QString>("from");
+  QTest::addColumn<QString>("reach");
   QTest::addColumn<QString>("change");
-  QTest::addColumn<QString>("to");
-  QTest::addColumn<QStringList>("reported");
-  const QStringList states{"inactive", "active", "suspended", "operating"};
-  struct Change {
-    const char* name;
-    const char* from;
-    const char* to;
-    QStringList reported;
-  };
-  const Change changes[] = {
-      {"activate", "inactive", "active", {"t activated"}},
-      {"deactivate", "active", "inactive", {"t deactivated"}},
-      {"suspend", "active", "suspended", {"t suspended"}},
-      {"resume", "suspended", "active", {"t resumed"}},
-      {"startOperation", "active", "operating", {"t began", "t cursor"}},
-      {"endOperation", "operating", "active", {"t ended"}},
-  };
-  for (const Change& change : changes) {
-    for (const QString& from : states) {
-      const bool acts = from == QLatin1String(change.from);
-      QTest::addRow("%s when %s", change.name, qPrintable(from))
-          << from << change.name << (acts ? QString(change.to) : from)
-          << (acts ? change.reported : QStringList());
-    }
+  QTest::addColumn<QString>("told");
+  const QStringList reaches{"L+a a:deactivate", "L+a", "L+a a:suspend", "L+a a:startOperation"};
+  const std::tuple<const char*, int, const char*> changes[] = {
+      {"activate", 0, "activated"}, {"deactivate", 1, "deactivated"}, {"suspend", 1, "suspended"},
+      {"resume", 2, "resumed"},     {"startOperation", 1, "began"},   {"endOperation", 3, "ended"}};
+  for (const auto& [change, from, told] : changes) {
+    for (int state = 0; state < reaches.size(); ++state)
+      QTest::addRow("%s in state %d", change, state)
+          << reaches[state] << QString("a:%1").arg(change) << (state == from ? QString(told) : QString());
   }
 }
 
 void ToolStackTest::changeActsInOneStateOnly() {
-  QFETCH(QString, from);
-  QFETCH(QString, change);
-  const auto t = tool("t");
-  t->setDelegate(m_stack, false);
-  const QHash<QString, std::function<void()>> changes{{"activate", [&] { t->activate(); }},
-                                                      {"deactivate", [&] { t->deactivate(); }},
-                                                      {"suspend", [&] { t->suspend(); }},
-                                                      {"resume", [&] { t->resume(); }},
-                                                      {"startOperation", [&] { t->startOperation(); }},
-                                                      {"endOperation", [&] { t->endOperation(); }}};
-  if (from != "inactive")
-    t->activate();
-  if (from == "suspended")
-    t->suspend();
-  if (from == "operating")
-    t->startOperation();
-  QCOMPARE(stateOf(*t), from);
-  reports();
-  changes[change]();
-  QTEST(stateOf(*t), "to");
-  QTEST(reports(), "reported");
+  QFETCH(const QString, reach);
+  QFETCH(const QString, change);
+  QFETCH(const QString, told);
+  const auto stack = createShared<RecordingStack>();
+  Tools tools;
+  for (const QString& word : reach.split(' '))
+    play(*stack, tools, word);
+  const auto before = tools["a"]->state();
+  stack->reports.clear();
+  play(*stack, tools, change);
+  QCOMPARE(stack->reports.value(0), told.isEmpty() ? QString() : "a " + told);
+  QCOMPARE(tools["a"]->state() == before, told.isEmpty());
 }
 
 void ToolStackTest::operationFollowsItsButton() {
-  const auto t = tool("t");
+  const auto t = makeTool("t");
   auto press = mouse(QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton, {3, 4});
   QVERIFY(!t->mousePress(&press)); // not active
   t->activate();
-  QVERIFY(t->mousePress(&press));
-  QVERIFY(t->isOperating());
-
+  QVERIFY(t->mousePress(&press) && t->isOperating());
   auto second = mouse(QEvent::MouseButtonPress, Qt::RightButton, Qt::LeftButton | Qt::RightButton, {9, 9});
   QVERIFY(!t->mousePress(&second));
   QCOMPARE(t->pressEvent().position(), QPointF(3, 4));
   auto foreign = mouse(QEvent::MouseButtonRelease, Qt::RightButton, Qt::LeftButton);
-  QVERIFY(!t->mouseRelease(&foreign));
   auto held = mouse(QEvent::MouseMove, Qt::NoButton, Qt::LeftButton | Qt::RightButton);
-  QVERIFY(t->mouseMove(&held));
   auto lost = mouse(QEvent::MouseMove, Qt::NoButton, Qt::RightButton);
-  QVERIFY(!t->mouseMove(&lost));
-  QVERIFY(t->isOperating());
-
+  QVERIFY(!t->mouseRelease(&foreign) && t->mouseMove(&held) && !t->mouseMove(&lost) && t->isOperating());
   auto release = mouse(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
-  QVERIFY(t->mouseRelease(&release));
-  QVERIFY(t->isActive());
-  QVERIFY(t->pressEvent().isNull());
+  QVERIFY(t->mouseRelease(&release) && t->isActive() && t->pressEvent().isNull());
   QVERIFY(!t->mouseMove(&held) && !t->mouseRelease(&release));
 }
 
@@ -197,186 +153,182 @@ void ToolStackTest::pressIsKeptUnchangedAndReplayedWithoutMovingTheMouse() {
   const MousePress kept(original);
   auto later = mouse(QEvent::MouseMove, Qt::NoButton, Qt::RightButton, {77, 88});
   const QMouseEvent replayed = kept.toEvent();
-  QCOMPARE(replayed.type(), QEvent::MouseButtonPress);
-  QCOMPARE(replayed.position(), there);
+  QVERIFY(replayed.type() == original.type() && replayed.position() == there);
   QCOMPARE(replayed.scenePosition(), there + QPointF(5, 5));
   QCOMPARE(replayed.globalPosition(), there + QPointF(100, 100));
-  QCOMPARE(replayed.button(), Qt::RightButton);
-  QCOMPARE(replayed.buttons(), Qt::RightButton | Qt::LeftButton);
+  QVERIFY(replayed.button() == Qt::RightButton && replayed.buttons() == original.buttons());
   QCOMPARE(replayed.modifiers(), Qt::ShiftModifier);
   QVERIFY(replayed.pointingDevice() != later.pointingDevice());
   QCOMPARE(later.position(), QPointF(77, 88));
 }
 
 void ToolStackTest::cursors() {
-  const auto t = tool("t");
-  t->setDelegate(m_stack, false);
+  const auto stack = createShared<RecordingStack>();
+  const auto t = makeTool("t");
   QCOMPARE(t->getIdleCursor().shape(), Qt::ArrowCursor);
-  t->activate();
-  reports();
+  stack->pushTool(LeftButton, t);
   t->setOperatingCursor(Qt::CrossCursor);
   QCOMPARE(t->getIdleCursor().shape(), Qt::CrossCursor);
   t->setIdleCursor(Qt::OpenHandCursor);
-  QCOMPARE(reports(), QStringList());
+  QCOMPARE(stack->reports, QStringList("t activated"));
   t->startOperation();
-  reports();
   t->setOperatingCursor(Qt::ClosedHandCursor);
-  QCOMPARE(reports(), QStringList("t cursor"));
+  QCOMPARE(stack->reports.mid(1), QStringList({"t began", "t cursor", "t cursor"}));
   QCOMPARE(t->getIdleCursor().shape(), Qt::OpenHandCursor);
   QCOMPARE(t->loadCursorFromPath(":/no/such/image", {1, 1}).shape(), QCursor().shape());
 }
 
-void ToolStackTest::pushingSuspendsAndPoppingResumes() {
-  const auto a = tool("a");
-  const auto b = tool("b");
-  m_stack->pushTool(LeftButton, a);
-  m_stack->pushTool(LeftButton, b);
-  QCOMPARE(reports(), QStringList({"a activated", "a suspended", "b activated"}));
-  QCOMPARE(m_stack->getTool(LeftButton), b);
-  QCOMPARE(m_stack->popTool(LeftButton), b);
-  QCOMPARE(reports(), QStringList({"b deactivated", "a resumed"}));
-  QVERIFY(!b->getDelegate() && a->getDelegate());
-  QCOMPARE(m_stack->getTool(LeftButton), a);
+void ToolStackTest::toolsHearOfTheirPlace_data() {
+  QTest::addColumn<QString>("script");
+  QTest::addColumn<QString>("told");
+  QTest::addColumn<QString>("held");
+  QTest::newRow("pushed over") << "L+a L+b"
+                               << "a activated, a suspended, b activated"
+                               << "1a 1b";
+  QTest::newRow("popped") << "L+a L+b L-"
+                          << "a activated, a suspended, b activated, b deactivated, a resumed"
+                          << "1a";
+  QTest::newRow("popped while it operates")
+      << "R+a R+b b:startOperation R-"
+      << "a activated, a suspended, b activated, b began, b cursor, a resumed"
+      << "2a";
+  QTest::newRow("nothing to pop") << "L- M- L+a L- L-"
+                                  << "a activated, a deactivated"
+                                  << "";
+  QTest::newRow("pushed twice") << "L+a L+a"
+                                << "a activated, a suspended"
+                                << "1a 1a";
+  QTest::newRow("another button operates")
+      << "L+a R+b b:startOperation b:endOperation"
+      << "a activated, b activated, b began, a suspended, b cursor, b ended, a resumed"
+      << "1a 2b";
+  QTest::newRow("two others operate") // the left one is back with the first that ends
+      << "L+a R+b M+c b:startOperation c:startOperation b:endOperation c:endOperation"
+      << "a activated, b activated, c activated, b began, a suspended, b cursor, c began, c cursor, b ended, "
+         "a resumed, c ended"
+      << "1a 2b 4c";
+  QTest::newRow("the left one operates") << "L+a R+b a:startOperation a:endOperation"
+                                         << "a activated, b activated, a began, a cursor, a ended"
+                                         << "1a 2b";
+  QTest::newRow("reset") << "R+c L+a L+b reset"
+                         << "c activated, a activated, a suspended, b activated, b deactivated, b activated, "
+                            "a resumed, a deactivated, a activated, a suspended, c deactivated, c activated"
+                         << "1a 1b 2c";
+  QTest::newRow("reset of one that operates") << "R+c c:startOperation reset"
+                                              << "c activated, c began, c cursor"
+                                              << "2c";
+  QTest::newRow("cleared") << "L+a R+b clear"
+                           << "a activated, b activated"
+                           << "";
 }
 
-void ToolStackTest::poppedToolThatCannotBeDeactivatedStaysAsItIs() {
-  const auto below = tool("below");
-  const auto t = tool("t");
-  m_stack->pushTool(RightButton, below);
-  m_stack->pushTool(RightButton, t);
-  t->startOperation();
-  reports();
-  m_stack->popTool(RightButton);
-  QCOMPARE(reports(), QStringList("below resumed"));
-  QVERIFY(t->isOperating());
-}
-
-void ToolStackTest::nothingToPushOrPopChangesNothing() {
-  const auto a = tool("a");
-  m_stack->pushTool(LeftButton, a);
-  reports();
-  m_stack->pushTool(LeftButton, nullptr);
-  QVERIFY(!m_stack->popTool(MiddleButton));
-  QVERIFY(!m_stack->getTool(MiddleButton) && !m_stack->getOperatingTool());
-  m_stack->popTool(LeftButton);
-  QVERIFY(!m_stack->popTool(LeftButton));
-  QCOMPARE(reports(), QStringList("a deactivated"));
-}
-
-void ToolStackTest::primaryToolIsQuietWhileAnotherOperates() {
-  const auto left = tool("left");
-  const auto right = tool("right");
-  const auto middle = tool("middle");
-  m_stack->pushTool(LeftButton, left);
-  m_stack->pushTool(RightButton, right);
-  m_stack->pushTool(MiddleButton, middle);
-  reports();
-  right->startOperation();
-  QCOMPARE(reports(), QStringList({"right began", "left suspended", "right cursor"}));
-  middle->startOperation(); // its suspension of the left one is a repetition
-  right->endOperation();
-  QCOMPARE(stateOf(*left), QStringLiteral("active"));
-  middle->endOperation();
-  reports();
-  left->startOperation();
-  left->endOperation();
-  QCOMPARE(reports(), QStringList({"left began", "left cursor", "left ended"}));
+void ToolStackTest::toolsHearOfTheirPlace() {
+  QFETCH(const QString, script);
+  const auto stack = createShared<RecordingStack>();
+  Tools tools;
+  for (const QString& word : script.split(' '))
+    play(*stack, tools, word);
+  QTEST(stack->reports.join(", "), "told");
+  QStringList held;
+  const auto entries = std::as_const(*stack).heldTools();
+  for (const HeldTool& entry : entries)
+    held += QString::number(entry.button) + static_cast<RecordingTool&>(*entry.tool).name();
+  QTEST(held.join(' '), "held");
+  for (const auto& tool : std::as_const(tools))
+    QVERIFY(tool->getDelegate() || !stack->holds(*tool));
 }
 
 void ToolStackTest::onlyTopToolsCountAsOperating() {
-  const auto below = tool("below");
-  const auto left = tool("left");
-  const auto right = tool("right");
-  m_stack->pushTool(RightButton, right);
-  m_stack->pushTool(LeftButton, below);
+  const auto stack = createShared<ToolStack>();
+  const auto below = makeTool("below");
+  const auto right = makeTool("right");
+  stack->pushTool(RightButton, right);
+  stack->pushTool(LeftButton, below);
   below->startOperation();
-  m_stack->pushTool(LeftButton, left);
-  QVERIFY(below->isOperating());
-  QVERIFY(!m_stack->getOperatingTool());
+  stack->pushTool(LeftButton, makeTool("left"));
+  stack->pushTool(LeftButton, nullptr);
+  QVERIFY(below->isOperating() && !stack->getOperatingTool());
   right->startOperation();
-  QCOMPARE(m_stack->getOperatingTool(), right);
-}
-
-void ToolStackTest::resetReportsEveryToolThatDoesNotOperate() {
-  const auto below = tool("below");
-  const auto top = tool("top");
-  const auto right = tool("right");
-  m_stack->pushTool(RightButton, right);
-  m_stack->pushTool(LeftButton, below);
-  m_stack->pushTool(LeftButton, top);
-  reports();
-  m_stack->resetTools();
-  QCOMPARE(reports(),
-           QStringList({"top deactivated", "top activated", "below resumed", "below deactivated",
-                        "below activated", "below suspended", "right deactivated", "right activated"}));
-  right->startOperation();
-  reports();
-  m_stack->resetTools();
-  QVERIFY(reports().filter("right").isEmpty());
-  QVERIFY(right->isOperating() && top->isSuspended());
+  QCOMPARE(stack->getOperatingTool(), right);
 }
 
 void ToolStackTest::clearingReleasesWithoutDeactivating() {
-  const auto kept = tool("kept");
-  auto released = tool("released");
-  const std::weak_ptr<RecordingTool> watched = released;
-  m_stack->pushTool(LeftButton, kept);
-  m_stack->pushTool(RightButton, std::exchange(released, nullptr));
-  reports();
-  m_stack->clearTools();
-  QCOMPARE(reports(), QStringList());
-  QVERIFY(watched.expired());
-  QVERIFY(kept->isActive() && kept->getDelegate());
-
-  m_stack->pushTool(RightButton, tool("last"));
-  m_stack = nullptr;
+  auto stack = createShared<ToolStack>();
+  const auto kept = makeTool("kept");
+  stack->pushTool(LeftButton, kept);
+  stack->clearTools();
+  QVERIFY(kept.use_count() == 1 && kept->isActive() && kept->getDelegate());
+  stack = nullptr;
   kept->deactivate(); // nobody is left to hear of it
   QVERIFY(!kept->getDelegate());
 }
 
 void ToolStackTest::stackMustBeShared() {
-  RecordingStack onStack(m_reports);
-  const auto below = tool("below");
+  RecordingStack onStack;
+  const auto below = makeTool("below");
   QVERIFY_THROWS_EXCEPTION(std::bad_weak_ptr, onStack.pushTool(LeftButton, below));
   QVERIFY(!onStack.getTool(LeftButton) && !below->isActive());
 }
 
 void ToolStackTest::reportsMayChangeTheStack() {
-  const auto first = tool("first");
-  const auto second = tool("second");
-  const auto third = tool("third");
-  m_stack->pushTool(LeftButton, first);
-  m_stack->pushTool(LeftButton, second);
-  m_stack->onReport = [&](const QString& report) {
+  const auto stack = createShared<RecordingStack>();
+  const auto second = makeTool("second");
+  const auto third = makeTool("third");
+  stack->pushTool(LeftButton, makeTool("first"));
+  stack->onReport = [&](const QString& report) {
+    if (report == "first suspended")
+      stack->pushTool(LeftButton, third);
+  };
+  stack->pushTool(LeftButton, second); // over the third
+  QVERIFY(second->isActive() && third->isSuspended());
+  stack->onReport = [&](const QString& report) {
     if (report == "second deactivated")
-      m_stack->pushTool(LeftButton, third);
-    if (report == "third activated")
-      m_stack->clearTools();
+      stack->pushTool(LeftButton, makeTool("fourth"));
+    if (report == "fourth activated")
+      stack->clearTools();
   };
-  QCOMPARE(m_stack->popTool(LeftButton), second);
-  QVERIFY(!m_stack->getTool(LeftButton));
+  QCOMPARE(stack->popTool(LeftButton), second);
+  QVERIFY(!stack->getTool(LeftButton));
+}
 
-  // The last owner goes while the tool reports.
-  m_stack->onReport = [&](const QString& report) {
-    if (report.endsWith("began"))
-      m_stack->clearTools();
+void ToolStackTest::reportsAndDyingToolsFindAStackThatEnds() {
+  for (const char* const moment : {"a suspended", "b activated", "b deactivated", "a resumed"}) {
+    auto* const stack = new RecordingStack;
+    auto held = Taren::Objects::adoptShared(stack);
+    Tools tools;
+    stack->onReport = [&](const QString& report) {
+      if (report != moment)
+        return;
+      stack->onReport = {};
+      delete stack;
+      held.reset();
+    };
+    for (const QString word : {"L+a", "L+b", "L-"}) {
+      if (held)
+        play(*stack, tools, word);
+    }
+    QVERIFY(!held);
+  }
+
+  class AskingTool : public InteractiveTool {
+  public:
+    explicit AskingTool(ToolStack& stack) : InteractiveTool(nullptr), m_stack(stack) {}
+    ~AskingTool() override { m_stack.getTool(LeftButton); }
+
+  private:
+    ToolStack& m_stack;
   };
-  auto fleeting = tool("fleeting");
-  m_stack->pushTool(LeftButton, fleeting);
-  RecordingTool* const plain = fleeting.get();
-  const std::weak_ptr<RecordingTool> watched = std::exchange(fleeting, nullptr);
-  plain->startOperation();
-  QVERIFY(watched.expired());
+  const auto stack = createShared<ToolStack>();
+  stack->pushTool(LeftButton, std::make_shared<AskingTool>(*stack));
 }
 
 void ToolStackTest::laterObserverHearsAToolThatIsGone() {
-  const auto observer = createShared<RecordingStack>(m_reports);
-  auto t = tool("t");
-  observer->name(t.get(), "t");
+  const auto observer = createShared<RecordingStack>();
+  auto t = makeTool("t");
   t->addObserver(observer, true);
   t->activate();
   t = nullptr;
-  QTRY_COMPARE(*m_reports, QStringList("t activated"));
+  QTRY_COMPARE(observer->reports, QStringList("t activated"));
 }
 
 VELA_TEST_MAIN(ToolStackTest)

@@ -67,15 +67,15 @@ private Q_SLOTS:
   void inputReachesTheRightTool();
   void heldBackPressIsReplayedWhereItWas();
   void missingToolDeclines();
-  void cursorFollowsTheTools_data();
-  void cursorFollowsTheTools();
-  void cursorsOutliveTheToolsOfAController();
+  void cursorOfTheViewComesBack_data();
+  void cursorOfTheViewComesBack();
+  void idleCursorShowsAtOnce();
   void toolsPushedBeforeTheViewShowTheirCursor();
+  void toolLiesOnOneStackOnly();
+  void toolMayActWhereItsOperationEnds_data();
+  void toolMayActWhereItsOperationEnds();
   void operationEndsWithItsMouse_data();
   void operationEndsWithItsMouse();
-  void operationEndsBeforeItsToolIsPushedOverOrPopped_data();
-  void operationEndsBeforeItsToolIsPushedOverOrPopped();
-  void primaryToolsChangeUnderAnotherOperation();
   void viewMayGoDuringAnOperation_data();
   void viewMayGoDuringAnOperation();
   void movingTheMouseLeavesTheFocus();
@@ -83,6 +83,7 @@ private Q_SLOTS:
   void executingCommandComesFirst_data();
   void executingCommandComesFirst();
   void executingCommandIsTheOneThatBegan();
+  void endedCommandGivesWayToTheOneBefore();
   void commandThatTakesTheReleaseLeavesNoOperation();
 };
 
@@ -117,6 +118,12 @@ void ToolRoutingTest::inputReachesTheRightTool_data() {
                                              << "middle:press middle:end menu";
   QTest::newRow("any release drops the right press") << "R+ L+ L- mv R-"
                                                      << "left:press left:release left:end right:move";
+  QTest::newRow("no menu in the middle of an operation")
+      << "R+ L+ R- mv L-"
+      << "left:press left:release left:move left:release left:end";
+  QTest::newRow("operations that begin by themselves take turns")
+      << "M+ begin key M-"
+      << "middle:press middle:end left:key left:keyup right:release right:end";
   QTest::newRow("wheel") << "wh"
                          << "left:wheel wheel:wheel";
   QTest::newRow("no wheel during a drag") << "L+ wh L-"
@@ -136,7 +143,11 @@ void ToolRoutingTest::inputReachesTheRightTool_data() {
 void ToolRoutingTest::inputReachesTheRightTool() {
   QFETCH(QString, script);
   ToolScreen screen;
+  const auto right = screen.tool("right");
+  screen.on("begin", [&] { right->startOperation(); });
   screen.play(script);
+  if (right->isOperating())
+    right->endOperation();
   QTEST(screen.told(), "told");
   QVERIFY(!screen.controller->getOperatingTool());
 }
@@ -176,52 +187,56 @@ void ToolRoutingTest::missingToolDeclines() {
   QCOMPARE(screen.cursor(), Qt::ArrowCursor);
 }
 
-void ToolRoutingTest::cursorFollowsTheTools_data() {
+void ToolRoutingTest::cursorOfTheViewComesBack_data() {
   QTest::addColumn<QString>("script");
-  QTest::addColumn<Qt::CursorShape>("during");
-  QTest::addColumn<QString>("rest");
-  QTest::newRow("idle") << "mv" << Qt::OpenHandCursor << "";
-  QTest::newRow("left drag") << "L+" << Qt::ClosedHandCursor << "L-";
-  QTest::newRow("right press alone") << "R+" << Qt::OpenHandCursor << "R-";
-  QTest::newRow("right drag") << "R+ mv" << Qt::SizeAllCursor << "R-";
-  QTest::newRow("changed during the drag") << "M+ change" << Qt::WaitCursor << "M-";
-  QTest::newRow("one drag into another") << "L+ R+ mv M+" << Qt::SizeHorCursor << "M- R- L-";
-  QTest::newRow("pushed") << "push" << Qt::CrossCursor << "pop";
-  QTest::newRow("pushed during its drag") << "L+ push" << Qt::CrossCursor << "pop L-";
-  QTest::newRow("pushed during another drag") << "M+ push" << Qt::SizeHorCursor << "M- pop";
-  QTest::newRow("popped during another drag") << "push M+ pop" << Qt::SizeHorCursor << "M-";
-  QTest::newRow("reset during a drag") << "M+ reset" << Qt::SizeHorCursor << "reset M- reset";
+  QTest::newRow("tools popped") << "L+ L- pop";
+  QTest::newRow("in a drag") << "L+ mv pop L-";
+  QTest::newRow("under another drag") << "M+ pop M-";
+  QTest::newRow("tools cleared") << "M+ clear M-";
+  QTest::newRow("reset in a drag") << "M+ reset M- reset pop";
+  QTest::newRow("controller gone") << "gone";
+  QTest::newRow("controller gone in a drag") << "R+ mv gone R-";
 }
 
-void ToolRoutingTest::cursorFollowsTheTools() {
-  QFETCH(QString, script);
-  QFETCH(QString, rest);
-  ToolScreen screen;
-  ToolStack& tools = *screen.controller;
-  screen.on("push",
-            [&] { tools.pushTool(LeftButton, screen.makeTool("pushed", Qt::CrossCursor, Qt::BlankCursor)); });
-  screen.on("pop", [&] { tools.popTool(LeftButton); });
-  screen.on("reset", [&] { tools.resetTools(); });
-  screen.on("change", [&] { screen.tool("middle")->setOperatingCursor(Qt::WaitCursor); });
-  screen.play(script);
-  QTEST(screen.cursor(), "during");
-  screen.play(rest);
-  QCOMPARE(screen.cursor(), Qt::OpenHandCursor);
-  QVERIFY(screen.tool("left")->isActive());
-  tools.popTool(LeftButton);
-  QCOMPARE(screen.cursor(), Qt::ArrowCursor);
+void ToolRoutingTest::cursorOfTheViewComesBack() {
+  QFETCH(const QString, script);
+  for (const bool own : {true, false}) {
+    ToolScreen screen;
+    screen.on("pop", [&] { screen.controller->popTool(LeftButton); });
+    screen.on("clear", [&] { screen.controller->clearTools(); });
+    screen.on("reset", [&] { screen.controller->resetTools(); });
+    screen.on("gone", [&] { screen.view->setViewController(nullptr); });
+    const auto left = screen.controller->popTool(LeftButton);
+    screen.window.setCursor(Qt::WaitCursor);
+    if (own)
+      screen.view->setCursor(Qt::IBeamCursor);
+    screen.controller->pushTool(LeftButton, left);
+    QCOMPARE(screen.cursor(), Qt::OpenHandCursor);
+    screen.play(script);
+    QCOMPARE(screen.cursor(), own ? Qt::IBeamCursor : Qt::WaitCursor);
+    QCOMPARE(screen.view->testAttribute(Qt::WA_SetCursor), own);
+  }
 }
 
-void ToolRoutingTest::cursorsOutliveTheToolsOfAController() {
+void ToolRoutingTest::idleCursorShowsAtOnce() {
   ToolScreen screen;
+  const auto left = screen.tool("left");
+  left->setIdleCursor(Qt::PointingHandCursor);
+  QCOMPARE(screen.cursor(), Qt::PointingHandCursor);
+  screen.tool("right")->setIdleCursor(Qt::WaitCursor);
   screen.play("M+");
-  screen.controller->clearTools();
-  QCOMPARE(screen.cursor(), Qt::ArrowCursor);
+  left->setIdleCursor(Qt::CrossCursor);
+  QCOMPARE(screen.cursor(), Qt::SizeHorCursor);
   screen.play("M-");
-  const auto t = screen.makeTool("t", Qt::CrossCursor, Qt::CrossCursor);
-  screen.controller->pushTool(LeftButton, t);
   QCOMPARE(screen.cursor(), Qt::CrossCursor);
-  screen.view->setViewController(nullptr); // takes the controller along
+  screen.play("L+");
+  left->setIdleCursor(Qt::WhatsThisCursor);
+  QCOMPARE(screen.cursor(), Qt::ClosedHandCursor);
+  left->setOperatingCursor(Qt::WaitCursor);
+  QCOMPARE(screen.cursor(), Qt::WaitCursor);
+  screen.play("L-");
+  QCOMPARE(screen.cursor(), Qt::WhatsThisCursor);
+  screen.controller->popTool(LeftButton);
   QCOMPARE(screen.cursor(), Qt::ArrowCursor);
 }
 
@@ -241,6 +256,87 @@ void ToolRoutingTest::toolsPushedBeforeTheViewShowTheirCursor() {
   }
 }
 
+void ToolRoutingTest::toolLiesOnOneStackOnly() {
+  ToolScreen screen;
+  const auto other = Taren::Objects::createShared<CmdsViewController>();
+  const auto left = screen.tool("left");
+  screen.controller->pushTool(LeftButton, left);
+  screen.controller->pushTool(RightButton, left);
+  other->pushTool(LeftButton, left);
+  QCOMPARE(screen.controller->heldTools().size(), 4);
+  QVERIFY(left->isActive() && other->heldTools().isEmpty());
+  screen.controller->clearTools(); // which leaves it active
+  other->pushTool(LeftButton, left);
+  QVERIFY(left->isActive() && other->holds(*left) && left->getDelegate() == other.get());
+}
+
+void ToolRoutingTest::toolMayActWhereItsOperationEnds_data() {
+  QTest::addColumn<QString>("script");
+  QTest::addColumn<QString>("act");
+  QTest::addColumn<QString>("top");
+  QTest::newRow("takes itself off") << "L+ L-"
+                                    << "pop"
+                                    << "left";
+  QTest::newRow("takes itself off while it is popped") << "L+ pop"
+                                                       << "pop"
+                                                       << "left";
+  QTest::newRow("takes itself off while it is pushed over") << "L+ push"
+                                                            << "pop"
+                                                            << "third";
+  QTest::newRow("pushes another while it is popped") << "L+ pop"
+                                                     << "push"
+                                                     << "third";
+  QTest::newRow("pushes another while it is pushed over") << "L+ push"
+                                                          << "push"
+                                                          << "third";
+  QTest::newRow("takes the next one off") << "L+ M+"
+                                          << "pop middle"
+                                          << "one-shot";
+  QTest::newRow("deletes the view while it is popped") << "L+ pop"
+                                                       << "delete view"
+                                                       << "";
+  QTest::newRow("deletes the controller at a press") << "L+ M+"
+                                                     << "delete controller"
+                                                     << "";
+  QTest::newRow("deletes the controller when the mouse is lost") << "L+ hide"
+                                                                 << "delete controller"
+                                                                 << "";
+  QTest::newRow("deletes the controller when it begins elsewhere") << "L+ begin"
+                                                                   << "delete controller"
+                                                                   << "";
+}
+
+void ToolRoutingTest::toolMayActWhereItsOperationEnds() {
+  QFETCH(const QString, script);
+  QFETCH(const QString, act);
+  QFETCH(const QString, top);
+  ToolScreen screen;
+  const QPointer<BaseViewController> alive(screen.controller);
+  const auto oneShot = screen.makeTool("one-shot", Qt::CrossCursor, Qt::BlankCursor);
+  const auto third = screen.makeTool("third", Qt::WaitCursor, Qt::WaitCursor);
+  const auto right = screen.tool("right");
+  screen.on("push", [&] { screen.controller->pushTool(LeftButton, third); });
+  screen.on("pop", [&] { QCOMPARE(screen.controller->popTool(LeftButton), oneShot); });
+  screen.on("pop middle", [&] { screen.controller->popTool(MiddleButton); });
+  screen.on("hide", [&] { screen.view->hide(); });
+  screen.on("begin", [&] { right->startOperation(); });
+  screen.on("delete view", [&] { delete screen.view; });
+  screen.on("delete controller", [&] { delete screen.controller; });
+  screen.controller->pushTool(LeftButton, oneShot);
+  oneShot->onEnd = [&] {
+    oneShot->onEnd = nullptr;
+    screen.act(act);
+  };
+  screen.play(script);
+  QVERIFY(!oneShot->isOperating());
+  QCOMPARE(bool(alive), !act.startsWith("delete"));
+  if (!alive)
+    return;
+  QCOMPARE(screen.controller->getTool(LeftButton), screen.tool(top));
+  QVERIFY(screen.tool(top)->isActive());
+  QCOMPARE(screen.cursor(), screen.tool(top)->getIdleCursor().shape());
+}
+
 void ToolRoutingTest::operationEndsWithItsMouse_data() {
   QTest::addColumn<QString>("loss");
   QTest::newRow("the release is lost") << "L? R? M? mv";
@@ -249,6 +345,7 @@ void ToolRoutingTest::operationEndsWithItsMouse_data() {
   QTest::newRow("a menu opens") << "popup";
   QTest::newRow("the view is hidden") << "hide";
   QTest::newRow("the view is covered") << "cover";
+  QTest::newRow("the view is disabled") << "disable";
   QTest::newRow("another window is activated") << "deactivate";
   QTest::newRow("the application ends it") << "cancel";
 }
@@ -268,6 +365,11 @@ void ToolRoutingTest::operationEndsWithItsMouse() {
     screen.on("dialog", [&] { dialog.show(); });
     screen.on("popup", [&] { menu.popup(screen.view->mapToGlobal(QPoint(5, 5))); });
     screen.on("hide", [&] { screen.view->hide(); });
+    screen.on("disable", [&] {
+      screen.edit->setFocus();
+      screen.play(press.contains("mv") ? "R- " + press : press.at(0) + QString("- ") + press);
+      screen.window.setEnabled(false);
+    });
     screen.on("cover", [&] { screen.controller->presentViewController(covering, NoTransition); });
     screen.on("deactivate", [&] {
       other.show();
@@ -292,44 +394,6 @@ void ToolRoutingTest::operationEndsWithItsMouse() {
   }
 }
 
-void ToolRoutingTest::operationEndsBeforeItsToolIsPushedOverOrPopped_data() {
-  QTest::addColumn<QString>("press");
-  QTest::addColumn<int>("button");
-  QTest::newRow("left") << "L+" << int(LeftButton);
-  QTest::newRow("right") << "R+ mv" << int(RightButton);
-  QTest::newRow("middle") << "M+" << int(MiddleButton);
-}
-
-void ToolRoutingTest::operationEndsBeforeItsToolIsPushedOverOrPopped() {
-  QFETCH(QString, press);
-  QFETCH(int, button);
-  const auto key = static_cast<EToolActivationButton>(button);
-  ToolScreen screen;
-  const auto tool = screen.controller->getTool(key);
-  screen.play(press);
-  QVERIFY(tool->isOperating());
-  screen.controller->pushTool(key, screen.makeTool("pushed", Qt::CrossCursor, Qt::CrossCursor));
-  QVERIFY(tool->isSuspended());
-  screen.controller->popTool(key);
-  screen.play(press.at(0) + QString("- ") + press);
-  QVERIFY(tool->isOperating());
-  QCOMPARE(screen.controller->popTool(key), tool);
-  QVERIFY(!tool->isOperating() && !tool->isActive() && !tool->isSuspended());
-}
-
-void ToolRoutingTest::primaryToolsChangeUnderAnotherOperation() {
-  ToolScreen screen;
-  const auto left = screen.tool("left");
-  const auto pushed = screen.makeTool("pushed", Qt::CrossCursor, Qt::CrossCursor);
-  screen.play("M+");
-  screen.controller->pushTool(LeftButton, pushed);
-  QVERIFY(screen.tool("middle")->isOperating() && pushed->isSuspended() && left->isSuspended());
-  screen.controller->popTool(LeftButton);
-  QVERIFY(!pushed->isSuspended() && !pushed->isActive() && left->isSuspended());
-  screen.play("M-");
-  QVERIFY(left->isActive());
-}
-
 void ToolRoutingTest::viewMayGoDuringAnOperation_data() {
   QTest::addColumn<QString>("end");
   QTest::newRow("closed") << "close";
@@ -346,7 +410,7 @@ void ToolRoutingTest::viewMayGoDuringAnOperation() {
   screen.on("controller", [&] { delete screen.controller; });
   screen.play("L+ " + end);
   Vela::Test::settle();
-  QCOMPARE(left->isOperating(), end == "controller"); // nobody was left to end it
+  QVERIFY(!left->isOperating());
   QCOMPARE(left->getView(), screen.view.data());
   QVERIFY(!left->getDelegate());
   QVERIFY(!screen.view || screen.cursor() == Qt::ArrowCursor);
@@ -425,6 +489,34 @@ void ToolRoutingTest::executingCommandIsTheOneThatBegan() {
   QCOMPARE(who(), begunTakes);
   screen.controller->removeCommand(begun);
   QCOMPARE(who(), noneTakes);
+}
+
+void ToolRoutingTest::endedCommandGivesWayToTheOneBefore() {
+  ToolScreen screen;
+  std::vector<InputCommand*> commands;
+  for (int i = 0; i < 3; ++i) {
+    commands.push_back(new InputCommand(screen.controller, screen.journal));
+    commands.back()->takes = QStringList(i == 0 ? "key" : i == 1 ? "wheel" : "press");
+    screen.controller->addCommand(commands.back());
+  }
+  const auto who = [&screen] {
+    screen.play("key wh L+ L-");
+    return screen.told().section("command:", 1).section(' ', 0, 0);
+  };
+  commands[0]->begin();
+  commands[1]->begin();
+  QCOMPARE(who(), QString("wheel"));
+  commands[2]->begin();
+  commands[1]->end(); // not in the order in which they began
+  QCOMPARE(who(), QString("press"));
+  commands[2]->end();
+  QCOMPARE(who(), QString("key"));
+  commands[2]->begin();
+  commands[2]->begin();
+  commands[2]->end();
+  QCOMPARE(who(), QString("key"));
+  commands[0]->end();
+  QCOMPARE(who(), QString());
 }
 
 void ToolRoutingTest::commandThatTakesTheReleaseLeavesNoOperation() {

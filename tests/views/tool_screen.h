@@ -42,6 +42,8 @@ public:
   ~ToolScreen();
 
   void on(const QString& word, std::function<void()> action) { m_actions.insert(word, std::move(action)); }
+  /// What a word of on() does.
+  void act(const QString& word) { m_actions.value(word)(); }
   void play(const QString& script);
   /// What the tools were given since the last call, without moves that reach no operation.
   QString told();

@@ -51,8 +51,11 @@ struct Model {
 
   std::map<int, std::vector<Tool>> stacks;
   std::set<Tool> declining;
+  Tool oneShot = nullptr; // takes itself off where its operation ends
+  Qt::CursorShape ownCursor = Qt::ArrowCursor;
   Tool operating = nullptr;
   int operatingButton = 0;
+  bool byItself = false; // not by a press
   bool rightHeldBack = false;
   bool commandBegun = false;
   Qt::MouseButtons held;
@@ -64,7 +67,11 @@ struct Model {
     const auto found = stacks.find(button);
     return found == stacks.end() || found->second.empty() ? nullptr : found->second.back();
   }
-  void end() { operating = nullptr; }
+  void end() {
+    const Tool ended = std::exchange(operating, nullptr);
+    if (ended && ended == oneShot)
+      stacks[operatingButton].pop_back();
+  }
   void loseMouse() {
     end();
     rightHeldBack = false;
@@ -77,7 +84,18 @@ struct Model {
     if (Tool tool = top(button); tool && !declining.contains(tool)) {
       operating = tool;
       operatingButton = button;
+      byItself = false;
     }
+  }
+
+  void beginByItself(Tool tool) {
+    end();
+    for (const auto& [button, stack] : stacks) {
+      if (!stack.empty() && stack.back() == tool)
+        operatingButton = button;
+    }
+    operating = tool;
+    byItself = true;
   }
 
   void press(Qt::MouseButton button) {
@@ -97,7 +115,10 @@ struct Model {
     if (deaf)
       return;
     rightHeldBack = false;
-    if (operating && operatingButton == int(button))
+    endLost();
+  }
+  void endLost() {
+    if (operating && !byItself && !(held & Qt::MouseButton(operatingButton)))
       end();
   }
   void move() {
@@ -110,8 +131,7 @@ struct Model {
     }
     if (!held.testFlag(Qt::RightButton))
       rightHeldBack = false;
-    if (operating && !(held & Qt::MouseButton(operatingButton)))
-      end();
+    endLost();
   }
   void doubleClick(Qt::MouseButton button) {
     press(button);
@@ -130,7 +150,8 @@ struct Model {
       return nullptr;
     if (operating == tool)
       end();
-    stacks[button].pop_back();
+    if (top(button) == tool)
+      stacks[button].pop_back();
     return tool;
   }
 
@@ -149,17 +170,9 @@ struct Model {
     if (operating)
       return operating->getOperatingCursor().shape();
     const Tool primary = top(Qt::LeftButton);
-    return primary ? primary->getIdleCursor().shape() : Qt::ArrowCursor;
+    return primary ? primary->getIdleCursor().shape() : ownCursor;
   }
 };
-
-QString stateOf(const InteractiveTool& tool) {
-  if (tool.isActive())
-    return QStringLiteral("active");
-  if (tool.isSuspended())
-    return QStringLiteral("suspended");
-  return tool.isOperating() ? QStringLiteral("operating") : QStringLiteral("inactive");
-}
 
 /// A screen and its model, and the steps that are taken on both.
 class Walk {
@@ -189,6 +202,7 @@ private:
     return std::array{NoButton, LeftButton, RightButton, MiddleButton}[any(4)];
   }
   void makeStage();
+  void makeOneShot(RecordingTool& tool);
   void mouseStep();
   void stackStep();
   void focusStep();
@@ -225,11 +239,28 @@ void Walk::makeStage() {
       m_stage->model.declining.insert(tool.get());
     m_stage->tools.push_back(tool);
   }
+  makeOneShot(*m_stage->tools[4]);
+  if (any(2)) {
+    m_stage->model.ownCursor = Qt::ForbiddenCursor;
+    const auto left = screen.controller->popTool(LeftButton);
+    screen.view->setCursor(Qt::ForbiddenCursor);
+    screen.controller->pushTool(LeftButton, left);
+  }
   for (int i = 0; i < 2; ++i) {
     auto* const command = new WalkCommand(screen.controller, i);
     screen.controller->addCommand(command);
     m_stage->commands.push_back(command);
   }
+}
+
+void Walk::makeOneShot(RecordingTool& tool) {
+  m_stage->model.oneShot = &tool;
+  tool.onEnd = [&tool, this] {
+    for (const auto button : {NoButton, LeftButton, RightButton, MiddleButton}) {
+      if (m_stage->screen.controller->getTool(button).get() == &tool)
+        m_stage->screen.controller->popTool(button);
+    }
+  };
 }
 
 void Walk::mouseStep() {
@@ -279,10 +310,16 @@ void Walk::stackStep() {
   if (any(20) == 0) {
     note("reset");
     screen.controller->resetTools();
-  } else if (any(2) && model.stateOf(tool.get()) == "inactive") {
+  } else if (any(2)) {
     note(QStringLiteral("push %1 on %2").arg(tool->name()).arg(button));
+    if (model.stateOf(tool.get()) == "inactive")
+      model.push(button, tool.get());
     screen.controller->pushTool(button, tool);
-    model.push(button, tool.get());
+  } else if (any(8) == 0) {
+    note("a tool begins by itself: " + tool->name());
+    if (model.stateOf(tool.get()) == "active")
+      model.beginByItself(tool.get());
+    tool->startOperation();
   } else if (any(2)) {
     note(QStringLiteral("pop from %1").arg(button));
     const auto popped = screen.controller->popTool(button);
@@ -388,9 +425,8 @@ QString Walk::difference() const {
   const auto& [screen, model, tools, commands, busy] = *m_stage;
   QStringList wrong;
   for (const auto& tool : tools) {
-    if (stateOf(*tool) != model.stateOf(tool.get()))
-      wrong +=
-          QStringLiteral("%1 is %2, not %3").arg(tool->name(), stateOf(*tool), model.stateOf(tool.get()));
+    if (tool->state() != model.stateOf(tool.get()))
+      wrong += QStringLiteral("%1 is %2, not %3").arg(tool->name(), tool->state(), model.stateOf(tool.get()));
   }
   if (screen.controller->getOperatingTool().get() != model.operating)
     wrong += QStringLiteral("the wrong tool operates");

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "interactive_tool.h"
 
+#include "tool_stack.h"
+
 #include <ui_base/commands/upstairs.h>
 
 #include <QPixmap>
@@ -113,10 +115,21 @@ BaseView* InteractiveTool::getView() const { return Upstairs::asView(d->view); }
 
 const MousePress& InteractiveTool::pressEvent() const noexcept { return d->pressEvent; }
 
-void InteractiveTool::setIdleCursor(const QCursor& cursor) { d->idleCursor.reset(new QCursor(cursor)); }
+void InteractiveTool::setIdleCursor(const QCursor& cursor) {
+  d->idleCursor.reset(new QCursor(cursor));
+  tellIdleCursor();
+}
+
+void InteractiveTool::tellIdleCursor() {
+  auto* const stack = isActive() || isOperating() ? dynamic_cast<ToolStack*>(getDelegate()) : nullptr;
+  if (stack)
+    stack->idleCursorChanged(*this);
+}
 
 void InteractiveTool::setOperatingCursor(const QCursor& cursor) {
   d->operatingCursor = cursor;
+  if (!d->idleCursor)
+    tellIdleCursor();
   if (isOperating())
     report(&ToolStateProtocol::toolCursorChange);
 }

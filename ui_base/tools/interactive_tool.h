@@ -86,7 +86,8 @@ protected:
   /// Active to operating. pressEvent() is set already.
   virtual void startOperation();
 
-  /// Shown from the next time on that the tool becomes active.
+  /// Shown at once by the controller of the view when the tool is active on top of the left button, otherwise
+  /// when it becomes so. Reports nothing.
   void setIdleCursor(const QCursor& cursor);
   /// Shown at once during an operation.
   void setOperatingCursor(const QCursor& cursor);
@@ -98,6 +99,7 @@ private:
   friend class CmdsViewController; // ends operations that lose the mouse
 
   void report(void (ToolStateProtocol::*callback)(InteractiveTool*));
+  void tellIdleCursor();
 
   const std::unique_ptr<InteractiveToolPrivate> d;
 };

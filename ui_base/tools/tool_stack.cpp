@@ -3,8 +3,10 @@
 
 #include "interactive_tool.h"
 
+#include <algorithm>
 #include <deque>
 #include <map>
+#include <utility>
 
 template class Taren::Objects::SharedObject<Vela::UiBase::ToolStack>;
 
@@ -15,6 +17,7 @@ public:
   using Stack = std::deque<std::shared_ptr<InteractiveTool>>; // the top is at the back
 
   std::map<EToolActivationButton, Stack> tools;
+  bool alive = true;
 
   // Observers of its reports may have pushed another one over it, or emptied the stack.
   void remove(EToolActivationButton button, const std::shared_ptr<InteractiveTool>& tool) {
@@ -27,6 +30,16 @@ public:
   std::shared_ptr<InteractiveTool> top(EToolActivationButton button) const {
     const auto found = tools.find(button);
     return found == tools.end() || found->second.empty() ? nullptr : found->second.back();
+  }
+
+  // What hears of a suspension may push another tool, which is suspended in its turn.
+  void suspendTop(EToolActivationButton button) const {
+    std::shared_ptr<InteractiveTool> suspended;
+    for (auto next = top(button); next != suspended; next = top(button)) {
+      suspended = next;
+      if (suspended)
+        suspended->suspend();
+    }
   }
 };
 
@@ -46,9 +59,13 @@ void reset(InteractiveTool& tool) {
 
 } // namespace
 
-ToolStack::ToolStack() : d(std::make_unique<ToolStackPrivate>()) {}
+ToolStack::ToolStack() : d(std::make_shared<ToolStackPrivate>()) {}
 
-ToolStack::~ToolStack() { beginDestruction(); }
+ToolStack::~ToolStack() {
+  beginDestruction();
+  d->alive = false;
+  ToolStack::clearTools();
+}
 
 void ToolStack::toolBeganOperating(InteractiveTool* tool) {
   const auto primary = d->top(LeftButton);
@@ -70,9 +87,11 @@ void ToolStack::pushTool(EToolActivationButton button, std::shared_ptr<Interacti
   if (!tool)
     return;
   const std::shared_ptr<ToolStack> self = shared_from_this();
-  if (const auto below = d->top(button))
-    below->suspend();
-  d->tools[button].push_back(tool);
+  const auto data = d;
+  data->suspendTop(button);
+  if (!data->alive)
+    return;
+  data->tools[button].push_back(tool);
   tool->setDelegate(self, false);
   tool->activate();
 }
@@ -82,12 +101,18 @@ std::shared_ptr<InteractiveTool> ToolStack::popTool(EToolActivationButton button
   if (!tool)
     return {};
   const std::shared_ptr<ToolStack> self = sharedOrEmpty(); // an observer of the reports may let go of it
+  const auto data = d;
   tool->deactivate();
-  d->remove(button, tool);
-  if (const auto below = d->top(button))
+  data->remove(button, tool);
+  if (const auto below = data->top(button))
     below->resume();
   tool->setDelegate(nullptr, false);
   return tool;
+}
+
+void ToolStack::takeToolOff(EToolActivationButton button, const std::shared_ptr<InteractiveTool>& tool) {
+  d->remove(button, tool);
+  tool->setDelegate(nullptr, false);
 }
 
 std::shared_ptr<InteractiveTool> ToolStack::getTool(EToolActivationButton button) { return d->top(button); }
@@ -99,6 +124,24 @@ std::shared_ptr<InteractiveTool> ToolStack::getOperatingTool() const {
   }
   return {};
 }
+
+QList<HeldTool> ToolStack::heldTools() const {
+  QList<HeldTool> held;
+  for (const auto& [button, stack] : d->tools) {
+    for (const auto& tool : stack)
+      held.append({button, tool});
+  }
+  return held;
+}
+
+bool ToolStack::holds(const InteractiveTool& tool) const {
+  return std::any_of(d->tools.begin(), d->tools.end(), [&tool](const auto& entry) {
+    return std::any_of(entry.second.begin(), entry.second.end(),
+                       [&tool](const auto& held) { return held.get() == &tool; });
+  });
+}
+
+void ToolStack::idleCursorChanged(InteractiveTool&) {}
 
 void ToolStack::resetTools() {
   const auto tools = d->tools; // a copy: what the reports reach may push and pop

@@ -5,6 +5,8 @@
 #include <ui_base/core/tool_state_protocol.h>
 #include <ui_base/tools/tool_activation_button.h>
 
+#include <QList>
+
 #include <memory>
 
 namespace Vela::UiBase {
@@ -18,6 +20,12 @@ class ToolStackPrivate;
 extern template class UI_BASE_EXPORT Taren::Objects::SharedObject<Vela::UiBase::ToolStack>;
 
 namespace Vela::UiBase {
+
+/// A tool and the button on whose stack it lies.
+struct HeldTool {
+  EToolActivationButton button = NoButton;
+  std::shared_ptr<InteractiveTool> tool;
+};
 
 /// The interactive tools of a view: one stack of them for each mouse button. Only the top tool of a stack
 /// is live; pushing a tool suspends the one below it, popping resumes it. While a tool of another button
@@ -59,12 +67,26 @@ public:
   /// The tool that operates, among the tops of the stacks in ascending order of their buttons; or empty.
   virtual std::shared_ptr<InteractiveTool> getOperatingTool() const;
 
+  /// All tools in ascending order of their buttons, those of one button from the bottom of the stack to its
+  /// top: for a developer's view of what a stack holds.
+  QList<HeldTool> heldTools() const;
+  bool holds(const InteractiveTool& tool) const;
+
   /// Makes every tool that does not operate tell its state afresh, one after another, so that what follows
   /// their reports is brought back in step.
   void resetTools();
 
+protected:
+  /// A tool that reports to the stack has another idle cursor now; not called while it is inactive or
+  /// suspended.
+  virtual void idleCursorChanged(InteractiveTool& tool);
+  /// Takes a tool off its stack wherever it lies there, and leaves it without a delegate.
+  void takeToolOff(EToolActivationButton button, const std::shared_ptr<InteractiveTool>& tool);
+
 private:
-  const std::unique_ptr<ToolStackPrivate> d;
+  friend class InteractiveTool; // tells of its idle cursor
+
+  const std::shared_ptr<ToolStackPrivate> d; // outlives the stack where a report ends it
 };
 
 } // namespace Vela::UiBase

@@ -2,20 +2,15 @@
 #include "cmds_view_controller.h"
 
 #include "base_view.h"
-#include "busy_cursors.h"
-#include "executing_command.h"
-#include "mouse_loss_watch.h"
-#include "view_cursors.h"
+#include "cmds_view_controller_p.h"
 
 #include <ui_base/commands/command_base.h>
-#include <ui_base/commands/command_group.h>
-#include <ui_base/tools/interactive_tool.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/i_app_manager.h>
 #include <vlk_common_res/strings.h>
 
 #include <QActionGroup>
-#include <QMouseEvent>
+#include <QPointer>
 
 #include <utility>
 #include <vector>
@@ -32,36 +27,16 @@ std::shared_ptr<CommandGroup> makeGroup(const QString& text, const QString& id) 
   return Taren::Objects::adoptShared(new CommandGroup(QString(), text, id));
 }
 
-EToolActivationButton keyOf(Qt::MouseButton button) { return static_cast<EToolActivationButton>(button); }
-
-EToolActivationButton heldButton(Qt::MouseButtons buttons) {
-  if (buttons.testFlag(Qt::RightButton))
-    return RightButton;
-  return buttons.testFlag(Qt::MiddleButton) ? MiddleButton : LeftButton;
-}
-
 } // namespace
 
-class CmdsViewControllerPrivate {
-public:
-  explicit CmdsViewControllerPrivate(std::function<void()> mouseLost) : watch(std::move(mouseLost)) {
-    toolPanelGroup->groupActionGroup()->setExclusive(false);
-  }
-
-  std::shared_ptr<CommandGroup> actionPanelGroup =
-      makeGroup(String::ACTIONS_GROUP_TEXT(), String::COMMAND_ACTIONPANEL_GROUP_ID());
-  std::shared_ptr<CommandGroup> toolPanelGroup =
-      makeGroup(String::TOOLS_GROUP_TEXT(), String::COMMAND_TOOLPANEL_GROUP_ID());
-  std::shared_ptr<CommandGroup> dynamicToolPanelGroup =
-      makeGroup(String::DYNAMIC_TOOLS_GROUP_TEXT(), String::COMMAND_DYNAMIC_TOOLPANEL_GROUP_ID());
-
-  ViewCursors cursors;
-  MousePress pendingRightPress; // not yet given to a tool
-  ExecutingCommand executing;
-  MouseLossWatch watch; // on while there is an operation or a pending press
-  BusyCursors busyCursors;
-  bool hasCommandsOfLostView = false; // which did not close, and so did not let go of them
-};
+CmdsViewControllerPrivate::CmdsViewControllerPrivate(std::function<void()> mouseLost)
+    : actionPanelGroup(makeGroup(String::ACTIONS_GROUP_TEXT(), String::COMMAND_ACTIONPANEL_GROUP_ID())),
+      toolPanelGroup(makeGroup(String::TOOLS_GROUP_TEXT(), String::COMMAND_TOOLPANEL_GROUP_ID())),
+      dynamicToolPanelGroup(
+          makeGroup(String::DYNAMIC_TOOLS_GROUP_TEXT(), String::COMMAND_DYNAMIC_TOOLPANEL_GROUP_ID())),
+      watch(std::move(mouseLost)) {
+  toolPanelGroup->groupActionGroup()->setExclusive(false);
+}
 
 CmdsViewController::CmdsViewController()
     : d(std::make_unique<CmdsViewControllerPrivate>([this] { endRunningOperation(); })) {}
@@ -71,9 +46,10 @@ CmdsViewController::CmdsViewController(BaseView* view) : CmdsViewController() { 
 
 CmdsViewController::~CmdsViewController() {
   BaseViewController::beginDestruction();
-  d->cursors.restoreAll();
+  d->dying = true;
   // While a tool or a command that dies of it can still ask for its controller.
-  ToolStack::clearTools();
+  releaseTools();
+  d->cursors.clear();
   commandBag().clear();
 }
 
@@ -84,13 +60,12 @@ CommandGroup* CmdsViewController::DynamicToolPanelGroup() const { return d->dyna
 CommandGroup* CmdsViewController::ToolPanelGroup() const { return d->toolPanelGroup.get(); }
 
 void CmdsViewController::viewDidLoad() {
+  const QPointer<BaseViewController> self(this);
   BaseViewController::viewDidLoad();
-  if (std::exchange(d->hasCommandsOfLostView, false))
+  if (self && std::exchange(d->hasCommandsOfLostView, false))
     removeAllCommands();
-  if (!d->cursors.belongTo(getView()) && getTool(LeftButton))
-    resetTools(); // pushed when there was no view, or another one
   auto* const appManager = Services::ApplicationService::GetInstance().GetAppManager();
-  if (!appManager)
+  if (!self || !appManager)
     return;
   // All are owned before the first is added, which may be refused.
   std::vector<std::shared_ptr<CommandBase>> owned;
@@ -98,28 +73,40 @@ void CmdsViewController::viewDidLoad() {
   for (CommandBase* const command : commands)
     owned.push_back(Taren::Objects::adoptShared(command));
   for (const auto& command : owned) {
-    if (command)
+    if (command && self)
       addCommand(command.get());
   }
 }
 
+void CmdsViewController::viewWillAppear() {
+  d->cursors.moveTo(getView()); // the tools may have been pushed for another one, or for none
+  BaseViewController::viewWillAppear();
+}
+
 void CmdsViewController::viewWasLost() {
+  const QPointer<BaseViewController> self(this);
   d->hasCommandsOfLostView = true;
+  d->cursors.moveTo(nullptr);
   endRunningOperation();
-  d->cursors.restoreAll();
-  BaseViewController::viewWasLost();
+  if (self)
+    BaseViewController::viewWasLost();
 }
 
 void CmdsViewController::viewWillDisappear() {
+  const QPointer<BaseViewController> self(this);
   endRunningOperation();
-  BaseViewController::viewWillDisappear();
+  if (self)
+    BaseViewController::viewWillDisappear();
 }
 
 bool CmdsViewController::viewWillClose() {
+  const QPointer<BaseViewController> self(this);
   endRunningOperation();
-  setContext(inactiveContext());
-  removeAllCommands();
-  return BaseViewController::viewWillClose();
+  if (self)
+    setContext(inactiveContext());
+  if (self)
+    removeAllCommands();
+  return !self || BaseViewController::viewWillClose();
 }
 
 void CmdsViewController::commandForgotten(CommandBase& command) {
@@ -127,239 +114,18 @@ void CmdsViewController::commandForgotten(CommandBase& command) {
   d->busyCursors.restoreAll(&command);
 }
 
-template <class Event>
-bool CmdsViewController::offerToCommand(bool (ViewResponder::*handler)(Event*), Event* event) {
-  const auto command = d->executing.responder();
-  return command && (command.get()->*handler)(event);
-}
-
-bool CmdsViewController::mousePress(QMouseEvent* event) {
-  if (offerToCommand(&ViewResponder::mousePress, event))
-    return true;
-  const auto operating = getOperatingTool();
-  const auto tool = getTool(keyOf(event->button()));
-  if (operating != tool)
-    endOperation(operating);
-  if (event->button() == Qt::RightButton) {
-    holdBack(*event);
-    return false;
-  }
-  return tool && tool->mousePress(event);
-}
-
-bool CmdsViewController::mouseMove(QMouseEvent* event) {
-  const auto taken = [this, event] {
-    if (offerToCommand(&ViewResponder::mouseMove, event))
-      return true;
-    auto tool = getOperatingTool();
-    if (!tool) {
-      const EToolActivationButton button = heldButton(event->buttons());
-      tool = getTool(button);
-      if (tool && button == RightButton && !d->pendingRightPress.isNull()) {
-        QMouseEvent press = takeRightPress().toEvent();
-        tool->mousePress(&press);
-      }
-    }
-    return tool && tool->mouseMove(event);
-  }();
-  endLostOperation(*event);
-  return taken;
-}
-
-bool CmdsViewController::mouseRelease(QMouseEvent* event) {
-  const bool isRightClick = !takeRightPress().isNull() && event->button() == Qt::RightButton;
-  if (offerToCommand(&ViewResponder::mouseRelease, event)) {
-    endLostOperation(*event);
-    return true;
-  }
-  const auto operating = getOperatingTool();
-  if (operating && operating->mouseRelease(event))
-    return true;
-  return isRightClick && rightClick(event);
-}
-
-bool CmdsViewController::mouseDoubleClick(QMouseEvent* event) {
-  if (offerToCommand(&ViewResponder::mouseDoubleClick, event))
-    return true;
-  const auto tool = getTool(keyOf(event->button()));
-  if (const auto operating = getOperatingTool()) {
-    if (operating != tool)
-      endOperation(operating);
-    return false;
-  }
-  return tool && tool->mouseDoubleClick(event);
-}
-
-bool CmdsViewController::mouseWheel(QWheelEvent* event) {
-  if (offerToCommand(&ViewResponder::mouseWheel, event))
-    return true;
-  const auto wheelTool = getTool(NoButton);
-  const auto primary = getTool(LeftButton);
-  if (const auto operating = getOperatingTool(); operating && operating != wheelTool)
-    return false;
-  return (primary && primary->mouseWheel(event)) || (wheelTool && wheelTool->mouseWheel(event));
-}
-
-bool CmdsViewController::keyPress(QKeyEvent* event) {
-  if (offerToCommand(&ViewResponder::keyPress, event))
-    return true;
-  const auto primary = getTool(LeftButton);
-  return primary && primary->keyPress(event);
-}
-
-bool CmdsViewController::keyRelease(QKeyEvent* event) {
-  if (offerToCommand(&ViewResponder::keyRelease, event))
-    return true;
-  const auto primary = getTool(LeftButton);
-  return primary && primary->keyRelease(event);
-}
-
-bool CmdsViewController::mouseEnter(QEvent* event) {
-  return offerToCommand(&ViewResponder::mouseEnter, event);
-}
-
-bool CmdsViewController::mouseLeave(QEvent* event) {
-  return offerToCommand(&ViewResponder::mouseLeave, event);
-}
-
-bool CmdsViewController::mouseDragEnter(QDragEnterEvent* event) {
-  return offerToCommand(&ViewResponder::mouseDragEnter, event);
-}
-
-bool CmdsViewController::mouseDragLeave(QDragLeaveEvent* event) {
-  return offerToCommand(&ViewResponder::mouseDragLeave, event);
-}
-
-bool CmdsViewController::mouseDragMove(QDragMoveEvent* event) {
-  return offerToCommand(&ViewResponder::mouseDragMove, event);
-}
-
-bool CmdsViewController::mouseDrop(QDropEvent* event) {
-  return offerToCommand(&ViewResponder::mouseDrop, event);
-}
-
-bool CmdsViewController::rightClick(QMouseEvent*) { return false; }
-
-void CmdsViewController::holdBack(const QMouseEvent& rightPress) {
-  d->pendingRightPress = MousePress(rightPress);
-  d->watch.start(getView());
-}
-
-MousePress CmdsViewController::takeRightPress() {
-  const MousePress press = std::exchange(d->pendingRightPress, {});
-  if (!press.isNull())
-    stopWatchUnlessNeeded();
-  return press;
-}
-
-void CmdsViewController::stopWatchUnlessNeeded() {
-  if (d->pendingRightPress.isNull() && !getOperatingTool())
-    d->watch.stop();
-}
-
-void CmdsViewController::endOperation(const std::shared_ptr<InteractiveTool>& tool) {
-  if (tool && tool->isOperating())
-    tool->endOperation();
-}
-
-void CmdsViewController::endRunningOperation() {
-  takeRightPress();
-  endOperation(getOperatingTool());
-}
-
-// The release went elsewhere when the mouse is back without the button. Events that a program made up need
-// not carry the buttons.
-void CmdsViewController::endLostOperation(const QMouseEvent& event) {
-  if (!event.spontaneous())
-    return;
-  if (!event.buttons().testFlag(Qt::RightButton))
-    takeRightPress();
-  const auto tool = getOperatingTool();
-  if (tool && !tool->pressEvent().isNull() && !event.buttons().testFlag(tool->pressEvent().button()))
-    endOperation(tool);
-}
-
-bool CmdsViewController::isPrimary(const InteractiveTool* tool) {
-  return tool && getTool(LeftButton).get() == tool;
-}
-
-void CmdsViewController::clearTools() {
-  endRunningOperation();
-  ToolStack::clearTools();
-  d->cursors.restoreAll();
-}
-
-void CmdsViewController::pushTool(EToolActivationButton button, std::shared_ptr<InteractiveTool> tool) {
-  if (!tool)
-    return;
-  endOperation(getTool(button));
-  ToolStack::pushTool(button, tool);
-  if (isPrimary(tool.get()) && getOperatingTool())
-    tool->suspend();
-}
-
-std::shared_ptr<InteractiveTool> CmdsViewController::popTool(EToolActivationButton button) {
-  const auto top = getTool(button);
-  endOperation(top);
-  // A primary tool that waits for another one leaves as if it did not, and the next one waits in its place.
-  const bool waits = button == LeftButton && top && top->isSuspended() && getOperatingTool();
-  if (waits)
-    top->resume();
-  auto popped = ToolStack::popTool(button);
-  if (const auto next = getTool(LeftButton); waits && next && getOperatingTool())
-    next->suspend();
-  return popped;
-}
-
-void CmdsViewController::toolActivated(InteractiveTool* tool) {
-  if (isPrimary(tool))
-    d->cursors.replace(getView(), tool->getIdleCursor());
-}
-
-void CmdsViewController::toolResumed(InteractiveTool* tool) { CmdsViewController::toolActivated(tool); }
-
-void CmdsViewController::toolDeactivated(InteractiveTool* tool) {
-  if (isPrimary(tool))
-    d->cursors.restore(getView());
-}
-
-void CmdsViewController::toolSuspended(InteractiveTool* tool) { CmdsViewController::toolDeactivated(tool); }
-
-// The primary tool lets go of its cursor before this one's is shown, and takes it again after that is gone.
-void CmdsViewController::toolBeganOperating(InteractiveTool* tool) {
-  if (!tool)
-    return;
-  ToolStack::toolBeganOperating(tool);
-  d->cursors.replace(getView(), tool->getOperatingCursor());
-  d->watch.start(getView());
-}
-
-void CmdsViewController::toolEndedOperating(InteractiveTool* tool) {
-  if (!tool)
-    return;
-  d->cursors.restore(getView());
-  ToolStack::toolEndedOperating(tool);
-  stopWatchUnlessNeeded();
-}
-
-void CmdsViewController::toolCursorChange(InteractiveTool* tool) {
-  if (BaseView* const view = getView(); view && tool)
-    view->setCursor(tool->getOperatingCursor());
-}
-
 void CmdsViewController::commandBegan(CommandBase* command) {
+  const QPointer<BaseViewController> self(this);
+  const bool takesInput = command && d->executing.began(*command);
   CmdMgr::commandBegan(command);
-  if (!command)
-    return;
-  d->executing.began(*command);
-  if (d->executing.takesInput())
+  if (takesInput && self)
     endRunningOperation(); // its mouse is the command's now
 }
 
 void CmdsViewController::commandEnded(CommandBase* command) {
-  CmdMgr::commandEnded(command);
   if (command)
     d->executing.ended(*command);
+  CmdMgr::commandEnded(command);
 }
 
 void CmdsViewController::commandBeganExecuting(CommandBase* command, bool) {

@@ -91,6 +91,7 @@ public:
   /// @}
 
   void viewDidLoad() override;
+  void viewWillAppear() override;
   void viewWillDisappear() override;
   bool viewWillClose() override;
 
@@ -110,7 +111,7 @@ public:
 
   void clearTools() override;
   /// Ends the operation of the tool pushed over. While a tool of another button operates, a LeftButton tool
-  /// waits suspended for its end.
+  /// waits suspended for its end. Does nothing for a tool that this or another stack holds already.
   void pushTool(EToolActivationButton button, std::shared_ptr<InteractiveTool> tool) override;
   /// Ends the operation of the tool popped, which is inactive then.
   std::shared_ptr<InteractiveTool> popTool(EToolActivationButton button) override;
@@ -137,16 +138,23 @@ protected:
 
   void viewWasLost() override;
   void commandForgotten(CommandBase& command) override;
+  void idleCursorChanged(InteractiveTool& tool) override;
 
 private:
   template <class Event>
   bool offerToCommand(bool (ViewResponder::*handler)(Event*), Event* event);
-  bool isPrimary(const InteractiveTool* tool);
-  void endOperation(const std::shared_ptr<InteractiveTool>& tool);
-  void endLostOperation(const QMouseEvent& event);
+  std::shared_ptr<InteractiveTool> toolForMove(const QMouseEvent& event);
   void holdBack(const QMouseEvent& rightPress);
   MousePress takeRightPress();
   void stopWatchUnlessNeeded();
+  static void endOperation(const std::shared_ptr<InteractiveTool>& tool);
+  static void endLostOperation(const std::shared_ptr<InteractiveTool>& tool, const QMouseEvent& event);
+  static void bringToRest(const std::shared_ptr<InteractiveTool>& tool);
+  bool mayTake(const InteractiveTool& tool) const;
+  void releaseTools();
+  bool isPrimary(const InteractiveTool* tool);
+  void showIdleCursor(const InteractiveTool* tool);
+  void takeIdleCursorAway(const InteractiveTool* tool);
 
   const std::unique_ptr<CmdsViewControllerPrivate> d;
 };

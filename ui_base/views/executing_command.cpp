@@ -5,42 +5,54 @@
 
 #include <ui_base/commands/command_base.h>
 
+#include <algorithm>
+
 namespace Vela::UiBase {
 
 std::shared_ptr<ViewResponder> ExecutingCommand::responder() const {
-  if (!m_responder)
-    return {};
-  auto command = m_command.lock();
-  return command ? std::shared_ptr<ViewResponder>(std::move(command), m_responder) : nullptr;
+  for (auto entry = m_entries.rbegin(); entry != m_entries.rend(); ++entry) {
+    if (auto command = entry->command.lock())
+      return {std::move(command), entry->responder};
+  }
+  return {};
 }
 
-void ExecutingCommand::set(CommandBase& command, bool onlyRuns) {
-  m_command = command.sharedOrEmpty();
-  m_responder = m_command.expired() ? nullptr : dynamic_cast<ViewResponder*>(&command);
-  m_onlyRuns = onlyRuns;
+ExecutingCommand::Entry ExecutingCommand::entryFor(CommandBase& command, Cause cause) {
+  auto shared = command.sharedOrEmpty();
+  return {shared, shared ? dynamic_cast<ViewResponder*>(&command) : nullptr, cause};
 }
 
-bool ExecutingCommand::is(const CommandBase& command) const { return m_command.lock().get() == &command; }
+void ExecutingCommand::removeLast(const CommandBase& command, Cause cause) {
+  const auto found = std::find_if(m_entries.rbegin(), m_entries.rend(), [&](const Entry& entry) {
+    return entry.cause == cause && entry.command.lock().get() == &command;
+  });
+  if (found != m_entries.rend())
+    m_entries.erase(std::prev(found.base()));
+}
 
 void ExecutingCommand::forget(const CommandBase& command) {
-  if (!is(command))
-    return;
-  m_command.reset();
-  m_responder = nullptr;
+  std::erase_if(m_entries, [&](const Entry& entry) {
+    const auto held = entry.command.lock();
+    return !held || held.get() == &command;
+  });
 }
 
-void ExecutingCommand::began(CommandBase& command) { set(command, false); }
+bool ExecutingCommand::began(CommandBase& command) {
+  removeLast(command, Began);
+  const Entry entry = entryFor(command, Began);
+  if (entry.responder)
+    m_entries.push_back(entry);
+  return entry.responder;
+}
 
-void ExecutingCommand::ended(const CommandBase& command) { forget(command); }
+void ExecutingCommand::ended(const CommandBase& command) { removeLast(command, Began); }
 
 void ExecutingCommand::beganExecuting(CommandBase& command) {
-  if (m_command.expired())
-    set(command, true);
+  const Entry entry = entryFor(command, Runs);
+  if (entry.responder && !responder())
+    m_entries.push_back(entry);
 }
 
-void ExecutingCommand::endedExecuting(const CommandBase& command) {
-  if (m_onlyRuns)
-    forget(command);
-}
+void ExecutingCommand::endedExecuting(const CommandBase& command) { removeLast(command, Runs); }
 
 } // namespace Vela::UiBase

@@ -2,34 +2,42 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 namespace Vela::UiBase {
 
 class CommandBase;
 class ViewResponder;
 
-/// The command that is executing now, and so is offered the view's input first if it is a ViewResponder.
-/// A command that began stays until it ended; one that only runs steps in while there is none.
+/// The commands that are executing now and take the view's input, of which the one that began last is offered
+/// it first. When it ends, the one that began before steps in. One that only runs steps in while there is
+/// none.
 class ExecutingCommand {
 public:
-  /// The command to offer input to, kept alive by the reference; empty when there is none that takes input.
+  /// The command to offer input to, kept alive by the reference; empty when there is none.
   std::shared_ptr<ViewResponder> responder() const;
-  /// Whether a command has begun that takes the view's input.
-  bool takesInput() const { return m_responder && !m_command.expired(); }
+  /// False when nothing is executing that takes input.
+  bool takesInput() const { return !m_entries.empty(); }
 
-  void began(CommandBase& command);
+  /// @return whether the command takes the view's input.
+  bool began(CommandBase& command);
   void ended(const CommandBase& command);
   void beganExecuting(CommandBase& command);
   void endedExecuting(const CommandBase& command);
   void forget(const CommandBase& command);
 
 private:
-  void set(CommandBase& command, bool onlyRuns);
-  bool is(const CommandBase& command) const;
+  enum Cause { Began, Runs };
+  struct Entry {
+    std::weak_ptr<CommandBase> command;
+    ViewResponder* responder; // the same object
+    Cause cause;
+  };
 
-  std::weak_ptr<CommandBase> m_command;
-  ViewResponder* m_responder = nullptr; // the same object, or null when it takes no input
-  bool m_onlyRuns = false;
+  static Entry entryFor(CommandBase& command, Cause cause);
+  void removeLast(const CommandBase& command, Cause cause);
+
+  std::vector<Entry> m_entries; // the one to offer input to is the last
 };
 
 } // namespace Vela::UiBase

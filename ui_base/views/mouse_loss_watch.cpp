@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "mouse_loss_watch.h"
 
-#include <QEvent>
 #include <QWidget>
 
 #include <utility>
@@ -27,13 +26,28 @@ void MouseLossWatch::stop() {
     window->removeEventFilter(this);
 }
 
+bool MouseLossWatch::isLoss(const QObject* watched, QEvent::Type type) const {
+  switch (type) {
+  case QEvent::WindowBlocked:
+  case QEvent::WindowDeactivate:
+    return true;
+  case QEvent::FocusOut:
+    return watched == m_view;
+  case QEvent::EnabledChange:
+    return watched == m_view && !m_view->isEnabled();
+  default:
+    return false;
+  }
+}
+
+// What ends with the mouse may delete the watch, or what it watches.
 bool MouseLossWatch::eventFilter(QObject* watched, QEvent* event) {
-  const QEvent::Type type = event->type();
-  const bool lost = type == QEvent::WindowBlocked || type == QEvent::WindowDeactivate ||
-                    (type == QEvent::FocusOut && watched == m_view);
-  if (lost)
-    m_lost();
-  return false;
+  if (!isLoss(watched, event->type()))
+    return false;
+  const QPointer<QObject> receiver(watched);
+  const auto lost = m_lost;
+  lost();
+  return !receiver;
 }
 
 } // namespace Vela::UiBase

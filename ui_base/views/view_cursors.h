@@ -3,30 +3,45 @@
 
 #include <QCursor>
 #include <QPointer>
-#include <QStack>
+
+#include <optional>
+#include <vector>
 
 namespace Vela::UiBase {
 
 class BaseView;
+class InteractiveTool;
 
-/// The cursors of a view that tools have replaced, to be put back in reverse order. They belong to one view:
-/// when another one comes, the one before gets its own cursor back.
+/// The cursors that tools show in a view, the last one in front, over the cursor that the view has of its own
+/// or, where it has none, of its parent. They move along when another view takes the place of this one, which
+/// then has its own again.
 class ViewCursors {
 public:
-  /// Keeps the view's cursor and shows another one. Ignores null.
-  void replace(BaseView* view, const QCursor& cursor);
-  /// Puts the cursor kept last back; the arrow when there is none. Ignores null.
-  void restore(BaseView* view);
-  /// Gives the view the cursor it had at first.
-  void restoreAll();
-  /// Whether the view is the one whose cursors are kept.
-  bool belongTo(const BaseView* view) const { return m_view == view; }
+  enum Kind { Idle, Operating };
+
+  /// Null leaves the cursors without a view until there is one.
+  void moveTo(BaseView* view);
+  void show(const InteractiveTool& tool, Kind kind, const QCursor& cursor);
+  /// Puts back what was shown before. The arrow when nothing at all was shown.
+  void takeAway(const InteractiveTool& tool, Kind kind);
+  /// Replaces a cursor that is shown, or would be if none lay over it.
+  void change(const InteractiveTool& tool, Kind kind, const QCursor& cursor);
+  void clear();
 
 private:
-  void moveTo(BaseView* view);
+  struct Shown {
+    const InteractiveTool* tool; // compared, never followed
+    Kind kind;
+    QCursor cursor;
+  };
+
+  std::vector<Shown>::iterator find(const InteractiveTool& tool, Kind kind);
+  void keepPresent();
+  void apply();
 
   QPointer<BaseView> m_view;
-  QStack<QCursor> m_saved;
+  std::optional<QCursor> m_own; // of the view, while others are shown
+  std::vector<Shown> m_shown;
 };
 
 } // namespace Vela::UiBase

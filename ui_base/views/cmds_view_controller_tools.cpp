@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+#include "base_view.h"
+#include "cmds_view_controller_p.h"
+
+#include <ui_base/tools/interactive_tool.h>
+
+#include <QPointer>
+
+#include <utility>
+
+namespace Vela::UiBase {
+
+void CmdsViewController::endOperation(const std::shared_ptr<InteractiveTool>& tool) {
+  if (tool && tool->isOperating())
+    tool->endOperation();
+}
+
+// A tool that is pushed was left in any state by the stack before, one that is popped may wait for another.
+void CmdsViewController::bringToRest(const std::shared_ptr<InteractiveTool>& tool) {
+  endOperation(tool);
+  tool->resume();
+  tool->deactivate();
+}
+
+void CmdsViewController::endRunningOperation() {
+  takeRightPress();
+  endOperation(getOperatingTool());
+}
+
+bool CmdsViewController::isPrimary(const InteractiveTool* tool) {
+  return tool && getTool(LeftButton).get() == tool;
+}
+
+void CmdsViewController::clearTools() {
+  const QPointer<BaseViewController> self(this);
+  endRunningOperation();
+  if (!self)
+    return;
+  d->cursors.clear();
+  ToolStack::clearTools();
+}
+
+bool CmdsViewController::mayTake(const InteractiveTool& tool) const {
+  const auto* const holder = dynamic_cast<const ToolStack*>(tool.getDelegate());
+  return !d->dying && !holds(tool) && !(holder && holder->holds(tool));
+}
+
+void CmdsViewController::pushTool(EToolActivationButton button, std::shared_ptr<InteractiveTool> tool) {
+  if (!tool || !mayTake(*tool))
+    return;
+  const QPointer<BaseViewController> self(this);
+  bringToRest(tool);
+  if (self)
+    endOperation(getTool(button));
+  if (!self || !mayTake(*tool))
+    return;
+  ToolStack::pushTool(button, tool);
+  if (self && isPrimary(tool.get()) && getOperatingTool())
+    tool->suspend();
+}
+
+// A tool may take itself off its stack, or push another one, when its operation ends.
+std::shared_ptr<InteractiveTool> CmdsViewController::popTool(EToolActivationButton button) {
+  const auto top = getTool(button);
+  if (!top)
+    return {};
+  const QPointer<BaseViewController> self(this);
+  bringToRest(top);
+  if (!self || !holds(*top))
+    return top;
+  if (getTool(button) == top)
+    ToolStack::popTool(button);
+  else
+    takeToolOff(button, top);
+  // While a tool of another button operates, the next one waits in its place.
+  if (const auto next = self ? getTool(LeftButton) : nullptr; next && getOperatingTool())
+    next->suspend();
+  return top;
+}
+
+// The tools that others hold are left as if they had been popped.
+void CmdsViewController::releaseTools() {
+  const auto held = heldTools();
+  for (const HeldTool& entry : held) {
+    bringToRest(entry.tool);
+    takeToolOff(entry.button, entry.tool);
+  }
+}
+
+void CmdsViewController::showIdleCursor(const InteractiveTool* tool) {
+  if (!isPrimary(tool))
+    return;
+  d->cursors.moveTo(getView());
+  d->cursors.show(*tool, ViewCursors::Idle, tool->getIdleCursor());
+}
+
+void CmdsViewController::takeIdleCursorAway(const InteractiveTool* tool) {
+  if (!isPrimary(tool))
+    return;
+  d->cursors.moveTo(getView());
+  d->cursors.takeAway(*tool, ViewCursors::Idle);
+}
+
+void CmdsViewController::idleCursorChanged(InteractiveTool& tool) {
+  d->cursors.moveTo(getView());
+  d->cursors.change(tool, ViewCursors::Idle, tool.getIdleCursor());
+}
+
+void CmdsViewController::toolActivated(InteractiveTool* tool) { showIdleCursor(tool); }
+
+void CmdsViewController::toolResumed(InteractiveTool* tool) { showIdleCursor(tool); }
+
+void CmdsViewController::toolDeactivated(InteractiveTool* tool) { takeIdleCursorAway(tool); }
+
+void CmdsViewController::toolSuspended(InteractiveTool* tool) { takeIdleCursorAway(tool); }
+
+// The cursor comes first: the reports that follow may end the operation again.
+void CmdsViewController::toolBeganOperating(InteractiveTool* tool) {
+  if (!tool)
+    return;
+  const QPointer<BaseViewController> self(this);
+  d->cursors.moveTo(getView());
+  d->cursors.show(*tool, ViewCursors::Operating, tool->getOperatingCursor());
+  d->watch.start(getView());
+  const auto held = heldTools();
+  for (const HeldTool& other : held) {
+    if (other.tool.get() != tool)
+      endOperation(other.tool);
+  }
+  if (self)
+    ToolStack::toolBeganOperating(tool);
+}
+
+void CmdsViewController::toolEndedOperating(InteractiveTool* tool) {
+  if (!tool)
+    return;
+  d->cursors.moveTo(getView());
+  d->cursors.takeAway(*tool, ViewCursors::Operating);
+  stopWatchUnlessNeeded();
+  ToolStack::toolEndedOperating(tool);
+}
+
+void CmdsViewController::toolCursorChange(InteractiveTool* tool) {
+  if (BaseView* const view = getView(); view && tool)
+    view->setCursor(tool->getOperatingCursor());
+}
+
+} // namespace Vela::UiBase
