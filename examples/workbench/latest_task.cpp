@@ -2,7 +2,7 @@
 #include "latest_task.h"
 
 #include <tqm_mesh_kernel/dispatch.h>
-#include <workbench/mesh_ops/progress.h>
+#include <ui_base/commands/run_progress.h>
 
 #include <QDebug>
 
@@ -15,7 +15,7 @@ namespace {
 LatestTask::Deliver resultOf(const LatestTask::Work& work, const std::stop_token& stop) {
   try {
     return work(stop);
-  } catch (const OperationCancelled&) {
+  } catch (const Vela::UiBase::RunCancelled&) {
     return {};
   } catch (const std::exception& error) {
     qWarning("A task in the background failed: %s", error.what());

@@ -16,7 +16,7 @@ namespace Workbench {
 ///
 /// @code
 /// m_task.start([mesh](const std::stop_token& stop) -> LatestTask::Deliver {
-///   const Mesh result = smoothed(mesh, {}, Progress(stop)); // on a worker
+///   const Mesh result = smoothed(mesh, {}, RunProgress(stop)); // on a worker
 ///   return [result] { show(result); };                      // on the main thread
 /// });
 /// @endcode

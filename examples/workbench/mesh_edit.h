@@ -1,27 +1,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/commands/run_progress.h>
 #include <workbench/mesh.h>
-#include <workbench/mesh_ops/progress.h>
 #include <workbench/mesh_ops/triangle_selection.h>
 
 #include <QObject>
-#include <QPointer>
-#include <QTimer>
 
 #include <functional>
 #include <memory>
 #include <optional>
-#include <stop_token>
+
+namespace Vela::UiBase {
+class CommandBase;
+}
 
 namespace Workbench {
 
 class MeshUser;
-class ProgressContent;
 
 /// The work of a command that makes another mesh of the one shown, on a thread of the dispatcher.
 ///
-/// A notification over the view tells how far the work is and offers to cancel it, when it takes a moment.
+/// The execution notification of the command tells what is being done, how far it is, and what came of it.
 /// The result is a step of the document that can be undone. Cancelled, or failed, the mesh stays as it is.
 ///
 /// @code
@@ -39,13 +39,16 @@ public:
     QString step;    ///< What was done, for a user, as in "Undo %1".
     QString working; ///< What is shown during the work, "Smoothing".
     /// Called on a thread of the dispatcher.
-    std::function<Mesh(const Mesh& mesh, const TriangleSelection& selection, const Progress& progress)> work;
+    std::function<Mesh(const Mesh& mesh, const TriangleSelection& selection,
+                       const Vela::UiBase::RunProgress& progress)>
+        work;
     /// What is shown afterwards.
     std::function<QString(const Mesh& before, const Mesh& after)> done;
   };
 
-  /// @param user  the command, which outlives the object
-  explicit MeshEdit(const MeshUser& user);
+  /// @param command  outlives the object
+  /// @param user  the same command
+  MeshEdit(Vela::UiBase::CommandBase& command, const MeshUser& user);
   ~MeshEdit() override;
 
   bool isRunning() const noexcept { return m_run.has_value(); }
@@ -57,9 +60,6 @@ public:
   bool run(std::shared_ptr<const void> owner);
   /// The work does not come about.
   void abandon();
-  /// Ends the work as soon as it looks.
-  void cancel();
-
 Q_SIGNALS:
   /// On the main thread. @p applied is whether the document has the result.
   void finished(bool applied);
@@ -69,18 +69,13 @@ private:
     Plan plan;
     Mesh mesh;
     TriangleSelection selection;
-    std::stop_source stop;
   };
 
-  void showProgress();
-  void setProgress(double fraction);
-  void finish(const std::optional<Mesh>& result);
-  void tell(const QString& message);
+  void finish(const std::optional<Mesh>& result, bool cancelled);
 
+  Vela::UiBase::CommandBase& m_command;
   const MeshUser& m_user;
   std::optional<Run> m_run; // left alone while the work lasts
-  QTimer m_patience;        // what is done soon needs no notification
-  QPointer<ProgressContent> m_progress;
 };
 
 } // namespace Workbench

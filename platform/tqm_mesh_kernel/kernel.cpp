@@ -44,9 +44,25 @@ Kernel::~Kernel() { releaseServices(); }
 
 void Kernel::ProfilerWaypoint(const QString& name) { m_waypoints.record(name); }
 
+void Kernel::addTraceSource(std::function<QList<TraceSpan>()> source) {
+  const std::lock_guard lock(m_traceMutex);
+  m_traceSources.push_back(std::move(source));
+}
+
+QList<TraceSpan> Kernel::traceSpans() const {
+  const auto sources = [this] {
+    const std::lock_guard lock(m_traceMutex);
+    return m_traceSources;
+  }();
+  QList<TraceSpan> spans;
+  for (const auto& source : sources)
+    spans += source();
+  return spans;
+}
+
 bool Kernel::writeTrace(const QString& path, QString* error) const {
   QSaveFile file(path);
-  if (file.open(QIODevice::WriteOnly) && m_waypoints.writeTrace(file) && file.commit())
+  if (file.open(QIODevice::WriteOnly) && m_waypoints.writeTrace(file, traceSpans()) && file.commit())
     return true;
   if (error)
     *error = file.errorString();

@@ -6,7 +6,9 @@
 
 #include <QList>
 
+#include <functional>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 namespace Taren::Core {
@@ -35,7 +37,10 @@ public:
   /// Records a named point in time on the calling thread. The newest ones are kept.
   void ProfilerWaypoint(const QString& name);
   const WaypointRing& waypoints() const noexcept { return m_waypoints; }
-  /// Writes the waypoints kept to a file that trace viewers of the Chrome trace-event format open.
+  /// Adds what is asked, on the thread that writes, for spans to stand beside the waypoints in each trace.
+  void addTraceSource(std::function<QList<TraceSpan>()> source);
+  /// Writes the waypoints kept, and what the trace sources give, to a file that trace viewers of the Chrome
+  /// trace-event format open.
   /// @return false, and the reason in @p error when given, if the file cannot be written.
   bool writeTrace(const QString& path, QString* error = nullptr) const;
 
@@ -55,7 +60,11 @@ public:
   std::shared_ptr<IService> service(const QString& name) const;
 
 private:
+  QList<TraceSpan> traceSpans() const;
+
   WaypointRing m_waypoints;
+  mutable std::mutex m_traceMutex;
+  std::vector<std::function<QList<TraceSpan>()>> m_traceSources;
   std::vector<std::shared_ptr<IService>> m_services;
   std::size_t m_initialised = 0;
   bool m_started = false;

@@ -3,6 +3,7 @@
 
 #include <tqm_mesh_kernel/tqm_mesh_kernel_export.h>
 
+#include <QJsonObject>
 #include <QList>
 #include <QString>
 
@@ -21,6 +22,18 @@ struct Waypoint {
   quint64 thread = 0;              ///< Identifies the recording thread within this process.
 };
 
+/// Something that took its time on one thread, as a trace shows it.
+struct TraceSpan {
+  QString name;
+  std::chrono::steady_clock::time_point begin;
+  std::chrono::nanoseconds duration{};
+  quint64 thread = 0;  ///< As traceThread() gave it on that thread.
+  QJsonObject details; ///< Shown when the span is selected.
+};
+
+/// The number under which a trace knows the calling thread.
+TQM_MESH_KERNEL_EXPORT quint64 traceThread();
+
 /// Keeps the newest waypoints, up to a fixed number. All operations may be called from any thread.
 class TQM_MESH_KERNEL_EXPORT WaypointRing {
 public:
@@ -36,9 +49,10 @@ public:
   /// A copy of what is kept, oldest first.
   QList<Waypoint> waypoints() const;
 
-  /// Writes the waypoints in the Chrome trace-event format (chrome://tracing, Perfetto).
+  /// Writes the waypoints, and spans beside them, in the Chrome trace-event format (chrome://tracing,
+  /// Perfetto).
   /// @return false when the device took less than everything.
-  bool writeTrace(QIODevice& device) const;
+  bool writeTrace(QIODevice& device, const QList<TraceSpan>& spans = {}) const;
 
 private:
   const std::size_t m_capacity;

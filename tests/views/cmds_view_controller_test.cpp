@@ -2,15 +2,18 @@
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/commands/command_base.h>
+#include <ui_base/commands/run_log.h>
 #include <ui_base/notifications/notification_bar.h>
 #include <ui_base/views/base_view.h>
 #include <ui_base/views/cmds_view_controller.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/i_app_manager.h>
 
+#include <QAbstractButton>
 #include <QApplication>
-#include <QLabel>
 #include <QPointer>
+#include <QProgressBar>
+#include <QThread>
 
 #include <functional>
 
@@ -77,6 +80,38 @@ struct Screen {
   }
 };
 
+/// A screen whose commands work until they are stopped.
+struct WorkingScreen : Screen {
+  WorkingScreen() { controller->setRunNoticeDelay(0); }
+  ~WorkingScreen() {
+    const auto underway = RunLog::Instance().runsUnderway();
+    for (const CommandRun& run : underway)
+      run.requestStop();
+    [[maybe_unused]] const bool ended =
+        QTest::qWaitFor([] { return RunLog::Instance().runsUnderway().isEmpty(); });
+  }
+  static void start(NotingCommand& command) {
+    command.enableExecutionNotification(true);
+    command.setExecutionQoS(Taren::Core::NormalQoS);
+    command.work = [] {
+      for (const RunProgress progress = CommandRun::current().reporter();; QThread::yieldCurrentThread())
+        progress.report(0.3);
+    };
+    command.trigger();
+  }
+  QProgressBar* bar() const { return view->findChild<QProgressBar*>(); }
+  QList<QAbstractButton*> cancelButtons() const {
+    auto buttons = view->findChildren<QAbstractButton*>();
+    buttons.removeIf(
+        [](const auto* button) { return !button->isVisible() || button->text() != QLatin1String("Cancel"); });
+    return buttons;
+  }
+  QString notification() const {
+    const auto* const notices = view->findChild<NotificationBar*>();
+    return notices && notices->isNotificationShowing() ? notices->accessibleName() : QString();
+  }
+};
+
 int overrideCursors() {
   int count = 0;
   QList<QCursor> cursors;
@@ -96,6 +131,7 @@ class CmdsViewControllerTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
+  void initTestCase() { NotificationBar::setDefaultFadeDuration(0); }
   void viewReachesVirtualBase();
   void commandsComeFromAppManagerInOrder();
   void closingUnchecksAndRemovesCommands();
@@ -104,6 +140,9 @@ private Q_SLOTS:
   void busyCursorFramesExecution();
   void executionMessages_data();
   void executionMessages();
+  void runIsShownAndCancelled_data();
+  void runIsShownAndCancelled();
+  void eachRunHasARowThatComesBack();
   void busyCursorEndsWithItsCommandOrController_data();
   void busyCursorEndsWithItsCommandOrController();
   void commandFindsItsViewUntilItDies();
@@ -215,6 +254,70 @@ void CmdsViewControllerTest::executionMessages() {
   command->trigger();
   QCOMPARE(during, shownDuring);
   QCOMPARE(screen.controller->isNotificationShowing(), shownAfter);
+}
+
+void CmdsViewControllerTest::runIsShownAndCancelled_data() {
+  QTest::addColumn<std::function<void(const WorkingScreen&)>>("cancel");
+  const auto row = [](const char* name, std::function<void(const WorkingScreen&)> cancel) {
+    QTest::newRow(name) << std::move(cancel);
+  };
+  row("click", [](const auto& s) {
+    const auto* const button = s.cancelButtons().constFirst();
+    QTest::mouseClick(s.view->windowHandle(), Qt::LeftButton, {},
+                      button->mapTo(s.view.data(), button->rect().center()));
+  });
+  for (const auto& [name, key] :
+       {std::pair{"Return", Qt::Key_Return}, {"Space", Qt::Key_Space}, {"Escape", Qt::Key_Escape}}) {
+    row(name, [key = key](const auto& s) {
+      for (int i = 0; i < 5 && !s.cancelButtons().constFirst()->hasFocus(); ++i)
+        QTest::keyClick(s.view->windowHandle(), Qt::Key_Tab);
+      QTest::keyClick(s.view->windowHandle(), key);
+    });
+  }
+}
+
+void CmdsViewControllerTest::runIsShownAndCancelled() {
+  QFETCH(const std::function<void(const WorkingScreen&)>, cancel);
+  WorkingScreen screen;
+  screen.view->setFocusPolicy(Qt::StrongFocus);
+  screen.view->activateWindow();
+  screen.view->setFocus();
+  QVERIFY(QTest::qWaitForWindowActive(screen.view));
+  NotingCommand* const command = screen.command();
+  command->setText(QStringLiteral("&Smooth…"));
+  screen.start(*command);
+  QTRY_VERIFY(screen.bar() && screen.bar()->isVisible());
+  const auto* const bar = screen.bar();
+  QCOMPARE(bar->value(), 30);
+  QCOMPARE(bar->accessibleName(), QStringLiteral("Smooth…"));
+  QCOMPARE(screen.notification(), QStringLiteral("Smooth…"));
+  QCOMPARE(screen.cancelButtons().size(), 1);
+  QVERIFY(!screen.cancelButtons().constFirst()->accessibleName().isEmpty());
+  cancel(screen);
+  QTRY_COMPARE(screen.notification(), QStringLiteral("Smooth was cancelled."));
+  QCOMPARE(overrideCursors(), 0);
+  QTRY_VERIFY(!screen.bar());
+}
+
+void CmdsViewControllerTest::eachRunHasARowThatComesBack() {
+  WorkingScreen screen;
+  screen.start(*screen.command());
+  auto* const second =
+      dynamic_cast<NotingCommand*>(screen.controller->findCommand(SecondCommand::className()));
+  second->setExecutionNotificationMessage(StartNotification, QStringLiteral("Counting…"));
+  screen.start(*second);
+  QTRY_COMPARE(screen.cancelButtons().size(), 2);
+  screen.controller->showNotification(QStringLiteral("Saved."), FadeInAndOut, 50, false, nullptr, nullptr);
+  QCOMPARE(screen.notification(), QStringLiteral("Saved."));
+  QTRY_COMPARE(screen.cancelButtons().size(), 2);
+  second->requestStop();
+  QTRY_VERIFY(second->runs().isEmpty());
+  screen.controller->hideNotification();
+  QTRY_COMPARE(screen.cancelButtons().size(), 1);
+  screen.controller->removeCommand(screen.command());
+  QTRY_COMPARE(screen.cancelButtons().size(), 1); // it still works
+  RunLog::Instance().runsUnderway().constFirst().requestStop();
+  QTRY_VERIFY(screen.cancelButtons().isEmpty());
 }
 
 void CmdsViewControllerTest::busyCursorEndsWithItsCommandOrController_data() {

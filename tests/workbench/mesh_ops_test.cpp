@@ -52,7 +52,7 @@ TriangleSelection of(const Mesh& mesh, std::vector<std::uint32_t> triangles) {
   return {mesh.triangles().size(), triangles};
 }
 
-using Operation = std::function<Mesh(const Mesh&, const Progress&)>;
+using Operation = std::function<Mesh(const Mesh&, const Vela::UiBase::RunProgress&)>;
 using Distance = double (*)(const QVector3D&);
 
 } // namespace
@@ -87,7 +87,8 @@ private Q_SLOTS:
     QCOMPARE(meshStatistics({}).edges, std::size_t(0));
     std::stop_source stop;
     stop.request_stop();
-    QVERIFY_EXCEPTION_THROWN(meshStatistics(Test::cube(2), Progress(stop.get_token())), OperationCancelled);
+    QVERIFY_EXCEPTION_THROWN(meshStatistics(Test::cube(2), Vela::UiBase::RunProgress(stop.get_token())),
+                             Vela::UiBase::RunCancelled);
   }
 
   void smoothingTakesNoiseAwayAndKeepsTheVolume() {
@@ -188,31 +189,31 @@ private Q_SLOTS:
 
   void anOperationTellsItsProgressAndStops_data() {
     QTest::addColumn<Operation>("operation");
-    QTest::newRow("smooth") << Operation([](const Mesh& m, const Progress& p) {
+    QTest::newRow("smooth") << Operation([](const Mesh& m, const Vela::UiBase::RunProgress& p) {
       SmoothOptions options;
       options.iterations = 500;
       return smoothed(m, options, p);
     });
     QTest::newRow("decimate") << Operation(
-        [](const Mesh& m, const Progress& p) { return decimated(m, 20, p); });
+        [](const Mesh& m, const Vela::UiBase::RunProgress& p) { return decimated(m, 20, p); });
   }
   void anOperationTellsItsProgressAndStops() {
     QFETCH(Operation, operation);
     const Mesh mesh = Test::sphere(40);
     std::vector<double> told;
-    operation(mesh, Progress({}, [&told](double fraction) { told.push_back(fraction); }));
+    operation(mesh, Vela::UiBase::RunProgress({}, [&told](double fraction) { told.push_back(fraction); }));
     QVERIFY(std::is_sorted(told.begin(), told.end()) && told.size() > 10 && told.size() <= 101);
     QCOMPARE(told.front(), 0.0);
     QCOMPARE(told.back(), 1.0);
 
     std::stop_source stop;
     told.clear();
-    const Progress progress(stop.get_token(), [&](double fraction) {
+    const Vela::UiBase::RunProgress progress(stop.get_token(), [&](double fraction) {
       told.push_back(fraction);
       if (fraction > 0.3)
         stop.request_stop();
     });
-    QVERIFY_THROWS_EXCEPTION(OperationCancelled, operation(mesh, progress));
+    QVERIFY_THROWS_EXCEPTION(Vela::UiBase::RunCancelled, operation(mesh, progress));
     QVERIFY(told.back() < 0.7);
   }
 

@@ -92,8 +92,8 @@ private Q_SLOTS:
   void stopsWhenAsked() {
     std::stop_source stop;
     stop.request_stop();
-    QVERIFY_EXCEPTION_THROWN(supportVolume(Test::cube(1), {}, Progress(stop.get_token())),
-                             OperationCancelled);
+    QVERIFY_EXCEPTION_THROWN(supportVolume(Test::cube(1), {}, Vela::UiBase::RunProgress(stop.get_token())),
+                             Vela::UiBase::RunCancelled);
   }
 };
 

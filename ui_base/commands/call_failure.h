@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <exception>
+#include <new>
 #include <optional>
 
 namespace Vela::UiBase {
@@ -15,6 +16,8 @@ std::optional<QString> failureOf(const Call& call) noexcept {
   try {
     call();
     return {};
+  } catch (const std::bad_alloc&) {
+    return QCoreApplication::translate("Vela::UiBase::CommandBase", "There is not enough memory.");
   } catch (const std::exception& error) {
     return QString::fromLocal8Bit(error.what());
   } catch (...) {

@@ -3,6 +3,9 @@
 
 #include "command_execution.h"
 #include "command_group.h"
+#include "command_name.h"
+#include "run_log.h"
+#include "run_source.h"
 #include "upstairs.h"
 
 #include <vlk_common_res/strings.h>
@@ -40,6 +43,7 @@ CommandBase::CommandBase(CmdsViewController* controller) : d(std::make_unique<Co
   d->controller = Upstairs::asObject(controller);
   connect(this, &QAction::triggered, this, &CommandBase::onTriggered);
   connect(this, &QAction::toggled, this, &CommandBase::onToggled);
+  InputWatch::start();
 }
 
 CommandBase::~CommandBase() { beginDestruction(); }
@@ -102,6 +106,14 @@ QList<CommandGroup*> CommandBase::holdingGroups() const {
       groups.append(group);
   }
   return groups;
+}
+
+QList<CommandRun> CommandBase::runs() const { return RunLog::Instance().runsUnderway(*this); }
+
+void CommandBase::requestStop() const {
+  const QList<CommandRun> underway = runs();
+  for (const CommandRun& run : underway)
+    run.requestStop();
 }
 
 void CommandBase::enterGroup(CommandGroup& group) {
@@ -174,7 +186,7 @@ void CommandBase::onToggled(bool checked) {
 
 void CommandBase::onExecutionFailed(const QString& reason) {
   qCWarning(commandLog, "%s failed: %s", qUtf8Printable(commandId()), qUtf8Printable(reason));
-  Upstairs::showError(d->controller, tr("\"%1\" failed: %2").arg(iconText(), reason));
+  Upstairs::showError(d->controller, tr("\"%1\" failed: %2").arg(nameInSentence(*this), reason));
 }
 
 } // namespace Vela::UiBase

@@ -4,6 +4,7 @@
 #include <tqm_mesh_kernel/quality_of_service.h>
 #include <ui_base/commands/command_context.h>
 #include <ui_base/commands/command_id.h>
+#include <ui_base/commands/command_run.h>
 #include <ui_base/commands/command_state.h>
 #include <ui_base/core/command_state_protocol.h>
 #include <ui_base/core/shared_object.h>
@@ -42,7 +43,8 @@ namespace Vela::UiBase {
 /// With an executionQoS() of 0 all of it happens at once on the triggering thread. With any other value the
 /// work runs on a thread of the dispatcher and must not touch widgets; meanwhile the commands stand in
 /// getExecutionCommandContext(), and changing workspaces is switched off. The closing steps also run when the
-/// work throws or the dispatcher refuses it; what it throws is shown to the user.
+/// work throws or the dispatcher refuses it; what it throws is shown to the user. The work finds its run,
+/// with a stop token and a progress, in CommandRun::current().
 ///
 /// Commands are shared objects: hand a plain one to CmdMgr::addCommand() or CommandBag::addCommand(), which
 /// take it into shared ownership, and delete none by hand. A command with a quality of service other than 0
@@ -121,6 +123,10 @@ public:
   BaseView* getView() const;
   /// The command's controller, or null when there is none or it has died.
   CmdsViewController* getViewController() const;
+  /// The runs of the command that are under way, oldest first.
+  QList<CommandRun> runs() const;
+  /// Asks those runs to end early; see CommandRun::stopToken(). From any thread.
+  void requestStop() const;
   /// The groups that hold the command, in the order in which it was added to them.
   QList<CommandGroup*> holdingGroups() const;
   /// Whether the command asks the licence library before it runs.

@@ -3,6 +3,10 @@
 
 #include "call_failure.h"
 #include "cmd_mgr.h"
+#include "command_name.h"
+#include "current_run.h"
+#include "run_log.h"
+#include "run_source.h"
 #include "upstairs.h"
 
 #include <tqm_mesh_kernel/dispatch.h>
@@ -16,16 +20,32 @@ using Taren::Core::MainThreadQoS;
 
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
 Services::ApplicationService& service() { return Services::ApplicationService::GetInstance(); }
+
+RunRecord recordOf(quint64 id, const CommandBase& command, bool checked) {
+  RunRecord record;
+  record.id = id;
+  record.commandId = command.commandId();
+  record.checked = checked;
+  record.source = InputWatch::source();
+  record.begin = Clock::now();
+  return record;
+}
 
 } // namespace
 
 CommandExecution::CommandExecution(CommandBase& command, bool checked)
     : m_command(command),
       m_className(QString::fromLatin1(command.metaObject()->className())),
-      m_checked(checked) {}
+      m_checked(checked),
+      m_record(recordOf(RunLog::nextId(), command, checked)),
+      m_run(m_record, nameInSentence(command)) {}
 
 bool CommandExecution::run() {
+  const CurrentRun current(m_run);
+  RunLog::Instance().begin(m_record, m_run, *m_command.get());
   recordWaypoint("CMD BEGIN %1(%2)");
   noteFailure(failureOf([this] { tellBegan(); }));
   CommandBase* const command = m_command.get();
@@ -39,7 +59,10 @@ bool CommandExecution::run() {
 }
 
 void CommandExecution::tellBegan() {
-  m_command.get()->broadcast([ref = m_command, checked = m_checked](CommandStateProtocol* observer) {
+  CommandBase* const command = m_command.get();
+  if (!command)
+    return;
+  command->broadcast([ref = m_command, checked = m_checked](CommandStateProtocol* observer) {
     if (CommandBase* const began = ref.get())
       observer->commandBeganExecuting(began, checked);
   });
@@ -57,6 +80,7 @@ bool CommandExecution::runLater(Taren::Core::EQualityOfService qos) {
   const auto self = shared_from_this();
   if (!m_failure && dispatchAsync([self] { self->workOnWorker(); }, qos))
     return true;
+  m_record.outcome = RunRefused;
   close();
   return false;
 }
@@ -70,12 +94,27 @@ void CommandExecution::holdContext() {
 }
 
 bool CommandExecution::work() noexcept {
-  bool result = false;
-  noteFailure(failureOf([&] {
-    CommandBase* const command = m_command.get();
-    result = command && command->onExecuteAsync(m_checked);
-  }));
-  return result;
+  const CurrentRun current(m_run);
+  const Clock::time_point start = Clock::now();
+  m_record.wait = start - m_record.begin;
+  m_record.thread = Taren::Core::traceThread();
+  noteFailure(failureOf([this] { m_record.outcome = outcomeOfWork(); }));
+  m_record.duration = Clock::now() - start;
+  m_record.blockedMainThread = isMainThread() && m_record.duration > RunLog::Instance().mainThreadLimit();
+  return m_record.outcome == RunSucceeded;
+}
+
+ERunOutcome CommandExecution::outcomeOfWork() {
+  CommandBase* const command = m_command.get();
+  if (!command)
+    return RunAbandoned;
+  try {
+    if (command->onExecuteAsync(m_checked))
+      return RunSucceeded;
+  } catch (const RunCancelled&) {
+    return RunStopped;
+  }
+  return m_run.isStopRequested() ? RunStopped : RunDeclined;
 }
 
 void CommandExecution::workOnWorker() {
@@ -94,6 +133,7 @@ void CommandExecution::switchWorkspacesOff() {
 }
 
 void CommandExecution::close() {
+  const CurrentRun current(m_run);
   m_context.release();
   finish();
   if (m_workspaceSwitch.exchange(WorkspaceSwitch::Closed) == WorkspaceSwitch::Off)
@@ -104,6 +144,7 @@ void CommandExecution::close() {
 // What an observer throws leaves no run open.
 void CommandExecution::finish() {
   recordWaypoint("CMD END   %1(%2)");
+  endRecord();
   CommandBase* const command = m_command.get();
   if (!command)
     return;
@@ -113,6 +154,18 @@ void CommandExecution::finish() {
         observer->commandEndedExecuting(ended, checked);
     });
   }));
+}
+
+// Before the observers hear of the end, so that they find the outcome.
+void CommandExecution::endRecord() {
+  if (m_failure) {
+    m_record.outcome = RunFailed;
+    m_record.message = *m_failure;
+  } else if (m_record.outcome == RunUnderway) {
+    m_record.outcome = RunAbandoned;
+  }
+  m_run.end(m_record.outcome);
+  RunLog::Instance().end(m_record);
 }
 
 // The first one tells most.

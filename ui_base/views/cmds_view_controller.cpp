@@ -29,17 +29,19 @@ std::shared_ptr<CommandGroup> makeGroup(const QString& text, const QString& id) 
 
 } // namespace
 
-CmdsViewControllerPrivate::CmdsViewControllerPrivate(std::function<void()> mouseLost)
+CmdsViewControllerPrivate::CmdsViewControllerPrivate(BaseViewController& controller,
+                                                     std::function<void()> mouseLost)
     : actionPanelGroup(makeGroup(String::ACTIONS_GROUP_TEXT(), String::COMMAND_ACTIONPANEL_GROUP_ID())),
       toolPanelGroup(makeGroup(String::TOOLS_GROUP_TEXT(), String::COMMAND_TOOLPANEL_GROUP_ID())),
       dynamicToolPanelGroup(
           makeGroup(String::DYNAMIC_TOOLS_GROUP_TEXT(), String::COMMAND_DYNAMIC_TOOLPANEL_GROUP_ID())),
-      watch(std::move(mouseLost)) {
+      watch(std::move(mouseLost)),
+      runNotices(controller) {
   toolPanelGroup->groupActionGroup()->setExclusive(false);
 }
 
 CmdsViewController::CmdsViewController()
-    : d(std::make_unique<CmdsViewControllerPrivate>([this] { endRunningOperation(); })) {}
+    : d(std::make_unique<CmdsViewControllerPrivate>(*this, [this] { endRunningOperation(); })) {}
 
 // The view is attached here, because arguments for a virtual base are ignored below the most derived class.
 CmdsViewController::CmdsViewController(BaseView* view) : CmdsViewController() { setView(view); }
@@ -58,6 +60,10 @@ CommandGroup* CmdsViewController::ActionPanelGroup() const { return d->actionPan
 CommandGroup* CmdsViewController::DynamicToolPanelGroup() const { return d->dynamicToolPanelGroup.get(); }
 
 CommandGroup* CmdsViewController::ToolPanelGroup() const { return d->toolPanelGroup.get(); }
+
+int CmdsViewController::runNoticeDelay() const { return d->runNotices.delay(); }
+
+void CmdsViewController::setRunNoticeDelay(int milliseconds) { d->runNotices.setDelay(milliseconds); }
 
 void CmdsViewController::viewDidLoad() {
   const QPointer<BaseViewController> self(this);
@@ -136,6 +142,8 @@ void CmdsViewController::commandBeganExecuting(CommandBase* command, bool) {
     return;
   d->busyCursors.set(command);
   const QString message = command->getExecutionNotificationMessage(StartNotification);
+  const CommandRun run = CommandRun::current();
+  d->runNotices.began(run, message.isEmpty() ? tr("%1…").arg(run.text()) : message);
   if (!message.isEmpty())
     showNotification(message, FadeInOnly, notificationDurationMs, false, nullptr, nullptr);
 }
@@ -145,10 +153,13 @@ void CmdsViewController::commandEndedExecuting(CommandBase* command, bool) {
     return;
   d->executing.endedExecuting(*command);
   d->busyCursors.restore(command);
+  const CommandRun run = CommandRun::current();
+  d->runNotices.ended(run);
   if (!command->isExecutionNotificationEnabled())
     return;
   const QString start = command->getExecutionNotificationMessage(StartNotification);
-  const QString end = command->getExecutionNotificationMessage(EndNotification);
+  const QString end = run.outcome() == RunStopped ? tr("%1 was cancelled.").arg(run.text())
+                                                  : command->getExecutionNotificationMessage(EndNotification);
   if (!end.isEmpty())
     showNotification(end, start.isEmpty() ? FadeInAndOut : FadeOutOnly, notificationDurationMs, false,
                      nullptr, nullptr);

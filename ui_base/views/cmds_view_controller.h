@@ -35,8 +35,9 @@ class CommandGroup;
 /// its tool is popped or pushed over. The cursor of the view follows the tools.
 ///
 /// Commands. It gets its commands from the application manager when its view loads, lets go of them when the
-/// view closes, and shows what a command tells of its execution: a busy cursor and the start and end
-/// messages.
+/// view closes, and shows what a command tells of its execution: a busy cursor, the start and end messages,
+/// and, for work that takes a moment and tells its progress or can be stopped, a bar and a Cancel button; see
+/// CommandRun.
 ///
 /// Its bases are virtual, one of them a QObject, so neither it nor a subclass can have Q_OBJECT, signals or
 /// slots of its own, and `qobject_cast` and `findChild` do not find it. Give a subclass a helper QObject for
@@ -89,6 +90,11 @@ public:
   /// Several of its commands can be checked at once.
   CommandGroup* ToolPanelGroup() const;
   /// @}
+
+  /// How long a run takes, in milliseconds, before a notification shows its progress and offers to cancel it;
+  /// 250 by default.
+  int runNoticeDelay() const;
+  void setRunNoticeDelay(int milliseconds);
 
   void viewDidLoad() override;
   void viewWillAppear() override;

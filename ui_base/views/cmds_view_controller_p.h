@@ -5,6 +5,7 @@
 #include "cmds_view_controller.h"
 #include "executing_command.h"
 #include "mouse_loss_watch.h"
+#include "run_notices.h"
 #include "view_cursors.h"
 
 #include <ui_base/commands/command_group.h>
@@ -15,7 +16,7 @@ namespace Vela::UiBase {
 
 class CmdsViewControllerPrivate {
 public:
-  explicit CmdsViewControllerPrivate(std::function<void()> mouseLost);
+  CmdsViewControllerPrivate(BaseViewController& controller, std::function<void()> mouseLost);
 
   std::shared_ptr<CommandGroup> actionPanelGroup;
   std::shared_ptr<CommandGroup> toolPanelGroup;
@@ -26,6 +27,7 @@ public:
   ExecutingCommand executing;
   MouseLossWatch watch; // on while there is an operation or a pending press
   BusyCursors busyCursors;
+  RunNotices runNotices;
   bool hasCommandsOfLostView = false; // which did not close, and so did not let go of them
   bool dying = false;
 };

@@ -26,7 +26,8 @@ DecimateMeshCommand::DecimateMeshCommand(MeshViewController* controller) : MeshO
   setIsPaidFeature(true);
 }
 
-Mesh DecimateMeshCommand::work(const Mesh& mesh, const TriangleSelection&, const Progress& progress) const {
+Mesh DecimateMeshCommand::work(const Mesh& mesh, const TriangleSelection&,
+                               const RunProgress& progress) const {
   return decimated(mesh, mesh.triangles().size() / 2, progress);
 }
 

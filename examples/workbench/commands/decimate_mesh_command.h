@@ -14,7 +14,8 @@ public:
   explicit DecimateMeshCommand(MeshViewController* controller);
 
 protected:
-  Mesh work(const Mesh& mesh, const TriangleSelection& selection, const Progress& progress) const override;
+  Mesh work(const Mesh& mesh, const TriangleSelection& selection,
+            const Vela::UiBase::RunProgress& progress) const override;
   QString workingText() const override;
   QString doneText(const Mesh& before, const Mesh& after) const override;
 };

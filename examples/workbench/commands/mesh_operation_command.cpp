@@ -8,7 +8,7 @@ namespace Workbench {
 using namespace Vela::UiBase;
 
 MeshOperationCommand::MeshOperationCommand(MeshViewController* controller)
-    : WorkbenchCommand(controller), m_edit(*this) {
+    : WorkbenchCommand(controller), m_edit(*this, *this) {
   setExecutionQoS(Taren::Core::NormalQoS);
 }
 
@@ -16,13 +16,11 @@ bool MeshOperationCommand::isAvailable() const { return hasMesh() && !isMeshLock
 
 bool MeshOperationCommand::locksMesh() const { return true; }
 
-void MeshOperationCommand::cancel() { m_edit.cancel(); }
-
 bool MeshOperationCommand::onExecute(bool checked) {
   if (!isAvailable())
     return false;
   m_edit.begin({iconText(), workingText(),
-                [this](const Mesh& mesh, const TriangleSelection& selection, const Progress& progress) {
+                [this](const Mesh& mesh, const TriangleSelection& selection, const RunProgress& progress) {
                   return work(mesh, selection, progress);
                 },
                 [this](const Mesh& before, const Mesh& after) { return doneText(before, after); }});

@@ -15,8 +15,6 @@ public:
   explicit MeshOperationCommand(MeshViewController* controller);
 
   bool isRunning() const noexcept { return m_edit.isRunning(); }
-  /// Ends the work as soon as it looks.
-  void cancel() override;
 
   bool isAvailable() const override;
   bool locksMesh() const override;
@@ -27,7 +25,8 @@ public Q_SLOTS:
 
 protected:
   /// The work; called on a thread of the dispatcher.
-  virtual Mesh work(const Mesh& mesh, const TriangleSelection& selection, const Progress& progress) const = 0;
+  virtual Mesh work(const Mesh& mesh, const TriangleSelection& selection,
+                    const Vela::UiBase::RunProgress& progress) const = 0;
   /// What is shown during the work, "Smoothing".
   virtual QString workingText() const = 0;
   /// What is shown afterwards.

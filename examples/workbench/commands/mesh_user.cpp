@@ -13,7 +13,7 @@ bool MeshUser::needsMeshPage() const { return true; }
 
 bool MeshUser::locksMesh() const { return false; }
 
-void MeshUser::cancel() {}
+void MeshUser::cancel() { m_command.requestStop(); }
 
 MeshViewController* MeshUser::meshController() const {
   return dynamic_cast<MeshViewController*>(m_command.getViewController());

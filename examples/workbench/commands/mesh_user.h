@@ -30,7 +30,7 @@ public:
   virtual bool needsMeshPage() const;
   /// Whether the mesh must not change while the command executes.
   virtual bool locksMesh() const;
-  /// Asks the command to end early, while it executes or holds the mesh. Does nothing by default.
+  /// Asks the command to end early, while it executes or holds the mesh: by default, its runs.
   virtual void cancel();
 
   /// @name Null when they are gone

@@ -68,7 +68,7 @@ bool OpenMeshCommand::locksMesh() const { return true; }
 
 void OpenMeshCommand::cancel() {
   m_waiting.clear();
-  m_stop.request_stop();
+  requestStop();
 }
 
 QList<OpenMeshCommand::Failure> OpenMeshCommand::takeFailures() { return std::exchange(m_failures, {}); }
@@ -82,7 +82,6 @@ bool OpenMeshCommand::onExecute(bool checked) {
   }
   m_running = true;
   m_files = std::exchange(m_waiting, {});
-  m_stop = {};
   const QString name = QFileInfo(m_files.constFirst()).fileName();
   const QString message = m_files.size() == 1
                               ? tr("Opening %1…").arg(name)
@@ -96,14 +95,18 @@ bool OpenMeshCommand::onExecute(bool checked) {
 
 bool OpenMeshCommand::onExecuteAsync(bool) {
   const auto self = std::dynamic_pointer_cast<OpenMeshCommand>(shared_from_this());
+  const CommandRun run = CommandRun::current();
+  const std::stop_token stop = run.stopToken();
   Outcome outcome;
   // However the run ends, the user is told what became of the files.
   const auto finish = qScopeGuard([&self, &outcome] {
     dispatchAsync([self, outcome] { self->finishRun(outcome); }, Taren::Core::MainThreadQoS);
   });
   for (const QString& file : std::as_const(m_files)) {
+    if (m_files.size() > 1)
+      run.setProgress(double(outcome.opened + outcome.failures.size()) / double(m_files.size()));
     try {
-      const Mesh mesh = loadMesh(file, m_stop.get_token());
+      const Mesh mesh = loadMesh(file, stop);
       const auto show = [self, mesh, file] {
         if (MeshViewController* const controller = self->meshController())
           controller->showMesh(mesh, file);
@@ -111,8 +114,8 @@ bool OpenMeshCommand::onExecuteAsync(bool) {
       dispatchAsync(show, Taren::Core::MainThreadQoS);
       ++outcome.opened;
     } catch (const MeshLoadError& error) {
-      if (m_stop.stop_requested())
-        break;
+      if (stop.stop_requested())
+        return false;
       outcome.failures.append({file, error.reason(), error.message()});
     } catch (const std::exception& error) {
       const MeshLoadError failure(file, QString::fromLocal8Bit(error.what()));

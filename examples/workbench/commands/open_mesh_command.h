@@ -5,8 +5,6 @@
 
 #include <QStringList>
 
-#include <stop_token>
-
 namespace Workbench {
 
 /// Opens mesh files. Reads them on a thread of the dispatcher and hands each mesh to the controller on the
@@ -61,7 +59,6 @@ private:
   QStringList m_files; // of the run; left alone while it lasts
   bool m_running = false;
   QList<Failure> m_failures;
-  std::stop_source m_stop;
 };
 
 } // namespace Workbench

@@ -27,13 +27,12 @@ SmoothFlyoutCommand::SmoothFlyoutCommand(FlyoutBase* flyout, MeshViewController*
     : FlyoutCommand(flyout, controller),
       MeshUser(static_cast<const CommandBase&>(*this)),
       m_panel(panelOf(flyout)),
-      m_edit(*this) {
+      m_edit(*this, *this) {
   setText(tr("Smooth &with Options…"));
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("smooth_options")));
   setShortcut(Qt::CTRL | Qt::ALT | Qt::Key_M);
   setStatusTip(tr("Choose how much to smooth, and see it at once"));
   setBaseGroupName(MeshSection);
-  enableExecutionNotification(false); // it has a notification of its own
   setCommandHelp(*this, {tr("The mesh changes only when the values are applied. With triangles selected, "
                             "the others stay exactly as they are."),
                          QStringLiteral("smooth_mesh")});
@@ -64,7 +63,7 @@ bool SmoothFlyoutCommand::locksMesh() const { return true; }
 
 void SmoothFlyoutCommand::cancel() {
   if (m_edit.isRunning())
-    m_edit.cancel();
+    requestStop();
   else if (FlyoutBase* const panel = flyout(); panel && isActive())
     panel->Cancel();
 }
@@ -80,24 +79,25 @@ void SmoothFlyoutCommand::onBegin() {
 }
 
 void SmoothFlyoutCommand::onFinalize() {
-  m_edit.cancel();
+  requestStop();
   clearPreview();
   if (MeshViewController* const controller = meshController())
     controller->releaseMesh(*this);
   FlyoutCommand::onFinalize();
 }
 
-void SmoothFlyoutCommand::onESCKeyReleased() { m_edit.cancel(); }
+void SmoothFlyoutCommand::onESCKeyReleased() { requestStop(); }
 
 bool SmoothFlyoutCommand::onExecute(bool checked) {
   if (!isActive() || !hasMesh() || m_edit.isRunning())
     return false;
   m_preview.cancel();
-  m_edit.begin({tr("Smooth"), tr("Smoothing"),
-                [options = options()](const Mesh& mesh, const TriangleSelection&, const Progress& progress) {
-                  return smoothed(mesh, options, progress);
-                },
-                [](const Mesh&, const Mesh&) { return tr("Smoothed the mesh"); }});
+  m_edit.begin(
+      {tr("Smooth"), tr("Smoothing"),
+       [options = options()](const Mesh& mesh, const TriangleSelection&, const RunProgress& progress) {
+         return smoothed(mesh, options, progress);
+       },
+       [](const Mesh&, const Mesh&) { return tr("Smoothed the mesh"); }});
   const bool started = FlyoutCommand::onExecute(checked);
   if (!started)
     m_edit.abandon();
@@ -130,7 +130,7 @@ void SmoothFlyoutCommand::updatePreview() {
   }
   m_preview.start([this, mesh = document()->mesh(),
                    options = options()](const std::stop_token& stop) -> LatestTask::Deliver {
-    const Mesh result = smoothed(mesh, options, Progress(stop));
+    const Mesh result = smoothed(mesh, options, RunProgress(stop));
     return [this, result] {
       if (MeshView* const view = meshView())
         view->setPreview(result);

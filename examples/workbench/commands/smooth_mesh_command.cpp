@@ -19,7 +19,7 @@ SmoothMeshCommand::SmoothMeshCommand(MeshViewController* controller) : MeshOpera
 }
 
 Mesh SmoothMeshCommand::work(const Mesh& mesh, const TriangleSelection& selection,
-                             const Progress& progress) const {
+                             const RunProgress& progress) const {
   SmoothOptions options;
   if (!selection.isEmpty())
     options.selection = selection;

@@ -31,7 +31,7 @@ struct Candidate {
 
 class Decimation {
 public:
-  Decimation(const Mesh& mesh, std::size_t target, const Progress& progress)
+  Decimation(const Mesh& mesh, std::size_t target, const Vela::UiBase::RunProgress& progress)
       : m_mesh(mesh),
         m_first(m_mesh.triangleCount()),
         m_target(target),
@@ -156,7 +156,7 @@ private:
   CollapsibleMesh m_mesh;
   std::size_t m_first;
   std::size_t m_target;
-  const Progress& m_progress;
+  const Vela::UiBase::RunProgress& m_progress;
   std::vector<Quadric> m_quadrics;
   std::vector<std::uint32_t> m_versions;
   std::priority_queue<Candidate> m_queue;
@@ -166,7 +166,7 @@ private:
 
 } // namespace
 
-Mesh decimated(const Mesh& mesh, std::size_t triangles, const Progress& progress) {
+Mesh decimated(const Mesh& mesh, std::size_t triangles, const Vela::UiBase::RunProgress& progress) {
   if (mesh.triangles().size() <= triangles)
     return mesh;
   return Decimation(mesh, triangles, progress).run();

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/commands/run_progress.h>
 #include <workbench/mesh.h>
-#include <workbench/mesh_ops/progress.h>
 
 namespace Workbench {
 
@@ -14,11 +14,11 @@ namespace Workbench {
 /// borders keep their shape. Where nothing more may be contracted the result has more triangles than asked
 /// for; a mesh that has no more than @p triangles is returned as it is. Triangles with a corner twice and
 /// vertices without a triangle are dropped from what is reduced.
-/// @throws OperationCancelled through @p progress.
+/// @throws RunCancelled through @p progress.
 ///
 /// @code
 /// const Mesh preview = decimated(scan, scan.triangles().size() / 5);
 /// @endcode
-Mesh decimated(const Mesh& mesh, std::size_t triangles, const Progress& progress = {});
+Mesh decimated(const Mesh& mesh, std::size_t triangles, const Vela::UiBase::RunProgress& progress = {});
 
 } // namespace Workbench

@@ -54,7 +54,7 @@ EdgeLengths distribution(std::vector<double> lengths) {
 
 } // namespace
 
-MeshStatistics meshStatistics(const Mesh& mesh, const Progress& progress) {
+MeshStatistics meshStatistics(const Mesh& mesh, const Vela::UiBase::RunProgress& progress) {
   MeshStatistics result;
   progress.report(0);
   result.vertices = mesh.positions().size();

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/commands/run_progress.h>
 #include <workbench/mesh.h>
-#include <workbench/mesh_ops/progress.h>
 
 namespace Workbench {
 
@@ -30,7 +30,7 @@ struct MeshStatistics {
 };
 
 /// Takes the figures of a mesh. Safe on any thread.
-/// @throws OperationCancelled through @p progress.
-MeshStatistics meshStatistics(const Mesh& mesh, const Progress& progress = {});
+/// @throws RunCancelled through @p progress.
+MeshStatistics meshStatistics(const Mesh& mesh, const Vela::UiBase::RunProgress& progress = {});
 
 } // namespace Workbench

@@ -101,7 +101,7 @@ void step(const VertexWedges& wedges, const std::vector<char>& movable, float pa
 
 } // namespace
 
-Mesh smoothed(const Mesh& mesh, const SmoothOptions& options, const Progress& progress) {
+Mesh smoothed(const Mesh& mesh, const SmoothOptions& options, const Vela::UiBase::RunProgress& progress) {
   if (!options.selection.isEmpty() && options.selection.size() != mesh.triangles().size())
     throw std::invalid_argument("A selection of another mesh");
   progress.report(0);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/commands/run_progress.h>
 #include <workbench/mesh.h>
-#include <workbench/mesh_ops/progress.h>
 #include <workbench/mesh_ops/triangle_selection.h>
 
 namespace Workbench {
@@ -26,9 +26,10 @@ struct SmoothOptions {
 /// Vertices on an open border and where more than two faces meet at an edge keep their places, so holes keep
 /// their shape and meshes that meet there still do. Runs on all processors; the result is the same on any
 /// number of them.
-/// @throws OperationCancelled through @p progress; std::invalid_argument when the selection is neither empty
+/// @throws RunCancelled through @p progress; std::invalid_argument when the selection is neither empty
 /// nor
 ///   of as many triangles as the mesh.
-Mesh smoothed(const Mesh& mesh, const SmoothOptions& options = {}, const Progress& progress = {});
+Mesh smoothed(const Mesh& mesh, const SmoothOptions& options = {},
+              const Vela::UiBase::RunProgress& progress = {});
 
 } // namespace Workbench

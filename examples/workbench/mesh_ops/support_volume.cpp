@@ -171,7 +171,7 @@ double supportedLength(const std::vector<Hit>& hits) {
 } // namespace
 
 std::optional<double> supportVolume(const Mesh& mesh, const SupportOptions& options,
-                                    const Progress& progress) {
+                                    const Vela::UiBase::RunProgress& progress) {
   progress.report(0);
   const std::optional<double> volume = mesh.volume();
   if (!volume)

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/commands/run_progress.h>
 #include <workbench/mesh.h>
-#include <workbench/mesh_ops/progress.h>
 
 #include <optional>
 
@@ -25,8 +25,8 @@ struct SupportOptions {
 /// they were not. Safe on any thread.
 ///
 /// @return nothing for a mesh that is not closed.
-/// @throws OperationCancelled through @p progress.
+/// @throws RunCancelled through @p progress.
 std::optional<double> supportVolume(const Mesh& mesh, const SupportOptions& options = {},
-                                    const Progress& progress = {});
+                                    const Vela::UiBase::RunProgress& progress = {});
 
 } // namespace Workbench

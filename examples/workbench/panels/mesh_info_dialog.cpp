@@ -31,7 +31,7 @@ void MeshInfoDialog::takeFigures() {
   if (!m_view)
     return;
   m_task.start([this, mesh = m_view->mesh()](const std::stop_token& stop) -> LatestTask::Deliver {
-    const MeshStatistics figures = meshStatistics(mesh, Progress(stop));
+    const MeshStatistics figures = meshStatistics(mesh, Vela::UiBase::RunProgress(stop));
     return [this, figures] {
       m_figures = figures;
       showFigures();

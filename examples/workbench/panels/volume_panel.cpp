@@ -87,7 +87,7 @@ void VolumePanel::compute() {
     std::optional<double> volume = mesh.volume();
     if (volume)
       volume = std::abs(*volume); // also of a mesh that is inside out
-    const std::optional<double> supports = supportVolume(mesh, {}, Progress(stop));
+    const std::optional<double> supports = supportVolume(mesh, {}, Vela::UiBase::RunProgress(stop));
     return [this, volume, supports] {
       m_panel->SetVolumes(volume, supports);
       m_panel->SetBusy(false);

@@ -81,7 +81,7 @@ LatestTask::Work PhotoDocument::loading() {
           Taren::Core::MainThreadQoS);
     };
     try {
-      return [this, photo = loadPhoto(file, Progress(stop, tell))] { show(photo); };
+      return [this, photo = loadPhoto(file, Vela::UiBase::RunProgress(stop, tell))] { show(photo); };
     } catch (const PhotoLoadError& error) {
       return [this, failure = Failure{error.reason(), error.message()}] { dropCurrent(failure); };
     } catch (const std::bad_alloc&) {

@@ -27,7 +27,7 @@ QImage forScreen(const QImage& image) {
 
 } // namespace
 
-PhotoImage::PhotoImage(const QImage& image, const Progress& progress) {
+PhotoImage::PhotoImage(const QImage& image, const Vela::UiBase::RunProgress& progress) {
   if (image.isNull())
     return;
   progress.report(0);

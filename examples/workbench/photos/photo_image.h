@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <workbench/mesh_ops/progress.h>
+#include <ui_base/commands/run_progress.h>
 
 #include <QImage>
 #include <QList>
@@ -20,8 +20,8 @@ class PhotoImage {
 public:
   /// None.
   PhotoImage() = default;
-  /// @throws OperationCancelled through @p progress.
-  explicit PhotoImage(const QImage& image, const Progress& progress = {});
+  /// @throws RunCancelled through @p progress.
+  explicit PhotoImage(const QImage& image, const Vela::UiBase::RunProgress& progress = {});
 
   bool isNull() const noexcept { return m_levels.isEmpty(); }
   /// In pixels.

@@ -19,20 +19,21 @@ struct PhotoText {
 // Tells how far the reading is, and ends it by an error of the device: decoders know no other way.
 class WatchedFile : public QFile {
 public:
-  WatchedFile(const QString& fileName, const Progress& progress) : QFile(fileName), m_progress(progress) {}
+  WatchedFile(const QString& fileName, const Vela::UiBase::RunProgress& progress)
+      : QFile(fileName), m_progress(progress) {}
 
 protected:
   qint64 readData(char* data, qint64 most) override {
     try {
       m_progress.report(ReadingPart * double(pos()) / double(std::max<qint64>(1, size())));
-    } catch (const OperationCancelled&) {
+    } catch (const Vela::UiBase::RunCancelled&) {
       return -1;
     }
     return QFile::readData(data, most);
   }
 
 private:
-  const Progress& m_progress;
+  const Vela::UiBase::RunProgress& m_progress;
 };
 
 // What can be said about a file without reading it.
@@ -64,7 +65,7 @@ bool isTooLarge(const QSize& size) {
   return qint64(size.width()) * size.height() * 4 > qint64(MostMegabytes) * 1024 * 1024;
 }
 
-QImage readImage(const QString& fileName, const Progress& progress) {
+QImage readImage(const QString& fileName, const Vela::UiBase::RunProgress& progress) {
   if (const QString reason = obstacle(fileName); !reason.isEmpty())
     throw PhotoLoadError(fileName, reason);
   WatchedFile file(fileName, progress);
@@ -79,7 +80,7 @@ QImage readImage(const QString& fileName, const Progress& progress) {
                                        .arg(reader.size().height()));
   QImage image = reader.read();
   if (progress.isStopRequested())
-    throw OperationCancelled();
+    throw Vela::UiBase::RunCancelled();
   if (image.isNull())
     throw PhotoLoadError(fileName, reasonOf(reader));
   return image;
@@ -103,7 +104,7 @@ QString PhotoLoadError::message() const {
   return PhotoText::tr("Cannot open “%1”. %2").arg(QFileInfo(m_fileName).fileName(), m_reason);
 }
 
-PhotoImage loadPhoto(const QString& fileName, const Progress& progress) {
+PhotoImage loadPhoto(const QString& fileName, const Vela::UiBase::RunProgress& progress) {
   [[maybe_unused]] static const bool raised = (QImageReader::setAllocationLimit(MostMegabytes), true);
   progress.report(0);
   const QImage image = readImage(fileName, progress);

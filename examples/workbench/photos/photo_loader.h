@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <workbench/mesh_ops/progress.h>
+#include <ui_base/commands/run_progress.h>
 #include <workbench/photos/photo_image.h>
 
 #include <QString>
@@ -28,10 +28,10 @@ private:
 /// as its camera noted. Blocks; for any thread. Stops soon after it is asked to, in the middle of the file.
 ///
 /// @code
-/// const PhotoImage photo = loadPhoto(fileName, Progress(stop.get_token(), showFraction));
+/// const PhotoImage photo = loadPhoto(fileName, RunProgress(stop.get_token(), showFraction));
 /// @endcode
-/// @throws PhotoLoadError, OperationCancelled
-PhotoImage loadPhoto(const QString& fileName, const Progress& progress = {});
+/// @throws PhotoLoadError, RunCancelled
+PhotoImage loadPhoto(const QString& fileName, const Vela::UiBase::RunProgress& progress = {});
 
 /// Whether the file's name ends like that of a picture.
 bool isPhotoFileName(const QString& fileName);

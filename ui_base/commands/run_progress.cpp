@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "progress.h"
+#include "run_progress.h"
 
 #include <algorithm>
 
-namespace Workbench {
+namespace Vela::UiBase {
 
-Progress::Progress(std::stop_token stop, Callback callback)
+const char* RunCancelled::what() const noexcept { return "The run was cancelled"; }
+
+RunProgress::RunProgress(std::stop_token stop, Callback callback)
     : m_stop(std::move(stop)), m_callback(std::move(callback)) {}
 
-void Progress::report(double fraction) const {
+void RunProgress::report(double fraction) const {
   if (isStopRequested())
-    throw OperationCancelled();
+    throw RunCancelled();
   const int percent = int(std::clamp(fraction, 0.0, 1.0) * 100);
   if (!m_callback || percent <= m_percent)
     return;
@@ -18,4 +20,4 @@ void Progress::report(double fraction) const {
   m_callback(percent / 100.0);
 }
 
-} // namespace Workbench
+} // namespace Vela::UiBase

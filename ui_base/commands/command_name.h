@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAction>
+
+namespace Vela::UiBase {
+
+/// What a user knows a command by, for use in a sentence: its text without mnemonic and ellipsis.
+inline QString nameInSentence(const QAction& action) {
+  QString name = action.iconText(); // has neither mnemonic nor three dots
+  while (name.endsWith(QChar(0x2026)))
+    name.chop(1);
+  return name.trimmed();
+}
+
+} // namespace Vela::UiBase
