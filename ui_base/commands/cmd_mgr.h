@@ -4,6 +4,7 @@
 #include <ui_base/commands/command_bag.h>
 #include <ui_base/commands/command_context.h>
 #include <ui_base/commands/context_hold.h>
+#include <ui_base/commands/explain.h>
 #include <ui_base/core/cmd_mgr_protocol.h>
 #include <ui_base/core/command_state_protocol.h>
 #include <ui_base/core/shared_object.h>
@@ -135,6 +136,12 @@ public:
   QString groundReason(const QString& id) const;
   /// Who disables a command by a layer, the topmost first; empty when no layer does.
   QList<ContextHolder> holdersDisabling(const QString& id) const;
+
+  /// All causes for which a command cannot be used, with a sentence for the user each: the layers that
+  /// disable it, the topmost first, the command's own state, its groups, the licence, the application. Goes
+  /// by the layers as they are handed over, applied or not. Empty for a command that can be used, and for
+  /// none.
+  QList<CommandCause> explain(const QString& id) const;
 
   /// Whether a context is being applied just now.
   bool isApplyingContext() const;

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "command_base.h"
 
+#include "cmd_mgr.h"
 #include "command_execution.h"
 #include "command_group.h"
 #include "command_name.h"
+#include "command_tips.h"
 #include "run_log.h"
 #include "run_source.h"
 #include "upstairs.h"
@@ -44,6 +46,7 @@ CommandBase::CommandBase(CmdsViewController* controller) : d(std::make_unique<Co
   connect(this, &QAction::triggered, this, &CommandBase::onTriggered);
   connect(this, &QAction::toggled, this, &CommandBase::onToggled);
   InputWatch::start();
+  CommandTips::start();
 }
 
 CommandBase::~CommandBase() { beginDestruction(); }
@@ -106,6 +109,12 @@ QList<CommandGroup*> CommandBase::holdingGroups() const {
       groups.append(group);
   }
   return groups;
+}
+
+QString CommandBase::whyUnavailable() const {
+  const CmdMgr* const manager = Upstairs::managerOf(getViewController());
+  const QList<CommandCause> causes = manager ? manager->explain(commandId()) : QList<CommandCause>();
+  return causes.isEmpty() ? QString() : causes.constFirst().text;
 }
 
 QList<CommandRun> CommandBase::runs() const { return RunLog::Instance().runsUnderway(*this); }

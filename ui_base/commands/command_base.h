@@ -129,6 +129,9 @@ public:
   void requestStop() const;
   /// The groups that hold the command, in the order in which it was added to them.
   QList<CommandGroup*> holdingGroups() const;
+  /// Why the command cannot be used, in a sentence for the user: the first cause that CmdMgr::explain() of
+  /// its controller has. Empty when it can be used.
+  QString whyUnavailable() const;
   /// Whether the command asks the licence library before it runs.
   bool isPaidFeature() const;
 

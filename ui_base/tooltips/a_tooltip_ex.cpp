@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "a_tooltip_ex.h"
 
+#include <ui_base/tooltips/tooltip_reason.h>
 #include <ui_base/tooltips/tooltip_text.h>
 #include <vlk_common_res/styles.h>
 
+#include <QLabel>
 #include <QPalette>
+#include <QVBoxLayout>
 
 namespace Vela::UiBase {
 
@@ -20,6 +23,23 @@ ATooltipEx::ATooltipEx(QWidget* parent) : QWidget(parent) {
 ATooltipEx::~ATooltipEx() = default;
 
 QString ATooltipEx::AccessibleText() const { return TooltipText::plain(Text()); }
+
+void ATooltipEx::SetReason(const QString& reason) {
+  auto* const box = qobject_cast<QVBoxLayout*>(layout());
+  if (!box || (!m_reason && reason.isEmpty()))
+    return;
+  if (!m_reason) {
+    m_reason = new QLabel(this);
+    m_reason->setTextFormat(Qt::PlainText);
+    m_reason->setFocusPolicy(Qt::NoFocus);
+    box->addWidget(m_reason);
+  }
+  m_reason->setStyleSheet(QStringLiteral("color: %1;").arg(Styles::Instance().ColorTextLabel().name()));
+  TooltipText::setWrapped(m_reason, reason);
+  m_reason->setVisible(!reason.isEmpty());
+  setAccessibleName(TooltipReason::composed(AccessibleText(), reason));
+  adjustSize();
+}
 
 void ATooltipEx::SetTooltipIndex(int index) { m_index = index; }
 

@@ -3,8 +3,11 @@
 
 #include <ui_base/ui_base_export.h>
 
+#include <QPointer>
 #include <QString>
 #include <QWidget>
+
+class QLabel;
 
 namespace Vela::UiBase {
 
@@ -37,6 +40,10 @@ public:
   /// All there is to read, in plain text; what assistive technology reads out.
   virtual QString AccessibleText() const;
 
+  /// Why what the tooltip is about cannot be used, below all else; empty takes it away. Set by the tooltip
+  /// object each time it is shown. Shown where the layout is a vertical box; others override it.
+  virtual void SetReason(const QString& reason);
+
   /// The page of the help that tells more: its index, or -1, and the keyword to look up there.
   virtual void SetTooltipIndex(int index);
   int TooltipIndex() const;
@@ -60,6 +67,7 @@ protected:
   virtual void ApplyLook();
 
 private:
+  QPointer<QLabel> m_reason;
   int m_index = -1;
   QString m_keyword;
 };

@@ -50,6 +50,7 @@ void ATooltipObject::ShowTooltip() {
     HideTooltip();
     return;
   }
+  d->tellReason();
   d->place();
   d->visible = true;
   const QPointer<ATooltipObject> self(this);

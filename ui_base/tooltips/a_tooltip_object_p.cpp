@@ -52,6 +52,13 @@ QWidget* ATooltipObjectPrivate::reference() const { return nullptr; }
 
 void ATooltipObjectPrivate::describe() {}
 
+QString ATooltipObjectPrivate::reason() const { return {}; }
+
+void ATooltipObjectPrivate::tellReason() {
+  if (auto* const tooltip = qobject_cast<ATooltipEx*>(attachedControl))
+    tooltip->SetReason(reason());
+}
+
 QString ATooltipObjectPrivate::description() const {
   return pendingControl ? TooltipText::read(pendingControl) : TooltipText::plain(text);
 }

@@ -32,6 +32,10 @@ public:
   virtual QWidget* reference() const;
   /// The content, or what it says, has changed.
   virtual void describe();
+  /// Why what the tooltip stands beside cannot be used; empty when it can.
+  virtual QString reason() const;
+  /// Puts the reason as it is now below the content.
+  virtual void tellReason();
   /// What there is to read, in plain text.
   QString description() const;
 

@@ -3,6 +3,9 @@
 
 #include "tooltip_object_p.h"
 
+#include <ui_base/tooltips/tooltip_reason.h>
+
+#include <QAccessible>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -17,10 +20,24 @@ namespace Vela::UiBase {
 QWidget* TooltipObjectPrivate::reference() const { return attachedWidget; }
 
 void TooltipObjectPrivate::describe() {
+  ownDescription = description();
+  giveDescription();
+}
+
+void TooltipObjectPrivate::giveDescription() {
   if (!attachedWidget || attachedWidget->accessibleDescription() != givenDescription)
     return;
-  givenDescription = description();
+  givenDescription = TooltipReason::composed(ownDescription, reason());
   attachedWidget->setAccessibleDescription(givenDescription);
+}
+
+void TooltipObjectPrivate::tellReason() {
+  ATooltipObjectPrivate::tellReason();
+  giveDescription();
+}
+
+QString TooltipObjectPrivate::reason() const {
+  return attachedWidget ? TooltipReason::of(*attachedWidget) : QString();
 }
 
 void TooltipObjectPrivate::onFocusIn(const QFocusEvent& event) {
@@ -181,6 +198,8 @@ bool TooltipObject::eventFilter(QObject* watched, QEvent* event) {
       own()->onFocusOut();
     else if (event->type() == QEvent::KeyPress)
       own()->onKeyPress(*static_cast<QKeyEvent*>(event));
+    else if (event->type() == QEvent::EnabledChange && (d->visible || QAccessible::isActive()))
+      d->tellReason();
   }
   return self && ATooltipObject::eventFilter(watched, event);
 }

@@ -14,6 +14,8 @@ class UI_BASE_EXPORT TooltipObjectPrivate : public ATooltipObjectPrivate {
 public:
   QWidget* reference() const override;
   void describe() override;
+  QString reason() const override;
+  void tellReason() override;
 
   void onFocusIn(const QFocusEvent& event);
   void onFocusOut();
@@ -25,7 +27,11 @@ public:
   bool dismissOnPress = true;
 
   bool broughtByFocus = false;
+  QString ownDescription;   // what the tooltip says, without the reason
   QString givenDescription; // what the attached widget was given
+
+private:
+  void giveDescription();
 };
 
 } // namespace Vela::UiBase

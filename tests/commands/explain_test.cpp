@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+#include "execution_fixture.h"
+
+#include <support/test_case.h>
+#include <ui_base/commands/command_group.h>
+#include <ui_base/toolbars/tool_bar.h>
+#include <ui_base/toolbars/tool_button.h>
+#include <ui_base/tooltips/a_tooltip_ex.h>
+#include <ui_base/tooltips/tooltip_object.h>
+
+#include <QActionGroup>
+#include <QHelpEvent>
+#include <QMenu>
+#include <QToolTip>
+
+using namespace Vela::UiBase;
+using Taren::Core::NormalQoS;
+using Vela::License::FullLicense;
+using Vela::License::NoLicense;
+
+namespace {
+
+const QString other = QStringLiteral("other");
+const QString isRunning = QStringLiteral("\"work\" is running.");
+
+QStringList textsOf(const QList<CommandCause>& causes) {
+  QStringList texts;
+  for (const CommandCause& cause : causes)
+    texts += cause.text;
+  return texts;
+}
+
+CommandContext disabling(const QString& id) {
+  CommandContext context;
+  context.overwrite(id, {State::Off, State::Keep});
+  return context;
+}
+
+/// The commands of the fixture, of which the other one knows its controller.
+class ExplainFixture : public AsyncFixture {
+public:
+  ExplainFixture() {
+    other->setViewController(controller);
+    other->setToolTip(QStringLiteral("Does another thing"));
+  }
+  QStringList causes() const { return textsOf(controller->explain(QStringLiteral("other"))); }
+};
+
+} // namespace
+
+/// Why a command cannot be used, and where users hear of it.
+class ExplainTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void causesAreTold_data() {
+    using Disable = std::function<void(ExplainFixture&)>;
+    QTest::addColumn<Disable>("disable");
+    QTest::addColumn<QStringList>("causes");
+    const auto row = [](const char* name, const Disable& disable, const QStringList& causes) {
+      QTest::newRow(name) << disable << causes;
+    };
+    const QString unavailable = QStringLiteral("Not available at present.");
+    row("enabled", [](auto&) {}, {});
+    row("another command is disabled",
+        [](auto& f) { f.controller->pushContext(disabling(QStringLiteral("work"))); }, {});
+    row("run", [](auto& f) { f.command->trigger(); }, {isRunning});
+    row("run, applied",
+        [](auto& f) {
+          f.command->trigger();
+          while (f.dispatcher.step(Taren::Core::MainThreadQoS)) {
+          }
+        },
+        {isRunning});
+    row("run that has ended",
+        [](auto& f) {
+          f.command->trigger();
+          f.dispatcher.runAll();
+        },
+        {});
+    row("nobody holds", [](auto& f) { f.controller->pushContext(disabling(other)); },
+        {QStringLiteral("Something else is under way.")});
+    row("itself", [](auto& f) { f.other->setEnabled(false); }, {unavailable});
+    row("itself and a run",
+        [](auto& f) {
+          f.other->setEnabled(false);
+          f.command->trigger();
+        },
+        {isRunning, unavailable});
+    row("enabled by the application all the same",
+        [](auto& f) {
+          f.command->trigger();
+          while (f.dispatcher.step(Taren::Core::MainThreadQoS)) {
+          }
+          f.other->setEnabled(true);
+        },
+        {});
+    row("the application, with a reason",
+        [](auto& f) {
+          f.command->trigger();
+          f.controller->setGroundState(other, {State::Off, State::Keep}, QStringLiteral("No scanner."));
+          while (f.dispatcher.step(Taren::Core::MainThreadQoS)) {
+          }
+        },
+        {isRunning, QStringLiteral("No scanner.")});
+    row("its group",
+        [](auto& f) {
+          auto* const group = new CommandGroup(QString(), QStringLiteral("&Shading"), QStringLiteral("g"));
+          f.other->setCheckable(true);
+          group->addCommand(f.other, 0);
+          f.controller->addCommand(group);
+          group->groupActionGroup()->setEnabled(false);
+        },
+        {QStringLiteral("The group \"Shading\" is not available.")});
+    row("not here", [](auto& f) { f.controller->removeCommand(other); }, {});
+  }
+
+  void causesAreTold() {
+    QFETCH(std::function<void(ExplainFixture&)>, disable);
+    QFETCH(QStringList, causes);
+    ExplainFixture f;
+    disable(f);
+    QCOMPARE(f.causes(), causes);
+    if (f.controller->findCommand(other))
+      QCOMPARE(f.other->whyUnavailable(), causes.value(0));
+  }
+
+  void holdersAreToldTopFirst() {
+    ExplainFixture f;
+    f.command->trigger();
+    {
+      const ContextHold hold =
+          f.controller->holdContext(disabling(other), ContextHolder::because(QStringLiteral("Scanning.")));
+      QCOMPARE(f.causes(), (QStringList{QStringLiteral("Scanning."), isRunning}));
+      const CommandCause below = f.controller->explain(other).constLast();
+      QCOMPARE(below.kind, CommandCause::Layer);
+      QCOMPARE(below.holder, ContextHolder::running(QStringLiteral("work")));
+    }
+    QCOMPARE(f.causes(), QStringList{isRunning});
+  }
+
+  void paidFeatureNeedsALicence() {
+    ExplainFixture f;
+    f.other->setIsPaidFeature(true);
+    const LicenseState none(NoLicense);
+    QCOMPARE(f.controller->explain(other).size(), 1);
+    QCOMPARE(f.controller->explain(other).constFirst().kind, CommandCause::Licence);
+    const LicenseState full(FullLicense);
+    QVERIFY(f.causes().isEmpty());
+  }
+
+  void tooltipOfAButtonEndsWithTheCause() {
+    ExplainFixture f;
+    f.view->resize(400, 300);
+    ToolBar bar(f.view, Qt::TopToolBarArea);
+    ToolButton* const button = bar.AddAction(f.other);
+    f.view->show();
+    bar.show();
+    QVERIFY(QTest::qWaitForWindowExposed(f.view));
+    TooltipObject* const tooltip = button->GetTooltipObject();
+    const auto shown = [tooltip] {
+      tooltip->ShowTooltip();
+      return tooltip->TooltipControl()->accessibleName();
+    };
+    const QString text = QStringLiteral("Does another thing");
+    QCOMPARE(shown(), text);
+    tooltip->ForceHideTooltip();
+
+    f.command->trigger();
+    f.dispatcher.runAll();
+    f.command->trigger();
+    while (f.dispatcher.step(Taren::Core::MainThreadQoS)) {
+    }
+    QVERIFY(!button->isEnabled());
+    const QString explained = text + QLatin1Char('\n') + isRunning;
+    QCOMPARE(shown(), explained);
+    QCOMPARE(button->accessibleDescription(), explained);
+    QCOMPARE(button->toolTip(), text);
+    QCOMPARE(f.other->toolTip(), text);
+    QCOMPARE(tooltip->Text(), text);
+    f.dispatcher.runAll(); // while it is shown
+    QVERIFY(button->isEnabled());
+    QCOMPARE(tooltip->TooltipControl()->accessibleName(), text);
+    QCOMPARE(button->accessibleDescription(), text);
+  }
+
+  void menuEntriesTellTheCause_data() {
+    QTest::addColumn<bool>("tooltips");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("with tooltips") << true << "Does another thing\n" + isRunning;
+    QTest::newRow("without") << false << isRunning;
+  }
+
+  void menuEntriesTellTheCause() {
+    QFETCH(bool, tooltips);
+    QFETCH(QString, text);
+    ExplainFixture f;
+    QMenu menu;
+    menu.setToolTipsVisible(tooltips);
+    menu.addAction(f.other);
+    f.command->trigger();
+    while (f.dispatcher.step(Taren::Core::MainThreadQoS)) {
+    }
+    menu.popup({20, 20});
+    const QPoint point = menu.actionGeometry(f.other).center();
+    QHelpEvent help(QEvent::ToolTip, point, menu.mapToGlobal(point));
+    QCoreApplication::sendEvent(&menu, &help);
+    QCOMPARE(QToolTip::text(), text);
+    QToolTip::hideText();
+    menu.hide();
+  }
+};
+
+VELA_TEST_MAIN(ExplainTest)
+#include "explain_test.moc"
