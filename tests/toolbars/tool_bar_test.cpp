@@ -3,7 +3,7 @@
 
 #include <support/test_case.h>
 #include <ui_base/toolbars/tool_bar.h>
-#include <ui_base/toolbars/tool_bar_slide.h>
+#include <ui_base/toolbars/tool_bar_place.h>
 #include <ui_base/toolbars/tool_button_with_button_menu.h>
 
 #include <QGraphicsDropShadowEffect>

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "tool_bar.h"
 
-#include "tool_bar_menu_watch.h"
+#include "tool_bar_commands.h"
+#include "tool_bar_content.h"
+#include "tool_bar_keys.h"
 #include "tool_bar_p.h"
+#include "tool_bar_placer.h"
 
 #include <ui_base/commands/command_group.h>
 #include <ui_base/commands/flyout_command.h>
@@ -60,7 +63,7 @@ ToolBar::ToolBar(ToolBarPrivate& state, QWidget* parent, Qt::ToolBarArea area, i
 
 // While this is still a toolbar, as the buttons tell it what becomes of their menus.
 ToolBar::~ToolBar() {
-  d->stopAnimation();
+  d->placer->stop();
   delete d->commands;
   delete d->content;
   for (const QPointer<ToolBar>& subToolBar : std::as_const(d->ownSubToolBars))
@@ -73,7 +76,8 @@ void ToolBar::Initialize(Qt::ToolBarArea area, int autoPositionInterval, bool hi
   d->content = new ToolBarContent(this);
   d->content->setLayoutListener([this] { d->contentChanged(); });
   d->commands = new ToolBarCommands(*this);
-  d->keys.attach(*this);
+  d->keys->attach(*this);
+  d->placer = std::make_unique<ToolBarPlacer>(*this);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
   installEventFilter(this);
   setMouseTracking(true);
@@ -81,7 +85,7 @@ void ToolBar::Initialize(Qt::ToolBarArea area, int autoPositionInterval, bool hi
   d->area = area;
   d->applyPopupDefaults();
   d->applyLayout();
-  EnableShadow(true);
+  d->applyShadow();
   d->followParent();
   d->autoPositionTimer = new QTimer(this);
   d->autoPositionTimer->setSingleShot(true);
@@ -135,7 +139,7 @@ ToolButton* ToolBar::CreateToolButton(QWidget* parent, QAction* action, ToolBar&
     if (menu)
       menu->AddCommandGroup(commands);
     ToolButton* const button =
-        bar.AddAction(action, action->icon(), menu, applyMenuParams, commands->objectName(), group, index);
+        bar.AddAction(action, {}, menu, applyMenuParams, commands->objectName(), group, index);
     commands->setToolButton(button);
     return button;
   }
@@ -156,16 +160,11 @@ ToolButton* ToolBar::AddAction(QAction* action, const QString& group, int index,
 ToolButtonWithButtonMenu* ToolBar::AddAction(QAction* action, const QIcon& icon, ToolBar* menu,
                                              bool applyParams, const QString& name, const QString& group,
                                              int index) {
-  auto* const button = new ToolButtonWithButtonMenu(icon.isNull() && action ? action->icon() : icon, this,
-                                                    menu, name, d->content->panel(group));
-  if (action) {
+  auto* const button = new ToolButtonWithButtonMenu(icon, this, menu, name, d->content->panel(group));
+  if (!icon.isNull())
+    d->withOwnIcon.insert(button);
+  if (action)
     button->addAction(action);
-    button->setToolTip(action->toolTip());
-    if (!action->text().isEmpty())
-      button->setText(action->text());
-    if (TooltipObject* const tooltip = button->GetTooltipObject())
-      tooltip->SetTooltipText(action->toolTip());
-  }
   d->OnButtonCreated(*button, group, applyParams, applyParams, index);
   return button;
 }
@@ -302,7 +301,7 @@ bool ToolBar::event(QEvent* event) {
     d->followParent();
     break;
   case QEvent::FocusIn:
-    d->keys.enter();
+    d->keys->enter();
     break;
   default:
     break;
@@ -319,13 +318,9 @@ void ToolBar::changeEvent(QEvent* event) {
 // Every event of every button comes by.
 bool ToolBar::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
-  case QEvent::Move:
-    if (watched == this && !isWindow())
-      d->resizeTimer->start();
-    return false;
   case QEvent::Resize:
     if (watched == d->followedParent)
-      d->startTimers();
+      d->followParentSize();
     return false;
   case QEvent::KeyPress:
   case QEvent::ActionChanged:
@@ -339,7 +334,7 @@ bool ToolBar::eventFilter(QObject* watched, QEvent* event) {
   if (auto* const button = qobject_cast<ToolButton*>(watched))
     return d->filterButton(*button, *event);
   auto* const other = qobject_cast<QAbstractButton*>(watched);
-  return other && event->type() == QEvent::KeyPress && d->keys.press(*other, static_cast<QKeyEvent&>(*event));
+  return other && event->type() == QEvent::KeyPress && d->keys->press(*other, static_cast<QKeyEvent&>(*event));
 }
 
 void ToolBar::enterEvent(QEnterEvent* event) { QWidget::enterEvent(event); }
@@ -356,6 +351,13 @@ void ToolBar::mousePressEvent(QMouseEvent* event) { event->accept(); }
 
 void ToolBar::mouseReleaseEvent(QMouseEvent* event) { event->accept(); }
 
+void ToolBar::moveEvent(QMoveEvent* event) {
+  QWidget::moveEvent(event);
+  d->placer->noteMove();
+  if (!isWindow())
+    d->resizeTimer->start();
+}
+
 void ToolBar::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   d->paint(painter);
@@ -364,6 +366,7 @@ void ToolBar::paintEvent(QPaintEvent*) {
 void ToolBar::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   d->fitContent();
+  d->placer->update();
   d->resizeTimer->start();
 }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ui_base/popups/arrow_param.h>
-#include <ui_base/toolbars/tool_bar_params.h>
+#include <ui_base/toolbars/tool_bar_looks.h>
+#include <ui_base/toolbars/tool_bar_place.h>
 #include <ui_base/toolbars/tool_button.h>
 #include <ui_base/ui_base_export.h>
 
@@ -49,7 +49,7 @@ class ToolButtonWithWidgetMenu;
 /// bar->AddCommandGroup(viewGroup);   // a CommandGroup of the controller
 /// bar->ShowAnimated();
 /// @endcode
-class UI_BASE_EXPORT ToolBar : public QWidget {
+class UI_BASE_EXPORT ToolBar : public QWidget, public ToolBarLooks {
   Q_OBJECT
 
 public:
@@ -123,83 +123,38 @@ public:
   void SetOwnerButton(ToolButtonWithMenu* button);
   /// @}
 
-  /// \name Looks
-  /// Each applies to the buttons that are here and to those to come.
+  /// \name Form
+  /// The looks are set one by one by the functions of ToolBarLooks, or all at once.
   /// @{
-  const ToolBarParams& Params() const;
+  const ToolBarParams& Params() const override;
+  void SetParams(const ToolBarParams& params) override;
+  /// Takes over all of Params(), and the looks of the shadow. The area, the grid and the buttons stay.
+  void CopyAllParametersFrom(const ToolBar* other);
+  /// Gives a toolbar the looks of a main toolbar, and a name, which is also its accessible name when it has
+  /// none.
+  static void ApplyDefaultToolbarParams(ToolBar* toolBar, const QString& name);
+  /// @param nested for the sub-toolbars too.
+  void SetButtonStyleSheet(const QString& styleSheet, bool nested);
+  /// The shadow, whose looks may be changed; null while it is disabled.
+  QGraphicsDropShadowEffect* GetShadow() const;
   Qt::ToolBarArea Area() const;
   Qt::Orientation Orientation() const;
   void SetArea(Qt::ToolBarArea area);
   /// Lays the buttons of each group out in rows of so many; 0 for one row or column.
   void SetGridLayout(int columns);
   int GridColumns() const;
-
-  void SetButtonSize(const QSize& size);
-  QSize ButtonSize() const { return Params().buttonSize; }
-  void SetIconSize(const QSize& size);
-  QSize IconSize() const { return Params().iconSize; }
-  void SetButtonSpacing(int spacing);
-  int ButtonSpacing() const { return Params().buttonSpacing; }
-  void SetButtonGroupSpacing(int spacing);
-  int ButtonGroupSpacing() const { return Params().groupSpacing; }
-  void SetMainContentMargins(const QMargins& margins);
-  QMargins MainContentMargins() const { return Params().mainMargins; }
-  void SetGroupContentMargins(const QMargins& margins);
-  QMargins GroupContentMargins() const { return Params().groupMargins; }
-  /// An invalid colour is the one of the shared styles.
-  void SetBackColor(const QColor& color);
-  QColor BackColor() const { return Params().backColor; }
-  void SetGroupBackColor(const QColor& color);
-  QColor GroupBackColor() const { return Params().groupBackColor; }
-  /// @param aroundGroups around each group of buttons, otherwise around the bar.
-  void SetBorder(int width, const QColor& color, bool aroundGroups);
-  int BorderWidth() const { return Params().borderWidth; }
-  QColor BorderColor() const { return Params().borderColor; }
-  bool BorderAroundGroups() const { return Params().borderAroundGroups; }
-  /// The lines between the buttons of a group.
-  void SetButtonSeparatorColor(const QColor& color);
-  QColor ButtonSeparatorColor() const { return Params().separatorColor; }
-  void SetRoundCorner(EToolBarRoundCorner bar, EToolBarRoundCorner groups, int radius);
-  void SetToolButtonStyle(Qt::ToolButtonStyle style);
-  Qt::ToolButtonStyle ToolButtonStyle() const { return Params().buttonStyle; }
-  /// @param nested for the sub-toolbars too.
-  void SetButtonStyleSheet(const QString& styleSheet, bool nested);
-  QString ButtonStyleSheet() const { return Params().buttonStyleSheet; }
-  void EnableShadow(bool enable);
-  bool IsShadowEnabled() const { return Params().shadow; }
-  /// The shadow, whose looks may be changed; null while it is disabled.
-  QGraphicsDropShadowEffect* GetShadow() const;
-
-  void SetButtonDefaultTooltipParameters(const SArrowParam& arrow, EDirection direction, int distance,
-                                         EWidgetsAlign alignment, const QPoint& offset = {});
-  /// @param autoDecide whether a flyout may use other arrows where this one does not fit.
-  void SetButtonDefaultMenuParameters(bool autoDecide, const SArrowParam& arrow, EDirection direction,
-                                      int distance, EWidgetsAlign alignment, const QPoint& offset = {});
-  /// The group of the buttons' tooltips, of which one is shown at a time.
-  void SetTooltipGroup(const QString& name);
-  QString TooltipGroup() const { return Params().tooltipGroup; }
-  /// Takes over all of Params(). The area, the grid and the buttons stay.
-  void CopyAllParametersFrom(const ToolBar* other);
-  /// Gives a toolbar the looks of a main toolbar, and a name, which is also its accessible name when it has
-  /// none.
-  static void ApplyDefaultToolbarParams(ToolBar* toolBar, const QString& name);
   /// @}
 
   /// \name Place
   /// @{
 
-  /// Whether the bar follows its edge of the parent.
-  void SetEnableAutoPosition(bool enable);
-  bool IsAutoPositionEnabled() const { return Params().autoPosition; }
-  void SetAutoPositionInterval(int milliseconds);
-  /// In the middle of the edge; otherwise at the start of it.
-  void SetCentered(bool centered);
-  bool IsCentered() const { return Params().centered; }
-  /// The distance from the edge, and from the start of the edge unless centred.
-  void SetOffset(const QPoint& offset);
-  QPoint Offset() const { return Params().offset; }
-  /// Moves the bar to a place in its parent that it keeps: switches auto-positioning off.
+  /// Where the bar rests, and how far it has slid out from there.
+  ToolBarPlace Place() const;
+  /// Moves the bar to a place in its parent that it keeps, and to which its slides lead: switches
+  /// auto-positioning off. In the middle of a slide it ends there. A move() counts along the edge only: across
+  /// it the next slide ends at the edge, or at the place that was set.
   void SetPos(const QPoint& position);
+  void SetAutoPositionInterval(int milliseconds);
   /// Makes the bar as large as its content, but not longer than the parent.
   /// @param reposition also places it at its edge, if auto-positioning is on.
   void AdjustToolBarSize(bool reposition);
@@ -208,29 +163,28 @@ public:
   /// @}
 
   /// \name Showing
+  /// These may follow one another at any time, also in the middle of a slide; the last one counts. A bar that
+  /// the application has disabled or locked stays so when it is shown.
   /// @{
   void ShowMe();
   /// Hides the bar and all its menus.
   /// @param byRequest remembered, see HiddenByRequest(): the user does not want to see it.
   void HideMe(bool byRequest);
   bool HiddenByRequest() const;
-  /// Slides the bar in from outside of its edge.
+  /// Slides the bar in from outside of its edge; in a layout or as a window, from outside of its own place.
   void ShowAnimated();
   /// Slides it out; it is locked at once, and hidden in the end.
   void HideAnimated();
+  /// Shows the bar where it rests, or hides it, at once.
+  void setVisible(bool visible) override;
   /// Whether the bar is shown or is being shown: from the start of a show to the start of a hide.
   bool InShowMode();
   /// How long a slide takes; 300 at first.
   void SetAnimationDuration(int milliseconds);
-  /// While locked, the bar takes no input.
+  /// While locked, the bar takes no input. It stays enabled, so that what goes to it reaches nobody else.
   void SetLocked(bool locked);
+  /// Whether it is locked, by SetLocked() or for the time of a slide.
   bool IsLocked() const;
-  /// Whether a click on a plain button closes the bar, or the menu that it is.
-  void SetHideOnClick(bool hide);
-  bool HideOnClick() const { return Params().hideOnClick; }
-  /// Whether the bar, as the menu of a button, stays open when the user clicks elsewhere.
-  void SetKeepStateOnClickOutside(bool keep);
-  bool KeepStateOnClickOutside() const { return Params().keepStateOnClickOutside; }
   /// @}
 
   /// \name Menus
@@ -248,8 +202,10 @@ public:
   /// Calls EnableActions() of every button, here and in the sub-toolbars.
   void EnableActions();
   /// Asks the handler from now on whether the buttons of an action, present and future ones, are enabled.
-  /// Not owned; it outlives the toolbar.
+  /// Not owned; it outlives the toolbar, or is removed before.
   void AddCallbackHandler(ToolButton::IToolButtonCallbackHandler* handler, QAction* action);
+  /// Takes a handler away from all actions.
+  void RemoveCallbackHandler(ToolButton::IToolButtonCallbackHandler* handler);
   /// Makes a button one of those of which one at most is checked.
   void AddExclusiveGroupButton(const QString& group, QToolButton* button);
   /// @}
@@ -305,6 +261,7 @@ protected:
   void mouseMoveEvent(QMouseEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
@@ -312,15 +269,7 @@ protected:
   const std::unique_ptr<ToolBarPrivate> d;
 
 private:
-  friend class ToolBarCommands;
-  friend class ToolBarFocusCycle;
-  friend class ToolBarKeys;
   friend class ToolBarPrivate;
-  friend class ToolbarManager;
-  friend class ToolButton;
-  friend class ToolButtonWithButtonMenu;
-  friend class ToolButtonWithMenu;
-  friend class ToolButtonWithWidgetMenu;
 
   void Initialize(Qt::ToolBarArea area, int autoPositionInterval, bool hideOnClick);
 };

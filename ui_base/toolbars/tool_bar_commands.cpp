@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tool_bar_commands.h"
 
+#include "tool_bar_content.h"
 #include "tool_bar_p.h"
 
 #include <ui_base/commands/command_group.h>
@@ -122,8 +123,8 @@ void ToolBarCommands::removeChild(CommandBase& child, const CommandGroup& group)
                    [this](const CommandGroup* other) { return shows(*other); }))
     m_toolBar.RemoveCommand(&child);
   else if (ToolButton* const button =
-               buttonsByAction(m_toolBar.d->content->buttons(group.commandId())).value(&child))
-    m_toolBar.d->removeButton(*button);
+               buttonsByAction(ToolBarPrivate::of(m_toolBar).content->buttons(group.commandId())).value(&child))
+    ToolBarPrivate::of(m_toolBar).removeButton(*button);
 }
 
 void ToolBarCommands::arrange(const CommandBag& bag, CommandGroup& group,
@@ -131,14 +132,14 @@ void ToolBarCommands::arrange(const CommandBag& bag, CommandGroup& group,
   const QPointer<ToolBarCommands> self(this);
   const QString name = group.commandId();
   const QSet<const QAction*> known(before.cbegin(), before.cend());
-  const auto present = buttonsByAction(m_toolBar.d->content->buttons(name));
+  const auto present = buttonsByAction(ToolBarPrivate::of(m_toolBar).content->buttons(name));
   int index = 0;
   for (int i = 0; i < bag.count() && self && shows(group); ++i) {
     CommandBase& child = *bag.commandAt(i);
     ToolButton* const button = known.contains(&child) ? present.value(&child) : addChild(child, group, index);
     if (!button)
       continue;
-    m_toolBar.d->content->move(*button, name, index);
+    ToolBarPrivate::of(m_toolBar).content->move(*button, name, index);
     ++index;
   }
 }
@@ -147,10 +148,10 @@ void ToolBarCommands::arrange(const CommandBag& bag, CommandGroup& group,
 ToolButton* ToolBarCommands::addChild(CommandBase& child, CommandGroup& group, int index) {
   auto* const childGroup = dynamic_cast<CommandGroup*>(&child);
   if (!childGroup)
-    return m_toolBar.AddSingleCommand(&child, &group);
+    return ToolBarPrivate::of(m_toolBar).addSingleCommand(&child, &group);
   if (!standsInPanel(*childGroup))
-    return m_toolBar.AddButton(&m_toolBar, childGroup, index);
-  m_toolBar.AddCommandGroup(childGroup, &group);
+    return ToolBarPrivate::of(m_toolBar).addButton(childGroup, index);
+  ToolBarPrivate::of(m_toolBar).addCommandGroup(childGroup, &group);
   return nullptr;
 }
 
@@ -190,6 +191,16 @@ void ToolBar::AddCallbackHandler(ToolButton::IToolButtonCallbackHandler* handler
     d->callbackHandlers.append(entry);
   d->forEachButton([this](ToolButton& button) { d->applyHandlers(button); });
   d->scheduleEnableActions();
+}
+
+void ToolBar::RemoveCallbackHandler(ToolButton::IToolButtonCallbackHandler* handler) {
+  d->callbackHandlers.removeIf([handler](const auto& entry) { return entry.second == handler; });
+  d->forEachButton([handler](ToolButton& button) {
+    button.RemoveCallbackHandler(handler);
+    const auto* const opener = qobject_cast<ToolButtonWithMenu*>(&button);
+    if (auto* const menu = opener ? qobject_cast<ToolBar*>(opener->GetMenu()) : nullptr)
+      menu->RemoveCallbackHandler(handler);
+  });
 }
 
 } // namespace Vela::UiBase

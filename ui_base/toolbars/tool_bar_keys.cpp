@@ -100,7 +100,7 @@ void ToolBarFocusCycle::step(int direction) {
     m_before = focus;
   qsizetype next = inside ? at - bars.cbegin() + direction : (direction > 0 ? 0 : bars.size() - 1);
   while (next >= 0 && next < bars.size()) {
-    if (bars[next]->d->keys.enter())
+    if (ToolBarPrivate::of(*bars[next]).keys->enter())
       return;
     next += direction;
   }
@@ -123,7 +123,7 @@ QList<QAbstractButton*> ToolBarKeys::stops() const {
     if (!button->isHidden() && button->isEnabled() && !button->IsLocked())
       stops.append(button);
   }
-  if (QAbstractButton* const more = m_toolBar->d->overflow; more && !more->isHidden())
+  if (QAbstractButton* const more = ToolBarPrivate::of(*m_toolBar).overflow; more && !more->isHidden())
     stops.append(more);
   return stops;
 }
@@ -138,7 +138,7 @@ bool ToolBarKeys::enter() {
 
 void ToolBarKeys::focus(QAbstractButton& button) {
   m_last = &button;
-  m_toolBar->d->ensureVisible(button);
+  ToolBarPrivate::of(*m_toolBar).ensureVisible(button);
   button.setFocus(Qt::ShortcutFocusReason);
 }
 
@@ -174,8 +174,8 @@ bool ToolBarKeys::move(QAbstractButton& button, int key) {
   const QList<QAbstractButton*> buttons = stops();
   QList<QRect> rects;
   for (const QAbstractButton* const stop : buttons)
-    rects.append(m_toolBar->d->unscrolledRect(*stop));
-  const int next = nextInDirection(rects, m_toolBar->d->unscrolledRect(button), key);
+    rects.append(ToolBarPrivate::of(*m_toolBar).unscrolledRect(*stop));
+  const int next = nextInDirection(rects, ToolBarPrivate::of(*m_toolBar).unscrolledRect(button), key);
   if (next >= 0)
     focus(*buttons[next]);
   else
@@ -190,7 +190,7 @@ bool ToolBarKeys::openMenu(QAbstractButton& button, int key) const {
   if (!opener->IsMenuShowing())
     opener->click();
   else if (auto* const menu = qobject_cast<ToolBar*>(opener->GetMenu()))
-    menu->d->keys.enter();
+    ToolBarPrivate::of(*menu).keys->enter();
   return true;
 }
 

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include "tool_bar_content.h"
 #include "tool_bar_overflow.h"
 #include "tool_bar_p.h"
+#include "tool_bar_paths.h"
+#include "tool_bar_placer.h"
 
 #include <ui_base/popups/cached_shadow_effect.h>
 #include <vlk_common_res/styles.h>
 
-#include <QLayout>
 #include <QPainter>
 
 #include <algorithm>
@@ -59,10 +61,13 @@ void ToolBarPrivate::applyLayout() {
 }
 
 void ToolBarPrivate::contentChanged() {
+  const QPointer<ToolBar> self(toolBar);
   sizeOutOfDate = true;
   toolBar->updateGeometry();
   if (toolBar->isVisible())
     toolBar->AdjustToolBarSize(true);
+  if (!self)
+    return;
   pathsChanged();
   Q_EMIT toolBar->LayoutChanged();
 }
@@ -95,6 +100,7 @@ void ToolBarPrivate::fitContent() {
                                    },
                                    toolBar);
     overflow->installEventFilter(toolBar);
+    overflow->setEnabled(!toolBar->IsLocked());
   }
   const bool overflows = content->fit(inner, overflow ? overflow->length() : 0);
   if (overflow) {
@@ -112,27 +118,6 @@ void ToolBarPrivate::fitContent() {
   pathsChanged();
 }
 
-bool ToolBarPrivate::isPlacedAutomatically() const {
-  return params.autoPosition && !ownerButton && !toolBar->isWindow() && toolBar->parentWidget() &&
-         area != Qt::NoToolBarArea && !isLaidOutByParent();
-}
-
-bool ToolBarPrivate::isLaidOutByParent() const {
-  const QWidget* const parent = toolBar->parentWidget();
-  return parent && parent->layout() && parent->layout()->indexOf(toolBar) >= 0;
-}
-
-ToolBarPlace ToolBarPrivate::place() const {
-  const QWidget* const parent = toolBar->parentWidget();
-  return {area, parent ? parent->rect() : QRect(), toolBar->size(), params.offset, toolBar->pos()};
-}
-
-void ToolBarPrivate::comeBackIn() {
-  const QWidget* const parent = toolBar->isWindow() ? nullptr : toolBar->parentWidget();
-  if (parent && !parent->rect().intersects(toolBar->geometry()) && !isLaidOutByParent())
-    toolBar->move(place().onScreen());
-}
-
 void ToolBarPrivate::followParent() {
   if (followedParent == toolBar->parentWidget())
     return;
@@ -143,8 +128,9 @@ void ToolBarPrivate::followParent() {
     followedParent->installEventFilter(toolBar);
 }
 
-void ToolBarPrivate::startTimers() {
-  if (isPlacedAutomatically())
+void ToolBarPrivate::followParentSize() {
+  placer->update();
+  if (placer->isAutomatic())
     autoPositionTimer->start();
   resizeTimer->start();
 }
@@ -167,8 +153,6 @@ QRect ToolBarPrivate::unscrolledRect(const QAbstractButton& button) const {
 
 // --- looks
 
-QString ToolBarPrivate::sharedStyleSheet() { return Styles::Instance().ToolButtonOnToolPalette(); }
-
 void ToolBarPrivate::applyPopupDefaults() {
   params.tooltip = popupsAwayFrom(area, 5);
   params.menu = subToolBarParams();
@@ -182,10 +166,10 @@ void ToolBarPrivate::pathsChanged() {
 }
 
 void ToolBarPrivate::PrepareBackgroundPaths() {
-  paths.prepareBackground(toolBar->rect(), content->rects(), area, params);
+  paths->prepareBackground(toolBar->rect(), content->rects(), area, params);
 }
 
-void ToolBarPrivate::UpdateButtonSeparatorPaths() { paths.updateButtonSeparators(content->rects()); }
+void ToolBarPrivate::UpdateButtonSeparatorPaths() { paths->updateButtonSeparators(content->rects()); }
 
 void ToolBarPrivate::paint(QPainter& painter) {
   if (std::exchange(pathsOutOfDate, false)) {
@@ -199,16 +183,16 @@ void ToolBarPrivate::paint(QPainter& painter) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(bordered && !params.borderAroundGroups ? border : QPen(Qt::NoPen));
   painter.setBrush(orShared(params.backColor, styles.ColorToolPaletteMainBack()));
-  painter.drawPath(paths.bar);
+  painter.drawPath(paths->bar);
   painter.setClipRect(content->geometry());
   painter.setPen(bordered && params.borderAroundGroups ? border : QPen(Qt::NoPen));
   painter.setBrush(orShared(params.groupBackColor, styles.ColorActionPanelGroupBack()));
-  painter.drawPath(paths.groups);
+  painter.drawPath(paths->groups);
   painter.setBrush(Qt::NoBrush);
   painter.setPen(orShared(params.separatorColor, styles.ColorToolPaletteButtonSeparator()));
   if (isVisibleColor(params.separatorColor))
-    painter.drawPath(paths.buttonSeparators);
-  for (const QRect& gap : std::as_const(paths.groupSeparators))
+    painter.drawPath(paths->buttonSeparators);
+  for (const QRect& gap : std::as_const(paths->groupSeparators))
     paintGroupSeparator(painter, gap, toolBar->Orientation());
 }
 
@@ -217,7 +201,7 @@ void ToolBarPrivate::updateShadow() {
     return;
   const bool wholeBar = isVisibleColor(params.backColor);
   const int margin = params.cornerRadius + params.borderWidth;
-  shadow->setShape(paths.silhouette(wholeBar, isVisibleColor(params.groupBackColor)),
+  shadow->setShape(paths->silhouette(wholeBar, isVisibleColor(params.groupBackColor)),
                    wholeBar ? toolBar->rect().adjusted(margin, margin, -margin, -margin) : QRect());
 }
 

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "tool_bar_looks.h"
+
 #include "tool_bar.h"
+#include "tool_bar_content.h"
 #include "tool_bar_p.h"
+#include "tool_bar_placer.h"
 
 #include <ui_base/popups/cached_shadow_effect.h>
 
@@ -9,7 +13,82 @@
 
 namespace Vela::UiBase {
 
+// --- several parameters at once
+
+void ToolBarLooks::SetBorder(int width, const QColor& color, bool aroundGroups) {
+  ToolBarParams changed = Params();
+  changed.borderWidth = std::max(0, width);
+  changed.borderColor = color;
+  changed.borderAroundGroups = aroundGroups;
+  SetParams(changed);
+}
+
+void ToolBarLooks::SetRoundCorner(EToolBarRoundCorner bar, EToolBarRoundCorner groups, int radius) {
+  ToolBarParams changed = Params();
+  changed.barCorners = bar;
+  changed.groupCorners = groups;
+  changed.cornerRadius = radius;
+  SetParams(changed);
+}
+
+void ToolBarLooks::SetButtonDefaultTooltipParameters(const SArrowParam& arrow, EDirection direction,
+                                                     int distance, EWidgetsAlign alignment,
+                                                     const QPoint& offset) {
+  Set(&ToolBarParams::tooltip,
+      ButtonPopupParams{Params().tooltip.autoDecide, arrow, direction, distance, alignment, offset});
+}
+
+void ToolBarLooks::SetButtonDefaultMenuParameters(bool autoDecide, const SArrowParam& arrow,
+                                                  EDirection direction, int distance, EWidgetsAlign alignment,
+                                                  const QPoint& offset) {
+  Set(&ToolBarParams::menu, ButtonPopupParams{autoDecide, arrow, direction, distance, alignment, offset});
+}
+
+// --- the toolbar's part
+
 const ToolBarParams& ToolBar::Params() const { return d->params; }
+
+void ToolBar::SetParams(const ToolBarParams& params) {
+  const ToolBarParams before = std::exchange(d->params, params);
+  if (params != before)
+    d->applyParams(before);
+}
+
+void ToolBar::SetButtonStyleSheet(const QString& styleSheet, bool nested) {
+  ToolBarParams changed = d->params;
+  changed.buttonStyleSheet = styleSheet;
+  SetParams(changed);
+  if (!nested)
+    return;
+  const QList<ToolButtonWithMenu*> openers = MenuButtons(false);
+  for (const ToolButtonWithMenu* const opener : openers) {
+    if (auto* const menu = qobject_cast<ToolBar*>(opener->GetMenu()))
+      menu->SetButtonStyleSheet(styleSheet, true);
+  }
+}
+
+QGraphicsDropShadowEffect* ToolBar::GetShadow() const { return d->shadow; }
+
+void ToolBar::CopyAllParametersFrom(const ToolBar* other) {
+  if (!other || other == this)
+    return;
+  if (const QGraphicsDropShadowEffect* const looks = other->GetShadow()) {
+    d->shadowLooks = {looks->blurRadius(), looks->offset(), looks->color()};
+    if (d->shadow)
+      d->shadow->setLooks(*looks);
+  }
+  SetParams(ToolBarParams(other->Params()));
+}
+
+void ToolBar::ApplyDefaultToolbarParams(ToolBar* toolBar, const QString& name) {
+  if (!toolBar)
+    return;
+  toolBar->setObjectName(name);
+  if (toolBar->accessibleName().isEmpty())
+    toolBar->setAccessibleName(name);
+  const ToolBar looks(nullptr, toolBar->Area());
+  toolBar->CopyAllParametersFrom(&looks);
+}
 
 Qt::ToolBarArea ToolBar::Area() const { return d->area; }
 
@@ -21,8 +100,11 @@ Qt::Orientation ToolBar::Orientation() const {
 void ToolBar::SetArea(Qt::ToolBarArea area) {
   if (std::exchange(d->area, area) == area)
     return;
+  const QPointer<ToolBar> self(this);
   d->applyLayout();
   d->contentChanged();
+  if (self)
+    d->placer->update();
 }
 
 void ToolBar::SetGridLayout(int columns) {
@@ -32,144 +114,68 @@ void ToolBar::SetGridLayout(int columns) {
 
 int ToolBar::GridColumns() const { return d->content->columns(); }
 
-void ToolBar::SetButtonSize(const QSize& size) {
-  d->params.buttonSize = size;
-  d->forEachButton([this](ToolButton& button) { d->applySizes(button); });
-}
+// --- what has changed
 
-void ToolBar::SetIconSize(const QSize& size) {
-  d->params.iconSize = size;
-  d->forEachButton([this](ToolButton& button) { d->applySizes(button); });
-}
-
-void ToolBar::SetButtonSpacing(int spacing) {
-  d->params.buttonSpacing = spacing;
-  d->applyLayout();
-}
-
-void ToolBar::SetButtonGroupSpacing(int spacing) {
-  d->params.groupSpacing = spacing;
-  d->applyLayout();
-}
-
-void ToolBar::SetMainContentMargins(const QMargins& margins) {
-  d->params.mainMargins = margins;
-  d->contentChanged();
-}
-
-void ToolBar::SetGroupContentMargins(const QMargins& margins) {
-  d->params.groupMargins = margins;
-  d->applyLayout();
-}
-
-void ToolBar::SetBackColor(const QColor& color) {
-  d->params.backColor = color;
-  d->pathsChanged();
-}
-
-void ToolBar::SetGroupBackColor(const QColor& color) {
-  d->params.groupBackColor = color;
-  d->pathsChanged();
-}
-
-void ToolBar::SetBorder(int width, const QColor& color, bool aroundGroups) {
-  d->params.borderWidth = std::max(0, width);
-  d->params.borderColor = color;
-  d->params.borderAroundGroups = aroundGroups;
-  d->pathsChanged();
-}
-
-void ToolBar::SetButtonSeparatorColor(const QColor& color) {
-  d->params.separatorColor = color;
-  update();
-}
-
-void ToolBar::SetRoundCorner(EToolBarRoundCorner bar, EToolBarRoundCorner groups, int radius) {
-  d->params.barCorners = bar;
-  d->params.groupCorners = groups;
-  d->params.cornerRadius = radius;
-  d->pathsChanged();
-}
-
-void ToolBar::SetToolButtonStyle(Qt::ToolButtonStyle style) {
-  d->params.buttonStyle = style;
-  d->forEachButton([style](ToolButton& button) { button.setToolButtonStyle(style); });
-}
-
-void ToolBar::SetButtonStyleSheet(const QString& styleSheet, bool nested) {
-  d->params.buttonStyleSheet = styleSheet;
-  d->forEachButton([&](ToolButton& button) {
-    button.setStyleSheet(styleSheet.isEmpty() ? d->sharedStyleSheet() : styleSheet);
-    const auto* const opener = nested ? qobject_cast<ToolButtonWithMenu*>(&button) : nullptr;
-    if (auto* const menu = opener ? qobject_cast<ToolBar*>(opener->GetMenu()) : nullptr)
-      menu->SetButtonStyleSheet(styleSheet, true);
-  });
-}
-
-void ToolBar::EnableShadow(bool enable) {
-  d->params.shadow = enable;
-  if (enable == !d->shadow.isNull())
-    return;
-  if (enable) {
-    d->shadow = new CachedShadowEffect(*this);
-    d->shadow->setBlurRadius(15);
-    d->shadow->setOffset(0, 1);
-    d->shadow->setColor(QColor(0, 0, 0, 90));
+void ToolBarPrivate::applyParams(const ToolBarParams& before) {
+  const ToolBarParams now = params;
+  const QPointer<ToolBar> self(toolBar);
+  const auto differ = [&](auto... param) { return ((now.*param != before.*param) || ...); };
+  using P = ToolBarParams;
+  if (differ(&P::menu))
+    menusByArea = false;
+  const bool sizes = differ(&P::buttonSize, &P::iconSize);
+  const bool tooltips = differ(&P::tooltip);
+  const bool tooltipGroups = differ(&P::tooltipGroup);
+  const bool menus = differ(&P::menu);
+  const bool styles = differ(&P::buttonStyle);
+  const bool sheets = differ(&P::buttonStyleSheet);
+  if (sizes || tooltips || tooltipGroups || menus || styles || sheets) {
+    forEachButton([&](ToolButton& button) {
+      if (sizes)
+        applySizes(button);
+      if (tooltips)
+        applyTooltipParams(button);
+      if (tooltipGroups)
+        applyTooltipGroup(button);
+      if (menus)
+        applyMenuParams(button);
+      if (styles)
+        button.setToolButtonStyle(now.buttonStyle);
+      if (sheets)
+        applyStyleSheet(button);
+    });
   }
-  setGraphicsEffect(enable ? d->shadow.data() : nullptr);
-  d->pathsChanged();
-}
-
-QGraphicsDropShadowEffect* ToolBar::GetShadow() const { return d->shadow; }
-
-void ToolBar::SetButtonDefaultTooltipParameters(const SArrowParam& arrow, EDirection direction, int distance,
-                                                EWidgetsAlign alignment, const QPoint& offset) {
-  d->params.tooltip = {d->params.tooltip.autoDecide, arrow, direction, distance, alignment, offset};
-  d->forEachButton([this](ToolButton& button) { d->applyTooltipParams(button); });
-}
-
-void ToolBar::SetButtonDefaultMenuParameters(bool autoDecide, const SArrowParam& arrow, EDirection direction,
-                                             int distance, EWidgetsAlign alignment, const QPoint& offset) {
-  d->params.menu = {autoDecide, arrow, direction, distance, alignment, offset};
-  d->forEachButton([this](ToolButton& button) { d->applyMenuParams(button); });
-}
-
-void ToolBar::SetTooltipGroup(const QString& name) {
-  d->params.tooltipGroup = name;
-  d->forEachButton([this](ToolButton& button) { d->applyTooltipParams(button); });
-}
-
-void ToolBar::CopyAllParametersFrom(const ToolBar* other) {
-  if (!other || other == this)
-    return;
-  const ToolBarParams params = other->Params();
-  d->params = params;
-  if (const QGraphicsDropShadowEffect* const looks = other->GetShadow(); looks && params.shadow) {
-    EnableShadow(true);
-    d->shadow->setLooks(*looks);
+  if (self && differ(&P::shadow))
+    applyShadow();
+  if (self && differ(&P::buttonSpacing, &P::groupSpacing, &P::groupMargins, &P::mainMargins)) {
+    applyLayout();
+    contentChanged();
   }
-  EnableShadow(params.shadow);
-  const QString sheet = params.buttonStyleSheet.isEmpty() ? d->sharedStyleSheet() : params.buttonStyleSheet;
-  d->forEachButton([&](ToolButton& button) {
-    d->applySizes(button);
-    d->applyTooltipParams(button);
-    d->applyMenuParams(button);
-    button.setToolButtonStyle(params.buttonStyle);
-    if (button.styleSheet() != sheet)
-      button.setStyleSheet(sheet);
-  });
-  d->applyLayout();
-  d->contentChanged();
+  if (self)
+    pathsChanged();
+  if (self && now.autoPosition && !before.autoPosition)
+    placer->unpin();
+  if (self && now.autoPosition && differ(&P::autoPosition))
+    autoPositionTimer->start();
+  else if (self && differ(&P::centered, &P::offset))
+    toolBar->OnAutoPosition();
+  if (self)
+    placer->update();
 }
 
-void ToolBar::ApplyDefaultToolbarParams(ToolBar* toolBar, const QString& name) {
-  if (!toolBar)
+void ToolBarPrivate::applyShadow() {
+  if (params.shadow == !shadow.isNull())
     return;
-  toolBar->setObjectName(name);
-  if (toolBar->accessibleName().isEmpty())
-    toolBar->setAccessibleName(name);
-  const ToolBar looks(nullptr, toolBar->Area());
-  toolBar->CopyAllParametersFrom(&looks);
+  if (params.shadow) {
+    shadow = new CachedShadowEffect(*toolBar);
+    shadow->setBlurRadius(shadowLooks.blurRadius);
+    shadow->setOffset(shadowLooks.offset);
+    shadow->setColor(shadowLooks.color);
+  } else {
+    shadowLooks = {shadow->blurRadius(), shadow->offset(), shadow->color()};
+  }
+  toolBar->setGraphicsEffect(params.shadow ? shadow.data() : nullptr);
+  pathsChanged();
 }
 
 } // namespace Vela::UiBase

@@ -1,10 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "tool_bar_p.h"
 
+#include "tool_bar_commands.h"
+#include "tool_bar_content.h"
+#include "tool_bar_keys.h"
 #include "tool_bar_menu_watch.h"
+#include "tool_bar_overflow.h"
+#include "tool_bar_paths.h"
+#include "tool_bar_placer.h"
+#include "tool_button_p.h"
 
 #include <ui_base/commands/command_base.h>
 #include <ui_base/tooltips/tooltip_object.h>
+#include <vlk_common_res/styles.h>
 
 #include <QActionEvent>
 #include <QApplication>
@@ -33,7 +41,8 @@ public:
 
 } // namespace
 
-ToolBarPrivate::ToolBarPrivate() = default;
+ToolBarPrivate::ToolBarPrivate()
+    : keys(std::make_unique<ToolBarKeys>()), paths(std::make_unique<ToolBarPaths>()) {}
 
 ToolBarPrivate::~ToolBarPrivate() = default;
 
@@ -59,10 +68,12 @@ void ToolBarPrivate::OnButtonCreated(ToolButton& button, const QString& group, b
   QObject::connect(&button, &ToolButton::ToolButtonClicked, toolBar, &ToolBar::OnToolButtonClicked);
   button.setToolButtonStyle(params.buttonStyle);
   if (!params.buttonStyleSheet.isEmpty())
-    button.setStyleSheet(params.buttonStyleSheet);
+    applyStyleSheet(button);
   button.installEventFilter(toolBar);
-  if (applyTooltip)
+  if (applyTooltip) {
     applyTooltipParams(button);
+    applyTooltipGroup(button);
+  }
   if (applyMenu)
     applyMenuParams(button);
   applySizes(button);
@@ -72,6 +83,7 @@ void ToolBarPrivate::OnButtonCreated(ToolButton& button, const QString& group, b
     if (const auto* const command = dynamic_cast<CommandBase*>(actions[0]))
       button.setProperty(CMDID_PROP, command->commandId());
   }
+  followAction(button);
   content->insert(button, group, index);
   InitializeButtonShowCallbackHandler(button);
   applyHandlers(button);
@@ -92,6 +104,9 @@ void ToolBarPrivate::applyTooltipParams(ToolButton& button) const {
   const ButtonPopupParams& tooltip = params.tooltip;
   button.SetTooltipParameters(tooltip.arrow, tooltip.direction, tooltip.distance, tooltip.alignment,
                               tooltip.offset);
+}
+
+void ToolBarPrivate::applyTooltipGroup(const ToolButton& button) const {
   if (TooltipObject* const object = button.GetTooltipObject();
       object && object->TooltipGroup() != params.tooltipGroup)
     object->SetTooltipGroup(params.tooltipGroup);
@@ -99,8 +114,7 @@ void ToolBarPrivate::applyTooltipParams(ToolButton& button) const {
 
 void ToolBarPrivate::applyMenuParams(ToolButton& button) const {
   auto* const opening = qobject_cast<ToolButtonWithButtonMenu*>(&button);
-  // Toolbars inside of toolbars take turns across and along.
-  const ButtonPopupParams menu = opening && isSubToolBar ? subToolBarParams() : params.menu;
+  const ButtonPopupParams menu = opening && menusByArea ? subToolBarParams() : params.menu;
   if (auto* const hosting = qobject_cast<ToolButtonWithWidgetMenu*>(&button))
     hosting->SetMenuParameters(menu.autoDecide, menu.arrow, menu.direction, menu.distance, menu.alignment,
                                menu.offset);
@@ -125,6 +139,14 @@ void ToolBarPrivate::applySizes(ToolButton& button) const {
   button.updateGeometry();
 }
 
+void ToolBarPrivate::applyStyleSheet(ToolButton& button) const {
+  QString sheet = params.buttonStyleSheet;
+  if (sheet.isEmpty()) // the shared one, which it follows from now on
+    button.d->styleSheet = sheet = Resource::Styles::Instance().ToolButtonOnToolPalette();
+  if (button.styleSheet() != sheet)
+    button.setStyleSheet(sheet);
+}
+
 void ToolBarPrivate::applyHandlers(ToolButton& button) const {
   const auto* const opener = qobject_cast<ToolButtonWithMenu*>(&button);
   auto* const menu = opener ? qobject_cast<ToolBar*>(opener->GetMenu()) : nullptr;
@@ -141,6 +163,7 @@ void ToolBarPrivate::removeButton(ToolButton& button) {
   button.removeEventFilter(toolBar);
   content->take(&button);
   hiddenWithAction.remove(&button);
+  withOwnIcon.remove(&button);
   QPointer<QWidget> menu;
   if (auto* const opener = qobject_cast<ToolButtonWithMenu*>(&button)) {
     menu = opener->GetMenu();
@@ -164,18 +187,24 @@ void ToolBarPrivate::adopt(ToolBar* subToolBar) {
 
 ToolBar* ToolBarPrivate::makeSubToolBar(QWidget* parent, Qt::ToolBarArea subArea) const {
   auto* const menu = new ToolBar(parent, subArea);
-  const ButtonPopupParams tooltip = menu->d->params.tooltip;
-  menu->hide();
-  menu->CopyAllParametersFrom(toolBar);
-  menu->d->params.tooltip = tooltip;
-  menu->d->isSubToolBar = true;
-  menu->d->params.autoPosition = false;
-  menu->d->params.centered = false;
-  menu->d->params.offset = {};
-  menu->d->params.hideOnClick = true;
-  if (!parent)
-    menu->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
+  setUpSubToolBar(*menu);
   return menu;
+}
+
+void ToolBarPrivate::setUpSubToolBar(ToolBar& menu) const {
+  menu.hide();
+  ToolBarParams looks = params;
+  looks.tooltip = menu.Params().tooltip;
+  looks.autoPosition = false;
+  looks.centered = false;
+  looks.offset = {};
+  looks.hideOnClick = true;
+  menu.CopyAllParametersFrom(toolBar);
+  menu.SetParams(looks);
+  // Toolbars inside of toolbars take turns across and along.
+  of(menu).menusByArea = true;
+  if (!menu.parentWidget())
+    menu.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
 }
 
 void ToolBarPrivate::OnButtonClickCheckExclusiveGroups(const ToolButton& button) const {
@@ -198,8 +227,9 @@ void ToolBarPrivate::OnButtonClickCheckExclusiveGroups(const ToolButton& button)
 bool ToolBarPrivate::filterButton(ToolButton& button, QEvent& event) {
   switch (event.type()) {
   case QEvent::KeyPress:
-    return keys.press(button, static_cast<QKeyEvent&>(event));
+    return keys->press(button, static_cast<QKeyEvent&>(event));
   case QEvent::ActionChanged:
+    followAction(button);
     followVisibility(button);
     scheduleEnableActions();
     break;
@@ -232,6 +262,26 @@ void ToolBarPrivate::followVisibility(ToolButton& button) {
   }
 }
 
+// A button that opens the toolbar of a group is not bound to it, as its click runs nothing.
+void ToolBarPrivate::followAction(ToolButton& button) const {
+  QAction* const action = button.Action() ? nullptr : actionOf(button);
+  if (!action)
+    return;
+  const QPointer<ToolButton> guarded(&button);
+  const QPointer<QAction> followed(action);
+  if (!action->text().isEmpty())
+    button.setText(action->text());
+  if (!withOwnIcon.contains(&button) && button.icon().cacheKey() != action->icon().cacheKey())
+    button.setIcon(action->icon());
+  if (button.toolTip() != action->toolTip()) {
+    button.setToolTip(action->toolTip());
+    if (TooltipObject* const tooltip = button.GetTooltipObject())
+      tooltip->SetTooltipText(action->toolTip());
+  }
+  if (guarded && followed)
+    button.setEnabled(followed->isEnabled());
+}
+
 void ToolBarPrivate::scheduleEnableActions() {
   if (enabling || std::exchange(enablePending, true))
     return;
@@ -246,25 +296,6 @@ void ToolBarPrivate::scheduleEnableActions() {
 
 // --- showing and menus
 
-void ToolBarPrivate::InitializePosAnimation(bool show, const QPoint& from, const QPoint& to) {
-  animation =
-      makeSlide(*toolBar, from, to, animationDuration, show ? QEasingCurve::OutExpo : QEasingCurve::InExpo);
-  if (show) {
-    QObject::connect(animation, &QAbstractAnimation::finished, toolBar, &ToolBar::OnShowAnimationDone);
-    QObject::connect(animation, &QAbstractAnimation::finished, toolBar, &ToolBar::ShowAnimationFinished);
-  } else {
-    QObject::connect(animation, &QAbstractAnimation::finished, toolBar, &ToolBar::OnHideAnimationDone);
-    QObject::connect(animation, &QAbstractAnimation::finished, toolBar, &ToolBar::HideAnimationFinished);
-  }
-  animation->start(QAbstractAnimation::DeleteWhenStopped);
-}
-
-void ToolBarPrivate::stopAnimation() {
-  if (animation)
-    animation->stop();
-  animation.clear();
-}
-
 void ToolBarPrivate::onMenuVisibilityChange(ToolButton* button, bool visible) {
   const QList<ToolButtonWithMenu*> menus = toolBar->MenuButtons(true);
   const bool open = visible || std::any_of(menus.cbegin(), menus.cend(), [](const ToolButtonWithMenu* other) {
@@ -277,24 +308,46 @@ void ToolBarPrivate::onMenuVisibilityChange(ToolButton* button, bool visible) {
   const auto* const opener = qobject_cast<ToolButtonWithMenu*>(button);
   if (auto* const menu =
           visible && opener && opener->hasFocus() ? qobject_cast<ToolBar*>(opener->GetMenu()) : nullptr)
-    menu->d->keys.enter();
+    of(*menu).keys->enter();
 }
 
 bool ToolBarPrivate::dismissLeaf() {
   const QList<ToolButtonWithMenu*> menus = toolBar->MenuButtons(false);
   for (ToolButtonWithMenu* const button : menus) {
-    if (auto* const menu = qobject_cast<ToolBar*>(button->GetMenu()); menu && menu->d->dismissLeaf())
+    if (auto* const menu = qobject_cast<ToolBar*>(button->GetMenu()); menu && of(*menu).dismissLeaf())
       return true;
     if (!button->IsMenuShowing())
       continue;
     if (auto* const hosting = qobject_cast<ToolButtonWithWidgetMenu*>(button))
-      toolBar->OnDismissWidgetMenu(qobject_cast<ToolButtonWithButtonMenu*>(hosting->ExtendController()),
-                                   hosting);
+      dismiss(*hosting);
     else
       button->HideMenu();
     return true;
   }
   return false;
+}
+
+// What it does is for the whole nest to say.
+void ToolBarPrivate::dismiss(ToolButtonWithWidgetMenu& button) const {
+  toolBar->GetBaseToolBar()->OnDismissWidgetMenu(
+      qobject_cast<ToolButtonWithButtonMenu*>(button.ExtendController()), &button);
+}
+
+void ToolBarPrivate::setLock(const void* holder, bool locked) {
+  const bool before = toolBar->IsLocked();
+  if (locked)
+    lockHolders.insert(holder);
+  else
+    lockHolders.remove(holder);
+  if (before == toolBar->IsLocked())
+    return;
+  const QPointer<ToolBar> self(toolBar);
+  if (!before)
+    giveFocusBack();
+  if (self)
+    content->setEnabled(!toolBar->IsLocked());
+  if (self && overflow)
+    overflow->setEnabled(!toolBar->IsLocked());
 }
 
 // Before the focus goes to whatever comes next.

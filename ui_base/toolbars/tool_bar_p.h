@@ -3,17 +3,11 @@
 
 #include <ui_base/core/live_pointer.h>
 #include <ui_base/toolbars/tool_bar.h>
-#include <ui_base/toolbars/tool_bar_commands.h>
-#include <ui_base/toolbars/tool_bar_content.h>
-#include <ui_base/toolbars/tool_bar_keys.h>
-#include <ui_base/toolbars/tool_bar_paths.h>
-#include <ui_base/toolbars/tool_bar_slide.h>
 #include <ui_base/toolbars/tool_button_with_button_menu.h>
 #include <ui_base/toolbars/tool_button_with_widget_menu.h>
 
 #include <QHash>
 #include <QPointer>
-#include <QPropertyAnimation>
 #include <QSet>
 #include <QTimer>
 
@@ -22,17 +16,31 @@ class QStateMachine;
 namespace Vela::UiBase {
 
 class CachedShadowEffect;
+class ToolBarCommands;
+class ToolBarContent;
+class ToolBarKeys;
 class ToolBarMenuWatch;
 class ToolBarOverflow;
+class ToolBarPlacer;
+struct ToolBarPaths;
 
 /// The state of a ToolBar, for subclasses that add to it.
 class UI_BASE_EXPORT ToolBarPrivate {
 public:
   using CallbackHandler = ToolButton::IToolButtonCallbackHandler;
 
+  /// What the shadow had when it was switched off.
+  struct ShadowLooks {
+    qreal blurRadius = 15;
+    QPointF offset = {0, 1};
+    QColor color = {0, 0, 0, 90};
+  };
+
   ToolBarPrivate();
   virtual ~ToolBarPrivate();
   Q_DISABLE_COPY_MOVE(ToolBarPrivate)
+
+  static ToolBarPrivate& of(const ToolBar& toolBar) { return *toolBar.d; }
 
   /// \name Buttons
   /// @{
@@ -40,23 +48,33 @@ public:
                        bool applyMenuParams, int index);
   void InitializeButtonShowCallbackHandler(ToolButton& button);
   void applyTooltipParams(ToolButton& button) const;
+  void applyTooltipGroup(const ToolButton& button) const;
   void applyMenuParams(ToolButton& button) const;
   void applySizes(ToolButton& button) const;
+  void applyStyleSheet(ToolButton& button) const;
   void applyHandlers(ToolButton& button) const;
+  /// Does something to each button that is there, as long as the bar is.
   template <class Change>
   void forEachButton(const Change& change) const {
-    const QList<ToolButton*> all = content->buttons();
-    for (ToolButton* const button : all)
-      change(*button);
+    const QPointer<ToolBar> self(toolBar);
+    const QList<ToolButton*> all = toolBar->Buttons();
+    const QList<QPointer<ToolButton>> guarded(all.cbegin(), all.cend());
+    for (const QPointer<ToolButton>& button : guarded) {
+      if (self && button)
+        change(*button);
+    }
   }
   /// Takes a button out, closes its menu, and deletes both later.
   void removeButton(ToolButton& button);
   /// Makes the bar the owner of a sub-toolbar.
   void adopt(ToolBar* subToolBar);
   ToolBar* makeSubToolBar(QWidget* parent, Qt::ToolBarArea subArea) const;
+  /// Makes a fresh toolbar the sub-toolbar of a button of this one, with the looks of this one.
+  void setUpSubToolBar(ToolBar& menu) const;
   void OnButtonClickCheckExclusiveGroups(const ToolButton& button) const;
   /// What a button is told of its action, and of itself.
   bool filterButton(ToolButton& button, QEvent& event);
+  void followAction(ToolButton& button) const;
   void followVisibility(ToolButton& button);
   void scheduleEnableActions();
   /// @}
@@ -70,19 +88,16 @@ public:
   QSize sizeFor(const QSize& content) const;
   /// The length that the bar may have in its parent.
   QSize limited(QSize size) const;
-  bool isPlacedAutomatically() const;
-  bool isLaidOutByParent() const;
-  ToolBarPlace place() const;
-  /// A bar that keeps its place and has slid out of its parent comes back to its edge.
-  void comeBackIn();
   void followParent();
-  void startTimers();
+  void followParentSize();
   void ensureVisible(const QAbstractButton& button);
   QRect unscrolledRect(const QAbstractButton& button) const;
   /// @}
 
   /// \name Looks
   /// @{
+  void applyParams(const ToolBarParams& before);
+  void applyShadow();
   void PrepareBackgroundPaths();
   void UpdateButtonSeparatorPaths();
   void pathsChanged();
@@ -90,16 +105,27 @@ public:
   void updateShadow();
   void applyPopupDefaults();
   ButtonPopupParams subToolBarParams() const;
-  static QString sharedStyleSheet();
   /// @}
 
   /// \name Showing and menus
   /// @{
-  void InitializePosAnimation(bool show, const QPoint& from, const QPoint& to);
-  void stopAnimation();
+
+  /// Locks the bar until each holder has let go of it.
+  void setLock(const void* holder, bool locked);
   void onMenuVisibilityChange(ToolButton* button, bool visible);
   bool dismissLeaf();
+  void dismiss(ToolButtonWithWidgetMenu& button) const;
   void giveFocusBack();
+  /// @}
+
+  /// \name What subclasses override
+  /// @{
+  void autoPosition() { toolBar->AutoPosition(); }
+  ToolButton* addButton(CommandGroup* group, int index) { return toolBar->AddButton(toolBar, group, index); }
+  void addCommandGroup(CommandGroup* group, CommandGroup* parent) { toolBar->AddCommandGroup(group, parent); }
+  ToolButton* addSingleCommand(CommandBase* command, CommandGroup* group) {
+    return toolBar->AddSingleCommand(command, group);
+  }
   /// @}
 
   ToolBar* toolBar = nullptr;
@@ -109,17 +135,17 @@ public:
   ToolBarOverflow* overflow = nullptr; // made when it is needed
   ToolBarCommands* commands = nullptr;
   ToolBarMenuWatch* menuWatch = nullptr; // made when it is needed
-  ToolBarKeys keys;
+  std::unique_ptr<ToolBarKeys> keys;
+  std::unique_ptr<ToolBarPlacer> placer;
+  std::unique_ptr<ToolBarPaths> paths;
+  bool pathsOutOfDate = true;
   QTimer* autoPositionTimer = nullptr;
   QTimer* resizeTimer = nullptr;
   /// Runs, with one state of its own; subclasses may add theirs.
   QStateMachine* stateMachine = nullptr;
-  QPointer<QPropertyAnimation> animation;
-  int animationDuration = 300; // ms
+  QSet<const void*> lockHolders;
   bool inShowMode = false;
   bool hiddenByRequest = false;
-  bool locked = false;
-  bool isSubToolBar = false;
   bool sizeOutOfDate = true;
   bool enablePending = false;
   bool enabling = false;
@@ -130,9 +156,10 @@ public:
   QList<std::pair<QPointer<QAction>, CallbackHandler*>> callbackHandlers;
   QList<QPointer<ToolBar>> ownSubToolBars;
   QSet<const ToolButton*> hiddenWithAction;
+  QSet<const ToolButton*> withOwnIcon;
+  bool menusByArea = false; // and not by the defaults for menus
   QPointer<CachedShadowEffect> shadow;
-  ToolBarPaths paths;
-  bool pathsOutOfDate = true;
+  ShadowLooks shadowLooks;
 
 private:
   void InitializeResizeTimer();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tool_bar.h"
+#include "tool_bar_content.h"
 #include "tool_bar_p.h"
+#include "tool_bar_placer.h"
 
 #include <algorithm>
 #include <utility>
@@ -9,39 +11,30 @@ namespace Vela::UiBase {
 
 // --- place
 
-void ToolBar::SetEnableAutoPosition(bool enable) {
-  d->params.autoPosition = enable;
-  if (enable)
-    d->autoPositionTimer->start();
+ToolBarPlace ToolBar::Place() const {
+  d->placer->noteMove();
+  return d->placer->place();
 }
 
 void ToolBar::SetAutoPositionInterval(int milliseconds) { d->autoPositionTimer->setInterval(milliseconds); }
 
-void ToolBar::SetCentered(bool centered) {
-  d->params.centered = centered;
-  OnAutoPosition();
-}
-
-void ToolBar::SetOffset(const QPoint& offset) {
-  d->params.offset = offset;
-  OnAutoPosition();
-}
-
 void ToolBar::SetPos(const QPoint& position) {
   d->params.autoPosition = false;
   d->autoPositionTimer->stop();
-  move(position);
+  d->placer->pin(position);
 }
 
 void ToolBar::AdjustToolBarSize(bool reposition) {
   d->sizeOutOfDate = false;
-  if (d->isLaidOutByParent()) {
+  if (d->placer->isLaidOut()) {
     updateGeometry();
     return;
   }
+  const QPointer<ToolBar> self(this);
   resize(d->limited(sizeHint()));
-  d->fitContent();
-  if (reposition)
+  if (self)
+    d->fitContent();
+  if (self && reposition)
     OnAutoPosition();
 }
 
@@ -55,35 +48,35 @@ QSize ToolBar::minimumSizeHint() const {
 }
 
 void ToolBar::OnAutoPosition() {
-  const bool slides = d->animation && d->animation->state() == QAbstractAnimation::Running;
-  if (!d->isPlacedAutomatically() || slides)
+  if (!d->placer->isAutomatic())
     return;
+  const QPointer<ToolBar> self(this);
   resize(d->limited(sizeHint()));
-  AutoPosition();
+  if (self)
+    d->placer->placeAtEdge();
 }
 
 void ToolBar::AutoPosition() {
   if (parentWidget())
-    move(d->place().atEdge(d->params.centered, layoutDirection()));
+    move(d->placer->place().atEdge(d->params.centered, layoutDirection()));
 }
 
 // --- showing
 
 void ToolBar::ShowMe() {
-  d->stopAnimation();
+  const QPointer<ToolBar> self(this);
   d->hiddenByRequest = false;
-  SetLocked(false);
   d->inShowMode = true;
-  AdjustToolBarSize(true);
-  d->comeBackIn();
-  show();
+  d->placer->comeIn();
+  if (self)
+    AdjustToolBarSize(true);
+  if (self)
+    show();
 }
 
 void ToolBar::HideMe(bool byRequest) {
   const QPointer<ToolBar> self(this);
   d->hiddenByRequest = byRequest;
-  const bool slidOut = d->animation && !d->inShowMode;
-  d->stopAnimation();
   d->inShowMode = false;
   const QList<ToolButtonWithMenu*> menus = MenuButtons(true);
   const QList<QPointer<ToolButtonWithMenu>> buttons(menus.cbegin(), menus.cend());
@@ -91,38 +84,50 @@ void ToolBar::HideMe(bool byRequest) {
     if (button)
       button->HideMenu();
   }
-  if (!self)
-    return;
-  hide();
-  if (slidOut)
-    OnHideAnimationDone(); // which the slide has not come to
+  if (self)
+    hide();
 }
 
 bool ToolBar::HiddenByRequest() const { return d->hiddenByRequest; }
 
 void ToolBar::ShowAnimated() {
-  d->stopAnimation();
+  const QPointer<ToolBar> self(this);
   d->hiddenByRequest = false;
-  AdjustToolBarSize(false);
-  if (!isVisible()) {
-    AutoPosition();
-    move(d->place().offScreen());
-    show();
-  }
-  SetLocked(false);
   d->inShowMode = true;
-  d->InitializePosAnimation(true, pos(), d->place().onScreen());
+  AdjustToolBarSize(false);
+  if (self && !isVisible()) {
+    d->placer->placeAtEdge();
+    if (self)
+      d->placer->goOut();
+    if (self)
+      QWidget::setVisible(true); // and it stays out
+  }
+  if (self)
+    d->setLock(d->placer.get(), false);
+  if (self && d->inShowMode)
+    d->placer->slide(true);
 }
 
 void ToolBar::HideAnimated() {
-  d->stopAnimation();
   const QPointer<ToolBar> self(this);
-  HideAllButtonMenusExcept(false, nullptr);
-  if (!self)
-    return;
-  SetLocked(true);
   d->inShowMode = false;
-  d->InitializePosAnimation(false, pos(), d->place().offScreen());
+  HideAllButtonMenusExcept(false, nullptr);
+  if (self)
+    d->setLock(d->placer.get(), true);
+  if (self && !d->inShowMode)
+    d->placer->slide(false);
+}
+
+void ToolBar::setVisible(bool visible) {
+  const QPointer<ToolBar> self(this);
+  if (!visible)
+    d->placer->stop();
+  else if (!d->placer->isSlidingIn())
+    d->placer->comeIn();
+  if (self)
+    QWidget::setVisible(visible);
+  if (self)
+    d->setLock(d->placer.get(), false);
 }
 
 bool ToolBar::InShowMode() {
@@ -131,30 +136,20 @@ bool ToolBar::InShowMode() {
   return d->inShowMode;
 }
 
-void ToolBar::SetAnimationDuration(int milliseconds) { d->animationDuration = std::max(0, milliseconds); }
+void ToolBar::SetAnimationDuration(int milliseconds) { d->placer->setDuration(std::max(0, milliseconds)); }
 
-// The parent may have got another size meanwhile.
 void ToolBar::OnShowAnimationDone() {
-  d->animation.clear();
-  OnAutoPosition();
+  const QPointer<ToolBar> self(this);
+  d->placer->comeIn();
+  if (self)
+    OnAutoPosition(); // the parent may have got another size meanwhile
 }
 
-void ToolBar::OnHideAnimationDone() {
-  d->animation.clear();
-  hide();
-  SetLocked(false);
-}
+void ToolBar::OnHideAnimationDone() { hide(); }
 
-void ToolBar::SetLocked(bool locked) {
-  d->locked = locked;
-  setEnabled(!locked);
-}
+void ToolBar::SetLocked(bool locked) { d->setLock(this, locked); }
 
-bool ToolBar::IsLocked() const { return d->locked; }
-
-void ToolBar::SetHideOnClick(bool hide) { d->params.hideOnClick = hide; }
-
-void ToolBar::SetKeepStateOnClickOutside(bool keep) { d->params.keepStateOnClickOutside = keep; }
+bool ToolBar::IsLocked() const { return !d->lockHolders.isEmpty(); }
 
 // --- clicks and menus
 
@@ -210,7 +205,7 @@ void ToolBar::OnMouseClickedOutside() {
 
 bool ToolBar::DismissLeafMenu() {
   if (ToolButtonWithWidgetMenu* const active = GetActiveButton(); active && active->IsMenuShowing()) {
-    OnDismissWidgetMenu(qobject_cast<ToolButtonWithButtonMenu*>(active->ExtendController()), active);
+    d->dismiss(*active);
     return true;
   }
   return GetBaseToolBar()->d->dismissLeaf();

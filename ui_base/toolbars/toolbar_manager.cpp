@@ -2,6 +2,8 @@
 #include "toolbar_manager.h"
 
 #include "pending_group_states.h"
+#include "tool_bar_commands.h"
+#include "tool_bar_content.h"
 #include "tool_bar_p.h"
 
 #include <ui_base/commands/command_group.h>
@@ -151,9 +153,9 @@ void ToolbarManager::addCommands(CommandGroup& group) {
     ToolBar* const toolbar = getToolbar(&group, existed, true);
     ToolButton* button = toolbar->FindOneButton(command->commandId(), false);
     if (!button)
-      button = toolbar->AddSingleCommand(command, &group);
+      button = ToolBarPrivate::of(*toolbar).addSingleCommand(command, &group);
     if (button)
-      toolbar->d->content->move(*button, group.commandId(), position++);
+      ToolBarPrivate::of(*toolbar).content->move(*button, group.commandId(), position++);
     if (existed)
       continue;
     addToolbar(toolbar);
