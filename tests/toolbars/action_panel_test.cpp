@@ -85,21 +85,25 @@ private Q_SLOTS:
     QWidget window;
     ActionPanel panel(&window);
     QCOMPARE(panel.objectName(), QStringLiteral("action panel"));
-    ToolBarParams looks = panel.Params();
-    const SArrowParam tooltipArrow{ArrowLeft, 10, false, 0, 90, true, 0, {}};
-    const SArrowParam menuArrow{ArrowTopLeft, 15, true, 180, 90, false, 20, {}};
-    QVERIFY(looks.tooltip.arrow == tooltipArrow && looks.tooltip.direction == Right);
-    QVERIFY(looks.tooltip.distance == 5 && looks.tooltip.alignment == AlignCenter);
-    QVERIFY(looks.menu.arrow == menuArrow && looks.menu.direction == Right && !looks.menu.autoDecide);
-    QVERIFY(looks.menu.distance == 7 && looks.menu.alignment == AlignCenter);
-    QVERIFY(!looks.shadow && looks.autoPosition && looks.centered && looks.borderAroundGroups);
-    QCOMPARE(looks.offset, QPoint(5, 0));
-    QCOMPARE(looks.groupMargins, QMargins(2, 2, 2, 2));
-    QVERIFY(looks.barCorners == 2 && looks.groupCorners == 2 && looks.cornerRadius == 4);
-    QCOMPARE(looks.iconSize, QSize(32, 32));
-    QCOMPARE(looks.buttonSize, QSize(50, 50));
-    QVERIFY(looks.buttonSpacing == 1 && looks.groupSpacing == 10 && looks.borderWidth == 1);
-    QCOMPARE(looks.backColor, QColor(Qt::transparent));
+    ToolBarParams looks = ToolBar(nullptr, Qt::LeftToolBarArea).Params();
+    looks.shadow = false;
+    looks.offset = {5, 0};
+    looks.centered = true;
+    looks.groupBackColor = Styles::Instance().ColorActionPanelGroupBack();
+    looks.groupMargins = {2, 2, 2, 2};
+    looks.barCorners = looks.groupCorners = AllRoundCorners;
+    looks.cornerRadius = 4;
+    looks.backColor = Qt::transparent;
+    looks.iconSize = {32, 32};
+    looks.buttonSize = {50, 50};
+    looks.buttonSpacing = 1;
+    looks.groupSpacing = 10;
+    looks.tooltip = {true, {ArrowLeft, 10, false, 0, 90, true, 0, {}}, Right, 5, AlignCenter, {}};
+    looks.menu = {false, {ArrowTopLeft, 15, true, 180, 90, false, 20, {}}, Right, 7, AlignCenter, {}};
+    looks.borderWidth = 1;
+    looks.borderColor = Styles::Instance().ColorActionPanelBorder();
+    looks.borderAroundGroups = true;
+    QVERIFY(panel.Params() == looks);
     const auto colors = [&panel] { return std::pair(panel.GroupBackColor(), panel.BorderColor()); };
     const auto shared = [] {
       return std::pair(Styles::Instance().ColorActionPanelGroupBack(),
@@ -186,15 +190,37 @@ private Q_SLOTS:
     QCOMPARE(enabledButtons(), 0);
     stage.click(stage.plainButton());
     QCOMPARE(dynamic_cast<NamedCommand*>(plain)->runs, 0);
-    stage.outer->SetBusy(false);
-    QCOMPARE(enabledButtons(), 3 + 3 - 1);
     stage.inner->SetBusy(true);
+    stage.outer->SetBusy(false);
     QCOMPARE(enabledButtons(), 0);
     stage.group->addCommand(namedCommand(QStringLiteral("late")), 9);
     Vela::Test::settle();
     QVERIFY(stage.panel->FindOneButton("late", false) && enabledButtons() == 0);
-    delete stage.inner; // and never idle
-    QVERIFY(stage.plainButton()->isEnabled());
+    stage.flyoutButton()->setEnabled(false); // by the application
+    delete stage.inner;                      // and never idle
+    QVERIFY(stage.plainButton()->isEnabled() && !stage.flyoutButton()->isEnabled());
+    QCOMPARE(enabledButtons(), 4 + 3 - 2);
+  }
+
+  void panelsInsideOfPanelsArePanels() {
+    Stage stage;
+    const auto deep = namedGroup("deep", 1);
+    deep->setIcon(QIcon(QStringLiteral(":/resources/images/sys_sample.png")));
+    FlyoutBase flyout("Deep", new QLabel("deep"), nullptr, true, true, true, true, &stage.window);
+    stage.nested->addCommand(deep, 9);
+    Vela::Test::settle();
+    deep->addCommand(Taren::Objects::createShared<PanelCommand>(&flyout), 1); // also what comes late
+    Vela::Test::settle();
+    const auto* const opener =
+        qobject_cast<ToolButtonWithButtonMenu*>(stage.panel->FindOneButton(deep->commandId(), true));
+    QVERIFY(opener && opener->isCheckable() && opener->IsExtendModeEnabled());
+    QVERIFY(qobject_cast<ActionPanel*>(opener->GetMenu()));
+    QCOMPARE(opener->GetMenu()->Orientation(), Qt::Vertical);
+    QVERIFY(opener->GetMenu()->Buttons().at(1)->isCheckable());
+    flyout.SetBusy(true);
+    QVERIFY(!stage.plainButton()->isEnabled() && !opener->isEnabled());
+    flyout.SetBusy(false);
+    QVERIFY(stage.plainButton()->isEnabled() && opener->isEnabled());
   }
 
   void escapeInThePanelClosesAnyMenu() {

@@ -3,7 +3,6 @@
 
 #include <support/test_case.h>
 #include <ui_base/toolbars/tool_bar.h>
-#include <ui_base/toolbars/tool_bar_place.h>
 #include <ui_base/toolbars/tool_button_with_button_menu.h>
 
 #include <QGraphicsDropShadowEffect>
@@ -69,32 +68,6 @@ class ToolBarTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void slidesBetweenTheEdgeAndOutside_data() {
-    QTest::addColumn<Qt::ToolBarArea>("area");
-    QTest::addColumn<QPoint>("off");
-    QTest::addColumn<QPoint>("on");
-    QTest::addColumn<QPoint>("centered");
-    QTest::addColumn<QPoint>("start");
-    QTest::newRow("left") << Qt::LeftToolBarArea << QPoint(-30, 77) << QPoint(5, 77) << QPoint(5, 90)
-                          << QPoint(5, 7);
-    QTest::newRow("right") << Qt::RightToolBarArea << QPoint(300, 77) << QPoint(265, 77) << QPoint(265, 90)
-                           << QPoint(265, 7);
-    QTest::newRow("top") << Qt::TopToolBarArea << QPoint(55, -20) << QPoint(55, 7) << QPoint(135, 7)
-                         << QPoint(5, 7);
-    QTest::newRow("bottom") << Qt::BottomToolBarArea << QPoint(55, 200) << QPoint(55, 173) << QPoint(135, 173)
-                            << QPoint(5, 173);
-    QTest::newRow("none") << Qt::NoToolBarArea << QPoint(55, 77) << QPoint(55, 77) << QPoint(55, 77)
-                          << QPoint(55, 77);
-  }
-  void slidesBetweenTheEdgeAndOutside() {
-    QFETCH(Qt::ToolBarArea, area);
-    const ToolBarPlace place{area, QRect(0, 0, 300, 200), QSize(30, 20), QPoint(5, 7), QPoint(55, 77)};
-    QTEST(place.offScreen(), "off");
-    QTEST(place.onScreen(), "on");
-    QTEST(place.atEdge(true, Qt::LeftToRight), "centered");
-    QTEST(place.atEdge(false, Qt::LeftToRight), "start");
-  }
-
   void followsItsEdgeOfTheParent() {
     QWidget window;
     window.resize(400, 300);
@@ -121,49 +94,31 @@ private Q_SLOTS:
     QCOMPARE(bar.size(), bar.sizeHint());
   }
 
-  void showsAndHidesWithASlide() {
+  void announcesItsSlides() {
     QWidget window;
     window.resize(400, 300);
     ToolBar bar(&window, Qt::TopToolBarArea);
     bar.SetAnimationDuration(20);
-    bar.AddAction(new QAction(QStringLiteral("one"), &window));
     window.show();
-    bar.hide();
     QSignalSpy shown(&bar, &ToolBar::ShowAnimationFinished);
     QSignalSpy hidden(&bar, &ToolBar::HideAnimationFinished);
     bar.ShowAnimated();
     QVERIFY(bar.InShowMode());
-    QCOMPARE(bar.y(), -bar.height());
     QTRY_COMPARE(shown.count(), 1);
-    QCOMPARE(bar.y(), 0);
     bar.HideAnimated();
-    QVERIFY(!bar.InShowMode() && bar.IsLocked() && !bar.isHidden());
+    QVERIFY(!bar.InShowMode());
     QTRY_COMPARE(hidden.count(), 1);
-    QVERIFY(bar.isHidden() && !bar.IsLocked());
-    // Shown again while it hides.
-    bar.ShowAnimated();
-    bar.HideAnimated();
-    bar.ShowAnimated();
-    QTRY_COMPARE(shown.count(), 2);
-    QVERIFY(bar.isVisible() && bar.isEnabled());
+    bar.ShowMe();
     bar.hide();
     QVERIFY(!bar.InShowMode());
     bar.show();
     QVERIFY2(!bar.InShowMode(), "the mode was forgotten");
     bar.HideMe(true);
     QVERIFY(bar.HiddenByRequest());
-    // Hidden at once while it slides out.
-    bar.ShowMe();
-    bar.HideAnimated();
-    bar.HideMe(false);
-    bar.show();
-    QVERIFY(bar.isVisible() && bar.isEnabled());
-    // A bar that keeps its place leaves it for the slide only.
-    bar.SetPos({50, 0});
-    bar.HideAnimated();
-    QTRY_VERIFY(bar.isHidden());
-    bar.ShowMe();
-    QCOMPARE(bar.pos(), QPoint(50, 0));
+    connect(&bar, &ToolBar::ShowAnimationFinished, &bar, &ToolBar::HideAnimated);
+    bar.ShowAnimated();
+    QTRY_COMPARE(hidden.count(), 2);
+    QVERIFY(bar.isHidden() && !bar.IsLocked());
   }
 
   void laysGroupsAndButtonsOutInOrder_data() {
@@ -309,6 +264,8 @@ private Q_SLOTS:
     bar.EnableShadow(false);
     copy.CopyAllParametersFrom(&bar);
     QVERIFY(!copy.GetShadow() && !copy.graphicsEffect());
+    copy.EnableShadow(true);
+    QCOMPARE(copy.GetShadow()->blurRadius(), 33);
   }
 
   void sizesButtonsByTheirIcons_data() {
@@ -374,6 +331,54 @@ private Q_SLOTS:
     QTRY_VERIFY(bar.width() > width + bar.ButtonSize().width());
     two.setVisible(false);
     QTRY_COMPARE(bar.width(), width);
+    // A picture that is swapped under the mouse changes nothing else.
+    QSignalSpy laidOut(&bar, &ToolBar::LayoutChanged);
+    bar.Buttons()[0]->setIcon(anyIcon());
+    settle();
+    QCOMPARE(laidOut.count(), 0);
+  }
+
+  void buttonOfAGroupShowsTheGroup() {
+    QWidget window;
+    window.resize(400, 300);
+    ToolBar bar(&window, Qt::TopToolBarArea);
+    const auto top = namedGroup("a", 1);
+    const auto inner = group("menu", anyIcon());
+    inner->addCommand(namedCommand(QStringLiteral("m")), 0);
+    top->addCommand(inner, 1);
+    bar.AddCommandGroup(top.get());
+    window.show();
+    settle();
+    ToolButton* const button = bar.Buttons()[1];
+    QPixmap blue(24, 24);
+    blue.fill(Qt::blue);
+    inner->setText(QStringLiteral("Other"));
+    inner->setIcon(blue);
+    inner->setToolTip(QStringLiteral("Another tip"));
+    settle();
+    QCOMPARE(button->text(), QStringLiteral("Other"));
+    QCOMPARE(button->icon().pixmap(24).toImage().pixelColor(5, 5), QColor(Qt::blue));
+    QCOMPARE(button->toolTip(), QStringLiteral("Another tip"));
+    inner->setEnabled(false);
+    QVERIFY(!button->isEnabled());
+    CountingHandler handler;
+    bar.AddCallbackHandler(&handler, inner.get());
+    bar.EnableActions();
+    QVERIFY(handler.asked == 1 && inner->isEnabled() && button->isEnabled());
+    bar.RemoveCallbackHandler(&handler);
+    bar.EnableActions();
+    QCOMPARE(handler.asked, 1);
+    // What dies with its group goes, though a command of it lives on.
+    const auto kept = top->commandBag().getSharedCommand(QStringLiteral("a 0"));
+    top->removeCommand(inner.get());
+    auto dying = namedGroup("dying", 0);
+    dying->addCommand(kept, 0);
+    ToolBar other(&window, Qt::BottomToolBarArea);
+    other.AddCommandGroup(dying.get());
+    QCOMPARE(names(other), QStringList("a 0"));
+    dying.reset();
+    settle();
+    QVERIFY(other.Buttons().isEmpty());
   }
 };
 

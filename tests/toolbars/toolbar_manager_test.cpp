@@ -8,7 +8,6 @@
 #include <QLabel>
 #include <QSignalSpy>
 
-#include <thread>
 #include <vector>
 
 using namespace Vela::UiBase;
@@ -85,6 +84,7 @@ private Q_SLOTS:
     row.manager->removeDynamicCommand(inner->getCommand(QStringLiteral("inner 1")));
     QVERIFY(!row.manager->findDynamicCommand(QStringLiteral("inner 1")));
     row.manager->removeDynamicCommand(outer.get());
+    Vela::Test::settle();
     QCOMPARE(row.window.findChildren<ToolBar*>(QString(), Qt::FindDirectChildrenOnly).size(), 1 + 3);
   }
 
@@ -206,24 +206,76 @@ private Q_SLOTS:
     QVERIFY(row.window.findChildren<ToolBar*>().isEmpty() && !row.separator());
   }
 
-  void eventsOfManyThreadsEndInTheLastOfEachGroup() {
+  void groupTakesItsToolbarAlong() {
     Row row;
-    constexpr int threads = 8;
-    for (int i = 3; i < threads; ++i) {
-      row.groups.push_back(namedGroup("group " + QByteArray::number(i), 1));
-      row.manager->addDynamicCommandGroup(row.groups.back().get());
-    }
-    std::vector<std::thread> workers;
-    for (int i = 0; i < threads; ++i) {
-      workers.emplace_back([&row, i] {
-        for (int event = 0; event <= 200 + i; ++event)
-          event % 2 == 0 ? row.begin(i) : row.end(i);
-      });
-    }
-    for (std::thread& worker : workers)
-      worker.join();
-    for (int i = 0; i < threads; ++i)
-      QTRY_COMPARE(row.bar(i)->isHidden(), i % 2 == 1);
+    const auto kept = row.groups[0]->commandBag().getSharedCommand(QStringLiteral("group 0 0"));
+    row.begin(0);
+    QTRY_VERIFY(!row.separator()->isHidden());
+    row.end(0);
+    const QPointer<ToolBar> bar = row.bar(0);
+    row.groups[0].reset(); // before that is gathered; one of its commands lives on
+    QVERIFY(bar->isHidden() && row.separator()->isHidden());
+    Vela::Test::settle();
+    QVERIFY(!bar);
+    // A new group under the same identifier has nothing of the old one.
+    row.groups[0] = namedGroup("group 0", 1);
+    row.begin(0);
+    Vela::Test::settle();
+    QVERIFY(!row.bar(0));
+    row.manager->addDynamicCommandGroup(row.groups[0].get());
+    QVERIFY(row.bar(0)->isHidden());
+    row.begin(0);
+    QTRY_VERIFY(!row.bar(0)->isHidden());
+    QCOMPARE(row.bar(0)->Buttons().size(), 1);
+    // And it is followed while it is in use.
+    row.groups[0]->addCommand(namedCommand(QStringLiteral("late")), 9);
+    QTRY_COMPARE(row.bar(0)->Buttons().size(), 2);
+  }
+
+  void toolbarMayGoInAClickOnItself_data() {
+    QTest::addColumn<bool>("manager");
+    QTest::newRow("group removed") << false;
+    QTest::newRow("manager deleted") << true;
+  }
+  void toolbarMayGoInAClickOnItself() {
+    QFETCH(bool, manager);
+    Row row;
+    row.begin(0);
+    QTRY_VERIFY(!row.bar(0)->isHidden());
+    const QPointer<ToolButton> button = row.bar(0)->Buttons().at(0);
+    connect(row.groups[0]->getCommand("group 0 0"), &QAction::triggered, &row.window, [&] {
+      if (manager)
+        delete row.manager;
+      else
+        row.manager->removeDynamicCommand(row.groups[0].get());
+    });
+    QTest::mouseClick(row.window.windowHandle(), Qt::LeftButton, {},
+                      button->mapTo(&row.window, button->rect().center()));
+    Vela::Test::settle();
+    QVERIFY(!button);
+  }
+
+  void rightToLeftRowGoesToTheLeft() {
+    QWidget window;
+    window.setLayoutDirection(Qt::RightToLeft);
+    window.resize(900, 300);
+    auto* const main = new ToolBar(&window, Qt::TopToolBarArea);
+    main->AddAction(new QAction(QStringLiteral("open"), main));
+    main->ShowMe();
+    window.show();
+    Vela::Test::settle();
+    auto* const manager = new ToolbarManager(main); // for a bar that stands already
+    manager->setGatheringTime(0);
+    const auto group = namedGroup("group", 3);
+    manager->addDynamicCommandGroup(group.get());
+    manager->commandGroupBegan(group.get());
+    auto* const line = window.findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+    QTRY_VERIFY(!line->isHidden());
+    const ToolBar* const bar = group->toolbar();
+    QCOMPARE(main->geometry().left() - line->geometry().right(), 10);
+    QCOMPARE(line->geometry().left() - bar->geometry().right(), 10);
+    QCOMPARE(line->y(), main->y());
+    QCOMPARE(bar->size(), bar->sizeHint());
   }
 };
 

@@ -9,7 +9,6 @@
 #include <vlk_common_res/styles.h>
 
 #include <QAction>
-#include <QEvent>
 #include <QPointer>
 
 #include <utility>
@@ -34,36 +33,37 @@ void placeMenuBesideGrid(ToolButton* button, const ToolBar& bar) {
   }
 }
 
-/// Disables again what is enabled while it filters it.
-class Disabler : public QObject {
-public:
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    auto* const widget = qobject_cast<QWidget*>(watched);
-    if (event->type() == QEvent::EnabledChange && widget && widget->isEnabled())
-      widget->setEnabled(false);
-    return false;
-  }
-};
-
-void dressAsPanelButton(ToolButton* button, const QString& name) {
-  button->setCheckable(true);
-  button->setChecked(false);
-  button->setObjectName(name);
-  button->SetExtendMode(true);
+void applyPanelBehaviour(ToolButton& button, const QString& name) {
+  button.setCheckable(true);
+  button.setChecked(false);
+  button.setObjectName(name);
+  button.SetExtendMode(true);
 }
 
 } // namespace
 
-ActionPanelPrivate::ActionPanelPrivate() : disabler(std::make_unique<Disabler>()) {}
+ActionPanelPrivate::ActionPanelPrivate() = default;
 
 ActionPanelPrivate::~ActionPanelPrivate() = default;
 
-void ActionPanelPrivate::enable(ToolButton& button, bool enabled) const {
-  if (enabled)
-    button.removeEventFilter(disabler.get());
-  else
-    button.installEventFilter(disabler.get());
-  button.setEnabled(enabled && (!button.Action() || button.Action()->isEnabled()));
+void ActionPanelPrivate::applyLock() {
+  const bool locked = isDisabled || !busy.isEmpty();
+  const QList<ToolBar*> all = bars();
+  const QList<QPointer<ToolBar>> guarded(all.cbegin(), all.cend());
+  for (const QPointer<ToolBar>& bar : guarded) {
+    if (bar)
+      of(*bar).setLock(&busy, locked);
+  }
+}
+
+QList<ToolBar*> ActionPanelPrivate::bars() const {
+  QList<ToolBar*> all{toolBar};
+  const QList<ToolButtonWithMenu*> openers = toolBar->MenuButtons(true);
+  for (const ToolButtonWithMenu* const opener : openers) {
+    if (auto* const bar = qobject_cast<ToolBar*>(opener->GetMenu()))
+      all.append(bar);
+  }
+  return all;
 }
 
 const QString ActionPanel::OBJECT_NAME = QStringLiteral("action panel");
@@ -76,7 +76,20 @@ ActionPanel::ActionPanel(ActionPanelPrivate& state, QWidget* parent)
   ActionPanel::Initialize();
 }
 
-ActionPanel::~ActionPanel() { disconnect(own()->busyDeath); }
+// Sub-toolbars that are the application's own live on.
+ActionPanel::~ActionPanel() {
+  own()->isDisabled = false;
+  own()->busy.clear();
+  own()->applyLock();
+  // What becomes of the menus from here on is for the toolbar alone.
+  disconnect(this, &ToolBar::ButtonMenuVisibilityChange, this, &ActionPanel::watchFlyouts);
+  disconnect(this, &ToolBar::ButtonMenuVisibilityChange, this, &ActionPanel::OnButtonMenuVisibilityChange);
+  const QList<ToolButtonWithMenu*> openers = MenuButtons(true);
+  for (const ToolButtonWithMenu* const opener : openers) {
+    if (const auto* const flyout = qobject_cast<FlyoutBase*>(opener->GetMenu()))
+      disconnect(flyout, nullptr, this, nullptr);
+  }
+}
 
 ActionPanelPrivate* ActionPanel::own() const { return static_cast<ActionPanelPrivate*>(d.get()); }
 
@@ -114,13 +127,8 @@ void ActionPanel::InitializeToolBar() {
 void ActionPanel::applyColors() {
   const QColor groupBack = Styles::Instance().ColorActionPanelGroupBack();
   const QColor border = Styles::Instance().ColorActionPanelBorder();
-  QList<ToolBar*> bars{this};
-  const QList<ToolButtonWithMenu*> openers = MenuButtons(true);
-  for (const ToolButtonWithMenu* const opener : openers) {
-    if (auto* const bar = qobject_cast<ToolBar*>(opener->GetMenu()))
-      bars.append(bar);
-  }
-  for (ToolBar* const bar : std::as_const(bars)) {
+  const QList<ToolBar*> bars = own()->bars();
+  for (ToolBar* const bar : bars) {
     if (bar->GroupBackColor() == own()->groupBackColor)
       bar->SetGroupBackColor(groupBack);
     if (bar->BorderColor() == own()->borderColor)
@@ -142,7 +150,7 @@ ToolButton* ActionPanel::CreateToolButton(QWidget* parent, QAction* action, Acti
     return nullptr;
   if (toolBar->GridColumns() > 0)
     placeMenuBesideGrid(button, *toolBar);
-  dressAsPanelButton(button, name);
+  applyPanelBehaviour(*button, name);
   panel.watchFlyouts(button);
   return button;
 }
@@ -155,7 +163,7 @@ ToolButton* ActionPanel::CreateToolButton(QWidget* parent, QAction* action, Acti
   ToolButton* const button = toolBar->AddAction(action, icon, menu, true, name, group, index);
   if (toolBar->GridColumns() > 0)
     placeMenuBesideGrid(button, *toolBar);
-  dressAsPanelButton(button, name);
+  applyPanelBehaviour(*button, name);
   panel.watchFlyouts(button);
   return button;
 }
@@ -179,19 +187,19 @@ void ActionPanel::prepare(ToolButton* button) {
     placeMenuBesideGrid(button, *this);
   const QAction* const action = button->Action();
   const bool checked = action && action->isChecked();
-  dressAsPanelButton(button, button->objectName());
+  applyPanelBehaviour(*button, button->objectName());
   if (checked)
     button->setChecked(true);
-  if (!own()->buttonsEnabled)
-    own()->enable(*button, false);
   watchFlyouts(button);
 }
 
 ToolBar* ActionPanel::CreateSubToolBar(CommandGroup* group) {
-  ToolBar* const bar = ToolBar::CreateSubToolBar(group);
-  if (bar && bar->Orientation() != Qt::Horizontal)
-    bar->SetArea(Qt::TopToolBarArea);
-  return bar;
+  auto* const panel = new ActionPanel(parentWidget());
+  const bool across = d->menusByArea && Orientation() == Qt::Horizontal;
+  const Qt::ToolBarArea side = isRightToLeft() ? Qt::RightToolBarArea : Qt::LeftToolBarArea;
+  panel->SetArea(across ? side : Qt::TopToolBarArea);
+  d->setUpSubToolBar(*panel, group);
+  return panel;
 }
 
 void ActionPanel::PrepareActionPanel() {
@@ -202,48 +210,56 @@ void ActionPanel::PrepareActionPanel() {
 
 // --- flyouts
 
-QList<ToolButton*> ActionPanel::allButtons() const {
-  QList<ToolButton*> all = Buttons();
-  const QList<ToolButtonWithMenu*> menuButtons = MenuButtons(true);
-  for (const ToolButtonWithMenu* const button : menuButtons) {
-    if (const auto* const bar = qobject_cast<ToolBar*>(button->GetMenu()))
-      all += bar->Buttons();
-  }
-  return all;
-}
-
+// What works anywhere in the nest locks all of it.
 void ActionPanel::watchFlyouts(const ToolButton* button) {
   const auto* const opener = qobject_cast<const ToolButtonWithMenu*>(button);
   QWidget* const menu = opener ? opener->GetMenu() : nullptr;
+  auto* const base = qobject_cast<ActionPanel*>(GetBaseToolBar());
+  ActionPanel* const panel = base ? base : this;
   if (const auto* const flyout = qobject_cast<FlyoutBase*>(menu)) {
-    connect(flyout, &FlyoutBase::FlyoutBusy, this, &ActionPanel::OnFlyoutBusy, Qt::UniqueConnection);
-    connect(flyout, &FlyoutBase::FlyoutIdle, this, &ActionPanel::OnFlyoutIdle, Qt::UniqueConnection);
+    connect(flyout, &FlyoutBase::FlyoutBusy, panel, &ActionPanel::OnFlyoutBusy, Qt::UniqueConnection);
+    connect(flyout, &FlyoutBase::FlyoutIdle, panel, &ActionPanel::OnFlyoutIdle, Qt::UniqueConnection);
   } else if (const auto* const bar = qobject_cast<ToolBar*>(menu)) {
     const QList<ToolButtonWithMenu*> inner = bar->MenuButtons(false);
     for (const ToolButtonWithMenu* const each : inner)
       watchFlyouts(each);
   }
+  if (panel->IsLocked())
+    panel->own()->applyLock(); // also for what has come since
 }
 
 // One that dies while it works will not say that it is idle.
 void ActionPanel::OnFlyoutBusy() {
-  disconnect(own()->busyDeath);
-  if (const QObject* const flyout = sender())
-    own()->busyDeath =
-        connect(flyout, &QObject::destroyed, own()->disabler.get(), [this] { SetEnabled(true); });
-  SetEnabled(false);
+  const auto* const flyout = qobject_cast<FlyoutBase*>(sender());
+  if (!flyout) {
+    SetEnabled(false);
+    return;
+  }
+  if (!own()->busy.contains(flyout)) {
+    own()->busy.insert(flyout);
+    connect(flyout, &QObject::destroyed, this, &ActionPanel::flyoutDied, Qt::UniqueConnection);
+  }
+  own()->applyLock();
 }
 
 void ActionPanel::OnFlyoutIdle() {
-  disconnect(own()->busyDeath);
-  SetEnabled(true);
+  const auto* const flyout = qobject_cast<FlyoutBase*>(sender());
+  if (!flyout) {
+    SetEnabled(true);
+    return;
+  }
+  own()->busy.remove(flyout);
+  own()->applyLock();
+}
+
+void ActionPanel::flyoutDied(const QObject* flyout) {
+  if (own()->busy.remove(flyout))
+    own()->applyLock();
 }
 
 void ActionPanel::SetEnabled(bool enabled) {
-  own()->buttonsEnabled = enabled;
-  const QList<ToolButton*> buttons = allButtons();
-  for (ToolButton* const button : buttons)
-    own()->enable(*button, enabled);
+  own()->isDisabled = !enabled;
+  own()->applyLock();
 }
 
 void ActionPanel::OnButtonMenuVisibilityChange(ToolButton*, bool) {}

@@ -47,11 +47,13 @@ public:
   /// To be called when the panel has been filled: choosing from a menu closes it.
   void PrepareActionPanel();
   /// Enables or disables all buttons, also those of sub-toolbars, and keeps them disabled whatever becomes of
-  /// their actions. Enabled again, each is as its action says.
+  /// their actions. Enabled again, each is as its action says, or as the application left it. Flyouts that
+  /// work keep them disabled meanwhile.
   void SetEnabled(bool enabled);
 
 public Q_SLOTS:
-  /// A flyout works: disables the buttons. Flyouts that open from the panel are connected by it.
+  /// A flyout works: disables the buttons, until each that works is idle again. Flyouts that open from the
+  /// panel are connected by it. Called by hand it is SetEnabled().
   void OnFlyoutBusy();
   void OnFlyoutIdle();
   /// A menu was shown or hidden. Does nothing; for subclasses.
@@ -68,7 +70,7 @@ protected:
 
   ToolButton* AddButton(ToolBar* bar, CommandGroup* group, int index) override;
   ToolButton* AddSingleCommand(CommandBase* command, CommandGroup* group) override;
-  /// A horizontal toolbar with the looks of the panel.
+  /// An action panel with the looks of this one, horizontal; those below take turns.
   ToolBar* CreateSubToolBar(CommandGroup* group) override;
   /// A flyout gets the Escape key; any other panel is hidden.
   void OnDismissWidgetMenu(ToolButtonWithButtonMenu* buttonMenu,
@@ -78,7 +80,7 @@ private:
   void applyColors();
   void prepare(ToolButton* button);
   void watchFlyouts(const ToolButton* button);
-  QList<ToolButton*> allButtons() const;
+  void flyoutDied(const QObject* flyout);
   ActionPanelPrivate* own() const;
 };
 

@@ -4,9 +4,7 @@
 #include <ui_base/toolbars/tool_bar_p.h>
 
 #include <QColor>
-#include <QMetaObject>
-
-#include <memory>
+#include <QSet>
 
 namespace Vela::UiBase {
 
@@ -16,14 +14,14 @@ public:
   ActionPanelPrivate();
   ~ActionPanelPrivate() override;
 
-  /// Enables a button as its action says, or keeps it disabled.
-  void enable(ToolButton& button, bool enabled) const;
+  /// The panel and the sub-toolbars of its nest.
+  QList<ToolBar*> bars() const;
+  /// Locks the nest, or no longer.
+  void applyLock();
 
-  /// The event filter of buttons that stay disabled.
-  const std::unique_ptr<QObject> disabler;
-  bool buttonsEnabled = true;
-  QMetaObject::Connection busyDeath; // of the flyout that works
-  QColor groupBackColor;             // the shared ones that the panel was given
+  bool isDisabled = false;
+  QSet<const QObject*> busy; // the flyouts that work
+  QColor groupBackColor;     // the shared ones that the panel was given
   QColor borderColor;
 };
 

@@ -179,21 +179,17 @@ ToolButtonWithWidgetMenu* ToolBar::AddAction(QAction* action, QWidget* menu, con
 }
 
 ToolBar* ToolBar::CreateSubToolBar(CommandGroup* group) {
-  const bool leftwards = isRightToLeft();
-  const Qt::ToolBarArea across = leftwards ? Qt::RightToolBarArea : Qt::LeftToolBarArea;
-  ToolBar* const menu =
-      d->makeSubToolBar(parentWidget(), Orientation() == Qt::Horizontal ? across : Qt::TopToolBarArea);
-  if (!group)
-    return menu;
-  menu->setObjectName(group->objectName());
-  menu->setAccessibleName(group->text().isEmpty() ? group->toolTip() : group->text());
-  if (group->isGrid())
-    menu->SetGridLayout(group->gridSize());
+  const Qt::ToolBarArea across = isRightToLeft() ? Qt::RightToolBarArea : Qt::LeftToolBarArea;
+  auto* const menu =
+      new ToolBar(parentWidget(), Orientation() == Qt::Horizontal ? across : Qt::TopToolBarArea);
+  d->setUpSubToolBar(*menu, group);
   return menu;
 }
 
 ToolBar* ToolBar::CreateActionPanelToolBar(QWidget* parent, const ToolBar& base) {
-  return base.d->makeSubToolBar(parent, Qt::TopToolBarArea);
+  auto* const menu = new ToolBar(parent, Qt::TopToolBarArea);
+  base.d->setUpSubToolBar(*menu, nullptr);
+  return menu;
 }
 
 ToolButtonWithButtonMenu* ToolBar::CreateMainToolBarButtonMenu(ToolBar& bar, const QIcon& icon,
@@ -334,7 +330,8 @@ bool ToolBar::eventFilter(QObject* watched, QEvent* event) {
   if (auto* const button = qobject_cast<ToolButton*>(watched))
     return d->filterButton(*button, *event);
   auto* const other = qobject_cast<QAbstractButton*>(watched);
-  return other && event->type() == QEvent::KeyPress && d->keys->press(*other, static_cast<QKeyEvent&>(*event));
+  return other && event->type() == QEvent::KeyPress &&
+         d->keys->press(*other, static_cast<QKeyEvent&>(*event));
 }
 
 void ToolBar::enterEvent(QEnterEvent* event) { QWidget::enterEvent(event); }

@@ -151,8 +151,8 @@ public:
   /// Where the bar rests, and how far it has slid out from there.
   ToolBarPlace Place() const;
   /// Moves the bar to a place in its parent that it keeps, and to which its slides lead: switches
-  /// auto-positioning off. In the middle of a slide it ends there. A move() counts along the edge only: across
-  /// it the next slide ends at the edge, or at the place that was set.
+  /// auto-positioning off. In the middle of a slide it ends there. A move() counts along the edge only:
+  /// across it the next slide ends at the edge, or at the place that was set.
   void SetPos(const QPoint& position);
   void SetAutoPositionInterval(int milliseconds);
   /// Makes the bar as large as its content, but not longer than the parent.

@@ -55,10 +55,10 @@ bool ToolBarCommands::shows(const CommandGroup& group) const {
 bool ToolBarCommands::add(CommandGroup& group) {
   if (shows(group))
     return false;
-  std::erase_if(m_shown, [](const Shown& shown) { return !shown.group; });
-  m_shown.push_back({&group, {}, false});
+  m_shown.push_back({&group, group.commandId(), {}, false});
   group.setToolbar(&m_toolBar);
   connect(&group, &CommandGroup::childrenChanged, this, [this, &group] { scheduleUpdate(group); });
+  connect(&group, &QObject::destroyed, this, &ToolBarCommands::removeDead);
   return true;
 }
 
@@ -67,13 +67,32 @@ void ToolBarCommands::remove(CommandGroup& group) {
   if (!shown)
     return;
   const QList<QPointer<QAction>> children = shown->children;
+  const QString name = shown->name;
   std::erase_if(m_shown, [&group](const Shown& entry) { return entry.group == &group; });
   disconnect(&group, nullptr, this, nullptr);
   if (group.toolbar() == &m_toolBar)
     group.setToolbar(nullptr);
+  const QPointer<ToolBarCommands> self(this);
   for (const QPointer<QAction>& child : children) {
-    if (auto* const command = dynamic_cast<CommandBase*>(child.data()))
-      m_toolBar.RemoveCommand(command);
+    if (auto* const command = self ? dynamic_cast<CommandBase*>(child.data()) : nullptr)
+      removeChild(*command, name);
+  }
+}
+
+// Commands may live on in other groups.
+void ToolBarCommands::removeDead() {
+  std::vector<Shown> dead;
+  for (const Shown& shown : m_shown) {
+    if (!shown.group)
+      dead.push_back(shown);
+  }
+  std::erase_if(m_shown, [](const Shown& shown) { return !shown.group; });
+  const QPointer<ToolBarCommands> self(this);
+  for (const Shown& shown : dead) {
+    for (const QPointer<QAction>& child : shown.children) {
+      if (auto* const command = self ? dynamic_cast<CommandBase*>(child.data()) : nullptr)
+        removeChild(*command, shown.name);
+    }
   }
 }
 
@@ -91,53 +110,99 @@ void ToolBarCommands::scheduleUpdate(CommandGroup& group) {
           if (std::exchange(shown.dirty, false))
             dirty.append(shown.group);
         }
+        const QPointer<ToolBarCommands> self(this);
         for (const QPointer<CommandGroup>& changed : std::as_const(dirty)) {
-          if (changed)
+          if (self && changed)
             update(*changed);
         }
       },
       Qt::QueuedConnection);
 }
 
+QList<QPointer<QAction>> ToolBarCommands::chosen(const CommandBag& bag) const {
+  QList<QPointer<QAction>> commands;
+  for (int i = 0; i < bag.count(); ++i) {
+    if (!m_chooser || m_chooser(*bag.commandAt(i)))
+      commands.append(bag.commandAt(i));
+  }
+  return commands;
+}
+
 void ToolBarCommands::update(CommandGroup& group) {
   const CommandBag bag = group.commandBag(); // a copy, which keeps the commands
-  QList<QPointer<QAction>> children;
-  for (int i = 0; i < bag.count(); ++i)
-    children.append(bag.commandAt(i));
+  const QPointer<ToolBarCommands> self(this);
+  const QPointer<CommandGroup> guarded(&group);
+  const QList<QPointer<QAction>> children = chosen(bag);
   Shown* const shown = find(group);
   if (!shown)
     return;
+  const QString name = shown->name;
   const QList<QPointer<QAction>> before = std::exchange(shown->children, children);
   for (const QPointer<QAction>& child : before) {
     auto* const gone = children.contains(child) ? nullptr : dynamic_cast<CommandBase*>(child.data());
-    if (gone)
-      removeChild(*gone, group);
+    if (self && gone)
+      removeChild(*gone, name);
   }
-  arrange(bag, group, before);
+  if (self && guarded)
+    arrange(group, children, before);
+}
+
+void ToolBarCommands::updateAll() {
+  QList<QPointer<CommandGroup>> groups;
+  for (const Shown& shown : m_shown)
+    groups.append(shown.group);
+  const QPointer<ToolBarCommands> self(this);
+  for (const QPointer<CommandGroup>& group : std::as_const(groups)) {
+    if (self && group)
+      update(*group);
+  }
+}
+
+void ToolBarCommands::follow(CommandGroup& group) {
+  add(group);
+  update(group);
+}
+
+void ToolBarCommands::followOnly(const CommandGroup& group) {
+  QList<QPointer<CommandGroup>> others;
+  for (const Shown& shown : m_shown) {
+    if (shown.group != &group)
+      others.append(shown.group);
+  }
+  const QPointer<ToolBarCommands> self(this);
+  for (const QPointer<CommandGroup>& other : std::as_const(others)) {
+    if (self && other)
+      remove(*other);
+  }
 }
 
 // The same command may stand in another group here.
-void ToolBarCommands::removeChild(CommandBase& child, const CommandGroup& group) {
+void ToolBarCommands::removeChild(CommandBase& child, const QString& group) {
   const QList<CommandGroup*> holders = child.holdingGroups();
   if (std::none_of(holders.cbegin(), holders.cend(),
                    [this](const CommandGroup* other) { return shows(*other); }))
     m_toolBar.RemoveCommand(&child);
   else if (ToolButton* const button =
-               buttonsByAction(ToolBarPrivate::of(m_toolBar).content->buttons(group.commandId())).value(&child))
+               buttonsByAction(ToolBarPrivate::of(m_toolBar).content->buttons(group)).value(&child))
     ToolBarPrivate::of(m_toolBar).removeButton(*button);
 }
 
-void ToolBarCommands::arrange(const CommandBag& bag, CommandGroup& group,
+void ToolBarCommands::arrange(CommandGroup& group, const QList<QPointer<QAction>>& children,
                               const QList<QPointer<QAction>>& before) {
   const QPointer<ToolBarCommands> self(this);
   const QString name = group.commandId();
   const QSet<const QAction*> known(before.cbegin(), before.cend());
-  const auto present = buttonsByAction(ToolBarPrivate::of(m_toolBar).content->buttons(name));
+  QHash<const QAction*, QPointer<ToolButton>> present;
+  for (ToolButton* const button : ToolBarPrivate::of(m_toolBar).content->buttons(name))
+    present.insert(actionOf(*button), button);
   int index = 0;
-  for (int i = 0; i < bag.count() && self && shows(group); ++i) {
-    CommandBase& child = *bag.commandAt(i);
-    ToolButton* const button = known.contains(&child) ? present.value(&child) : addChild(child, group, index);
-    if (!button)
+  for (const QPointer<QAction>& each : children) {
+    auto* const child = dynamic_cast<CommandBase*>(each.data());
+    if (!child || !self || !shows(group))
+      continue;
+    ToolButton* const button =
+        known.contains(child) ? present.value(child).data() : addChild(*child, group, index);
+    if (!button || !self)
       continue;
     ToolBarPrivate::of(m_toolBar).content->move(*button, name, index);
     ++index;

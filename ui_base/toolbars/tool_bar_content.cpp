@@ -38,9 +38,23 @@ ToolBarContent::~ToolBarContent() {
 
 // What has the layout hears of its changes.
 bool ToolBarContent::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == m_inner && event->type() == QEvent::LayoutRequest && m_listener)
+  if (watched == m_inner && event->type() == QEvent::LayoutRequest && m_listener && hasChanged())
     m_listener();
   return QWidget::eventFilter(watched, event);
+}
+
+// A picture that is swapped under the mouse asks for a layout, too.
+bool ToolBarContent::hasChanged() {
+  activate();
+  const Seen now = look();
+  return std::exchange(m_seen, now) != now;
+}
+
+ToolBarContent::Seen ToolBarContent::look() const {
+  Seen now{neededSize(), buttons(), {}};
+  for (const ToolButton* const button : std::as_const(now.buttons))
+    now.places.append(button->isHidden() ? QRect() : button->geometry());
+  return now;
 }
 
 QBoxLayout::Direction ToolBarContent::direction() const {
@@ -271,6 +285,9 @@ bool ToolBarContent::fit(const QRect& area, int moreLength) {
   if (!m_scrolls)
     m_scroll = 0;
   showPart(area);
+  // What moves the buttons only because the bar has another size is known to it.
+  if (const Seen now = look(); now.needed == m_seen.needed && now.buttons == m_seen.buttons)
+    m_seen = now;
   return m_scrolls;
 }
 

@@ -78,7 +78,17 @@ private:
     int columns;
   };
 
+  /// What the bar was told of last.
+  struct Seen {
+    QSize needed;
+    QList<ToolButton*> buttons;
+    QList<QRect> places;
+    friend bool operator==(const Seen&, const Seen&) = default;
+  };
+
   Group& group(const QString& name);
+  bool hasChanged();
+  Seen look() const;
   void noteChange();
   void layOut(Group& group);
   void layOutAll();
@@ -104,6 +114,7 @@ private:
   int m_scroll = 0;
   bool m_scrolls = false;
   bool m_changeNoted = false;
+  Seen m_seen;
   std::function<void()> m_listener;
 };
 

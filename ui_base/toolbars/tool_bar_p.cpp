@@ -10,7 +10,7 @@
 #include "tool_bar_placer.h"
 #include "tool_button_p.h"
 
-#include <ui_base/commands/command_base.h>
+#include <ui_base/commands/command_group.h>
 #include <ui_base/tooltips/tooltip_object.h>
 #include <vlk_common_res/styles.h>
 
@@ -185,14 +185,9 @@ void ToolBarPrivate::adopt(ToolBar* subToolBar) {
   ownSubToolBars.append(subToolBar);
 }
 
-ToolBar* ToolBarPrivate::makeSubToolBar(QWidget* parent, Qt::ToolBarArea subArea) const {
-  auto* const menu = new ToolBar(parent, subArea);
-  setUpSubToolBar(*menu);
-  return menu;
-}
-
-void ToolBarPrivate::setUpSubToolBar(ToolBar& menu) const {
+void ToolBarPrivate::setUpSubToolBar(ToolBar& menu, const CommandGroup* group) const {
   menu.hide();
+  of(menu).applyPopupDefaults();
   ToolBarParams looks = params;
   looks.tooltip = menu.Params().tooltip;
   looks.autoPosition = false;
@@ -205,6 +200,12 @@ void ToolBarPrivate::setUpSubToolBar(ToolBar& menu) const {
   of(menu).menusByArea = true;
   if (!menu.parentWidget())
     menu.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
+  if (!group)
+    return;
+  menu.setObjectName(group->objectName());
+  menu.setAccessibleName(group->text().isEmpty() ? group->toolTip() : group->text());
+  if (group->isGrid())
+    menu.SetGridLayout(group->gridSize());
 }
 
 void ToolBarPrivate::OnButtonClickCheckExclusiveGroups(const ToolButton& button) const {

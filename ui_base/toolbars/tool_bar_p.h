@@ -68,9 +68,9 @@ public:
   void removeButton(ToolButton& button);
   /// Makes the bar the owner of a sub-toolbar.
   void adopt(ToolBar* subToolBar);
-  ToolBar* makeSubToolBar(QWidget* parent, Qt::ToolBarArea subArea) const;
-  /// Makes a fresh toolbar the sub-toolbar of a button of this one, with the looks of this one.
-  void setUpSubToolBar(ToolBar& menu) const;
+  /// Makes a fresh toolbar fit as the menu of a button of this one, with the looks of this one.
+  /// @param group which it is to show, or null.
+  void setUpSubToolBar(ToolBar& menu, const CommandGroup* group) const;
   void OnButtonClickCheckExclusiveGroups(const ToolButton& button) const;
   /// What a button is told of its action, and of itself.
   bool filterButton(ToolButton& button, QEvent& event);

@@ -205,20 +205,21 @@ void ToolButton::RemoveCallbackHandler(IToolButtonCallbackHandler* handler) {
 }
 
 void ToolButton::EnableActions() {
-  const auto handlers =
-      d->action ? d->callbackHandlers.value(d->action) : QList<IToolButtonCallbackHandler*>();
-  if (handlers.isEmpty())
+  // One that opens the toolbar of a group carries its action without being bound to it.
+  const QPointer<QAction> action = d->action ? d->action.data() : actions().value(0);
+  const QList<IToolButtonCallbackHandler*> handlers = d->callbackHandlers.value(action);
+  if (!action || handlers.isEmpty())
     return;
   const QPointer<ToolButton> self(this);
   bool enable = true;
   for (IToolButtonCallbackHandler* const handler : handlers) {
-    enable = (*handler)(d->action);
-    if (!self || !d->action)
+    enable = (*handler)(action);
+    if (!self || !action)
       return;
     if (!enable)
       break;
   }
-  d->action->setEnabled(enable);
+  action->setEnabled(enable);
   if (self)
     setEnabled(enable);
 }

@@ -377,6 +377,9 @@ void ToolButtonWithButtonMenu::paintEvent(QPaintEvent* event) {
   painter.fillPath(own()->arrow, isEnabled() ? styles.ColorToolButtonArrow() : styles.ColorIconDisabled());
 }
 
+// The action that the button carries is no native menu, however long the button is pressed.
+void ToolButtonWithButtonMenu::timerEvent(QTimerEvent* event) { QAbstractButton::timerEvent(event); }
+
 void ToolButtonWithButtonMenu::resizeEvent(QResizeEvent* event) {
   ToolButtonWithMenu::resizeEvent(event);
   own()->rebuildArrow();

@@ -87,6 +87,7 @@ protected:
   void mouseMoveEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
 
 private:
   friend class ToolBar;

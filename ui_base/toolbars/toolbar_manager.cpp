@@ -3,20 +3,14 @@
 
 #include "pending_group_states.h"
 #include "tool_bar_commands.h"
-#include "tool_bar_content.h"
 #include "tool_bar_p.h"
+#include "toolbar_row.h"
 
 #include <ui_base/commands/command_group.h>
 #include <ui_base/commands/command_walk.h>
-#include <ui_base/core/live_pointer.h>
 
 #include <QEvent>
-#include <QIcon>
-#include <QLabel>
-#include <QList>
-#include <QPointer>
 #include <QSet>
-#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -28,34 +22,25 @@ namespace {
 constexpr int gatheringTime = 200; // ms
 
 struct DynamicToolbar {
+  QString groupId;
   LivePointer<ToolBar> toolbar;
   bool inUse = false;
 };
-
-bool isHorizontal(const ToolBar& toolbar) { return toolbar.Orientation() == Qt::Horizontal; }
-
-/// In the pixels of the screen that the label is on.
-QPixmap separatorPicture(const QLabel& label, bool horizontal) {
-  const QIcon icon(horizontal ? QStringLiteral(":/resources/images/sys_hseparator.png")
-                              : QStringLiteral(":/resources/images/sys_vseparator.png"));
-  const QList<QSize> sizes = icon.availableSizes();
-  return sizes.isEmpty() ? QPixmap() : icon.pixmap(sizes.constFirst(), label.devicePixelRatioF());
-}
 
 } // namespace
 
 class ToolbarManagerPrivate {
 public:
+  explicit ToolbarManagerPrivate(ToolBar* main) : mainToolbar(main), row(main) {}
+
   QList<DynamicToolbar> dynamicToolbars;
-  QSet<QString> groups;  // the identifiers of those that were added
+  QList<std::pair<QString, QPointer<CommandGroup>>> groups; // those that were added
   QSet<QString> removed; // the identifiers of what was removed, though it may still be in its group
-  QPoint anchor;
   LivePointer<ToolBar> mainToolbar;
-  QList<QPointer<QLabel>> separators;
-  int separatorSize = 2;
+  ToolbarRow row;
   PendingGroupStates pendingStates;
   QTimer* actionTimer = nullptr;
-  QPointer<QWidget> row; // the parent of the main toolbar
+  QPointer<QWidget> parent; // of the row
 
   /// Those that have not died.
   QList<ToolBar*> toolbars() const {
@@ -66,30 +51,37 @@ public:
     }
     return alive;
   }
+  bool isAdded(const QString& id) const {
+    return std::any_of(groups.cbegin(), groups.cend(),
+                       [&id](const auto& group) { return group.first == id; });
+  }
+  bool isAdded(const CommandGroup& group) const {
+    return std::any_of(groups.cbegin(), groups.cend(),
+                       [&group](const auto& each) { return each.second == &group; });
+  }
 };
 
 const QString ToolbarManager::COMMANDGROUP_PROPERTY = QStringLiteral("CMDGROUP_PROP");
 
 ToolbarManager::ToolbarManager(ToolBar* mainToolbar)
-    : QObject(mainToolbar), d(std::make_unique<ToolbarManagerPrivate>()) {
+    : QObject(mainToolbar), d(std::make_unique<ToolbarManagerPrivate>(mainToolbar)) {
   initialize(mainToolbar);
 }
 
+// A click on one of their buttons may be the cause.
 ToolbarManager::~ToolbarManager() {
-  for (ToolBar* const toolbar : d->toolbars())
-    delete toolbar;
-  while (!d->separators.isEmpty())
-    removeSeparator(0);
+  for (ToolBar* const toolbar : d->toolbars()) {
+    toolbar->hide();
+    toolbar->deleteLater();
+  }
 }
 
 void ToolbarManager::initialize(ToolBar* mainToolbar) {
-  d->mainToolbar = mainToolbar;
   if (mainToolbar) {
     mainToolbar->installEventFilter(this);
-    d->row = mainToolbar->parentWidget();
-    if (d->row)
-      d->row->installEventFilter(this);
-    addSeparator();
+    d->parent = mainToolbar->parentWidget();
+    if (d->parent)
+      d->parent->installEventFilter(this);
   }
   d->actionTimer = new QTimer(this);
   d->actionTimer->setSingleShot(true);
@@ -99,33 +91,6 @@ void ToolbarManager::initialize(ToolBar* mainToolbar) {
 
 void ToolbarManager::setGatheringTime(int milliseconds) { d->actionTimer->setInterval(milliseconds); }
 
-// --- the separator
-
-void ToolbarManager::addSeparator() {
-  auto* const separator = new QLabel(d->mainToolbar->parentWidget());
-  separator->setFocusPolicy(Qt::NoFocus);
-  const bool horizontal = isHorizontal(*d->mainToolbar);
-  if (horizontal)
-    separator->setFixedWidth(d->separatorSize);
-  else
-    separator->setFixedHeight(d->separatorSize);
-  const QPixmap picture = separatorPicture(*separator, horizontal);
-  if (!picture.isNull()) {
-    separator->setPixmap(picture);
-    const QSize size = picture.deviceIndependentSize().toSize();
-    if (horizontal)
-      separator->setFixedWidth(size.width());
-    else
-      separator->setFixedHeight(size.height());
-  }
-  separator->setAlignment(Qt::AlignCenter);
-  separator->move(0, 0);
-  separator->hide();
-  d->separators.append(separator);
-}
-
-void ToolbarManager::removeSeparator(int index) { delete d->separators.takeAt(index); }
-
 // --- the toolbars
 
 void ToolbarManager::addDynamicCommandGroup(CommandGroup* group) {
@@ -134,73 +99,62 @@ void ToolbarManager::addDynamicCommandGroup(CommandGroup* group) {
   d->removed.remove(group->commandId());
   visitCommands(group->commandBag(),
                 [this](const CommandBase& command) { d->removed.remove(command.commandId()); });
-  addCommands(*group);
+  follow(*group);
 }
 
-void ToolbarManager::addCommands(CommandGroup& group) {
-  d->groups.insert(group.commandId());
-  const CommandBag& commands = group.commandBag();
-  int position = 0;
-  for (int i = 0; i < commands.count(); ++i) {
+// The toolbars come in the order in which the first commands of their groups do.
+void ToolbarManager::follow(CommandGroup& group) {
+  if (!d->isAdded(group)) {
+    d->groups.append({group.commandId(), &group});
+    connect(&group, &QObject::destroyed, this, &ToolbarManager::forgetDeadGroups);
+  }
+  const QPointer<ToolbarManager> self(this);
+  const CommandBag commands = group.commandBag(); // a copy, which keeps the commands
+  bool shown = false;
+  for (int i = 0; i < commands.count() && self; ++i) {
     CommandBase* const command = commands.commandAt(i);
     if (d->removed.contains(command->commandId()))
       continue;
-    if (auto* const nested = dynamic_cast<CommandGroup*>(command)) {
-      addCommands(*nested);
-      continue;
-    }
-    bool existed = false;
-    ToolBar* const toolbar = getToolbar(&group, existed, true);
-    ToolButton* button = toolbar->FindOneButton(command->commandId(), false);
-    if (!button)
-      button = ToolBarPrivate::of(*toolbar).addSingleCommand(command, &group);
-    if (button)
-      ToolBarPrivate::of(*toolbar).content->move(*button, group.commandId(), position++);
-    if (existed)
-      continue;
-    addToolbar(toolbar);
-    toolbar->hide();
+    if (auto* const nested = dynamic_cast<CommandGroup*>(command))
+      follow(*nested);
+    else if (!std::exchange(shown, true))
+      ToolBarPrivate::of(*getToolbar(group)).commands->follow(group);
   }
+  ToolBar* const toolbar = self && !shown ? findDynamicToolbar(group.commandId()) : nullptr;
+  if (toolbar)
+    ToolBarPrivate::of(*toolbar).commands->follow(group);
 }
 
-void ToolbarManager::removeLeftCommands(ToolBar& toolbar, const CommandGroup& group) {
-  const QList<ToolButton*> buttons = toolbar.Buttons();
-  for (const ToolButton* const button : buttons) {
-    auto* const command = dynamic_cast<CommandBase*>(button->Action());
-    if (command && !group.commandBag().contains(command))
-      toolbar.RemoveCommand(command);
-  }
-}
-
-void ToolbarManager::addToolbar(ToolBar* toolbar) {
-  d->dynamicToolbars.append({toolbar, false});
-  connect(toolbar, &ToolBar::LayoutChanged, this, [this, toolbar] {
-    if (!toolbar->isHidden())
-      calcInnerToolbarPositions();
-  });
-}
-
-ToolBar* ToolbarManager::getToolbar(CommandGroup* group, bool& existed, bool create) {
-  const QString id = group->commandId();
-  ToolBar* toolbar = findDynamicToolbar(id);
-  existed = toolbar;
-  if (toolbar || !create || !d->mainToolbar)
-    return toolbar;
-  toolbar = new ToolBar(d->mainToolbar->parentWidget(), Qt::BottomToolBarArea);
+ToolBar* ToolbarManager::getToolbar(CommandGroup& group) {
+  const QString id = group.commandId();
+  if (ToolBar* const present = findDynamicToolbar(id))
+    return present;
+  auto* const toolbar = new ToolBar(d->mainToolbar->parentWidget(), Qt::BottomToolBarArea);
+  toolbar->hide();
   toolbar->setProperty(qPrintable(COMMANDGROUP_PROPERTY), id);
-  toolbar->setAccessibleName(group->toolTip().isEmpty() ? group->text() : group->toolTip());
+  toolbar->setAccessibleName(group.toolTip().isEmpty() ? group.text() : group.toolTip());
   toolbar->CopyAllParametersFrom(d->mainToolbar);
   // The manager places it, and the row is one with the main toolbar.
   toolbar->SetEnableAutoPosition(false);
   toolbar->EnableShadow(false);
   toolbar->setEnabled(d->mainToolbar->isEnabled());
+  ToolBarPrivate::of(*toolbar).commands->setChooser(
+      [self = QPointer<ToolbarManager>(this)](const CommandBase& command) {
+        return self && !self->d->removed.contains(command.commandId()) &&
+               !dynamic_cast<const CommandGroup*>(&command);
+      });
+  d->dynamicToolbars.append({id, toolbar, false});
+  connect(toolbar, &ToolBar::LayoutChanged, this, [this, toolbar] {
+    if (!toolbar->isHidden())
+      d->row.place(d->toolbars());
+  });
   return toolbar;
 }
 
-ToolBar* ToolbarManager::findDynamicToolbar(const QString& groupId) {
-  for (ToolBar* const toolbar : d->toolbars()) {
-    if (toolbar->property(qPrintable(COMMANDGROUP_PROPERTY)).toString() == groupId)
-      return toolbar;
+ToolBar* ToolbarManager::findDynamicToolbar(const QString& groupId) const {
+  for (const DynamicToolbar& each : std::as_const(d->dynamicToolbars)) {
+    if (each.toolbar && each.groupId == groupId)
+      return each.toolbar;
   }
   return nullptr;
 }
@@ -213,16 +167,42 @@ void ToolbarManager::removeDynamicCommand(CommandBase* command) {
     const QList<CommandGroup*> nested = group->commandBag().groups();
     for (CommandGroup* const each : nested)
       removeDynamicCommand(each);
-    if (ToolBar* const toolbar = findDynamicToolbar(group->commandId())) {
-      setToolbarVisible(toolbar, false);
-      delete toolbar;
-    }
-  } else {
-    for (ToolBar* const toolbar : d->toolbars())
-      toolbar->RemoveCommand(command);
+    removeToolbar(group->commandId());
+    return;
   }
-  d->dynamicToolbars.removeIf([](const DynamicToolbar& each) { return !each.toolbar; });
-  calcInnerToolbarPositions();
+  const QList<ToolBar*> toolbars = d->toolbars();
+  const QList<QPointer<ToolBar>> guarded(toolbars.cbegin(), toolbars.cend());
+  for (const QPointer<ToolBar>& toolbar : guarded) {
+    if (toolbar)
+      ToolBarPrivate::of(*toolbar).commands->updateAll();
+  }
+}
+
+void ToolbarManager::removeToolbar(const QString& groupId) {
+  const QPointer<ToolBar> toolbar = findDynamicToolbar(groupId);
+  const QPointer<ToolbarManager> self(this);
+  if (toolbar)
+    setToolbarVisible(toolbar, false);
+  if (toolbar)
+    toolbar->deleteLater();
+  if (self)
+    d->dynamicToolbars.removeIf(
+        [&](const DynamicToolbar& each) { return !each.toolbar || each.groupId == groupId; });
+}
+
+// As long as another group of that identifier lives, the toolbar is for that one.
+void ToolbarManager::forgetDeadGroups() {
+  QStringList gone;
+  for (const auto& [id, group] : std::as_const(d->groups)) {
+    if (!group)
+      gone.append(id);
+  }
+  d->groups.removeIf([](const auto& each) { return !each.second; });
+  const QPointer<ToolbarManager> self(this);
+  for (const QString& id : std::as_const(gone)) {
+    if (self && !d->isAdded(id))
+      removeToolbar(id);
+  }
 }
 
 bool ToolbarManager::findDynamicCommand(const QString& id) {
@@ -248,19 +228,20 @@ void ToolbarManager::onActionTimerTimeOut() {
   const QPointer<ToolbarManager> self(this);
   for (const PendingGroupStates::State& state : states) {
     if (self && state.group)
-      applyState(static_cast<CommandGroup*>(state.group.data()), state.began);
+      applyState(static_cast<CommandGroup&>(*state.group), state.began);
   }
 }
 
-void ToolbarManager::applyState(CommandGroup* group, bool began) {
-  const QString id = group->commandId();
-  if (began && d->mainToolbar && d->groups.contains(id) && !d->removed.contains(id))
-    addCommands(*group);
-  ToolBar* const toolbar = findDynamicToolbar(id);
+void ToolbarManager::applyState(CommandGroup& group, bool began) {
+  const QString id = group.commandId();
+  const QPointer<ToolbarManager> self(this);
+  if (began && d->mainToolbar && d->isAdded(id) && !d->removed.contains(id))
+    follow(group);
+  ToolBar* const toolbar = self ? findDynamicToolbar(id) : nullptr;
   if (!toolbar)
     return;
   if (began)
-    removeLeftCommands(*toolbar, *group);
+    ToolBarPrivate::of(*toolbar).commands->followOnly(group);
   for (DynamicToolbar& each : d->dynamicToolbars) {
     if (each.toolbar == toolbar)
       each.inUse = began;
@@ -273,116 +254,73 @@ void ToolbarManager::applyState(CommandGroup* group, bool began) {
 void ToolbarManager::setToolbarVisible(ToolBar* toolbar, bool visible) {
   if (toolbar->isHidden() != visible)
     return;
-  const int count = visibleToolbarCount();
-  if ((visible && count == 0) || (!visible && count == 1)) {
-    for (const auto& separator : std::as_const(d->separators)) {
-      if (separator)
-        separator->setVisible(visible);
-    }
-  }
   const QPointer<ToolBar> shown(toolbar);
   const QPointer<ToolbarManager> self(this);
+  const int count = visibleToolbarCount();
+  if (visible && count == 0)
+    d->row.moveSeparator(); // the main toolbar may have stood before the manager came
+  if (count == (visible ? 0 : 1))
+    d->row.showSeparator(visible);
   if (visible)
-    fitToolbar(toolbar);
+    d->row.fit(*toolbar);
   else
     toolbar->HideAllButtonMenusExcept(false, nullptr);
   if (shown)
     shown->setVisible(visible);
   if (self)
-    calcInnerToolbarPositions();
+    d->row.place(d->toolbars());
 }
 
 void ToolbarManager::setToolbarsVisible(bool visible) {
+  const QPointer<ToolbarManager> self(this);
   const QList<DynamicToolbar> toolbars = d->dynamicToolbars;
   for (const DynamicToolbar& each : toolbars) {
-    if (each.toolbar && (each.inUse || !visible))
+    if (self && each.toolbar && (each.inUse || !visible))
       setToolbarVisible(each.toolbar, visible);
   }
 }
 
-int ToolbarManager::visibleToolbarCount() {
+int ToolbarManager::visibleToolbarCount() const {
   const QList<ToolBar*> toolbars = d->toolbars();
   return int(std::count_if(toolbars.begin(), toolbars.end(),
                            [](const ToolBar* toolbar) { return !toolbar->isHidden(); }));
 }
 
-// --- the row
-
-void ToolbarManager::calcDynamicToolbarPanelGeometry() {
-  if (!d->mainToolbar)
-    return;
-  const QRect main = d->mainToolbar->geometry();
-  const bool horizontal = isHorizontal(*d->mainToolbar);
-  d->anchor = horizontal ? QPoint(main.right() + MAIN_SPACING, main.top())
-                         : QPoint(main.left(), main.bottom() + MAIN_SPACING);
-  for (const auto& separator : std::as_const(d->separators)) {
-    if (!separator)
-      continue;
-    if (horizontal)
-      separator->setFixedHeight(main.height());
-    else
-      separator->setFixedWidth(main.width());
-    separator->move(d->anchor);
-  }
-  calcInnerToolbarPositions();
-}
-
-void ToolbarManager::calcInnerToolbarPositions() {
-  if (!d->mainToolbar || d->separators.isEmpty() || !d->separators.constFirst())
-    return;
-  const bool horizontal = isHorizontal(*d->mainToolbar);
-  const QMargins margins = d->mainToolbar->MainContentMargins();
-  const int step = d->mainToolbar->ButtonGroupSpacing() + (horizontal ? margins.right() : margins.bottom());
-  QRect previous = d->separators.constFirst()->geometry();
-  int gap = MAIN_SPACING;
-  for (ToolBar* const toolbar : d->toolbars()) {
-    if (toolbar->isHidden())
-      continue;
-    toolbar->move(horizontal ? QPoint(previous.right() + gap, previous.top())
-                             : QPoint(previous.left(), previous.bottom() + gap));
-    fitToolbar(toolbar);
-    previous = toolbar->geometry();
-    gap = step;
-  }
-}
-
-// As large as its buttons need, as long as the window has room for it; beyond that the toolbar lists them.
-void ToolbarManager::fitToolbar(ToolBar* toolbar) {
-  QSize size = toolbar->sizeHint();
-  if (d->row) {
-    const QPoint position = toolbar->pos();
-    const QSize room = d->row->size() - QSize(position.x(), position.y());
-    size = size.boundedTo(room).expandedTo(toolbar->minimumSizeHint());
-  }
-  if (toolbar->size() != size)
-    toolbar->resize(size);
+void ToolbarManager::placeRow() {
+  d->row.moveSeparator();
+  d->row.place(d->toolbars());
 }
 
 bool ToolbarManager::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == d->row && event->type() == QEvent::Resize)
-    calcInnerToolbarPositions();
-  if (!d->mainToolbar || watched != d->mainToolbar)
-    return QObject::eventFilter(watched, event);
+  const QPointer<ToolbarManager> self(this);
+  if (watched == d->parent && event->type() == QEvent::Resize)
+    d->row.place(d->toolbars());
+  if (!self || !d->mainToolbar || watched != d->mainToolbar)
+    return false;
   switch (event->type()) {
   case QEvent::Move:
   case QEvent::Resize:
-    calcDynamicToolbarPanelGeometry();
+  case QEvent::LayoutDirectionChange:
+    placeRow();
     break;
   case QEvent::Show:
-    calcDynamicToolbarPanelGeometry();
-    setToolbarsVisible(true);
+    placeRow();
+    if (self)
+      setToolbarsVisible(true);
     break;
   case QEvent::Hide:
     setToolbarsVisible(false);
     break;
   case QEvent::EnabledChange:
-    for (ToolBar* const toolbar : d->toolbars())
-      toolbar->setEnabled(d->mainToolbar->isEnabled());
+    for (const QPointer<ToolBar> toolbar : d->toolbars()) {
+      if (self && toolbar && d->mainToolbar)
+        toolbar->setEnabled(d->mainToolbar->isEnabled());
+    }
     break;
   default:
     break;
   }
-  return QObject::eventFilter(watched, event);
+  return false;
 }
 
 } // namespace Vela::UiBase

@@ -21,7 +21,7 @@ class ToolbarManagerPrivate;
 ///
 /// It listens to whoever announces that groups begin and end. A burst of announcements is applied once, 200
 /// ms after the last of them; the last one of each group counts. The row follows the main toolbar: where it
-/// stands, whether it is enabled and whether it is shown.
+/// stands, whether it is enabled and whether it is shown. In right-to-left layouts it goes to the left.
 ///
 /// The main toolbar and the groups are not owned and may die at any time. The manager owns the toolbars and
 /// the separator that it makes; they are children of the main toolbar's parent. Main thread only, but groups
@@ -46,9 +46,9 @@ public:
   explicit ToolbarManager(ToolBar* mainToolbar);
   ~ToolbarManager() override;
 
-  /// Makes the toolbar of a group, hidden until the group begins. Groups in it get toolbars of their own.
-  /// When the group begins, what it holds since comes in, and what it does not hold any more goes; a group
-  /// that was empty gets its toolbar then. Null is ignored.
+  /// Makes the toolbar of a group, hidden until the group begins. Groups in it get toolbars of their own. The
+  /// toolbar follows its group, and goes with it; a group that was empty, or to which another group was
+  /// added, gets the toolbar when it begins. Null is ignored.
   void addDynamicCommandGroup(CommandGroup* group);
   /// Removes a command from the dynamic toolbars; of a group its toolbar and those of the groups in it. What
   /// was removed does not come back before it is added again.
@@ -71,21 +71,17 @@ private Q_SLOTS:
 
 private:
   void initialize(ToolBar* mainToolbar);
-  void addToolbar(ToolBar* toolbar);
-  void addCommands(CommandGroup& group);
-  void removeLeftCommands(ToolBar& toolbar, const CommandGroup& group);
-  ToolBar* getToolbar(CommandGroup* group, bool& existed, bool create);
-  ToolBar* findDynamicToolbar(const QString& groupId);
-  void addSeparator();
-  void removeSeparator(int index);
-  void calcDynamicToolbarPanelGeometry();
-  void calcInnerToolbarPositions();
+  void follow(CommandGroup& group);
+  void removeToolbar(const QString& groupId);
+  ToolBar* getToolbar(CommandGroup& group);
+  ToolBar* findDynamicToolbar(const QString& groupId) const;
+  void placeRow();
   void setToolbarVisible(ToolBar* toolbar, bool visible);
   void setToolbarsVisible(bool visible);
-  int visibleToolbarCount();
+  int visibleToolbarCount() const;
   void onCommandGroupStateChanged(CommandGroup* group, bool began);
-  void applyState(CommandGroup* group, bool began);
-  void fitToolbar(ToolBar* toolbar);
+  void applyState(CommandGroup& group, bool began);
+  void forgetDeadGroups();
 
   const std::unique_ptr<ToolbarManagerPrivate> d;
 };
