@@ -46,7 +46,9 @@ struct ArrowLayout {
 /// The arrow with the angle and the anchor that it has at this rectangle.
 SArrowParam normalizedArrow(SArrowParam arrow, const QRect& content);
 
-/// Lays a window out. Without an arrow when its position is NoArrow.
-ArrowLayout layOutArrow(const ArrowFrame& frame, const SArrowParam& arrow);
+/// Where everything lies, without the paths. Without an arrow when its position is NoArrow.
+ArrowLayout measureArrow(const ArrowFrame& frame, const SArrowParam& arrow);
+/// Adds the paths to what was measured for the frame.
+void drawArrow(const ArrowFrame& frame, ArrowLayout& layout);
 
 } // namespace Vela::UiBase

@@ -138,6 +138,7 @@ protected:
   const std::unique_ptr<ArrowedWindowPrivate> d;
 
 private:
+  friend class PopupSight;
   friend class WidgetPosCalculator;
 };
 

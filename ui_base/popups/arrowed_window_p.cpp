@@ -11,6 +11,8 @@
 #include <QVBoxLayout>
 #include <QtMath>
 
+#include <utility>
+
 namespace Vela::UiBase {
 
 namespace {
@@ -161,12 +163,23 @@ void ArrowedWindowPrivate::clearArrows() {
 }
 
 void ArrowedWindowPrivate::setCurrentArrow(const SArrowParam& arrow) {
+  m_askedCurrent = asked(arrow);
+  currentArrow = arrow;
+}
+
+const SArrowParam& ArrowedWindowPrivate::asked(const SArrowParam& arrow) const {
   const qsizetype known = arrows.indexOf(arrow);
   if (known >= 0)
-    m_askedCurrent = m_askedArrows.at(known);
-  else if (arrow != currentArrow)
-    m_askedCurrent = arrow;
-  currentArrow = arrow;
+    return m_askedArrows.at(known);
+  return arrow == currentArrow ? m_askedCurrent : arrow;
+}
+
+ArrowLayout ArrowedWindowPrivate::measure(const SArrowParam& arrow) const {
+  return measureArrow(frame(), asked(arrow));
+}
+
+QRect ArrowedWindowPrivate::shape() const {
+  return currentArrow.position == NoArrow ? bounds : bounds | QRect(tip, QSize(1, 1));
 }
 
 void ArrowedWindowPrivate::normalizeArrows() {
@@ -174,7 +187,7 @@ void ArrowedWindowPrivate::normalizeArrows() {
     return;
   m_contentSize = naturalSize(*content);
   for (qsizetype i = 0; i < arrows.size(); ++i)
-    arrows[i] = layOutArrow(frame(), m_askedArrows.at(i)).arrow;
+    arrows[i] = measureArrow(frame(), m_askedArrows.at(i)).arrow;
   if (!arrows.isEmpty())
     setCurrentArrow(arrows.constFirst());
 }
@@ -185,15 +198,13 @@ void ArrowedWindowPrivate::layOut() {
   watchContent(false);
   relayoutPending = false;
   m_contentSize = naturalSize(*content);
-  const ArrowLayout result = layOutArrow(frame(), m_askedCurrent);
+  const ArrowLayout result = measureArrow(frame(), m_askedCurrent);
   partialRect = QRect(result.bounds.left(), partialRect.top() + result.bounds.top() - bounds.top(),
                       result.bounds.width(), partialRect.height());
   currentArrow = result.arrow;
-  outline = result.outline;
-  m_borderShape = result.border;
   bounds = result.bounds;
   tip = result.tip;
-  shapeShadow();
+  m_outlineOutdated = true;
 
   static_cast<ContentItem*>(layout->itemAt(0))->smallest = result.smallestContent;
   const QRect inner = result.content;
@@ -215,14 +226,18 @@ void ArrowedWindowPrivate::layOutAroundTip() {
 bool ArrowedWindowPrivate::isOutOfDate() const { return naturalSize(*content) != m_contentSize; }
 
 void ArrowedWindowPrivate::fitOutline(qreal pixelRatio) {
-  if (pixelRatio == m_pixelRatio)
-    return;
+  const bool finerLine = pixelRatio != m_pixelRatio && border.widthF() <= 0;
   m_pixelRatio = pixelRatio;
-  if (border.widthF() > 0)
+  if (!content || (!finerLine && !std::exchange(m_outlineOutdated, false)))
     return;
-  const ArrowLayout result = layOutArrow(frame(), m_askedCurrent);
-  outline = result.outline;
-  m_borderShape = result.border;
+  m_outlineOutdated = false;
+  ArrowLayout drawn;
+  drawn.bounds = bounds;
+  drawn.tip = tip;
+  drawn.arrow = currentArrow;
+  drawArrow(frame(), drawn);
+  outline = drawn.outline;
+  m_borderShape = drawn.border;
 }
 
 // Qt spreads the filling of a path with many edges over threads. For windows as low as most tooltips waking
@@ -255,7 +270,8 @@ void ArrowedWindowPrivate::paintShape(QPainter& painter) const {
 // --- the shadow
 
 std::unique_ptr<CachedShadowEffect> ArrowedWindowPrivate::makeShadow() {
-  auto effect = std::make_unique<CachedShadowEffect>(*window);
+  auto effect = std::make_unique<CachedShadowEffect>(
+      *window, [this](qreal pixelRatio) { return shadowShape(pixelRatio); });
   effect->setBlurRadius(15.0);
   effect->setOffset(0, 0);
   effect->setColor(defaultShadowColor(content ? content->palette() : window->palette()));
@@ -283,7 +299,6 @@ void ArrowedWindowPrivate::enableShadow(bool enable) {
     shadow();
     m_installedShadow = m_spareShadow.release();
     window->setGraphicsEffect(m_installedShadow);
-    shapeShadow();
   } else {
     // The window deletes the one it had.
     m_spareShadow = makeShadow();
@@ -294,11 +309,10 @@ void ArrowedWindowPrivate::enableShadow(bool enable) {
     layOut();
 }
 
-void ArrowedWindowPrivate::shapeShadow() {
-  if (!m_installedShadow)
-    return;
+CachedShadowShape ArrowedWindowPrivate::shadowShape(qreal pixelRatio) {
+  fitOutline(pixelRatio);
   const int edge = cornerRadius + qCeil(border.widthF()) + 1;
-  m_installedShadow->setShape(outline, bounds.adjusted(edge, edge, -edge, -edge));
+  return {outline, bounds.adjusted(edge, edge, -edge, -edge)};
 }
 
 } // namespace Vela::UiBase

@@ -22,7 +22,9 @@ namespace Vela::UiBase {
 
 class ArrowedWindow;
 class CachedShadowEffect;
+struct CachedShadowShape;
 struct ArrowFrame;
+struct ArrowLayout;
 
 /// The state of an ArrowedWindow, for subclasses that add to it.
 class UI_BASE_EXPORT ArrowedWindowPrivate {
@@ -44,12 +46,16 @@ public:
   void clearArrows();
   void setCurrentArrow(const SArrowParam& arrow);
   void normalizeArrows();
+  /// Where everything would lie with this arrow.
+  ArrowLayout measure(const SArrowParam& arrow) const;
   void layOut();
   /// The same, with the tip kept where it is in the parent or on the screen.
   void layOutAroundTip();
   bool isOutOfDate() const;
-  /// The outline for a device of this many pixels to a pixel.
+  /// Has the outline drawn, for a device of this many pixels to a pixel.
   void fitOutline(qreal pixelRatio);
+  /// Body and arrow, in the coordinates of the window.
+  QRect shape() const;
   void paint(QPainter& painter) const;
 
   QGraphicsDropShadowEffect* shadow();
@@ -58,7 +64,7 @@ public:
   ArrowedWindow* window = nullptr;
   QVBoxLayout* layout = nullptr;
   QPointer<QWidget> content;
-  QPainterPath outline;
+  QPainterPath outline; ///< Drawn when it is painted first after a layout.
   QPen border = QPen(QColor(150, 150, 150, 100), 0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin);
   QPoint tip;
   bool relayoutPending = false;
@@ -75,8 +81,10 @@ public:
 
 private:
   ArrowFrame frame() const;
+  /// As it was given: see m_askedArrows.
+  const SArrowParam& asked(const SArrowParam& arrow) const;
   void paintShape(QPainter& painter) const;
-  void shapeShadow();
+  CachedShadowShape shadowShape(qreal pixelRatio);
   std::unique_ptr<CachedShadowEffect> makeShadow();
 
   /// As they were given: turning an angle away from its edge once more may turn it to another one.
@@ -85,6 +93,7 @@ private:
   QSize m_contentSize;
   QPainterPath m_borderShape;
   qreal m_pixelRatio = 1.0;
+  bool m_outlineOutdated = false;
   QString m_adoptedName;
   QString m_adoptedDescription;
   QMetaObject::Connection m_contentDeath;

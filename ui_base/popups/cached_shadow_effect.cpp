@@ -8,6 +8,7 @@
 #include <QPainter>
 
 #include <array>
+#include <utility>
 
 namespace Vela::UiBase {
 
@@ -28,11 +29,11 @@ void paintBlurred(QPainter& painter, const QPainterPath& shape, const QRectF& ar
 
 } // namespace
 
-CachedShadowEffect::CachedShadowEffect(const QWidget& widget) : m_widget(widget) {}
+CachedShadowEffect::CachedShadowEffect(const QWidget& widget, ShapeFor shapeFor)
+    : m_widget(widget), m_shapeFor(std::move(shapeFor)) {}
 
 void CachedShadowEffect::setShape(const QPainterPath& outline, const QRect& interior) {
-  m_outline = outline;
-  m_interior = interior;
+  m_shape = {outline, interior};
   update();
 }
 
@@ -43,26 +44,26 @@ void CachedShadowEffect::setLooks(const QGraphicsDropShadowEffect& other) {
 }
 
 void CachedShadowEffect::render(qreal ratio) {
-  const Key key = {m_outline, blurRadius(), ratio, offset(), color()};
+  const Key key = {m_shape.outline, blurRadius(), ratio, offset(), color()};
   if (key == m_key)
     return;
   m_key = key;
-  m_area = boundingRectFor(m_outline.boundingRect()).toAlignedRect();
+  m_area = boundingRectFor(m_shape.outline.boundingRect()).toAlignedRect();
   m_shadow = QPixmap(m_area.size() * ratio);
   m_shadow.setDevicePixelRatio(ratio);
   m_shadow.fill(Qt::transparent);
   QPainter painter(&m_shadow);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.translate(-m_area.topLeft());
-  paintBlurred(painter, m_outline.translated(offset()), m_area, blurRadius() * ratio, color());
+  paintBlurred(painter, m_shape.outline.translated(offset()), m_area, blurRadius() * ratio, color());
   painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
-  painter.fillPath(m_outline, Qt::black);
+  painter.fillPath(m_shape.outline, Qt::black);
 }
 
 void CachedShadowEffect::drawShadow(QPainter& painter) const {
   const qreal ratio = m_shadow.devicePixelRatioF();
   // Four strips around the interior, where there is nothing to blend.
-  const QRect inside = m_interior & m_area;
+  const QRect inside = m_shape.interior & m_area;
   const int right = inside.x() + inside.width();
   const int below = inside.y() + inside.height();
   const std::array<QRect, 4> strips = {
@@ -93,8 +94,11 @@ void CachedShadowEffect::drawWidget(QPainter& painter) {
 }
 
 void CachedShadowEffect::draw(QPainter* painter) {
-  if (!m_outline.isEmpty()) {
-    render(painter->paintEngine()->paintDevice()->devicePixelRatioF());
+  const qreal ratio = painter->paintEngine()->paintDevice()->devicePixelRatioF();
+  if (m_shapeFor)
+    m_shape = m_shapeFor(ratio);
+  if (!m_shape.outline.isEmpty()) {
+    render(ratio);
     drawShadow(*painter);
   }
   drawWidget(*painter);

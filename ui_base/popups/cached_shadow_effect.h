@@ -7,7 +7,16 @@
 #include <QRect>
 #include <QWidget>
 
+#include <functional>
+
 namespace Vela::UiBase {
+
+/// What a shadow falls from, in the coordinates of its widget, and a part of it without which the shadow may
+/// be painted.
+struct CachedShadowShape {
+  QPainterPath outline;
+  QRect interior;
+};
 
 /// A drop shadow around a shape that is known. It looks like the plain effect outside the shape, but is
 /// blurred only when the shape or the looks have changed, and not with each frame. Beneath the shape there is
@@ -16,10 +25,13 @@ class CachedShadowEffect : public QGraphicsDropShadowEffect {
   Q_OBJECT
 
 public:
-  /// For this widget, which outlives the effect.
-  explicit CachedShadowEffect(const QWidget& widget);
+  /// The shape for a device of this many pixels to a pixel.
+  using ShapeFor = std::function<CachedShadowShape(qreal pixelRatio)>;
 
-  /// The shape in the coordinates of the widget, and a part of it without which the shadow may be painted.
+  /// For this widget, which outlives the effect. `shapeFor` is asked whenever the shadow is painted; without
+  /// it the shape is the one that was set.
+  explicit CachedShadowEffect(const QWidget& widget, ShapeFor shapeFor = {});
+
   void setShape(const QPainterPath& outline, const QRect& interior);
   /// Takes over blur, offset and colour.
   void setLooks(const QGraphicsDropShadowEffect& other);
@@ -42,8 +54,8 @@ private:
   void drawWidget(QPainter& painter);
 
   const QWidget& m_widget;
-  QPainterPath m_outline;
-  QRect m_interior;
+  const ShapeFor m_shapeFor;
+  CachedShadowShape m_shape;
   Key m_key;
   QRect m_area;
   QPixmap m_shadow;

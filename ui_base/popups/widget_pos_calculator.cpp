@@ -3,11 +3,11 @@
 
 #include <ui_base/popups/arrowed_window.h>
 #include <ui_base/popups/placement_choice.h>
+#include <ui_base/popups/sub_widgets.h>
 #include <ui_base/popups/widget_pos_calculator_p.h>
 
 #include <QApplication>
 #include <QScopeGuard>
-#include <QVariant>
 
 namespace Vela::UiBase {
 
@@ -18,16 +18,6 @@ bool verifySlidArrowByDefault = false;
 WidgetPosCalculator::SearchObserver& searchObserver() {
   static WidgetPosCalculator::SearchObserver observer;
   return observer;
-}
-
-/// What the widgets that stand beside a popup take of the free area.
-QMargins takenBySubWidgets(const QWidget& content) {
-  QMargins taken;
-  const auto subWidgets = content.property("sub_widgets").value<QList<QWidget*>>();
-  for (const QWidget* widget : subWidgets)
-    if (widget && widget->isVisible())
-      Placement::addSideWidget(taken, widget->property("direction_to").toInt(), widget->size());
-  return taken;
 }
 
 QPoint originOf(const QWidget* parent) { return parent ? parent->mapToGlobal(QPoint(0, 0)) : QPoint(); }
@@ -116,7 +106,7 @@ bool WidgetPosCalculator::GetMaxAvailableMovingArea(QRect& area) const {
     return false;
   const auto* const arrowedWindow = qobject_cast<ArrowedWindow*>(d->widget);
   const QWidget* const content = arrowedWindow ? arrowedWindow->InternalWidget() : d->widget.data();
-  area = Placement::freeArea(window->rect(), content ? takenBySubWidgets(*content) : QMargins());
+  area = Placement::freeArea(window->rect(), SubWidgets::takenBeside(content));
   return true;
 }
 

@@ -122,7 +122,8 @@ protected:
   /// The free area in coordinates of the active window: without 30 pixels at each side, and without what the
   /// visible widgets of the popup's property "sub_widgets" (a list of widgets) take on the sides that their
   /// property "direction_to" names (an EDirection; Left when it is not set). For an ArrowedWindow it is the
-  /// property of its content. False without popup or active window.
+  /// property of its content. Widgets of the list that have died are skipped. False without popup or active
+  /// window.
   bool GetMaxAvailableMovingArea(QRect& area) const;
   /// The reference in the coordinates of the popup's parent, or global ones. False without a reference.
   bool GetRefGeometry(QRect& geometry) const;
@@ -139,6 +140,8 @@ protected:
                      const QRect& widgetRect, const QPoint& arrowPoint) const;
 
 private:
+  friend class PopupSight;
+
   const std::unique_ptr<WidgetPosCalculatorPrivate> d;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "a_tooltip_object_p.h"
 
+#include <ui_base/popups/popup_sight.h>
 #include <ui_base/tooltips/a_tooltip_ex.h>
 #include <ui_base/tooltips/tooltip_look.h>
 #include <ui_base/tooltips/tooltip_manager.h>
@@ -174,10 +175,13 @@ void ATooltipObjectPrivate::place() {
     arrowedWindow->SetArrow(SArrowParam());
   else if (!arrowed && !tooltipWindow->testAttribute(Qt::WA_Resized))
     tooltipWindow->adjustSize();
-  QPoint position;
-  const QPoint tip = arrowed ? arrowedWindow->GetArrowPoint() : QPoint();
-  if (calculator().GetPosition(position, tooltipWindow->rect(), arrowed, tip))
-    tooltipWindow->move(arrowed ? arrowedWindow->MovedInside(position) : position);
+  const auto wanted = [this, arrowed] {
+    QPoint position = tooltipWindow->pos();
+    const QPoint tip = arrowed ? arrowedWindow->GetArrowPoint() : QPoint();
+    calculator().GetPosition(position, tooltipWindow->rect(), arrowed, tip);
+    return position;
+  };
+  placeInSight(calculator(), wanted, Qt::ToolTip);
 }
 
 void ATooltipObjectPrivate::followSize() {

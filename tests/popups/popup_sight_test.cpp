@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <ui_base/popups/arrowed_window.h>
+#include <ui_base/popups/placement_search.h>
+#include <ui_base/popups/popup_sight.h>
+#include <ui_base/popups/widget_pos_calculator.h>
+
+#include <QGuiApplication>
+#include <QScreen>
+
+using namespace Vela::UiBase;
+
+namespace {
+
+/// A window with an owner in it and a popup for that, plain or with an arrow.
+struct Stage {
+  Stage(const QSize& size, const QRect& place, bool arrowed) {
+    window.resize(size);
+    owner.setGeometry(place);
+    if (arrowed) {
+      auto* const arrows = new ArrowedWindow(&window);
+      content = new QWidget;
+      content->setFixedSize(120, 50);
+      arrows->AttachWidget(content);
+      arrows->SetArrow(ArrowTop, 10, false, 0, 90, true, 0);
+      popup = arrows;
+    } else {
+      popup = new QWidget(&window);
+      popup->resize(120, 50);
+    }
+    popup->hide();
+    calculator.SetWidget(popup);
+    calculator.SetRefWidget(&owner);
+    calculator.SetDirection(Bottom);
+    window.show();
+  }
+  ArrowedWindow* arrows() const { return qobject_cast<ArrowedWindow*>(popup); }
+  QPoint answer() const {
+    QPoint position;
+    calculator.GetPosition(position, popup->rect(), arrows(),
+                           arrows() ? arrows()->GetArrowPoint() : QPoint());
+    return position;
+  }
+  QSize place() {
+    return placeInSight(calculator, [this] { return answer(); });
+  }
+  /// In global coordinates, without a shadow.
+  QRect seen() const {
+    const QRect rect =
+        arrows() ? arrows()->GetBounds() | QRect(arrows()->GetArrowPoint(), QSize(1, 1)) : popup->rect();
+    return rect.translated(popup->mapToGlobal(QPoint()));
+  }
+  QRect reference() const { return {owner.mapToGlobal(QPoint()), owner.size()}; }
+  QPoint tip() const { return popup->mapToGlobal(arrows()->GetArrowPoint()); }
+  QRect room() const {
+    return popup->isWindow() ? popup->screen()->availableGeometry()
+                             : QRect(window.mapToGlobal(QPoint()), window.size());
+  }
+
+  QWidget window;
+  QWidget owner{&window};
+  WidgetPosCalculator calculator;
+  QPointer<QWidget> popup;
+  QPointer<QWidget> content;
+};
+
+} // namespace
+
+class PopupSightTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void everywhereInSight_data() {
+    QTest::addColumn<QSize>("window");
+    for (const QSize& size : {QSize(90, 40), QSize(300, 200), QSize(640, 480), QSize(3840, 2160)})
+      QTest::addRow("%d x %d", size.width(), size.height()) << size;
+  }
+  void everywhereInSight() {
+    QFETCH(QSize, window);
+    for (const bool arrowed : {false, true}) {
+      Stage stage(window, {0, 0, 24, 16}, arrowed);
+      for (int i = 0; i < 64; ++i) {
+        const int x = i % 8;
+        const int y = i / 8;
+        if (x % 7 != 0 && y % 7 != 0)
+          continue;
+        stage.owner.move((window.width() - 24) * x / 7, (window.height() - 16) * y / 7);
+        for (const EDirection side : {Left, Top, Right, Bottom}) {
+          stage.calculator.SetDirection(side);
+          QCOMPARE(stage.place(), QSize(0, 0));
+          QVERIFY2(stage.room().contains(stage.seen()), qPrintable(stage.calculator.LastSearch().toString()));
+          QVERIFY(!stage.seen().intersects(stage.reference()));
+          if (arrowed)
+            QVERIFY(stage.reference().adjusted(-11, -11, 11, 11).contains(stage.tip()));
+        }
+      }
+    }
+  }
+
+  void answersInSightStand() {
+    Stage stage({640, 480}, {300, 200, 40, 20}, false);
+    const auto answers = [&](const QPoint& answer) {
+      placeInSight(stage.calculator, [&] { return answer; });
+      return stage.popup->pos();
+    };
+    QCOMPARE(answers({0, 0}), QPoint(0, 0)); // not even at a distance of the edges
+    QCOMPARE(answers({520, 430}), QPoint(520, 430));
+    QCOMPARE(answers({521, 430}), QPoint(260, 229));
+    QCOMPARE(stage.calculator.Direction(), Bottom);
+    stage.calculator.SetRefWidget(nullptr);
+    QCOMPARE(answers({-7, 900}), QPoint(0, 430));
+  }
+
+  void arrowsTakenUnseen() {
+    // Slid upwards as far as it goes the arrow would point at the owner from within the window.
+    Stage stage({640, 480}, {300, 60, 40, 20}, true);
+    stage.window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&stage.window));
+    stage.arrows()->SetArrow(ArrowBottom, 10, false, 0, 90, true, 0);
+    stage.place();
+    QVERIFY(stage.room().contains(stage.seen()));
+    QVERIFY(!stage.seen().intersects(stage.reference()));
+
+    // Another window is active, and the room in that one says nothing.
+    stage.owner.move(300, 240);
+    QWidget palette;
+    palette.resize(100, 60);
+    palette.show();
+    palette.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&palette));
+    stage.arrows()->SetArrow(ArrowTop, 10, false, 0, 90, true, 0);
+    stage.place();
+    SArrowParam arrow;
+    QVERIFY(stage.arrows()->GetCurrentArrowParam(arrow));
+    QCOMPARE(arrow.offset, 0);
+    QCOMPARE(stage.tip().x(), stage.reference().center().x());
+  }
+
+  void tipsStayOnTheirEdge() {
+    Stage stage({640, 480}, {0, 0, 6, 20}, true);
+    stage.place();
+    SArrowParam arrow;
+    QVERIFY(stage.arrows()->GetCurrentArrowParam(arrow));
+    QCOMPARE(arrow.position, ArrowTop);
+    QCOMPARE(arrow.angle, 270);
+    QVERIFY(stage.tip().y() < stage.popup->mapToGlobal(stage.arrows()->GetBounds().topLeft()).y());
+    QVERIFY(stage.tip().x() <= stage.reference().right());
+  }
+
+  void leavesASmallParentAndComesHome() {
+    Stage stage({640, 480}, {300, 200, 40, 20}, true);
+    QWidget layer(&stage.window);
+    layer.setGeometry(250, 180, 100, 60);
+    layer.show();
+    stage.popup->setParent(&layer);
+    stage.place();
+    QCOMPARE(stage.popup->parentWidget(), &stage.window);
+    QVERIFY(!stage.popup->isWindow() && stage.room().contains(stage.seen()));
+    QVERIFY(stage.popup->testAttribute(Qt::WA_ShowWithoutActivating));
+
+    layer.setGeometry(stage.window.rect());
+    stage.place();
+    QCOMPARE(stage.popup->parentWidget(), &layer);
+
+    stage.window.resize(90, 40);
+    layer.setGeometry(0, 0, 90, 40);
+    stage.owner.move(0, 0);
+    stage.place();
+    QVERIFY(stage.popup->isWindow());
+    QCOMPARE(stage.popup->parentWidget(), &stage.window);
+    // While it is shown it stays in its window.
+    stage.popup->show();
+    stage.window.resize(640, 480);
+    layer.setGeometry(stage.window.rect());
+    stage.place();
+    QVERIFY(stage.popup->isWindow() && stage.popup->isVisible());
+    QVERIFY(stage.room().contains(stage.seen()) && !stage.seen().intersects(stage.reference()));
+    stage.popup->hide();
+    // Who gives it another parent has the last word.
+    stage.popup->setParent(&stage.owner);
+    stage.place();
+    QVERIFY(stage.popup->parentWidget() != &layer);
+  }
+
+  void noRoomAnywhere() {
+    Stage stage({640, 480}, {0, 0, 640, 480}, false);
+    stage.window.setGeometry(stage.window.screen()->availableGeometry());
+    stage.owner.setGeometry(stage.window.rect());
+    QVERIFY(!stage.place().isNull());
+    QVERIFY(!stage.popup->isWindow() && stage.room().contains(stage.seen()));
+
+    // What can be smaller takes off what is told.
+    stage.owner.setGeometry(0, 0, stage.window.width(), stage.window.height() - 200);
+    stage.popup->resize(stage.window.width(), 300);
+    QCOMPARE(stage.place(), QSize(0, 100));
+    stage.popup->resize(stage.window.width(), 200);
+    QCOMPARE(stage.place(), QSize(0, 0));
+  }
+
+  void whatTheAnswerEnds_data() {
+    QTest::addColumn<int>("what");
+    QTest::newRow("popup") << 0;
+    QTest::newRow("calculator") << 1;
+    QTest::newRow("owner") << 2;
+    QTest::newRow("content") << 3;
+  }
+  void whatTheAnswerEnds() {
+    QFETCH(int, what);
+    Stage stage({300, 200}, {300, 200, 40, 20}, true);
+    auto* const calculator = new WidgetPosCalculator(&stage.window);
+    calculator->SetWidget(stage.popup);
+    auto* const owner = new QWidget(&stage.window);
+    calculator->SetRefWidget(owner);
+    placeInSight(*calculator, [&] {
+      if (what == 0)
+        delete stage.popup;
+      else if (what == 1)
+        delete calculator;
+      else if (what == 2)
+        delete owner;
+      else
+        delete stage.content;
+      return QPoint(-500, -500);
+    });
+    QCOMPARE(!stage.popup, what == 0);
+  }
+
+  void sideWidgetsAreKeptInSightToo() {
+    Stage stage({640, 480}, {300, 360, 40, 20}, false);
+    QWidget side(&stage.window);
+    side.resize(120, 60);
+    side.setProperty("direction_to", int(Bottom));
+    side.show();
+    auto* const dead = new QWidget(&stage.window);
+    dead->setProperty("direction_to", int(Top));
+    stage.popup->setProperty("sub_widgets", QVariant::fromValue(QList<QWidget*>{dead, nullptr, &side}));
+    delete dead;
+    placeInSight(stage.calculator, [] { return QPoint(300, 470); });
+    QCOMPARE(stage.popup->geometry().bottom() + 10, stage.owner.y() - 1);
+  }
+};
+
+VELA_TEST_MAIN(PopupSightTest)
+#include "popup_sight_test.moc"

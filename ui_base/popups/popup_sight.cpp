@@ -1,0 +1,307 @@
+// SPDX-License-Identifier: MIT
+#include "popup_sight.h"
+
+#include "arrow_outline.h"
+#include "arrowed_window.h"
+#include "arrowed_window_p.h"
+#include "placement_sight.h"
+#include "sub_widgets.h"
+#include "widget_pos_calculator.h"
+#include "widget_pos_calculator_p.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QScreen>
+#include <QVariant>
+#include <QWidget>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <utility>
+
+namespace Vela::UiBase {
+
+/// Where a popup belongs that has left its parent.
+struct PopupHome {
+  QPointer<QWidget> parent;
+  QPointer<QWidget> refuge;
+  Qt::WindowFlags flags;
+};
+
+} // namespace Vela::UiBase
+
+Q_DECLARE_METATYPE(Vela::UiBase::PopupHome)
+
+namespace Vela::UiBase {
+
+namespace {
+
+using Placement::KeptStance;
+using Placement::Stance;
+
+constexpr const char* homeProperty = "vela_popup_home";
+
+void goHome(QWidget& popup) {
+  const auto home = popup.property(homeProperty).value<PopupHome>();
+  if (!home.refuge)
+    return;
+  popup.setProperty(homeProperty, QVariant());
+  // Who has given it another parent meanwhile wants it there.
+  if (home.parent && popup.parentWidget() == home.refuge)
+    popup.setParent(home.parent, home.flags);
+}
+
+void leaveFor(QWidget& popup, QWidget* refuge, Qt::WindowFlags flags) {
+  const PopupHome home{popup.parentWidget(), refuge, popup.windowFlags()};
+  // A bar or a panel would take the activation along.
+  popup.setAttribute(Qt::WA_ShowWithoutActivating);
+  popup.setParent(refuge, flags);
+  popup.setProperty(homeProperty, QVariant::fromValue(home));
+}
+
+/// A place for popups to be in; its area is in global coordinates.
+struct Room {
+  QWidget* parent = nullptr; // null for the screen
+  QRect area;
+};
+
+QRect globalRect(const QWidget& widget) { return {widget.mapToGlobal(QPoint(0, 0)), widget.size()}; }
+
+} // namespace
+
+/// One placing of a popup. All rectangles are global.
+class PopupSight {
+public:
+  PopupSight(WidgetPosCalculator& calculator, QWidget& popup)
+      : m_calculator(calculator), m_popup(popup), m_arrows(qobject_cast<ArrowedWindow*>(&popup)) {
+    m_origin = popup.parentWidget() ? popup.parentWidget()->mapToGlobal(QPoint(0, 0)) : QPoint();
+    m_target = calculator.d->target(QRect());
+    m_hasReference = calculator.GetRefGeometry(m_target.reference);
+    m_target.reference.translate(m_origin);
+    m_beside = SubWidgets::takenBeside(m_arrows ? m_arrows->InternalWidget() : &popup);
+  }
+
+  QSize place(const QPoint& wanted, Qt::WindowType outside);
+
+private:
+  QList<Room> rooms() const;
+  bool isInSight(const QRect& seen, const Room& room) const;
+  QRect seenOfPopup() const;
+  QRect areaOf(const Room& room) const;
+
+  void listStances();
+  void addArrow(const SArrowParam& arrow, EDirection side);
+  void addArrows();
+
+  KeptStance stanceIn(const Room& room) const;
+  void move(const KeptStance& kept, const Room& room, Qt::WindowType outside);
+
+  WidgetPosCalculator& m_calculator;
+  QWidget& m_popup;
+  ArrowedWindow* const m_arrows;
+  QPoint m_origin;
+  Placement::Target m_target;
+  bool m_hasReference = false;
+  QMargins m_beside;
+  QList<Stance> m_stances;
+  QList<SArrowParam> m_stanceArrows;
+};
+
+namespace {
+
+/// Where the tip of an arrow is to be. As the search has it, but arrows at corners meet the reference at all
+/// of its corners.
+QPoint pointedAt(const Placement::Target& target, const SArrowParam& arrow, EDirection side) {
+  const QRect& reference = target.reference;
+  const QPoint before = reference.topLeft() - QPoint(target.baseOffset + 1, target.baseOffset + 1);
+  const QPoint after = reference.bottomRight() + QPoint(target.baseOffset, target.baseOffset);
+  QPoint point = reference.center();
+  if (side == Left || side == Right)
+    point.setX(side == Left ? before.x() : after.x());
+  else
+    point.setY(side == Bottom ? after.y() : before.y());
+  if (arrow.fixedAngle)
+    return point;
+  switch (arrow.position) {
+  case ArrowTopLeft:
+    return after;
+  case ArrowTopRight:
+    return {before.x(), after.y()};
+  case ArrowBottomLeft:
+    return {after.x(), before.y()};
+  case ArrowBottomRight:
+    return before;
+  default:
+    return point;
+  }
+}
+
+bool pointsAwayFromAnEdge(const ArrowLayout& layout, EDirection side) {
+  const QRect& body = layout.bounds;
+  const bool overX = layout.tip.x() >= body.left() && layout.tip.x() <= body.right();
+  const bool overY = layout.tip.y() >= body.top() && layout.tip.y() <= body.bottom();
+  return side == Top || side == Bottom ? overX && !overY : overY && !overX;
+}
+
+int along(EDirection side, const QPoint& point) {
+  return side == Top || side == Bottom ? point.x() : point.y();
+}
+
+} // namespace
+
+void PopupSight::addArrow(const SArrowParam& arrow, EDirection side) {
+  const ArrowLayout layout = m_arrows->d->measure(arrow);
+  const QRect shape = layout.bounds | QRect(layout.tip, QSize(1, 1));
+  Stance stance{.side = side, .rect = shape.translated(pointedAt(m_target, arrow, side) - layout.tip)};
+  stance.arrowed = true;
+  const int start = along(side, shape.topLeft());
+  stance.tip = along(side, layout.tip) - start;
+  stance.lastTip = stance.firstTip - 1;
+  if (pointsAwayFromAnEdge(layout, side)) {
+    // On the corner itself it would belong to the other edge.
+    const int lean = along(side, layout.tip - layout.arrow.anchor) - start;
+    stance.firstTip = std::min(stance.tip, along(side, layout.content.topLeft()) + 1 + lean);
+    stance.lastTip = std::max(stance.tip, along(side, layout.content.bottomRight()) - 1 + lean);
+  }
+  m_stances.append(stance);
+  m_stanceArrows.append(layout.arrow);
+}
+
+void PopupSight::addArrows() {
+  const QList<SArrowParam> given = m_arrows->GetArrowParams();
+  const QList<EDirection> sides = Placement::fullPriorityList(m_calculator.Directions());
+  QList<ArrowPair> pairs = Placement::arrowPairs(given, m_arrows->AutoDecideArrowPosition(), sides);
+  if (pairs.isEmpty())
+    return;
+  // In the middle of an edge there is one for each side, whatever was given.
+  const QList<ArrowPair> others = Placement::arrowPairs(given, true, sides);
+  std::copy_if(others.cbegin(), others.cend(), std::back_inserter(pairs),
+               [](const ArrowPair& pair) { return pair.first.position <= ArrowRight; });
+  for (const auto& [arrow, side] : std::as_const(pairs))
+    addArrow(arrow, side);
+}
+
+void PopupSight::listStances() {
+  if (m_arrows && m_arrows->InternalWidget())
+    addArrows();
+  if (m_stances.isEmpty())
+    m_stances = Placement::plainStances(m_target, Placement::fullPriorityList(m_calculator.Directions()),
+                                        seenOfPopup().size());
+}
+
+QRect PopupSight::seenOfPopup() const { return m_arrows ? m_arrows->d->shape() : m_popup.rect(); }
+
+QList<Room> PopupSight::rooms() const {
+  const QScreen* screen = m_hasReference ? QGuiApplication::screenAt(m_target.reference.center()) : nullptr;
+  const QRect onScreen = screen ? screen->geometry() : QRect();
+  const Room everywhere{nullptr, (screen ? screen : m_popup.screen())->availableGeometry()};
+  QWidget* const parent = m_popup.parentWidget();
+  if (m_popup.isWindow() || !parent)
+    return {everywhere};
+
+  QList<Room> rooms;
+  const QRect window = globalRect(*parent->window());
+  const QRect inWindow = onScreen.intersects(window) ? onScreen & window : window;
+  rooms.append({parent, globalRect(*parent) & inWindow});
+  if (!m_popup.isHidden() || !m_hasReference)
+    return rooms;
+  if (!parent->isWindow())
+    rooms.append({parent->window(), inWindow});
+  rooms.append(everywhere);
+  return rooms;
+}
+
+QRect PopupSight::areaOf(const Room& room) const {
+  const QRect withoutSides = room.area.marginsRemoved(m_beside);
+  return withoutSides.width() >= m_popup.width() && withoutSides.height() >= m_popup.height() ? withoutSides
+                                                                                              : room.area;
+}
+
+/// What a search has taken unseen is looked at here; and what it has compared with the room of another
+/// window.
+bool PopupSight::isInSight(const QRect& seen, const Room& room) const {
+  if (!room.area.contains(seen))
+    return false;
+  const PlacementCandidate* const taken = m_calculator.LastSearch().taken();
+  const bool unseen = taken && taken->outcome == PlacementSlid;
+  return !unseen || (!Placement::covers(seen, m_target) && QApplication::activeWindow() == m_popup.window());
+}
+
+KeptStance PopupSight::stanceIn(const Room& room) const {
+  return Placement::keepInSight(m_stances, m_target, areaOf(room));
+}
+
+QSize PopupSight::place(const QPoint& wanted, Qt::WindowType outside) {
+  const QList<Room> all = rooms();
+  const QRect seen = seenOfPopup().translated(wanted + m_origin);
+  if (isInSight(seen, all.constFirst())) {
+    m_popup.move(m_popup.isWindow() ? wanted + m_origin : wanted);
+    return {0, 0};
+  }
+  if (m_hasReference)
+    listStances();
+  else
+    m_stances = {{.rect = seen}};
+  Room room = all.constFirst();
+  KeptStance kept = stanceIn(room);
+  for (qsizetype i = 1; i < all.size() && !kept.isWhole(); ++i) {
+    const KeptStance elsewhere = stanceIn(all.at(i));
+    if (elsewhere.hidden < kept.hidden) {
+      kept = elsewhere;
+      room = all.at(i);
+    }
+  }
+  const QRect area = areaOf(room);
+  const QSize beyond = kept.rect.size() - (kept.rect & area).size();
+  if (!kept.isWhole())
+    kept = Placement::keepInside(m_stances, m_target, area);
+  move(kept, room, outside);
+  return beyond.expandedTo({0, 0});
+}
+
+void PopupSight::move(const KeptStance& kept, const Room& room, Qt::WindowType outside) {
+  const QPointer<QWidget> popup(&m_popup);
+  const QPointer<QWidget> refuge(m_popup.window());
+  if (room.parent && room.parent != m_popup.parentWidget())
+    leaveFor(m_popup, room.parent, m_popup.windowFlags());
+  else if (!room.parent && !m_popup.isWindow())
+    leaveFor(m_popup, refuge, outside | Qt::FramelessWindowHint);
+  if (!popup)
+    return;
+
+  QPoint shape = seenOfPopup().topLeft();
+  QPoint position = kept.rect.topLeft();
+  if (kept.index < m_stanceArrows.size()) {
+    SArrowParam arrow = m_stanceArrows.at(kept.index);
+    const Stance& stance = m_stances.at(kept.index);
+    if (kept.slide != 0) {
+      const int anchor = along(stance.side, arrow.anchor);
+      arrow.offset = 0;
+      arrow.offsetAlongX = stance.side == Top || stance.side == Bottom;
+      arrow.offset = anchor + kept.slide - along(stance.side, m_arrows->d->measure(arrow).arrow.anchor);
+    }
+    QSize size;
+    QPoint tip;
+    m_arrows->GetArrowWindowSize(arrow, size, tip);
+    if (!popup)
+      return;
+    shape = seenOfPopup().topLeft();
+  }
+  position -= shape;
+  if (!m_popup.isWindow() && m_popup.parentWidget())
+    position -= m_popup.parentWidget()->mapToGlobal(QPoint(0, 0));
+  m_popup.move(position);
+}
+
+QSize placeInSight(WidgetPosCalculator& calculator, const std::function<QPoint()>& position,
+                   Qt::WindowType outside) {
+  const QPointer<WidgetPosCalculator> alive(&calculator);
+  if (calculator.Widget() && calculator.Widget()->isHidden())
+    goHome(*calculator.Widget());
+  const QPoint wanted = position();
+  QWidget* const popup = alive ? alive->Widget() : nullptr;
+  return popup ? PopupSight(*alive, *popup).place(wanted, outside) : QSize(0, 0);
+}
+
+} // namespace Vela::UiBase
