@@ -102,6 +102,24 @@ private Q_SLOTS:
     QCOMPARE(angleOf(window), 90);
   }
 
+  void aListThatBeginsWithoutAnArrow() {
+    ArrowedWindow window;
+    window.AttachWidget(new ArrowedContent({60, 30}));
+    const QSize bare = window.size();
+    SArrowParam arrow{.position = NoArrow};
+    window.AddArrow(arrow);
+    window.AddArrow(ArrowTop, 10, false, 0, 90, true, 0);
+    QVERIFY(!window.GetCurrentArrowParam(arrow));
+    arrow = window.GetArrowParams().at(1);
+    QSize size;
+    QPoint tip;
+    QVERIFY(window.GetArrowWindowSize(arrow, size, tip));
+    QCOMPARE(size, bare + QSize(0, 10));
+    arrow.position = NoArrow;
+    QVERIFY(!window.GetArrowWindowSize(arrow, size, tip));
+    QCOMPARE(angleOf(window), 270);
+  }
+
   void tinyContentLeavesRoomForArrowAndCorners() {
     ArrowedWindow window;
     window.AttachWidget(new ArrowedContent({2, 2}));

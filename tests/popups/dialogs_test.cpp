@@ -254,6 +254,36 @@ private Q_SLOTS:
     QCOMPARE(finished.size(), answer.isEmpty() ? 0 : 1);
   }
 
+  void buttonsOfTheInheritedWay_data() {
+    QTest::addColumn<int>("pressed"); // -1 is Escape
+    QTest::addColumn<QString>("answer");
+    QTest::addColumn<int>("result");
+    QTest::newRow("yes") << 0 << QStringLiteral("Yes") << 1;
+    QTest::newRow("named, no") << 1 << QStringLiteral("refused") << 0;
+    QTest::newRow("destructive") << 2 << QStringLiteral("Throw away") << 1;
+    QTest::newRow("help does not answer") << 3 << QString() << 0;
+    QTest::newRow("Escape refuses") << -1 << QStringLiteral("refused") << 0;
+  }
+  void buttonsOfTheInheritedWay() {
+    QFETCH(int, pressed);
+    QFETCH(QString, answer);
+    DialogEx dialog(DialogWarning, QStringLiteral("Close"), QStringLiteral("There are changes."));
+    dialog.AddButton(QStringLiteral("&Yes"), QDialogButtonBox::YesRole);
+    dialog.AddButton(QStringLiteral("No"), QDialogButtonBox::NoRole)
+        ->setObjectName(QStringLiteral("refused"));
+    dialog.AddButton(QStringLiteral("Throw away"), QDialogButtonBox::DestructiveRole);
+    dialog.AddButton(QStringLiteral("Help"), QDialogButtonBox::HelpRole);
+    openDialog(dialog);
+    QCOMPARE(dialog.Buttons().size(), 4);
+    if (pressed < 0)
+      key(dialog, Qt::Key_Escape);
+    else
+      dialog.Buttons().at(pressed)->click();
+    QCOMPARE(dialog.Answer(), answer);
+    QTEST(dialog.result(), "result");
+    QCOMPARE(dialog.isVisible(), answer.isEmpty());
+  }
+
   void anAnswerIsRemembered() {
     const QTemporaryDir folder;
     ApplicationService::GetInstance().setConfigManager(

@@ -168,6 +168,18 @@ private Q_SLOTS:
     stage.place();
     QVERIFY(stage.popup->isWindow());
     QCOMPARE(stage.popup->parentWidget(), &stage.window);
+    // It belongs to its parent wherever it is.
+    const QPointer<QWidget> doomed(new QWidget(&stage.window));
+    WidgetPosCalculator other;
+    auto* const second = new QWidget(doomed);
+    second->resize(120, 50);
+    other.SetWidget(second);
+    other.SetRefWidget(&stage.owner);
+    const QPointer<QWidget> follower(second);
+    placeInSight(other, [] { return QPoint(900, 900); });
+    QVERIFY(second->parentWidget() != doomed);
+    delete doomed;
+    QVERIFY(!follower);
     // While it is shown it stays in its window.
     stage.popup->show();
     stage.window.resize(640, 480);

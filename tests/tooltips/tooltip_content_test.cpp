@@ -7,6 +7,7 @@
 
 #include <QAction>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QLayout>
 #include <QShortcut>
 #include <QSignalSpy>
@@ -96,8 +97,8 @@ private Q_SLOTS:
 
   void helpKeyUnfoldsThenAsks() {
     TooltipFixture f;
-    QShortcut general(Qt::Key_F1, f.window);
-    QSignalSpy generalHelp(&general, &QShortcut::activated);
+    auto* const general = new QShortcut(Qt::Key_F1, f.window);
+    QSignalSpy generalHelp(general, &QShortcut::activated);
     QSignalSpy asked(f.tooltip, &ATooltipObject::HelpRequested);
     QSignalSpy askedAnywhere(&TooltipManager::GetInstance(), &TooltipManager::HelpRequested);
     f.tooltip->SetTooltipIndex(17);
@@ -115,6 +116,30 @@ private Q_SLOTS:
     f.tooltip->HideTooltip();
     f.key(Qt::Key_F1);
     QCOMPARE(generalHelp.count(), 1);
+
+    // The help that opens closes the tooltip, and the key still reaches nobody else.
+    class Keys : public QWidget {
+    public:
+      using QWidget::QWidget;
+      int count = 0;
+
+    protected:
+      void keyPressEvent(QKeyEvent*) override { ++count; }
+      void keyReleaseEvent(QKeyEvent*) override { ++count; }
+    };
+    auto* const keys = new Keys(f.window);
+    keys->show();
+    keys->setFocus();
+    delete f.window->findChild<QShortcut*>();
+    connect(f.tooltip, &ATooltipObject::HelpRequested, f.tooltip, &ATooltipObject::ForceHideTooltip);
+    f.tooltip->ShowTooltip();
+    f.key(Qt::Key_F1);
+    QVERIFY(f.tooltip->IsVisible()); // it has unfolded
+    f.key(Qt::Key_F1);
+    QVERIFY(!f.tooltip->IsVisible());
+    QCOMPARE(keys->count, 0);
+    f.key(Qt::Key_F1);
+    QCOMPARE(keys->count, 2);
   }
 
   void actionsHaveTooltips() {

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tooltip_fixture.h"
 
+#include <QDialog>
 #include <QHelpEvent>
+#include <QScreen>
 #include <QSignalSpy>
 
 using namespace Vela::UiBase;
@@ -69,6 +71,66 @@ private Q_SLOTS:
     f.tooltip->ShowTooltip();
     f.letTimePass(40);
     QVERIFY(f.tooltip->IsVisible());
+  }
+
+  void timeOfALeaveBeforeDoesNotEndAShowing() {
+    TooltipFixture f({NEVER, 20, NEVER, NEVER, NEVER});
+    f.moveTo(f.widget);
+    f.moveAway();
+    f.tooltip->ShowTooltip();
+    f.letTimePass(40);
+    QVERIFY(f.tooltip->IsVisible());
+  }
+
+  void compositeWidgets() {
+    TooltipFixture f({AT_ONCE, NEVER, NEVER, NEVER, NEVER});
+    QWidget part(f.widget);
+    part.setGeometry(0, 0, 20, 30);
+    QWidget inner(&part);
+    inner.setGeometry(5, 5, 10, 20);
+    QWidget apart(f.widget);
+    apart.setGeometry(40, 0, 20, 30);
+    TooltipObject own(QStringLiteral("of its own"));
+    own.SetTooltipText(QStringLiteral("x"));
+    own.AttachTo(&apart);
+    f.widget->show();
+    for (QWidget* const each : {&part, &inner, &apart})
+      each->show();
+    f.moveTo(&inner);
+    f.moveTo(&inner, {6, 6});
+    QTRY_VERIFY(f.tooltip->IsVisible());
+    f.moveTo(f.widget);
+    f.moveTo(&part, {1, 1});
+    QVERIFY(f.tooltip->IsVisible());
+    f.moveTo(&apart);
+    f.moveTo(&apart, {3, 3});
+    QTRY_VERIFY(own.IsVisible());
+    QVERIFY(!f.tooltip->IsVisible());
+    f.moveTo(f.widget, {30, 15});
+    f.moveTo(f.widget, {32, 15});
+    QTRY_VERIFY(f.tooltip->IsVisible());
+    f.press(&inner);
+    QVERIFY(!f.tooltip->IsVisible());
+  }
+
+  void underARestingMouse() {
+    TooltipFixture f;
+    f.moveTo(f.widget);
+    QTRY_VERIFY(f.tooltip->IsVisible());
+    f.tooltip->SetEnableTooltip(false);
+    QVERIFY(!f.tooltip->IsVisible());
+    f.tooltip->SetEnableTooltip(true);
+    QTRY_VERIFY(f.tooltip->IsVisible());
+    f.tooltip->Detach();
+    f.tooltip->AttachTo(f.widget);
+    QTRY_VERIFY(f.tooltip->IsVisible());
+    // Not while a button is held on it.
+    const QPoint at = f.widget->mapTo(f.window, QPoint(9, 9));
+    QTest::mousePress(f.window->windowHandle(), Qt::LeftButton, {}, at);
+    QTest::mouseMove(f.window->windowHandle(), at + QPoint(2, 2));
+    f.letTimePass(1);
+    QVERIFY(!f.tooltip->IsVisible());
+    QTest::mouseRelease(f.window->windowHandle(), Qt::LeftButton, {}, at);
   }
 
   void mouseOnTooltipKeepsItWithHoverEventsOnly_data() {
@@ -160,6 +222,21 @@ private Q_SLOTS:
     row("a view disappears", [](F) { TooltipManager::GetInstance().onViewVisibilityChange(false); });
     row(
         "a view appears", [](F) { TooltipManager::GetInstance().onViewVisibilityChange(true); }, true);
+    row("widget scrolled away", [](F f) { f.widget->move(f.widget->pos() - QPoint(0, 9)); });
+    row(
+        "window moved", [](F f) { f.window->move(30, 30); }, true);
+    row("covered by a modal window", [](F f) {
+      QDialog dialog(f.window);
+      dialog.setModal(true);
+      dialog.show();
+      QTRY_VERIFY(!f.tooltip->IsVisible());
+    });
+    row("its group is another one's", [](F f) {
+      f.other->SetTooltipGroup(QStringLiteral("apart"));
+      f.other->ShowTooltip();
+      QVERIFY(f.tooltip->IsVisible());
+      f.other->SetTooltipGroup(QStringLiteral("test"));
+    });
     row("content hidden", [](F f) { f.tooltip->TooltipControl()->hide(); });
     row("content deleted", [](F f) { delete f.tooltip->TooltipControl(); });
   }
@@ -189,6 +266,7 @@ private Q_SLOTS:
     QHelpEvent help(QEvent::ToolTip, {1, 1}, f.widget->mapToGlobal(QPoint(1, 1)));
     QVERIFY(f.tooltip->eventFilter(f.widget, &help));
     QVERIFY(!f.tooltip->IsVisible());
+    QVERIFY(!f.tooltip->eventFilter(f.widget, nullptr));
     for (const auto type : {QEvent::Enter, QEvent::Leave, QEvent::Hide, QEvent::FocusOut, QEvent::Paint}) {
       QEvent event(type);
       QVERIFY(!f.tooltip->eventFilter(f.widget, &event));
@@ -272,6 +350,21 @@ private Q_SLOTS:
     QVERIFY(layer.isVisible() && f.shown()->parentWidget() == &layer);
     manager.SetTooltipLayer(QStringLiteral("test"), nullptr);
 
+    // A layer of another window is not where the user looks.
+    QWidget elsewhere;
+    QWidget foreign(&elsewhere);
+    manager.SetTooltipLayer(QStringLiteral("test"), &foreign);
+    QCOMPARE(manager.getTooltipLayer(f.tooltip), f.window);
+    manager.SetTooltipLayer(QStringLiteral("test"), nullptr);
+
+    // A spot belongs to the window that shows it, whichever is active.
+    elsewhere.show();
+    elsewhere.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&elsewhere));
+    const TooltipObject spot(QStringLiteral("test"), f.window);
+    QCOMPARE(manager.getTooltipLayer(const_cast<TooltipObject*>(&spot)), f.window);
+    elsewhere.hide();
+
     // The widget goes to a window of its own, and its tooltip with it.
     f.widget->setParent(nullptr);
     f.widget->show();
@@ -318,18 +411,43 @@ private Q_SLOTS:
     QCOMPARE(body.top() > f.widget->geometry().bottom(), side == Bottom);
     QCOMPARE(body.left() > f.widget->geometry().right(), side == Right);
     QCOMPARE(body.right() < f.widget->x(), side == Left);
-    // There is no room on that side: it is shown on the other one.
-    f.widget->move(side == Left    ? 0
-                   : side == Right ? 540
-                                   : 150,
-                   side == Top      ? 0
-                   : side == Bottom ? 370
-                                    : 180);
-    f.tooltip->ShowTooltip();
-    QVERIFY(!f.shown()->geometry().intersects(f.widget->geometry()));
-    QVERIFY(f.window->rect().contains(f.shown()->geometry()));
     f.press(f.shown());
     QCOMPARE(f.tooltip->IsVisible(), rich);
+  }
+
+  // Owners along the edges and in the corners, in windows of all sizes.
+  void inSightEverywhere_data() {
+    QTest::addColumn<QSize>("window");
+    QTest::addColumn<Qt::LayoutDirection>("layout");
+    for (const QSize& size : {QSize(90, 40), QSize(160, 90), QSize(300, 200), QSize(760, 700)})
+      for (const Qt::LayoutDirection layout : {Qt::LeftToRight, Qt::RightToLeft})
+        QTest::addRow("%d x %d, %d", size.width(), size.height(), layout) << size << layout;
+  }
+  void inSightEverywhere() {
+    QFETCH(const QSize, window);
+    QFETCH(const Qt::LayoutDirection, layout);
+    TooltipFixture f({NEVER, NEVER, NEVER, NEVER, NEVER});
+    f.window->setLayoutDirection(layout);
+    f.window->resize(window);
+    f.neighbour->hide();
+    f.widget->resize(24, 16);
+    for (int type = QuickTooltip; type <= RichSideTooltip; ++type) {
+      f.tooltip->SetTooltipType(ETooltipType(type));
+      for (const auto& [x, y] :
+           {std::pair(0, 0), {1, 0}, {2, 0}, {0, 1}, {1, 1}, {2, 1}, {0, 2}, {1, 2}, {2, 2}}) {
+        f.tooltip->HideTooltip();
+        f.widget->move((window.width() - 24) * x / 2, (window.height() - 16) * y / 2);
+        f.tooltip->ShowTooltip();
+        const QRect shown(f.shown()->mapToGlobal(f.tooltip->GetArrowedWindow()->GetBounds().topLeft()),
+                          f.tooltip->GetArrowedWindow()->GetBounds().size());
+        const QRect room = f.shown()->isWindow() ? f.shown()->screen()->geometry() : f.window->geometry();
+        QVERIFY(f.tooltip->IsVisible() && room.contains(shown));
+        const QRect owner(f.widget->mapToGlobal(QPoint()), f.widget->size());
+        QVERIFY(!shown.intersects(owner));
+        const QPoint tip = f.shown()->mapToGlobal(f.tooltip->GetArrowedWindow()->GetArrowPoint());
+        QVERIFY(owner.adjusted(-9, -9, 9, 9).contains(tip));
+      }
+    }
   }
 };
 

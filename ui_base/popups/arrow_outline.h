@@ -22,6 +22,8 @@ struct ArrowFrame {
   QMargins room;
   /// Pixels of the device to a pixel.
   qreal pixelRatio = 1.0;
+
+  friend bool operator==(const ArrowFrame&, const ArrowFrame&) = default;
 };
 
 /// Where everything lies, in the coordinates of the window. Only the outline depends on the pixel ratio.

@@ -151,7 +151,10 @@ QPoint ArrowedWindow::MovedInside(const QPoint& position) {
   const int first = along(position);
   const int length = above ? room.width() : room.height();
   const int way = wayInside(first, first + length - 1, along(area.topLeft()), along(area.bottomRight()));
-  arrow.offset = std::clamp(anchor - way, along(content.topLeft()), along(content.bottomRight())) - middle;
+  // On the corner itself it would belong to the other edge.
+  const int lowest = std::min(middle, along(content.topLeft()) + 1);
+  const int highest = std::max(middle, along(content.bottomRight()) - 1);
+  arrow.offset = std::clamp(anchor - way, lowest, highest) - middle;
   GetArrowWindowSize(arrow, room, tip);
   return target - tip;
 }

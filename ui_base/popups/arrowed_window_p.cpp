@@ -59,6 +59,13 @@ bool isDefaultShadowColor(const QColor& color) {
 
 } // namespace
 
+struct ArrowedWindowPrivate::LaidOut {
+  ArrowFrame frame;
+  SArrowParam arrow;
+  QRect place; // of the content
+  friend bool operator==(const LaidOut&, const LaidOut&) = default;
+};
+
 ArrowedWindowPrivate::ArrowedWindowPrivate() {
   currentArrow.position = NoArrow;
   m_askedCurrent.position = NoArrow;
@@ -97,6 +104,7 @@ QWidget* ArrowedWindowPrivate::release() {
   QObject::disconnect(m_contentDeath);
   watchContent(false);
   content = nullptr;
+  m_laidOut.reset();
   if (released)
     layout->removeWidget(released);
   return released;
@@ -195,10 +203,13 @@ void ArrowedWindowPrivate::normalizeArrows() {
 void ArrowedWindowPrivate::layOut() {
   if (!content)
     return;
-  watchContent(false);
   relayoutPending = false;
   m_contentSize = naturalSize(*content);
-  const ArrowLayout result = measureArrow(frame(), m_askedCurrent);
+  LaidOut wanted{frame(), m_askedCurrent, content->geometry()};
+  if (m_laidOut && *m_laidOut == wanted)
+    return;
+  watchContent(false);
+  const ArrowLayout result = measureArrow(wanted.frame, wanted.arrow);
   partialRect = QRect(result.bounds.left(), partialRect.top() + result.bounds.top() - bounds.top(),
                       result.bounds.width(), partialRect.height());
   currentArrow = result.arrow;
@@ -213,6 +224,10 @@ void ArrowedWindowPrivate::layOut() {
   layout->invalidate();
   layout->activate();
   window->update();
+  if (!content)
+    return;
+  wanted.place = content->geometry();
+  m_laidOut = std::make_unique<LaidOut>(std::move(wanted));
   watchContent(true);
 }
 

@@ -22,9 +22,9 @@ namespace Vela::UiBase {
 
 class ArrowedWindow;
 class CachedShadowEffect;
-struct CachedShadowShape;
 struct ArrowFrame;
 struct ArrowLayout;
+struct CachedShadowShape;
 
 /// The state of an ArrowedWindow, for subclasses that add to it.
 class UI_BASE_EXPORT ArrowedWindowPrivate {
@@ -94,6 +94,9 @@ private:
   QPainterPath m_borderShape;
   qreal m_pixelRatio = 1.0;
   bool m_outlineOutdated = false;
+  /// What the window was laid out for last; null when it has to be done anew.
+  struct LaidOut;
+  std::unique_ptr<LaidOut> m_laidOut;
   QString m_adoptedName;
   QString m_adoptedDescription;
   QMetaObject::Connection m_contentDeath;

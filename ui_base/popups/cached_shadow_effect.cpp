@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "cached_shadow_effect.h"
 
+#include <QCoreApplication>
 #include <QGraphicsBlurEffect>
 #include <QGraphicsPathItem>
 #include <QGraphicsScene>
 #include <QPaintEngine>
 #include <QPainter>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -43,38 +45,65 @@ void CachedShadowEffect::setLooks(const QGraphicsDropShadowEffect& other) {
   setColor(other.color());
 }
 
-void CachedShadowEffect::render(qreal ratio) {
-  const Key key = {m_shape.outline, blurRadius(), ratio, offset(), color()};
-  if (key == m_key)
-    return;
-  m_key = key;
-  m_area = boundingRectFor(m_shape.outline.boundingRect()).toAlignedRect();
-  m_shadow = QPixmap(m_area.size() * ratio);
-  m_shadow.setDevicePixelRatio(ratio);
-  m_shadow.fill(Qt::transparent);
-  QPainter painter(&m_shadow);
+QList<CachedShadowEffect::Shadow>& CachedShadowEffect::recent() {
+  static QList<Shadow> shadows;
+  // A picture must not be destroyed after the application.
+  static const bool watched = [] {
+    qAddPostRoutine([] { shadows.clear(); });
+    return true;
+  }();
+  Q_UNUSED(watched)
+  return shadows;
+}
+
+CachedShadowEffect::Shadow CachedShadowEffect::render(const Key& key, const QRect& area) {
+  QPixmap picture(area.size() * key.ratio);
+  picture.setDevicePixelRatio(key.ratio);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.translate(-m_area.topLeft());
-  paintBlurred(painter, m_shape.outline.translated(offset()), m_area, blurRadius() * ratio, color());
+  painter.translate(-area.topLeft());
+  paintBlurred(painter, key.outline.translated(key.offset), area, key.blurRadius * key.ratio, key.color);
   painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
-  painter.fillPath(m_shape.outline, Qt::black);
+  painter.fillPath(key.outline, Qt::black);
+  painter.end();
+  return {key, area, picture};
+}
+
+void CachedShadowEffect::prepare(qreal ratio) {
+  constexpr qsizetype most = 12;
+  const Key key = {m_shape.outline, blurRadius(), ratio, offset(), color()};
+  if (key == m_shadow.key)
+    return;
+  QList<Shadow>& known = recent();
+  const auto found =
+      std::find_if(known.cbegin(), known.cend(), [&](const Shadow& each) { return each.key == key; });
+  if (found != known.cend()) {
+    m_shadow = *found;
+    return;
+  }
+  m_shadow = render(key, boundingRectFor(key.outline.boundingRect()).toAlignedRect());
+  if (known.size() >= most)
+    known.removeFirst();
+  known.append(m_shadow);
 }
 
 void CachedShadowEffect::drawShadow(QPainter& painter) const {
-  const qreal ratio = m_shadow.devicePixelRatioF();
+  const qreal ratio = m_shadow.picture.devicePixelRatioF();
   // Four strips around the interior, where there is nothing to blend.
-  const QRect inside = m_shape.interior & m_area;
+  const QRect inside = m_shape.interior & m_shadow.area;
   const int right = inside.x() + inside.width();
   const int below = inside.y() + inside.height();
   const std::array<QRect, 4> strips = {
-      QRect(m_area.topLeft(), QPoint(m_area.right(), inside.y() - 1)),
-      QRect(QPoint(m_area.x(), inside.y()), QPoint(inside.x() - 1, below - 1)),
-      QRect(QPoint(right, inside.y()), QPoint(m_area.right(), below - 1)),
-      QRect(QPoint(m_area.x(), below), m_area.bottomRight()),
+      QRect(m_shadow.area.topLeft(), QPoint(m_shadow.area.right(), inside.y() - 1)),
+      QRect(QPoint(m_shadow.area.x(), inside.y()), QPoint(inside.x() - 1, below - 1)),
+      QRect(QPoint(right, inside.y()), QPoint(m_shadow.area.right(), below - 1)),
+      QRect(QPoint(m_shadow.area.x(), below), m_shadow.area.bottomRight()),
   };
   for (const QRect& strip : strips) {
-    const QRectF source(QPointF(strip.topLeft() - m_area.topLeft()) * ratio, QSizeF(strip.size()) * ratio);
-    painter.drawPixmap(QRectF(strip), m_shadow, source);
+    const QRectF source(QPointF(strip.topLeft() - m_shadow.area.topLeft()) * ratio,
+                        QSizeF(strip.size()) * ratio);
+    painter.drawPixmap(QRectF(strip), m_shadow.picture, source);
   }
 }
 
@@ -98,7 +127,7 @@ void CachedShadowEffect::draw(QPainter* painter) {
   if (m_shapeFor)
     m_shape = m_shapeFor(ratio);
   if (!m_shape.outline.isEmpty()) {
-    render(ratio);
+    prepare(ratio);
     drawShadow(*painter);
   }
   drawWidget(*painter);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QGraphicsDropShadowEffect>
+#include <QList>
 #include <QPainterPath>
 #include <QPixmap>
 #include <QRect>
@@ -19,7 +20,7 @@ struct CachedShadowShape {
 };
 
 /// A drop shadow around a shape that is known. It looks like the plain effect outside the shape, but is
-/// blurred only when the shape or the looks have changed, and not with each frame. Beneath the shape there is
+/// blurred only for a shape or looks that are new, and not with each frame. Beneath the shape there is
 /// none.
 class CachedShadowEffect : public QGraphicsDropShadowEffect {
   Q_OBJECT
@@ -49,16 +50,23 @@ private:
     friend bool operator==(const Key&, const Key&) = default;
   };
 
-  void render(qreal ratio);
+  struct Shadow {
+    Key key;
+    QRect area;
+    QPixmap picture;
+  };
+
+  /// The shadows painted last, of all widgets: many tooltips are of one size.
+  static QList<Shadow>& recent();
+  static Shadow render(const Key& key, const QRect& area);
+  void prepare(qreal ratio);
   void drawShadow(QPainter& painter) const;
   void drawWidget(QPainter& painter);
 
   const QWidget& m_widget;
   const ShapeFor m_shapeFor;
   CachedShadowShape m_shape;
-  Key m_key;
-  QRect m_area;
-  QPixmap m_shadow;
+  Shadow m_shadow;
 };
 
 } // namespace Vela::UiBase

@@ -42,8 +42,10 @@ public:
   explicit DialogExPrivate(DialogEx* owner) : q(owner) {}
 
   const Named* find(const QString& name) const;
-  const Named* escape() const;
-  void answer(const Named& named);
+  const Named* find(const QPushButton* button) const;
+  QList<QPushButton*> buttonsWith(QDialogButtonBox::ButtonRole role) const;
+  QPushButton* escape() const;
+  void answer(QPushButton* button, QDialogButtonBox::ButtonRole role);
   bool answerFromMemory();
   void ensureButton();
 
@@ -64,22 +66,45 @@ const DialogExPrivate::Named* DialogExPrivate::find(const QString& name) const {
   return nullptr;
 }
 
-const DialogExPrivate::Named* DialogExPrivate::escape() const {
+const DialogExPrivate::Named* DialogExPrivate::find(const QPushButton* button) const {
   for (const Named& candidate : named) {
-    if (candidate.button && isRejecting(candidate.role))
+    if (candidate.button == button)
       return &candidate;
   }
-  return named.size() == 1 ? &named.constFirst() : nullptr;
+  return nullptr;
 }
 
-void DialogExPrivate::answer(const Named& chosen) {
-  answerName = chosen.name;
-  if (!rememberKey.isEmpty() && remember->isChecked() && !isRejecting(chosen.role))
-    config().setValue(rememberKey, chosen.name);
-  if (isRejecting(chosen.role))
+QList<QPushButton*> DialogExPrivate::buttonsWith(QDialogButtonBox::ButtonRole role) const {
+  QList<QPushButton*> found;
+  for (QPushButton* const button : q->Buttons()) {
+    if (q->ButtonRole(button) == role)
+      found.append(button);
+  }
+  return found;
+}
+
+// As desktops have it: what rejects, else the one that says no, else the only one.
+QPushButton* DialogExPrivate::escape() const {
+  if (const auto rejecting = buttonsWith(QDialogButtonBox::RejectRole); !rejecting.isEmpty())
+    return rejecting.constFirst();
+  if (const auto refusing = buttonsWith(QDialogButtonBox::NoRole); refusing.size() == 1)
+    return refusing.constFirst();
+  const QList<QPushButton*> all = q->Buttons();
+  return all.size() == 1 ? all.constFirst() : nullptr;
+}
+
+void DialogExPrivate::answer(QPushButton* button, QDialogButtonBox::ButtonRole role) {
+  const Named* const chosen = find(button);
+  // One that was appended without a name answers with what it says, which is not for the settings.
+  const QString unnamed =
+      button->objectName().isEmpty() ? button->text().remove(QLatin1Char('&')) : button->objectName();
+  answerName = chosen ? chosen->name : unnamed;
+  if (chosen && !rememberKey.isEmpty() && remember->isChecked() && !isRejecting(role))
+    config().setValue(rememberKey, chosen->name);
+  if (isRejecting(role))
     q->MDialogBase::reject();
   else
-    q->done(resultOf(chosen.role));
+    q->done(resultOf(role));
 }
 
 // An answer that is none of today's buttons was kept by another version of the application.
@@ -94,7 +119,7 @@ bool DialogExPrivate::answerFromMemory() {
 }
 
 void DialogExPrivate::ensureButton() {
-  if (named.isEmpty())
+  if (q->Buttons().isEmpty())
     q->AddNamedButton({QStringLiteral("ok"), DialogEx::tr("OK"), QDialogButtonBox::AcceptRole});
 }
 
@@ -143,13 +168,18 @@ bool DialogEx::AreDetailsShown() const { return d->message->areDetailsShown(); }
 void DialogEx::ShowDetails(bool show) { d->message->showDetails(show); }
 
 QPushButton* DialogEx::AddNamedButton(const SDialogButton& button) {
-  // The base would close the dialog before the answer is known.
   QPushButton* const made = AddButton(button.text, button.role);
-  made->disconnect(this);
   made->setObjectName(button.name);
   d->named.append({made, button.name, button.role});
-  connect(made, &QPushButton::clicked, this, [this, named = d->named.constLast()] { d->answer(named); });
   return made;
+}
+
+void DialogEx::OnButtonClicked(QPushButton* button, QDialogButtonBox::ButtonRole role) {
+  const bool closes = role == QDialogButtonBox::AcceptRole || role == QDialogButtonBox::YesRole ||
+                      role == QDialogButtonBox::RejectRole || role == QDialogButtonBox::NoRole ||
+                      role == QDialogButtonBox::DestructiveRole;
+  if (closes || d->find(button))
+    d->answer(button, role);
 }
 
 QPushButton* DialogEx::NamedButton(const QString& name) const {
@@ -209,9 +239,9 @@ void DialogEx::open() {
 int DialogEx::exec() { return d->answerFromMemory() ? result() : MDialogBase::exec(); }
 
 void DialogEx::reject() {
-  const DialogExPrivate::Named* const escape = d->escape();
-  if (escape && escape->button->isEnabled())
-    d->answer(*escape);
+  QPushButton* const escape = d->escape();
+  if (escape && escape->isEnabled())
+    d->answer(escape, ButtonRole(escape));
 }
 
 void DialogEx::onDetailsToggled(bool shown) {

@@ -21,8 +21,10 @@ struct SDialogButton {
 /// Tells the user something, or asks: a text with a mark of its severity, more about it below, details that
 /// unfold, and buttons with names. All texts are plain text.
 ///
-/// Every button closes the dialog; Answer() is the name of the one that did. Escape answers with the
-/// rejecting button, or with the only one there is. A dialog without buttons gets one that says "OK".
+/// Every named button closes the dialog; Answer() is the name of the one that did. Escape answers with the
+/// rejecting button, else with the only one that says no, else with the only one there is. A dialog without
+/// buttons gets one that says "OK". A button from AddButton() answers with its object name, or with its text;
+/// such a text is not remembered.
 ///
 /// With SetRememberKey() the user may choose not to be asked again. The answer is then kept in the settings
 /// of the application, and the dialog finishes with it at once, without being shown. Rejecting is never kept.
@@ -88,10 +90,13 @@ public Q_SLOTS:
   void reject() override;
 
 protected:
+  void OnButtonClicked(QPushButton* button, QDialogButtonBox::ButtonRole role) override;
+
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
 
 private:
+  friend class DialogExPrivate;
   void onDetailsToggled(bool shown);
 
   const std::unique_ptr<DialogExPrivate> d;

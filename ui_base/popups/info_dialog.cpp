@@ -5,6 +5,8 @@
 
 namespace Vela::UiBase {
 
+InfoDialog::InfoDialog(QWidget* parent) : InfoDialog(QString(), parent) {}
+
 InfoDialog::InfoDialog(const QString& title, QWidget* parent)
     : MDialogBase(title, nullptr, false, false, false, true, parent), m_panel(new InfoPanel) {
   m_panel->setAccessibleName(title);

@@ -19,6 +19,7 @@ class UI_BASE_EXPORT InfoDialog : public MDialogBase {
   Q_OBJECT
 
 public:
+  explicit InfoDialog(QWidget* parent = nullptr);
   explicit InfoDialog(const QString& title, QWidget* parent = nullptr);
   ~InfoDialog() override;
 

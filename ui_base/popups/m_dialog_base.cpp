@@ -323,13 +323,21 @@ void MDialogBase::AddFooter(QWidget* widget) { d->footer->insertWidget(0, widget
 QPushButton* MDialogBase::AddButton(const QString& text, QDialogButtonBox::ButtonRole role) {
   QPushButton* const made = d->button(text, role);
   d->added.append(made);
-  if (isAccepting(role))
-    connect(made, &QPushButton::clicked, this, &QDialog::accept);
-  else if (isDismissing(role))
-    connect(made, &QPushButton::clicked, this, &QDialog::reject);
+  connect(made, &QPushButton::clicked, this, [this, made, role] { OnButtonClicked(made, role); });
   if (isAccepting(role) && !d->defaultButton)
     SetDefaultButton(made);
   return made;
+}
+
+void MDialogBase::OnButtonClicked(QPushButton*, QDialogButtonBox::ButtonRole role) {
+  if (isAccepting(role))
+    accept();
+  else if (isDismissing(role))
+    reject();
+}
+
+QDialogButtonBox::ButtonRole MDialogBase::ButtonRole(QPushButton* button) const {
+  return d->box->buttonRole(button);
 }
 
 QList<QPushButton*> MDialogBase::Buttons() const {

@@ -111,6 +111,12 @@ Q_SIGNALS:
   void CloseFlyout();
 
 protected:
+  /// What a button does that was appended by AddButton(): the accepting and the yes role accept, the
+  /// rejecting and the no role reject, others do nothing.
+  virtual void OnButtonClicked(QPushButton* button, QDialogButtonBox::ButtonRole role);
+  /// InvalidRole for a button of somebody else.
+  QDialogButtonBox::ButtonRole ButtonRole(QPushButton* button) const;
+
   /// Where subclasses put what belongs between the content and the buttons on the left, such as a check box.
   /// Takes the widget over.
   void AddFooter(QWidget* widget);

@@ -52,12 +52,23 @@ void goHome(QWidget& popup) {
     popup.setParent(home.parent, home.flags);
 }
 
+bool isIn(const QWidget& popup, const QWidget* refuge) {
+  return refuge && popup.parentWidget() == refuge &&
+         popup.property(homeProperty).value<PopupHome>().refuge == refuge;
+}
+
 void leaveFor(QWidget& popup, QWidget* refuge, Qt::WindowFlags flags) {
-  const PopupHome home{popup.parentWidget(), refuge, popup.windowFlags()};
+  QWidget* const parent = popup.parentWidget();
+  const PopupHome home{parent, refuge, popup.windowFlags()};
   // A bar or a panel would take the activation along.
   popup.setAttribute(Qt::WA_ShowWithoutActivating);
   popup.setParent(refuge, flags);
   popup.setProperty(homeProperty, QVariant::fromValue(home));
+  // It belongs to its parent all the same.
+  QObject::connect(parent, &QObject::destroyed, &popup, [&popup, guard = home.refuge] {
+    if (isIn(popup, guard))
+      delete &popup;
+  });
 }
 
 /// A place for popups to be in; its area is in global coordinates.

@@ -27,8 +27,7 @@ ATooltipObject::ATooltipObject(ATooltipObjectPrivate& state, const QString& grou
 ATooltipObject::~ATooltipObject() {
   TooltipManager::GetInstance().RemoveTooltip(this);
   // The windows' last events are not for an object that is going.
-  if (d->attachedControl)
-    d->attachedControl->disconnect(this);
+  d->unlink();
   if (d->tooltipWindow)
     d->tooltipWindow->removeEventFilter(this);
 }
@@ -50,10 +49,16 @@ void ATooltipObject::ShowTooltip() {
     HideTooltip();
     return;
   }
-  d->tellReason();
-  d->place();
-  d->visible = true;
   const QPointer<ATooltipObject> self(this);
+  if (!d->visible)
+    d->stop(d->dismissTimer); // what is left of a leave before is not for this showing
+  d->tellReason();
+  if (!self || !d->tooltipWindow)
+    return;
+  d->place();
+  if (!self || !d->tooltipWindow)
+    return;
+  d->visible = true;
   d->tooltipWindow->show();
   if (!self || !d->visible)
     return;
@@ -96,7 +101,10 @@ QString ATooltipObject::TooltipGroup() const { return d->group; }
 
 void ATooltipObject::SetTooltipGroup(const QString& group) {
   d->group = group;
-  TooltipManager::GetInstance().AddTooltip(this, group);
+  TooltipManager& manager = TooltipManager::GetInstance();
+  manager.AddTooltip(this, group);
+  if (d->visible)
+    manager.HideAllTooltipsInGroupExcept(this, group);
 }
 
 bool ATooltipObject::IsVisible() const { return d->visible; }
@@ -109,9 +117,11 @@ void ATooltipObject::ForceHideTooltip() {
 bool ATooltipObject::IsTooltipEnabled() const { return d->enabled; }
 
 void ATooltipObject::SetEnableTooltip(bool enable) {
-  d->enabled = enable;
+  const bool was = std::exchange(d->enabled, enable);
   if (!enable)
     ForceHideTooltip();
+  else if (!was)
+    d->startUnderMouse();
 }
 
 void ATooltipObject::OnEnableTooltip(bool enable) { SetEnableTooltip(enable); }
@@ -119,6 +129,8 @@ void ATooltipObject::OnEnableTooltip(bool enable) { SetEnableTooltip(enable); }
 // --- events
 
 bool ATooltipObject::eventFilter(QObject* watched, QEvent* event) {
+  if (!event)
+    return false;
   if (!d->enabled)
     return event->type() == QEvent::ToolTip;
   switch (event->type()) {

@@ -66,10 +66,17 @@ QString ATooltipObjectPrivate::description() const {
 
 // --- the layer
 
+const QWidget* ATooltipObjectPrivate::owner() const {
+  const QWidget* const widget = reference();
+  return widget || !posCalculator ? widget : posCalculator->RefWidget();
+}
+
+void ATooltipObjectPrivate::startUnderMouse() {}
+
 QWidget* ATooltipObjectPrivate::ownLayer() const {
-  const QWidget* widget = reference();
-  if (!widget && posCalculator)
-    widget = posCalculator->RefWidget();
+  const QWidget* widget = owner();
+  if (!widget) // a spot in a view, whose window need not be the active one
+    widget = qobject_cast<const QWidget*>(object->parent());
   return widget ? widget->window() : QApplication::activeWindow();
 }
 
@@ -131,12 +138,24 @@ void ATooltipObjectPrivate::attach() {
   tooltipWindow->installEventFilter(object);
   if (posCalculator)
     posCalculator->SetWidget(tooltipWindow);
-  QObject::connect(attachedControl, &QObject::destroyed, object, &ATooltipObject::HideTooltip);
-  if (auto* const tooltip = qobject_cast<ATooltipEx*>(attachedControl)) {
-    QObject::connect(tooltip, &ATooltipEx::HelpRequested, object, &ATooltipObject::HelpRequested);
-    QObject::connect(tooltip, &ATooltipEx::HelpRequested, &TooltipManager::GetInstance(),
-                     &TooltipManager::HelpRequested);
-  }
+  link();
+}
+
+void ATooltipObjectPrivate::link() {
+  links.append(QObject::connect(attachedControl, &QObject::destroyed, object, &ATooltipObject::HideTooltip));
+  auto* const tooltip = qobject_cast<ATooltipEx*>(attachedControl);
+  if (!tooltip)
+    return;
+  links.append(QObject::connect(tooltip, &ATooltipEx::HelpRequested, object, &ATooltipObject::HelpRequested));
+  links.append(QObject::connect(tooltip, &ATooltipEx::HelpRequested, &TooltipManager::GetInstance(),
+                                &TooltipManager::HelpRequested));
+}
+
+// Only our own: an application may have connected the same two.
+void ATooltipObjectPrivate::unlink() {
+  const auto ended = std::exchange(links, {});
+  for (const QMetaObject::Connection& link : ended)
+    QObject::disconnect(link);
 }
 
 void ATooltipObjectPrivate::detach() {
@@ -144,8 +163,7 @@ void ATooltipObjectPrivate::detach() {
     return;
   object->HideTooltip();
   tooltipWindow->removeEventFilter(object);
-  if (attachedControl)
-    attachedControl->disconnect(object);
+  unlink();
   if (arrowedWindow && tooltipWindow == arrowedWindow)
     arrowedWindow->DetachWidget();
   attachedControl = nullptr;

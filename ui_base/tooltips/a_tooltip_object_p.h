@@ -30,6 +30,10 @@ public:
 
   /// The widget that the tooltip belongs to; null when there is none.
   virtual QWidget* reference() const;
+  /// What it stands beside: that widget, or the one the calculator was given; null for a point.
+  const QWidget* owner() const;
+  /// It was attached or enabled: the mouse may be resting there already.
+  virtual void startUnderMouse();
   /// The content, or what it says, has changed.
   virtual void describe();
   /// Why what the tooltip stands beside cannot be used; empty when it can.
@@ -108,6 +112,11 @@ private:
   void detach();
   void makeTimer(std::unique_ptr<QTimer>& timer, int interval, void (ATooltipObject::*slot)());
   void handHelpOn();
+  void link();
+  void unlink();
+
+  QList<QMetaObject::Connection> links; // with the content
+  friend class ATooltipObject;
 };
 
 } // namespace Vela::UiBase

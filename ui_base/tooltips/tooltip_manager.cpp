@@ -10,12 +10,14 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <utility>
 
 namespace Vela::UiBase {
 
 TooltipManager& TooltipManager::GetInstance() {
-  static TooltipManager instance;
-  return instance;
+  // Never destroyed: static tooltip objects may go after it.
+  static auto* const instance = new TooltipManager;
+  return *instance;
 }
 
 void TooltipManager::AddTooltip(ATooltipObject* tooltip, const QString& group) {
@@ -33,7 +35,9 @@ QWidget* TooltipManager::getTooltipLayer(ATooltipObject* tooltip) const {
   if (group == m_groups.cend())
     return nullptr;
   QWidget* const layer = m_layers.value(*group);
-  return layer ? layer : tooltip->d->ownLayer();
+  QWidget* const own = tooltip->d->ownLayer();
+  // A layer in another window is not where the user looks.
+  return layer && (!own || layer->isWindow() || layer->window() == own->window()) ? layer : own;
 }
 
 void TooltipManager::SetTooltipLayer(const QString& group, QWidget* layer) {
@@ -96,31 +100,77 @@ void TooltipManager::onShown(ATooltipObject* tooltip) {
 }
 
 void TooltipManager::onHidden(ATooltipObject* tooltip) {
-  if (m_shown.removeOne(tooltip) && m_shown.isEmpty() && QCoreApplication::instance())
+  if (m_shown.removeOne(tooltip))
+    watchNoMore();
+}
+
+void TooltipManager::watchNoMore() {
+  if (m_shown.isEmpty() && !m_helpKeyTaken && QCoreApplication::instance())
     QCoreApplication::instance()->removeEventFilter(this);
 }
 
-// A key is offered as a shortcut first. One that is taken then comes again as a press.
-bool TooltipManager::handleHelpKey(QEvent* event) {
-  if (event->type() == QEvent::KeyPress)
-    return std::exchange(m_helpKeyTaken, false);
-  const QPointer<ATooltipObject> latest(m_shown.constLast());
-  auto* const content = qobject_cast<ATooltipEx*>(latest->TooltipControl());
-  m_helpKeyTaken = content && content->HandleHelpKey();
-  if (m_helpKeyTaken)
-    event->accept();
-  return m_helpKeyTaken;
+// A key is offered as a shortcut first. One that is taken then comes again as a press, which may find the
+// tooltip gone, and goes up; nobody else gets any of these.
+bool TooltipManager::handleHelpKey(QKeyEvent& key) {
+  const QEvent::Type type = key.type();
+  if (type == QEvent::ShortcutOverride && !key.isAutoRepeat()) {
+    const auto* const latest = m_shown.isEmpty() ? nullptr : m_shown.constLast();
+    auto* const content = latest ? qobject_cast<ATooltipEx*>(latest->TooltipControl()) : nullptr;
+    m_helpKeyTaken = content && content->HandleHelpKey();
+  }
+  const bool taken = m_helpKeyTaken;
+  if (taken)
+    key.accept();
+  if (type == QEvent::KeyRelease && !key.isAutoRepeat())
+    m_helpKeyTaken = false;
+  if (!m_helpKeyTaken)
+    watchNoMore();
+  return taken;
+}
+
+bool TooltipManager::handleKey(QKeyEvent& key) {
+  if (key.key() == Qt::Key_F1 && key.modifiers() == Qt::NoModifier)
+    return handleHelpKey(key);
+  if (key.key() == Qt::Key_Escape && key.type() != QEvent::KeyRelease)
+    HideAllTooltips();
+  return false;
+}
+
+// What a tooltip points at has scrolled away, or lies behind a modal window.
+void TooltipManager::hideTooltipsOf(const QWidget& widget, bool withWindow) {
+  const auto shown = m_shown;
+  for (ATooltipObject* const tooltip : shown) {
+    if (!m_shown.contains(tooltip))
+      continue;
+    const QWidget* const owner = tooltip->d->owner();
+    const QWidget* const window = tooltip->d->tooltipWindow;
+    const bool stays = !withWindow && widget.isWindow() && window && !window->isWindow();
+    if (owner && (owner == &widget || widget.isAncestorOf(owner)) && !stays)
+      tooltip->ForceHideTooltip();
+  }
 }
 
 bool TooltipManager::eventFilter(QObject* watched, QEvent* event) {
-  const bool override = event->type() == QEvent::ShortcutOverride;
-  if ((!override && event->type() != QEvent::KeyPress) || m_shown.isEmpty())
-    return QObject::eventFilter(watched, event);
-  const auto* const key = static_cast<QKeyEvent*>(event);
-  if (key->key() == Qt::Key_Escape)
-    HideAllTooltips();
-  else if (key->key() == Qt::Key_F1 && key->modifiers() == Qt::NoModifier)
-    return handleHelpKey(event);
+  switch (event->type()) {
+  case QEvent::ShortcutOverride:
+  case QEvent::KeyPress:
+  case QEvent::KeyRelease:
+    return handleKey(*static_cast<QKeyEvent*>(event));
+  case QEvent::Resize:
+    for (const ATooltipObject* const tooltip : std::as_const(m_shown)) {
+      const QWidget* const window = tooltip->d->tooltipWindow;
+      if (window && window->parentWidget() == watched)
+        tooltip->d->followSize();
+    }
+    break;
+  case QEvent::Move:
+  case QEvent::WindowBlocked:
+    if (watched->isWidgetType())
+      hideTooltipsOf(*static_cast<QWidget*>(watched), event->type() == QEvent::WindowBlocked);
+    break;
+  default:
+    break;
+  }
   return QObject::eventFilter(watched, event);
 }
 

@@ -12,6 +12,8 @@
 #include <QString>
 #include <QWidget>
 
+class QKeyEvent;
+
 namespace Vela::UiBase {
 
 class ATooltipObject;
@@ -19,11 +21,12 @@ class ATooltipObject;
 /// The one place that knows all tooltips and the comings and goings of views.
 ///
 /// Of a group of tooltips one is shown at a time. A group may have a layer, the widget on which its tooltips
-/// are shown; without one they are shown on the window of their widget. Escape closes what is up, and F1 is
-/// offered to its content. A tooltip that is up when a view disappears is taken down, also Qt's own.
+/// are shown while it is in the window of their widget; else they are shown on that window. Escape closes
+/// what is up, and F1 is offered to its content. A tooltip is taken down when its widget moves, as by
+/// scrolling, or a modal window covers it; and when a view disappears, also Qt's own.
 ///
-/// Tooltip objects register themselves; none is owned. Lives from its first use to the end of the process;
-/// main thread only.
+/// Tooltip objects register themselves; none is owned. It is never destroyed, so that static tooltip objects
+/// may go at any time; main thread only.
 ///
 /// @code
 /// TooltipManager& tooltips = TooltipManager::GetInstance();
@@ -40,8 +43,9 @@ public:
   void AddTooltip(ATooltipObject* tooltip, const QString& group);
   void RemoveTooltip(ATooltipObject* tooltip);
 
-  /// The widget to show the tooltip on: the layer of its group, else the window of what it stands beside,
-  /// else the active window. Null when there is none of them, or the tooltip is not registered.
+  /// The widget to show the tooltip on: the layer of its group if that is in the window of what the tooltip
+  /// stands beside or a window itself, else that window, else the active one. Null when there is none of
+  /// them, or the tooltip is not registered.
   QWidget* getTooltipLayer(ATooltipObject* tooltip) const;
   /// Null takes the layer of the group away. Not owned; may be deleted at any time.
   void SetTooltipLayer(const QString& group, QWidget* layer);
@@ -69,7 +73,7 @@ Q_SIGNALS:
   void HelpRequested(int index, const QString& keyword);
 
 protected:
-  /// Watches the keyboard while a tooltip is up.
+  /// Watches keyboard, movements and modal windows while a tooltip is up.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -79,7 +83,10 @@ private:
   TooltipManager() = default;
   void onShown(ATooltipObject* tooltip);
   void onHidden(ATooltipObject* tooltip);
-  bool handleHelpKey(QEvent* event);
+  void watchNoMore();
+  bool handleKey(QKeyEvent& key);
+  bool handleHelpKey(QKeyEvent& key);
+  void hideTooltipsOf(const QWidget& widget, bool withWindow);
 
   QHash<const ATooltipObject*, QString> m_groups;
   QHash<QString, QPointer<QWidget>> m_layers;

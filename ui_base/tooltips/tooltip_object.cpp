@@ -6,7 +6,9 @@
 #include <ui_base/tooltips/tooltip_reason.h>
 
 #include <QAccessible>
+#include <QChildEvent>
 #include <QFocusEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
@@ -14,8 +16,6 @@
 #include <utility>
 
 namespace Vela::UiBase {
-
-// --- what the keyboard does
 
 QWidget* TooltipObjectPrivate::reference() const { return attachedWidget; }
 
@@ -39,6 +39,77 @@ void TooltipObjectPrivate::tellReason() {
 QString TooltipObjectPrivate::reason() const {
   return attachedWidget ? TooltipReason::of(*attachedWidget) : QString();
 }
+
+// --- what lies in the widget
+
+namespace {
+
+constexpr const char* ownerProperty = "vela_tooltip_owner";
+
+bool hasTooltip(const QWidget& widget) {
+  return widget.property(ownerProperty).toInt() > 0 || !widget.toolTip().isEmpty();
+}
+
+void countOwner(QWidget& widget, int more) {
+  widget.setProperty(ownerProperty, widget.property(ownerProperty).toInt() + more);
+}
+
+} // namespace
+
+bool TooltipObjectPrivate::isPart(const QObject* candidate) const {
+  if (!attachedWidget || !candidate->isWidgetType())
+    return false;
+  const auto* widget = static_cast<const QWidget*>(candidate);
+  while (widget && widget != attachedWidget && !widget->isWindow() && !hasTooltip(*widget))
+    widget = widget->parentWidget();
+  return widget == attachedWidget;
+}
+
+void TooltipObjectPrivate::watchPart(QWidget& part) {
+  if (part.isWindow())
+    return;
+  part.setMouseTracking(true);
+  part.installEventFilter(object);
+}
+
+void TooltipObjectPrivate::watchParts() {
+  const auto parts = attachedWidget->findChildren<QWidget*>();
+  for (QWidget* const part : parts) {
+    if (isPart(part))
+      watchPart(*part);
+  }
+}
+
+void TooltipObjectPrivate::onPartEvent(QObject* part, QEvent* event) {
+  auto* const tooltip = static_cast<TooltipObject*>(object);
+  const QPointer<QWidget> widget(attachedWidget);
+  switch (event->type()) {
+  case QEvent::MouseMove:
+    if (isPart(part))
+      tooltip->EventFilterOnMouseMove(widget, event);
+    break;
+  case QEvent::MouseButtonPress:
+    if (isPart(part))
+      tooltip->EventFilterOnMouseButtonPress(widget, event);
+    break;
+  case QEvent::Enter: // to one with a tooltip of its own, perhaps made since
+    if (!isPart(part))
+      tooltip->ForceHideTooltip();
+    break;
+  default:
+    break;
+  }
+}
+
+void TooltipObjectPrivate::startUnderMouse() {
+  if (!enabled || visible || !useCustomSettings || !attachedWidget || !attachedWidget->underMouse() ||
+      QGuiApplication::mouseButtons() != Qt::NoButton)
+    return;
+  mouseInside = true;
+  startShowUp();
+}
+
+// --- what the keyboard does
 
 void TooltipObjectPrivate::onFocusIn(const QFocusEvent& event) {
   const bool byKeyboard = event.reason() == Qt::TabFocusReason || event.reason() == Qt::BacktabFocusReason ||
@@ -76,7 +147,10 @@ TooltipObject::TooltipObject(const QString& group, QObject* parent)
 TooltipObject::TooltipObject(TooltipObjectPrivate& state, const QString& group, QObject* parent)
     : ATooltipObject(state, group, parent) {}
 
-TooltipObject::~TooltipObject() = default;
+TooltipObject::~TooltipObject() {
+  if (QWidget* const widget = own()->attachedWidget)
+    countOwner(*widget, -1);
+}
 
 TooltipObjectPrivate* TooltipObject::own() const { return static_cast<TooltipObjectPrivate*>(d.get()); }
 
@@ -89,9 +163,13 @@ void TooltipObject::AttachTo(QWidget* widget) {
   widget->setFocusPolicy(Qt::NoFocus);
   widget->setMouseTracking(true);
   widget->installEventFilter(this);
+  countOwner(*widget, 1);
   if (d->posCalculator)
     d->posCalculator->SetRefWidget(widget);
   d->describe();
+  if (widget->underMouse())
+    own()->watchParts();
+  own()->startUnderMouse();
 }
 
 void TooltipObject::Detach() {
@@ -100,7 +178,11 @@ void TooltipObject::Detach() {
     return;
   ForceHideTooltip();
   widget->removeEventFilter(this);
-  widget->disconnect(this);
+  const auto parts = widget->findChildren<QWidget*>();
+  for (QWidget* const part : parts)
+    part->removeEventFilter(this);
+  countOwner(*widget, -1);
+  disconnect(widget, &QObject::destroyed, this, &ATooltipObject::ForceHideTooltip);
   if (widget->accessibleDescription() == own()->givenDescription)
     widget->setAccessibleDescription(QString());
   own()->attachedWidget = nullptr;
@@ -160,8 +242,9 @@ void TooltipObject::EventFilterOnLeave(QObject* object) {
 void TooltipObject::EventFilterOnMouseMove(QObject* object, QEvent* event) {
   if (object != own()->attachedWidget || d->tooltipHovered)
     return;
+  const bool pressed = static_cast<QMouseEvent*>(event)->buttons() != Qt::NoButton && own()->dismissOnPress;
   if (own()->mouseInside) {
-    if (d->useCustomSettings && !d->visible) {
+    if (d->useCustomSettings && !d->visible && !pressed) {
       d->tooltipHovered = false;
       d->startShowUp();
     }
@@ -190,8 +273,23 @@ void TooltipObject::EventFilterOnHide(QObject* object) {
 }
 
 bool TooltipObject::eventFilter(QObject* watched, QEvent* event) {
+  if (!event)
+    return false;
   const QPointer<TooltipObject> self(this);
-  if (d->enabled && watched == own()->attachedWidget) {
+  const bool isWidget = watched == own()->attachedWidget;
+  if (!isWidget && watched != d->tooltipWindow) {
+    if (d->enabled)
+      own()->onPartEvent(watched, event);
+    return false;
+  }
+  if (isWidget && event->type() == QEvent::ChildPolished) {
+    if (auto* const child = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child());
+        child && own()->mouseInside && own()->isPart(child))
+      own()->watchPart(*child);
+  }
+  if (isWidget && event->type() == QEvent::Enter)
+    own()->watchParts();
+  if (d->enabled && isWidget) {
     if (event->type() == QEvent::FocusIn)
       own()->onFocusIn(*static_cast<QFocusEvent*>(event));
     else if (event->type() == QEvent::FocusOut)

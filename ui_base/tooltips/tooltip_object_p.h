@@ -16,7 +16,15 @@ public:
   void describe() override;
   QString reason() const override;
   void tellReason() override;
+  void startUnderMouse() override;
 
+  /// Whether the mouse on this widget is the mouse on the attached one: its children count, but for those
+  /// that have a tooltip of their own, and what lies in them.
+  bool isPart(const QObject* candidate) const;
+  /// Has the parts tell of the mouse, too.
+  void watchParts();
+  void watchPart(QWidget& part);
+  void onPartEvent(QObject* part, QEvent* event);
   void onFocusIn(const QFocusEvent& event);
   void onFocusOut();
   void onKeyPress(const QKeyEvent& event);

@@ -20,7 +20,8 @@ QString TooltipText::plain(const QString& text) {
 
 void TooltipText::setWrapped(QLabel* label, const QString& text) {
   label->setText(text);
-  label->setWordWrap(false);
+  if (label->wordWrap())
+    label->setWordWrap(false);
   label->setMinimumWidth(0);
   label->setMaximumWidth(QWIDGETSIZE_MAX);
   label->ensurePolished();
