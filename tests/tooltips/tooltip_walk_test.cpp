@@ -228,6 +228,12 @@ private:
     return rich;
   }
 
+  static bool hasRoomBeside(const QRect& owner, const QRect& room, const QRect& popup) {
+    constexpr int arrow = 12;
+    const int above = std::max(owner.top() - room.top(), room.bottom() - owner.bottom());
+    const int beside = std::max(owner.left() - room.left(), room.right() - owner.right());
+    return above >= popup.height() + arrow || beside >= popup.width() + arrow;
+  }
   void check() {
     QHash<QString, int> visible;
     for (const auto& tooltip : std::as_const(m_tooltips)) {
@@ -236,7 +242,8 @@ private:
       QVERIFY(++visible[tooltip->TooltipGroup()] == 1);
       const QWidget* const owner = tooltip->AttachedWidget();
       QVERIFY(owner && owner->isVisible() && tooltip->IsTooltipEnabled());
-      const QWidget* const popup = tooltip->TooltipControl()->parentWidget();
+      const QWidget* const content = tooltip->TooltipControl();
+      const QWidget* const popup = content ? content->parentWidget() : nullptr;
       if (popup && popup == tooltip->GetArrowedWindow())
         checkPlace(*tooltip->GetArrowedWindow(), *owner);
     }
@@ -258,7 +265,7 @@ private:
                                               .arg(room.height())));
     const QRect ownerRect(owner.mapToGlobal(QPoint()), owner.size());
     QVERIFY(!room.contains(ownerRect) || !seen.intersects(ownerRect) ||
-            owner.height() + seen.height() + 12 > room.height());
+            !hasRoomBeside(ownerRect, room, seen));
     ++m_shown;
   }
 

@@ -37,19 +37,21 @@ ATooltipObject::~ATooltipObject() {
 void ATooltipObject::ShowTooltip() {
   if (!d->ensureLayer())
     return;
+  const QPointer<ATooltipObject> self(this);
   // The window that a widget happens to be in is not for a tooltip to show.
   if (!d->layerFound || d->layer != d->ownLayer())
     d->layer->show();
+  if (!self || !d->layer)
+    return;
   // Raising a window would bring it before others whenever the mouse rests in it.
   if (!d->layer->isWindow())
     d->layer->raise();
-  if (!d->attachedControl)
-    d->ensureContent();
+  if (!d->attachedControl && !d->ensureContent())
+    return;
   if (!CanTooltipBeShown()) {
     HideTooltip();
     return;
   }
-  const QPointer<ATooltipObject> self(this);
   if (!d->visible)
     d->stop(d->dismissTimer); // what is left of a leave before is not for this showing
   d->tellReason();
@@ -60,7 +62,7 @@ void ATooltipObject::ShowTooltip() {
     return;
   d->visible = true;
   d->tooltipWindow->show();
-  if (!self || !d->visible)
+  if (!self || !d->visible || !d->tooltipWindow)
     return;
   d->tooltipWindow->raise();
   if (d->checkTimerEnabled)
@@ -240,13 +242,16 @@ QWidget* ATooltipObject::CreateTooltipControl(const QString& text) {
 void ATooltipObject::SetTooltipControl(QWidget* control, bool arrowed) { d->setContent(control, arrowed); }
 
 void ATooltipObject::SetTooltipText(const QString& text) {
+  const QPointer<ATooltipObject> self(this);
   if (!text.isNull() && !d->make && d->pendingControl) {
     TooltipText::write(d->pendingControl, text);
-    if (d->visible)
+    if (self && d->visible && d->tooltipWindow)
       d->place();
   } else {
     d->setContent(nullptr, d->useArrowedWindow);
   }
+  if (!self)
+    return;
   d->text = text;
   d->describe();
 }
@@ -255,15 +260,15 @@ QString ATooltipObject::Text() const { return d->text; }
 
 void ATooltipObject::SetTooltipFactory(std::function<QWidget*()> make, const QString& description,
                                        bool arrowed) {
-  d->setContent(nullptr, arrowed);
+  if (!d->setContent(nullptr, arrowed))
+    return;
   d->make = std::move(make);
   d->text = description;
   d->describe();
 }
 
 QWidget* ATooltipObject::TooltipControl() const {
-  d->ensureContent();
-  return d->attachedControl;
+  return d->ensureContent() ? d->attachedControl.data() : nullptr;
 }
 
 void ATooltipObject::SetTooltipIndex(int index) {
@@ -283,12 +288,17 @@ void ATooltipObject::SetTooltipKeyword(const QString& keyword) {
 void ATooltipObject::SetTooltipLayer(QWidget* layer) {
   d->layerFound = false;
   d->layer = layer;
-  for (QWidget* const window : {static_cast<QWidget*>(d->arrowedWindow), d->tooltipWindow.data()}) {
-    if (!window || window->parentWidget() == layer)
+  const QPointer<ATooltipObject> self(this);
+  const QPointer<QWidget> guard(layer);
+  const QList<QPointer<QWidget>> windows{d->arrowedWindow.data(), d->tooltipWindow};
+  for (const QPointer<QWidget>& window : windows) {
+    if (!self || !window || window->parentWidget() == guard)
       continue;
     HideTooltip();
-    window->setParent(layer);
-    window->hide();
+    if (window)
+      window->setParent(guard);
+    if (window)
+      window->hide();
   }
 }
 

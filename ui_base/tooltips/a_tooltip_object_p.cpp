@@ -11,7 +11,6 @@
 #include <QApplication>
 #include <QCursor>
 #include <QLayout>
-#include <QScopedValueRollback>
 
 #include <utility>
 
@@ -44,6 +43,11 @@ ATooltipObjectPrivate::ATooltipObjectPrivate() {
 ATooltipObjectPrivate::~ATooltipObjectPrivate() {
   if (arrowedWindow)
     Styles::Instance().disconnect(arrowedWindow);
+  if (placing && posCalculator) {
+    // It is in the middle of a search that has called who has ended the tooltip.
+    posCalculator->SetWidget(nullptr);
+    posCalculator.release()->deleteLater();
+  }
   discard(tooltipWindow);
   discard(arrowedWindow);
   discard(pendingControl);
@@ -94,39 +98,58 @@ bool ATooltipObjectPrivate::ensureLayer() {
 
 // --- the content
 
-void ATooltipObjectPrivate::ensureContent() {
+bool ATooltipObjectPrivate::ensureContent() {
+  const QPointer<ATooltipObject> self(object);
   if (!pendingControl && (make || !text.isNull())) {
-    pendingControl = make ? make() : ATooltipObject::CreateTooltipControl(text);
+    const auto factory = make; // which who is called may replace
+    const QPointer<QWidget> made(factory ? factory() : ATooltipObject::CreateTooltipControl(text));
+    if (!self || pendingControl) {
+      delete made;
+      return self;
+    }
+    pendingControl = made;
     handHelpOn();
   }
   attach();
+  return self;
 }
 
-void ATooltipObjectPrivate::setContent(QWidget* control, bool arrowed) {
+bool ATooltipObjectPrivate::setContent(QWidget* control, bool arrowed) {
+  const QPointer<ATooltipObject> self(object);
+  const QPointer<QWidget> next(control);
   make = nullptr;
   text.clear();
   const QPointer<QWidget> before(pendingControl);
   if (useArrowedWindow != arrowed)
     detach();
+  if (!self)
+    return false;
   useArrowedWindow = arrowed;
-  pendingControl = control;
+  pendingControl = next;
   handHelpOn();
   attach();
-  if (before && before != control)
+  if (before && before != next)
     before->deleteLater();
-  describe();
+  if (self)
+    describe();
+  return self;
 }
 
 void ATooltipObjectPrivate::attach() {
   // The window of a content that has died is still there.
   if (pendingControl == attachedControl && (attachedControl || !tooltipWindow))
     return;
+  const QPointer<ATooltipObject> self(object);
   detach();
+  if (!self || tooltipWindow)
+    return;
   attachedControl = pendingControl;
   if (!attachedControl)
     return;
   if (useArrowedWindow) {
     arrows().AttachWidget(attachedControl);
+    if (!self || !attachedControl)
+      return;
     tooltipWindow = arrowedWindow;
   } else {
     tooltipWindow = attachedControl;
@@ -161,15 +184,19 @@ void ATooltipObjectPrivate::unlink() {
 void ATooltipObjectPrivate::detach() {
   if (!tooltipWindow)
     return;
+  const QPointer<ATooltipObject> self(object);
   object->HideTooltip();
+  if (!self || !tooltipWindow)
+    return;
   tooltipWindow->removeEventFilter(object);
   unlink();
-  if (arrowedWindow && tooltipWindow == arrowedWindow)
-    arrowedWindow->DetachWidget();
+  const QPointer<ArrowedWindow> around = tooltipWindow == arrowedWindow ? arrowedWindow : nullptr;
   attachedControl = nullptr;
   tooltipWindow = nullptr;
   if (posCalculator)
     posCalculator->SetWidget(nullptr);
+  if (around)
+    around->DetachWidget();
 }
 
 void ATooltipObjectPrivate::handHelpOn() {
@@ -185,7 +212,8 @@ void ATooltipObjectPrivate::handHelpOn() {
 // --- the place
 
 void ATooltipObjectPrivate::place() {
-  const QScopedValueRollback guard(placing, true);
+  const QPointer<ATooltipObject> self(object);
+  placing = true;
   const bool arrowed = arrowedWindow && tooltipWindow == arrowedWindow;
   if (QLayout* const layout = attachedControl ? attachedControl->layout() : nullptr)
     layout->activate();
@@ -200,6 +228,8 @@ void ATooltipObjectPrivate::place() {
     return position;
   };
   placeInSight(calculator(), wanted, Qt::ToolTip);
+  if (self)
+    placing = false;
 }
 
 void ATooltipObjectPrivate::followSize() {

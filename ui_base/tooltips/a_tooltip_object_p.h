@@ -46,9 +46,10 @@ public:
   /// The window of what the tooltip stands beside, or the active one.
   QWidget* ownLayer() const;
   bool ensureLayer();
-  /// Makes the content that is still to be made, and attaches it.
-  void ensureContent();
-  void setContent(QWidget* control, bool arrowed);
+  /// Makes the content that is still to be made, and attaches it. False when who was called has ended the
+  /// tooltip, like the next.
+  bool ensureContent();
+  bool setContent(QWidget* control, bool arrowed);
   void place();
   void followSize();
 

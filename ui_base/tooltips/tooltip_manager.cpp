@@ -49,9 +49,10 @@ void TooltipManager::SetTooltipLayer(const QString& group, QWidget* layer) {
 
 void TooltipManager::HideAllTooltipsInGroupExcept(ATooltipObject* tooltip, const QString& group) {
   const auto shown = m_shown;
+  const QString name = group; // whose owner may end
   for (ATooltipObject* const other : shown) {
     // Hiding one may end another.
-    if (other != tooltip && m_shown.contains(other) && m_groups.value(other) == group)
+    if (other != tooltip && m_shown.contains(other) && m_groups.value(other) == name)
       other->HideTooltip();
   }
 }
@@ -138,9 +139,10 @@ bool TooltipManager::handleKey(QKeyEvent& key) {
 
 // What a tooltip points at has scrolled away, or lies behind a modal window.
 void TooltipManager::hideTooltipsOf(const QWidget& widget, bool withWindow) {
+  const QPointer<const QWidget> guard(&widget);
   const auto shown = m_shown;
   for (ATooltipObject* const tooltip : shown) {
-    if (!m_shown.contains(tooltip))
+    if (!guard || !m_shown.contains(tooltip))
       continue;
     const QWidget* const owner = tooltip->d->owner();
     const QWidget* const window = tooltip->d->tooltipWindow;

@@ -25,9 +25,13 @@ TooltipWrapperPrivate* TooltipWrapper::own() const { return static_cast<TooltipW
 void TooltipWrapper::Show(const QPoint& point, bool usePoint, ETooltipShowUpType type) {
   if (usePoint)
     d->calculator().SetRefPoint(point);
-  d->ensureContent();
+  const QPointer<TooltipWrapper> self(this);
+  if (!d->ensureContent())
+    return;
   if (d->tooltipWindow)
     ShowTooltip();
+  if (!self)
+    return;
   // What is left of an earlier showing's time does not count.
   d->stop(d->dismissTimer);
   if (type == ShowForDuration)
