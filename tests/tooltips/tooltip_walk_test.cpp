@@ -41,6 +41,8 @@ public:
 
   void step() {
     m_acts = 3;
+    if (TooltipObject* const tooltip = any(m_tooltips); tooltip && number(0, 1))
+      tooltip->ShowTooltip();
     act();
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -55,8 +55,6 @@ ATooltipObjectPrivate::~ATooltipObjectPrivate() {
 
 QWidget* ATooltipObjectPrivate::reference() const { return nullptr; }
 
-void ATooltipObjectPrivate::describe() {}
-
 QString ATooltipObjectPrivate::reason() const { return {}; }
 
 void ATooltipObjectPrivate::tellReason() {
@@ -74,8 +72,6 @@ const QWidget* ATooltipObjectPrivate::owner() const {
   const QWidget* const widget = reference();
   return widget || !posCalculator ? widget : posCalculator->RefWidget();
 }
-
-void ATooltipObjectPrivate::startUnderMouse() {}
 
 QWidget* ATooltipObjectPrivate::ownLayer() const {
   const QWidget* widget = owner();

@@ -33,9 +33,9 @@ public:
   /// What it stands beside: that widget, or the one the calculator was given; null for a point.
   const QWidget* owner() const;
   /// It was attached or enabled: the mouse may be resting there already.
-  virtual void startUnderMouse();
+  virtual void startUnderMouse() {}
   /// The content, or what it says, has changed.
-  virtual void describe();
+  virtual void describe() {}
   /// Why what the tooltip stands beside cannot be used; empty when it can.
   virtual QString reason() const;
   /// Puts the reason as it is now below the content.

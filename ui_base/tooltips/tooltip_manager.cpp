@@ -117,6 +117,7 @@ bool TooltipManager::handleHelpKey(QKeyEvent& key) {
   if (type == QEvent::ShortcutOverride && !key.isAutoRepeat()) {
     const auto* const latest = m_shown.isEmpty() ? nullptr : m_shown.constLast();
     auto* const content = latest ? qobject_cast<ATooltipEx*>(latest->TooltipControl()) : nullptr;
+    m_helpKeyTaken = content; // keeps watching when the tooltip goes at that
     m_helpKeyTaken = content && content->HandleHelpKey();
   }
   const bool taken = m_helpKeyTaken;

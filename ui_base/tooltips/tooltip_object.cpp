@@ -68,16 +68,15 @@ bool TooltipObjectPrivate::isPart(const QObject* candidate) const {
 void TooltipObjectPrivate::watchPart(QWidget& part) {
   if (part.isWindow())
     return;
-  part.setMouseTracking(true);
-  part.installEventFilter(object);
+  if (isPart(&part))
+    part.setMouseTracking(true);
+  part.installEventFilter(object); // one that is none tells when the mouse comes to it
 }
 
 void TooltipObjectPrivate::watchParts() {
   const auto parts = attachedWidget->findChildren<QWidget*>();
-  for (QWidget* const part : parts) {
-    if (isPart(part))
-      watchPart(*part);
-  }
+  for (QWidget* const part : parts)
+    watchPart(*part);
 }
 
 void TooltipObjectPrivate::onPartEvent(QObject* part, QEvent* event) {
@@ -99,6 +98,11 @@ void TooltipObjectPrivate::onPartEvent(QObject* part, QEvent* event) {
   default:
     break;
   }
+}
+
+bool TooltipObjectPrivate::isOverPart(const QPoint& position) const {
+  const QWidget* const child = attachedWidget->childAt(position);
+  return !child || isPart(child);
 }
 
 void TooltipObjectPrivate::startUnderMouse() {
@@ -284,11 +288,15 @@ bool TooltipObject::eventFilter(QObject* watched, QEvent* event) {
   }
   if (isWidget && event->type() == QEvent::ChildPolished) {
     if (auto* const child = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child());
-        child && own()->mouseInside && own()->isPart(child))
+        child && own()->mouseInside)
       own()->watchPart(*child);
   }
   if (isWidget && event->type() == QEvent::Enter)
     own()->watchParts();
+  // What a child with a tooltip of its own has no use for comes here as well.
+  if (isWidget && event->type() == QEvent::MouseMove &&
+      !own()->isOverPart(static_cast<QMouseEvent*>(event)->position().toPoint()))
+    return false;
   if (d->enabled && isWidget) {
     if (event->type() == QEvent::FocusIn)
       own()->onFocusIn(*static_cast<QFocusEvent*>(event));

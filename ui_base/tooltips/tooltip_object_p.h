@@ -21,6 +21,7 @@ public:
   /// Whether the mouse on this widget is the mouse on the attached one: its children count, but for those
   /// that have a tooltip of their own, and what lies in them.
   bool isPart(const QObject* candidate) const;
+  bool isOverPart(const QPoint& position) const;
   /// Has the parts tell of the mouse, too.
   void watchParts();
   void watchPart(QWidget& part);
