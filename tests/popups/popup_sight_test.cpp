@@ -173,6 +173,7 @@ private Q_SLOTS:
     WidgetPosCalculator other;
     auto* const second = new QWidget(doomed);
     second->resize(120, 50);
+    second->hide();
     other.SetWidget(second);
     other.SetRefWidget(&stage.owner);
     const QPointer<QWidget> follower(second);
