@@ -138,22 +138,17 @@ void ToolButtonMenusTest::flyoutAndCommandOpenAndCloseTogether() {
 }
 
 void ToolButtonMenusTest::simpleFlyoutIsHosted_data() {
-  QTest::addColumn<QString>("start");
   QTest::addColumn<QString>("end");
-  for (const QString start : {"click", "shortcut"}) {
-    for (const QString end : {"click", "outside", "exit", "hide panel", "hide menu"})
-      QTest::addRow("%s to %s", qPrintable(start), qPrintable(end)) << start << end;
-  }
+  for (const char* end : {"click", "outside", "exit", "hide panel", "hide menu"})
+    QTest::newRow(end) << end;
 }
 
 void ToolButtonMenusTest::simpleFlyoutIsHosted() {
-  QFETCH(QString, start);
   QFETCH(QString, end);
   QSpinBox panel;
   MenuStage stage(false, &panel);
-  QSignalSpy visibility(stage.button, &ToolButtonWithMenu::ButtonMenuVisibilityChange);
   for (int round = 1; round <= 2; ++round) {
-    if (start == "click")
+    if (round == 1)
       stage.click(stage.button);
     else
       stage.command->trigger();
@@ -171,7 +166,6 @@ void ToolButtonMenusTest::simpleFlyoutIsHosted() {
     QVERIFY(!panel.isVisible() && !stage.command->isActive());
     QCOMPARE(stage.observer->began, round);
     QCOMPARE(stage.observer->ended, round);
-    QCOMPARE(visibility.count(), 2 * round);
   }
   delete stage.button;
   QVERIFY(!panel.parentWidget() && panel.isHidden()); // it is on the stack

@@ -1,23 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "flyout_base.h"
 
-#include "arrowed_window.h"
 #include "busy_indicator.h"
 #include "content_scroller.h"
-#include "flyout_sub_widgets.h"
+#include "flyout_base_p.h"
+#include "flyout_host.h"
 
-#include <vlk_common_res/icons.h>
 #include <vlk_common_res/strings.h>
 #include <vlk_common_res/styles.h>
 
 #include <QApplication>
-#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QPainter>
-#include <QPointer>
 #include <QPushButton>
-#include <QToolButton>
 
 #include <utility>
 
@@ -27,158 +24,9 @@ using Resource::Styles;
 
 namespace {
 
-constexpr int margin = 12;      // px around the contents
-constexpr int spacing = 10;     // px between title, panel and buttons
 constexpr int cornerRadius = 6; // px, of a flyout that paints its own background
 
-bool takesFocus(const QWidget& widget) { return widget.isEnabled() && (widget.focusPolicy() & Qt::TabFocus); }
-
-/// The first that Tab reaches, or null.
-QWidget* firstFocusable(QWidget* root) {
-  if (takesFocus(*root))
-    return root;
-  for (QWidget* widget = root->nextInFocusChain(); widget && widget != root;
-       widget = widget->nextInFocusChain()) {
-    if (root->isAncestorOf(widget) && widget->isVisibleTo(root) && takesFocus(*widget))
-      return widget;
-  }
-  return nullptr;
-}
-
 } // namespace
-
-class FlyoutBasePrivate {
-public:
-  explicit FlyoutBasePrivate(FlyoutBase* owner) : q(owner), subWidgets(*owner) {}
-
-  void build(QWidget* panel, bool apply, bool reset, bool cancel, bool close);
-  QLayout* titleRow(bool close);
-  QLayout* buttonRow(bool apply, bool reset, bool cancel);
-  QPushButton* button(const QString& text, void (FlyoutBase::*action)());
-  void dress();
-  void updateEnabled();
-  void giveFocusBack();
-  void watchEscape();
-  void forgetEscape();
-  bool holdsFocus() const;
-  bool paintsItself() const { return !qobject_cast<ArrowedWindow*>(q->parentWidget()); }
-
-  FlyoutBase* const q;
-  QLabel* title = nullptr;
-  QPointer<QWidget> mainPanel;
-  ContentScroller* scroller = nullptr; // null without a panel
-  QSize sizeLimit = {QWIDGETSIZE_MAX, QWIDGETSIZE_MAX};
-  QPointer<QWidget> toolButton;
-  QPushButton* applyButton = nullptr; // null when there is none, like the next
-  QPushButton* resetButton = nullptr;
-  BusyIndicator* indicator = nullptr;
-  bool applyEnabled = true;
-  bool resetEnabled = true;
-  FlyoutSubWidgets subWidgets;
-  QRect partialBackground;
-  QColor partialColor;
-  bool busy = false;
-  bool open = false;
-  QPointer<QWidget> focusBefore;     // had the focus before the flyout was shown
-  QPointer<QWidget> focusBeforeBusy; // in the flyout
-  QPointer<QWidget> escapeTarget;    // has Escape held down
-};
-
-QPushButton* FlyoutBasePrivate::button(const QString& text, void (FlyoutBase::*action)()) {
-  auto* const made = new QPushButton(text, q);
-  made->setAutoDefault(true); // Return presses it while it has the focus
-  QObject::connect(made, &QPushButton::clicked, q, action);
-  return made;
-}
-
-QLayout* FlyoutBasePrivate::titleRow(bool close) {
-  auto* const row = new QHBoxLayout;
-  title = new QLabel(q);
-  title->setObjectName(QStringLiteral("title_label"));
-  row->addWidget(title, 1);
-  if (close) {
-    auto* const closeButton = new QToolButton(q);
-    closeButton->setObjectName(QStringLiteral("close_button"));
-    closeButton->setIcon(Resource::Icons::icon(QStringLiteral("close")));
-    closeButton->setAccessibleName(FlyoutBase::tr("Close"));
-    closeButton->setToolTip(FlyoutBase::tr("Close"));
-    QObject::connect(closeButton, &QToolButton::clicked, q, &FlyoutBase::CloseMe);
-    row->addWidget(closeButton);
-  }
-  return row;
-}
-
-QLayout* FlyoutBasePrivate::buttonRow(bool apply, bool reset, bool cancel) {
-  auto* const row = new QHBoxLayout;
-  if (reset)
-    row->addWidget(resetButton = button(FlyoutBase::tr("Reset"), &FlyoutBase::Reset));
-  indicator = new BusyIndicator(q);
-  row->addStretch(1);
-  row->addWidget(indicator);
-  if (cancel)
-    row->addWidget(button(FlyoutBase::tr("Cancel"), &FlyoutBase::Cancel));
-  if (apply) {
-    row->addWidget(applyButton = button(FlyoutBase::tr("Apply"), &FlyoutBase::Apply));
-    applyButton->setDefault(true);
-  }
-  return row;
-}
-
-void FlyoutBasePrivate::build(QWidget* panel, bool apply, bool reset, bool cancel, bool close) {
-  auto* const column = new QVBoxLayout(q);
-  column->setContentsMargins(margin, margin, margin, margin);
-  column->setSpacing(spacing);
-  column->addLayout(titleRow(close));
-  if (panel) {
-    mainPanel = panel;
-    scroller = new ContentScroller(q);
-    scroller->setContent(panel);
-    column->addWidget(scroller, 1);
-  }
-  column->addLayout(buttonRow(apply, reset, cancel));
-}
-
-void FlyoutBasePrivate::dress() {
-  const Styles& styles = Styles::Instance();
-  q->setStyleSheet(styles.DialogGeneral());
-  if (auto* const closeButton = q->findChild<QToolButton*>(QStringLiteral("close_button")))
-    closeButton->setStyleSheet(styles.ToolButtonSystemClose());
-  QPalette palette = q->palette();
-  palette.setColor(QPalette::Window, styles.ColorWindowBack());
-  q->setPalette(palette);
-}
-
-void FlyoutBasePrivate::updateEnabled() {
-  if (mainPanel)
-    mainPanel->setEnabled(!busy);
-  if (applyButton)
-    applyButton->setEnabled(applyEnabled && !busy);
-  if (resetButton)
-    resetButton->setEnabled(resetEnabled && !busy);
-}
-
-void FlyoutBasePrivate::giveFocusBack() {
-  const bool held = holdsFocus();
-  if (QWidget* const before = std::exchange(focusBefore, nullptr); before && held)
-    before->setFocus(Qt::OtherFocusReason);
-}
-
-void FlyoutBasePrivate::watchEscape() {
-  forgetEscape();
-  escapeTarget = QApplication::focusWidget() ? QApplication::focusWidget() : q;
-  escapeTarget->installEventFilter(q);
-}
-
-void FlyoutBasePrivate::forgetEscape() {
-  if (escapeTarget)
-    escapeTarget->removeEventFilter(q);
-  escapeTarget.clear();
-}
-
-bool FlyoutBasePrivate::holdsFocus() const {
-  const QWidget* const focus = QApplication::focusWidget();
-  return focus && (focus == q || q->isAncestorOf(focus));
-}
 
 FlyoutBase::FlyoutBase(const QString& title, QWidget* mainPanel, QWidget* toolButton, bool apply, bool reset,
                        bool cancel, bool close, QWidget* parent)
@@ -189,8 +37,8 @@ FlyoutBase::FlyoutBase(const QString& title, QWidget* mainPanel, QWidget* toolBu
   d->toolButton = toolButton;
   d->build(mainPanel, apply, reset, cancel, close);
   SetTitle(title);
-  d->dress();
-  connect(&Styles::Instance(), &Styles::changed, this, [this] { d->dress(); });
+  d->applyStyles();
+  connect(&Styles::Instance(), &Styles::changed, this, [this] { d->applyStyles(); });
   connect(this, &FlyoutBase::ESCKeyReleased, this, &FlyoutBase::OnESCKeyReleased);
   connect(this, &FlyoutBase::CloseFlyout, this, [this] { d->open = false; });
 }
@@ -211,7 +59,10 @@ void FlyoutBase::SetApplyText(const QString& text) {
 
 QWidget* FlyoutBase::MainPanel() const { return d->mainPanel; }
 
-QWidget* FlyoutBase::ToolButton() const { return d->toolButton; }
+QWidget* FlyoutBase::ToolButton() const {
+  auto* const host = dynamic_cast<FlyoutHost*>(d->toolButton.data());
+  return host ? host->CurrentHost() : d->toolButton.data();
+}
 
 void FlyoutBase::SetToolButton(QWidget* button) { d->toolButton = button; }
 
@@ -256,6 +107,10 @@ void FlyoutBase::HidePartialBackground() {
   Q_EMIT SetPartialBackgroundColor(false, {}, {});
 }
 
+bool FlyoutBase::KeepOpenInView() const { return d->keepOpenInView; }
+
+void FlyoutBase::SetKeepOpenInView(bool keep) { d->keepOpenInView = keep; }
+
 bool FlyoutBase::IsBusy() const { return d->busy; }
 
 // A control that is disabled would hand the focus to whatever comes next, even outside.
@@ -263,19 +118,25 @@ void FlyoutBase::SetBusy(bool busy) {
   if (d->busy == busy)
     return;
   d->busy = busy;
+  const QPointer<FlyoutBase> self(this);
   if (busy && d->holdsFocus()) {
     d->focusBeforeBusy = QApplication::focusWidget();
     setFocus();
   }
-  d->updateEnabled();
-  d->indicator->setVisible(busy);
-  if (busy) {
-    Q_EMIT FlyoutBusy();
+  if (self)
+    d->updateEnabled();
+  if (!self)
     return;
-  }
-  if (QWidget* const before = std::exchange(d->focusBeforeBusy, nullptr); before && hasFocus())
+  d->indicator->setVisible(busy);
+  if (QWidget* const before = busy ? nullptr : std::exchange(d->focusBeforeBusy, nullptr);
+      before && hasFocus())
     before->setFocus();
-  Q_EMIT FlyoutIdle();
+  if (!self || d->busy != busy)
+    return;
+  if (busy)
+    Q_EMIT FlyoutBusy();
+  else
+    Q_EMIT FlyoutIdle();
 }
 
 void FlyoutBase::Apply() {
@@ -347,28 +208,29 @@ void FlyoutBase::showEvent(QShowEvent* event) {
     return;
   d->open = true;
   d->forgetEscape();
+  const QPointer<FlyoutBase> self(this);
   d->subWidgets.follow();
-  if (!d->holdsFocus()) {
-    d->focusBefore = QApplication::focusWidget();
-    QWidget* const control = d->mainPanel ? firstFocusable(d->mainPanel) : nullptr;
-    // As if by Tab: fields select what they hold.
-    (control ? control : this)->setFocus(Qt::TabFocusReason);
-  }
+  if (self)
+    d->takeFocus();
 }
 
 // Before a window that hosts it goes and hands the focus on.
 void FlyoutBase::setVisible(bool visible) {
+  const QPointer<FlyoutBase> self(this);
   if (!visible && isVisible())
     d->giveFocusBack();
-  QWidget::setVisible(visible);
+  if (self)
+    QWidget::setVisible(visible);
 }
 
 void FlyoutBase::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
   if (event->spontaneous())
     return;
+  const QPointer<FlyoutBase> self(this);
   d->subWidgets.follow();
-  d->giveFocusBack();
+  if (self)
+    d->giveFocusBack();
 }
 
 void FlyoutBase::resizeEvent(QResizeEvent* event) {

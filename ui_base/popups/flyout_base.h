@@ -47,7 +47,8 @@ public:
 
   /// The command's controls, or null.
   QWidget* MainPanel() const;
-  /// The button the flyout belongs to; null when there is none or it has died.
+  /// The button the flyout belongs to; null when there is none or it has died. Where buttons share the
+  /// flyout, the one that was clicked, or would open it now.
   QWidget* ToolButton() const;
   void SetToolButton(QWidget* button);
 
@@ -73,6 +74,11 @@ public:
   void ShowPartialBackground(const QRect& region, const QColor& color);
   void HidePartialBackground();
 
+  /// Whether the flyout stays open when the user presses in the view of its command, so that view, command
+  /// and tools can be worked with beside it; off at first. A press anywhere else still closes it.
+  bool KeepOpenInView() const;
+  void SetKeepOpenInView(bool keep);
+
   /// While it works the flyout takes no input but cancelling and closing, and shows that it does.
   bool IsBusy() const;
   void SetBusy(bool busy);
@@ -93,6 +99,8 @@ Q_SIGNALS:
   void ResetValues();
   void CancelChanges();
   void CloseFlyout();
+  /// The flyout wants to be shown, by the button that stands in for its own in extend mode.
+  void RequestShowMenu();
   /// The Escape key was released in the flyout, or in the button it belongs to.
   void ESCKeyReleased();
   void FlyoutResized();

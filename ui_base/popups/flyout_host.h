@@ -3,6 +3,8 @@
 
 #include <ui_base/ui_base_export.h>
 
+class QWidget;
+
 namespace Vela::UiBase {
 
 /// The button that opens a flyout, as the flyout's command sees it.
@@ -15,6 +17,9 @@ public:
   virtual bool ClickedHandlerRequested() const = 0;
   /// Has the host do what a click does, without its action, when the event loop turns next.
   virtual void RequestClick() = 0;
+  /// Of the hosts that share the flyout the one that would open it now, as a widget; this one when it does
+  /// not share it.
+  virtual QWidget* CurrentHost() = 0;
 
 protected:
   FlyoutHost() = default;

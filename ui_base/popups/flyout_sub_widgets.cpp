@@ -83,8 +83,10 @@ void FlyoutSubWidgets::follow() {
     m_host = host;
     host->installEventFilter(this);
   }
-  for (const SubWidget& sub : std::as_const(m_widgets)) {
-    if (sub.widget)
+  const QPointer<FlyoutSubWidgets> self(this);
+  const QList<SubWidget> widgets = m_widgets; // showing one may have others added or taken away
+  for (const SubWidget& sub : widgets) {
+    if (self && sub.widget)
       place(sub);
   }
 }
@@ -102,8 +104,10 @@ void FlyoutSubWidgets::place(const SubWidget& sub) const {
     widget.setParent(parent, flags);
   widget.adjustSize();
   widget.move(positionBeside(m_host->geometry(), widget.size(), sub.side));
+  const QPointer<QWidget> shown(&widget);
   widget.show();
-  widget.raise();
+  if (shown)
+    shown->raise();
 }
 
 bool FlyoutSubWidgets::eventFilter(QObject* watched, QEvent* event) {

@@ -228,7 +228,7 @@ void ActionPanel::watchFlyouts(const ToolButton* button) {
     panel->own()->applyLock(); // also for what has come since
 }
 
-// One that dies while it works will not say that it is idle.
+// Of several that work the last one frees the buttons; one that dies will not say that it is idle.
 void ActionPanel::OnFlyoutBusy() {
   const auto* const flyout = qobject_cast<FlyoutBase*>(sender());
   if (!flyout) {

@@ -115,6 +115,8 @@ public:
   void onMenuVisibilityChange(ToolButton* button, bool visible);
   bool dismissLeaf();
   void dismiss(ToolButtonWithWidgetMenu& button) const;
+  /// @param onClick leaves those open that a click is to leave open.
+  void hideMenusExcept(bool saveState, const ToolButton* except, bool onClick);
   void giveFocusBack();
   /// @}
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tool_bar.h"
 #include "tool_bar_content.h"
+#include "tool_bar_menu_watch.h"
 #include "tool_bar_p.h"
 #include "tool_bar_placer.h"
 
@@ -166,7 +167,7 @@ void ToolBar::OnToolButtonClicked() {
   if (active && active != button && active->ExtendController() != button)
     active->HideMenu();
   if (self && button)
-    HideAllButtonMenusExcept(false, button);
+    d->hideMenusExcept(false, button, true);
   if (!self || !button || !d->params.hideOnClick || qobject_cast<ToolButtonWithButtonMenu*>(button))
     return;
   const auto* const opener = qobject_cast<ToolButtonWithMenu*>(button);
@@ -177,12 +178,17 @@ void ToolBar::OnToolButtonClicked() {
 }
 
 void ToolBar::HideAllButtonMenusExcept(bool saveState, ToolButton* except) {
-  const QList<ToolButtonWithMenu*> menus = MenuButtons(GetBaseToolBar() == this);
+  d->hideMenusExcept(saveState, except, false);
+}
+
+void ToolBarPrivate::hideMenusExcept(bool saveState, const ToolButton* except, bool onClick) {
+  const QList<ToolButtonWithMenu*> menus = toolBar->MenuButtons(toolBar->GetBaseToolBar() == toolBar);
   QList<QPointer<ToolButtonWithMenu>> others;
   for (ToolButtonWithMenu* const button : menus) {
     const auto* const hosting = qobject_cast<ToolButtonWithWidgetMenu*>(button);
     const bool controlled = hosting && except && hosting->ExtendController() == except;
-    if (button != except && !controlled)
+    const bool stays = onClick && button->NoHideMenuOnClick();
+    if (button != except && !controlled && !stays)
       others.append(button);
   }
   for (const QPointer<ToolButtonWithMenu>& button : std::as_const(others)) {
@@ -194,11 +200,13 @@ void ToolBar::HideAllButtonMenusExcept(bool saveState, ToolButton* except) {
 }
 
 void ToolBar::OnMouseClickedOutside() {
+  const QPointer<ToolBar> self(this);
   const QList<ToolButtonWithMenu*> menus = MenuButtons(false);
   const QList<QPointer<ToolButtonWithMenu>> buttons(menus.cbegin(), menus.cend());
   for (const QPointer<ToolButtonWithMenu>& button : buttons) {
     const auto* const menu = button ? qobject_cast<ToolBar*>(button->GetMenu()) : nullptr;
-    if (button && !(menu && menu->KeepStateOnClickOutside()))
+    const bool stays = menu && menu->KeepStateOnClickOutside();
+    if (self && button && !stays && !(d->menuWatch && d->menuWatch->spares(*button)))
       button->HideMenu();
   }
 }

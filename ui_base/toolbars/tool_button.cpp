@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tool_button.h"
 
+#include "tool_button_accessible.h"
 #include "tool_button_p.h"
-#include "tool_button_with_menu.h"
+#include "tool_button_with_widget_menu.h"
 
 #include <ui_base/commands/command_base.h>
 #include <vlk_common_res/styles.h>
@@ -66,6 +67,7 @@ ToolButton::ToolButton(ToolButtonPrivate& state, QWidget* parent) : QToolButton(
 ToolButton::~ToolButton() = default;
 
 void ToolButton::Initialize(QAction* action, ToolBar* toolBar) {
+  makeToolButtonsAccessible();
   setFocusPolicy(Qt::NoFocus);
   setMenu(nullptr);
   setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Preferred);
@@ -73,9 +75,9 @@ void ToolButton::Initialize(QAction* action, ToolBar* toolBar) {
   setAttribute(Qt::WA_NoMousePropagation);
   setCheckable(false);
   setChecked(false);
-  d->dress();
+  d->applySharedStyle();
   connect(&Styles::Instance(), &Styles::changed, this, [this] {
-    d->dress();
+    d->applySharedStyle();
     d->renewPictures();
   });
   connect(this, &QAbstractButton::clicked, this, &ToolButton::OnClicked);
@@ -111,35 +113,6 @@ TooltipObject* ToolButton::GetTooltipObject() const { return d->tooltipObject.ge
 
 void ToolButton::SetExtendMode(bool) {}
 
-QAction* ToolButton::CreateToolButtonAction(QWidget* parent, const QString& normalIcon,
-                                            const QString& activeIcon, const QString& text,
-                                            const QString& toolTip, QObject* receiver, const char* member,
-                                            bool checkable, bool checked) {
-  return CreateToolButtonAction(parent, CreateToolButtonIcon(normalIcon, activeIcon), text, toolTip, receiver,
-                                member, checkable, checked);
-}
-
-QAction* ToolButton::CreateToolButtonAction(QWidget* parent, const QIcon& icon, const QString& text,
-                                            const QString& toolTip, QObject* receiver, const char* member,
-                                            bool checkable, bool checked) {
-  auto* const action = new QAction(icon, text, parent);
-  if (receiver && member)
-    connect(action, SIGNAL(triggered()), receiver, member);
-  action->setToolTip(toolTip);
-  action->setCheckable(checkable);
-  action->setChecked(checked);
-  return action;
-}
-
-QIcon ToolButton::CreateToolButtonIcon(const QString& normalIcon, const QString& activeIcon) {
-  QIcon icon;
-  if (!normalIcon.isEmpty())
-    icon.addFile(normalIcon, QSize(), QIcon::Normal);
-  if (!activeIcon.isEmpty())
-    icon.addFile(activeIcon, QSize(), QIcon::Active);
-  return icon;
-}
-
 // --- clicks
 
 void ToolButton::SuppressClickedHandler(bool suppress) { d->suppressClickedHandler = suppress; }
@@ -147,9 +120,16 @@ void ToolButton::SuppressClickedHandler(bool suppress) { d->suppressClickedHandl
 bool ToolButton::ClickedHandlerRequested() const { return d->clickedHandlerRequested; }
 
 void ToolButton::RequestClick() {
-  QMetaObject::invokeMethod(
-      this, [this] { OnClicked(false); }, Qt::QueuedConnection);
+  const auto click = [this] {
+    const QPointer<ToolButton> self(this);
+    d->leaveExtendModes();
+    if (self)
+      OnClicked(false);
+  };
+  QMetaObject::invokeMethod(this, click, Qt::QueuedConnection);
 }
+
+QWidget* ToolButton::CurrentHost() { return this; }
 
 // The first thing a click does: the action is toggled and triggered before clicked() is emitted.
 void ToolButton::nextCheckState() {
@@ -162,6 +142,7 @@ void ToolButton::nextCheckState() {
 void ToolButton::OnClicked(bool) {
   if (d->locked) {
     d->clickedHandlerRequested = false; // what the click started has locked the button
+    d->forgetClick();
     d->endUnopenedFlyout();
     return;
   }
@@ -170,7 +151,9 @@ void ToolButton::OnClicked(bool) {
   if (!self)
     return;
   d->clickedHandlerRequested = false;
-  if (!std::exchange(d->suppressClickedHandler, false))
+  if (std::exchange(d->suppressClickedHandler, false))
+    d->forgetClick();
+  else
     ClickedHandler();
 }
 
@@ -180,9 +163,14 @@ void ToolButton::OnToggled(bool checked) {
   if (checked)
     return;
   const QPointer<ToolButton> self(this);
-  if (auto* const menuButton = qobject_cast<ToolButtonWithMenu*>(this);
-      menuButton && isCheckable() && d->hideMenuWhenUnchecked && !d->clickedHandlerRequested)
-    menuButton->HideMenu();
+  const bool handled = d->clickedHandlerRequested && !d->suppressClickedHandler; // which closes the menu
+  auto* const menuButton = qobject_cast<ToolButtonWithMenu*>(this);
+  if (menuButton && isCheckable() && d->hideMenuWhenUnchecked && !handled) {
+    if (ToolBar* const bar = OwningToolBar(); bar && bar->GetActiveButton() == menuButton)
+      Q_EMIT bar->CloseFlyout();
+    if (self)
+      menuButton->HideMenu();
+  }
   if (self)
     IconState(Hovered());
 }
@@ -281,6 +269,18 @@ void ToolButton::actionEvent(QActionEvent* event) {
 }
 
 // --- mouse and keyboard
+
+bool ToolButton::event(QEvent* event) {
+  const QEvent::Type type = event->type();
+  const bool mouse = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease ||
+                     type == QEvent::MouseButtonDblClick || type == QEvent::MouseMove;
+  if (mouse && !isEnabled())
+    forward(*static_cast<QMouseEvent*>(event), d->toolBar);
+  const bool handled = QToolButton::event(event);
+  if (type == QEvent::ScreenChangeInternal)
+    d->renewPictures();
+  return handled;
+}
 
 void ToolButton::enterEvent(QEnterEvent* event) {
   IconState(true);

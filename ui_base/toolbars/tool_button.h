@@ -26,8 +26,8 @@ class WidgetPosCalculator;
 /// over an action that is not, lasts. It takes no focus from the mouse.
 ///
 /// The button of a command that is a paid feature is locked, and shows it, while there is no licence. A
-/// locked button takes neither mouse nor keyboard nor click(). All mouse events also reach the toolbar, as
-/// fresh events.
+/// locked button takes neither mouse nor keyboard nor click(); without the badge of a paid feature it looks
+/// disabled. All mouse events also reach the toolbar, as fresh events, those of a disabled button too.
 ///
 /// A click toggles and triggers the action first; then the button announces ToolButtonClicked() and calls
 /// ClickedHandler(). When something else runs the command, such as a shortcut, OnClicked() may be called to
@@ -92,6 +92,7 @@ public:
   /// OnClicked(). What the action starts meanwhile leaves it to the click to go on.
   bool ClickedHandlerRequested() const override;
   void RequestClick() override;
+  QWidget* CurrentHost() override;
 
   /// Writes the action's tooltip text into the tooltip, whatever it shows.
   void RefreshTooltip();
@@ -175,6 +176,7 @@ protected:
   void actionEvent(QActionEvent* event) override;
   void changeEvent(QEvent* event) override;
   void enterEvent(QEnterEvent* event) override;
+  void initStyleOption(QStyleOptionToolButton* option) const override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
   void leaveEvent(QEvent* event) override;
@@ -191,6 +193,7 @@ private:
   friend class ToolBarPrivate;
   friend class ToolButtonPrivate;
   friend class ToolButtonWithButtonMenu;
+  friend class ToolButtonWithButtonMenuPrivate;
   friend class ToolButtonWithWidgetMenu;
 };
 

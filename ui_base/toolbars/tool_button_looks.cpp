@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tool_button.h"
+#include "tool_button_accessible.h"
 #include "tool_button_p.h"
 
 #include <ui_base/commands/command_base.h>
@@ -9,16 +10,82 @@
 #include <vlk_license/lock_badge.h>
 
 #include <QEvent>
+#include <QIconEngine>
+#include <QStyleOptionToolButton>
+
+#include <utility>
 
 namespace Vela::UiBase {
 
 using License::LicenseService;
 
+struct SwapPictures {
+  QIcon normal;
+  QIcon active;
+  bool showsActive = false;
+};
+
 namespace {
 
 constexpr QSize pictureSize(32, 32); // px; of the pictures that are swapped under the mouse
 
+/// Shows one of two pictures, whichever is due when it is painted.
+class SwapIconEngine : public QIconEngine {
+public:
+  explicit SwapIconEngine(std::shared_ptr<const SwapPictures> pictures) : m_pictures(std::move(pictures)) {}
+
+  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
+    shown().paint(painter, rect, Qt::AlignCenter, mode, state);
+  }
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    return shown().pixmap(size, 1.0, mode, state); // in pixels of the device
+  }
+  QSize actualSize(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    return shown().actualSize(size, mode, state);
+  }
+  QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) override {
+    return shown().availableSizes(mode, state);
+  }
+  QIconEngine* clone() const override { return new SwapIconEngine(m_pictures); }
+
+private:
+  const QIcon& shown() const { return m_pictures->showsActive ? m_pictures->active : m_pictures->normal; }
+
+  std::shared_ptr<const SwapPictures> m_pictures;
+};
+
 } // namespace
+
+// --- making actions and icons
+
+QAction* ToolButton::CreateToolButtonAction(QWidget* parent, const QString& normalIcon,
+                                            const QString& activeIcon, const QString& text,
+                                            const QString& toolTip, QObject* receiver, const char* member,
+                                            bool checkable, bool checked) {
+  return CreateToolButtonAction(parent, CreateToolButtonIcon(normalIcon, activeIcon), text, toolTip, receiver,
+                                member, checkable, checked);
+}
+
+QAction* ToolButton::CreateToolButtonAction(QWidget* parent, const QIcon& icon, const QString& text,
+                                            const QString& toolTip, QObject* receiver, const char* member,
+                                            bool checkable, bool checked) {
+  auto* const action = new QAction(icon, text, parent);
+  if (receiver && member)
+    connect(action, SIGNAL(triggered()), receiver, member);
+  action->setToolTip(toolTip);
+  action->setCheckable(checkable);
+  action->setChecked(checked);
+  return action;
+}
+
+QIcon ToolButton::CreateToolButtonIcon(const QString& normalIcon, const QString& activeIcon) {
+  QIcon icon;
+  if (!normalIcon.isEmpty())
+    icon.addFile(normalIcon, QSize(), QIcon::Normal);
+  if (!activeIcon.isEmpty())
+    icon.addFile(activeIcon, QSize(), QIcon::Active);
+  return icon;
+}
 
 // --- icons
 
@@ -39,23 +106,33 @@ void ToolButton::InitIcons() {
   d->activePixmap = render(pictureSize, QIcon::Active);
   if (d->activePixmap.isNull())
     d->activePixmap = d->normalPixmap;
-  d->normalIcon = QIcon(d->normalPixmap);
-  d->activeIcon = QIcon(d->activePixmap);
+  d->pictures = std::make_shared<SwapPictures>();
+  d->pictures->normal = QIcon(d->normalPixmap);
+  d->pictures->active = QIcon(d->activePixmap);
   for (const QSize& size : {pictureSize, d->picturesFor}) {
     // Scaled pictures are not sharp.
     if (size != pictureSize) {
-      d->normalIcon.addPixmap(render(size, QIcon::Normal));
-      d->activeIcon.addPixmap(render(size, QIcon::Active));
+      d->pictures->normal.addPixmap(render(size, QIcon::Normal));
+      d->pictures->active.addPixmap(render(size, QIcon::Active));
     }
-    d->normalIcon.addPixmap(render(size, QIcon::Disabled), QIcon::Disabled);
+    d->pictures->normal.addPixmap(render(size, QIcon::Disabled), QIcon::Disabled);
+    d->pictures->active.addPixmap(render(size, QIcon::Disabled), QIcon::Disabled);
   }
+  d->swapIcon = QIcon(new SwapIconEngine(d->pictures));
 }
 
+// Another icon would have the toolbar laid out anew.
 void ToolButton::IconState(bool hovered) {
   d->iconActive = hovered;
   InitIcons();
-  if (!d->keepIcon && !d->normalPixmap.isNull() && !d->activePixmap.isNull())
-    setIcon(hovered && isEnabled() ? d->activeIcon : d->normalIcon);
+  if (d->keepIcon || d->normalPixmap.isNull() || d->activePixmap.isNull())
+    return;
+  const bool active = hovered && isEnabled() && !d->looksDisabled();
+  const bool changes = std::exchange(d->pictures->showsActive, active) != active;
+  if (icon().cacheKey() != d->swapIcon.cacheKey())
+    setIcon(d->swapIcon);
+  else if (changes)
+    update();
 }
 
 bool ToolButton::Hovered() const { return rect().contains(mapFromGlobal(QCursor::pos())); }
@@ -67,13 +144,6 @@ void ToolButton::changeEvent(QEvent* event) {
     d->renewPictures();
 }
 
-bool ToolButton::event(QEvent* event) {
-  const bool handled = QToolButton::event(event);
-  if (event->type() == QEvent::ScreenChangeInternal)
-    d->renewPictures();
-  return handled;
-}
-
 // --- the lock
 
 void ToolButton::SetLocked(bool locked) {
@@ -81,6 +151,16 @@ void ToolButton::SetLocked(bool locked) {
   if (locked)
     setDown(false);
   EnableTooltip(d->tooltipEnabled);
+  if (!d->normalPixmap.isNull())
+    IconState(d->iconActive);
+  update();
+  announceEnabledState(*this);
+}
+
+void ToolButton::initStyleOption(QStyleOptionToolButton* option) const {
+  QToolButton::initStyleOption(option);
+  if (d->looksDisabled())
+    option->state &= ~(QStyle::State_Enabled | QStyle::State_MouseOver | QStyle::State_Raised);
 }
 
 bool ToolButton::IsLocked() const { return d->locked; }
@@ -96,7 +176,7 @@ void ToolButton::UpdateLicenseLock() {
     AddLockIcon();
   } else if (d->lockLabel) {
     RemoveLockIcon();
-    SetLocked(d->standsBack);
+    SetLocked(d->lockedForExtendMode);
   }
 }
 

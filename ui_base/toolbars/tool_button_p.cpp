@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "tool_button_p.h"
 
+#include "tool_button_with_button_menu.h"
+
 #include <ui_base/commands/flyout_command.h>
 #include <ui_base/popups/flyout_base.h>
 #include <vlk_common_res/styles.h>
 #include <vlk_license/license_service.h>
+
+#include <utility>
 
 namespace Vela::UiBase {
 
@@ -37,26 +41,40 @@ bool ToolButtonPrivate::isUnlicensed() const {
 // Begun by a shortcut, it would wait for a panel that does not open.
 void ToolButtonPrivate::endUnopenedFlyout() const {
   auto* const command = qobject_cast<FlyoutCommand*>(action.data());
-  const FlyoutBase* const flyout = command ? command->flyout() : nullptr;
-  if (flyout && !flyout->isVisible())
+  const QWidget* const panel = command && command->isActive() ? command->simpleFlyout() : nullptr;
+  if (panel && !panel->isVisible())
     command->onFinalize();
 }
 
-void ToolButtonPrivate::standBack(bool back) {
-  standsBack = back;
-  button->SetLocked(back);
+void ToolButtonPrivate::forgetClick() {}
+
+void ToolButtonPrivate::lockForExtendMode(bool lock) {
+  lockedForExtendMode = lock;
+  button->SetLocked(lock);
 }
 
-void ToolButtonPrivate::dress() {
-  if (button->styleSheet() != styleSheet)
-    return; // it was given another one
-  styleSheet = Styles::Instance().ToolButtonOnToolPalette();
-  button->setStyleSheet(styleSheet);
+void ToolButtonPrivate::leaveExtendModes() const {
+  const ToolBar* const bar = lockedForExtendMode ? liveToolBar() : nullptr;
+  const QList<ToolButtonWithMenu*> menus = bar ? bar->MenuButtons(false) : QList<ToolButtonWithMenu*>();
+  const QList<QPointer<ToolButtonWithMenu>> buttons(menus.cbegin(), menus.cend());
+  for (const QPointer<ToolButtonWithMenu>& each : buttons) {
+    auto* const extended = qobject_cast<ToolButtonWithButtonMenu*>(each.data());
+    if (extended && extended->IsInExtendMode())
+      extended->OnExitExtendMode();
+  }
 }
+
+void ToolButtonPrivate::applySharedStyle() {
+  const QString before = std::exchange(styleSheet, Styles::Instance().ToolButtonOnToolPalette());
+  if (button->styleSheet() == before)
+    button->setStyleSheet(styleSheet);
+}
+
+bool ToolButtonPrivate::looksDisabled() const { return locked && !lockLabel; }
 
 void ToolButtonPrivate::adoptIcon() {
   const qint64 key = button->icon().cacheKey();
-  const bool ours = !normalPixmap.isNull() && (key == activeIcon.cacheKey() || key == normalIcon.cacheKey());
+  const bool ours = !swapIcon.isNull() && key == swapIcon.cacheKey();
   const bool otherScreen =
       picturesFor != button->iconSize() || !qFuzzyCompare(picturesRatio, button->devicePixelRatioF());
   if (!ours && key != source.cacheKey())

@@ -12,7 +12,11 @@
 #include <QPixmap>
 #include <QPointer>
 
+#include <memory>
+
 namespace Vela::UiBase {
+
+struct SwapPictures;
 
 /// The state of a ToolButton, for subclasses that add to it.
 class UI_BASE_EXPORT ToolButtonPrivate {
@@ -29,9 +33,16 @@ public:
   /// Whether the command is a paid feature that cannot be used now.
   bool isUnlicensed() const;
   void endUnopenedFlyout() const;
+  /// The click that is being handled is not to do anything any more.
+  virtual void forgetClick();
   /// Locks the button while another one of its toolbar stands in for a sub-button, whatever the licence says.
-  void standBack(bool back);
-  void dress();
+  void lockForExtendMode(bool lock);
+  /// Ends what the button was locked for, as something else has to open now.
+  void leaveExtendModes() const;
+  /// Gives the button the shared style sheet, unless it was given another one.
+  void applySharedStyle();
+  /// Locked, and nothing else shows it.
+  bool looksDisabled() const;
 
   /// Takes over the icon that was set on the button since, if another one was.
   void adoptIcon();
@@ -52,7 +63,7 @@ public:
   QMap<const QAction*, QList<ToolButton::IToolButtonCallbackHandler*>> callbackHandlers;
   ToolButton::IToolButtonShowCallbackHandler* showCallbackHandler = nullptr;
   bool locked = false;
-  bool standsBack = false;
+  bool lockedForExtendMode = false;
   std::unique_ptr<TooltipObject> tooltipObject;
   QPixmap activePixmap;
   QPixmap normalPixmap;
@@ -64,8 +75,8 @@ public:
 
   QString styleSheet; // the shared one that the button was given
   QIcon source;       // what the pictures are made from
-  QIcon activeIcon;   // made of the pictures, like the next
-  QIcon normalIcon;
+  QIcon swapIcon;     // shows one of the two pictures
+  std::shared_ptr<SwapPictures> pictures;
   QSize picturesFor; // the icon size they were made for
   qreal picturesRatio = 0;
   bool iconActive = false;

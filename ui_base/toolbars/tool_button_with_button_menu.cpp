@@ -11,42 +11,29 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <utility>
 
 namespace Vela::UiBase {
 
 using Resource::Styles;
 
-namespace {
-
-/// The buttons of a toolbar, without one that is being destroyed.
-QList<ToolButton*> buttonsOf(const ToolBar* bar) {
-  QList<ToolButton*> buttons;
-  const auto all = bar ? bar->Buttons() : QList<ToolButton*>();
-  for (QObject* const each : all) {
-    if (auto* const button = qobject_cast<ToolButton*>(each))
-      buttons.append(button);
-  }
-  return buttons;
-}
-
-} // namespace
-
 // --- state
 
-QWidget* ToolButtonWithButtonMenuPrivate::anchor() const {
-  return extendController ? static_cast<QWidget*>(extendController) : button;
+QWidget* ToolButtonWithButtonMenuPrivate::controller() const {
+  return extendController ? static_cast<QWidget*>(extendController) : nullptr;
 }
 
 bool ToolButtonWithButtonMenuPrivate::isOpen() const {
-  return inExtendMode || ToolButtonWithMenuPrivate::isOpen();
+  return extend != NotExtended || ToolButtonWithMenuPrivate::isOpen();
 }
 
 ToolBar* ToolButtonWithButtonMenuPrivate::subToolBar() const {
   return qobject_cast<ToolBar*>(static_cast<QObject*>(menu.data()));
 }
 
-QList<ToolButton*> ToolButtonWithButtonMenuPrivate::subButtons() const { return buttonsOf(subToolBar()); }
+QList<ToolButton*> ToolButtonWithButtonMenuPrivate::subButtons() const {
+  const ToolBar* const bar = subToolBar();
+  return bar ? bar->Buttons() : QList<ToolButton*>();
+}
 
 bool ToolButtonWithButtonMenuPrivate::isReachedFrom(const ToolBar& bar) const {
   const ToolBar* outer = liveToolBar();
@@ -57,36 +44,11 @@ bool ToolButtonWithButtonMenuPrivate::isReachedFrom(const ToolBar& bar) const {
   return outer;
 }
 
-void ToolButtonWithButtonMenuPrivate::wireSubButtons() {
-  auto* const self = static_cast<ToolButtonWithButtonMenu*>(button);
-  for (ToolButton* const each : subButtons()) {
-    auto* const sub = qobject_cast<ToolButtonWithWidgetMenu*>(each);
-    if (!sub)
-      continue;
-    if (extendModeEnabled && sub->ExtendController() != self)
-      wire(*sub, *self);
-    else if (!extendModeEnabled && sub->ExtendController())
-      unwire(*sub);
-  }
-}
-
-void ToolButtonWithButtonMenuPrivate::wire(ToolButtonWithWidgetMenu& sub,
-                                           ToolButtonWithButtonMenu& controller) {
-  sub.SetExtendController(&controller);
-  QObject::connect(&sub, &ToolButtonWithWidgetMenu::RequestShowMenu, &sub,
-                   &ToolButtonWithWidgetMenu::OnRequestShowMenu, Qt::UniqueConnection);
-  const QWidget* const menu = sub.GetMenu();
-  if (menu && menu->metaObject()->indexOfSignal("RequestShowMenu()") >= 0)
-    QObject::connect(menu, SIGNAL(RequestShowMenu()), &sub, SLOT(OnRequestShowMenu()), Qt::UniqueConnection);
-}
-
-void ToolButtonWithButtonMenuPrivate::unwire(ToolButtonWithWidgetMenu& sub) {
-  QObject::disconnect(&sub, &ToolButtonWithWidgetMenu::RequestShowMenu, &sub,
-                      &ToolButtonWithWidgetMenu::OnRequestShowMenu);
-  const QWidget* const menu = sub.GetMenu();
-  if (menu && menu->metaObject()->indexOfSignal("RequestShowMenu()") >= 0)
-    QObject::disconnect(menu, SIGNAL(RequestShowMenu()), &sub, SLOT(OnRequestShowMenu()));
-  sub.SetExtendController(nullptr);
+void ToolButtonWithButtonMenuPrivate::letGoOf(ToolBar& bar) {
+  QObject::disconnect(layoutChange);
+  bar.HideAllButtonMenusExcept(false, nullptr); // also those that opened when it was hidden
+  if (bar.OwnerButton() == button)
+    bar.SetOwnerButton(nullptr);
 }
 
 void ToolButtonWithButtonMenuPrivate::rebuildArrow() {
@@ -95,10 +57,13 @@ void ToolButtonWithButtonMenuPrivate::rebuildArrow() {
   button->update();
 }
 
-void ToolButtonWithButtonMenuPrivate::wearIcon(const QIcon& other) {
-  wornIcon = other;
-  if (!other.isNull())
-    button->setIcon(other);
+void ToolButtonWithButtonMenuPrivate::clearSelection() {
+  const QList<ToolButton*> all = subButtons();
+  const QList<QPointer<ToolButton>> subs(all.cbegin(), all.cend());
+  for (const QPointer<ToolButton>& sub : subs) {
+    if (sub)
+      sub->setChecked(false);
+  }
 }
 
 // --- construction
@@ -116,26 +81,25 @@ ToolButtonWithButtonMenu::ToolButtonWithButtonMenu(ToolButtonWithButtonMenuPriva
 
 ToolButtonWithButtonMenu::~ToolButtonWithButtonMenu() {
   d->beginDestruction();
-  OnExitExtendMode();
+  if (IsInExtendMode())
+    OnExitExtendMode();
   HideMenu();
+  own()->letSubButtonsGo();
+  if (ToolBar* const bar = own()->subToolBar())
+    own()->letGoOf(*bar);
   d->toolBar.clear();
-  for (ToolButton* const each : own()->subButtons()) {
-    if (auto* const sub = qobject_cast<ToolButtonWithWidgetMenu*>(each);
-        sub && sub->ExtendController() == this)
-      ToolButtonWithButtonMenuPrivate::unwire(*sub);
-  }
-  if (ToolBar* const bar = own()->subToolBar(); bar && bar->OwnerButton() == this)
-    bar->SetOwnerButton(nullptr);
 }
 
 void ToolButtonWithButtonMenu::Initialize(ToolBar* menu) {
   connect(this, &ToolButtonWithMenu::ButtonMenuVisibilityChange, this, [this](ToolButton*, bool visible) {
     own()->rebuildArrow();
-    if (visible || !own()->clearSelectionOnHide)
+    // The extend mode needs the selection, and clears it in the end.
+    if (visible || !own()->clearSelectionOnHide || IsInExtendMode())
       return;
-    for (ToolButton* const sub : own()->subButtons())
-      sub->setChecked(false);
-    Q_EMIT ButtonMenuCleared();
+    const QPointer<ToolButtonWithButtonMenu> self(this);
+    own()->clearSelection();
+    if (self)
+      Q_EMIT ButtonMenuCleared();
   });
   SetMenu(menu);
 }
@@ -152,32 +116,31 @@ void ToolButtonWithButtonMenu::SetMenu(ToolBar* menu) {
   ToolBar* const before = GetMenu();
   if (menu == before || (menu && own()->isReachedFrom(*menu)))
     return;
-  OnExitExtendMode();
-  if (before) {
-    before->disconnect(this);
-    const bool extend = std::exchange(own()->extendModeEnabled, false);
-    own()->wireSubButtons();
-    own()->extendModeEnabled = extend;
-    if (before->OwnerButton() == this)
-      before->SetOwnerButton(nullptr);
-  }
-  if (menu) {
-    auto* const other = qobject_cast<ToolButtonWithButtonMenu*>(menu->OwnerButton());
-    if (other && other != this)
-      other->SetMenu(nullptr);
-    menu->SetEnableAutoPosition(false);
-  }
-  AttachMenu(menu);
-  if (menu) {
-    menu->SetOwnerButton(this);
-    connect(menu, &ToolBar::LayoutChanged, this, [this] {
-      if (own()->extendModeEnabled)
-        own()->wireSubButtons();
+  const QPointer<ToolButtonWithButtonMenu> self(this);
+  const QPointer<ToolBar> next(menu);
+  if (IsInExtendMode())
+    OnExitExtendMode();
+  if (!self)
+    return;
+  own()->letSubButtonsGo();
+  if (ToolBar* const bar = GetMenu())
+    own()->letGoOf(*bar);
+  auto* const other = next ? qobject_cast<ToolButtonWithButtonMenu*>(next->OwnerButton()) : nullptr;
+  if (other && other != this)
+    other->SetMenu(nullptr);
+  if (self)
+    AttachMenu(next);
+  if (!self)
+    return;
+  if (next && GetMenu() == next) {
+    next->SetEnableAutoPosition(false);
+    next->SetOwnerButton(this);
+    own()->layoutChange = connect(next, &ToolBar::LayoutChanged, this, [this] {
+      own()->controlSubButtons();
       RecalcMenuPosAndMove();
     });
   }
-  if (own()->extendModeEnabled)
-    own()->wireSubButtons();
+  own()->controlSubButtons();
   own()->rebuildArrow();
 }
 
@@ -214,10 +177,10 @@ QAction* ToolButtonWithButtonMenu::GetFirstSubMenuAction(bool checkedOnly) const
 }
 
 void ToolButtonWithButtonMenu::ClickedHandler() {
-  const bool wasOpen = std::exchange(own()->openAtClick, false);
-  if (own()->inExtendMode)
+  const bool closes = own()->state.takeClick() == MenuState::ClickCloses;
+  if (IsInExtendMode())
     OnExitExtendMode();
-  else if (IsMenuShowing() || wasOpen)
+  else if (IsMenuShowing() || closes)
     HideMenu();
   else
     ShowMenu();
@@ -228,8 +191,7 @@ void ToolButtonWithButtonMenu::ShowMenu() {
   if (!menu)
     return;
   menu->SetEnableAutoPosition(false);
-  if (own()->extendModeEnabled)
-    own()->wireSubButtons();
+  own()->controlSubButtons();
   const QPointer<ToolButtonWithButtonMenu> self(this);
   ToolButtonWithMenu::ShowMenu();
   if (self)
@@ -237,7 +199,7 @@ void ToolButtonWithButtonMenu::ShowMenu() {
 }
 
 void ToolButtonWithButtonMenu::HideMenuEx() {
-  if (!own()->inExtendMode)
+  if (!IsInExtendMode())
     ToolButtonWithMenu::HideMenuEx();
 }
 
@@ -249,97 +211,12 @@ QPoint ToolButtonWithButtonMenu::GetMenuPosition() {
   return own()->place();
 }
 
-// --- extend mode
-
-void ToolButtonWithButtonMenu::SetExtendMode(bool extend) {
-  own()->extendModeEnabled = extend;
-  if (!extend)
-    OnExitExtendMode();
-  own()->wireSubButtons();
-}
-
-bool ToolButtonWithButtonMenu::IsExtendModeEnabled() const { return own()->extendModeEnabled; }
-
-bool ToolButtonWithButtonMenu::IsInExtendMode() const { return own()->inExtendMode; }
-
-ToolButton* ToolButtonWithButtonMenu::ExtendedButton() const { return own()->extendedButton; }
-
-void ToolButtonWithButtonMenu::OnEnterExtendMode(ToolButton* button) {
-  if (!button || (own()->inExtendMode && own()->extendedButton == button))
-    return;
-  const QPointer<ToolButtonWithButtonMenu> self(this);
-  const QPointer<ToolButton> sub(button);
-  if (own()->inExtendMode)
-    OnExitExtendMode();
-  if (!self || !sub)
-    return;
-  own()->inExtendMode = true; // the button stays checked while its menu goes
-  own()->menuCleared = false;
-  HideMenu();
-  if (!self || !sub)
-    return;
-  d->adoptIcon();
-  own()->ownIcon = d->source;
-  sub->d->adoptIcon();
-  RecordExtendedButton(sub);
-  own()->wearIcon(sub->d->source);
-  if (isCheckable())
-    setChecked(true);
-  for (ToolButton* const other : buttonsOf(OwningToolBar())) {
-    if (other != this)
-      other->d->standBack(true);
-  }
-  EnableTooltip(false);
-  for (ToolButton* const each : own()->subButtons())
-    each->EnableTooltip(false);
-  connect(sub, &QObject::destroyed, this, &ToolButtonWithButtonMenu::OnExitExtendMode, Qt::UniqueConnection);
-  own()->rebuildArrow();
-}
-
-void ToolButtonWithButtonMenu::RecordExtendedButton(ToolButton* button) {
-  own()->extendedButton = button;
-  own()->extendController = qobject_cast<ToolButtonWithWidgetMenu*>(button);
-}
-
-void ToolButtonWithButtonMenu::OnExitExtendMode() {
-  if (!own()->inExtendMode)
-    return;
-  const QPointer<ToolButtonWithButtonMenu> self(this);
-  own()->noteClosing();
-  if (!std::exchange(own()->menuCleared, true)) {
-    for (ToolButton* const each : buttonsOf(OwningToolBar())) {
-      each->d->standBack(false);
-      each->UpdateLicenseLock();
-    }
-    own()->wornIcon = QIcon();
-    setIcon(own()->ownIcon);
-    IconState(Hovered());
-    EnableTooltip(true);
-    for (ToolButton* const each : own()->subButtons())
-      each->EnableTooltip(true);
-    if (ToolButton* const sub = std::exchange(own()->extendedButton, nullptr))
-      disconnect(sub, &QObject::destroyed, this, &ToolButtonWithButtonMenu::OnExitExtendMode);
-    if (ToolButtonWithWidgetMenu* const controller = std::exchange(own()->extendController, nullptr))
-      controller->HideMenu();
-    if (!self)
-      return;
-    Q_EMIT ButtonMenuCleared();
-    if (!self)
-      return;
-  }
-  own()->inExtendMode = false;
-  if (isCheckable() && !d->dying)
-    setChecked(false);
-  if (self)
-    own()->rebuildArrow();
-}
-
 // --- events
 
 void ToolButtonWithButtonMenu::actionEvent(QActionEvent* event) {
   ToolButtonWithMenu::actionEvent(event);
-  if (own()->inExtendMode)
-    own()->wearIcon(own()->wornIcon);
+  if (IsInExtendMode())
+    own()->showSubIcon(own()->subIcon);
 }
 
 void ToolButtonWithButtonMenu::changeEvent(QEvent* event) {
@@ -356,7 +233,7 @@ void ToolButtonWithButtonMenu::enterEvent(QEnterEvent* event) {
 void ToolButtonWithButtonMenu::hideEvent(QHideEvent* event) {
   const QPointer<ToolButtonWithButtonMenu> self(this);
   ToolButtonWithMenu::hideEvent(event);
-  if (self && !event->spontaneous())
+  if (self && !event->spontaneous() && IsInExtendMode())
     OnExitExtendMode();
 }
 

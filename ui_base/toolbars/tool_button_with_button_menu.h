@@ -12,7 +12,7 @@ class ToolButtonWithWidgetMenu;
 /// opens, and back while it is open.
 ///
 /// With SetExtendMode() it stands in for the sub-button that opens a flyout: while the flyout is open beside
-/// it, it wears the sub-button's icon, and the other buttons of its toolbar are locked. That ends with a
+/// it, it shows the sub-button's icon, and the other buttons of its toolbar are locked. That ends with a
 /// second click or with the flyout.
 ///
 /// The sub-toolbar is not owned.
@@ -45,7 +45,7 @@ public:
   /// Whether the checked sub-buttons are unchecked when the menu hides.
   void SetClearSelectionOnHide(bool clear);
   /// Has the flyouts of the sub-buttons open beside this button; also those of sub-buttons that are added
-  /// later.
+  /// later. Does nothing without a sub-toolbar.
   void SetExtendMode(bool extend) override;
   bool IsExtendModeEnabled() const;
   /// Whether the button stands in for a sub-button now.
@@ -75,6 +75,7 @@ protected:
   void ApplyBaseToolBarParamsToButtonMenu();
   /// Begins to stand in for a sub-button.
   void OnEnterExtendMode(ToolButton* button);
+  /// Ends that, if it does, and unchecks the button.
   void OnExitExtendMode();
   /// The sub-button that the button stands in for has changed: its menu is the one that is shown.
   void RecordExtendedButton(ToolButton* button);
@@ -90,8 +91,11 @@ protected:
   void timerEvent(QTimerEvent* event) override;
 
 private:
+  friend class PanelSession;
   friend class ToolBar;
   friend class ToolBarPrivate;
+  friend class ToolButtonPrivate;
+  friend class ToolButtonWithButtonMenuPrivate;
   friend class ToolButtonWithWidgetMenu;
 
   void Initialize(ToolBar* menu);

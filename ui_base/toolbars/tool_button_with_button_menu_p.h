@@ -12,7 +12,7 @@ namespace Vela::UiBase {
 /// The state of a ToolButtonWithButtonMenu, for subclasses that add to it.
 class UI_BASE_EXPORT ToolButtonWithButtonMenuPrivate : public ToolButtonWithMenuPrivate {
 public:
-  QWidget* anchor() const override;
+  QWidget* controller() const override;
   bool isOpen() const override;
 
   /// The menu, but not one that is being destroyed.
@@ -20,22 +20,31 @@ public:
   QList<ToolButton*> subButtons() const;
   /// Whether the button stands in the toolbar, or in one that opens from it.
   bool isReachedFrom(const ToolBar& bar) const;
-  void wireSubButtons();
-  static void wire(ToolButtonWithWidgetMenu& sub, ToolButtonWithButtonMenu& controller);
-  static void unwire(ToolButtonWithWidgetMenu& sub);
+  /// Makes the button the controller of its sub-buttons, if it has an extend mode.
+  void controlSubButtons();
+  void letSubButtonsGo();
+  void letGoOf(ToolBar& bar);
   void rebuildArrow();
-  void wearIcon(const QIcon& other);
+  void showSubIcon(const QIcon& icon);
+  /// What the extend mode keeps from the user, and gives back.
+  void lockOthers(bool lock);
+  void clearSelection();
+  void endStandingIn();
+
+  /// While it leaves, the extend mode is not entered, and not left once more.
+  enum EExtend : int { NotExtended, Extended, LeavingExtended };
 
   QIcon ownIcon;
   bool extendModeEnabled = false;
-  bool inExtendMode = false;
+  EExtend extend = NotExtended;
   bool clearSelectionOnHide = false;
-  bool menuCleared = true;
   QPointer<ToolButton> extendedButton;
+  QMetaObject::Connection extendedDeath;
   QPainterPath arrow;
   QPointer<ToolButtonWithWidgetMenu> extendController;
 
-  QIcon wornIcon; // the sub-button's
+  QIcon subIcon; // of the sub-button
+  QMetaObject::Connection layoutChange;
 };
 
 } // namespace Vela::UiBase

@@ -14,78 +14,12 @@ namespace Vela::UiBase {
 
 namespace {
 
-bool takesFocus(const QWidget& widget, const QWidget& root) {
-  if (!root.isAncestorOf(&widget) || !widget.isVisibleTo(&root) || !widget.isEnabled())
-    return false;
-  // Tool buttons take it by program only.
-  return (widget.focusPolicy() & Qt::TabFocus) || qobject_cast<const ToolButton*>(&widget);
-}
-
 bool isEscape(const QEvent& event) {
   return (event.type() == QEvent::KeyPress || event.type() == QEvent::ShortcutOverride) &&
          static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
 }
 
 } // namespace
-
-// --- state
-
-ToolButtonWithMenuPrivate::ToolButtonWithMenuPrivate()
-    : posCalculator(std::make_unique<WidgetPosCalculator>()) {}
-
-ToolButtonWithMenuPrivate::~ToolButtonWithMenuPrivate() = default;
-
-QWidget* ToolButtonWithMenuPrivate::popup() const { return menu; }
-
-QWidget* ToolButtonWithMenuPrivate::anchor() const { return button; }
-
-bool ToolButtonWithMenuPrivate::isOpen() const { return closeOnHide; }
-
-void ToolButtonWithMenuPrivate::watch(QWidget* popup) {
-  if (watched == popup)
-    return;
-  if (watched) {
-    watched->removeEventFilter(button);
-    QObject::disconnect(watched, &QObject::destroyed, button, nullptr);
-  }
-  watched = popup;
-  posCalculator->SetWidget(popup);
-  if (!popup)
-    return;
-  popup->installEventFilter(button);
-  // A child that is deleted while it is shown is not hidden before.
-  auto* const menuButton = static_cast<ToolButtonWithMenu*>(button);
-  QObject::connect(popup, &QObject::destroyed, menuButton, [menuButton] { menuButton->MenuHidden(); });
-}
-
-QPoint ToolButtonWithMenuPrivate::place() const {
-  QPoint position = popup()->pos();
-  posCalculator->SetRefWidget(anchor());
-  posCalculator->GetPosition(position, popup()->rect(), false, QPoint());
-  return position;
-}
-
-bool ToolButtonWithMenuPrivate::popupHasFocus() const {
-  const QWidget* const focus = QApplication::focusWidget();
-  return focus && watched && (focus == watched || watched->isAncestorOf(focus));
-}
-
-// Who closes menus on a press elsewhere may take the button for elsewhere; its click is not to open it again.
-void ToolButtonWithMenuPrivate::noteClosing() {
-  closedByPress = button->underMouse() && (QGuiApplication::mouseButtons() & Qt::LeftButton);
-}
-
-void ToolButtonWithMenuPrivate::enterByKeyboard() {
-  if (!button->hasFocus() || !watched)
-    return;
-  for (QWidget* next = watched->nextInFocusChain(); next && next != watched;
-       next = next->nextInFocusChain()) {
-    if (!takesFocus(*next, *watched))
-      continue;
-    next->setFocus(Qt::TabFocusReason);
-    return;
-  }
-}
 
 // --- construction
 
@@ -118,7 +52,7 @@ ToolButtonWithMenu::ToolButtonWithMenu(ToolButtonWithMenuPrivate& state, const Q
 }
 
 ToolButtonWithMenu::~ToolButtonWithMenu() {
-  own()->closeOnHide = false;
+  d->dying = true;
   QWidget* const popup = own()->watched;
   own()->watch(nullptr);
   if (popup)
@@ -126,7 +60,6 @@ ToolButtonWithMenu::~ToolButtonWithMenu() {
 }
 
 void ToolButtonWithMenu::Initialize() {
-  makeMenuButtonsAccessible();
   InitializePosCalculator();
   if (d->toolBar)
     connect(this, SIGNAL(ButtonMenuVisibilityChange(ToolButton*, bool)), d->toolBar,
@@ -159,7 +92,11 @@ QWidget* ToolButtonWithMenu::GetMenu() const { return own()->menu; }
 
 WidgetPosCalculator* ToolButtonWithMenu::GetPosCalculator() const { return own()->posCalculator.get(); }
 
-bool ToolButtonWithMenu::IsMenuShowing() const { return own()->menu && own()->menu->isVisible(); }
+bool ToolButtonWithMenu::IsMenuShowing() const {
+  return own()->menu && own()->menu->isVisible() && own()->ownsPopup();
+}
+
+MenuState::EPhase ToolButtonWithMenu::MenuPhase() const { return own()->state.phase(); }
 
 bool ToolButtonWithMenu::IsSubMenuButton(ToolButton* button) const {
   const QWidget* const menu = own()->menu;
@@ -196,26 +133,45 @@ void ToolButtonWithMenu::ShowMenu() {
       return;
     d->clickedHandlerRequested = requested;
   }
-  QWidget* const popup = own()->popup();
-  if (!popup)
+  if (!own()->popup())
     return;
-  const bool wasShown = std::exchange(own()->closeOnHide, true);
-  if (!wasShown)
+  const bool opens = own()->state.beginOpening();
+  if (!own()->state.isShown())
+    return;
+  if (opens)
     own()->focusBefore = QApplication::focusWidget();
-  popup->move(GetMenuPosition());
-  popup->show();
-  if (!self || !own()->closeOnHide)
+  const bool canShow = own()->beginShowing(opens);
+  if (!self || !own()->state.isShown())
     return;
-  if (!popup->isWindow())
+  if (canShow && own()->popup())
+    PlaceAndShow(opens);
+  else
+    MenuHidden();
+}
+
+void ToolButtonWithMenu::PlaceAndShow(bool opens) {
+  const QPointer<ToolButtonWithMenu> self(this);
+  const QPointer<QWidget> popup(own()->popup());
+  const QPoint position = GetMenuPosition();
+  if (!self || !popup || !own()->state.isShown())
+    return;
+  popup->move(position);
+  popup->show();
+  if (!self || !own()->state.isShown())
+    return;
+  if (popup && !popup->isWindow())
     popup->raise();
   EnableTooltip(false);
+  if (opens)
+    own()->enterByKeyboard();
+  if (self && own()->state.finishOpening()) {
+    announceMenuState(*this);
+    Q_EMIT ButtonMenuVisibilityChange(this, true);
+  }
+  if (!self)
+    return;
   own()->saveMenuState = false;
   own()->savedMenuOwner.clear();
-  own()->enterByKeyboard();
-  if (wasShown)
-    return;
-  announceMenuState(*this);
-  Q_EMIT ButtonMenuVisibilityChange(this, true);
 }
 
 void ToolButtonWithMenu::HideMenu() {
@@ -238,22 +194,29 @@ void ToolButtonWithMenu::HideMenuEx() {
 }
 
 void ToolButtonWithMenu::MenuHidden() {
-  if (!std::exchange(own()->closeOnHide, false))
+  if (!own()->state.beginClosing())
     return;
   own()->noteClosing();
   const QPointer<ToolButtonWithMenu> self(this);
   if (QWidget* const before = std::exchange(own()->focusBefore, nullptr); before && own()->popupHasFocus())
     before->setFocus(Qt::OtherFocusReason);
-  HideMenuEx();
+  if (self)
+    HideMenuEx();
+  if (self)
+    own()->endShowing();
   if (!self)
     return;
   EnableTooltip(true);
   announceMenuState(*this);
-  Q_EMIT ButtonMenuVisibilityChange(this, false);
+  if (own()->state.isAnnounced())
+    Q_EMIT ButtonMenuVisibilityChange(this, false);
+  if (self && own()->state.finishClosing())
+    own()->showLater();
 }
 
 void ToolButtonWithMenu::nextCheckState() {
-  own()->openAtClick = own()->isOpen() || std::exchange(own()->closedByPress, false);
+  if (!d->locked)
+    own()->state.clicked(own()->isOpen());
   ToolButton::nextCheckState();
 }
 
@@ -280,22 +243,22 @@ void ToolButtonWithMenu::SetMenuPosParameters(EDirection direction, int distance
 }
 
 void ToolButtonWithMenu::RecalcMenuPosAndMove() {
-  if (IsMenuShowing())
-    own()->popup()->move(GetMenuPosition());
+  if (!IsMenuShowing())
+    return;
+  const QPointer<ToolButtonWithMenu> self(this);
+  const QPoint position = GetMenuPosition();
+  if (self && own()->popup())
+    own()->popup()->move(position);
 }
 
 // --- events
 
 bool ToolButtonWithMenu::eventFilter(QObject* watched, QEvent* event) {
-  if (watched != own()->watched || !own()->closeOnHide)
+  if (watched != own()->watched || !own()->state.isShown())
     return ToolButton::eventFilter(watched, event);
   if (event->type() == QEvent::Hide && own()->watched->isHidden()) {
     // Not when something around the menu is hidden, with which it comes back.
-    const QPointer<ToolButtonWithMenu> self(this);
-    own()->popupHides = true;
     MenuHidden();
-    if (self)
-      own()->popupHides = false;
     return false;
   }
   if (isEscape(*event)) {
@@ -308,16 +271,19 @@ bool ToolButtonWithMenu::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ToolButtonWithMenu::keyPressEvent(QKeyEvent* event) {
-  if (isEscape(*event) && own()->closeOnHide)
+  if (isEscape(*event) && own()->state.isShown())
     HideMenu();
   else
     ToolButton::keyPressEvent(event);
 }
 
 void ToolButtonWithMenu::hideEvent(QHideEvent* event) {
+  const QPointer<ToolButtonWithMenu> self(this);
   ToolButton::hideEvent(event);
+  if (!self)
+    return;
   d->leaveDyingToolBar();
-  if (!event->spontaneous() && own()->closeOnHide && own()->anchor() == this)
+  if (!event->spontaneous() && own()->state.isShown() && !own()->controller())
     HideMenu();
 }
 
@@ -325,7 +291,7 @@ void ToolButtonWithMenu::mouseReleaseEvent(QMouseEvent* event) {
   const QPointer<ToolButtonWithMenu> self(this);
   ToolButton::mouseReleaseEvent(event);
   if (self)
-    own()->closedByPress = false;
+    own()->state.released();
 }
 
 void ToolButtonWithMenu::moveEvent(QMoveEvent* event) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/toolbars/menu_state.h>
 #include <ui_base/toolbars/tool_button.h>
 
 namespace Vela::UiBase {
@@ -27,11 +28,13 @@ public:
   QWidget* GetMenu() const;
   /// What places the menu; owned by the button, never null.
   WidgetPosCalculator* GetPosCalculator() const;
+  /// Whether the menu is visible. One that another button shows is not this one's.
   bool IsMenuShowing() const;
+  MenuState::EPhase MenuPhase() const;
   /// Whether the other button stands in the menu, or in a menu of one of its buttons.
   bool IsSubMenuButton(ToolButton* button) const;
 
-  /// Whether the menu stays when one of its actions was triggered.
+  /// Whether the menu stays when one of its actions was triggered, or another button of the toolbar clicked.
   void SetNoHideMenuOnClick(bool noHide);
   bool NoHideMenuOnClick() const;
   /// Whether SavedMenuOwner() survives the next hiding of the menu.
@@ -57,7 +60,7 @@ public Q_SLOTS:
 
 Q_SIGNALS:
   /// Once for each showing and each hiding of the menu; also sent by the toolbar. Who wants to delete the
-  /// button or the toolbar on that does so with deleteLater(): they may just be unchecked or hidden.
+  /// toolbar on that does so with deleteLater(): it may just be hidden.
   void ButtonMenuVisibilityChange(ToolButton* button, bool isMenuVisible);
 
 protected:
@@ -98,6 +101,7 @@ private:
   friend class ToolBarPrivate;
 
   void Initialize();
+  void PlaceAndShow(bool opens);
   ToolButtonWithMenuPrivate* own() const;
 };
 

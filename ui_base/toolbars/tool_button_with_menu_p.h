@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ui_base/popups/widget_pos_calculator.h>
+#include <ui_base/toolbars/menu_state.h>
 #include <ui_base/toolbars/tool_button_p.h>
 #include <ui_base/toolbars/tool_button_with_menu.h>
 
@@ -13,13 +14,29 @@ public:
   ToolButtonWithMenuPrivate();
   ~ToolButtonWithMenuPrivate() override;
 
+  void forgetClick() override;
+
   /// What is placed, shown and hidden: the menu, or the window that hosts it.
   virtual QWidget* popup() const;
+  /// What stands in for the button, or null.
+  virtual QWidget* controller() const;
   /// What the popup is placed beside.
-  virtual QWidget* anchor() const;
+  QWidget* anchor() const;
   /// Whether a click closes rather than opens.
   virtual bool isOpen() const;
+  /// Whether the menu, if it is visible, is shown by this button.
+  virtual bool ownsPopup() const;
+  /// The popup is about to be placed and shown, not for the first time unless `opens`. @return whether it can
+  /// be.
+  virtual bool beginShowing(bool opens);
+  /// It has gone: tells those who have to do with it, beside the button.
+  virtual void endShowing();
 
+  /// Shows the menu when nothing is under way any more: not in the event in which the popup is being hidden.
+  void showLater() const;
+  /// The button if it can be seen, else the first that can of those which open the toolbar it stands in; or
+  /// null.
+  QWidget* seenPlace() const;
   /// Follows the popup from now on, and the one before no more.
   void watch(QWidget* popup);
   QPoint place() const;
@@ -32,14 +49,12 @@ public:
   QPointer<QWidget> menu;
   const std::unique_ptr<WidgetPosCalculator> posCalculator;
   bool noHideMenuOnClick = false;
-  bool closeOnHide = false; ///< The menu was shown; its hiding is still to be announced.
   bool saveMenuState = false;
   QPointer<ToolButtonWithMenu> savedMenuOwner;
 
-  bool openAtClick = false; // as the click that is being handled found it
-  bool closedByPress = false;
-  bool popupHides = false; // and is not to be deleted
+  MenuState state;
   QPointer<QWidget> watched;
+  QMetaObject::Connection watchedDeath;
   QPointer<QWidget> focusBefore;
 };
 

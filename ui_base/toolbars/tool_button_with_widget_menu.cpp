@@ -7,9 +7,6 @@
 #include <ui_base/commands/flyout_command.h>
 
 #include <QKeyEvent>
-#include <QScopedValueRollback>
-
-#include <utility>
 
 namespace Vela::UiBase {
 
@@ -29,12 +26,15 @@ ToolButtonWithWidgetMenu::~ToolButtonWithWidgetMenu() {
   d->beginDestruction();
   HideMenu();
   d->toolBar.clear();
+  if (own()->hosting && own()->hosting->next() == this)
+    d->endUnopenedFlyout(); // which it was asked to open
+  const bool changing = own()->state.isChanging();
   SetMenu(nullptr);
   ArrowedWindow* const window = own()->liveWindow();
   if (!window)
     return;
-  window->disconnect(this);
-  if (own()->popupHides)
+  disconnect(own()->windowDeath);
+  if (changing)
     window->deleteLater();
   else
     delete window;
@@ -43,21 +43,10 @@ ToolButtonWithWidgetMenu::~ToolButtonWithWidgetMenu() {
 void ToolButtonWithWidgetMenu::Initialize(QWidget* menu) {
   // The command of a flyout is unchecked when it ends without the button's doing.
   SetHideMenuWhenUnchecked(true);
-  connect(this, &ToolButtonWithMenu::ButtonMenuVisibilityChange, this, [this](ToolButton*, bool visible) {
-    if (visible)
-      return;
-    const QPointer<ToolButtonWithWidgetMenu> self(this);
-    if (FlyoutCommand* const command = own()->activeSimpleCommand())
-      command->onFinalize();
-    else if (FlyoutBase* const flyout = own()->flyout())
-      flyout->CloseMe();
-    if (!self)
-      return;
-    if (ToolBar* const bar = OwningToolBar(); bar && bar->GetActiveButton() == this)
-      bar->SetActiveButton(nullptr);
-    if (ToolButtonWithButtonMenu* const controller = own()->controllerMenu();
-        controller && controller->ExtendedButton() == this)
-      controller->OnExitExtendMode();
+  // Not while the window is laying itself out.
+  connect(&own()->placing, &QTimer::timeout, this, [this] {
+    RecalcMenuPosAndMove();
+    own()->updatePartialBackground();
   });
   SetMenu(menu);
 }
@@ -71,26 +60,17 @@ ToolButtonWithWidgetMenuPrivate* ToolButtonWithWidgetMenu::own() const {
 void ToolButtonWithWidgetMenu::SetMenu(QWidget* menu, bool arrowed) {
   if (menu && (menu == own()->menu || menu == this || menu->isAncestorOf(this)))
     return;
+  const QPointer<ToolButtonWithWidgetMenu> self(this);
+  const QPointer<QWidget> next(menu);
   HideMenu();
-  own()->watch(nullptr);
-  if (FlyoutBase* const before = own()->flyout())
-    own()->unwire(*before);
-  else if (own()->menu)
-    for (QAction* const action : own()->menu->actions())
-      action->disconnect(this);
-  own()->giveBack();
-  own()->partialBackground = QRect();
-  own()->menu = menu;
-  own()->arrowed = arrowed;
-  if (!menu)
+  if (!self)
     return;
-  if (auto* const flyout = qobject_cast<FlyoutBase*>(menu))
-    own()->wire(*flyout);
-  else
-    for (QAction* const action : menu->actions())
-      connect(action, &QAction::triggered, this, &ToolButtonWithMenu::OnActionTriggered);
-  own()->host();
-  AttachMenu(menu);
+  own()->releaseMenu();
+  if (!self)
+    return;
+  own()->arrowed = arrowed;
+  if (next)
+    own()->takeMenu(*next);
 }
 
 void ToolButtonWithWidgetMenu::SetMenuParameters(bool autoDecide, const SArrowParam& arrow,
@@ -108,13 +88,37 @@ void ToolButtonWithWidgetMenu::SetMenuParameters(bool autoDecide, const SArrowPa
 ArrowedWindow* ToolButtonWithWidgetMenu::GetArrowedWindow() const { return own()->liveWindow(); }
 
 void ToolButtonWithWidgetMenu::SetExtendController(QWidget* controller) {
-  own()->extendController = controller;
+  if (own()->extendController == controller)
+    return;
+  const QPointer<ToolButtonWithWidgetMenu> self(this);
+  const QPointer<QWidget> next(controller);
+  ToolButtonWithButtonMenu* const before = own()->controllerMenu();
+  if (before && before->ExtendedButton() == this)
+    before->OnExitExtendMode();
+  if (!self)
+    return;
+  own()->extendController = next;
+  own()->followRequests();
+  RecalcMenuPosAndMove();
 }
 
 QWidget* ToolButtonWithWidgetMenu::ExtendController() const { return own()->extendController; }
 
+QWidget* ToolButtonWithWidgetMenu::CurrentHost() {
+  ToolButtonWithWidgetMenu* const next = own()->hosting ? own()->hosting->next() : nullptr;
+  return next ? next : this;
+}
+
+void ToolButtonWithWidgetMenu::nextCheckState() {
+  const QPointer<ToolButtonWithWidgetMenu> self(this);
+  if (const auto hosting = d->locked ? nullptr : own()->hosting)
+    hosting->take(*this);
+  if (self)
+    ToolButtonWithMenu::nextCheckState();
+}
+
 void ToolButtonWithWidgetMenu::ClickedHandler() {
-  if (std::exchange(own()->openAtClick, false)) {
+  if (own()->state.takeClick() == MenuState::ClickCloses) {
     const QPointer<ToolButtonWithWidgetMenu> self(this);
     HideMenu();
     if (self)
@@ -124,56 +128,47 @@ void ToolButtonWithWidgetMenu::ClickedHandler() {
   // It may have ended before its button was told to open the panel.
   if (const auto* const command = qobject_cast<FlyoutCommand*>(Action()); command && !command->isActive())
     return;
-  const ToolButtonWithButtonMenu* const controller = own()->controllerMenu();
-  if (controller && controller->IsExtendModeEnabled())
-    Q_EMIT RequestShowMenu();
-  else
-    ShowMenu();
+  own()->requestMenu();
 }
 
 void ToolButtonWithWidgetMenu::OnRequestShowMenu() {
-  if (!own()->menu)
-    return; // the controller would stand in for nothing
   const QPointer<ToolButtonWithWidgetMenu> self(this);
-  if (ToolButtonWithButtonMenu* const controller = own()->controllerMenu())
+  const QPointer<ToolButtonWithButtonMenu> controller(own()->controllerMenu());
+  // The controller would stand in for nothing.
+  const auto hosting = own()->menu ? own()->hosting : nullptr;
+  if (hosting && hosting->take(*this) && self && controller)
     controller->OnEnterExtendMode(this);
   if (self)
     ShowMenu();
+  if (self && controller && controller->ExtendedButton() == this && MenuPhase() == MenuState::Closed)
+    controller->OnExitExtendMode();
 }
 
 void ToolButtonWithWidgetMenu::ShowMenu() {
   if (!own()->menu)
     return;
   const QPointer<ToolButtonWithWidgetMenu> self(this);
-  if (ToolButtonWithButtonMenu* const controller = own()->controllerMenu();
-      controller && controller->IsInExtendMode()) {
-    controller->RecordExtendedButton(this);
-    controller->EnableTooltip(false);
+  const auto hosting = own()->hosting;
+  const bool mine = hosting && hosting->take(*this);
+  if (!self || !own()->menu)
+    return;
+  if (!mine) {
+    if (own()->isShownByAnother())
+      own()->showLater();
+    return;
   }
-  if (ToolBar* const bar = OwningToolBar()) {
-    if (ToolButtonWithWidgetMenu* const active = bar->GetActiveButton(); active && active != this)
-      active->HideMenu();
-    if (!self || !own()->menu)
-      return;
-    bar->SetActiveButton(this);
-  }
-  if (own()->arrowed) {
-    const QScopedValueRollback guard(own()->showingMenu, true);
+  if (own()->arrowed)
     own()->ensureWindow();
-    if (own()->menu->parentWidget() != own()->window)
-      own()->host();
-    own()->watch(own()->window);
-    own()->followLayer();
-    own()->menu->show(); // a hidden content has no size
-  }
   ToolButtonWithMenu::ShowMenu();
   if (self)
     own()->updatePartialBackground();
 }
 
 void ToolButtonWithWidgetMenu::HideMenu() {
+  if (own()->isShownByAnother())
+    return;
   const QPointer<ToolButtonWithWidgetMenu> self(this);
-  if (FlyoutBase* const flyout = own()->closeOnHide ? own()->flyout() : nullptr)
+  if (FlyoutBase* const flyout = own()->state.isShown() ? own()->flyout() : nullptr)
     flyout->CloseMe(); // which does nothing when it is closing already
   if (self)
     ToolButtonWithMenu::HideMenu();
@@ -201,6 +196,8 @@ QPoint ToolButtonWithWidgetMenu::GetMenuPosition() {
 // --- the flyout
 
 void ToolButtonWithWidgetMenu::OnFlyoutClosed() {
+  if (own()->isShownByAnother())
+    return;
   const QPointer<ToolButtonWithWidgetMenu> self(this);
   if (ToolButtonWithButtonMenu* const controller = own()->controllerMenu();
       controller && controller->ExtendedButton() == this)
@@ -214,15 +211,8 @@ void ToolButtonWithWidgetMenu::OnFlyoutClosed() {
 void ToolButtonWithWidgetMenu::OnFlyoutMoved() { RecalcMenuPosAndMove(); }
 
 void ToolButtonWithWidgetMenu::OnFlyoutResized() {
-  if (!IsMenuShowing() || own()->placing || std::exchange(own()->placePending, true))
-    return;
-  // Not while the window is laying itself out.
-  const auto placeLater = [this] {
-    own()->placePending = false;
-    RecalcMenuPosAndMove();
-    own()->updatePartialBackground();
-  };
-  QMetaObject::invokeMethod(this, placeLater, Qt::QueuedConnection);
+  if (IsMenuShowing())
+    own()->placing.start(0);
 }
 
 void ToolButtonWithWidgetMenu::OnFlyoutSubWidgetVisibilityChanged(bool) { RecalcMenuPosAndMove(); }
@@ -235,23 +225,15 @@ void ToolButtonWithWidgetMenu::OnFlyoutSetPartialBackgroundColor(bool showColor,
   own()->updatePartialBackground();
 }
 
-// --- events
-
-bool ToolButtonWithWidgetMenu::eventFilter(QObject* watched, QEvent* event) {
-  // A panel that is shown by itself, as by its command, is shown in its window.
-  if (watched == own()->menu && event->type() == QEvent::ShowToParent && !own()->showingMenu &&
-      !own()->closeOnHide && own()->arrowed)
-    ShowMenu();
-  return ToolButtonWithMenu::eventFilter(watched, event);
-}
+// --- keys
 
 void ToolButtonWithWidgetMenu::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Escape || !own()->closeOnHide || !own()->flyout())
+  if (event->key() != Qt::Key_Escape || !own()->state.isShown() || !own()->flyout())
     ToolButtonWithMenu::keyPressEvent(event);
 }
 
 void ToolButtonWithWidgetMenu::keyReleaseEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape && !event->isAutoRepeat() && own()->closeOnHide && own()->flyout())
+  if (event->key() == Qt::Key_Escape && !event->isAutoRepeat() && own()->state.isShown() && own()->flyout())
     Q_EMIT ESCKeyReleased();
   else
     ToolButtonWithMenu::keyReleaseEvent(event);

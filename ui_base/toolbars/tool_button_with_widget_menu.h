@@ -17,9 +17,14 @@ class ToolButtonWithWidgetMenuPrivate;
 /// the flyout ends once, whoever closed it. The button of a flyout command opens the flyout once, whether it
 /// was clicked or the command was run by a shortcut.
 ///
+/// Several buttons, also of different toolbars and windows, may have the same widget. It opens beside the one
+/// that was clicked; without a click beside the one used last that can be seen in the active window, else the
+/// first that can be seen. The others leave it alone.
+///
 /// The widget is not owned. While it is the menu it is a child of the button's window; it goes back to the
-/// parent it had, hidden, when it is replaced or the button dies. If that parent dies first, so does the
-/// widget.
+/// parent it had, hidden and with the window flags it had, when it is replaced or its last button dies. If
+/// that parent dies first, so does the widget; one without a parent is never deleted. A widget that is given
+/// another parent meanwhile has that as its home.
 ///
 /// @code
 /// auto* command = new SmoothCommand(flyout, controller);   // a FlyoutCommand
@@ -47,6 +52,9 @@ public:
   /// other widget to show the menu beside. Not owned.
   void SetExtendController(QWidget* controller);
   QWidget* ExtendController() const;
+
+  /// The button that would open the panel now: this one, or another one that has the same panel.
+  QWidget* CurrentHost() override;
 
   void ShowMenu() override;
   void HideMenu() override;
@@ -79,11 +87,12 @@ protected:
   /// Hides the menu; the button is the toolbar's active one no more.
   void CloseMenu();
 
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
+  void nextCheckState() override;
 
 private:
+  friend class Hosting;
   friend class ToolBar;
   friend class ToolBarPrivate;
   friend class ToolButtonWithButtonMenu;

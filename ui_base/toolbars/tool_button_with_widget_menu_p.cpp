@@ -6,7 +6,6 @@
 #include <ui_base/commands/flyout_command.h>
 #include <vlk_common_res/styles.h>
 
-#include <QScopedValueRollback>
 #include <QScreen>
 
 #include <utility>
@@ -22,57 +21,88 @@ constexpr int edgeGap = 3;      // px, from a flyout to the edges of what it lie
 
 } // namespace
 
+ToolButtonWithWidgetMenuPrivate::ToolButtonWithWidgetMenuPrivate() { placing.setSingleShot(true); }
+
+ToolButtonWithWidgetMenuPrivate::~ToolButtonWithWidgetMenuPrivate() = default;
+
 QWidget* ToolButtonWithWidgetMenuPrivate::popup() const {
   return menu && arrowed ? static_cast<QWidget*>(liveWindow()) : menu.data();
 }
 
 ArrowedWindow* ToolButtonWithWidgetMenuPrivate::liveWindow() const { return window; }
 
-QWidget* ToolButtonWithWidgetMenuPrivate::anchor() const {
-  return extendController ? extendController.data() : button;
-}
+QWidget* ToolButtonWithWidgetMenuPrivate::controller() const { return extendController; }
 
 FlyoutBase* ToolButtonWithWidgetMenuPrivate::flyout() const {
   return qobject_cast<FlyoutBase*>(static_cast<QObject*>(menu.data()));
-}
-
-FlyoutCommand* ToolButtonWithWidgetMenuPrivate::activeSimpleCommand() const {
-  auto* const command = qobject_cast<FlyoutCommand*>(action.data());
-  return command && command->isSimpleFlyout() && command->isActive() ? command : nullptr;
 }
 
 ToolButtonWithButtonMenu* ToolButtonWithWidgetMenuPrivate::controllerMenu() const {
   return qobject_cast<ToolButtonWithButtonMenu*>(static_cast<QObject*>(extendController.data()));
 }
 
-void ToolButtonWithWidgetMenuPrivate::host() {
-  if (!arrowed)
-    return;
-  const QScopedValueRollback guard(showingMenu, true);
-  home = menu->parentWidget();
-  // The window keeps the menu from dying with its parent.
-  if (home)
-    homeDeath = QObject::connect(home, &QObject::destroyed, button, [this] { delete menu; });
-  ensureWindow();
-  window->AttachWidget(menu);
-  window->hide();
-  menu->hide();
-  menu->installEventFilter(button);
+bool ToolButtonWithWidgetMenuPrivate::isShownByAnother() const {
+  const ToolButtonWithWidgetMenu* const turn = hosting ? hosting->turn() : nullptr;
+  return turn && turn != button && turn->MenuPhase() != MenuState::Closed;
 }
 
-void ToolButtonWithWidgetMenuPrivate::giveBack() {
-  QObject::disconnect(homeDeath);
-  const QPointer<QWidget> parent = std::exchange(home, nullptr);
-  if (!menu || !arrowed)
-    return;
-  menu->removeEventFilter(button);
-  menu->hide();
-  if (ArrowedWindow* const host = liveWindow(); host && menu->parentWidget() == host)
-    host->DetachWidget();
-  limitFlyout({QWIDGETSIZE_MAX, QWIDGETSIZE_MAX});
-  if (menu && menu->parentWidget() != parent)
-    menu->setParent(parent);
+bool ToolButtonWithWidgetMenuPrivate::ownsPopup() const { return !isShownByAnother(); }
+
+// --- showing
+
+bool ToolButtonWithWidgetMenuPrivate::beginShowing(bool opens) {
+  auto* const self = static_cast<ToolButtonWithWidgetMenu*>(button);
+  const QPointer<ToolButtonWithWidgetMenu> guard(self);
+  const auto host = hosting;
+  if (opens && host)
+    session.begin(*self, *host);
+  if (!guard || !menu || !host)
+    return false;
+  if (!arrowed) {
+    host->goHome();
+    return guard && menu;
+  }
+  ensureWindow();
+  host->standIn(*window);
+  if (!guard || !menu || !window)
+    return false;
+  watch(window);
+  followLayer();
+  menu->show(); // a hidden content has no size
+  return guard && menu && window;
 }
+
+void ToolButtonWithWidgetMenuPrivate::endShowing() {
+  placing.stop();
+  session.end();
+}
+
+void ToolButtonWithWidgetMenuPrivate::requestMenu() {
+  auto* const self = static_cast<ToolButtonWithWidgetMenu*>(button);
+  const ToolButtonWithButtonMenu* const controller = controllerMenu();
+  if (controller && controller->IsExtendModeEnabled())
+    Q_EMIT self->RequestShowMenu();
+  else
+    self->ShowMenu();
+}
+
+void ToolButtonWithWidgetMenuPrivate::onPanelShown() {
+  const QPointer<QWidget> panel(menu);
+  const QPointer<QWidget> self(button);
+  leaveExtendModes();
+  if (!self)
+    return;
+  if (!locked) {
+    requestMenu();
+    return;
+  }
+  if (panel)
+    panel->hide();
+  if (self)
+    endUnopenedFlyout();
+}
+
+// --- the window
 
 void ToolButtonWithWidgetMenuPrivate::ensureWindow() {
   if (window)
@@ -83,15 +113,17 @@ void ToolButtonWithWidgetMenuPrivate::ensureWindow() {
   window->SetAutoDecideArrowPosition(autoDecideArrow);
   window->SetRoundCornerRadius(cornerRadius);
   window->EnableShadow(true);
-  dressWindow();
-  QObject::connect(&Styles::Instance(), &Styles::changed, window.data(), [this] { dressWindow(); });
+  applyWindowLooks();
+  QObject::connect(&Styles::Instance(), &Styles::changed, window.data(), [this] { applyWindowLooks(); });
   // The layer may go before the button does; the menu is not to go with it.
-  auto* const owner = static_cast<ToolButtonWithWidgetMenu*>(button);
-  QObject::connect(window, &QObject::destroyed, owner, [this] { giveBack(); });
+  windowDeath = QObject::connect(window, &QObject::destroyed, button, [this] {
+    if (const auto host = hosting)
+      host->goHome();
+  });
   followLayer();
 }
 
-void ToolButtonWithWidgetMenuPrivate::dressWindow() {
+void ToolButtonWithWidgetMenuPrivate::applyWindowLooks() {
   window->SetBorder(Styles::Instance().ColorActionPanelBorder(), 0, Qt::SolidLine, Qt::MiterJoin);
 }
 
@@ -103,26 +135,100 @@ void ToolButtonWithWidgetMenuPrivate::followLayer() {
     window->setParent(layer, layer ? Qt::Widget : Qt::Tool | Qt::FramelessWindowHint);
 }
 
-void ToolButtonWithWidgetMenuPrivate::wire(FlyoutBase& flyout) {
+// --- the menu
+
+void ToolButtonWithWidgetMenuPrivate::takeMenu(QWidget& widget) {
   auto* const self = static_cast<ToolButtonWithWidgetMenu*>(button);
-  using Button = ToolButtonWithWidgetMenu;
-  QObject::connect(self, &Button::CloseFlyout, &flyout, &FlyoutBase::CloseFlyout);
-  QObject::connect(&flyout, &FlyoutBase::CloseFlyout, self, &Button::OnFlyoutClosed);
-  QObject::connect(&flyout, &FlyoutBase::CancelChanges, self, &Button::OnFlyoutClosed);
-  QObject::connect(&flyout, &FlyoutBase::FlyoutResized, self, &Button::OnFlyoutResized);
-  QObject::connect(&flyout, &FlyoutBase::SubWidgetVisibilityChanged, self,
-                   &Button::OnFlyoutSubWidgetVisibilityChanged);
-  QObject::connect(&flyout, &FlyoutBase::SetPartialBackgroundColor, self,
-                   &Button::OnFlyoutSetPartialBackgroundColor);
-  QObject::connect(self, &Button::ESCKeyReleased, &flyout, &FlyoutBase::ESCKeyReleased);
-  flyout.SetToolButton(self);
+  const QPointer<ToolButtonWithWidgetMenu> guard(self);
+  menu = &widget;
+  const auto host = hosting = Hosting::of(widget);
+  host->join(*self);
+  connectMenu(widget);
+  if (arrowed)
+    ensureWindow();
+  if (!isShownByAnother()) {
+    if (FlyoutBase* const panel = flyout())
+      panel->CloseMe(); // it was open at home
+    if (guard && menu && arrowed)
+      host->standIn(*window);
+    else if (guard && menu)
+      menu->hide();
+    if (guard)
+      endUnopenedFlyout();
+  }
+  if (!guard || !menu)
+    return;
+  watch(popup());
+  if (QWidget* const shown = arrowed ? popup() : nullptr)
+    shown->hide();
 }
 
-void ToolButtonWithWidgetMenuPrivate::unwire(FlyoutBase& flyout) {
-  button->disconnect(&flyout);
-  flyout.disconnect(button);
-  if (flyout.ToolButton() == button)
-    flyout.SetToolButton(nullptr);
+void ToolButtonWithWidgetMenuPrivate::releaseMenu() {
+  auto* const self = static_cast<ToolButtonWithWidgetMenu*>(button);
+  watch(nullptr);
+  disconnectMenu();
+  partialBackground = QRect();
+  FlyoutBase* const panel = flyout();
+  menu.clear();
+  const auto host = std::exchange(hosting, nullptr);
+  if (!host)
+    return;
+  const LivePointer<FlyoutBase> before(panel);
+  host->leave(*self);
+  if (before && before->ToolButton() == self)
+    before->SetToolButton(host->next());
+}
+
+void ToolButtonWithWidgetMenuPrivate::connectMenu(QWidget& widget) {
+  // A dying widget announces it before guarded pointers to it are null.
+  menuConnections += QObject::connect(&widget, &QObject::destroyed, button, [this] { menu.clear(); });
+  auto* const self = static_cast<ToolButtonWithWidgetMenu*>(button);
+  if (auto* const panel = qobject_cast<FlyoutBase*>(&widget)) {
+    connectFlyout(*panel);
+  } else {
+    for (QAction* const each : widget.actions())
+      menuConnections +=
+          QObject::connect(each, &QAction::triggered, self, &ToolButtonWithMenu::OnActionTriggered);
+  }
+  followRequests();
+}
+
+void ToolButtonWithWidgetMenuPrivate::connectFlyout(FlyoutBase& panel) {
+  auto* const self = static_cast<ToolButtonWithWidgetMenu*>(button);
+  using Button = ToolButtonWithWidgetMenu;
+  menuConnections += {
+      QObject::connect(self, &Button::CloseFlyout, &panel, &FlyoutBase::CloseFlyout),
+      QObject::connect(&panel, &FlyoutBase::CloseFlyout, self, &Button::OnFlyoutClosed),
+      QObject::connect(&panel, &FlyoutBase::CancelChanges, self, &Button::OnFlyoutClosed),
+      QObject::connect(&panel, &FlyoutBase::FlyoutResized, self, &Button::OnFlyoutResized),
+      QObject::connect(&panel, &FlyoutBase::SubWidgetVisibilityChanged, self,
+                       &Button::OnFlyoutSubWidgetVisibilityChanged),
+      QObject::connect(&panel, &FlyoutBase::SetPartialBackgroundColor, self,
+                       &Button::OnFlyoutSetPartialBackgroundColor),
+      QObject::connect(self, &Button::ESCKeyReleased, &panel, &FlyoutBase::ESCKeyReleased),
+  };
+  panel.SetToolButton(self);
+}
+
+void ToolButtonWithWidgetMenuPrivate::disconnectMenu() {
+  for (const auto* connections : {&menuConnections, &requestConnections}) {
+    for (const QMetaObject::Connection& connection : *connections)
+      QObject::disconnect(connection);
+  }
+  menuConnections.clear();
+  requestConnections.clear();
+}
+
+void ToolButtonWithWidgetMenuPrivate::followRequests() {
+  for (const QMetaObject::Connection& connection : std::exchange(requestConnections, {}))
+    QObject::disconnect(connection);
+  if (!controllerMenu())
+    return;
+  auto* const self = static_cast<ToolButtonWithWidgetMenu*>(button);
+  requestConnections += QObject::connect(self, &ToolButtonWithWidgetMenu::RequestShowMenu, self,
+                                         &ToolButtonWithWidgetMenu::OnRequestShowMenu);
+  if (menu && menu->metaObject()->indexOfSignal("RequestShowMenu()") >= 0)
+    requestConnections += QObject::connect(menu, SIGNAL(RequestShowMenu()), self, SLOT(OnRequestShowMenu()));
 }
 
 void ToolButtonWithWidgetMenuPrivate::updatePartialBackground() {
@@ -147,13 +253,14 @@ QPoint ToolButtonWithWidgetMenuPrivate::placeWindow(const QSize& limit) {
 
 // On the side of the button where the window comes to stand there may be less room than elsewhere.
 QPoint ToolButtonWithWidgetMenuPrivate::placeWindowInside() {
-  const QScopedValueRollback guard(placing, true);
   const QWidget* const layer = window->parentWidget();
   const QRect room = layer ? layer->rect() : window->screen()->availableGeometry();
   const QRect area = room.adjusted(edgeGap, edgeGap, -edgeGap, -edgeGap);
   const QPoint position = placeWindow(area.size());
   const QSize beyond = window->size() - area.intersected(QRect(position, window->size())).size();
-  return flyout() && !beyond.isNull() ? placeWindow(area.size() - beyond) : position;
+  const QPoint place = flyout() && !beyond.isNull() ? placeWindow(area.size() - beyond) : position;
+  placing.stop(); // what has just been laid out is no news
+  return place;
 }
 
 } // namespace Vela::UiBase

@@ -2,37 +2,53 @@
 #pragma once
 
 #include <ui_base/popups/arrowed_window.h>
-#include <ui_base/popups/flyout_base.h>
+#include <ui_base/toolbars/hosting.h>
+#include <ui_base/toolbars/panel_session.h>
 #include <ui_base/toolbars/tool_button_with_menu_p.h>
 #include <ui_base/toolbars/tool_button_with_widget_menu.h>
 
+#include <QTimer>
+
 namespace Vela::UiBase {
 
-class FlyoutCommand;
 class ToolButtonWithButtonMenu;
 
 /// The state of a ToolButtonWithWidgetMenu, for subclasses that add to it.
 class UI_BASE_EXPORT ToolButtonWithWidgetMenuPrivate : public ToolButtonWithMenuPrivate {
 public:
+  ToolButtonWithWidgetMenuPrivate();
+  ~ToolButtonWithWidgetMenuPrivate() override;
+
   QWidget* popup() const override;
-  QWidget* anchor() const override;
+  QWidget* controller() const override;
+  bool ownsPopup() const override;
+  bool beginShowing(bool opens) override;
+  void endShowing() override;
 
   /// The window, but not one that is being destroyed.
   ArrowedWindow* liveWindow() const;
   FlyoutBase* flyout() const;
-  /// The command of the button, if its panel is not a flyout and it has begun.
-  FlyoutCommand* activeSimpleCommand() const;
   ToolButtonWithButtonMenu* controllerMenu() const;
+  /// Whether another button shows the menu now.
+  bool isShownByAnother() const;
 
-  void host();
-  /// Gives the menu back to the parent it had.
-  void giveBack();
   void ensureWindow();
-  void dressWindow();
+  void applyWindowLooks();
   /// Puts the window where it can lie over everything around the button.
   void followLayer();
-  void wire(FlyoutBase& flyout);
-  void unwire(FlyoutBase& flyout);
+  void takeMenu(QWidget& widget);
+  /// Lets go of the menu, which goes home if no other button has it.
+  void releaseMenu();
+  void connectMenu(QWidget& widget);
+  void connectFlyout(FlyoutBase& flyout);
+  /// Ends what connectMenu() made, and nothing that an application has made.
+  void disconnectMenu();
+  /// Has the menu, and the button, ask the controller to be shown.
+  void followRequests();
+  /// Shows the menu, through the controller that is there for that.
+  void requestMenu();
+  /// The panel was shown by itself, as by its command.
+  void onPanelShown();
   void updatePartialBackground();
   /// Has a flyout ask for no more than there is room for.
   void limitFlyout(const QSize& limit) const;
@@ -46,11 +62,12 @@ public:
   QPointer<QWidget> extendController;
 
   bool arrowed = true;
-  bool showingMenu = false; // by the button itself
-  bool placing = false;
-  bool placePending = false;
-  QPointer<QWidget> home; // the parent of the menu while it is hosted elsewhere
-  QMetaObject::Connection homeDeath;
+  std::shared_ptr<Hosting> hosting; // of the menu; null without one
+  PanelSession session;
+  QTimer placing; // once it is done with being laid out
+  QList<QMetaObject::Connection> menuConnections;
+  QList<QMetaObject::Connection> requestConnections;
+  QMetaObject::Connection windowDeath;
   QRect partialBackground; // in the menu
   QColor partialColor;
 };

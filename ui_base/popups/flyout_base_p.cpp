@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "flyout_base_p.h"
+
+#include "busy_indicator.h"
+#include "content_scroller.h"
+
+#include <vlk_common_res/icons.h>
+#include <vlk_common_res/styles.h>
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QToolButton>
+
+#include <utility>
+
+namespace Vela::UiBase {
+
+using Resource::Styles;
+
+namespace {
+
+constexpr int margin = 12;  // px around the contents
+constexpr int spacing = 10; // px between title, panel and buttons
+
+bool takesFocus(const QWidget& widget) { return widget.isEnabled() && (widget.focusPolicy() & Qt::TabFocus); }
+
+/// The first that Tab reaches, or null.
+QWidget* firstFocusable(QWidget* root) {
+  if (takesFocus(*root))
+    return root;
+  for (QWidget* widget = root->nextInFocusChain(); widget && widget != root;
+       widget = widget->nextInFocusChain()) {
+    if (root->isAncestorOf(widget) && widget->isVisibleTo(root) && takesFocus(*widget))
+      return widget;
+  }
+  return nullptr;
+}
+
+} // namespace
+
+QPushButton* FlyoutBasePrivate::button(const QString& text, void (FlyoutBase::*action)()) {
+  auto* const made = new QPushButton(text, q);
+  made->setAutoDefault(true); // Return presses it while it has the focus
+  QObject::connect(made, &QPushButton::clicked, q, action);
+  return made;
+}
+
+QLayout* FlyoutBasePrivate::titleRow(bool close) {
+  auto* const row = new QHBoxLayout;
+  title = new QLabel(q);
+  title->setObjectName(QStringLiteral("title_label"));
+  row->addWidget(title, 1);
+  if (close) {
+    auto* const closeButton = new QToolButton(q);
+    closeButton->setObjectName(QStringLiteral("close_button"));
+    closeButton->setIcon(Resource::Icons::icon(QStringLiteral("close")));
+    closeButton->setAccessibleName(FlyoutBase::tr("Close"));
+    closeButton->setToolTip(FlyoutBase::tr("Close"));
+    QObject::connect(closeButton, &QToolButton::clicked, q, &FlyoutBase::CloseMe);
+    row->addWidget(closeButton);
+  }
+  return row;
+}
+
+QLayout* FlyoutBasePrivate::buttonRow(bool apply, bool reset, bool cancel) {
+  auto* const row = new QHBoxLayout;
+  if (reset)
+    row->addWidget(resetButton = button(FlyoutBase::tr("Reset"), &FlyoutBase::Reset));
+  indicator = new BusyIndicator(q);
+  row->addStretch(1);
+  row->addWidget(indicator);
+  if (cancel)
+    row->addWidget(button(FlyoutBase::tr("Cancel"), &FlyoutBase::Cancel));
+  if (apply) {
+    row->addWidget(applyButton = button(FlyoutBase::tr("Apply"), &FlyoutBase::Apply));
+    applyButton->setDefault(true);
+  }
+  return row;
+}
+
+void FlyoutBasePrivate::build(QWidget* panel, bool apply, bool reset, bool cancel, bool close) {
+  auto* const column = new QVBoxLayout(q);
+  column->setContentsMargins(margin, margin, margin, margin);
+  column->setSpacing(spacing);
+  column->addLayout(titleRow(close));
+  if (panel) {
+    mainPanel = panel;
+    scroller = new ContentScroller(q);
+    scroller->setContent(panel);
+    column->addWidget(scroller, 1);
+  }
+  column->addLayout(buttonRow(apply, reset, cancel));
+}
+
+void FlyoutBasePrivate::applyStyles() {
+  const Styles& styles = Styles::Instance();
+  q->setStyleSheet(styles.DialogGeneral());
+  if (auto* const closeButton = q->findChild<QToolButton*>(QStringLiteral("close_button")))
+    closeButton->setStyleSheet(styles.ToolButtonSystemClose());
+  QPalette palette = q->palette();
+  palette.setColor(QPalette::Window, styles.ColorWindowBack());
+  q->setPalette(palette);
+}
+
+void FlyoutBasePrivate::updateEnabled() {
+  if (mainPanel)
+    mainPanel->setEnabled(!busy);
+  if (applyButton)
+    applyButton->setEnabled(applyEnabled && !busy);
+  if (resetButton)
+    resetButton->setEnabled(resetEnabled && !busy);
+}
+
+void FlyoutBasePrivate::giveFocusBack() {
+  const bool held = holdsFocus();
+  if (QWidget* const before = std::exchange(focusBefore, nullptr); before && held)
+    before->setFocus(Qt::OtherFocusReason);
+}
+
+void FlyoutBasePrivate::watchEscape() {
+  forgetEscape();
+  escapeTarget = QApplication::focusWidget() ? QApplication::focusWidget() : q;
+  escapeTarget->installEventFilter(q);
+}
+
+void FlyoutBasePrivate::forgetEscape() {
+  if (escapeTarget)
+    escapeTarget->removeEventFilter(q);
+  escapeTarget.clear();
+}
+
+bool FlyoutBasePrivate::holdsFocus() const {
+  const QWidget* const focus = QApplication::focusWidget();
+  return focus && (focus == q || q->isAncestorOf(focus));
+}
+
+void FlyoutBasePrivate::takeFocus() {
+  if (holdsFocus())
+    return;
+  focusBefore = QApplication::focusWidget();
+  QWidget* const control = mainPanel ? firstFocusable(mainPanel) : nullptr;
+  (control ? control : q)->setFocus(Qt::TabFocusReason);
+}
+
+} // namespace Vela::UiBase

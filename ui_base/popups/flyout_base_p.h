@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ui_base/popups/arrowed_window.h>
+#include <ui_base/popups/flyout_base.h>
+#include <ui_base/popups/flyout_sub_widgets.h>
+
+#include <QPointer>
+
+class QLabel;
+class QLayout;
+class QPushButton;
+
+namespace Vela::UiBase {
+
+class BusyIndicator;
+class ContentScroller;
+
+/// The parts of a FlyoutBase, and where its focus and its Escape key are.
+class FlyoutBasePrivate {
+public:
+  explicit FlyoutBasePrivate(FlyoutBase* owner) : q(owner), subWidgets(*owner) {}
+
+  void build(QWidget* panel, bool apply, bool reset, bool cancel, bool close);
+  QLayout* titleRow(bool close);
+  QLayout* buttonRow(bool apply, bool reset, bool cancel);
+  QPushButton* button(const QString& text, void (FlyoutBase::*action)());
+  void applyStyles();
+  void updateEnabled();
+  void giveFocusBack();
+  void watchEscape();
+  void forgetEscape();
+  bool holdsFocus() const;
+  /// Takes the focus as if by Tab: fields select what they hold.
+  void takeFocus();
+  bool paintsItself() const { return !qobject_cast<ArrowedWindow*>(q->parentWidget()); }
+
+  FlyoutBase* const q;
+  QLabel* title = nullptr;
+  QPointer<QWidget> mainPanel;
+  ContentScroller* scroller = nullptr; // null without a panel
+  QSize sizeLimit = {QWIDGETSIZE_MAX, QWIDGETSIZE_MAX};
+  QPointer<QWidget> toolButton;
+  QPushButton* applyButton = nullptr; // null when there is none, like the next
+  QPushButton* resetButton = nullptr;
+  BusyIndicator* indicator = nullptr;
+  bool applyEnabled = true;
+  bool resetEnabled = true;
+  FlyoutSubWidgets subWidgets;
+  QRect partialBackground;
+  QColor partialColor;
+  bool busy = false;
+  bool keepOpenInView = false;
+  bool open = false;
+  QPointer<QWidget> focusBefore;     // had the focus before the flyout was shown
+  QPointer<QWidget> focusBeforeBusy; // in the flyout
+  QPointer<QWidget> escapeTarget;    // has Escape held down
+};
+
+} // namespace Vela::UiBase

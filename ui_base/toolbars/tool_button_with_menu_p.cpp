@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#include "tool_button_with_menu_p.h"
+
+#include <QApplication>
+#include <QTimer>
+
+namespace Vela::UiBase {
+
+namespace {
+
+bool takesFocus(const QWidget& widget, const QWidget& root) {
+  if (!root.isAncestorOf(&widget) || !widget.isVisibleTo(&root) || !widget.isEnabled())
+    return false;
+  // Tool buttons take it by program only.
+  return (widget.focusPolicy() & Qt::TabFocus) || qobject_cast<const ToolButton*>(&widget);
+}
+
+} // namespace
+
+ToolButtonWithMenuPrivate::ToolButtonWithMenuPrivate()
+    : posCalculator(std::make_unique<WidgetPosCalculator>()) {}
+
+ToolButtonWithMenuPrivate::~ToolButtonWithMenuPrivate() = default;
+
+QWidget* ToolButtonWithMenuPrivate::popup() const { return menu; }
+
+QWidget* ToolButtonWithMenuPrivate::controller() const { return nullptr; }
+
+QWidget* ToolButtonWithMenuPrivate::anchor() const {
+  if (QWidget* const other = controller())
+    return other;
+  QWidget* const seen = seenPlace();
+  return seen ? seen : button;
+}
+
+bool ToolButtonWithMenuPrivate::isOpen() const { return state.isShown(); }
+
+bool ToolButtonWithMenuPrivate::ownsPopup() const { return true; }
+
+bool ToolButtonWithMenuPrivate::beginShowing(bool) { return true; }
+
+void ToolButtonWithMenuPrivate::endShowing() {}
+
+void ToolButtonWithMenuPrivate::showLater() const {
+  auto* const self = static_cast<ToolButtonWithMenu*>(button);
+  QTimer::singleShot(0, self, [self] { self->ShowMenu(); });
+}
+
+void ToolButtonWithMenuPrivate::forgetClick() { state.released(); }
+
+QWidget* ToolButtonWithMenuPrivate::seenPlace() const {
+  ToolButton* place = button;
+  while (place && !place->isVisible()) {
+    const ToolBar* const bar = place->OwningToolBar();
+    place = bar ? bar->OwnerButton() : nullptr;
+  }
+  return place;
+}
+
+void ToolButtonWithMenuPrivate::watch(QWidget* popup) {
+  if (watched == popup)
+    return;
+  if (watched) {
+    watched->removeEventFilter(button);
+    QObject::disconnect(watchedDeath);
+  }
+  watched = popup;
+  posCalculator->SetWidget(popup);
+  if (!popup)
+    return;
+  popup->installEventFilter(button);
+  // A child that is deleted while it is shown is not hidden before.
+  auto* const menuButton = static_cast<ToolButtonWithMenu*>(button);
+  watchedDeath =
+      QObject::connect(popup, &QObject::destroyed, menuButton, [menuButton] { menuButton->MenuHidden(); });
+}
+
+QPoint ToolButtonWithMenuPrivate::place() const {
+  QPoint position = popup()->pos();
+  posCalculator->SetRefWidget(anchor());
+  posCalculator->GetPosition(position, popup()->rect(), false, QPoint());
+  return position;
+}
+
+bool ToolButtonWithMenuPrivate::popupHasFocus() const {
+  const QWidget* const focus = QApplication::focusWidget();
+  return focus && watched && (focus == watched || watched->isAncestorOf(focus));
+}
+
+// Who closes menus on a press elsewhere may take the button for elsewhere; its click is not to open it again.
+void ToolButtonWithMenuPrivate::noteClosing() {
+  if (button->underMouse() && (QGuiApplication::mouseButtons() & Qt::LeftButton))
+    state.closedByPress();
+}
+
+void ToolButtonWithMenuPrivate::enterByKeyboard() {
+  if (!button->hasFocus() || !watched)
+    return;
+  for (QWidget* next = watched->nextInFocusChain(); next && next != watched;
+       next = next->nextInFocusChain()) {
+    if (!takesFocus(*next, *watched))
+      continue;
+    next->setFocus(Qt::TabFocusReason);
+    return;
+  }
+}
+
+} // namespace Vela::UiBase
