@@ -64,7 +64,8 @@ public:
       m_bar->hide();
     else if (step == "SetPos" && m_kind != InALayout)
       m_bar->SetPos(point), m_fixed = true, m_automatic = false, m_rest = point;
-    else if (step == "move" && m_kind == ByHand)
+    else if (step == "move" && m_kind == ByHand &&
+             (m_bar->isVisible() || !slide())) // else it is not heard of
       m_bar->move(point), along(m_rest) = along(point);
     else if (step == "automatic" && m_kind == AtItsEdge)
       m_bar->SetEnableAutoPosition(true), m_automatic = true, m_fixed = false;

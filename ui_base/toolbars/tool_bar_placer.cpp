@@ -139,7 +139,10 @@ void ToolBarPlacer::slide(bool in) {
 }
 
 void ToolBarPlacer::stop() {
-  QPropertyAnimation* const animation = m_animation;
+  const QPointer<ToolBar> toolBar(&m_toolBar);
+  if (m_animation)
+    noteMove();
+  QPropertyAnimation* const animation = toolBar ? m_animation.data() : nullptr;
   if (!animation)
     return;
   m_to = out();
