@@ -9,7 +9,6 @@
 
 #include <QPointer>
 #include <QSignalSpy>
-#include <QVBoxLayout>
 
 #include <atomic>
 #include <stdexcept>
@@ -69,30 +68,21 @@ class BaseViewControllerTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void presentedViewCoversPresenter();
   void presentingNullOrOneselfChangesNothing();
   void delegateTakesPresentationOver();
   void delegateThatDeclinesChangesNothing();
-  void dismissingReturnsToPresenter();
-  void dismissingWithoutPresenterCloses();
-  void refusedCloseSurvivesDismissal();
   void presentedAgainElsewhereFollowsOnlyNewPresenter();
-  void laidOutPresenterKeepsItsSize();
   void loadedControllerIsShutdownDelegate();
   void viewThatDiesUnclosedLeavesShutdown();
   void tooltipsHearOfViews();
   void notificationComesAndGoesWithView();
-  void notificationOfCoveredViewWaitsUntilItAppears();
-
   void notificationsFollowControllerToItsNextView();
-  void presenterAppearsHoweverThePresentedViewGoes_data();
-  void presenterAppearsHoweverThePresentedViewGoes();
-  void presentingAnAncestorIsRefused();
 
-  void controllerDiesWithItsView();
   void heldControllerOutlivesItsView();
   void controllerDeletedByHandTakesParentlessViewAlong();
   void controllerDeletedByHandLeavesViewWithParent();
+  void controllerDeletedWhileItsViewIsShownTakesItAlongLater();
+  void notificationWithoutViewIsDeleted();
   void viewsShareOneController();
   void sharedControllerDeletedByHandLeavesEveryView();
   void heldControllerDeletedByHandLeavesShutdown();
@@ -101,21 +91,6 @@ private Q_SLOTS:
   void lastReferenceOnWorkerDeletesOnMainThread();
   void controllerWithQtParentHasOneOwner();
 };
-
-void BaseViewControllerTest::presentedViewCoversPresenter() {
-  Stage s;
-  s.view->move(40, 30); // the child's place is relative to its parent
-  QVERIFY(s.controller->presentViewController(s.child, FromBottom));
-  QCOMPARE(s.childView->parentWidget(), s.view.data());
-  QCOMPARE(s.childView->geometry(), s.view->rect());
-  QVERIFY(s.childView->isVisible());
-  QCOMPARE(s.child->presenter(), s.controller.data());
-  QCOMPARE(s.child->transitionDirection(), FromBottom);
-  QVERIFY(s.calls.contains("viewWillDisappear"));
-  QVERIFY(s.view->isVisible());
-  s.view->resize(500, 400);
-  QCOMPARE(s.childView->size(), QSize(500, 400));
-}
 
 void BaseViewControllerTest::presentingNullOrOneselfChangesNothing() {
   Stage s;
@@ -151,38 +126,6 @@ void BaseViewControllerTest::delegateThatDeclinesChangesNothing() {
   QCOMPARE(s.childView->parentWidget(), s.view.data());
 }
 
-void BaseViewControllerTest::dismissingReturnsToPresenter() {
-  Stage s;
-  s.controller->presentViewController(s.child, FromLeft);
-  s.calls.clear();
-  const auto held = s.child->shared_from_this();
-  QVERIFY(s.child->dismissViewController());
-  QVERIFY(s.calls.contains("viewWillAppear"));
-  QVERIFY(!held->presenter());
-  QCOMPARE(held->transitionDirection(), NoTransition);
-  s.view->resize(350, 250); // no longer watched by the view that closes
-  settle();
-  QVERIFY(!s.childView);
-}
-
-void BaseViewControllerTest::dismissingWithoutPresenterCloses() {
-  Stage s;
-  s.childView->show();
-  QVERIFY(s.child->dismissViewController());
-  settle();
-  QVERIFY(!s.childView && !s.child);
-}
-
-void BaseViewControllerTest::refusedCloseSurvivesDismissal() {
-  Stage s;
-  s.controller->presentViewController(s.child, FromLeft);
-  s.child->mayClose = false;
-  QVERIFY(!s.child->dismissViewController());
-  settle();
-  QVERIFY(s.childView && s.child->isLoaded());
-  QCOMPARE(s.child->transitionDirection(), FromLeft);
-}
-
 void BaseViewControllerTest::presentedAgainElsewhereFollowsOnlyNewPresenter() {
   Stage s;
   BaseView second;
@@ -197,22 +140,6 @@ void BaseViewControllerTest::presentedAgainElsewhereFollowsOnlyNewPresenter() {
   second.resize(150, 110);
   QCOMPARE(s.childView->size(), QSize(150, 110));
   QCOMPARE(s.child->presenter(), secondController);
-}
-
-void BaseViewControllerTest::laidOutPresenterKeepsItsSize() {
-  QWidget window;
-  auto* const layout = new QVBoxLayout(&window);
-  auto* const view = new BaseView(&window);
-  layout->addWidget(view);
-  auto* const controller = new RecordingController(nullptr, view);
-  window.resize(400, 300);
-  window.show();
-  QVERIFY(QTest::qWaitForWindowExposed(&window));
-  const QSize size = view->size();
-  auto* const childView = new BaseView;
-  controller->presentViewController(new RecordingController(nullptr, childView), FromLeft);
-  QCOMPARE(view->size(), size);
-  QCOMPARE(childView->size(), size);
 }
 
 void BaseViewControllerTest::loadedControllerIsShutdownDelegate() {
@@ -266,16 +193,6 @@ void BaseViewControllerTest::notificationComesAndGoesWithView() {
   QVERIFY(!held->isNotificationShowing());
 }
 
-void BaseViewControllerTest::notificationOfCoveredViewWaitsUntilItAppears() {
-  Stage s;
-  s.controller->presentViewController(s.child, FromLeft);
-  s.controller->showNotification(QStringLiteral("Saved."), FadeInOnly, 3000, false, nullptr, nullptr);
-  auto* const bar = s.view->findChild<NotificationBar*>();
-  QVERIFY(bar && !bar->isVisible());
-  s.child->dismissViewController();
-  QVERIFY(bar->isVisible());
-}
-
 void BaseViewControllerTest::notificationsFollowControllerToItsNextView() {
   Stage s;
   s.controller->showNotification(QStringLiteral("Old."), FadeInOnly, 3000, false, nullptr, nullptr);
@@ -289,43 +206,6 @@ void BaseViewControllerTest::notificationsFollowControllerToItsNextView() {
   QVERIFY(bar && bar->isVisible());
   settle();
   QVERIFY(!s.view->findChild<NotificationBar*>());
-}
-
-void BaseViewControllerTest::presenterAppearsHoweverThePresentedViewGoes_data() {
-  QTest::addColumn<int>("way");
-  QTest::newRow("closed") << 0;
-  QTest::newRow("deleted") << 1;
-  QTest::newRow("presented elsewhere") << 2;
-}
-
-void BaseViewControllerTest::presenterAppearsHoweverThePresentedViewGoes() {
-  QFETCH(const int, way);
-  Stage s;
-  BaseView other;
-  auto* const otherController = new RecordingController(nullptr, &other);
-  s.controller->presentViewController(s.child, FromLeft);
-  s.calls.clear();
-  if (way == 0)
-    s.childView->close();
-  else if (way == 1)
-    delete s.childView;
-  else
-    otherController->presentViewController(s.child, FromLeft);
-  settle();
-  QCOMPARE(s.calls.count(QStringLiteral("viewWillAppear")), 1);
-}
-
-void BaseViewControllerTest::presentingAnAncestorIsRefused() {
-  Stage s;
-  s.controller->presentViewController(s.child, FromLeft);
-  QVERIFY(!s.child->presentViewController(s.controller, FromLeft));
-  QVERIFY(!s.view->parentWidget());
-}
-
-void BaseViewControllerTest::controllerDiesWithItsView() {
-  Stage s;
-  delete s.view;
-  QVERIFY(!s.controller);
 }
 
 void BaseViewControllerTest::heldControllerOutlivesItsView() {
@@ -353,6 +233,26 @@ void BaseViewControllerTest::controllerDeletedByHandLeavesViewWithParent() {
   s.controller->presentViewController(s.child, FromLeft);
   delete s.child;
   QVERIFY(s.childView && !s.childView->getViewController());
+}
+
+void BaseViewControllerTest::controllerDeletedWhileItsViewIsShownTakesItAlongLater() {
+  for (const char* call : {"viewDidLoad", "viewWillAppear", "viewWillDisappear"}) {
+    Stage s;
+    s.child->on[QString::fromLatin1(call)] = [&s] { delete s.child; };
+    s.childView->show();
+    if (s.childView)
+      s.childView->hide();
+    settle();
+    QVERIFY(!s.child && !s.childView);
+  }
+}
+
+void BaseViewControllerTest::notificationWithoutViewIsDeleted() {
+  BaseViewController controller;
+  const QPointer<QWidget> content = new QWidget;
+  controller.showNotification(content, FadeInOnly, 3000, false, nullptr, nullptr);
+  settle();
+  QVERIFY(!content);
 }
 
 void BaseViewControllerTest::viewsShareOneController() {

@@ -146,6 +146,7 @@ private Q_SLOTS:
   void busyCursorEndsWithItsCommandOrController_data();
   void busyCursorEndsWithItsCommandOrController();
   void commandFindsItsViewUntilItDies();
+  void pendingContextDoesNotReachControllerDeletedByHand();
 };
 
 void CmdsViewControllerTest::viewReachesVirtualBase() {
@@ -358,6 +359,15 @@ void CmdsViewControllerTest::commandFindsItsViewUntilItDies() {
   QCOMPARE(command->getViewController(), screen->controller);
   screen.reset();
   QVERIFY(!command->getView() && !command->getViewController());
+}
+
+void CmdsViewControllerTest::pendingContextDoesNotReachControllerDeletedByHand() {
+  const Screen screen;
+  const auto held = screen.controller->shared_from_this();
+  screen.controller->setContext(screen.controller->disabledContext());
+  delete screen.controller;
+  Vela::Test::settle();
+  QVERIFY(!screen.view);
 }
 
 VELA_TEST_MAIN(CmdsViewControllerTest)

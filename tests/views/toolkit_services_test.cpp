@@ -114,6 +114,9 @@ private Q_SLOTS:
     QCOMPARE(image.pixelColor(17, 8).alpha(), 0);
   }
 
+  void bareNameIsFoundInTheResources() {
+    QVERIFY(!DefaultIconProvider().CreateIcon(QStringLiteral("lock")).isNull()); // lock_normal.png
+  }
   void themeIcon() {
     const QString theme = m_folder.filePath(QStringLiteral("themes/test"));
     QVERIFY(QDir().mkpath(theme + QStringLiteral("/16x16")));

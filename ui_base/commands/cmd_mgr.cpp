@@ -41,6 +41,8 @@ CmdMgr::CmdMgr() : d(std::make_unique<CmdMgrPrivate>()) {}
 CmdMgr::~CmdMgr() {
   beginDestruction();
   keepPendingCommands();
+  for (const auto& pending : std::as_const(d->pending))
+    pending->orphan();
   d->bag.clear(); // while a command that dies of it can still look others up
 }
 

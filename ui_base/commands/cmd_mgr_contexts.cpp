@@ -114,7 +114,7 @@ void CmdMgr::setContext(const CommandContext& context) {
   const auto pending = std::make_shared<PendingContext>(context);
   d->pending.append(pending);
   const auto apply = [weak, pending] {
-    if (const auto self = weak.lock())
+    if (const auto self = pending->isOrphaned() ? nullptr : weak.lock())
       self->applyPending(pending);
     else
       pending->applyToKept();

@@ -38,9 +38,14 @@ public:
   }
   void applyToKept() const;
 
+  /// Its manager dies; one that was deleted by hand may still be referred to, but not be used.
+  void orphan() { m_orphaned = true; }
+  bool isOrphaned() const { return m_orphaned; }
+
 private:
   const Entries m_entries;
   Entries::const_iterator m_next;
+  bool m_orphaned = false;
   std::vector<std::pair<std::weak_ptr<CommandBase>, CommandState>> m_kept;
 };
 

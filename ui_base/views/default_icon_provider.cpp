@@ -55,6 +55,10 @@ QIcon DefaultIconProvider::CreateIcon(const QString& path) const {
   addFile(icon, ModeFile(parts.baseName, QIcon::Active, parts.extension), QIcon::Active);
   if (!icon.isNull())
     return icon;
+  if (!path.contains(QLatin1Char('/'))) { // a bare name
+    if (const QIcon resource = CreateIcon(QStringLiteral(":/resources/images/") + path); !resource.isNull())
+      return resource;
+  }
   return QIcon::fromTheme(path);
 }
 

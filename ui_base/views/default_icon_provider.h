@@ -14,8 +14,9 @@
 /// - "…/save_active.png" when there is one, shown while the mouse is over a button,
 /// - of each the file with "@2x" in its name, when there is one, for screens of twice the resolution.
 ///
-/// SVG images ("…/save.svg", with "…/save_active.svg") are sharp at every size. Anything that is no image
-/// file is the name of an icon of the theme: "document-save".
+/// SVG images ("…/save.svg", with "…/save_active.svg") are sharp at every size. A bare name is that of an
+/// image in the resources ("lock" is ":/resources/images/lock_normal.png"), and else of an icon of the theme:
+/// "document-save".
 class UI_BASE_EXPORT DefaultIconProvider : public Vela::UiBase::IIconProvider {
 public:
   /// Extension of the image files, with its dot: ".png".
