@@ -55,10 +55,9 @@ QIcon DefaultIconProvider::CreateIcon(const QString& path) const {
   addFile(icon, ModeFile(parts.baseName, QIcon::Active, parts.extension), QIcon::Active);
   if (!icon.isNull())
     return icon;
-  if (!path.contains(QLatin1Char('/'))) { // a bare name
-    if (const QIcon resource = CreateIcon(QStringLiteral(":/resources/images/") + path); !resource.isNull())
-      return resource;
-  }
+  const QString resource = QStringLiteral(":/resources/images/") + path;
+  if (!path.contains(QLatin1Char('/')) && !ModeFile(resource, QIcon::Normal).isEmpty())
+    return CreateIcon(resource);
   return QIcon::fromTheme(path);
 }
 
