@@ -102,15 +102,7 @@ private Q_SLOTS:
     QVERIFY(wakeUps.count() <= 2);
   }
 
-  void aTaskIsNeverRunInsideTheCall_data() {
-    QTest::addColumn<Place>("from");
-    QTest::addColumn<int>("qos");
-    for (int qos = MainThreadQoS; qos <= LowQoS; ++qos) {
-      QTest::addRow("from the main thread to %d", qos) << Main << qos;
-      QTest::addRow("from a worker to %d", qos) << Worker << qos;
-      QTest::addRow("from a plain thread to %d", qos) << Plain << qos;
-    }
-  }
+  void aTaskIsNeverRunInsideTheCall_data() { placeRows(); }
   void aTaskIsNeverRunInsideTheCall() {
     QFETCH(Place, from);
     QFETCH(int, qos);
@@ -131,14 +123,8 @@ private Q_SLOTS:
     QVERIFY(!wasInside);
   }
 
-  void aTaskWithAnEventLoopKeepsTheOrder_data() {
-    QTest::addColumn<int>("followers");
-    QTest::newRow("alone") << 0;
-    QTest::newRow("before one") << 1;
-    QTest::newRow("before two") << 2;
-  }
   void aTaskWithAnEventLoopKeepsTheOrder() {
-    QFETCH(const int, followers);
+    constexpr int followers = 2;
     QStringList order;
     QEventLoop dialog;
     const auto note = [&order](const QString& text) { return [&order, text] { order << text; }; };
@@ -205,31 +191,18 @@ private Q_SLOTS:
 
   void whatATaskHoldsEndsWithIt() {
     auto held = std::make_shared<int>();
-    std::weak_ptr<int> watch = held;
     bool goneBeforeTheNext = false;
+    const std::weak_ptr<int> watch = held;
     dispatchAsync([held = std::move(held)] {}, MainThreadQoS);
     dispatchAsync([&] { goneBeforeTheNext = watch.expired(); }, MainThreadQoS);
     Vela::Test::settle();
     QVERIFY(goneBeforeTheNext);
   }
 
-  void syncRunsWhereTheTaskBelongs_data() {
-    QTest::addColumn<Place>("from");
-    QTest::addColumn<int>("qos");
-    QTest::addColumn<bool>("isInline");
-    QTest::newRow("main to main") << Main << 0 << true;
-    QTest::newRow("worker to main") << Worker << 0 << false;
-    QTest::newRow("plain to main") << Plain << 0 << false;
-    for (int qos = HighQoS; qos <= LowQoS; ++qos) {
-      QTest::addRow("main to %d", qos) << Main << qos << false;
-      QTest::addRow("worker to %d", qos) << Worker << qos << true;
-      QTest::addRow("plain to %d", qos) << Plain << qos << false;
-    }
-  }
+  void syncRunsWhereTheTaskBelongs_data() { placeRows(); }
   void syncRunsWhereTheTaskBelongs() {
     QFETCH(Place, from);
     QFETCH(int, qos);
-    QFETCH(bool, isInline);
     std::thread::id caller;
     std::thread::id runner;
     std::atomic<bool> done{false};
@@ -246,7 +219,7 @@ private Q_SLOTS:
       runAt(from, call);
     }
     QVERIFY(done);
-    QCOMPARE(caller == runner, isInline);
+    QCOMPARE(caller == runner, from == (qos == MainThreadQoS ? Main : Worker));
     QCOMPARE(runner == std::this_thread::get_id(), qos == MainThreadQoS);
   }
 
@@ -283,25 +256,18 @@ private Q_SLOTS:
     QTRY_VERIFY(!deleted && !timeouts.isEmpty() && others.count() == 1);
   }
 
-  void workerTasksMayWaitForOneAnother_data() {
-    QTest::addColumn<int>("one");
-    QTest::addColumn<int>("other");
-    QTest::newRow("same") << 2 << 2;
-    QTest::newRow("low then high") << 3 << 1;
-    QTest::newRow("high then low") << 1 << 3;
-  }
   void workerTasksMayWaitForOneAnother() {
-    QFETCH(int, one);
-    QFETCH(int, other);
-    auto meeting = std::make_shared<std::latch>(2);
-    auto met = std::make_shared<std::atomic<int>>(0);
-    const auto meet = [meeting, met] {
-      meeting->arrive_and_wait();
-      ++*met;
-    };
-    dispatchAsync(meet, EQualityOfService(one));
-    dispatchAsync(meet, EQualityOfService(other));
-    QTRY_COMPARE(met->load(), 2);
+    for (const auto& [one, other] : {std::pair(NormalQoS, NormalQoS), std::pair(LowQoS, HighQoS)}) {
+      auto meeting = std::make_shared<std::latch>(2);
+      auto met = std::make_shared<std::atomic<int>>(0);
+      const auto meet = [meeting, met] {
+        meeting->arrive_and_wait();
+        ++*met;
+      };
+      dispatchAsync(meet, one);
+      dispatchAsync(meet, other);
+      QTRY_COMPARE(met->load(), 2);
+    }
   }
 
   void helpersOfAParallelLoopAreWorkers() {
@@ -320,23 +286,28 @@ private Q_SLOTS:
     QCOMPARE(elsewhere.load(), 0);
   }
 
-  void whatATaskThrowsIsLogged_data() {
-    QTest::addColumn<int>("qos");
-    QTest::newRow("main thread") << int(MainThreadQoS);
-    QTest::newRow("worker") << int(NormalQoS);
-  }
   void whatATaskThrowsIsLogged() {
-    QFETCH(int, qos);
-    const auto place = EQualityOfService(qos);
-    QTest::ignoreMessage(QtWarningMsg, "A dispatched task failed: the mesh is empty");
-    QTest::ignoreMessage(QtWarningMsg, "A dispatched task failed with an unknown exception");
-    std::atomic<bool> next{false};
-    QVERIFY(dispatchSync([] { throw std::runtime_error("the mesh is empty"); }, place));
-    dispatchAsync([] { throw 7; }, place);
-    dispatchAsync(std::function<void()>(), place); // does nothing
-    dispatchAsync([&next] { next = true; }, place);
-    QTRY_VERIFY(next);
-    QVERIFY(dispatchSync([] {}, HighQoS));
+    for (const auto place : {MainThreadQoS, NormalQoS}) {
+      QTest::ignoreMessage(QtWarningMsg, "A dispatched task failed: the mesh is empty");
+      QTest::ignoreMessage(QtWarningMsg, "A dispatched task failed with an unknown exception");
+      std::atomic<bool> next{false};
+      QVERIFY(dispatchSync([] { throw std::runtime_error("the mesh is empty"); }, place));
+      dispatchAsync([] { throw 7; }, place);
+      dispatchAsync(std::function<void()>(), place); // does nothing
+      dispatchAsync([&next] { next = true; }, place);
+      QTRY_VERIFY(next);
+    }
+  }
+
+private:
+  static void placeRows() {
+    QTest::addColumn<Place>("from");
+    QTest::addColumn<int>("qos");
+    for (const auto& [place, name] : {std::pair(Main, "the main thread"), std::pair(Worker, "a worker"),
+                                      std::pair(Plain, "a plain thread")}) {
+      for (int qos = MainThreadQoS; qos <= LowQoS; ++qos)
+        QTest::addRow("from %s to %d", name, qos) << place << qos;
+    }
   }
 };
 

@@ -134,15 +134,6 @@ private Q_SLOTS:
     QCOMPARE(ran.load(), 204);
   }
 
-  void theNextApplicationOpensTheDispatcherAgain() {
-    std::atomic<int> ran{0};
-    const Application application;
-    QCoreApplication::processEvents();
-    QVERIFY(dispatchAsync([&ran] { ++ran; }, MainThreadQoS));
-    QVERIFY(dispatchSync([&ran] { ++ran; }, NormalQoS));
-    QTRY_COMPARE(ran.load(), 2);
-  }
-
   void whoHandsOverForeverIsCutOff_data() {
     QTest::addColumn<int>("qos");
     QTest::newRow("main thread") << int(MainThreadQoS);

@@ -3,7 +3,6 @@
 #include <tqm_mesh_kernel/dispatch.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 
-#include <stdexcept>
 #include <thread>
 
 using namespace Taren::Core;
@@ -36,33 +35,6 @@ private Q_SLOTS:
     QVERIFY(!dispatcher.step());
   }
 
-  void runAllRunsWhatTasksHandOverAndSyncRunsAtOnce() {
-    SteppedDispatcher dispatcher;
-    const ScopedDispatcher installed(dispatcher);
-    const auto fails = [this] {
-      add("nested", LowQoS);
-      throw std::runtime_error("late");
-    };
-    dispatchAsync(fails, MainThreadQoS);
-    dispatchAsync(nullptr, MainThreadQoS); // does nothing
-    QVERIFY(dispatchSync([this] { m_order += QStringLiteral("now "); }, NormalQoS));
-    QTest::ignoreMessage(QtWarningMsg, "A dispatched task failed: late");
-    dispatcher.runAll();
-    QCOMPARE(m_order, QStringLiteral("now nested"));
-  }
-
-  void refusesOnDemand() {
-    SteppedDispatcher dispatcher;
-    const ScopedDispatcher installed(dispatcher);
-    dispatcher.setRefusing(true);
-    QVERIFY(!dispatchAsync([] {}, NormalQoS));
-    QVERIFY(!dispatchSync([this] { m_order += QStringLiteral("ran"); }, MainThreadQoS));
-    dispatcher.setRefusing(false);
-    QVERIFY(dispatchAsync([] {}, NormalQoS));
-    QCOMPARE(m_order, QString());
-    QCOMPARE(dispatcher.pending(), std::size_t(1));
-  }
-
   void theDispatcherBeforeComesBack() {
     SteppedDispatcher outer;
     const ScopedDispatcher installedOuter(outer);
@@ -74,14 +46,6 @@ private Q_SLOTS:
     }
     add("outer", MainThreadQoS);
     QCOMPARE(outer.pending(), std::size_t(1));
-    {
-      IDispatcher* const before = setDispatcher(nullptr);
-      QCOMPARE(before, &outer);
-      add("default", MainThreadQoS);
-      setDispatcher(before);
-    }
-    Vela::Test::settle();
-    QCOMPARE(m_order, QStringLiteral("default"));
   }
 
 private:

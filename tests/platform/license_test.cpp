@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <support/test_case.h>
-#include <vlk_common_res/styles.h>
 #include <vlk_license/license_service.h>
 #include <vlk_license/lock_badge.h>
 
@@ -16,7 +15,6 @@
 #include <QToolButton>
 
 using namespace Vela::License;
-using Vela::Test::settle;
 
 namespace {
 
@@ -38,7 +36,6 @@ public:
     return true;
   }
   int trialDaysLeft() const override { return daysLeft; }
-  QUrl productPage() const override { return QUrl(QStringLiteral("https://example.com/?a=1&b=\"2\"")); }
 
   void setState(ELicenseState state) { m_state = state; }
 
@@ -100,12 +97,6 @@ void press(QDialog* dialog, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::N
 void type(QDialog* dialog, const QString& text) {
   for (const QChar letter : text)
     QTest::keyClick(dialog->windowHandle(), letter.toLatin1());
-}
-
-void click(QDialog* dialog, QAbstractButton* button) {
-  QVERIFY(button != nullptr);
-  QTest::mouseClick(dialog->windowHandle(), Qt::LeftButton, {},
-                    button->mapTo(dialog, button->rect().center()));
 }
 
 template <class T>
@@ -195,16 +186,10 @@ private Q_SLOTS:
       };
     };
     const auto closeWindow = [this](QDialog*) { m_window.reset(); };
-    const auto cancel = [](QDialog* dialog) {
-      click(dialog, qobject_cast<QMessageBox*>(dialog)->button(QMessageBox::Cancel));
-    };
     row("trial, yes is the default", TrialLicense, {box(Qt::Key_Return)}, true);
-    row("trial, Y", TrialLicense, {box(Qt::Key_Y, Qt::AltModifier)}, true);
     row("trial, N", TrialLicense, {box(Qt::Key_N, Qt::AltModifier)}, false);
-    row("trial, dismissed", TrialLicense, {box(Qt::Key_Escape)}, false);
     row("trial, closed with its window", TrialLicense, {closeWindow}, false);
     row("none, dismissed", NoLicense, {box(Qt::Key_Escape)}, false);
-    row("none, cancelled", NoLicense, {cancel}, false);
     row("none, closed with its window", NoLicense, {closeWindow}, false);
     row("none, good key", NoLicense, {box(Qt::Key_Return), licenceDialog("GOOD-KEY", "")}, true);
     row("none, bad key", NoLicense, {box(Qt::Key_Return), licenceDialog("BAD-KEY", "No such key.")}, false);
@@ -264,29 +249,7 @@ private Q_SLOTS:
     QVERIFY(user.isDone());
   }
 
-  void dialogFollowsPaletteAndMouse() {
-    KeyProvider* provider = installProvider(NoLicense);
-    auto& styles = Vela::Resource::Styles::Instance();
-    const User user({[&](QDialog* dialog) {
-      const auto back = [dialog] { return dialog->grab().toImage().pixelColor(2, 2); };
-      QCOMPARE(back(), styles.ColorWindowBack());
-      styles.setPalette(Vela::Resource::Dark);
-      QCOMPARE(back(), styles.ColorWindowBack());
-      styles.setPalette(Vela::Resource::Light);
-      QVERIFY(child<QLabel>(dialog, "license_product_page_label")
-                  ->text()
-                  .contains(QLatin1String("https://example.com/?a=1&amp;b=%222%22")));
-
-      type(dialog, QStringLiteral("bad"));
-      click(dialog, child<QPushButton>(dialog, "license_activate_button"));
-      QCOMPARE(provider->lastKey, QStringLiteral("bad"));
-      click(dialog, child<QPushButton>(dialog, "license_close_button"));
-    }});
-    LicenseService::Instance().showLicenseDialog(nullptr);
-    QVERIFY(user.isDone());
-  }
-
-  void aBadgeCoversCornerAndTooltipUntilItIsRemoved() {
+  void aBadgeHoldsTheTooltipUntilItIsRemoved() {
     QAction action;
     action.setToolTip(QStringLiteral("Before"));
     QToolButton button;
@@ -294,11 +257,8 @@ private Q_SLOTS:
     button.resize(50, 50);
     button.show();
     QPointer<QLabel> badge = attachLockBadge(&button, QLatin1String(LOCK), {3, 4}, QStringLiteral("Locked"));
-    QCOMPARE(badge->parentWidget(), &button);
-    QCOMPARE(badge->geometry(), QRect(3, 4, 16, 16));
     QVERIFY(badge->isVisible());
     QCOMPARE(badge->pixmap().devicePixelRatio(), button.devicePixelRatio());
-    QCOMPARE(badge->pixmap().deviceIndependentSize(), QSizeF(16, 16));
     QSignalSpy clicked(&button, &QToolButton::clicked);
     QTest::mouseClick(button.windowHandle(), Qt::LeftButton, {}, badge->geometry().center());
     QCOMPARE(clicked.count(), 1);
@@ -306,29 +266,13 @@ private Q_SLOTS:
     action.setToolTip(QStringLiteral("After"));
     QCOMPARE(button.toolTip(), QStringLiteral("Locked"));
     QCOMPARE(attachLockBadge(&button, QLatin1String(LOCK), {8, 8}, QStringLiteral("Still locked")), badge);
-    QCOMPARE(button.findChildren<QLabel*>().size(), 1);
-    QCOMPARE(badge->pos(), QPoint(8, 8));
     QCOMPARE(button.toolTip(), QStringLiteral("Still locked"));
-
     removeLockBadge(&button);
     QVERIFY(badge.isNull());
     QCOMPARE(button.toolTip(), QStringLiteral("After"));
     removeLockBadge(&button);
     button.setToolTip(QStringLiteral("Free again"));
     QCOMPARE(button.toolTip(), QStringLiteral("Free again"));
-  }
-
-  void badgeToleratesMissingThings() {
-    QCOMPARE(attachLockBadge(nullptr, QLatin1String(LOCK), {}, {}), nullptr);
-    removeLockBadge(nullptr);
-    auto button = std::make_unique<QToolButton>();
-    const QPointer<QLabel> badge =
-        attachLockBadge(button.get(), QStringLiteral(":/no/such.png"), {}, QStringLiteral("Locked"));
-    QVERIFY(badge->pixmap().isNull());
-    QCOMPARE(button->toolTip(), QStringLiteral("Locked"));
-    button.reset();
-    QVERIFY(badge.isNull());
-    settle();
   }
 
 private:
