@@ -10,16 +10,6 @@ using namespace Ids;
 using namespace Vela::UiBase;
 using Taren::Objects::createShared;
 
-namespace {
-
-CommandContext contextOf(const QString& id, const CommandState& state) {
-  CommandContext context;
-  context.overwrite(id, state);
-  return context;
-}
-
-} // namespace
-
 /// The contexts that a command manager makes, saves and applies.
 class CmdMgrContextsTest : public Vela::Test::TestCase {
   Q_OBJECT
@@ -52,7 +42,7 @@ private Q_SLOTS:
     QCOMPARE(textOf(manager.currentContext(c)), QStringLiteral("c=0,1"));
     QCOMPARE(textOf(manager.currentActiveContext(g)), QStringLiteral("a=1,1"));
     QVERIFY(manager.disabledContext(d).isEmpty() && manager.currentContext(d).isEmpty());
-    CommandContext asked = contextOf(c, {2, 2});
+    CommandContext asked = CommandContext{{c, {2, 2}}};
     asked.overwrite(d, {1, 1});
     QCOMPARE(textOf(manager.currentContext(asked)), QStringLiteral("c=0,1"));
   }
@@ -67,31 +57,18 @@ private Q_SLOTS:
       };
     }
     f.add(groupOf(QStringLiteral("G"), {new TestCommand(c)}));
-    CommandContext context = contextOf(a, {0, 1});
+    CommandContext context = CommandContext{{a, {0, 1}}};
     context.overwrite(b, {2, 1});
     context.overwrite(c, {0, 1});
     context.overwrite(d, {0, 1});
     f.manager->setContext(context);
-    f.manager->setContext(contextOf(a, {1, 2}));
+    f.manager->setContext(CommandContext{{a, {1, 2}}});
     QVERIFY(applied.isEmpty() && !f.manager->isApplyingContext());
     QCOMPARE(textOf(f.manager->currentContext(a)), QStringLiteral("a=1,0"));
     f.apply();
     QCOMPARE(applied, (QStringList{QStringLiteral("a 1 1"), QStringLiteral("b 1 1")}));
     QVERIFY(!f.manager->isApplyingContext());
     QCOMPARE(f.states(), groupId(QStringLiteral("G")) + QStringLiteral("=1,0 a=1,1 b=1,1 c=0,0"));
-  }
-
-  void popOnAnEmptyStackAndReset() {
-    ManagerFixture f;
-    f.add(checkableCommand(a, true));
-    f.manager->popContext();
-    f.apply();
-    QCOMPARE(f.states(), QStringLiteral("a=1,1"));
-    f.manager->pushContext(f.manager->disabledContext());
-    f.manager->resetContext();
-    QVERIFY(f.manager->contextStack().isEmpty());
-    f.apply();
-    QCOMPARE(f.states(), QStringLiteral("a=1,0"));
   }
 
   void updateInStackStopsAtTheFirstGap() {
@@ -133,77 +110,46 @@ private Q_SLOTS:
     QVERIFY(!second->isChecked());
   }
 
-  void commandOfANameSavesForItself() {
-    ManagerFixture f;
-    auto* const inGroup = new TestCommand(a);
-    inGroup->setEnabled(false);
-    f.add(groupOf(QStringLiteral("G"), {inGroup}));
-    auto* const topLevel = f.add(a);
-    f.manager->pushContext({});
-    f.manager->popContext();
-    f.apply();
-    QVERIFY(topLevel->isEnabled() && !inGroup->isEnabled());
-  }
-
-  void contextOutlivesTheRegistry_data() {
-    QTest::addColumn<bool>("managerDies");
-    QTest::newRow("registry emptied") << false;
-    QTest::newRow("manager gone") << true;
-  }
-
   void contextOutlivesTheRegistry() {
-    QFETCH(bool, managerDies);
     ManagerFixture f;
     auto* const command = f.add(checkableCommand(a, true));
-    f.add(b);
     const auto kept = command->shared_from_this();
     f.manager->setContext(f.manager->inactiveContext());
-    TestCommand* newcomer = nullptr;
-    if (managerDies) {
-      f.manager.reset();
-    } else {
-      f.manager->removeAllCommands();
-      newcomer = f.add(checkableCommand(a, true));
-      f.manager->pushContext({}); // the newcomer is not touched by what is pending
-      QCOMPARE(textOf(f.manager->contextStack().first()), QStringLiteral("a=1,1"));
-    }
-    QVERIFY(command->isChecked());
+    f.manager->removeAllCommands();
+    auto* const newcomer = f.add(checkableCommand(a, true));
+    const auto keptToo = newcomer->shared_from_this();
+    f.manager->pushContext({}); // the newcomer is not touched by what is pending
+    QCOMPARE(textOf(f.manager->contextStack().first()), QStringLiteral("a=1,1"));
     f.apply();
-    QVERIFY(!command->isChecked());
-    QVERIFY(!newcomer || newcomer->isChecked());
-  }
-
-  void toggleInAnAppliedContextChangesTheRegistry_data() {
-    QTest::addColumn<QString>("what");
-    QTest::newRow("removes another") << QStringLiteral("other");
-    QTest::newRow("removes itself") << QStringLiteral("itself");
-    QTest::newRow("empties the registry") << QStringLiteral("all");
-    QTest::newRow("lets go of the manager") << QStringLiteral("manager");
+    QVERIFY(!command->isChecked() && newcomer->isChecked());
+    f.manager->setContext(f.manager->inactiveContext());
+    f.manager.reset();
+    f.apply();
+    QVERIFY(!newcomer->isChecked());
   }
 
   void toggleInAnAppliedContextChangesTheRegistry() {
-    QFETCH(QString, what);
-    ManagerFixture f;
-    auto* const first = f.add(checkableCommand(a));
-    auto* const second = f.add(checkableCommand(b));
-    const auto kept = second->shared_from_this();
-    first->work = [&](bool) {
-      if (what == QLatin1String("other"))
-        f.manager->removeCommand(b);
-      else if (what == QLatin1String("itself"))
-        f.manager->removeCommand(a);
-      else if (what == QLatin1String("all"))
-        f.manager->removeAllCommands();
-      else
-        f.manager.reset();
-      return true;
+    using Change = void (*)(ManagerFixture&);
+    const std::pair<Change, bool> changes[] = {
+        {[](ManagerFixture& f) { f.manager->removeCommand(a); }, true},
+        {[](ManagerFixture& f) { f.manager->removeAllCommands(); }, true},
+        {[](ManagerFixture& f) { f.manager.reset(); }, true},
+        // Only a command that was removed by itself misses what was still to come.
+        {[](ManagerFixture& f) { f.manager->removeCommand(b); }, false},
     };
-    CommandContext context = contextOf(a, {2, 1});
-    context.overwrite(b, {2, 1});
-    f.manager->setContext(context);
-    f.apply();
-    // Only a command that was removed by itself misses what was still to come.
-    QCOMPARE(second->isChecked(), what != QLatin1String("other"));
+    for (const auto& [change, isStillChecked] : changes) {
+      ManagerFixture f;
+      auto* const first = f.add(checkableCommand(a));
+      auto* const second = f.add(checkableCommand(b));
+      const auto kept = second->shared_from_this();
+      first->work = [&f, change = change](bool) {
+        change(f);
+        return true;
+      };
+      f.manager->setContext({{a, {2, 1}}, {b, {2, 1}}});
+      f.apply();
+      QCOMPARE(second->isChecked(), isStillChecked);
+    }
   }
 
   void pushFromAToggleSavesWhatIsStillToCome() {
@@ -211,10 +157,10 @@ private Q_SLOTS:
     auto* const toggled = f.add(checkableCommand(a));
     auto* const other = f.add(b);
     toggled->work = [&](bool) {
-      f.manager->pushContext(contextOf(b, {1, 2}));
+      f.manager->pushContext(CommandContext{{b, {1, 2}}});
       return true;
     };
-    CommandContext context = contextOf(a, {2, 1});
+    CommandContext context = CommandContext{{a, {2, 1}}};
     context.overwrite(b, {0, 2});
     f.manager->setContext(context);
     f.apply();

@@ -2,10 +2,9 @@
 #include "context_model.h"
 #include "execution_fixture.h"
 #include "manager_fixture.h"
+#include "panel_command.h"
 
 #include <support/test_case.h>
-#include <ui_base/commands/flyout_command.h>
-#include <ui_base/popups/flyout_base.h>
 
 #include <QActionGroup>
 
@@ -21,24 +20,6 @@ CommandContext toContext(const ContextModel::States& states) {
     context.overwrite(entry.key(), {entry->first, entry->second});
   return context;
 }
-
-class PanelCommand : public FlyoutCommand {
-  Q_OBJECT
-
-public:
-  PanelCommand(QString commandIdentifier, QWidget* panel, CmdsViewController* controller)
-      : FlyoutCommand(panel, controller), id(std::move(commandIdentifier)) {}
-  QString commandId() const override { return id; }
-  bool onExecuteAsync(bool) override { return true; }
-
-  QString id;
-  CommandContext beginContext;
-  CommandContext executionContext;
-
-protected:
-  CommandContext getBeginCommandContext() override { return beginContext; }
-  CommandContext getExecutionCommandContext() override { return executionContext; }
-};
 
 /// The commands of a view beside the model of their contexts. Tasks are stepped by hand.
 class Duel {
@@ -60,9 +41,7 @@ public:
       m_controller->addCommand(command);
     }
     for (const char* const id : {"x", "y"}) {
-      auto* const flyout = new FlyoutBase("Panel", new QWidget, nullptr, true, true, true, true, &m_window);
-      flyout->hide();
-      auto* const command = new PanelCommand(id, flyout, m_controller);
+      auto* const command = new PanelCommand(id, new QWidget, &m_window, m_controller);
       command->setCheckable(command->id == "y");
       m_controller->addCommand(command);
     }
@@ -97,39 +76,12 @@ public:
   }
 
   void step() {
-    switch (below(16)) {
-    case 0:
-      return set();
-    case 1:
-      return push();
-    case 2:
-    case 3:
-      return hold();
-    case 4:
-    case 5:
-      return release();
-    case 6:
-      return pop();
-    case 7:
-      return enable();
-    case 8:
-      return check();
-    case 9:
-      return addOrRemove();
-    case 10:
-      return run();
-    case 11:
-      return finish();
-    case 12:
-    case 13:
-      return beginOrEnd();
-    case 14:
-      return setGround();
-    default:
-      if (below(40) == 0)
-        reset();
-      m_dispatcher.step(Taren::Core::MainThreadQoS);
-    }
+    static constexpr void (Duel::*moves[])() = {
+        &Duel::set,        &Duel::push,        &Duel::hold,      &Duel::hold,
+        &Duel::release,    &Duel::release,     &Duel::pop,       &Duel::enable,
+        &Duel::check,      &Duel::addOrRemove, &Duel::run,       &Duel::finish,
+        &Duel::beginOrEnd, &Duel::beginOrEnd,  &Duel::setGround, &Duel::turn};
+    (this->*moves[below(std::size(moves))])();
   }
 
 private:
@@ -261,6 +213,11 @@ private:
     m_controller->setGroundState(id, {enabled, checked});
     m_model.setGround(id, enabled, checked);
   }
+  void turn() {
+    if (below(40) == 0)
+      reset();
+    m_dispatcher.step(Taren::Core::MainThreadQoS);
+  }
   void reset() {
     drain();
     m_controller->resetContext();
@@ -292,11 +249,11 @@ class ContextLayersTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  // VELA_MODEL_STEPS and VELA_MODEL_SEED make it longer or another one.
+  // VELA_MODEL_STEPS and VELA_MODEL_SEED make it longer or repeat one.
   void layersFollowTheModel() {
-    const int steps = qEnvironmentVariableIsSet("VELA_MODEL_STEPS")
-                          ? qEnvironmentVariableIntValue("VELA_MODEL_STEPS")
-                          : 3000;
+    bool isLonger = false;
+    const int asked = qEnvironmentVariableIntValue("VELA_MODEL_STEPS", &isLonger);
+    const int steps = isLonger ? asked : 1000;
     const unsigned seed = qEnvironmentVariableIsSet("VELA_MODEL_SEED")
                               ? unsigned(qEnvironmentVariableIntValue("VELA_MODEL_SEED"))
                               : std::random_device()();
