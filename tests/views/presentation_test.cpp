@@ -283,6 +283,8 @@ void PresentationTest::presentationCanBeAskedFor() {
   QCOMPARE(screen.view("c")->presentation().size(), 2);
   QCOMPARE(screen.controller("c")->presenter(), screen.controller("b"));
   QVERIFY(!screen.controller("b")->presenter());
+  screen.run(QStringLiteral("c=b")); // b's view keeps the controller, which is no longer that of this view
+  QVERIFY(!screen.controller("b")->presenter());
 }
 
 void PresentationTest::requestsSayWhetherTheyWereDone_data() {

@@ -134,7 +134,7 @@ bool BaseViewController::close() { return d->view && d->view->close(); }
 
 BaseViewController* BaseViewController::presenter() const {
   const BaseView* const over = d->view ? Presentation::of(*d->view)->presenterOf(*d->view) : nullptr;
-  return over ? over->getViewController() : nullptr;
+  return over ? over->ownController().get() : nullptr;
 }
 
 ETransitionDirection BaseViewController::transitionDirection() const {
