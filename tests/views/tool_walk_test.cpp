@@ -18,8 +18,6 @@ using namespace Vela::UiBase;
 
 namespace {
 
-constexpr int Steps = 200'000;
-
 /// Takes all mouse input while it is begun; announces executions with a busy cursor when told to.
 class WalkCommand : public CommandBase, public ViewResponder {
   Q_OBJECT
@@ -448,15 +446,16 @@ private Q_SLOTS:
   void noSequenceOfInputLeavesAToolOrACursorWrong();
 };
 
-// VELA_WALK_SEED repeats a walk.
+// VELA_WALK_SEED repeats a walk, VELA_WALK_STEPS makes it longer.
 void ToolWalkTest::noSequenceOfInputLeavesAToolOrACursorWrong() {
   bool given = false;
   unsigned seed = qEnvironmentVariable("VELA_WALK_SEED").toUInt(&given);
   if (!given)
     seed = std::random_device()();
+  const int steps = qEnvironmentVariable("VELA_WALK_STEPS", QStringLiteral("10000")).toInt();
   qInfo("seed %u", seed);
   Walk walk(seed);
-  for (int i = 0; i < Steps; ++i) {
+  for (int i = 0; i < steps; ++i) {
     walk.step();
     const QString difference = walk.difference();
     QVERIFY2(difference.isEmpty(),
