@@ -105,7 +105,7 @@ private Q_SLOTS:
         {isRunning, QStringLiteral("No scanner.")});
     row("its group",
         [](auto& f) {
-          auto* const group = new CommandGroup(QString(), QStringLiteral("&Shading"), QStringLiteral("g"));
+          auto* const group = new CommandGroup(QString(), QStringLiteral("Shading"), QStringLiteral("g"));
           f.other->setCheckable(true);
           group->addCommand(f.other, 0);
           f.controller->addCommand(group);
@@ -178,6 +178,15 @@ private Q_SLOTS:
     QCOMPARE(button->toolTip(), text);
     QCOMPARE(f.other->toolTip(), text);
     QCOMPARE(tooltip->Text(), text);
+    {
+      const ContextHold scan =
+          f.controller->holdContext(disabling(other), ContextHolder::because(QStringLiteral("Scanning.")));
+      QCoreApplication::sendPostedEvents(); // another cause, and nothing else
+      QCOMPARE(button->accessibleDescription(), text + QStringLiteral("\nScanning."));
+      QCOMPARE(tooltip->TooltipControl()->accessibleName(), button->accessibleDescription());
+    }
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(button->accessibleDescription(), explained);
     f.dispatcher.runAll(); // while it is shown
     QVERIFY(button->isEnabled());
     QCOMPARE(tooltip->TooltipControl()->accessibleName(), text);

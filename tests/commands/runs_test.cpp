@@ -14,6 +14,9 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
+#include <array>
+#include <cstddef>
+#include <new>
 #include <stdexcept>
 
 using namespace Vela::UiBase;
@@ -123,11 +126,15 @@ private Q_SLOTS:
     f.command->trigger();
     QCOMPARE(newest().outcome, RunRefused);
     f.dispatcher.setRefusing(false);
-    auto* const unshared = new TestCommand(QStringLiteral("unshared"));
+    alignas(TestCommand) std::array<std::byte, sizeof(TestCommand)> place{};
+    auto* const unshared = new (place.data()) TestCommand(QStringLiteral("unshared"));
     unshared->setExecutionQoS(NormalQoS);
     unshared->trigger();
     QCOMPARE(newest().outcome, RunUnderway);
-    delete unshared;
+    unshared->~TestCommand();
+    auto* const other = new (place.data()) TestCommand(QStringLiteral("other")); // at the same address
+    QVERIFY(other->runs().isEmpty());
+    other->~TestCommand();
     f.dispatcher.runAll();
     QCOMPARE(newest().outcome, RunAbandoned);
     QCOMPARE(newest().commandId, QStringLiteral("unshared"));

@@ -5,6 +5,7 @@
 #include "context_foresight.h"
 
 #include <tqm_mesh_kernel/dispatch.h>
+#include <ui_base/tooltips/tooltip_reason.h>
 
 #include <utility>
 
@@ -52,6 +53,7 @@ quint64 CmdMgr::pushLayer(const CommandContext& context, const ContextHolder& ho
             addFollowing(asked.following, *command);
         }
         layer = d->layers.push(present, statesBeside(present, context), std::move(asked), holder, isHeld);
+        TooltipReason::refresh();
         setContext(context);
       },
       MainThreadQoS);
@@ -78,6 +80,7 @@ void CmdMgr::releaseLayer(quint64 layer) {
   if (!d->layers.contains(layer))
     return;
   layOverArrived();
+  TooltipReason::refresh();
   if (const CommandContext changed = d->layers.release(layer); !changed.isEmpty())
     setContext(changed);
 }
@@ -88,11 +91,13 @@ void CmdMgr::popContext() {
   if (d->layers.isEmpty())
     return;
   layOverArrived();
+  TooltipReason::refresh();
   setContext(d->layers.pop());
 }
 
 void CmdMgr::resetContext() {
   d->layers.clear();
+  TooltipReason::refresh();
   setContext(defaultContext());
 }
 
@@ -108,6 +113,7 @@ void CmdMgr::setGroundState(const QString& id, const CommandState& state, const 
     d->groundReasons.insert(id, reason);
   else if (state.enabled != State::Keep)
     d->groundReasons.remove(id);
+  TooltipReason::refresh();
   layOverArrived();
   CommandContext changed;
   changed.overwrite(id, state);

@@ -106,16 +106,20 @@ CommandContext ContextLayers::ground() const {
 
 CommandState ContextLayers::groundState(const QString& id, const CommandState& present) const {
   CommandState ground = present;
-  for (const Part part : parts) {
-    for (qsizetype i = 0; i < count(); ++i) {
-      if (!at(i).asked.names(id, part))
-        continue;
-      if (const CommandState* const saved = savedState(i, id))
-        ground.*part = saved->*part; // merges: Keep is the present state
-      break;
-    }
-  }
+  for (const Part part : parts)
+    ground.*part = groundPart(id, part, present.*part);
   return ground;
+}
+
+State ContextLayers::groundPart(const QString& id, State CommandState::*part, State present) const {
+  for (qsizetype i = 0; i < count(); ++i) {
+    if (!at(i).asked.names(id, part))
+      continue;
+    if (const CommandState* const saved = savedState(i, id))
+      present = saved->*part; // merges: Keep is the present state
+    break;
+  }
+  return present;
 }
 
 CommandContext ContextLayers::setGround(const CommandContext& states) {

@@ -56,6 +56,8 @@ public:
   CommandContext ground() const;
   /// A command's state as it would be without the layers. @p present is its present state.
   CommandState groundState(const QString& id, const CommandState& present) const;
+  /// One part of it.
+  State groundPart(const QString& id, State CommandState::*part, State present) const;
   /// Sets states at the ground. @return what changes in the present states.
   CommandContext setGround(const CommandContext& states);
 

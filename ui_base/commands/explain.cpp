@@ -66,11 +66,13 @@ QList<CommandCause> CmdMgr::explain(const QString& id) const {
   const bool isSettled = d->pending.isEmpty();
   if (!isSettled || !command->isEnabled()) {
     const QList<ContextHolder> holders = holdersDisabling(id);
+    causes.reserve(holders.size() + 1);
     for (const ContextHolder& holder : holders)
       causes.append({CommandCause::Layer, holder, sentence(*this, holder)});
   }
   const bool isDisabled = !causes.isEmpty() || (isSettled && !command->isEnabled());
-  const bool groundIsOff = isDisabled && groundState(id).enabled == State::Off;
+  const bool groundIsOff = isDisabled && d->layers.groundPart(id, &CommandState::enabled,
+                                                              State(command->isEnabled())) == State::Off;
   const QString reason = groundIsOff ? groundReason(id) : QString();
   const QList<CommandCause> groups = isDisabled ? groupsDisabling(*command) : QList<CommandCause>();
   if (isDisabled && reason.isEmpty() && groups.isEmpty() && (groundIsOff || causes.isEmpty()))

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "run_log.h"
 
+#include "command_base.h"
+
 #include <vlk_app_service/application_service.h>
+
+#include <QPointer>
 
 #include <algorithm>
 #include <atomic>
@@ -47,7 +51,7 @@ class RunLogPrivate {
 public:
   struct Underway {
     CommandRun run;
-    const CommandBase* command; // compared, never followed
+    QPointer<const CommandBase> command; // compared only; another one may come to its address
   };
 
   void trim() {

@@ -2,6 +2,7 @@
 #include "tooltip_object.h"
 
 #include "tooltip_object_p.h"
+#include "tooltip_reason_news.h"
 
 #include <ui_base/tooltips/tooltip_reason.h>
 
@@ -27,7 +28,10 @@ void TooltipObjectPrivate::describe() {
 void TooltipObjectPrivate::giveDescription() {
   if (!attachedWidget || attachedWidget->accessibleDescription() != givenDescription)
     return;
-  givenDescription = TooltipReason::composed(ownDescription, reason());
+  const QString composed = TooltipReason::composed(ownDescription, reason());
+  if (composed == givenDescription)
+    return;
+  givenDescription = composed;
   attachedWidget->setAccessibleDescription(givenDescription);
 }
 
@@ -149,11 +153,19 @@ TooltipObject::TooltipObject(const QString& group, QObject* parent)
     : TooltipObject(*new TooltipObjectPrivate, group, parent) {}
 
 TooltipObject::TooltipObject(TooltipObjectPrivate& state, const QString& group, QObject* parent)
-    : ATooltipObject(state, group, parent) {}
+    : ATooltipObject(state, group, parent) {
+  connect(&TooltipReasonNews::Instance(), &TooltipReasonNews::changed, this, &TooltipObject::followReason);
+}
 
 TooltipObject::~TooltipObject() {
   if (QWidget* const widget = own()->attachedWidget)
     countOwner(*widget, -1);
+}
+
+// Nobody else would hear of it.
+void TooltipObject::followReason() {
+  if (d->enabled && (d->visible || QAccessible::isActive()))
+    d->tellReason();
 }
 
 TooltipObjectPrivate* TooltipObject::own() const { return static_cast<TooltipObjectPrivate*>(d.get()); }
@@ -304,8 +316,8 @@ bool TooltipObject::eventFilter(QObject* watched, QEvent* event) {
       own()->onFocusOut();
     else if (event->type() == QEvent::KeyPress)
       own()->onKeyPress(*static_cast<QKeyEvent*>(event));
-    else if (event->type() == QEvent::EnabledChange && (d->visible || QAccessible::isActive()))
-      d->tellReason();
+    else if (event->type() == QEvent::EnabledChange)
+      followReason();
   }
   return self && ATooltipObject::eventFilter(watched, event);
 }

@@ -54,6 +54,7 @@ protected:
 
 private:
   TooltipObjectPrivate* own() const;
+  void followReason();
 };
 
 } // namespace Vela::UiBase

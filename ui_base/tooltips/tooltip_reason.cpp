@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tooltip_reason.h"
 
+#include "tooltip_reason_news.h"
+
 #include <QAction>
 #include <QTextDocument>
 #include <QToolButton>
@@ -35,6 +37,8 @@ QString TooltipReason::of(const QWidget& widget) {
   const QAction* const action = widget.isEnabled() ? nullptr : actionOf(widget);
   return action ? of(*action) : QString();
 }
+
+void TooltipReason::refresh() { TooltipReasonNews::Instance().post(); }
 
 QString TooltipReason::composed(const QString& text, const QString& reason) {
   if (text.isEmpty() || reason.isEmpty())

@@ -37,6 +37,10 @@ public:
   /// Of a widget, by its default or only action; empty when it is enabled.
   static QString of(const QWidget& widget);
 
+  /// To be called on the main thread when a reason has become another while what it is about stays disabled:
+  /// tooltips that are shown, and what assistive technology reads, follow in the next turn of the event loop.
+  static void refresh();
+
   /// A tooltip, plain or rich, with the reason below.
   static QString composed(const QString& text, const QString& reason);
 };
