@@ -246,6 +246,8 @@ void ArrowedWindow::showEvent(QShowEvent* event) {
   if (!d->content)
     return;
   d->content->show();
+  if (!d->content)
+    return;
   d->adoptDescription();
   if (d->relayoutPending || d->isOutOfDate())
     GenerateLayout();

@@ -33,6 +33,8 @@ ToolBarContent::ToolBarContent(QWidget* parent) : QWidget(parent), m_inner(new Q
 // The buttons announce what becomes of their menus, and nobody is to find a dead one here then.
 ToolBarContent::~ToolBarContent() {
   m_groups.clear();
+  m_listener = nullptr;
+  delete std::exchange(m_layout, nullptr);
   delete m_inner;
 }
 
