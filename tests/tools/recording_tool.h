@@ -31,7 +31,6 @@ public:
   bool takesPresses = true;
   bool takesOthers = false;
 
-  using InteractiveTool::loadCursorFromPath;
   using InteractiveTool::setIdleCursor;
   using InteractiveTool::setOperatingCursor;
   using InteractiveTool::startOperation;

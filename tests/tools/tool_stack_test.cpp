@@ -86,8 +86,6 @@ private Q_SLOTS:
   void changeActsInOneStateOnly_data();
   void changeActsInOneStateOnly();
   void operationFollowsItsButton();
-  void pressIsKeptUnchangedAndReplayedWithoutMovingTheMouse();
-  void cursors();
   void toolsHearOfTheirPlace_data();
   void toolsHearOfTheirPlace();
   void onlyTopToolsCountAsOperating();
@@ -146,80 +144,34 @@ void ToolStackTest::operationFollowsItsButton() {
   QVERIFY(!t->mouseMove(&held) && !t->mouseRelease(&release));
 }
 
-void ToolStackTest::pressIsKeptUnchangedAndReplayedWithoutMovingTheMouse() {
-  const QPointF there(30, 40);
-  QMouseEvent original(QEvent::MouseButtonPress, there, there + QPointF(5, 5), there + QPointF(100, 100),
-                       Qt::RightButton, Qt::RightButton | Qt::LeftButton, Qt::ShiftModifier);
-  const MousePress kept(original);
-  auto later = mouse(QEvent::MouseMove, Qt::NoButton, Qt::RightButton, {77, 88});
-  const QMouseEvent replayed = kept.toEvent();
-  QVERIFY(replayed.type() == original.type() && replayed.position() == there);
-  QCOMPARE(replayed.scenePosition(), there + QPointF(5, 5));
-  QCOMPARE(replayed.globalPosition(), there + QPointF(100, 100));
-  QVERIFY(replayed.button() == Qt::RightButton && replayed.buttons() == original.buttons());
-  QCOMPARE(replayed.modifiers(), Qt::ShiftModifier);
-  QVERIFY(replayed.pointingDevice() != later.pointingDevice());
-  QCOMPARE(later.position(), QPointF(77, 88));
-}
-
-void ToolStackTest::cursors() {
-  const auto stack = createShared<RecordingStack>();
-  const auto t = makeTool("t");
-  QCOMPARE(t->getIdleCursor().shape(), Qt::ArrowCursor);
-  stack->pushTool(LeftButton, t);
-  t->setOperatingCursor(Qt::CrossCursor);
-  QCOMPARE(t->getIdleCursor().shape(), Qt::CrossCursor);
-  t->setIdleCursor(Qt::OpenHandCursor);
-  QCOMPARE(stack->reports, QStringList("t activated"));
-  t->startOperation();
-  t->setOperatingCursor(Qt::ClosedHandCursor);
-  QCOMPARE(stack->reports.mid(1), QStringList({"t began", "t cursor", "t cursor"}));
-  QCOMPARE(t->getIdleCursor().shape(), Qt::OpenHandCursor);
-  QCOMPARE(t->loadCursorFromPath(":/no/such/image", {1, 1}).shape(), QCursor().shape());
-}
-
 void ToolStackTest::toolsHearOfTheirPlace_data() {
   QTest::addColumn<QString>("script");
   QTest::addColumn<QString>("told");
   QTest::addColumn<QString>("held");
-  QTest::newRow("pushed over") << "L+a L+b"
-                               << "a activated, a suspended, b activated"
-                               << "1a 1b";
-  QTest::newRow("popped") << "L+a L+b L-"
-                          << "a activated, a suspended, b activated, b deactivated, a resumed"
-                          << "1a";
-  QTest::newRow("popped while it operates")
-      << "R+a R+b b:startOperation R-"
-      << "a activated, a suspended, b activated, b began, b cursor, a resumed"
-      << "2a";
-  QTest::newRow("nothing to pop") << "L- M- L+a L- L-"
-                                  << "a activated, a deactivated"
-                                  << "";
-  QTest::newRow("pushed twice") << "L+a L+a"
-                                << "a activated, a suspended"
-                                << "1a 1a";
-  QTest::newRow("another button operates")
-      << "L+a R+b b:startOperation b:endOperation"
-      << "a activated, b activated, b began, a suspended, b cursor, b ended, a resumed"
-      << "1a 2b";
-  QTest::newRow("two others operate") // the left one is back with the first that ends
-      << "L+a R+b M+c b:startOperation c:startOperation b:endOperation c:endOperation"
-      << "a activated, b activated, c activated, b began, a suspended, b cursor, c began, c cursor, b ended, "
-         "a resumed, c ended"
-      << "1a 2b 4c";
-  QTest::newRow("the left one operates") << "L+a R+b a:startOperation a:endOperation"
-                                         << "a activated, b activated, a began, a cursor, a ended"
-                                         << "1a 2b";
-  QTest::newRow("reset") << "R+c L+a L+b reset"
-                         << "c activated, a activated, a suspended, b activated, b deactivated, b activated, "
-                            "a resumed, a deactivated, a activated, a suspended, c deactivated, c activated"
-                         << "1a 1b 2c";
-  QTest::newRow("reset of one that operates") << "R+c c:startOperation reset"
-                                              << "c activated, c began, c cursor"
-                                              << "2c";
-  QTest::newRow("cleared") << "L+a R+b clear"
-                           << "a activated, b activated"
-                           << "";
+  const auto row = [](const char* name, const char* script, const char* told, const char* held) {
+    QTest::newRow(name) << QString(script) << QString(told) << QString(held);
+  };
+  row("pushed over", "L+a L+b", "a activated, a suspended, b activated", "1a 1b");
+  row("popped", "L+a L+b L-", "a activated, a suspended, b activated, b deactivated, a resumed", "1a");
+  row("popped while it operates", "R+a R+b b:startOperation R-",
+      "a activated, a suspended, b activated, b began, b cursor, a resumed", "2a");
+  row("nothing to pop", "L- M- L+a L- L-", "a activated, a deactivated", "");
+  row("pushed twice", "L+a L+a", "a activated, a suspended", "1a 1a");
+  row("another button operates", "L+a R+b b:startOperation b:endOperation",
+      "a activated, b activated, b began, a suspended, b cursor, b ended, a resumed", "1a 2b");
+  // The left one is back with the first that ends.
+  row("two others operate", "L+a R+b M+c b:startOperation c:startOperation b:endOperation c:endOperation",
+      "a activated, b activated, c activated, b began, a suspended, b cursor, c began, c cursor, b ended, "
+      "a resumed, c ended",
+      "1a 2b 4c");
+  row("the left one operates", "L+a R+b a:startOperation a:endOperation",
+      "a activated, b activated, a began, a cursor, a ended", "1a 2b");
+  row("reset", "R+c L+a L+b reset",
+      "c activated, a activated, a suspended, b activated, b deactivated, b activated, a resumed, a "
+      "deactivated, a activated, a suspended, c deactivated, c activated",
+      "1a 1b 2c");
+  row("reset of one that operates", "R+c c:startOperation reset", "c activated, c began, c cursor", "2c");
+  row("cleared", "L+a R+b clear", "a activated, b activated", "");
 }
 
 void ToolStackTest::toolsHearOfTheirPlace() {
