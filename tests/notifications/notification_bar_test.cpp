@@ -2,7 +2,6 @@
 #include "notification_fixture.h"
 
 #include <support/test_case.h>
-#include <vlk_common_res/styles.h>
 
 #include <QAccessible>
 #include <QApplication>
@@ -14,6 +13,8 @@ using namespace Vela::UiBase;
 using Vela::Test::settle;
 
 Q_DECLARE_METATYPE(Vela::UiBase::ENotificationFadeOption)
+
+using Act = std::function<void(NotificationFixture&)>;
 
 class NotificationBarTest : public Vela::Test::TestCase {
   Q_OBJECT
@@ -49,14 +50,6 @@ private Q_SLOTS:
     QCOMPARE(shown, QList<QVariantList>({{first}, {second}, {last}}));
     QCOMPARE(ended, shown);
     QVERIFY(!f.host->isVisible());
-  }
-
-  void errorInterruptsAndWarningReturns() {
-    NotificationFixture f;
-    f.post(NotificationWarning, QStringLiteral("disk nearly full"));
-    f.post(NotificationError, QStringLiteral("disk full"), 5);
-    QCOMPARE(f.reading(), QStringLiteral("Error: disk full"));
-    QTRY_COMPARE(f.reading(), QStringLiteral("Warning: disk nearly full"));
   }
 
   void hideNotificationTakesBackOnlyTheInfo() {
@@ -132,35 +125,34 @@ private Q_SLOTS:
   }
 
   void timePauses_data() {
-    QTest::addColumn<QString>("cause");
-    QTest::newRow("mouse") << "mouse";
-    QTest::newRow("focus") << "focus";
-    QTest::newRow("hidden") << "hidden";
+    using F = NotificationFixture&;
+    QTest::addColumn<Act>("pause");
+    QTest::addColumn<Act>("resume");
+    const auto row = [](const char* name, const Act& pause, const Act& resume) {
+      QTest::newRow(name) << pause << resume;
+    };
+    row(
+        "mouse", [](F f) { f.moveMouse(f.bar->mapTo(f.view, f.bar->rect().center())); },
+        [](F f) {
+          f.moveMouse({5, 290});
+        });
+    row(
+        "focus", [](F f) { f.button(QString())->setFocus(); }, [](F f) { f.work->setFocus(); });
+    row(
+        "hidden", [](F f) { f.view->hide(); }, [](F f) { f.view->show(); });
   }
   void timePauses() {
-    QFETCH(QString, cause);
+    QFETCH(Act, pause);
+    QFETCH(Act, resume);
     NotificationFixture f;
     QSignalSpy ended(f.bar, &NotificationBar::notificationEnded);
     f.post(NotificationError, QStringLiteral("stays"), 0);
     settle();
-    const QPoint inside = f.bar->mapTo(f.view, f.bar->rect().center());
-    if (cause == QLatin1String("mouse"))
-      f.moveMouse(inside);
-    else if (cause == QLatin1String("focus"))
-      f.button(QString())->setFocus();
-    else
-      f.view->hide();
+    pause(f);
     f.post(NotificationError, QStringLiteral("stays"), 1);
-
     f.letTimePass(30);
     QVERIFY(f.bar->isNotificationShowing());
-
-    if (cause == QLatin1String("mouse"))
-      f.moveMouse({5, 290});
-    else if (cause == QLatin1String("focus"))
-      f.work->setFocus();
-    else
-      f.view->show();
+    resume(f);
     QTRY_COMPARE(ended.count(), 1);
   }
 
@@ -261,19 +253,6 @@ private Q_SLOTS:
       f.post(NotificationInfo, QStringLiteral("Opened ") + QLatin1String(name));
       settle();
       QVERIFY2(f.reading().contains(QLatin1String(name)) && f.bar->height() == height, name);
-    }
-  }
-
-  void looksFollowThePalette() {
-    auto& styles = Vela::Resource::Styles::Instance();
-    NotificationFixture f;
-    f.post(NotificationWarning, QStringLiteral("text"));
-    settle();
-    for (const auto palette : {Vela::Resource::Dark, Vela::Resource::Light}) {
-      styles.setPalette(palette);
-      const QImage picture = f.bar->grab().toImage();
-      QCOMPARE(picture.pixelColor(picture.width() / 2, 14),
-               styles.ColorsNotification(Vela::Resource::SeverityWarning).background);
     }
   }
 

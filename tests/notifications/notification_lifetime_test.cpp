@@ -9,6 +9,8 @@
 using namespace Vela::UiBase;
 using Vela::Test::settle;
 
+using Ending = std::function<void(NotificationFixture&, ActionReceiver&)>;
+
 /// Everything a notification refers to may die at any time; most useful under the address sanitizer.
 class NotificationLifetimeTest : public Vela::Test::TestCase {
   Q_OBJECT
@@ -105,42 +107,47 @@ private Q_SLOTS:
   }
 
   void barDies_data() {
-    QTest::addColumn<QString>("moment");
-    for (const char* moment : {"fading in", "fading out", "with a queue", "with its view", "in the action",
-                               "when shown", "when ended", "when ended, another waits"})
-      QTest::newRow(moment) << QString::fromLatin1(moment);
+    using F = NotificationFixture&;
+    QTest::addColumn<int>("fadeMs");
+    QTest::addColumn<Ending>("end");
+    QTest::addColumn<bool>("diesByItself");
+    const auto row = [](const char* name, int fadeMs, bool diesByItself, const Ending& end) {
+      QTest::newRow(name) << fadeMs << end << diesByItself;
+    };
+    row("fading in", 60000, false, [](F, ActionReceiver&) {});
+    row("fading out", 60000, false, [](F f, ActionReceiver&) { f.bar->hideNotification(); });
+    row("with a queue", 0, false, [](F f, ActionReceiver&) {
+      f.post(NotificationError, QStringLiteral("error"));
+      f.bar->showNotification(new QLabel(QStringLiteral("waits")), FadeInAndOut, 0);
+    });
+    row("with its view", 0, true, [](F f, ActionReceiver&) { delete f.view; });
+    row("in the action", 0, true, [](F f, ActionReceiver&) { f.click(f.button(QStringLiteral("Details"))); });
+    row("when shown", 0, true, [](F f, ActionReceiver& receiver) {
+      connect(f.bar, &NotificationBar::notificationShown, &receiver, &ActionReceiver::onAction);
+      f.post(NotificationError, QStringLiteral("error"));
+    });
+    for (const bool anotherWaits : {false, true})
+      row(anotherWaits ? "when ended, another waits" : "when ended", 0, true,
+          [anotherWaits](F f, ActionReceiver& receiver) {
+            const quint64 shown = f.bar->currentNotification();
+            if (anotherWaits)
+              f.post(NotificationError, QStringLiteral("error"));
+            connect(f.bar, &NotificationBar::notificationEnded, &receiver, &ActionReceiver::onAction);
+            f.bar->hideNotification(shown);
+          });
   }
   void barDies() {
-    QFETCH(QString, moment);
+    QFETCH(int, fadeMs);
+    QFETCH(Ending, end);
     NotificationFixture f;
     ActionReceiver receiver;
     receiver.then = [&] { delete f.bar; };
-    f.bar->setFadeDuration(moment.startsWith(QLatin1String("fading")) ? 60000 : 0);
-    if (moment == QLatin1String("when shown"))
-      connect(f.bar, &NotificationBar::notificationShown, &receiver, &ActionReceiver::onAction);
+    f.bar->setFadeDuration(fadeMs);
     f.bar->showNotification(new QLabel(QStringLiteral("content")), FadeInAndOut, 0, true, &receiver,
                             SLOT(onAction()));
     settle();
-    if (moment == QLatin1String("fading out")) {
-      f.bar->hideNotification();
-    } else if (moment == QLatin1String("with a queue")) {
-      f.post(NotificationError, QStringLiteral("error"));
-      f.bar->showNotification(new QLabel(QStringLiteral("waits")), FadeInAndOut, 0);
-    } else if (moment == QLatin1String("with its view")) {
-      delete f.view;
-    } else if (moment == QLatin1String("in the action")) {
-      f.click(f.button(QStringLiteral("Details")));
-    } else if (moment.startsWith(QLatin1String("when ended"))) {
-      const quint64 shown = f.bar->currentNotification();
-      if (moment.contains(QLatin1String("waits")))
-        f.post(NotificationError, QStringLiteral("error"));
-      connect(f.bar, &NotificationBar::notificationEnded, &receiver, &ActionReceiver::onAction);
-      f.bar->hideNotification(shown);
-    }
-    const bool diesByItself = moment.contains(QLatin1String("when")) ||
-                              moment.contains(QLatin1String("action")) ||
-                              moment.contains(QLatin1String("view"));
-    QCOMPARE(f.bar.isNull(), diesByItself);
+    end(f, receiver);
+    QTEST(f.bar.isNull(), "diesByItself");
     delete f.bar;
     settle();
     QVERIFY(!f.host || !f.host->isVisible());

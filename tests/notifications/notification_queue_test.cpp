@@ -41,51 +41,24 @@ private Q_SLOTS:
     QTest::addColumn<QString>("posts");
     QTest::addColumn<QString>("shownInTurn");
     QTest::addColumn<QString>("dropped");
-    QTest::newRow("info replaces a shown info") << "i:start i:end"
-                                                << "end"
-                                                << "start";
-    QTest::newRow("info replaces a waiting info") << "e:a i:start i:end"
-                                                  << "a end"
-                                                  << "start";
-    QTest::newRow("info replaces an interrupted info") << "i:start e:a i:end"
-                                                       << "a end"
-                                                       << "start";
-    QTest::newRow("warnings keep their order") << "w:a w:b w:c"
-                                               << "a b c"
-                                               << "";
-    QTest::newRow("info waits behind a warning") << "w:a i:b w:c"
-                                                 << "a c b"
-                                                 << "";
-    QTest::newRow("error interrupts, warning returns first") << "w:a w:b e:c e:d"
-                                                             << "c d a b"
-                                                             << "";
-    QTest::newRow("interrupted twice") << "i:a w:b e:c"
-                                       << "c b a"
-                                       << "";
-    QTest::newRow("endless gives way to its equal") << "w*!:a w:b"
-                                                    << "b"
-                                                    << "a";
-    QTest::newRow("endless that can be closed waits for the user") << "w*:a w:b"
-                                                                   << "a b"
-                                                                   << "";
-    QTest::newRow("endless returns after an interruption") << "w*!:a e:b"
-                                                           << "b a"
-                                                           << "";
-    QTest::newRow("repeated while shown") << "w:a w:b w:a"
-                                          << "a b"
-                                          << "";
-    QTest::newRow("repeated while waiting") << "e:x w:a w:b w:a"
-                                            << "x a b"
-                                            << "";
-    QTest::newRow("same text, other severity") << "w:a e:a"
-                                               << "a a"
-                                               << "";
-    QTest::newRow("oldest of the least severe is dropped") << "e:x e:y w:a w:b w:c"
-                                                           << "x y b c"
-                                                           << "a";
-    QTest::newRow("the newcomer is the least severe") << "e:a e:b e:c e:d i:i"
-                                                      << "a b c d"
-                                                      << "i";
+    const auto row = [](const char* name, const char* posts, const char* shown, const char* dropped) {
+      QTest::newRow(name) << QString(posts) << QString(shown) << QString(dropped);
+    };
+    row("info replaces a shown info", "i:start i:end", "end", "start");
+    row("info replaces a waiting info", "e:a i:start i:end", "a end", "start");
+    row("info replaces an interrupted info", "i:start e:a i:end", "a end", "start");
+    row("warnings keep their order", "w:a w:b w:c", "a b c", "");
+    row("info waits behind a warning", "w:a i:b w:c", "a c b", "");
+    row("error interrupts, warning returns first", "w:a w:b e:c e:d", "c d a b", "");
+    row("interrupted twice", "i:a w:b e:c", "c b a", "");
+    row("endless gives way to its equal", "w*!:a w:b", "b", "a");
+    row("endless that can be closed waits for the user", "w*:a w:b", "a b", "");
+    row("endless returns after an interruption", "w*!:a e:b", "b a", "");
+    row("repeated while shown", "w:a w:b w:a", "a b", "");
+    row("repeated while waiting", "e:x w:a w:b w:a", "x a b", "");
+    row("same text, other severity", "w:a e:a", "a a", "");
+    row("oldest of the least severe is dropped", "e:x e:y w:a w:b w:c", "x y b c", "a");
+    row("the newcomer is the least severe", "e:a e:b e:c e:d i:i", "a b c d", "i");
   }
   void order() {
     QFETCH(QString, posts);
