@@ -175,35 +175,6 @@ private Q_SLOTS:
              "the picture is in the folder for temporary files");
   }
 
-  void shadowLooksLikeThePlainEffect() {
-    const auto sceneWith = [](bool plain) {
-      QWidget view;
-      view.resize(160, 110);
-      colour(view, Qt::white);
-      ArrowedWindow window(&view);
-      auto* const content = new ArrowedContent({70, 40});
-      window.AttachWidget(content);
-      window.SetArrow(ArrowLeft, 10, false, 0, 90, true, 0);
-      window.GetShadow()->setColor(QColor(0, 0, 0, 200));
-      window.GetShadow()->setOffset(3, 5);
-      window.EnableShadow(true);
-      if (plain) {
-        auto* const effect = new QGraphicsDropShadowEffect;
-        effect->setBlurRadius(window.GetShadow()->blurRadius());
-        effect->setOffset(window.GetShadow()->offset());
-        effect->setColor(window.GetShadow()->color());
-        window.setGraphicsEffect(effect);
-      }
-      window.move(30, 30);
-      view.show();
-      settle();
-      return view.grab().toImage();
-    };
-    const QImage picture = sceneWith(false);
-    QVERIFY(strayPixels(picture, sceneWith(true), 24) < picture.width() * picture.height() / 200);
-    QVERIFY2(qGray(picture.pixel(90, 76)) < 200, "there is a shadow");
-  }
-
   void shadowMovesWithTheWindow() {
     QWidget view;
     view.resize(300, 200);

@@ -138,15 +138,6 @@ private Q_SLOTS:
     QTEST(adjust, "adjust");
   }
 
-  void slidesAlongTheAxisOfTheAdjustment() {
-    SArrowParam arrow;
-    arrow.offset = 5;
-    Placement::slide(arrow, {0, -30});
-    QVERIFY(!arrow.offsetAlongX && arrow.offset == -25);
-    Placement::slide(arrow, {7, 0});
-    QVERIFY(arrow.offsetAlongX && arrow.offset == -18);
-  }
-
   void sideWidgetsAndMarginsTakeFromTheArea() {
     QMargins taken;
     for (const int direction : {0, 0, 1, 2, 3, 4, -1})
@@ -174,23 +165,6 @@ private Q_SLOTS:
     QFETCH(QList<SArrowParam>, given);
     QFETCH(bool, autoDecide);
     QTEST(digits(Placement::arrowPairs(given, autoDecide, {Bottom, Top, Left, Right})), "expected");
-  }
-
-  void decidedArrowsLookLikeTheFirstGiven() {
-    const SArrowParam given{.position = NoArrow,
-                            .length = 3,
-                            .fixedAngle = true,
-                            .angle = 17,
-                            .tipAngle = 60,
-                            .offsetAlongX = false,
-                            .offset = 8,
-                            .anchor = {1, 2}};
-    SArrowParam expected = given;
-    expected.position = ArrowBottom;
-    expected.fixedAngle = false;
-    expected.offset = 0;
-    QCOMPARE(Placement::arrowPairs({given}, true, {Top}).constFirst().first, expected);
-    QCOMPARE(Placement::arrowPairs({}, true, {Top}).constFirst().first, SArrowParam());
   }
 
   void covering() {

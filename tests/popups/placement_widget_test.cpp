@@ -193,16 +193,6 @@ private Q_SLOTS:
     QCOMPARE(place(calculator, true), QPoint()); // has no arrow
   }
 
-  void oneSwitchForTheProcess() {
-    WidgetPosCalculator follows;
-    WidgetPosCalculator decided;
-    decided.SetVerifySlidArrow(false);
-    WidgetPosCalculator::SetVerifySlidArrowByDefault(true);
-    QVERIFY(follows.VerifySlidArrow() && !decided.VerifySlidArrow());
-    WidgetPosCalculator::SetVerifySlidArrowByDefault(false);
-    QVERIFY(!follows.VerifySlidArrow());
-  }
-
   void observersHearOfEachSearch() {
     QWidget popup;
     WidgetPosCalculator calculator;

@@ -212,31 +212,24 @@ private Q_SLOTS:
   }
 
   void whatTheAnswerEnds_data() {
-    QTest::addColumn<int>("what");
-    QTest::newRow("popup") << 0;
-    QTest::newRow("calculator") << 1;
-    QTest::newRow("owner") << 2;
-    QTest::newRow("content") << 3;
+    QTest::addColumn<QString>("what");
+    for (const char* const what : {"popup", "calculator", "owner", "content"})
+      QTest::newRow(what) << QString(what);
   }
   void whatTheAnswerEnds() {
-    QFETCH(int, what);
+    QFETCH(QString, what);
     Stage stage({300, 200}, {300, 200, 40, 20}, true);
     auto* const calculator = new WidgetPosCalculator(&stage.window);
     calculator->SetWidget(stage.popup);
     auto* const owner = new QWidget(&stage.window);
     calculator->SetRefWidget(owner);
+    QHash<QString, QObject*> parts{
+        {"popup", stage.popup}, {"calculator", calculator}, {"owner", owner}, {"content", stage.content}};
     placeInSight(*calculator, [&] {
-      if (what == 0)
-        delete stage.popup;
-      else if (what == 1)
-        delete calculator;
-      else if (what == 2)
-        delete owner;
-      else
-        delete stage.content;
+      delete parts.take(what);
       return QPoint(-500, -500);
     });
-    QCOMPARE(!stage.popup, what == 0);
+    QCOMPARE(!stage.popup, what == "popup");
   }
 
   void sideWidgetsAreKeptInSightToo() {
