@@ -288,9 +288,7 @@ private Q_SLOTS:
     ScreenshotRun run(workbench.window(), image);
     run.start({workbench.write("large.off", Test::offFile(Test::blob(250)))});
     workbench.press(Qt::Key_Q, Qt::ControlModifier);
-    QTRY_VERIFY(workbench.command<OpenMeshCommand>()->isEnabled());
-    settle();
-    QCOMPARE(run.status(), 1);
+    QTRY_COMPARE(run.status(), 1); // the window closed, and its views with their commands
     QVERIFY(!QFile::exists(image));
   }
 

@@ -81,7 +81,7 @@ BaseView::BaseView(QWidget* parent, Qt::WindowFlags flags)
     : QWidget(parent, flags), d(std::make_unique<BaseViewPrivate>()) {
   d->presentation = std::make_shared<Presentation>(*this);
   setAttribute(Qt::WA_DeleteOnClose);
-  setFocusPolicy(Qt::StrongFocus);
+  setFocusPolicy(Qt::TabFocus);
   makeViewsAccessible();
   ApplicationEventRelay::add(*this);
 }
@@ -155,8 +155,12 @@ void BaseView::deleteSafely() {
 bool BaseView::event(QEvent* event) {
   const QEvent::Type type = event->type();
   if (isInput(type)) {
-    if (!d->presentation->isCovered(*this))
-      return QWidget::event(event);
+    if (!d->presentation->isCovered(*this)) {
+      const QPointer<BaseView> live(this);
+      if (type == QEvent::MouseButtonPress)
+        takeFocusOfPress();
+      return live && QWidget::event(event);
+    }
     d->forgetClick();
     if (type == QEvent::KeyRelease)
       d->lastKey = Qt::Key_unknown;
@@ -174,6 +178,12 @@ bool BaseView::event(QEvent* event) {
   else if (self && presentation->isCovered(*this))
     passCoveredFocusOn(*static_cast<QFocusEvent*>(event));
   return handled;
+}
+
+// Not by a click policy: Qt would give it the focus for presses on its toolbars too, which take none.
+void BaseView::takeFocusOfPress() {
+  if (!hasFocus() && (focusPolicy() & Qt::TabFocus))
+    setFocus(Qt::MouseFocusReason);
 }
 
 void BaseView::passCoveredFocusOn(const QFocusEvent& event) {

@@ -26,8 +26,9 @@ class ViewResponder;
 /// back. A closed view deletes itself (Qt::WA_DeleteOnClose). A presented view fills its presenter's view, on
 /// which it is installed as an event filter, and covers it: see presentation().
 ///
-/// Tab and a click give it the focus (Qt::StrongFocus). It takes the focus when it is shown, or gives it to
-/// that of its children which had it before; a window that is minimised and restored keeps its focus.
+/// Tab and a click into it give it the focus; a click on a toolbar in it does not. It takes the focus when it
+/// is shown, or gives it to that of its children which had it before; a window that is minimised and restored
+/// keeps its focus.
 ///
 /// Main thread only. The controller may delete the view in every handler of input and in viewWillClose().
 /// While a view is shown, hidden, moved or resized, Qt still works with it after the handler: there it is
@@ -91,6 +92,7 @@ private:
   void dropViewController(const BaseViewController* controller);
   std::shared_ptr<BaseViewController> ownController() const;
   void forgetLostClick(const QMouseEvent& event);
+  void takeFocusOfPress();
   void passCoveredFocusOn(const QFocusEvent& event);
   void loadController();
 
