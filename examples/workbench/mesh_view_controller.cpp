@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "mesh_view_controller.h"
 
-#include <tqm_mesh_kernel/dispatch.h>
-#include <ui_base/commands/command_group.h>
 #include <workbench/commands/mode_command.h>
 #include <workbench/commands/open_mesh_command.h>
 #include <workbench/commands/set_pivot_command.h>
@@ -21,8 +19,6 @@
 namespace Workbench {
 
 using namespace Vela::UiBase;
-using Taren::Core::dispatchAsync;
-using Taren::Core::MainThreadQoS;
 
 namespace {
 
@@ -142,50 +138,6 @@ bool MeshViewController::isDragging() const {
 void MeshViewController::setPageShown(bool shown) {
   m_pageShown = shown;
   refreshCommands();
-}
-
-void MeshViewController::addAvailability(const CommandBag& bag, CommandContext& context) const {
-  for (int i = 0; i < bag.count(); ++i) {
-    const CommandBase* const command = bag.commandAt(i);
-    if (const auto* const own = dynamic_cast<const MeshUser*>(command)) {
-      const bool hasPage = m_pageShown || !own->needsMeshPage();
-      context.overwrite(command->commandId(), {State(hasPage && own->isAvailable()), State::Keep});
-    } else if (const auto* const group = dynamic_cast<const CommandGroup*>(command)) {
-      addAvailability(group->commandBag(), context);
-    }
-  }
-}
-
-CommandContext MeshViewController::availability() const {
-  CommandContext context;
-  addAvailability(commandBag(), context);
-  return context;
-}
-
-// Comes after every context that is under way, the ones that a command pops at its end included. So it does
-// not matter in which order commands end and modes are switched.
-void MeshViewController::refreshCommands() {
-  if (!isShared() || std::exchange(m_refreshing, true))
-    return;
-  dispatchAsync(
-      [this, weak = std::weak_ptr<BaseViewController>(shared_from_this())] {
-        const auto self = weak.lock();
-        if (!self)
-          return;
-        m_refreshing = false;
-        setContext(availability());
-      },
-      MainThreadQoS);
-}
-
-void MeshViewController::viewDidLoad() {
-  CmdsViewController::viewDidLoad();
-  const CommandContext available = availability();
-  const auto& states = available.get();
-  for (auto it = states.cbegin(); it != states.cend(); ++it) {
-    if (CommandBase* const command = findCommand(it.key()))
-      command->setCommandState(it.value());
-  }
 }
 
 bool MeshViewController::viewWillClose() {

@@ -7,6 +7,7 @@
 #include <workbench/selection_commands.h>
 #include <workbench/tools/mesh_tools.h>
 
+#include <QMap>
 #include <QPointer>
 #include <QStringList>
 
@@ -96,7 +97,11 @@ private:
   void refreshCommands();
   void openMeshes(const QStringList& files);
   void openWaitingFiles();
-  void addAvailability(const Vela::UiBase::CommandBag& bag, Vela::UiBase::CommandContext& context) const;
+  /// Why commands cannot be used, by identifier; empty for one that can.
+  using Obstacles = QMap<QString, QString>;
+  Obstacles obstacles() const;
+  void addObstacles(const Vela::UiBase::CommandBag& bag, Obstacles& obstacles) const;
+  void applyAvailability();
   void tellFailures(OpenMeshCommand& command);
   void openMenu(const QPoint& position);
   void cancelPivot();

@@ -19,8 +19,9 @@ ClearMeasurementsCommand::ClearMeasurementsCommand(MeshViewController* controlle
   setBaseGroupName(MeasureSection);
 }
 
-bool ClearMeasurementsCommand::isAvailable() const {
-  return meshView() && !meshView()->measurements().isEmpty();
+QString ClearMeasurementsCommand::obstacle() const {
+  const bool anyMeasured = meshView() && !meshView()->measurements().isEmpty();
+  return anyMeasured ? QString() : tr("Nothing has been measured.");
 }
 
 bool ClearMeasurementsCommand::onExecuteAsync(bool) {

@@ -13,7 +13,7 @@ class ClearMeasurementsCommand : public WorkbenchCommand {
 public:
   explicit ClearMeasurementsCommand(MeshViewController* controller);
 
-  bool isAvailable() const override;
+  QString obstacle() const override;
   bool onExecuteAsync(bool checked) override;
 };
 

@@ -22,8 +22,9 @@ UndoCommand::UndoCommand(MeshViewController* controller) : WorkbenchCommand(cont
     });
 }
 
-bool UndoCommand::isAvailable() const {
-  return document() && document()->undoStack()->canUndo() && !isMeshLocked();
+QString UndoCommand::obstacle() const {
+  const bool hasStep = document() && document()->undoStack()->canUndo();
+  return hasStep ? needUnlocked() : tr("There is nothing to undo.");
 }
 
 bool UndoCommand::onExecuteAsync(bool) {
@@ -45,8 +46,9 @@ RedoCommand::RedoCommand(MeshViewController* controller) : WorkbenchCommand(cont
     });
 }
 
-bool RedoCommand::isAvailable() const {
-  return document() && document()->undoStack()->canRedo() && !isMeshLocked();
+QString RedoCommand::obstacle() const {
+  const bool hasStep = document() && document()->undoStack()->canRedo();
+  return hasStep ? needUnlocked() : tr("There is nothing to do again.");
 }
 
 bool RedoCommand::onExecuteAsync(bool) {

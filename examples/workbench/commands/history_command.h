@@ -13,7 +13,7 @@ class UndoCommand : public WorkbenchCommand {
 public:
   explicit UndoCommand(MeshViewController* controller);
 
-  bool isAvailable() const override;
+  QString obstacle() const override;
   bool onExecuteAsync(bool checked) override;
 };
 
@@ -25,7 +25,7 @@ class RedoCommand : public WorkbenchCommand {
 public:
   explicit RedoCommand(MeshViewController* controller);
 
-  bool isAvailable() const override;
+  QString obstacle() const override;
   bool onExecuteAsync(bool checked) override;
 };
 

@@ -19,7 +19,7 @@ MeshInfoCommand::MeshInfoCommand(MeshViewController* controller) : WorkbenchComm
   setBaseGroupName(MeshSection);
 }
 
-bool MeshInfoCommand::isAvailable() const { return hasMesh(); }
+QString MeshInfoCommand::obstacle() const { return needMesh(); }
 
 bool MeshInfoCommand::onExecuteAsync(bool) {
   MeshView* const view = meshView();

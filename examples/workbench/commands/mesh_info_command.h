@@ -17,7 +17,7 @@ class MeshInfoCommand : public WorkbenchCommand {
 public:
   explicit MeshInfoCommand(MeshViewController* controller);
 
-  bool isAvailable() const override;
+  QString obstacle() const override;
   bool onExecuteAsync(bool checked) override;
 
 private:

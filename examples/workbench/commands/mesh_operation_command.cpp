@@ -12,7 +12,7 @@ MeshOperationCommand::MeshOperationCommand(MeshViewController* controller)
   setExecutionQoS(Taren::Core::NormalQoS);
 }
 
-bool MeshOperationCommand::isAvailable() const { return hasMesh() && !isMeshLocked(); }
+QString MeshOperationCommand::obstacle() const { return needFreeMesh(); }
 
 bool MeshOperationCommand::locksMesh() const { return true; }
 

@@ -16,7 +16,7 @@ public:
 
   bool isRunning() const noexcept { return m_edit.isRunning(); }
 
-  bool isAvailable() const override;
+  QString obstacle() const override;
   bool locksMesh() const override;
   bool onExecuteAsync(bool checked) override;
 

@@ -5,9 +5,19 @@
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
 
+#include <QCoreApplication>
+
 namespace Workbench {
 
-bool MeshUser::isAvailable() const { return true; }
+namespace {
+
+struct Sentences {
+  Q_DECLARE_TR_FUNCTIONS(Workbench::MeshUser)
+};
+
+} // namespace
+
+QString MeshUser::obstacle() const { return {}; }
 
 bool MeshUser::needsMeshPage() const { return true; }
 
@@ -34,6 +44,17 @@ bool MeshUser::hasMesh() const {
 bool MeshUser::isMeshLocked() const {
   const MeshViewController* const controller = meshController();
   return !controller || controller->isMeshLocked();
+}
+
+QString MeshUser::needMesh() const { return hasMesh() ? QString() : Sentences::tr("No mesh is open."); }
+
+QString MeshUser::needFreeMesh() const {
+  const QString missing = needMesh();
+  return missing.isEmpty() ? needUnlocked() : missing;
+}
+
+QString MeshUser::needUnlocked() const {
+  return isMeshLocked() ? Sentences::tr("The mesh is being worked on.") : QString();
 }
 
 } // namespace Workbench

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QString>
+
 namespace Vela::UiBase {
 class CommandBase;
 }
@@ -19,13 +21,15 @@ class MeshViewController;
 /// class MirrorCommand : public CommandBase, public MeshUser {
 /// public:
 ///   explicit MirrorCommand(MeshViewController* controller) : CommandBase(controller), MeshUser(*this) {}
-///   bool isAvailable() const override { return hasMesh() && !isMeshLocked(); }
+///   QString obstacle() const override { return needFreeMesh(); }
 /// };
 /// @endcode
 class MeshUser {
 public:
-  /// Whether it can be used as things are: the controller enables and disables the command accordingly.
-  virtual bool isAvailable() const;
+  /// Why it cannot be used as things are, a sentence for the user; empty when it can. The controller enables
+  /// and disables the command accordingly, and its tooltip says why.
+  virtual QString obstacle() const;
+  bool isAvailable() const { return obstacle().isEmpty(); }
   /// Whether it can be used only on the page that shows the mesh; most can.
   virtual bool needsMeshPage() const;
   /// Whether the mesh must not change while the command executes.
@@ -48,6 +52,14 @@ protected:
   bool hasMesh() const;
   /// Another command works on the mesh, or is about to replace it.
   bool isMeshLocked() const;
+
+  /// @name Obstacles that several commands have
+  /// @{
+  QString needMesh() const;
+  /// Also one that nobody works on.
+  QString needFreeMesh() const;
+  QString needUnlocked() const;
+  /// @}
 
 private:
   const Vela::UiBase::CommandBase& m_command;

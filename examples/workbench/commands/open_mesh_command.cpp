@@ -60,7 +60,7 @@ void OpenMeshCommand::openWaiting() {
     onExecute();
 }
 
-bool OpenMeshCommand::isAvailable() const { return !isMeshLocked(); }
+QString OpenMeshCommand::obstacle() const { return needUnlocked(); }
 
 bool OpenMeshCommand::needsMeshPage() const { return false; }
 

@@ -35,7 +35,7 @@ public:
   /// The failures of the last run, handed out once.
   QList<Failure> takeFailures();
 
-  bool isAvailable() const override;
+  QString obstacle() const override;
   bool needsMeshPage() const override;
   bool locksMesh() const override;
   bool onExecuteAsync(bool checked) override;

@@ -18,7 +18,7 @@ ResetViewCommand::ResetViewCommand(MeshViewController* controller) : WorkbenchCo
   setBaseGroupName(ViewSection);
 }
 
-bool ResetViewCommand::isAvailable() const { return hasMesh(); }
+QString ResetViewCommand::obstacle() const { return needMesh(); }
 
 bool ResetViewCommand::onExecuteAsync(bool) {
   MeshView* const view = meshView();

@@ -13,7 +13,7 @@ class ResetViewCommand : public WorkbenchCommand {
 public:
   explicit ResetViewCommand(MeshViewController* controller);
 
-  bool isAvailable() const override;
+  QString obstacle() const override;
   bool onExecuteAsync(bool checked) override;
 };
 

@@ -42,7 +42,9 @@ SaveScreenshotCommand::SaveScreenshotCommand(MeshViewController* controller) : W
   enableExecutionNotification(true);
 }
 
-bool SaveScreenshotCommand::isAvailable() const { return hasMesh() && !m_run; }
+QString SaveScreenshotCommand::obstacle() const {
+  return m_run ? tr("A picture is being saved.") : needMesh();
+}
 
 bool SaveScreenshotCommand::onExecute(bool checked) {
   if (m_run)

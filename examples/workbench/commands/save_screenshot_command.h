@@ -18,7 +18,7 @@ class SaveScreenshotCommand : public WorkbenchCommand {
 public:
   explicit SaveScreenshotCommand(MeshViewController* controller);
 
-  bool isAvailable() const override;
+  QString obstacle() const override;
   /// @throws std::runtime_error when the file cannot be written; the user is told.
   bool onExecuteAsync(bool checked) override;
 

@@ -84,13 +84,17 @@ QString SelectionCommand::idOf(ESelectionChange change) {
   return QString::fromLatin1(staticMetaObject.className()) + QString::number(change);
 }
 
-bool SelectionCommand::isAvailable() const {
+QString SelectionCommand::obstacle() const {
+  if (!hasMesh())
+    return needMesh();
   const MeshViewController* const controller = meshController();
-  if (!controller || controller->mode() == MeasureMode || !hasMesh())
-    return false;
+  if (!controller || controller->mode() == MeasureMode)
+    return tr("Nothing is selected while distances are measured.");
   if (m_change == SelectAll || m_change == InvertSelection)
-    return true;
-  return !document()->selection().isEmpty() && (m_change != DeleteSelection || !isMeshLocked());
+    return {};
+  if (document()->selection().isEmpty())
+    return tr("Nothing is selected.");
+  return m_change == DeleteSelection ? needUnlocked() : QString();
 }
 
 bool SelectionCommand::onExecuteAsync(bool) {

@@ -25,7 +25,7 @@ public:
 
   static QString idOf(ESelectionChange change);
   QString commandId() const override { return idOf(m_change); }
-  bool isAvailable() const override;
+  QString obstacle() const override;
   bool onExecuteAsync(bool checked) override;
 
 private:

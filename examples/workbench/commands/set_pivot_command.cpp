@@ -40,7 +40,7 @@ SetPivotCommand::SetPivotCommand(MeshViewController* controller) : WorkbenchComm
 
 SetPivotCommand::~SetPivotCommand() = default;
 
-bool SetPivotCommand::isAvailable() const { return hasMesh(); }
+QString SetPivotCommand::obstacle() const { return needMesh(); }
 
 bool SetPivotCommand::onExecuteAsync(bool) {
   MeshViewController* const controller = meshController();

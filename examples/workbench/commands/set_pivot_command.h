@@ -27,7 +27,7 @@ public:
   /// Ends it without a change. Does nothing when it is not executing.
   void cancel() override;
 
-  bool isAvailable() const override;
+  QString obstacle() const override;
   /// Begins, or cancels.
   bool onExecuteAsync(bool checked) override;
 

@@ -57,7 +57,7 @@ void SmoothFlyoutCommand::follow() {
   }
 }
 
-bool SmoothFlyoutCommand::isAvailable() const { return isActive() || (hasMesh() && !isMeshLocked()); }
+QString SmoothFlyoutCommand::obstacle() const { return isActive() ? QString() : needFreeMesh(); }
 
 bool SmoothFlyoutCommand::locksMesh() const { return true; }
 

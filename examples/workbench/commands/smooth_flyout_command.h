@@ -25,7 +25,7 @@ public:
   SmoothFlyoutCommand(Vela::UiBase::FlyoutBase* flyout, MeshViewController* controller);
   ~SmoothFlyoutCommand() override;
 
-  bool isAvailable() const override;
+  QString obstacle() const override;
   bool locksMesh() const override;
   /// Stops what is being applied, or else closes the flyout.
   void cancel() override;

@@ -136,6 +136,18 @@ bool PhotoViewController::canPerform(EPhotoAction action) const {
   }
 }
 
+QString PhotoViewController::obstacle(EPhotoAction action) const {
+  if (!m_shown)
+    return tr("The page of the photographs is not shown.");
+  if (canPerform(action))
+    return {};
+  if (!photoView() || photoView()->document().count() == 0)
+    return tr("No photograph is open.");
+  if (action == PreviousPhoto || action == NextPhoto)
+    return action == NextPhoto ? tr("This is the last photograph.") : tr("This is the first photograph.");
+  return tr("The photograph cannot be zoomed further.");
+}
+
 bool PhotoViewController::perform(EPhotoAction action) {
   if (!canPerform(action))
     return false;
@@ -180,9 +192,17 @@ void PhotoViewController::refresh() {
   bar.EnableNextImageButton(canPerform(NextPhoto));
   for (const EPhotoAction action : PhotoActions) {
     if (CommandBase* const command = findCommand(PhotoCommand::idOf(action)))
-      command->setEnabled(m_shown && canPerform(action));
+      refreshCommand(*command, obstacle(action));
   }
   refreshHand();
+}
+
+// At once, for the next key; and as the state that lasts, with the reason for the tooltip.
+void PhotoViewController::refreshCommand(CommandBase& command, const QString& obstacle) {
+  const QString id = command.commandId();
+  command.setEnabled(obstacle.isEmpty());
+  if (groundReason(id) != obstacle)
+    setGroundState(id, {State(obstacle.isEmpty()), State::Keep}, obstacle);
 }
 
 // The cursor shows whether there is something to shift.

@@ -47,6 +47,8 @@ public:
   PhotoViewEvents& events() noexcept { return m_events; }
 
   bool canPerform(EPhotoAction action) const;
+  /// Why its command cannot be used, a sentence for the user; empty when it can.
+  QString obstacle(EPhotoAction action) const;
   /// @return whether it could be done.
   bool perform(EPhotoAction action);
 
@@ -69,6 +71,7 @@ private:
   void follow(PhotoView& view);
   void followToolBar(PhotoView& view);
   void refresh();
+  void refreshCommand(Vela::UiBase::CommandBase& command, const QString& obstacle);
   void refreshHand();
   bool keyReleased(Qt::Key key);
   bool pan(int key);
