@@ -8,9 +8,11 @@
 
 #include <QApplication>
 #include <QBoxLayout>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QToolBar>
 #include <QToolButton>
+#include <QWindow>
 
 #include <benchmark/benchmark.h>
 
@@ -155,6 +157,32 @@ void context(benchmark::State& state) {
 BENCHMARK(context<makeToolBar>)->Name("Context_ToolBar")->Unit(benchmark::kMillisecond);
 BENCHMARK(context<makeBareButtons>)->Name("Context_BareButtons")->Unit(benchmark::kMillisecond);
 
+// The mouse moves on to the next of 40 buttons, until that has been painted.
+template <QWidget* (*make)(CommandGroup&, QWidget&)>
+void hover(benchmark::State& state) {
+  const Commands commands = makeCommands(40);
+  QWidget window;
+  window.resize(1800, 60);
+  make(*commands, window);
+  window.show();
+  QCoreApplication::processEvents();
+  const QList<QToolButton*> buttons = window.findChildren<QToolButton*>();
+  const auto isReal = [](const QToolButton* each) { return each->isVisible() && each->defaultAction(); };
+  auto next = buttons.cbegin();
+  for (auto _ : state) {
+    do {
+      next = next == buttons.cend() - 1 ? buttons.cbegin() : next + 1;
+    } while (!isReal(*next));
+    const QPointF place = (*next)->mapTo(&window, (*next)->rect().center());
+    QMouseEvent move(QEvent::MouseMove, place, window.mapToGlobal(place), Qt::NoButton, {}, {});
+    QCoreApplication::sendEvent(window.windowHandle(), &move);
+    QCoreApplication::processEvents();
+  }
+  state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(hover<makeToolBar>)->Name("Hover_ToolBar")->Unit(benchmark::kMicrosecond);
+BENCHMARK(hover<makeBareButtons>)->Name("Hover_BareButtons")->Unit(benchmark::kMicrosecond);
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -165,5 +193,6 @@ int main(int argc, char** argv) {
                                 {"Build_ToolBar/1000", "Build_BareButtons/1000", 1.25},
                                 {"Build_ToolBar/1000", "Build_QToolBar/1000"},
                                 {"Slide_WithShadow", "Slide_WithoutShadow", 1.3},
-                                {"Context_ToolBar", "Context_BareButtons", 1.25}});
+                                {"Context_ToolBar", "Context_BareButtons", 1.25},
+                                {"Hover_ToolBar", "Hover_BareButtons", 1.5}});
 }

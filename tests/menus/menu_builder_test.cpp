@@ -12,6 +12,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QToolButton>
 
@@ -254,6 +255,34 @@ private Q_SLOTS:
     QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, {}, grid);
     QCOMPARE(screen.receiver.calls.constLast(), id("grid on"));
     QVERIFY(screen.isOnlyOpen("") && !file->isDown());
+  }
+
+  void menusAreInSight_data() {
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::newRow("left to right") << Qt::LeftToRight;
+    QTest::newRow("right to left") << Qt::RightToLeft;
+  }
+  void menusAreInSight() {
+    QFETCH(Qt::LayoutDirection, direction);
+    Screen screen;
+    screen.window.setLayoutDirection(direction);
+    QVERIFY(screen.isReady());
+    const QRect desktop = screen.window.screen()->availableGeometry();
+    const QPoint span(desktop.width(), desktop.height() - 30);
+    for (int i = 0; i < 9; ++i) {
+      // Its first item may be beyond the edge by half.
+      screen.window.move(desktop.topLeft() + QPoint(span.x() * (i % 3) / 2 - 200, span.y() * (i / 3) / 2));
+      for (const char* const name : {"file", "edit"}) {
+        const QToolButton* const item = screen.item(name);
+        const QRect owner(item->mapToGlobal(QPoint()), item->size());
+        if (!desktop.contains(owner.center()))
+          continue;
+        screen.click(name);
+        QVERIFY(screen.isOnlyOpen(name) && desktop.contains(screen.menu(name)->geometry()));
+        QVERIFY(!screen.menu(name)->geometry().intersects(owner));
+        screen.click(name);
+      }
+    }
   }
 
   void aMenuClosesAfterThePointerLeftIt() {

@@ -41,8 +41,8 @@ struct Stage {
                            arrows() ? arrows()->GetArrowPoint() : QPoint());
     return position;
   }
-  QSize place() {
-    return placeInSight(calculator, [this] { return answer(); });
+  void place() {
+    placeInSight(calculator, [this] { return answer(); });
   }
   /// In global coordinates, without a shadow.
   QRect seen() const {
@@ -87,7 +87,7 @@ private Q_SLOTS:
         stage.owner.move((window.width() - 24) * x / 7, (window.height() - 16) * y / 7);
         for (const EDirection side : {Left, Top, Right, Bottom}) {
           stage.calculator.SetDirection(side);
-          QCOMPARE(stage.place(), QSize(0, 0));
+          stage.place();
           QVERIFY2(stage.room().contains(stage.seen()), qPrintable(stage.calculator.LastSearch().toString()));
           QVERIFY(!stage.seen().intersects(stage.reference()));
           if (arrowed)
@@ -158,6 +158,9 @@ private Q_SLOTS:
     QVERIFY(!stage.popup->isWindow() && stage.room().contains(stage.seen()));
     QVERIFY(stage.popup->testAttribute(Qt::WA_ShowWithoutActivating));
 
+    bringHome(*stage.popup);
+    QCOMPARE(stage.popup->parentWidget(), &layer);
+    stage.place();
     layer.setGeometry(stage.window.rect());
     stage.place();
     QCOMPARE(stage.popup->parentWidget(), &layer);
@@ -177,7 +180,7 @@ private Q_SLOTS:
     other.SetWidget(second);
     other.SetRefWidget(&stage.owner);
     const QPointer<QWidget> follower(second);
-    QCOMPARE(placeInSight(other, [] { return QPoint(900, 900); }), QSize(0, 0));
+    placeInSight(other, [] { return QPoint(900, 900); });
     QVERIFY(second->isWindow());
     QVERIFY(second->parentWidget() != doomed);
     delete doomed;
@@ -200,15 +203,30 @@ private Q_SLOTS:
     Stage stage({640, 480}, {0, 0, 640, 480}, false);
     stage.window.setGeometry(stage.window.screen()->availableGeometry());
     stage.owner.setGeometry(stage.window.rect());
-    QVERIFY(!stage.place().isNull());
+    stage.place();
     QVERIFY(!stage.popup->isWindow() && stage.room().contains(stage.seen()));
+  }
 
-    // What can be smaller takes off what is told.
-    stage.owner.setGeometry(0, 0, stage.window.width(), stage.window.height() - 200);
-    stage.popup->resize(stage.window.width(), 300);
-    QCOMPARE(stage.place(), QSize(0, 100));
-    stage.popup->resize(stage.window.width(), 200);
-    QCOMPARE(stage.place(), QSize(0, 0));
+  void whatCanBeSmallerStaysInItsParent_data() {
+    QTest::addColumn<int>("room");
+    QTest::addColumn<int>("height");
+    QTest::newRow("as it likes") << 400 << 300;
+    QTest::newRow("what there is") << 200 << 200;
+    QTest::newRow("less than it can") << 40 << 300;
+  }
+  void whatCanBeSmallerStaysInItsParent() {
+    QFETCH(int, room);
+    QFETCH(int, height);
+    Stage stage({640, 480}, {0, 0, 640, 480 - room}, false);
+    const auto fit = [&](const QSize& limit) {
+      stage.popup->resize(QSize(120, 300).boundedTo(limit.expandedTo({60, 50})));
+    };
+    placeInSight(
+        stage.calculator, [&] { return stage.answer(); }, Qt::Tool, fit);
+    QCOMPARE(stage.popup->isWindow(), room < 50);
+    QVERIFY(stage.room().contains(stage.seen()) && !stage.seen().intersects(stage.reference()));
+    QVERIFY2(std::abs(stage.popup->height() - height) <= 10,
+             qPrintable(QString::number(stage.popup->height())));
   }
 
   void whatTheAnswerEnds_data() {

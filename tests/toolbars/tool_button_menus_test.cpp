@@ -4,9 +4,27 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
 
 using namespace Vela::UiBase;
+
+namespace {
+
+/// Where it fits at all: in its window or on the screen, and not over its button.
+bool isInSight(const QWidget& popup, const QRect& body, const QWidget& button) {
+  const QRect owner(button.mapToGlobal(QPoint()), button.size());
+  const QScreen* const screen = QGuiApplication::screenAt(owner.center()); // none beyond the edges
+  QRect room = popup.screen()->geometry();
+  if (!popup.isWindow())
+    room = QRect(popup.parentWidget()->mapToGlobal(QPoint()), popup.parentWidget()->size());
+  if (screen)
+    room &= screen->geometry();
+  const QRect seen = body.translated(popup.mapToGlobal(QPoint()));
+  return popup.isVisible() && room.contains(seen) && !seen.intersects(owner);
+}
+
+} // namespace
 
 class ToolButtonMenusTest : public Vela::Test::TestCase {
   Q_OBJECT
@@ -23,8 +41,8 @@ private Q_SLOTS:
   void keyboardGoesInAndComesBack();
   void assistiveTechnologyHearsOfTheMenu();
   void commandThatCannotOpenItsFlyoutEnds();
-  void popupsEndInTheWindow_data();
-  void popupsEndInTheWindow();
+  void popupsAreInSight_data();
+  void popupsAreInSight();
 };
 
 void ToolButtonMenusTest::menuIsAnnouncedOnceHoweverItCloses_data() {
@@ -260,60 +278,70 @@ void ToolButtonMenusTest::commandThatCannotOpenItsFlyoutEnds() {
   QVERIFY(!stage.flyout->isVisible());
 }
 
-void ToolButtonMenusTest::popupsEndInTheWindow_data() {
+void ToolButtonMenusTest::popupsAreInSight_data() {
   QTest::addColumn<Qt::ToolBarArea>("area");
-  QTest::addColumn<bool>("atStart");
+  QTest::addColumn<Qt::LayoutDirection>("direction");
+  QTest::addColumn<QSize>("size");
   for (const auto area :
        {Qt::LeftToolBarArea, Qt::RightToolBarArea, Qt::TopToolBarArea, Qt::BottomToolBarArea}) {
-    for (const bool atStart : {true, false})
-      QTest::addRow("%d, %s", int(area), atStart ? "start" : "end") << area << atStart;
+    for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+      for (const QSize& size : {QSize(90, 40), QSize(300, 200), QSize(640, 480), QSize(3840, 2160)})
+        QTest::addRow("%d, %d, %d x %d", int(area), int(direction), size.width(), size.height())
+            << area << direction << size;
+    }
   }
 }
 
-// The tooltip is wide, and the flyout needs more than there is.
-void ToolButtonMenusTest::popupsEndInTheWindow() {
+// Wherever a bar is along its edge, its sub-toolbar, flyout and tooltip are seen, beside their button.
+void ToolButtonMenusTest::popupsAreInSight() {
   QFETCH(Qt::ToolBarArea, area);
-  QFETCH(bool, atStart);
+  QFETCH(Qt::LayoutDirection, direction);
+  QFETCH(QSize, size);
   QWidget window;
-  window.resize(640, 480);
+  window.setLayoutDirection(direction);
+  window.resize(size);
   ToolBar bar(&window, area);
   auto* const panel = new QWidget;
   auto* const column = new QVBoxLayout(panel);
   for (int i = 0; i < 30; ++i)
     column->addWidget(new QSpinBox);
   FlyoutBase flyout("Many", panel, nullptr, true, true, true, true, &window);
-  ToolButtonWithWidgetMenu* const button =
-      bar.AddAction(new QAction(coloredIcon(Qt::red), "Many", &bar), &flyout);
+  const QIcon icon = coloredIcon(Qt::red);
+  ToolButtonWithWidgetMenu* const button = bar.AddAction(new QAction(icon, "Many", &bar), &flyout);
   button->Action()->setToolTip(QStringLiteral("What there is to say of it needs room. ").repeated(2));
+  ToolBar sub(&window, bar.Orientation() == Qt::Horizontal ? Qt::LeftToolBarArea : Qt::TopToolBarArea);
+  for (int i = 0; i < 4; ++i)
+    sub.AddAction(new QAction(icon, "Inner", &bar));
+  ToolButtonWithButtonMenu* const menuButton = bar.AddAction(nullptr, icon, &sub, true, "Menu");
   window.show();
   window.activateWindow();
   QVERIFY(QTest::qWaitForWindowActive(&window));
   bar.ShowMe();
-  const bool row = bar.Orientation() == Qt::Horizontal;
-  const QPoint start = row ? QPoint(0, bar.y()) : QPoint(bar.x(), 0);
-  const QPoint end =
-      row ? QPoint(window.width() - bar.width(), bar.y()) : QPoint(bar.x(), window.height() - bar.height());
-  bar.SetPos(atStart ? start : end);
-  const auto endsInside = [&window](const ArrowedWindow* popup) {
-    return popup && popup->isVisible() &&
-           window.rect().contains(QRect(popup->mapTo(&window, QPoint()), popup->size()));
-  };
-  button->GetTooltipObject()->ShowTooltip();
-  QVERIFY(endsInside(button->GetTooltipObject()->GetArrowedWindow()));
-  button->click();
-  Vela::Test::settle();
-  QVERIFY(endsInside(button->GetArrowedWindow()));
-  const auto buttons = flyout.findChildren<QPushButton*>();
-  for (const QPushButton* const each : buttons)
-    QVERIFY(flyout.rect().contains(QRect(each->mapTo(&flyout, QPoint()), each->size())));
-  QVERIFY(!button->GetArrowedWindow()->geometry().intersects(bar.geometry()));
-  window.resize(640, 300);
-  bar.SetEnableAutoPosition(true);
-  bar.OnAutoPosition();
-  button->ShowMenu();
-  QVERIFY(endsInside(button->GetArrowedWindow()));
+  const QPoint end = QPoint(size.width() - bar.width(), size.height() - bar.height());
+  for (const double part : {0.0, 0.5, 1.0}) {
+    const QPoint along = (end * part);
+    bar.SetPos(bar.Orientation() == Qt::Horizontal ? QPoint(along.x(), bar.y()) : QPoint(bar.x(), along.y()));
+    menuButton->ShowMenu();
+    Vela::Test::settle();
+    QVERIFY2(isInSight(sub, sub.rect(), *menuButton), "sub-toolbar");
+    menuButton->HideMenu();
+    button->click();
+    Vela::Test::settle();
+    const ArrowedWindow* const popup = button->GetArrowedWindow();
+    QVERIFY2(isInSight(*popup, popup->GetBounds(), *button), "flyout");
+    for (const QPushButton* const each : flyout.findChildren<QPushButton*>())
+      QVERIFY(flyout.rect().contains(QRect(each->mapTo(&flyout, QPoint()), each->size())));
+    button->HideMenu();
+    button->GetTooltipObject()->ShowTooltip();
+    const ArrowedWindow* const tooltip = button->GetTooltipObject()->GetArrowedWindow();
+    QVERIFY2(isInSight(*tooltip, tooltip->GetBounds(), *button), "tooltip");
+    button->GetTooltipObject()->HideTooltip();
+  }
   button->SetMenu(nullptr);
-  QVERIFY2(flyout.sizeHint().height() > window.height(), "elsewhere it has other room");
+  QVERIFY2(flyout.sizeHint().height() > 480, "elsewhere it has other room");
+  QVERIFY(flyout.parentWidget() == &window && !flyout.isWindow());
+  menuButton->SetMenu(nullptr);
+  QVERIFY(sub.parentWidget() == &window && !sub.isWindow());
 }
 
 VELA_TEST_MAIN(ToolButtonMenusTest)

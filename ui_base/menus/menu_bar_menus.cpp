@@ -8,7 +8,6 @@
 #include <QCursor>
 #include <QKeyEvent>
 #include <QPointer>
-#include <QScreen>
 #include <QStyle>
 
 namespace Vela::UiBase {
@@ -94,9 +93,8 @@ void MenuBarMenus::open(QToolButton* item, bool byKeyboard) {
   item->setDown(true);
   menu->setAttribute(Qt::WA_NoMouseReplay, false);
   Q_EMIT opened(item, byKeyboard);
-  const QPoint planned = positionFor(*item, *menu);
   const QPointer<MenuBarMenus> self = this;
-  menu->popup(planned);
+  menu->popup(positionFor(*item, menu->sizeHint()));
   if (!self || !menu)
     return;
   if (item != m_openItem || menu != menuOf(item)) {
@@ -104,8 +102,7 @@ void MenuBarMenus::open(QToolButton* item, bool byKeyboard) {
     return;
   }
   // Entries that came just now change the size, and so the place.
-  if (const QPoint shift = positionFor(*item, *menu) - planned; !shift.isNull())
-    menu->move(menu->pos() + shift);
+  menu->move(positionFor(*item, menu->size()));
   if (menu->isEmpty())
     menu->close();
   else if (byKeyboard)
@@ -128,16 +125,11 @@ void MenuBarMenus::end() {
     menu->close();
 }
 
-QPoint MenuBarMenus::positionFor(const QToolButton& item, const QMenu& menu) const {
+QPoint MenuBarMenus::positionFor(const QToolButton& item, const QSize& menu) const {
   const bool mirrored = item.isRightToLeft();
-  const QSize size = menu.sizeHint();
-  QPoint corner = item.mapToGlobal(QPoint(mirrored ? item.width() : 0, item.height()));
-  corner += mirrored ? QPoint(-size.width() - m_position.x(), m_position.y()) : m_position;
-  const QRect screen = item.screen()->availableGeometry();
-  const int above = item.mapToGlobal(QPoint()).y() - size.height() - m_position.y();
-  if (corner.y() + size.height() > screen.bottom() && above >= screen.top())
-    corner.setY(above);
-  return corner;
+  const QPoint offset(mirrored ? -m_position.x() : m_position.x(), m_position.y());
+  const QPoint corner = item.mapToGlobal(QPoint(mirrored ? item.width() - menu.width() : 0, item.height()));
+  return menuInSight(item, corner + offset, menu, offset);
 }
 
 void MenuBarMenus::adopt(QMenu* menu) {

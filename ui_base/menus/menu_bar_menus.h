@@ -59,7 +59,7 @@ Q_SIGNALS:
   void closed(bool keepsBar);
 
 private:
-  QPoint positionFor(const QToolButton& item, const QMenu& menu) const;
+  QPoint positionFor(const QToolButton& item, const QSize& menu) const;
   bool opensOnPress(const QToolButton& item, const QPoint& position) const;
   void adopt(QMenu* menu);
   void menuHidden();

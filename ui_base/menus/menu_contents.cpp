@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "menu_contents.h"
 
+#include <ui_base/popups/placement_sight.h>
 #include <ui_base/views/qt_ui_toolkit.h>
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMetaMethod>
+#include <QScreen>
 
 #include <algorithm>
+#include <array>
 
 namespace Vela::UiBase {
 
@@ -115,6 +119,21 @@ void activateFirstEntry(QMenu& menu) {
   // Being set, it would open its sub-menu.
   QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
   QCoreApplication::sendEvent(&menu, &down);
+}
+
+QPoint menuInSight(const QWidget& opener, const QPoint& wanted, const QSize& menu, const QPoint& offset) {
+  const Placement::Target target{.reference = {opener.mapToGlobal(QPoint(0, 0)), opener.size()},
+                                 .baseOffset = offset.y() + 1,
+                                 .alignment = opener.isRightToLeft() ? AlignEnd : AlignStart,
+                                 .additionalOffset = {offset.x(), 0}};
+  const QScreen* const screen = QGuiApplication::screenAt(target.reference.center());
+  const QRect area = (screen ? screen : opener.screen())->availableGeometry();
+  const QPoint place = Placement::plainInSight({wanted, menu}, target, std::array{Bottom, Top}, area);
+  if (place == wanted || !Placement::covers({place, menu}, target))
+    return place;
+  const bool mirrored = opener.isRightToLeft();
+  const std::array beside{mirrored ? Left : Right, mirrored ? Right : Left};
+  return Placement::plainInSight({wanted, menu}, target, beside, area);
 }
 
 bool holdsPoint(const QWidget& widget, const QPoint& global) {

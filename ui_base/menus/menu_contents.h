@@ -8,6 +8,7 @@
 class QMenu;
 class QObject;
 class QPoint;
+class QSize;
 class QWidget;
 
 namespace Vela::UiBase {
@@ -38,6 +39,11 @@ private:
 /// Makes the first entry that can be chosen the active one of an open menu, as the Down key does: a sub-menu
 /// stays closed.
 void activateFirstEntry(QMenu& menu);
+
+/// Where the menu of an opener goes, in global coordinates: to `wanted` where all of it is on the screen of
+/// the opener there, else below or above the opener, else beside it.
+/// @param offset between the two, in pixels: to the right of the opener's left edge and down from it.
+QPoint menuInSight(const QWidget& opener, const QPoint& wanted, const QSize& menu, const QPoint& offset);
 
 /// Whether the widget is visible and holds a point given in global coordinates.
 bool holdsPoint(const QWidget& widget, const QPoint& global);

@@ -7,7 +7,6 @@
 #include <QCursor>
 #include <QKeyEvent>
 #include <QPushButton>
-#include <QScreen>
 #include <QTimer>
 
 #include <algorithm>
@@ -29,13 +28,9 @@ RCMenuInput inputOf(const QMouseEvent& event) {
   return touch ? RCMenuInput::Touch : RCMenuInput::Mouse;
 }
 
-/// Below the button, or above it where the screen ends.
-QPoint positionFor(const QAbstractButton& button, const QMenu& menu, int gap) {
+QPoint positionFor(const QAbstractButton& button, const QSize& menu, int gap) {
   const QPoint below = button.mapToGlobal(QPoint(0, button.height() + gap));
-  const QRect screen = button.screen()->availableGeometry();
-  const int height = menu.sizeHint().height();
-  const int above = button.mapToGlobal(QPoint()).y() - gap - height;
-  return below.y() + height > screen.bottom() + 1 && above >= screen.top() ? QPoint(below.x(), above) : below;
+  return menuInSight(button, below, menu, {0, gap});
 }
 
 bool isOpeningKey(int key) {
@@ -144,13 +139,11 @@ void RCMenuManagerPrivate::open(QAbstractButton* button, RCMenuInput input) {
   if (!isStillOpen())
     return;
   // A menu is a window: its position is global.
-  menu->popup(positionFor(*button, *menu, menuGap));
+  menu->popup(positionFor(*button, menu->sizeHint(), menuGap));
   if (!isStillOpen())
     return;
-  // Entries that came just now may have no room below.
-  if (const QPoint place = positionFor(*button, *menu, menuGap);
-      place.y() < button->mapToGlobal(QPoint()).y())
-    menu->move(menu->x(), place.y());
+  // Entries that came just now change the size, and so the place.
+  menu->move(positionFor(*button, menu->size(), menuGap));
   menu->raise();
   if (input == RCMenuInput::Keyboard)
     activateFirstEntry(*menu);

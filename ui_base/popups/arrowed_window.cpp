@@ -6,7 +6,6 @@
 #include <QEvent>
 #include <QPaintEngine>
 #include <QPainter>
-#include <QScreen>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -14,15 +13,6 @@
 namespace Vela::UiBase {
 
 namespace {
-
-constexpr int edgeGap = 3; // px, to the edges of what the window lies in
-
-/// How far a span has to move to lie within another one; where it does not fit, it begins where that does.
-int wayInside(int first, int last, int low, int high) {
-  if (first < low)
-    return low - first;
-  return last > high ? std::max(high - last, low - first) : 0;
-}
 
 SArrowParam makeArrow(EArrowPosition position, int length, bool fixedAngle, int angle, int tipAngle,
                       bool offsetAlongX, int offset) {
@@ -123,40 +113,6 @@ bool ArrowedWindow::GetArrowWindowSize(SArrowParam& arrow, QSize& size, QPoint& 
   size = this->size();
   tip = d->tip;
   return true;
-}
-
-QPoint ArrowedWindow::MovedInside(const QPoint& position) {
-  const QRect whole = parentWidget() ? parentWidget()->rect() : screen()->availableGeometry();
-  const QRect area = whole.adjusted(edgeGap, edgeGap, -edgeGap, -edgeGap);
-  SArrowParam arrow;
-  if (!d->content || d->content->size().isEmpty() || area.contains(QRect(position, size())) ||
-      !GetCurrentArrowParam(arrow))
-    return position;
-  const QRect body = GetBounds();
-  const bool beside = d->tip.x() < body.left() || d->tip.x() > body.right();
-  const bool above = d->tip.y() < body.top() || d->tip.y() > body.bottom();
-  if (beside == above)
-    return position; // it points away from a corner
-  const QPoint target = position + d->tip;
-  const auto along = [above](const QPoint& point) { return above ? point.x() : point.y(); };
-  // An offset that would have taken the arrow beyond the content has done nothing.
-  const int anchor = along(arrow.anchor);
-  QSize room;
-  QPoint tip;
-  arrow.offsetAlongX = above;
-  arrow.offset = 0;
-  GetArrowWindowSize(arrow, room, tip);
-  const int middle = along(arrow.anchor);
-  const QRect content = d->content->geometry();
-  const int first = along(position);
-  const int length = above ? room.width() : room.height();
-  const int way = wayInside(first, first + length - 1, along(area.topLeft()), along(area.bottomRight()));
-  // On the corner itself it would belong to the other edge.
-  const int lowest = std::min(middle, along(content.topLeft()) + 1);
-  const int highest = std::max(middle, along(content.bottomRight()) - 1);
-  arrow.offset = std::clamp(anchor - way, lowest, highest) - middle;
-  GetArrowWindowSize(arrow, room, tip);
-  return target - tip;
 }
 
 void ArrowedWindow::SetAutoDecideArrowPosition(bool decide) { d->autoDecide = decide; }

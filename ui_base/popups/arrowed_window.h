@@ -88,10 +88,6 @@ public:
   /// Whether a placement may try arrows at all positions, beyond those that were added. Off at first.
   void SetAutoDecideArrowPosition(bool decide);
   bool AutoDecideArrowPosition() const;
-  /// The place for the window that is nearest to a given one and lies inside of the parent, or of the screen.
-  /// The window moves along the edge at which its arrow is, and the tip of the arrow stays where it would be;
-  /// so it moves only as far as the arrow can slide. The arrow and the layout change accordingly.
-  QPoint MovedInside(const QPoint& position);
   /// @}
 
   /// \name Looks

@@ -9,6 +9,12 @@
 
 namespace Vela::UiBase {
 
+namespace {
+
+constexpr int leastHeight = 40; // px, in which there is something to see of what scrolls
+
+} // namespace
+
 ContentScroller::ContentScroller(QWidget* parent) : QScrollArea(parent) {
   setFrameShape(QFrame::NoFrame);
   setWidgetResizable(true);
@@ -35,7 +41,7 @@ void ContentScroller::setLimitWithin(QLayout& column, const QSize& limit) {
   const QMargins margins = column.contentsMargins();
   const QSize left(limit.width() - margins.left() - margins.right(),
                    limit.height() - column.totalMinimumSize().height());
-  setLimit(left.expandedTo({0, 0}));
+  setLimit(left.expandedTo({0, leastHeight}));
   column.invalidate();
 }
 

@@ -18,7 +18,7 @@ public:
   /// The room that may be asked for, in pixels.
   void setLimit(const QSize& limit);
   /// The room that is left when the layout in which it stands may ask for that much; what else is in the
-  /// layout keeps its size.
+  /// layout keeps its size, and what can be scrolled a few lines.
   void setLimitWithin(QLayout& column, const QSize& limit);
 
   bool hasHeightForWidth() const override;

@@ -16,7 +16,7 @@
 #include <QWidget>
 
 #include <algorithm>
-#include <array>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -27,6 +27,7 @@ struct PopupHome {
   QPointer<QWidget> parent;
   QPointer<QWidget> refuge;
   Qt::WindowFlags flags;
+  QMetaObject::Connection parentDeath = {};
 };
 
 } // namespace Vela::UiBase
@@ -42,33 +43,20 @@ using Placement::Stance;
 
 constexpr const char* homeProperty = "vela_popup_home";
 
-void goHome(QWidget& popup) {
-  const auto home = popup.property(homeProperty).value<PopupHome>();
-  if (!home.refuge)
-    return;
-  popup.setProperty(homeProperty, QVariant());
-  // Who has given it another parent meanwhile wants it there.
-  if (home.parent && popup.parentWidget() == home.refuge)
-    popup.setParent(home.parent, home.flags);
-}
-
-bool isIn(const QWidget& popup, const QWidget* refuge) {
-  return refuge && popup.parentWidget() == refuge &&
-         popup.property(homeProperty).value<PopupHome>().refuge == refuge;
-}
+PopupHome homeOf(const QWidget& popup) { return popup.property(homeProperty).value<PopupHome>(); }
 
 void leaveFor(QWidget& popup, QWidget* refuge, Qt::WindowFlags flags) {
   QWidget* const parent = popup.parentWidget();
-  const PopupHome home{parent, refuge, popup.windowFlags()};
+  PopupHome home{parent, refuge, popup.windowFlags()};
   // A bar or a panel would take the activation along.
   popup.setAttribute(Qt::WA_ShowWithoutActivating);
   popup.setParent(refuge, flags);
-  popup.setProperty(homeProperty, QVariant::fromValue(home));
   // It belongs to its parent all the same.
-  QObject::connect(parent, &QObject::destroyed, &popup, [&popup, guard = home.refuge] {
-    if (isIn(popup, guard))
+  home.parentDeath = QObject::connect(parent, &QObject::destroyed, &popup, [&popup] {
+    if (const PopupHome left = homeOf(popup); left.refuge && popup.parentWidget() == left.refuge)
       delete &popup;
   });
+  popup.setProperty(homeProperty, QVariant::fromValue(home));
 }
 
 /// A place for popups to be in; its area is in global coordinates.
@@ -84,33 +72,43 @@ QRect globalRect(const QWidget& widget) { return {widget.mapToGlobal(QPoint(0, 0
 /// One placing of a popup. All rectangles are global.
 class PopupSight {
 public:
-  PopupSight(WidgetPosCalculator& calculator, QWidget& popup)
-      : m_calculator(calculator), m_popup(popup), m_arrows(qobject_cast<ArrowedWindow*>(&popup)) {
-    m_origin = popup.parentWidget() ? popup.parentWidget()->mapToGlobal(QPoint(0, 0)) : QPoint();
-    m_target = calculator.d->target(QRect());
-    m_hasReference = calculator.GetRefGeometry(m_target.reference);
-    m_target.reference.translate(m_origin);
-    m_beside = SubWidgets::takenBeside(m_arrows ? m_arrows->InternalWidget() : &popup);
+  using Fit = std::function<void(const QSize&)>;
+
+  PopupSight(WidgetPosCalculator& calculator, QWidget& popup, const Fit& fit)
+      : m_calculator(&calculator),
+        m_popup(&popup),
+        m_arrows(qobject_cast<ArrowedWindow*>(&popup)),
+        m_fit(fit) {
+    measure();
   }
 
-  QSize place(const QPoint& wanted, Qt::WindowType outside);
+  void place(const std::function<QPoint()>& position, Qt::WindowType outside);
 
 private:
+  /// Those who are called may end anything.
+  bool isAlive() const { return m_calculator && m_popup && m_calculator->Widget() == m_popup; }
+  void measure();
   QList<Room> rooms() const;
   bool isInSight(const QRect& seen, const Room& room) const;
   QRect seenOfPopup() const;
   QRect areaOf(const Room& room) const;
 
-  void listStances();
+  bool fitTo(const QSize& size);
+  void listStances(const QPoint& wanted);
   void addArrow(const SArrowParam& arrow, EDirection side);
   void addArrows();
 
-  KeptStance stanceIn(const Room& room) const;
-  void move(const KeptStance& kept, const Room& room, Qt::WindowType outside);
+  /// The stance in the room of that number; none when the popup has ended.
+  std::optional<KeptStance> stanceIn(qsizetype number, const QPoint& wanted);
+  KeptStance bestStance(qsizetype number, const QPoint& wanted);
+  bool goTo(const Room& room, Qt::WindowType outside);
+  void settle(const QPoint& wanted);
+  void move(const KeptStance& kept);
 
-  WidgetPosCalculator& m_calculator;
-  QWidget& m_popup;
+  const QPointer<WidgetPosCalculator> m_calculator;
+  const QPointer<QWidget> m_popup;
   ArrowedWindow* const m_arrows;
+  const Fit& m_fit;
   QPoint m_origin;
   Placement::Target m_target;
   bool m_hasReference = false;
@@ -118,6 +116,15 @@ private:
   QList<Stance> m_stances;
   QList<SArrowParam> m_stanceArrows;
 };
+
+void PopupSight::measure() {
+  const QWidget* const parent = m_popup->parentWidget();
+  m_origin = parent ? parent->mapToGlobal(QPoint(0, 0)) : QPoint();
+  m_target = m_calculator->d->target(QRect());
+  m_hasReference = m_calculator->GetRefGeometry(m_target.reference);
+  m_target.reference.translate(m_origin);
+  m_beside = SubWidgets::takenBeside(m_arrows ? m_arrows->InternalWidget() : m_popup.data());
+}
 
 namespace {
 
@@ -181,7 +188,7 @@ void PopupSight::addArrow(const SArrowParam& arrow, EDirection side) {
 
 void PopupSight::addArrows() {
   const QList<SArrowParam> given = m_arrows->GetArrowParams();
-  const QList<EDirection> sides = Placement::fullPriorityList(m_calculator.Directions());
+  const QList<EDirection> sides = Placement::fullPriorityList(m_calculator->Directions());
   QList<ArrowPair> pairs = Placement::arrowPairs(given, m_arrows->AutoDecideArrowPosition(), sides);
   if (pairs.isEmpty())
     return;
@@ -193,29 +200,36 @@ void PopupSight::addArrows() {
     addArrow(arrow, side);
 }
 
-void PopupSight::listStances() {
+void PopupSight::listStances(const QPoint& wanted) {
+  m_stances.clear();
+  m_stanceArrows.clear();
+  const QRect seen = seenOfPopup();
+  if (!m_hasReference) {
+    m_stances = {{.rect = seen.translated(wanted + m_origin)}};
+    return;
+  }
   if (m_arrows && m_arrows->InternalWidget())
     addArrows();
   if (m_stances.isEmpty())
-    m_stances = Placement::plainStances(m_target, Placement::fullPriorityList(m_calculator.Directions()),
-                                        seenOfPopup().size());
+    m_stances = Placement::plainStances(m_target, Placement::fullPriorityList(m_calculator->Directions()),
+                                        seen.size());
 }
 
-QRect PopupSight::seenOfPopup() const { return m_arrows ? m_arrows->d->shape() : m_popup.rect(); }
+QRect PopupSight::seenOfPopup() const { return m_arrows ? m_arrows->d->shape() : m_popup->rect(); }
 
 QList<Room> PopupSight::rooms() const {
   const QScreen* screen = m_hasReference ? QGuiApplication::screenAt(m_target.reference.center()) : nullptr;
   const QRect onScreen = screen ? screen->geometry() : QRect();
-  const Room everywhere{nullptr, (screen ? screen : m_popup.screen())->availableGeometry()};
-  QWidget* const parent = m_popup.parentWidget();
-  if (m_popup.isWindow() || !parent)
+  const Room everywhere{nullptr, (screen ? screen : m_popup->screen())->availableGeometry()};
+  QWidget* const parent = m_popup->parentWidget();
+  if (m_popup->isWindow() || !parent)
     return {everywhere};
 
   QList<Room> rooms;
   const QRect window = globalRect(*parent->window());
   const QRect inWindow = onScreen.intersects(window) ? onScreen & window : window;
   rooms.append({parent, globalRect(*parent) & inWindow});
-  if (!m_popup.isHidden() || !m_hasReference)
+  if (!m_popup->isHidden() || !m_hasReference)
     return rooms;
   if (!parent->isWindow())
     rooms.append({parent->window(), inWindow});
@@ -225,8 +239,8 @@ QList<Room> PopupSight::rooms() const {
 
 QRect PopupSight::areaOf(const Room& room) const {
   const QRect withoutSides = room.area.marginsRemoved(m_beside);
-  return withoutSides.width() >= m_popup.width() && withoutSides.height() >= m_popup.height() ? withoutSides
-                                                                                              : room.area;
+  return withoutSides.width() >= m_popup->width() && withoutSides.height() >= m_popup->height() ? withoutSides
+                                                                                                : room.area;
 }
 
 /// What a search has taken unseen is looked at here; and what it has compared with the room of another
@@ -234,55 +248,81 @@ QRect PopupSight::areaOf(const Room& room) const {
 bool PopupSight::isInSight(const QRect& seen, const Room& room) const {
   if (!room.area.contains(seen))
     return false;
-  const PlacementCandidate* const taken = m_calculator.LastSearch().taken();
+  const PlacementCandidate* const taken = m_calculator->LastSearch().taken();
   const bool unseen = taken && taken->outcome == PlacementSlid;
-  return !unseen || (!Placement::covers(seen, m_target) && QApplication::activeWindow() == m_popup.window());
+  return !unseen || (!Placement::covers(seen, m_target) && QApplication::activeWindow() == m_popup->window());
 }
 
-KeptStance PopupSight::stanceIn(const Room& room) const {
-  return Placement::keepInSight(m_stances, m_target, areaOf(room));
+bool PopupSight::fitTo(const QSize& size) {
+  if (m_fit)
+    m_fit(size);
+  if (isAlive())
+    measure();
+  return isAlive();
 }
 
-QSize PopupSight::place(const QPoint& wanted, Qt::WindowType outside) {
-  const QList<Room> all = rooms();
-  const QRect seen = seenOfPopup().translated(wanted + m_origin);
-  if (isInSight(seen, all.constFirst())) {
-    m_popup.move(m_popup.isWindow() ? wanted + m_origin : wanted);
-    return {0, 0};
+KeptStance PopupSight::bestStance(qsizetype number, const QPoint& wanted) {
+  listStances(wanted);
+  return Placement::keepInSight(m_stances, m_target, areaOf(rooms().value(number)));
+}
+
+std::optional<KeptStance> PopupSight::stanceIn(qsizetype number, const QPoint& wanted) {
+  if (!fitTo(rooms().value(number).area.size()))
+    return std::nullopt;
+  const KeptStance kept = bestStance(number, wanted);
+  if (kept.isWhole() || !m_fit)
+    return kept;
+  const QSize beyond = kept.rect.size() - (kept.rect & areaOf(rooms().value(number))).size();
+  if (!fitTo(m_popup->size() - beyond.expandedTo({0, 0})))
+    return std::nullopt;
+  return bestStance(number, wanted);
+}
+
+void PopupSight::place(const std::function<QPoint()>& position, Qt::WindowType outside) {
+  if (!fitTo(rooms().constFirst().area.size()))
+    return;
+  const QPoint wanted = position();
+  if (!isAlive())
+    return;
+  measure();
+  if (isInSight(seenOfPopup().translated(wanted + m_origin), rooms().constFirst())) {
+    m_popup->move(m_popup->isWindow() ? wanted + m_origin : wanted);
+    return;
   }
-  if (m_hasReference)
-    listStances();
-  else
-    m_stances = {{.rect = seen}};
-  Room room = all.constFirst();
-  KeptStance kept = stanceIn(room);
-  for (qsizetype i = 1; i < all.size() && !kept.isWhole(); ++i) {
-    const KeptStance elsewhere = stanceIn(all.at(i));
-    if (elsewhere.hidden < kept.hidden) {
-      kept = elsewhere;
-      room = all.at(i);
+  qint64 leastHidden = std::numeric_limits<qint64>::max();
+  qsizetype best = 0;
+  for (qsizetype i = 0; i < rooms().size() && leastHidden > 0; ++i) {
+    const std::optional<KeptStance> kept = stanceIn(i, wanted);
+    if (!kept)
+      return;
+    if (kept->hidden < leastHidden) {
+      leastHidden = kept->hidden;
+      best = i;
     }
   }
-  const QRect area = areaOf(room);
-  const QSize beyond = kept.rect.size() - (kept.rect & area).size();
-  if (!kept.isWhole())
-    kept = Placement::keepInside(m_stances, m_target, area);
-  move(kept, room, outside);
-  return beyond.expandedTo({0, 0});
+  if (goTo(rooms().value(best), outside))
+    settle(wanted);
 }
 
-void PopupSight::move(const KeptStance& kept, const Room& room, Qt::WindowType outside) {
-  const QPointer<QWidget> popup(&m_popup);
-  const QPointer<QWidget> refuge(m_popup.window());
-  if (room.parent && room.parent != m_popup.parentWidget())
-    leaveFor(m_popup, room.parent, m_popup.windowFlags());
-  else if (!room.parent && !m_popup.isWindow())
-    leaveFor(m_popup, refuge, outside | Qt::FramelessWindowHint);
-  if (!popup)
-    return;
+// Leaving a parent hides what the mouse is over, of which others hear.
+bool PopupSight::goTo(const Room& room, Qt::WindowType outside) {
+  QWidget* const refuge = m_popup->window();
+  if (room.parent && room.parent != m_popup->parentWidget())
+    leaveFor(*m_popup, room.parent, m_popup->windowFlags());
+  else if (!room.parent && !m_popup->isWindow())
+    leaveFor(*m_popup, refuge, outside | Qt::FramelessWindowHint);
+  return isAlive();
+}
 
-  QPoint shape = seenOfPopup().topLeft();
-  QPoint position = kept.rect.topLeft();
+void PopupSight::settle(const QPoint& wanted) {
+  const std::optional<KeptStance> kept = stanceIn(0, wanted);
+  if (!kept)
+    return;
+  const QRect area = areaOf(rooms().constFirst());
+  move(kept->isWhole() ? *kept : Placement::keepInside(m_stances, m_target, area));
+}
+
+void PopupSight::move(const KeptStance& kept) {
   if (kept.index < m_stanceArrows.size()) {
     SArrowParam arrow = m_stanceArrows.at(kept.index);
     const Stance& stance = m_stances.at(kept.index);
@@ -295,24 +335,32 @@ void PopupSight::move(const KeptStance& kept, const Room& room, Qt::WindowType o
     QSize size;
     QPoint tip;
     m_arrows->GetArrowWindowSize(arrow, size, tip);
-    if (!popup)
+    if (!m_popup)
       return;
-    shape = seenOfPopup().topLeft();
   }
-  position -= shape;
-  if (!m_popup.isWindow() && m_popup.parentWidget())
-    position -= m_popup.parentWidget()->mapToGlobal(QPoint(0, 0));
-  m_popup.move(position);
+  const QPoint position = kept.rect.topLeft() - seenOfPopup().topLeft();
+  m_popup->move(m_popup->isWindow() ? position : position - m_popup->parentWidget()->mapToGlobal(QPoint()));
 }
 
-QSize placeInSight(WidgetPosCalculator& calculator, const std::function<QPoint()>& position,
-                   Qt::WindowType outside) {
+void bringHome(QWidget& popup) {
+  const PopupHome home = homeOf(popup);
+  if (!home.refuge || !popup.isHidden())
+    return;
+  QObject::disconnect(home.parentDeath);
+  popup.setProperty(homeProperty, QVariant());
+  // Who has given it another parent meanwhile wants it there.
+  if (home.parent && popup.parentWidget() == home.refuge)
+    popup.setParent(home.parent, home.flags);
+}
+
+void placeInSight(WidgetPosCalculator& calculator, const std::function<QPoint()>& position,
+                  Qt::WindowType outside, const std::function<void(const QSize&)>& fit) {
   const QPointer<WidgetPosCalculator> alive(&calculator);
-  if (calculator.Widget() && calculator.Widget()->isHidden())
-    goHome(*calculator.Widget());
-  const QPoint wanted = position();
+  if (QWidget* const popup = calculator.Widget())
+    bringHome(*popup);
   QWidget* const popup = alive ? alive->Widget() : nullptr;
-  return popup ? PopupSight(*alive, *popup).place(wanted, outside) : QSize(0, 0);
+  if (popup)
+    PopupSight(*alive, *popup, fit).place(position, outside);
 }
 
 } // namespace Vela::UiBase

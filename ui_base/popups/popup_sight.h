@@ -9,6 +9,8 @@
 
 #include <functional>
 
+class QWidget;
+
 namespace Vela::UiBase {
 
 class WidgetPosCalculator;
@@ -24,17 +26,20 @@ class WidgetPosCalculator;
 /// all, the popup lies over it.
 ///
 /// @param position what WidgetPosCalculator::GetPosition() or the caller's own rule gives; asked once the
-/// popup is
-///   where it belongs. May delete popup, calculator and caller.
-/// @return by how much the popup is larger than the room beside its reference; nothing where it has room.
-/// What can
-///   be smaller, as one that scrolls, takes this off and is placed again.
+///   popup is where it belongs. May delete popup, calculator and caller.
+/// @param fit for what can be smaller, as a panel that scrolls: has the popup ask for no more than this size,
+///   in pixels. Called for each place that is tried, before a larger one is sought elsewhere.
 ///
 /// @code
 /// placeInSight(*m_place, [this] { return GetMenuPosition(); });
 /// m_menu->show();
 /// @endcode
-UI_BASE_EXPORT QSize placeInSight(WidgetPosCalculator& calculator, const std::function<QPoint()>& position,
-                                  Qt::WindowType outside = Qt::Tool);
+UI_BASE_EXPORT void placeInSight(WidgetPosCalculator& calculator, const std::function<QPoint()>& position,
+                                 Qt::WindowType outside = Qt::Tool,
+                                 const std::function<void(const QSize&)>& fit = {});
+
+/// Gives a popup that has left its parent back to it now; for who will not place it any more. Nothing for one
+/// that is shown, or that was given another parent since.
+UI_BASE_EXPORT void bringHome(QWidget& popup);
 
 } // namespace Vela::UiBase

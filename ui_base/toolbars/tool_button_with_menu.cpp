@@ -152,10 +152,9 @@ void ToolButtonWithMenu::ShowMenu() {
 void ToolButtonWithMenu::PlaceAndShow(bool opens) {
   const QPointer<ToolButtonWithMenu> self(this);
   const QPointer<QWidget> popup(own()->popup());
-  const QPoint position = GetMenuPosition();
+  own()->movePopup();
   if (!self || !popup || !own()->state.isShown())
     return;
-  popup->move(position);
   popup->show();
   if (!self || !own()->state.isShown())
     return;
@@ -243,12 +242,8 @@ void ToolButtonWithMenu::SetMenuPosParameters(EDirection direction, int distance
 }
 
 void ToolButtonWithMenu::RecalcMenuPosAndMove() {
-  if (!IsMenuShowing())
-    return;
-  const QPointer<ToolButtonWithMenu> self(this);
-  const QPoint position = GetMenuPosition();
-  if (self && own()->popup())
-    own()->popup()->move(position);
+  if (IsMenuShowing())
+    own()->movePopup();
 }
 
 // --- events

@@ -49,7 +49,8 @@ public:
   /// shown already is placed anew.
   virtual void ShowMenu();
   virtual void HideMenu();
-  /// Where the menu is to stand, in the coordinates of its parent, or global ones when it has none.
+  /// Where the menu is to stand, in the coordinates of its parent, or global ones when it has none. Where it
+  /// could not be seen there it is shown at another place beside the button.
   virtual QPoint GetMenuPosition() = 0;
 
 public Q_SLOTS:
@@ -75,7 +76,7 @@ protected:
   void InitializePosCalculator();
   void SetMenuPosParameters(EDirection direction, int distance, EWidgetsAlign alignment,
                             const QPoint& offset = {});
-  /// Moves a menu that is shown to a freshly computed place.
+  /// Moves a menu that is shown to a freshly computed place, where it can be seen.
   void RecalcMenuPosAndMove();
 
   void ClickedHandler() override = 0;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tool_button_with_menu_p.h"
 
+#include <ui_base/popups/popup_sight.h>
+
 #include <QApplication>
 #include <QTimer>
 
@@ -61,6 +63,7 @@ void ToolButtonWithMenuPrivate::watch(QWidget* popup) {
   if (watched == popup)
     return;
   if (watched) {
+    bringHome(*watched);
     watched->removeEventFilter(button);
     QObject::disconnect(watchedDeath);
   }
@@ -80,6 +83,11 @@ QPoint ToolButtonWithMenuPrivate::place() const {
   posCalculator->SetRefWidget(anchor());
   posCalculator->GetPosition(position, popup()->rect(), false, QPoint());
   return position;
+}
+
+void ToolButtonWithMenuPrivate::movePopup() {
+  auto* const self = static_cast<ToolButtonWithMenu*>(button);
+  placeInSight(*posCalculator, [self] { return self->GetMenuPosition(); });
 }
 
 bool ToolButtonWithMenuPrivate::popupHasFocus() const {

@@ -40,6 +40,9 @@ public:
   /// Follows the popup from now on, and the one before no more.
   void watch(QWidget* popup);
   QPoint place() const;
+  /// Moves the popup to the place that the button gives it, or to where it can be seen. The button may be
+  /// gone afterwards.
+  virtual void movePopup();
   bool popupHasFocus() const;
   /// The menu closes: looks whether a press on the button did it.
   void noteClosing();

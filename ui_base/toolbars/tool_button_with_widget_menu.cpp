@@ -187,10 +187,9 @@ void ToolButtonWithWidgetMenu::CloseMenu() {
 }
 
 QPoint ToolButtonWithWidgetMenu::GetMenuPosition() {
-  ArrowedWindow* const window = own()->liveWindow();
-  if (!own()->arrowed || !window)
-    return own()->menu ? own()->place() : QPoint();
-  return own()->placeWindowInside();
+  if (own()->arrowed && own()->liveWindow())
+    return own()->placeWindow();
+  return own()->menu ? own()->place() : QPoint();
 }
 
 // --- the flyout

@@ -4,9 +4,8 @@
 #include "tool_button_with_button_menu.h"
 
 #include <ui_base/commands/flyout_command.h>
+#include <ui_base/popups/popup_sight.h>
 #include <vlk_common_res/styles.h>
-
-#include <QScreen>
 
 #include <utility>
 
@@ -17,7 +16,6 @@ using Resource::Styles;
 namespace {
 
 constexpr int cornerRadius = 6; // px, of the window around a menu
-constexpr int edgeGap = 3;      // px, from a flyout to the edges of what it lies in
 
 } // namespace
 
@@ -128,11 +126,9 @@ void ToolButtonWithWidgetMenuPrivate::applyWindowLooks() {
 }
 
 void ToolButtonWithWidgetMenuPrivate::followLayer() {
-  QWidget* const top = anchor()->window();
-  const bool tooSmall = top == button || top == toolBar || top == anchor();
-  QWidget* const layer = tooSmall ? nullptr : top;
+  QWidget* const layer = anchor()->window();
   if (window->parentWidget() != layer)
-    window->setParent(layer, layer ? Qt::Widget : Qt::Tool | Qt::FramelessWindowHint);
+    window->setParent(layer, Qt::Widget);
 }
 
 // --- the menu
@@ -237,30 +233,39 @@ void ToolButtonWithWidgetMenuPrivate::updatePartialBackground() {
                                       partialColor);
 }
 
-void ToolButtonWithWidgetMenuPrivate::limitFlyout(const QSize& limit) const {
-  if (FlyoutBase* const panel = flyout())
-    panel->SetSizeLimit(limit);
+// --- the place
+
+void ToolButtonWithWidgetMenuPrivate::fitFlyout(const QSize& windowSize) {
+  FlyoutBase* const panel = flyout();
+  if (!panel || !liveWindow())
+    return;
+  panel->SetSizeLimit(windowSize - (window->size() - panel->size()));
+  if (liveWindow())
+    window->GenerateLayout();
 }
 
-QPoint ToolButtonWithWidgetMenuPrivate::placeWindow(const QSize& limit) {
-  limitFlyout(limit - (window->size() - menu->size()));
-  window->GenerateLayout();
+QPoint ToolButtonWithWidgetMenuPrivate::placeWindow() {
   QPoint position = window->pos();
   posCalculator->SetRefWidget(anchor());
   posCalculator->GetPosition(position, window->rect(), true, window->GetArrowPoint());
-  return window->MovedInside(position);
+  return position;
 }
 
-// On the side of the button where the window comes to stand there may be less room than elsewhere.
-QPoint ToolButtonWithWidgetMenuPrivate::placeWindowInside() {
-  const QWidget* const layer = window->parentWidget();
-  const QRect room = layer ? layer->rect() : window->screen()->availableGeometry();
-  const QRect area = room.adjusted(edgeGap, edgeGap, -edgeGap, -edgeGap);
-  const QPoint position = placeWindow(area.size());
-  const QSize beyond = window->size() - area.intersected(QRect(position, window->size())).size();
-  const QPoint place = flyout() && !beyond.isNull() ? placeWindow(area.size() - beyond) : position;
-  placing.stop(); // what has just been laid out is no news
-  return place;
+void ToolButtonWithWidgetMenuPrivate::movePopup() {
+  if (!arrowed || !liveWindow()) {
+    ToolButtonWithMenuPrivate::movePopup();
+    return;
+  }
+  const QPointer<ToolButtonWithWidgetMenu> self(static_cast<ToolButtonWithWidgetMenu*>(button));
+  window->GenerateLayout();
+  if (!self)
+    return;
+  // A flyout that is larger than its window scrolls rather than leave it.
+  const auto fit = [this](const QSize& size) { fitFlyout(size); };
+  placeInSight(
+      *posCalculator, [&self] { return self->GetMenuPosition(); }, Qt::Tool, fit);
+  if (self)
+    placing.stop(); // what has just been laid out is no news
 }
 
 } // namespace Vela::UiBase

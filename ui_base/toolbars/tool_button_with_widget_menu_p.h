@@ -50,11 +50,10 @@ public:
   /// The panel was shown by itself, as by its command.
   void onPanelShown();
   void updatePartialBackground();
-  /// Has a flyout ask for no more than there is room for.
-  void limitFlyout(const QSize& limit) const;
-  /// Where the window comes to stand when the flyout asks for no more than this for the window.
-  QPoint placeWindow(const QSize& limit);
-  QPoint placeWindowInside();
+  void movePopup() override;
+  /// Has a flyout ask for no more than leaves the window this size.
+  void fitFlyout(const QSize& windowSize);
+  QPoint placeWindow();
 
   LivePointer<ArrowedWindow> window;
   SArrowParam arrow;

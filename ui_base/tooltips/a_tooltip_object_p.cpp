@@ -209,7 +209,7 @@ void ATooltipObjectPrivate::handHelpOn() {
 
 void ATooltipObjectPrivate::place() {
   const QPointer<ATooltipObject> self(object);
-  placing = true;
+  ++placing;
   const bool arrowed = arrowedWindow && tooltipWindow == arrowedWindow;
   if (QLayout* const layout = attachedControl ? attachedControl->layout() : nullptr)
     layout->activate();
@@ -225,7 +225,7 @@ void ATooltipObjectPrivate::place() {
   };
   placeInSight(calculator(), wanted, Qt::ToolTip);
   if (self)
-    placing = false;
+    --placing;
 }
 
 void ATooltipObjectPrivate::followSize() {

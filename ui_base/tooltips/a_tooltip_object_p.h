@@ -101,7 +101,7 @@ public:
   bool typed = false;
   std::unique_ptr<TooltipPlacement> placement; // null until it is set
   bool layerFound = false;                     // the layer is what the manager answered
-  bool placing = false;
+  int placing = 0; // how often: who is called meanwhile may have it placed once more
   bool placePending = false;
   int helpIndex = -1;
   QString helpKeyword;
