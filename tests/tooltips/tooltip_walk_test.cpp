@@ -47,7 +47,7 @@ public:
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     m_acts = 0;
-    QCoreApplication::processEvents();
+    Vela::Test::settle();
     restock();
     check();
   }
@@ -290,8 +290,7 @@ class TooltipWalkTest : public Vela::Test::TestCase {
 
 private Q_SLOTS:
   void callbacksThatAct() {
-    const unsigned seed =
-        qEnvironmentVariableIsSet("VELA_SEED") ? qEnvironmentVariableIntValue("VELA_SEED") : 1;
+    const unsigned seed = qEnvironmentVariableIsSet("VELA_SEED") ? qgetenv("VELA_SEED").toUInt() : 1;
     const int steps =
         qEnvironmentVariableIsSet("VELA_STEPS") ? qEnvironmentVariableIntValue("VELA_STEPS") : 1500;
     qInfo("VELA_SEED=%u VELA_STEPS=%d", seed, steps);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace Vela::UiBase::Placement {
 
@@ -124,7 +125,8 @@ KeptStance keepInSight(std::span<const Stance> stances, const Target& target, co
 
 KeptStance keepInside(std::span<const Stance> stances, const Target& target, const QRect& area) {
   KeptStance best;
-  qint64 leastCovered = std::numeric_limits<qint64>::max();
+  constexpr qint64 most = std::numeric_limits<qint64>::max();
+  std::pair least(most, most); // covered, then hidden
   for (std::size_t i = 0; i < stances.size(); ++i) {
     KeptStance kept{.index = qsizetype(i), .rect = stances[i].rect};
     kept.slide = moveAlong(kept.rect, stances[i], target, area);
@@ -133,11 +135,11 @@ KeptStance keepInside(std::span<const Stance> stances, const Target& target, con
     x.moveTo(kept.rect, inside(kept.rect.left(), kept.rect.width(), x.of(area)));
     y.moveTo(kept.rect, inside(kept.rect.top(), kept.rect.height(), y.of(area)));
     kept.hidden = hiddenOf(kept.rect, area);
-    const qint64 covered = pixels(kept.rect & target.reference) + kept.hidden;
-    if (covered >= leastCovered)
+    const std::pair found(pixels(kept.rect & target.reference), kept.hidden);
+    if (found >= least)
       continue;
     best = kept;
-    leastCovered = covered;
+    least = found;
   }
   return best;
 }

@@ -3,6 +3,7 @@
 
 #include "a_tooltip_object_p.h"
 
+#include <ui_base/popups/popup_sight.h>
 #include <ui_base/tooltips/default_tooltip.h>
 #include <ui_base/tooltips/tooltip_look.h>
 #include <ui_base/tooltips/tooltip_manager.h>
@@ -295,6 +296,8 @@ void ATooltipObject::SetTooltipLayer(QWidget* layer) {
     if (!self || !window || window->parentWidget() == guard)
       continue;
     HideTooltip();
+    if (window)
+      bringHome(*window); // as a window without a parent it would stay one of the desktop
     if (window)
       window->setParent(guard);
     if (window)
