@@ -15,6 +15,7 @@
 #include <array>
 #include <functional>
 #include <random>
+#include <utility>
 
 using namespace Vela::UiBase;
 
@@ -41,8 +42,10 @@ public:
 
   void step() {
     m_acts = 3;
+    m_inEvent = true;
     if (TooltipObject* const tooltip = any(m_tooltips); tooltip && number(0, 1))
       tooltip->ShowTooltip();
+    m_inEvent = false;
     act();
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -119,6 +122,8 @@ private:
     TooltipObject* const tooltip = any(m_tooltips);
     QWidget* const widget = any(m_widgets);
     QWidget* const window = any(m_windows);
+    const bool inEvent = std::exchange(m_inEvent, true);
+    m_deletesLater = inEvent;
     if (tooltip && widget && window)
       run(int(which), *tooltip, *widget, *window);
   }
@@ -210,10 +215,10 @@ private:
   }
   /// A widget may be in the middle of an event that has called.
   void end(QWidget& widget) {
-    if (m_acts == 2)
-      delete &widget;
-    else
+    if (m_deletesLater)
       widget.deleteLater();
+    else
+      delete &widget;
   }
   QWidget* content() {
     if (number(0, 4) == 0)
@@ -280,6 +285,8 @@ private:
   QPointer<TooltipWrapper> m_wrapper = new TooltipWrapper(QStringLiteral("0"));
   std::array<int, 32> m_hits{};
   int m_acts = 0;
+  bool m_inEvent = true;
+  bool m_deletesLater = true;
   int m_shown = 0;
 };
 

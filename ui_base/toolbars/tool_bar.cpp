@@ -178,6 +178,12 @@ ToolButtonWithWidgetMenu* ToolBar::AddAction(QAction* action, QWidget* menu, con
   return button;
 }
 
+void ToolBar::AddToolButton(ToolButton* button, const QString& group, int index, bool applyTooltipParams,
+                            bool applyMenuParams) {
+  if (button && button->OwningToolBar() == this && !Buttons().contains(button))
+    d->OnButtonCreated(*button, group, applyTooltipParams, applyMenuParams, index);
+}
+
 ToolBar* ToolBar::CreateSubToolBar(CommandGroup* group) {
   const Qt::ToolBarArea across = isRightToLeft() ? Qt::RightToolBarArea : Qt::LeftToolBarArea;
   auto* const menu =

@@ -84,6 +84,10 @@ public:
   ToolButtonWithWidgetMenu* AddAction(QAction* action, QWidget* menu, const QString& group = {},
                                       int index = -1, bool applyTooltipParams = true,
                                       bool applyMenuParams = true);
+  /// Adds a button of the application's own, made for this bar, and takes it over: a subclass of ToolButton,
+  /// say. It gets the looks of the bar like any other. Null and a button of another bar are ignored.
+  void AddToolButton(ToolButton* button, const QString& group = {}, int index = -1,
+                     bool applyTooltipParams = true, bool applyMenuParams = true);
   /// Removes the buttons of a command, here and in the sub-toolbars; of a group everything made from it.
   virtual void RemoveCommand(CommandBase* command);
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Uses something of every installed library: a command runs on another thread while the view's controller
-// shows its messages, and ends.
+// Uses something of every installed library and extends its classes: a command runs on another thread while
+// the view's controller shows its messages, and ends.
+#include "subclasses.h"
+
 #include <qskrccommon/units.h>
 #include <tqm_mesh_kernel/kernel.h>
 #include <ui_base/commands/command_base.h>
@@ -76,6 +78,8 @@ int main(int argc, char** argv) {
   require(Vela::Common::convert(1, Vela::Common::Metre, Vela::Common::Millimetre) == 1000, "wrong unit");
   require(Vela::License::LicenseService::Instance().isLicensed(), "not licensed");
   require(QtUiToolkit::Instance().IconProvider() != nullptr, "no icon provider");
+
+  require(Subclasses::work(), "the subclasses do not work");
 
   auto* view = new BaseView;
   auto* controller = new CmdsViewController(view);
