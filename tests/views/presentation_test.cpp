@@ -202,6 +202,8 @@ void PresentationTest::appearingIsToldInOrder_data() {
   row("a=b", "a -, a lost");
   row("a>b b=c", "a -, b load, b +, b -, b lost");
   row("a>b c=b", "a -, b load, b +, b -, a +");
+  row("a>b c=a a>d", "a -, b load, b +"); // over c, which is hidden: told of a already
+  row("a>b a=b", "a -, b load, b +, b -, b +, a lost");
 }
 
 void PresentationTest::appearingIsToldInOrder() {
@@ -335,7 +337,14 @@ void PresentationTest::inputEndsAtTheFront() {
   behind.resize(300, 200);
   behind.show();
   QVERIFY(QTest::qWaitForWindowActive(&behind));
+  QEvent leave(QEvent::Leave);
+  QEnterEvent enter({5, 5}, {5, 5}, {5, 5});
+  QCoreApplication::sendEvent(screen.view("a"), &enter);
   screen.run(QStringLiteral("a>b b>c"));
+  screen.calls.clear();
+  QCoreApplication::sendEvent(screen.view("a"), &leave); // who was entered is left
+  QCoreApplication::sendEvent(screen.view("b"), &leave);
+  QCOMPARE(screen.calls, QStringList{QStringLiteral("a mouseLeave")});
   screen.calls.clear();
   for (const auto& controller : std::as_const(screen.controllers))
     controller->consumes = false;

@@ -265,6 +265,24 @@ void ToolRoutingTest::toolLiesOnOneStackOnly() {
   other->pushTool(LeftButton, left);
   QCOMPARE(screen.controller->heldTools().size(), 4);
   QVERIFY(left->isActive() && other->heldTools().isEmpty());
+  struct SharingTool : RecordingTool {
+    using RecordingTool::RecordingTool;
+    std::function<void()> onSuspend;
+    void suspend() override {
+      RecordingTool::suspend();
+      onSuspend();
+    }
+  };
+  const auto third = screen.makeTool("third", Qt::CrossCursor, Qt::CrossCursor);
+  const auto top = std::make_shared<SharingTool>("top", screen.journal, screen.view);
+  top->onSuspend = [&] {
+    screen.controller->pushTool(RightButton, third);
+    other->pushTool(LeftButton, third);
+  };
+  screen.controller->pushTool(MiddleButton, top);
+  screen.controller->pushTool(MiddleButton, third);
+  QCOMPARE(screen.controller->heldTools().size(), 6);
+  QVERIFY(third->isActive() && third->getDelegate() == screen.controller && other->heldTools().isEmpty());
   screen.controller->clearTools(); // which leaves it active
   other->pushTool(LeftButton, left);
   QVERIFY(left->isActive() && other->holds(*left) && left->getDelegate() == other.get());

@@ -96,12 +96,13 @@ protected:
   QCursor loadCursorFromPath(const QString& path, const QPoint& hotSpot);
 
 private:
-  friend class CmdsViewController; // ends operations that lose the mouse
+  friend class CmdsViewController; // ends operations that lose the mouse, and pushes
 
   void report(void (ToolStateProtocol::*callback)(InteractiveTool*));
   void tellIdleCursor();
 
   const std::unique_ptr<InteractiveToolPrivate> d;
+  bool m_moves = false; // it is being pushed, or its controller dies
 };
 
 } // namespace Vela::UiBase

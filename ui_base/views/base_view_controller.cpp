@@ -9,6 +9,8 @@
 #include <ui_base/tooltips/tooltip_manager.h>
 #include <vlk_app_service/application_service.h>
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QPointer>
 
 #include <utility>
@@ -43,6 +45,7 @@ BaseViewController::BaseViewController(BaseView* view) : BaseViewController() { 
 
 BaseViewController::~BaseViewController() {
   beginDestruction();
+  QCoreApplication::removePostedEvents(this, QEvent::DeferredDelete); // what is called here may run a loop
   if (const auto registered = d->registration.lock()) // deleted by hand, and still held elsewhere
     applicationService().removeShutdownProtocolDelegate(registered);
   const QPointer<BaseView> view = std::exchange(d->view, nullptr);
@@ -64,6 +67,7 @@ void BaseViewController::takeView(BaseView* view) {
   d->owners.append(view);
   d->view = view;
   d->notifications.drop(); // which lie over the former view
+  viewChanged();
 }
 
 void BaseViewController::forgetView(BaseView* view) {
@@ -72,7 +76,12 @@ void BaseViewController::forgetView(BaseView* view) {
     return;
   d->view = nullptr;
   d->notifications.drop();
+  if (m_told == Told::Appeared) // the view died
+    m_told = Told::Nothing;
+  viewChanged();
 }
+
+void BaseViewController::viewChanged() {}
 
 void BaseViewController::tellIfViewIsLost() {
   if (d->loaded && !d->view)

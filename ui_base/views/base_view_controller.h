@@ -125,6 +125,12 @@ protected:
 
 private:
   friend class BaseView;
+  friend class Presentation;
+
+  enum class Told : signed char { Nothing, Appeared, Disappeared };
+
+  /// The view is another one now, or none, and not yet anybody else's.
+  virtual void viewChanged();
 
   void takeView(BaseView* view);
   void forgetView(BaseView* view);
@@ -133,6 +139,7 @@ private:
   NotificationBar* initializeNotificationBar();
 
   const std::unique_ptr<BaseViewControllerPrivate> d;
+  Told m_told = Told::Nothing; // last of a view, by the presentation that this is in
 };
 
 } // namespace Vela::UiBase

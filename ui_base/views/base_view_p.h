@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <Qt>
+#include <QEvent>
 
 #include <memory>
 
@@ -19,14 +19,23 @@ public:
     pressed = false;
   }
 
+  /// Who was told that the mouse or a drag came in is told that it goes, also when covered meanwhile.
+  bool awaits(QEvent::Type end) const {
+    return (end == QEvent::Leave && entered) || (end == QEvent::DragLeave && dragEntered);
+  }
+
   bool doubleClicking = false; // a double click was handed on; presses and releases are not
   bool movedWhilePressed = false;
   bool pressed = false;
   int lastKey = Qt::Key_unknown;
 
+  bool entered = false;     // the mouse, and the controller heard of it
+  bool dragEntered = false; // a drag, likewise
+
   int showingOrHiding = 0;     // Qt still works with the view when the event has been handled
   bool closing = false;        // it is being asked whether it may close
   bool closed = false;         // it agreed, and is deleted soon
+  bool dying = false;          // its destructor runs, and calls out
   bool focusElsewhere = false; // when it was last hidden together with what it stands in
 
   std::shared_ptr<BaseViewController> controller;

@@ -49,6 +49,7 @@ CmdsViewController::CmdsViewController(BaseView* view) : CmdsViewController() { 
 CmdsViewController::~CmdsViewController() {
   BaseViewController::beginDestruction();
   d->dying = true;
+  QCoreApplication::removePostedEvents(this, QEvent::DeferredDelete); // as in the base
   // While a tool or a command that dies of it can still ask for its controller.
   releaseTools();
   d->cursors.clear();
@@ -71,7 +72,7 @@ void CmdsViewController::viewDidLoad() {
   if (self && std::exchange(d->hasCommandsOfLostView, false))
     removeAllCommands();
   auto* const appManager = Services::ApplicationService::GetInstance().GetAppManager();
-  if (!self || !appManager)
+  if (!self || !appManager || d->dying)
     return;
   // All are owned before the first is added, which may be refused.
   std::vector<std::shared_ptr<CommandBase>> owned;
@@ -84,15 +85,11 @@ void CmdsViewController::viewDidLoad() {
   }
 }
 
-void CmdsViewController::viewWillAppear() {
-  d->cursors.moveTo(getView()); // the tools may have been pushed for another one, or for none
-  BaseViewController::viewWillAppear();
-}
+void CmdsViewController::viewChanged() { d->cursors.moveTo(getView()); }
 
 void CmdsViewController::viewWasLost() {
   const QPointer<BaseViewController> self(this);
   d->hasCommandsOfLostView = true;
-  d->cursors.moveTo(nullptr);
   endRunningOperation();
   if (self)
     BaseViewController::viewWasLost();
@@ -108,7 +105,7 @@ void CmdsViewController::viewWillDisappear() {
 bool CmdsViewController::viewWillClose() {
   const QPointer<BaseViewController> self(this);
   endRunningOperation();
-  if (self)
+  if (self && !d->dying) // else it is past having a context
     setContext(inactiveContext());
   if (self)
     removeAllCommands();

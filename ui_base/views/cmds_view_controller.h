@@ -97,7 +97,6 @@ public:
   void setRunNoticeDelay(int milliseconds);
 
   void viewDidLoad() override;
-  void viewWillAppear() override;
   void viewWillDisappear() override;
   bool viewWillClose() override;
 
@@ -147,6 +146,7 @@ protected:
   void idleCursorChanged(InteractiveTool& tool) override;
 
 private:
+  void viewChanged() override;
   template <class Event>
   bool offerToCommand(bool (ViewResponder::*handler)(Event*), Event* event);
   std::shared_ptr<InteractiveTool> toolForMove(const QMouseEvent& event);

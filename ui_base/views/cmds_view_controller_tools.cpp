@@ -5,6 +5,7 @@
 #include <ui_base/tools/interactive_tool.h>
 
 #include <QPointer>
+#include <QScopedValueRollback>
 
 #include <utility>
 
@@ -16,10 +17,15 @@ void CmdsViewController::endOperation(const std::shared_ptr<InteractiveTool>& to
 }
 
 // A tool that is pushed was left in any state by the stack before, one that is popped may wait for another.
+// What hears of it may begin an operation anew; who always does is left to itself.
 void CmdsViewController::bringToRest(const std::shared_ptr<InteractiveTool>& tool) {
-  endOperation(tool);
-  tool->resume();
-  tool->deactivate();
+  constexpr int maxTurns = 4;
+  const auto rests = [&tool] { return !tool->isActive() && !tool->isSuspended() && !tool->isOperating(); };
+  for (int turn = 0; turn < maxTurns && !rests(); ++turn) {
+    endOperation(tool);
+    tool->resume();
+    tool->deactivate();
+  }
 }
 
 void CmdsViewController::endRunningOperation() {
@@ -45,10 +51,12 @@ bool CmdsViewController::mayTake(const InteractiveTool& tool) const {
   return !d->dying && !holds(tool) && !(holder && holder->holds(tool));
 }
 
+// What hears of it may push the same tool, here or elsewhere: until it lies on its stack no other takes it.
 void CmdsViewController::pushTool(EToolActivationButton button, std::shared_ptr<InteractiveTool> tool) {
-  if (!tool || !mayTake(*tool))
+  if (!tool || tool->m_moves || !mayTake(*tool))
     return;
   const QPointer<BaseViewController> self(this);
+  const QScopedValueRollback moves(tool->m_moves, true);
   bringToRest(tool);
   if (self)
     endOperation(getTool(button));
@@ -78,31 +86,29 @@ std::shared_ptr<InteractiveTool> CmdsViewController::popTool(EToolActivationButt
   return top;
 }
 
-// The tools that others hold are left as if they had been popped.
+// The tools that others hold are left as if they had been popped. Nobody finds out any more who holds them.
 void CmdsViewController::releaseTools() {
   const auto held = heldTools();
+  for (const HeldTool& entry : held)
+    entry.tool->m_moves = true;
   for (const HeldTool& entry : held) {
     bringToRest(entry.tool);
     takeToolOff(entry.button, entry.tool);
+    entry.tool->m_moves = false;
   }
 }
 
 void CmdsViewController::showIdleCursor(const InteractiveTool* tool) {
-  if (!isPrimary(tool))
-    return;
-  d->cursors.moveTo(getView());
-  d->cursors.show(*tool, ViewCursors::Idle, tool->getIdleCursor());
+  if (isPrimary(tool))
+    d->cursors.show(*tool, ViewCursors::Idle, tool->getIdleCursor());
 }
 
 void CmdsViewController::takeIdleCursorAway(const InteractiveTool* tool) {
-  if (!isPrimary(tool))
-    return;
-  d->cursors.moveTo(getView());
-  d->cursors.takeAway(*tool, ViewCursors::Idle);
+  if (isPrimary(tool))
+    d->cursors.takeAway(*tool, ViewCursors::Idle);
 }
 
 void CmdsViewController::idleCursorChanged(InteractiveTool& tool) {
-  d->cursors.moveTo(getView());
   d->cursors.change(tool, ViewCursors::Idle, tool.getIdleCursor());
 }
 
@@ -119,7 +125,6 @@ void CmdsViewController::toolBeganOperating(InteractiveTool* tool) {
   if (!tool)
     return;
   const QPointer<BaseViewController> self(this);
-  d->cursors.moveTo(getView());
   d->cursors.show(*tool, ViewCursors::Operating, tool->getOperatingCursor());
   d->watch.start(getView());
   const auto held = heldTools();
@@ -127,14 +132,13 @@ void CmdsViewController::toolBeganOperating(InteractiveTool* tool) {
     if (other.tool.get() != tool)
       endOperation(other.tool);
   }
-  if (self)
+  if (self && tool->isOperating()) // what ended the others may have ended it, too
     ToolStack::toolBeganOperating(tool);
 }
 
 void CmdsViewController::toolEndedOperating(InteractiveTool* tool) {
   if (!tool)
     return;
-  d->cursors.moveTo(getView());
   d->cursors.takeAway(*tool, ViewCursors::Operating);
   stopWatchUnlessNeeded();
   ToolStack::toolEndedOperating(tool);

@@ -15,13 +15,6 @@ namespace Vela::UiBase {
 
 namespace {
 
-// Unlike isAncestorOf(), also across windows.
-bool isWithin(const QObject* object, const QObject* ancestor) {
-  while (object && object != ancestor)
-    object = object->parent();
-  return object != nullptr;
-}
-
 quint64 nextSerial() {
   static quint64 serial = 0;
   return ++serial;
@@ -35,6 +28,12 @@ Presentation::Presentation(BaseView& base) {
 }
 
 Presentation::~Presentation() = default;
+
+bool Presentation::isWithin(const QObject* object, const QObject* ancestor) {
+  while (object && object != ancestor)
+    object = object->parent();
+  return object != nullptr;
+}
 
 std::shared_ptr<Presentation> Presentation::of(const BaseView& view) { return view.d->presentation; }
 
@@ -82,7 +81,7 @@ ETransitionDirection Presentation::directionOf(const BaseView& view) const {
 
 bool Presentation::mayNotify(const BaseView& view) const {
   const Layer* const layer = find(view);
-  return layer && (layer->told == Told::Appeared || (layer->told == Told::Nothing && !isCovered(view)));
+  return layer && (told(view) == Told::Appeared || (told(view) == Told::Nothing && !isCovered(view)));
 }
 
 QList<PresentedView> Presentation::describe() const {
@@ -90,15 +89,17 @@ QList<PresentedView> Presentation::describe() const {
   for (const Layer& layer : m_layers) {
     if (const BaseView* const view = layer.view)
       views.append({layer.view, view->getViewController(), layer.presenter, layer.direction,
-                    layer.told == Told::Appeared, isCovered(*view)});
+                    told(*view) == Told::Appeared, isCovered(*view)});
   }
   return views;
 }
 
 bool Presentation::mayPresent(const BaseView& presenter, const BaseView& view) {
-  const bool ends = view.d->closing || (view.d->closed && view.isHidden());
-  const bool presenterEnds = presenter.d->closed && presenter.isHidden();
-  return !ends && !presenterEnds && !isWithin(&presenter, &view);
+  const bool ends = view.d->dying || view.d->closing || (view.d->closed && view.isHidden());
+  const bool presenterEnds = presenter.d->dying || (presenter.d->closed && presenter.isHidden());
+  // Qt cannot move a widget out of its own show or hide event, which may be that of another move.
+  const bool mayMove = view.parentWidget() == &presenter || !view.d->showingOrHiding;
+  return !ends && !presenterEnds && mayMove && !isWithin(&presenter, &view);
 }
 
 bool Presentation::present(BaseView& presenter, BaseView& view, ETransitionDirection direction) {
@@ -106,13 +107,18 @@ bool Presentation::present(BaseView& presenter, BaseView& view, ETransitionDirec
     return false;
   const QPointer<BaseView> over(&presenter);
   const QPointer<BaseView> shown(&view);
-  if (view.parentWidget() != &presenter)
-    view.setParent(&presenter); // which ends its presentation elsewhere
+  if (view.parentWidget() != &presenter && !view.isHidden())
+    view.hide(); // first: what hears of it may move either view, and Qt would not notice
+  if (!over || !shown || !mayPresent(*over, *shown))
+    return false;
+  if (shown->parentWidget() != over)
+    shown->setParent(over); // which ends its presentation elsewhere
   if (over && shown)
     shown->setGeometry(over->rect());
+  if (shown)
+    shown->raise();
   if (!over || !shown || shown->parentWidget() != over || !mayPresent(*over, *shown))
     return false;
-  shown->raise();
   over->installEventFilter(shown);
 
   const std::shared_ptr<Presentation> order = of(*over);
@@ -179,111 +185,6 @@ bool Presentation::dismiss(BaseView& view) {
 
 bool Presentation::close(const QPointer<BaseView>& view) { return view->close() || !view; }
 
-void Presentation::willShow(BaseView& view, bool takesFocus) {
-  const auto self = shared_from_this();
-  const QPointer<BaseView> shown(&view);
-  if (Layer* const layer = find(view))
-    layer->unmapped = false;
-  if (takesFocus)
-    focusFront();
-  cover();
-  if (shown && front() == shown)
-    settle(); // what it covers from now on
-}
-
-void Presentation::didLoad(BaseView& view) {
-  const auto self = shared_from_this();
-  if (front() == &view && view.isVisible())
-    tell(view, Told::Appeared);
-  settle();
-}
-
-void Presentation::willHide(BaseView& view, bool unmapped) {
-  Layer* const layer = find(view);
-  if (!layer)
-    return;
-  layer->unmapped = unmapped;
-  const auto behind = [&view](const Layer& other) {
-    return other.view && other.view->isVisible() && !isWithin(other.view, &view);
-  };
-  const auto above = m_layers.cbegin() + (layer - m_layers.data()) + 1;
-  if (layer->told == Told::Appeared ||
-      (layer->told == Told::Nothing && std::none_of(above, m_layers.cend(), behind)))
-    tell(view, Told::Disappeared);
-}
-
-void Presentation::didHide(BaseView& view, bool hadFocus) {
-  const auto self = shared_from_this();
-  const QPointer<BaseView> hidden(&view);
-  cover();
-  if (hidden && hadFocus)
-    passFocusOn(view);
-  settle();
-}
-
-void Presentation::reparented(BaseView& view) {
-  const Layer* const layer = find(view);
-  if (layer && !isBase(view) && (!layer->presenter || layer->presenter != view.parentWidget()))
-    end(view);
-}
-
-void Presentation::controllerWillChange(BaseView& view) {
-  const Layer* const layer = find(view);
-  if (layer && layer->told == Told::Appeared)
-    tell(view, Told::Disappeared);
-}
-
-// A presented view that nobody can dismiss any more does not stay in the way.
-void Presentation::controllerChanged(BaseView& view) {
-  const auto self = shared_from_this();
-  if (Layer* const layer = find(view))
-    layer->told = Told::Nothing;
-  if (view.ownController() || isBase(view))
-    return;
-  const QPointer<BaseView> left(&view);
-  view.hide();
-  if (left)
-    of(*left)->end(*left);
-}
-
-void Presentation::viewDies(BaseView& view) {
-  const bool hadFocus = view.isVisible() && holdsFocus(view);
-  if (!isBase(view))
-    end(view);
-  const std::shared_ptr<Presentation> own = of(view);
-  for (Layer& layer : own->m_layers) {
-    if (layer.presenter == &view)
-      layer.presenter = nullptr;
-  }
-  own->m_layers.front().view = nullptr;
-  own->m_layers.front().cover = nullptr;
-  if (own.get() == this && hadFocus)
-    passFocusOn(view);
-}
-
-void Presentation::rememberFocus(BaseView& view) {
-  QWidget* const focus = holdsFocus(view) ? view.window()->focusWidget() : view.focusWidget();
-  if (Layer* const layer = find(view); layer && focus && canTakeFocus(*focus, view))
-    layer->focus = focus;
-}
-
-void Presentation::focusFront(const BaseView* gone) {
-  BaseView* const view = front();
-  if (!view)
-    return;
-  const auto usable = [view, gone](const QWidget* widget) {
-    return widget && canTakeFocus(*widget, *view) && !(gone && isWithin(widget, gone));
-  };
-  QWidget* focus = nullptr;
-  if (Layer* const layer = find(*view))
-    focus = std::exchange(layer->focus, nullptr);
-  if (!usable(focus))
-    focus = view->focusWidget();
-  if (!usable(focus))
-    focus = view;
-  focus->setFocus();
-}
-
 Presentation::Layers Presentation::take(BaseView& view) {
   const auto first = std::stable_partition(
       m_layers.begin(), m_layers.end(), [&view](const Layer& layer) { return !isWithin(layer.view, &view); });
@@ -333,15 +234,19 @@ void Presentation::end(BaseView& view) {
   settle();
 }
 
+// A controller that was given to another view hears of that one.
+Presentation::Told Presentation::told(const BaseView& view) {
+  const auto controller = view.ownController();
+  return controller ? controller->m_told : Told::Nothing;
+}
+
 void Presentation::tell(BaseView& view, Told what) {
-  Layer* const layer = find(view);
-  if (!layer || layer->told == what)
-    return;
-  layer->told = what;
   const std::shared_ptr<BaseViewController> controller = view.ownController();
-  if (controller && what == Told::Appeared)
+  if (!controller || std::exchange(controller->m_told, what) == what)
+    return;
+  if (what == Told::Appeared)
     controller->viewWillAppear();
-  else if (controller)
+  else
     controller->viewWillDisappear();
 }
 
@@ -361,7 +266,7 @@ void Presentation::settle() {
     const BaseView* const left = leaving();
     const BaseView* const front = frontBut(left);
     for (const Layer& layer : m_layers) {
-      if (layer.view && layer.view != front && layer.told == Told::Appeared &&
+      if (layer.view && layer.view != front && told(*layer.view) == Told::Appeared &&
           !(left && isWithin(layer.view, left)))
         return layer.view;
     }
@@ -372,10 +277,10 @@ void Presentation::settle() {
 
   BaseView* const front = frontBut(leaving());
   const Layer* const layer = front ? find(*front) : nullptr;
-  if (!layer || layer->told == Told::Appeared || layer->unmapped || !front->isVisible())
+  if (!layer || layer->unmapped || !front->isVisible())
     return;
   const auto controller = front->ownController();
-  if (layer->told == Told::Disappeared || (controller && controller->isLoaded()))
+  if (told(*front) == Told::Disappeared || (controller && controller->isLoaded()))
     tell(*front, Told::Appeared);
 }
 
@@ -396,6 +301,10 @@ void Presentation::cover() {
       cover->release();
     }
   }
+  const BaseView* const back = base();
+  const BaseView* const top = front();
+  if (top != back && holdsFocus(*back) && !holdsFocus(*top))
+    focusFront();
 }
 
 } // namespace Vela::UiBase

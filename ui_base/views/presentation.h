@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/views/base_view_controller.h>
 #include <ui_base/views/presented_view.h>
 
 #include <QList>
@@ -56,6 +57,7 @@ public:
   void willHide(BaseView& view, bool unmapped);
   void didHide(BaseView& view, bool hadFocus);
   void reparented(BaseView& view);
+  void enabledChanged(BaseView& view);
   void controllerWillChange(BaseView& view);
   void controllerChanged(BaseView& view);
   void viewDies(BaseView& view);
@@ -67,18 +69,21 @@ public:
   void rememberFocus(BaseView& view);
 
 private:
-  enum class Told : signed char { Nothing, Appeared, Disappeared };
+  using Told = BaseViewController::Told;
+
   struct Layer {
     QPointer<BaseView> view;
     QPointer<BaseView> presenter; // null for the base view, and for a view on its way out
     ETransitionDirection direction = NoTransition;
     QPointer<QWidget> focus; // in the view, when it was covered or hidden
-    Told told = Told::Nothing;
-    bool unmapped = false; // minimised with its window
-    quint64 serial = 0;    // another one each time it is presented
+    bool unmapped = false;   // minimised with its window
+    quint64 serial = 0;      // another one each time it is presented
     std::unique_ptr<CoveredChildren> cover;
   };
   using Layers = std::vector<Layer>;
+
+  /// Unlike QWidget::isAncestorOf(), also across windows.
+  static bool isWithin(const QObject* object, const QObject* ancestor);
 
   Layer* find(const BaseView& view);
   const Layer* find(const BaseView& view) const;
@@ -91,6 +96,7 @@ private:
   Layers take(BaseView& view);
   void insert(Layers layers, BaseView& presenter, ETransitionDirection direction);
   void end(BaseView& view);
+  static Told told(const BaseView& view);
   void tell(BaseView& view, Told what);
   void settle();
   void cover();

@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+#include "base_view.h"
+#include "base_view_controller.h"
+#include "base_view_p.h"
+#include "presentation.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPointer>
+
+#include <utility>
+
+namespace Vela::UiBase {
+
+namespace {
+
+bool isInput(QEvent::Type type) {
+  switch (type) {
+  case QEvent::MouseButtonPress:
+  case QEvent::MouseButtonRelease:
+  case QEvent::MouseButtonDblClick:
+  case QEvent::MouseMove:
+  case QEvent::Wheel:
+  case QEvent::KeyPress:
+  case QEvent::KeyRelease:
+  case QEvent::ShortcutOverride:
+  case QEvent::Enter:
+  case QEvent::Leave:
+  case QEvent::HoverEnter:
+  case QEvent::HoverLeave:
+  case QEvent::HoverMove:
+  case QEvent::DragEnter:
+  case QEvent::DragLeave:
+  case QEvent::DragMove:
+  case QEvent::Drop:
+  case QEvent::ContextMenu:
+  case QEvent::ToolTip:
+  case QEvent::WhatsThis:
+  case QEvent::QueryWhatsThis:
+  case QEvent::TouchBegin:
+  case QEvent::TouchUpdate:
+  case QEvent::TouchEnd:
+  case QEvent::TouchCancel:
+  case QEvent::TabletPress:
+  case QEvent::TabletMove:
+  case QEvent::TabletRelease:
+  case QEvent::NativeGesture:
+  case QEvent::Gesture:
+  case QEvent::GestureOverride:
+    return true;
+  default:
+    return false;
+  }
+}
+
+} // namespace
+
+bool BaseView::event(QEvent* event) {
+  const QEvent::Type type = event->type();
+  if (d->dying) // of an event loop that runs in what its destructor calls
+    return false;
+  if (isInput(type)) {
+    if (d->awaits(type) || !d->presentation->isCovered(*this)) {
+      const QPointer<BaseView> live(this);
+      if (type == QEvent::MouseButtonPress)
+        takeFocusOfPress();
+      return live && QWidget::event(event);
+    }
+    d->forgetClick();
+    if (type == QEvent::KeyRelease)
+      d->lastKey = Qt::Key_unknown;
+    event->ignore();
+    return false;
+  }
+  if (type != QEvent::ParentChange && type != QEvent::FocusIn && type != QEvent::EnabledChange)
+    return QWidget::event(event);
+
+  const QPointer<BaseView> self(this);
+  const bool handled = QWidget::event(event);
+  const auto presentation = self ? d->presentation : nullptr;
+  if (self && type == QEvent::ParentChange)
+    presentation->reparented(*this);
+  else if (self && type == QEvent::EnabledChange)
+    presentation->enabledChanged(*this);
+  else if (self && presentation->isCovered(*this))
+    passCoveredFocusOn(*static_cast<QFocusEvent*>(event));
+  return handled;
+}
+
+// Not by a click policy: Qt would give it the focus for presses on its toolbars too, which take none.
+void BaseView::takeFocusOfPress() {
+  if (!hasFocus() && (focusPolicy() & Qt::TabFocus))
+    setFocus(Qt::MouseFocusReason);
+}
+
+void BaseView::passCoveredFocusOn(const QFocusEvent& event) {
+  const QPointer<BaseView> self(this);
+  const bool forwards = event.reason() == Qt::TabFocusReason;
+  if (forwards || event.reason() == Qt::BacktabFocusReason)
+    focusNextPrevChild(forwards);
+  if (self && hasFocus())
+    Presentation::of(*this)->focusFront();
+}
+
+/// Hands an event to the controller.
+/// @return whether the event is done: the controller consumed it, or the view died of it.
+template <class Event>
+bool BaseView::handOn(bool (ViewResponder::*handler)(Event*), Event* event) {
+  const std::shared_ptr<BaseViewController> controller = d->controller;
+  if (!controller)
+    return false;
+  const QPointer<BaseView> self(this);
+  return (static_cast<ViewResponder&>(*controller).*handler)(event) || !self;
+}
+
+void BaseView::mousePressEvent(QMouseEvent* event) {
+  d->movedWhilePressed = false;
+  d->pressed = true;
+  if (d->doubleClicking || !handOn(&ViewResponder::mousePress, event))
+    QWidget::mousePressEvent(event);
+}
+
+void BaseView::mouseMoveEvent(QMouseEvent* event) {
+  forgetLostClick(*event);
+  d->movedWhilePressed = d->pressed;
+  if (!handOn(&ViewResponder::mouseMove, event))
+    QWidget::mouseMoveEvent(event);
+}
+
+// The release of a double click went elsewhere when the mouse is back without a button. Events that a program
+// made up need not carry the buttons.
+void BaseView::forgetLostClick(const QMouseEvent& event) {
+  if (event.buttons() != Qt::NoButton || !event.spontaneous())
+    return;
+  d->doubleClicking = false;
+  d->pressed = false;
+}
+
+void BaseView::mouseReleaseEvent(QMouseEvent* event) {
+  d->pressed = false;
+  // Cleared first: the view may not live to see the end of the release.
+  const bool endsDoubleClick = std::exchange(d->doubleClicking, false);
+  if (endsDoubleClick || !handOn(&ViewResponder::mouseRelease, event))
+    QWidget::mouseReleaseEvent(event);
+}
+
+void BaseView::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (d->movedWhilePressed)
+    return;
+  d->doubleClicking = true;
+  if (!handOn(&ViewResponder::mouseDoubleClick, event))
+    QWidget::mouseDoubleClickEvent(event);
+}
+
+void BaseView::wheelEvent(QWheelEvent* event) {
+  if (!handOn(&ViewResponder::mouseWheel, event))
+    QWidget::wheelEvent(event);
+}
+
+void BaseView::enterEvent(QEnterEvent* event) {
+  d->entered = true;
+  if (!handOn<QEvent>(&ViewResponder::mouseEnter, event))
+    QWidget::enterEvent(event);
+}
+
+void BaseView::leaveEvent(QEvent* event) {
+  d->entered = false;
+  if (!handOn(&ViewResponder::mouseLeave, event))
+    QWidget::leaveEvent(event);
+}
+
+void BaseView::dragEnterEvent(QDragEnterEvent* event) {
+  d->dragEntered = true;
+  if (!handOn(&ViewResponder::mouseDragEnter, event))
+    QWidget::dragEnterEvent(event);
+}
+
+void BaseView::dragLeaveEvent(QDragLeaveEvent* event) {
+  d->dragEntered = false;
+  if (!handOn(&ViewResponder::mouseDragLeave, event))
+    QWidget::dragLeaveEvent(event);
+}
+
+void BaseView::dragMoveEvent(QDragMoveEvent* event) {
+  if (!handOn(&ViewResponder::mouseDragMove, event))
+    QWidget::dragMoveEvent(event);
+}
+
+void BaseView::dropEvent(QDropEvent* event) {
+  d->dragEntered = false;
+  if (!handOn(&ViewResponder::mouseDrop, event))
+    QWidget::dropEvent(event);
+}
+
+void BaseView::keyPressEvent(QKeyEvent* event) {
+  d->lastKey = event->key();
+  if (!handOn(&ViewResponder::keyPress, event))
+    QWidget::keyPressEvent(event);
+}
+
+void BaseView::keyReleaseEvent(QKeyEvent* event) {
+  d->lastKey = Qt::Key_unknown;
+  if (!handOn(&ViewResponder::keyRelease, event))
+    QWidget::keyReleaseEvent(event);
+}
+
+} // namespace Vela::UiBase
