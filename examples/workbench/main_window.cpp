@@ -68,6 +68,7 @@ void MainWindow::connectCommands() {
 void MainWindow::connectEvents() {
   const MeshViewEvents& events = m_controller->events();
   connect(&events, &MeshViewEvents::meshShown, this, &MainWindow::showFileName);
+  connect(&m_view->document(), &MeshDocument::savedStateChanged, this, &MainWindow::showFileName);
   connect(&m_photoView->document(), &PhotoDocument::changed, this, &MainWindow::showFileName);
   connect(m_pages, &WorkbenchPages::currentChanged, this, &MainWindow::showPage);
   connect(m_view, &MeshView::statusTextChanged, m_numbers,
@@ -91,8 +92,11 @@ void MainWindow::showPage() {
 void MainWindow::showFileName() {
   const bool isMesh = m_pages->current() == MeshPage;
   const QString file = isMesh ? m_controller->fileName() : m_photoView->document().fileName();
+  QString name = QFileInfo(file).fileName();
+  name.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")); // else the mark would stand there
   setWindowFilePath(file);
-  setWindowTitle(file.isEmpty() ? tr("Workbench") : tr("%1 – Workbench").arg(QFileInfo(file).fileName()));
+  setWindowTitle(file.isEmpty() ? tr("Workbench") : tr("%1[*] – Workbench").arg(name));
+  setWindowModified(isMesh && m_view->document().isModified());
 }
 
 void MainWindow::applyPalette() { QApplication::setPalette(Styles::Instance().widgetPalette()); }

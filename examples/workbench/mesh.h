@@ -42,6 +42,8 @@ public:
   Mesh(std::vector<QVector3D> positions, std::vector<Triangle> triangles);
 
   bool isEmpty() const noexcept { return triangles().empty(); }
+  /// Whether both share their data: one is a copy of the other. Equal meshes that were made apart do not.
+  bool isCopyOf(const Mesh& other) const noexcept { return m_data == other.m_data; }
   const std::vector<QVector3D>& positions() const noexcept { return m_data->positions; }
   const std::vector<Triangle>& triangles() const noexcept { return m_data->triangles; }
 

@@ -46,8 +46,16 @@ MeshDocument::~MeshDocument() = default;
 void MeshDocument::open(const Mesh& mesh, const QString& fileName) {
   m_undoStack.clear();
   m_fileName = fileName;
+  m_saved = mesh;
   show(mesh, TriangleSelection(mesh.triangles().size()));
+  Q_EMIT savedStateChanged();
   Q_EMIT opened();
+}
+
+void MeshDocument::setSaved(const Mesh& mesh, const QString& fileName) {
+  m_saved = mesh;
+  m_fileName = fileName;
+  Q_EMIT savedStateChanged();
 }
 
 void MeshDocument::edit(const QString& text, const Mesh& result) {
@@ -65,11 +73,14 @@ void MeshDocument::setSelection(const TriangleSelection& selection, const QStrin
 
 void MeshDocument::show(const Mesh& mesh, const TriangleSelection& selection) {
   const bool selects = selection != m_selection;
+  const bool wasModified = isModified();
   m_mesh = mesh;
   m_selection = selection;
   Q_EMIT meshChanged();
   if (selects)
     Q_EMIT selectionChanged();
+  if (isModified() != wasModified)
+    Q_EMIT savedStateChanged();
 }
 
 void MeshDocument::select(const TriangleSelection& selection) {

@@ -34,6 +34,8 @@ public:
   const Mesh& mesh() const noexcept { return m_mesh; }
   /// Empty before the first open().
   const QString& fileName() const noexcept { return m_fileName; }
+  /// Whether the mesh is another one than that of the file: undoing back to it makes it unmodified again.
+  bool isModified() const noexcept { return !m_mesh.isCopyOf(m_saved); }
   /// Always of as many triangles as the mesh.
   const TriangleSelection& selection() const noexcept { return m_selection; }
   /// Owned by the document. Its undo and redo are the only ones; steps are made by edit() and setSelection().
@@ -41,6 +43,8 @@ public:
 
   /// Shows a mesh from a file. Forgets the selection and all steps.
   void open(const Mesh& mesh, const QString& fileName);
+  /// That file has @p mesh now, which is the document's or was when the writing began. Steps stay.
+  void setSaved(const Mesh& mesh, const QString& fileName);
   /// Puts @p result in the place of the mesh, as a step.
   /// @param text  what was done, for a user, as in "Undo %1"
   void edit(const QString& text, const Mesh& result);
@@ -55,6 +59,8 @@ Q_SIGNALS:
   /// There is another mesh, and the selection is already one of it.
   void meshChanged();
   void selectionChanged();
+  /// fileName() or isModified() is another.
+  void savedStateChanged();
 
 private:
   class Step;
@@ -63,6 +69,7 @@ private:
   void select(const TriangleSelection& selection);
 
   Mesh m_mesh;
+  Mesh m_saved; // what the file has
   QString m_fileName;
   TriangleSelection m_selection;
   QUndoStack m_undoStack;

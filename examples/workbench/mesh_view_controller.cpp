@@ -3,6 +3,7 @@
 
 #include <workbench/commands/mode_command.h>
 #include <workbench/commands/open_mesh_command.h>
+#include <workbench/commands/save_mesh_command.h>
 #include <workbench/commands/set_pivot_command.h>
 #include <workbench/context_menu.h>
 #include <workbench/file_drag.h>
@@ -76,7 +77,13 @@ void MeshViewController::openFiles(const QStringList& files) {
 }
 
 void MeshViewController::openMeshes(const QStringList& files) {
-  if (m_holder && !files.isEmpty())
+  const auto open = [this, files] { openNow(files); };
+  if (!files.isEmpty() && m_unsaved.mayLeave(LeaveToOpen, open))
+    open();
+}
+
+void MeshViewController::openNow(const QStringList& files) {
+  if (m_holder)
     m_holder->cancel();
   if (OpenMeshCommand* const command = openCommand())
     command->open(files);
@@ -96,6 +103,19 @@ bool MeshViewController::isMeshLocked() const {
     return own && own->locksMesh();
   };
   return m_holder || std::any_of(m_executing.cbegin(), m_executing.cend(), locks);
+}
+
+bool MeshViewController::isMeshEdited() const {
+  return std::any_of(m_executing.cbegin(), m_executing.cend(), [](const CommandBase* command) {
+    const auto* const own = dynamic_cast<const MeshUser*>(command);
+    return own && own->makesResult();
+  });
+}
+
+bool MeshViewController::isSaving() const {
+  return std::any_of(m_executing.cbegin(), m_executing.cend(), [](const CommandBase* command) {
+    return dynamic_cast<const SaveMeshCommand*>(command) != nullptr;
+  });
 }
 
 void MeshViewController::holdMesh(MeshUser& command) { m_holder = &command; }
@@ -140,7 +160,14 @@ void MeshViewController::setPageShown(bool shown) {
   refreshCommands();
 }
 
+// The window asks first whether the program may end, then its views whether they may close.
 bool MeshViewController::viewWillClose() {
+  const auto close = [view = QPointer<BaseView>(getView())] {
+    if (view)
+      view->close();
+  };
+  if (!m_shutDown && !m_unsaved.mayLeave(LeaveToQuit, close))
+    return false;
   cancelWork();
   cancelPivot();
   m_selectionCommands.setInUse(false);
@@ -165,11 +192,14 @@ void MeshViewController::commandBeganExecuting(CommandBase* command, bool checke
 }
 
 void MeshViewController::commandEndedExecuting(CommandBase* command, bool checked) {
+  const QPointer<CommandBase> ended(command);
   m_executing.erase(command);
   CmdsViewController::commandEndedExecuting(command, checked);
   OpenMeshCommand* const open = openCommand();
   if (open && open == command)
     tellFailures(*open);
+  else if (auto* const own = dynamic_cast<MeshUser*>(ended.data()))
+    own->executionEnded();
   openWaitingFiles();
   refreshCommands();
 }
@@ -196,7 +226,19 @@ void MeshViewController::tellFailures(OpenMeshCommand& command) {
   Q_EMIT m_events.openFinished(failures.isEmpty());
 }
 
-void MeshViewController::onShutDown() { cancelWork(); }
+bool MeshViewController::mayShutDown() {
+  m_shutDown = false;
+  BaseView* const view = getView();
+  return m_unsaved.mayLeave(LeaveToQuit, [window = QPointer<QWidget>(view ? view->window() : nullptr)] {
+    if (window)
+      window->close();
+  });
+}
+
+void MeshViewController::onShutDown() {
+  m_shutDown = true;
+  cancelWork();
+}
 
 bool MeshViewController::rightClick(QMouseEvent* release) {
   openMenu(release->globalPosition().toPoint());

@@ -6,6 +6,7 @@
 #include <workbench/mesh_view_events.h>
 #include <workbench/selection_commands.h>
 #include <workbench/tools/mesh_tools.h>
+#include <workbench/unsaved_changes.h>
 
 #include <QMap>
 #include <QPointer>
@@ -49,6 +50,10 @@ public:
   void showMesh(const Mesh& mesh, const QString& fileName);
   /// A command is executing that works on the mesh, or is about to replace it, or a command holds it.
   bool isMeshLocked() const;
+  /// A command is executing whose work would be lost with the mesh.
+  bool isMeshEdited() const;
+  /// A command is writing the mesh to a file.
+  bool isSaving() const;
   /// From now on nobody else changes the mesh: a flyout for changing it is open. One command at a time; files
   /// that are opened cancel it.
   void holdMesh(MeshUser& command);
@@ -79,6 +84,8 @@ public:
   void commandEnded(Vela::UiBase::CommandBase* command) override;
   void commandBeganExecuting(Vela::UiBase::CommandBase* command, bool checked) override;
   void commandEndedExecuting(Vela::UiBase::CommandBase* command, bool checked) override;
+  /// Asks the user first when something would be lost; then the answer is no until that is settled.
+  bool mayShutDown() override;
   void onShutDown() override;
 
   bool keyPress(QKeyEvent* event) override;
@@ -96,6 +103,7 @@ private:
   void follow(MeshView& view);
   void refreshCommands();
   void openMeshes(const QStringList& files);
+  void openNow(const QStringList& files);
   void openWaitingFiles();
   /// Why commands cannot be used, by identifier; empty for one that can.
   using Obstacles = QMap<QString, QString>;
@@ -111,6 +119,8 @@ private:
   MeshViewEvents m_events;
   SelectionCommands m_selectionCommands;
   MeshTools m_tools;
+  UnsavedChanges m_unsaved{*this};
+  bool m_shutDown = false; // the program ends, with everybody's consent
   EToolMode m_mode = Workbench::PickMode;
   std::set<Vela::UiBase::CommandBase*> m_executing;
   MeshUser* m_holder = nullptr;

@@ -23,6 +23,9 @@ Q_SIGNALS:
   void openFailed(const QString& fileName, const QString& reason, const QString& message);
   /// All files that were asked for were dealt with.
   void openFinished(bool allOpened);
+  /// A command that was to write the mesh is done with it. @p saved is false when there is no such file:
+  /// the user gave up, or it could not be written.
+  void savingFinished(bool saved);
   /// Files that are photographs were among those to be opened.
   void photosAsked(const QStringList& files);
   /// The user wants to see a page, an EPage.

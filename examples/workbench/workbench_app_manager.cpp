@@ -17,6 +17,7 @@
 #include <workbench/commands/placement_command.h>
 #include <workbench/commands/quit_command.h>
 #include <workbench/commands/reset_view_command.h>
+#include <workbench/commands/save_mesh_command.h>
 #include <workbench/commands/save_screenshot_command.h>
 #include <workbench/commands/selection_command.h>
 #include <workbench/commands/set_pivot_command.h>
@@ -125,6 +126,9 @@ QList<CommandBase*> photoCommands(PhotoViewController* controller) {
 QList<CommandBase*> meshCommands(MeshViewController* mesh) {
   CommandGroup* const shadings = shadingGroup(mesh);
   return {new OpenMeshCommand(mesh),
+          new SaveMeshCommand(mesh, SaveMesh),
+          new SaveMeshCommand(mesh, SaveMeshAs),
+          new SaveMeshCommand(mesh, ExportMesh),
           new SaveScreenshotCommand(mesh),
           new QuitCommand(mesh),
           new UndoCommand(mesh),

@@ -76,7 +76,7 @@ private Q_SLOTS:
       entries += usableEntries(*item->menu());
     }
     QCOMPARE(items.size(), 6);
-    QCOMPARE(entries, 31);
+    QCOMPARE(entries, 34);
   }
 
   void theArrowsReachAGroupAndItsCheckMarks() {

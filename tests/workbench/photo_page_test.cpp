@@ -85,7 +85,7 @@ private Q_SLOTS:
     QCOMPARE(bench.name(), "a.png");
     QVERIFY(bench.photos().nameText().contains("1 of 3"));
     QVERIFY(bench.photos().figuresText().contains(QStringLiteral("300 × 200 px")));
-    QCOMPARE(bench.window().windowTitle(), QStringLiteral("a.png – Workbench"));
+    QCOMPARE(bench.window().windowTitle(), QStringLiteral("a.png[*] – Workbench"));
     QVERIFY(!bench.button("prev_button")->isEnabled());
 
     bench.click(*bench.button("next_button"));
@@ -206,7 +206,7 @@ private Q_SLOTS:
     QVERIFY(bench.view().isVisible() && !bench.photos().isVisible());
     QVERIFY(bench.view().document().selection().isEmpty());
     QCOMPARE(bench.view().shading(), SmoothShading);
-    QCOMPARE(bench.window().windowTitle(), QStringLiteral("cube.obj – Workbench"));
+    QCOMPARE(bench.window().windowTitle(), QStringLiteral("cube.obj[*] – Workbench"));
     settle();
     bench.press(Qt::Key_A, Qt::ControlModifier);
     QCOMPARE(bench.view().document().selection().count(), std::size_t(12));

@@ -23,6 +23,10 @@ bool MeshUser::needsMeshPage() const { return true; }
 
 bool MeshUser::locksMesh() const { return false; }
 
+bool MeshUser::makesResult() const { return locksMesh(); }
+
+void MeshUser::executionEnded() {}
+
 void MeshUser::cancel() { m_command.requestStop(); }
 
 MeshViewController* MeshUser::meshController() const {

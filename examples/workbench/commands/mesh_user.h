@@ -34,6 +34,10 @@ public:
   virtual bool needsMeshPage() const;
   /// Whether the mesh must not change while the command executes.
   virtual bool locksMesh() const;
+  /// Whether ending the execution early loses work; by default, when it locks the mesh.
+  virtual bool makesResult() const;
+  /// Its execution has ended, and what the library tells of it is told.
+  virtual void executionEnded();
   /// Asks the command to end early, while it executes or holds the mesh: by default, its runs.
   virtual void cancel();
 

@@ -66,6 +66,8 @@ bool OpenMeshCommand::needsMeshPage() const { return false; }
 
 bool OpenMeshCommand::locksMesh() const { return true; }
 
+bool OpenMeshCommand::makesResult() const { return false; }
+
 void OpenMeshCommand::cancel() {
   m_waiting.clear();
   requestStop();

@@ -38,6 +38,7 @@ public:
   QString obstacle() const override;
   bool needsMeshPage() const override;
   bool locksMesh() const override;
+  bool makesResult() const override;
   bool onExecuteAsync(bool checked) override;
 
 public Q_SLOTS:

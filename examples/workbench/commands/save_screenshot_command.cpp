@@ -13,10 +13,9 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QImageWriter>
+#include <QSaveFile>
 #include <QScopeGuard>
 #include <QStandardPaths>
-
-#include <stdexcept>
 
 namespace Workbench {
 
@@ -33,9 +32,9 @@ Vela::Services::ConfigManager& config() {
 } // namespace
 
 SaveScreenshotCommand::SaveScreenshotCommand(MeshViewController* controller) : WorkbenchCommand(controller) {
-  setText(tr("Save &Screenshot…"));
+  setText(tr("Save S&creenshot…"));
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("screenshot")));
-  setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
+  setShortcut(Qt::CTRL | Qt::ALT | Qt::Key_S);
   setStatusTip(tr("Save the picture of the mesh to an image file"));
   setBaseGroupName(FileSection);
   setExecutionQoS(Taren::Core::LowQoS);
@@ -54,21 +53,41 @@ bool SaveScreenshotCommand::onExecute(bool checked) {
     return false;
   }
   m_run.swap(m_next);
+  setExecutionNotificationMessage(StartNotification, tr("Saving %1…").arg(m_run->name()));
+  setExecutionNotificationMessage(EndNotification, {});
   const bool started = CommandBase::onExecute(checked);
   if (!started)
     m_run.reset();
   return started;
 }
 
+QString SaveScreenshotCommand::Shot::name() const { return QFileInfo(file).fileName(); }
+
 bool SaveScreenshotCommand::onExecuteAsync(bool) {
   const auto self = std::dynamic_pointer_cast<SaveScreenshotCommand>(shared_from_this());
   const auto finish = qScopeGuard(
-      [&self] { Taren::Core::dispatchAsync([self] { self->m_run.reset(); }, Taren::Core::MainThreadQoS); });
-  QImageWriter writer(m_run->file);
-  if (!writer.write(m_run->picture))
-    throw std::runtime_error(
-        QStringLiteral("%1: %2").arg(writer.fileName(), writer.errorString()).toLocal8Bit().toStdString());
-  return true;
+      [&self] { Taren::Core::dispatchAsync([self] { self->tellSaved(); }, Taren::Core::MainThreadQoS); });
+  QSaveFile file(m_run->file);
+  const QByteArray format = QFileInfo(m_run->file).suffix().toLatin1();
+  if (!QImageWriter::supportedImageFormats().contains(format.toLower()))
+    m_run->failure = tr("The format is not known; PNG and JPEG are.");
+  else if (!file.open(QIODevice::WriteOnly) || !QImageWriter(&file, format).write(m_run->picture) ||
+           !file.commit())
+    m_run->failure = tr("It cannot be written: %1.").arg(file.errorString());
+  return m_run->failure.isEmpty();
+}
+
+void SaveScreenshotCommand::tellSaved() {
+  if (m_run && m_run->failure.isEmpty())
+    setExecutionNotificationMessage(EndNotification, tr("Saved %1").arg(m_run->name()));
+}
+
+void SaveScreenshotCommand::executionEnded() {
+  const std::optional<Shot> shot = std::exchange(m_run, std::nullopt);
+  MeshViewController* const controller = meshController();
+  if (controller && shot && !shot->failure.isEmpty())
+    controller->showNotification(tr("Cannot save “%1”. %2").arg(shot->name(), shot->failure),
+                                 NotificationError);
 }
 
 CommandContext SaveScreenshotCommand::getExecutionCommandContext() {
@@ -93,10 +112,7 @@ void SaveScreenshotCommand::save(const QString& file) {
   if (!view || file.isEmpty() || m_run)
     return;
   config().setValue(FolderKey, QFileInfo(file).absolutePath());
-  m_next = Shot{file, view->picture()};
-  const QString name = QFileInfo(file).fileName();
-  setExecutionNotificationMessage(StartNotification, tr("Saving %1…").arg(name));
-  setExecutionNotificationMessage(EndNotification, tr("Saved %1").arg(name));
+  m_next = Shot{file, view->picture(), {}};
   onExecute();
 }
 

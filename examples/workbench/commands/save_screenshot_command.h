@@ -19,7 +19,7 @@ public:
   explicit SaveScreenshotCommand(MeshViewController* controller);
 
   QString obstacle() const override;
-  /// @throws std::runtime_error when the file cannot be written; the user is told.
+  void executionEnded() override;
   bool onExecuteAsync(bool checked) override;
 
 public Q_SLOTS:
@@ -32,9 +32,13 @@ private:
   struct Shot {
     QString file;
     QImage picture;
+    QString failure;
+
+    QString name() const;
   };
 
   void askForFile();
+  void tellSaved();
   void save(const QString& file);
   QString suggestedFile() const;
 

@@ -7,6 +7,7 @@
 #include <workbench/commands/mesh_info_command.h>
 #include <workbench/commands/open_mesh_command.h>
 #include <workbench/commands/reset_view_command.h>
+#include <workbench/commands/save_mesh_command.h>
 #include <workbench/commands/save_screenshot_command.h>
 #include <workbench/commands/selection_command.h>
 #include <workbench/commands/set_pivot_command.h>
@@ -89,7 +90,7 @@ void fillToolBarGroups(MeshViewController& controller, const QList<CommandBase*>
   const ToolBarGroups groups(commands);
   groups.fill(
       *controller.ToolPanelGroup(),
-      {groups.panel("MainFile", {groups.one<OpenMeshCommand>()}),
+      {groups.panel("MainFile", {groups.one<OpenMeshCommand>(), groups.one(SaveMeshCommand::idOf(SaveMesh))}),
        groups.panel("MainHistory", {groups.one<UndoCommand>(), groups.one<RedoCommand>()}),
        groups.panel("MainView", {groups.one<ResetViewCommand>(), groups.group("Shading")}),
        groups.panel("MainResult", {groups.one<MeshInfoCommand>(), groups.one<SaveScreenshotCommand>()})});

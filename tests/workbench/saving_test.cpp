@@ -1,0 +1,274 @@
+// SPDX-License-Identifier: MIT
+#include "mesh_files.h"
+#include "test_meshes.h"
+#include "workbench_fixture.h"
+
+#include <support/test_case.h>
+#include <tqm_mesh_kernel/stepped_dispatcher.h>
+#include <ui_base/popups/dialog_ex.h>
+#include <workbench/commands/save_mesh_command.h>
+#include <workbench/commands/smooth_mesh_command.h>
+#include <workbench/mesh_loader.h>
+#include <workbench/photos/photo_view.h>
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QSignalSpy>
+
+using namespace Workbench;
+using Vela::Test::settle;
+using Vela::UiBase::DialogEx;
+
+namespace {
+
+class Bench : public Test::WorkbenchFixture {
+public:
+  bool start() {
+    m_file = write("cube.obj", Test::objFile(Test::cube(2)));
+    if (!WorkbenchFixture::start())
+      return false;
+    open(m_file);
+    return triangles() == 12;
+  }
+  void open(const QString& file) {
+    QSignalSpy finished(&controller().events(), &MeshViewEvents::openFinished);
+    controller().openFiles({file});
+    QTRY_COMPARE(finished.count(), 1);
+    settle();
+  }
+  const QString& file() const { return m_file; }
+  // A step that makes a mesh of 200 triangles of it.
+  void edit() {
+    view().document().edit("Make a blob", Test::blob(10));
+    settle();
+  }
+  MeshDocument& document() { return view().document(); }
+  Vela::UiBase::CommandBase& saver(ESaving saving) {
+    return *controller().findCommand(SaveMeshCommand::idOf(saving));
+  }
+
+  DialogEx* question() { return qobject_cast<DialogEx*>(QApplication::activeModalWidget()); }
+  // By the key that is underlined.
+  void answer(Qt::Key key) { press(key, key == Qt::Key_Escape ? Qt::NoModifier : Qt::AltModifier); }
+
+private:
+  QString m_file;
+};
+
+std::size_t trianglesIn(const QString& file) { return loadMesh(file).triangles().size(); }
+
+} // namespace
+
+// Work is kept: saving, and the questions before it would be lost.
+class SavingTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void savesToItsFile() {
+    Bench bench;
+    QVERIFY(bench.start());
+    QVERIFY(!bench.saver(SaveMesh).isEnabled() && bench.saver(SaveMeshAs).isEnabled());
+    QVERIFY(!bench.window().isWindowModified());
+    bench.edit();
+    QVERIFY(bench.window().isWindowModified() && bench.saver(SaveMesh).isEnabled());
+    bench.press(Qt::Key_S, Qt::ControlModifier);
+    QTRY_COMPARE(bench.notification(), QStringLiteral("Saved cube.obj"));
+    QCOMPARE(trianglesIn(bench.file()), std::size_t(200));
+    QVERIFY(!bench.window().isWindowModified());
+    QTRY_VERIFY(!bench.saver(SaveMesh).isEnabled());
+    bench.document().undoStack()->undo();
+    QVERIFY(bench.window().isWindowModified());
+    bench.document().undoStack()->redo();
+    QVERIFY(!bench.window().isWindowModified());
+    bench.document().setSelection(TriangleSelection::all(200));
+    QVERIFY(!bench.window().isWindowModified());
+  }
+
+  void savesUnderAnotherName_data() {
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("opened");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("written");
+    QTest::addColumn<bool>("isExport");
+    const int both = Qt::ControlModifier | Qt::ShiftModifier;
+    const int control = Qt::ControlModifier;
+    QTest::newRow("as") << int(Qt::Key_S) << both << "cube.obj"
+                        << "new.stl"
+                        << "new.stl" << false;
+    QTest::newRow("ending added") << int(Qt::Key_S) << both << "cube.obj"
+                                  << "new"
+                                  << "new.obj" << false;
+    QTest::newRow("only read") << int(Qt::Key_S) << control << "cube.off"
+                               << "new"
+                               << "new.ply" << false;
+    QTest::newRow("export") << int(Qt::Key_E) << control << "cube.obj"
+                            << "new.ply"
+                            << "new.ply" << true;
+  }
+  void savesUnderAnotherName() {
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QFETCH(QString, opened);
+    QFETCH(QString, typed);
+    QFETCH(QString, written);
+    QFETCH(bool, isExport);
+    Bench bench;
+    QVERIFY(bench.start());
+    bench.write("cube.off", Test::offFile(Test::cube(2)));
+    bench.open(bench.path(opened));
+    bench.edit();
+    bench.press(Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+    QVERIFY(bench.chooseFile(bench.path(typed)));
+    QTRY_COMPARE(bench.notification(), QStringLiteral("Saved ") + written);
+    QCOMPARE(trianglesIn(bench.path(written)), std::size_t(200));
+    QCOMPARE(trianglesIn(bench.path(opened)), std::size_t(12));
+    QCOMPARE(bench.document().fileName(), bench.path(isExport ? opened : written));
+    QCOMPARE(bench.window().isWindowModified(), isExport);
+    QVERIFY(bench.window().windowTitle().startsWith(isExport ? opened : written));
+  }
+
+  void whatCannotBeSavedStaysMarked() {
+    Bench bench;
+    QVERIFY(bench.start());
+    QVERIFY(QDir(bench.path({})).mkdir("gone"));
+    bench.document().setSaved(bench.view().mesh(), bench.path("gone/cube.obj"));
+    QVERIFY(QDir(bench.path({})).rmdir("gone"));
+    bench.edit();
+    bench.press(Qt::Key_Q, Qt::ControlModifier);
+    QVERIFY(bench.question());
+    bench.answer(Qt::Key_S);
+    QTRY_VERIFY(bench.notification().contains("Cannot save “cube.obj”. The folder does not exist."));
+    settle();
+    QVERIFY(bench.window().isVisible() && bench.window().isWindowModified());
+    QVERIFY(!bench.question() && bench.saver(SaveMesh).isEnabled());
+    bench.press(Qt::Key_Q, Qt::ControlModifier);
+    QVERIFY(bench.question()); // asks again
+  }
+
+  void asksBeforeChangesAreLost_data() {
+    QTest::addColumn<QString>("way");
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<std::size_t>("inFile");
+    QTest::addColumn<bool>("left");
+    for (const char* way : {"quit", "close", "open", "drop"}) {
+      QTest::addRow("%s, save", way) << way << int(Qt::Key_S) << std::size_t(200) << true;
+      QTest::addRow("%s, discard", way) << way << int(Qt::Key_D) << std::size_t(12) << true;
+      QTest::addRow("%s, cancel", way) << way << int(Qt::Key_C) << std::size_t(12) << false;
+      QTest::addRow("%s, Escape", way) << way << int(Qt::Key_Escape) << std::size_t(12) << false;
+    }
+  }
+  void asksBeforeChangesAreLost() {
+    QFETCH(QString, way);
+    QFETCH(int, answer);
+    QFETCH(std::size_t, inFile);
+    QFETCH(bool, left);
+    Bench bench;
+    QVERIFY(bench.start());
+    const QString other = bench.write("other.off", Test::offFile(Test::square(1)));
+    bench.edit();
+    bench.press(Qt::Key_2, Qt::AltModifier); // the page of the photographs
+    leave(bench, way, other);
+    QVERIFY(bench.question());
+    QVERIFY(bench.question()->Text().contains("cube.obj"));
+    QVERIFY(bench.view().isVisible()); // what is asked about
+    bench.answer(Qt::Key(answer));
+    QTRY_VERIFY(!bench.question());
+    if (way == "open" || way == "drop")
+      QTRY_COMPARE(bench.triangles(), std::size_t(left ? 2 : 200));
+    else
+      QTRY_COMPARE(bench.window().isVisible(), !left);
+    settle();
+    QCOMPARE(trianglesIn(bench.file()), inFile);
+  }
+
+  void theViewAloneAsksToo() {
+    Bench bench;
+    QVERIFY(bench.start());
+    bench.edit();
+    QVERIFY(!bench.controller().viewWillClose());
+    QVERIFY(bench.question());
+    bench.answer(Qt::Key_Escape);
+    QTRY_VERIFY(!bench.question());
+    QVERIFY(bench.saver(SaveMesh).isEnabled());
+  }
+
+  void nothingIsAskedWhenNothingIsLost() {
+    Bench bench;
+    QVERIFY(bench.start());
+    bench.edit();
+    bench.document().undoStack()->undo();
+    bench.document().setSelection(TriangleSelection::all(12));
+    bench.open(bench.write("other.off", Test::offFile(Test::square(1))));
+    QCOMPARE(bench.triangles(), std::size_t(2));
+    bench.press(Qt::Key_Q, Qt::ControlModifier);
+    QTRY_VERIFY(!bench.window().isVisible());
+  }
+
+  void asksBeforeWorkIsLost_data() {
+    QTest::addColumn<bool>("quits");
+    QTest::addColumn<bool>("stops");
+    for (const bool quits : {true, false}) {
+      for (const bool stops : {true, false})
+        QTest::addRow("%s, %s", quits ? "quit" : "open", stops ? "stop" : "cancel") << quits << stops;
+    }
+  }
+  void asksBeforeWorkIsLost() {
+    QFETCH(bool, quits);
+    QFETCH(bool, stops);
+    Bench bench;
+    QVERIFY(bench.start());
+    const QString other = bench.write("other.off", Test::offFile(Test::square(1)));
+    Taren::Core::SteppedDispatcher dispatcher;
+    const Taren::Core::ScopedDispatcher installed(dispatcher);
+    bench.press(Qt::Key_M, Qt::ControlModifier);
+    while (dispatcher.step(Taren::Core::MainThreadQoS)) {
+    }
+    QVERIFY(bench.controller().isMeshEdited() && !bench.window().isWindowModified());
+    leave(bench, quits ? "quit" : "open", other);
+    while (dispatcher.step(Taren::Core::MainThreadQoS)) {
+    }
+    QVERIFY(bench.question());
+    bench.answer(stops ? Qt::Key_S : Qt::Key_C);
+    QTRY_VERIFY(!bench.question());
+    dispatcher.runAll();
+    settle();
+    dispatcher.runAll();
+    QCOMPARE(bench.window().isVisible(), !(quits && stops));
+    QCOMPARE(bench.triangles(), std::size_t(!quits && stops ? 2 : 12));
+    QCOMPARE(bench.window().isWindowModified(), !stops); // smoothed
+  }
+
+  void quittingWaitsForWhatIsBeingSaved() {
+    Bench bench;
+    QVERIFY(bench.start());
+    bench.edit();
+    Taren::Core::SteppedDispatcher dispatcher;
+    const Taren::Core::ScopedDispatcher installed(dispatcher);
+    bench.press(Qt::Key_S, Qt::ControlModifier);
+    while (dispatcher.step(Taren::Core::MainThreadQoS)) {
+    }
+    QVERIFY(bench.controller().isSaving());
+    bench.window().close();
+    QVERIFY(bench.window().isVisible() && !bench.question());
+    dispatcher.runAll();
+    QVERIFY(!bench.window().isVisible());
+    QCOMPARE(trianglesIn(bench.file()), std::size_t(200));
+  }
+
+private:
+  static void leave(Bench& bench, const QString& way, const QString& other) {
+    if (way == "quit")
+      bench.press(Qt::Key_Q, Qt::ControlModifier);
+    else if (way == "close")
+      bench.window().close();
+    else if (way == "open")
+      bench.controller().openFiles({other});
+    else
+      bench.drop({other}, bench.window().photoView());
+    settle();
+  }
+};
+
+VELA_TEST_MAIN(SavingTest)
+#include "saving_test.moc"
