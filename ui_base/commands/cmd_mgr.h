@@ -177,7 +177,6 @@ private:
   void bringUnderLayers(const std::vector<std::weak_ptr<CommandBase>>& newcomers);
   void layOverArrived();
   void applyPending(const std::shared_ptr<PendingContext>& pending);
-  void applySome(PendingContext& pending);
   void keepPendingCommands();
 
   const std::unique_ptr<CmdMgrPrivate> d;

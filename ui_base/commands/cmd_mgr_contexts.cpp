@@ -3,8 +3,8 @@
 #include "command_base.h"
 #include "command_group.h"
 #include "command_walk.h"
-#include "commands_ahead.h"
 #include "context_foresight.h"
+#include "context_walk.h"
 
 #include <tqm_mesh_kernel/dispatch.h>
 
@@ -130,24 +130,15 @@ void CmdMgr::applyPending(const std::shared_ptr<PendingContext>& pending) {
     applyPending(std::shared_ptr(d->pending.constFirst()));
   const auto done = qScopeGuard([&] { d->pending.removeOne(pending); });
   const QScopedValueRollback applying(d->applying, true);
-  while (!pending->isEmpty())
-    applySome(*pending);
-  pending->applyToKept();
-}
-
-// A command may run on being toggled, and then push a context or change the registry. So each entry is taken
-// when its turn comes, and what is left stays pending.
-void CmdMgr::applySome(PendingContext& pending) {
-  const CommandsAhead ahead(d->index, d->bag, pending);
-  for (std::size_t i = 0; i < ahead.count() && !pending.isEmpty(); ++i) {
-    const auto entry = pending.take();
-    CommandIndex::Found found = ahead.at(i, entry);
-    if (!found.command)
-      found = d->index.find(d->bag, entry.key());
-    const auto kept = found.lock();
-    if (found.command)
-      found.command->setCommandState(attainable(*found.command, entry.value()));
+  // A command may run on being toggled, and then push a context or change the registry. So each entry is
+  // taken when its turn comes, and what is left stays pending.
+  ContextWalk walk(d->index, d->bag, pending->size());
+  while (!pending->isEmpty()) {
+    const auto entry = pending->take();
+    if (CommandBase* const command = walk.next(entry.key()))
+      command->setCommandState(attainable(*command, entry.value()));
   }
+  pending->applyToKept();
 }
 
 void CmdMgr::keepPendingCommands() {

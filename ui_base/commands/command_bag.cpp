@@ -4,6 +4,7 @@
 #include "command_base.h"
 #include "command_group.h"
 #include "command_index.h"
+#include "context_walk.h"
 
 #include <algorithm>
 
@@ -23,7 +24,7 @@ CommandBag& CommandBag::operator=(const CommandBag& other) {
   m_positions.swap(copy.m_positions);
   return *this;
 }
-CommandBag::~CommandBag() = default;
+CommandBag::~CommandBag() { ContextWalk::ownersMayLetGo(); }
 
 bool CommandBag::addCommand(const std::shared_ptr<CommandBase>& command) {
   return insertCommand(count(), command);
@@ -35,12 +36,12 @@ bool CommandBag::insertCommand(int position, const std::shared_ptr<CommandBase>&
   if (!command)
     return false;
   const QString id = command->commandId();
-  First& first = m_first[id];
   const auto isSame = [&](const Entry& entry) { return entry.command == command && entry.id == id; };
-  if (first.count > 0 && std::any_of(m_entries.begin(), m_entries.end(), isSame))
+  if (hasCommand(id) && std::any_of(m_entries.begin(), m_entries.end(), isSame))
     return false;
 
   CommandIndex::bagChanges();
+  First& first = m_first[id];
   const int at = std::clamp(position, 0, count());
   const bool appended = at == count();
   m_entries.insert(m_entries.begin() + at, {id, command});

@@ -2,6 +2,7 @@
 #include "command_index.h"
 
 #include "command_group.h"
+#include "context_walk.h"
 
 #include <algorithm>
 #include <typeinfo>
@@ -22,12 +23,25 @@ bool looksElsewhere(const CommandGroup& group) {
                      [](const CommandGroup* below) { return looksElsewhere(*below); });
 }
 
+// In the order of look-ups: a bag before those in it.
+template <class Visitor>
+void visitBags(const CommandBag& bag, const Visitor& visit) {
+  visit(bag);
+  for (const CommandGroup* const group : bag.groups())
+    visitBags(group->commandBag(), visit);
+}
+
 } // namespace
 
 std::shared_ptr<CommandBase> CommandIndex::Found::lock() const {
   if (owner)
     return *owner;
   return command ? command->sharedOrEmpty() : nullptr;
+}
+
+void CommandIndex::bagChanges() noexcept {
+  s_changes.fetch_add(1, std::memory_order_relaxed);
+  ContextWalk::ownersMayLetGo();
 }
 
 CommandIndex::Found CommandIndex::find(const CommandBag& root, const QString& id) {
@@ -81,23 +95,45 @@ bool CommandIndex::makeAnew(const CommandBag& root) {
     if (looksElsewhere(*groups.at(turn)))
       m_asked.append({groups.at(turn), turn});
     else
-      add(groups.at(turn)->commandBag(), turn);
+      visitBags(groups.at(turn)->commandBag(), [=, this](const CommandBag& bag) { add(bag, turn); });
   }
   return true;
 }
 
-// In the order of look-ups: a bag before the groups in it, of several commands under one identifier the
-// first.
+// Of several commands under one identifier the first.
 void CommandIndex::add(const CommandBag& bag, qsizetype turn) {
   m_first.reserve(m_first.size() + bag.count());
   for (const auto& [id, command] : bag.m_entries) {
     if (!m_first.contains(id))
       m_first.insert(id, {{command.get(), &command}, turn});
   }
-  if (turn < 0)
-    return;
-  for (const CommandGroup* const group : bag.groups())
-    add(group->commandBag(), turn);
+}
+
+const QList<CommandIndex::Listed>& CommandIndex::list(const CommandBag& root, qsizetype wanted) {
+  if (isListCurrent())
+    return m_list;
+  m_wantedSince += wanted;
+  if (m_wantedSince < m_list.size())
+    return m_list;
+  m_wantedSince = 0;
+  m_listRevision = revision();
+  m_list.clear();
+  enlist(root);
+  for (const CommandGroup* const group : root.groups()) {
+    if (looksElsewhere(*group)) // asked before what stands in later groups
+      break;
+    visitBags(group->commandBag(), [this](const CommandBag& bag) { enlist(bag); });
+  }
+  const auto isBefore = [](const Listed& a, const Listed& b) { return a.id < b.id; };
+  std::stable_sort(m_list.begin(), m_list.end(), isBefore);
+  const auto isSame = [](const Listed& a, const Listed& b) { return a.id == b.id; };
+  m_list.erase(std::unique(m_list.begin(), m_list.end(), isSame), m_list.end());
+  return m_list;
+}
+
+void CommandIndex::enlist(const CommandBag& bag) {
+  for (const auto& [id, command] : bag.m_entries)
+    m_list.append({id, {command.get(), &command}});
 }
 
 } // namespace Vela::UiBase

@@ -29,11 +29,22 @@ public:
     std::shared_ptr<CommandBase> lock() const;
   };
 
-  /// @p root is always the same bag. What is found counts until revision() changes.
+  struct Listed {
+    QString id;
+    Found found;
+  };
+
+  /// @p root is always the same bag. What is found counts until a bag changes.
   Found find(const CommandBag& root, const QString& id);
-  /// Counts the changes of all bags, which tell of them before they happen.
-  static quint64 revision() noexcept { return s_changes.load(std::memory_order_relaxed); }
-  static void bagChanges() noexcept { s_changes.fetch_add(1, std::memory_order_relaxed); }
+
+  /// What look-ups find without asking groups, in order of identifiers. It counts while isListCurrent(), and
+  /// is made anew, like the index, when as many commands were wanted since as it had.
+  const QList<Listed>& list(const CommandBag& root, qsizetype wanted);
+  const QList<Listed>& list() const noexcept { return m_list; }
+  bool isListCurrent() const noexcept { return m_listRevision == revision(); }
+
+  /// Every bag tells of a change before it happens.
+  static void bagChanges() noexcept;
 
 private:
   struct Entry {
@@ -45,15 +56,21 @@ private:
     qsizetype turn;
   };
 
+  /// Counts the changes of all bags.
+  static quint64 revision() noexcept { return s_changes.load(std::memory_order_relaxed); }
   static Found findDirectly(const CommandBag& bag, const QString& id);
   static Found ask(CommandGroup& group, const QString& id);
   bool makeAnew(const CommandBag& root);
   void add(const CommandBag& bag, qsizetype turn);
+  void enlist(const CommandBag& bag);
 
   QHash<QString, Entry> m_first;
   QList<Asked> m_asked;
   quint64 m_revision = 0;     // when the index was made
   qsizetype m_askedSince = 0; // groups
+  QList<Listed> m_list;
+  quint64 m_listRevision = 0;
+  qsizetype m_wantedSince = 0;
 
   inline static std::atomic<quint64> s_changes = 1;
 };

@@ -25,6 +25,8 @@ public:
   Entries::const_iterator begin() const { return m_next; }
   Entries::const_iterator end() const { return m_entries.cend(); }
   bool isEmpty() const { return m_next == end(); }
+  /// Of the whole context.
+  qsizetype size() const { return m_entries.size(); }
   /// The next entry, which is not left any more. It stays valid.
   Entries::const_iterator take() { return m_next++; }
 
