@@ -88,7 +88,14 @@ private:
     const std::type_info* type; // of the object when it was added
 
     /// The observer, or null when it is gone. For the main thread, as it looks at the object itself.
-    P* living() const;
+    P* living() const {
+      QObject* const alive = object;
+      if (!alive)
+        return nullptr;
+      // While the destructors of its base classes run, the object is of their classes, and the guard still
+      // set. One that was added by a constructor of a base class is of another class too, but an observer.
+      return &typeid(*alive) == type ? observer : dynamic_cast<P*>(alive);
+    }
   };
   struct Weak {
     std::weak_ptr<P> owner;
@@ -199,16 +206,6 @@ P* Broadcaster<P>::firstObserver() const {
   else if (!m_synchronous.isEmpty())
     first = m_synchronous.first().owner.lock();
   return first.get();
-}
-
-template <class P>
-P* Broadcaster<P>::Guarded::living() const {
-  QObject* const alive = object;
-  if (!alive)
-    return nullptr;
-  // While the destructors of its base classes run, the object is of their classes, and the guard still set.
-  // One that was added by a constructor of a base class is of another class as well, but still an observer.
-  return &typeid(*alive) == type ? observer : dynamic_cast<P*>(alive);
 }
 
 template <class P>
