@@ -8,9 +8,11 @@
 #include <ui_base/tooltips/a_tooltip_ex.h>
 #include <ui_base/tooltips/tooltip_object.h>
 
+#include <QAccessible>
 #include <QActionGroup>
 #include <QHelpEvent>
 #include <QMenu>
+#include <QStyleFactory>
 #include <QToolTip>
 
 using namespace Vela::UiBase;
@@ -204,7 +206,9 @@ private Q_SLOTS:
     QFETCH(bool, tooltips);
     QFETCH(QString, text);
     ExplainFixture f;
+    const std::unique_ptr<QStyle> windows(QStyleFactory::create("Windows"));
     QMenu menu;
+    menu.setStyle(windows.get()); // whose keys go to disabled entries too
     menu.setToolTipsVisible(tooltips);
     menu.addAction(f.other);
     f.command->trigger();
@@ -215,7 +219,26 @@ private Q_SLOTS:
     QHelpEvent help(QEvent::ToolTip, point, menu.mapToGlobal(point));
     QCoreApplication::sendEvent(&menu, &help);
     QCOMPARE(QToolTip::text(), text);
+    const QAccessibleInterface* const heard = QAccessible::queryAccessibleInterface(&menu)->child(0);
+    QCOMPARE(heard->text(QAccessible::Description), text);
+    QCOMPARE(heard->text(QAccessible::Name), f.other->text());
+    QVERIFY(heard->state().disabled && heard->parent()->object() == &menu);
+    QCOMPARE(heard->rect().center(), menu.mapToGlobal(point));
+
+    f.command->setText("&work");
+    menu.addAction(f.command);
     QToolTip::hideText();
+    QTRY_VERIFY(!QToolTip::isVisible());
+    QTest::keyClick(menu.windowHandle(), Qt::Key_Down);
+    QTRY_COMPARE(QToolTip::text(), text);
+    QTest::keyClick(menu.windowHandle(), Qt::Key_Down);
+    QTRY_VERIFY(!QToolTip::isVisible());
+    QAccessibleInterface* const enabled = QAccessible::queryAccessibleInterface(&menu)->child(1);
+    QCOMPARE(enabled->text(QAccessible::Name), QString("work"));
+    QVERIFY(enabled->state().focused && !enabled->state().disabled);
+    const int runs = f.command->runs().size();
+    enabled->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QCOMPARE(f.command->runs().size(), runs + 1);
     menu.hide();
   }
 };

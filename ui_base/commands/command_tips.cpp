@@ -3,6 +3,7 @@
 
 #include "command_base.h"
 #include "command_group.h"
+#include "menu_entry_accessible.h"
 
 #include <tqm_mesh_kernel/dispatch.h>
 #include <ui_base/tooltips/tooltip_reason.h>
@@ -46,13 +47,21 @@ void CommandTips::start() {
   tips = new CommandTips(qApp);
   qApp->installEventFilter(tips);
   TooltipReason::setSource(reasonOf);
+  QAccessible::installFactory(MenuEntryAccessible::make);
 }
 
 bool CommandTips::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::ToolTip)
+  if (event->type() != QEvent::ToolTip && event->type() != QEvent::KeyPress)
     return false;
+  auto* const menu = qobject_cast<QMenu*>(watched);
+  if (event->type() == QEvent::KeyPress) {
+    if (menu) // which goes to another entry only now
+      QMetaObject::invokeMethod(
+          menu, [menu] { explainActiveEntry(*menu); }, Qt::QueuedConnection);
+    return false;
+  }
   const auto& help = *static_cast<QHelpEvent*>(event);
-  if (auto* const menu = qobject_cast<QMenu*>(watched))
+  if (menu)
     return explainEntry(*menu, help);
   // Those of subclasses may have tooltips of their own kind.
   if (watched->metaObject() == &QToolButton::staticMetaObject)
@@ -60,14 +69,25 @@ bool CommandTips::eventFilter(QObject* watched, QEvent* event) {
   return false;
 }
 
+QString CommandTips::tipOf(const QMenu& menu, const QAction& entry) {
+  const QString text = menu.toolTipsVisible() ? entry.toolTip() : QString();
+  return entry.isEnabled() ? text : TooltipReason::composed(text, TooltipReason::of(entry));
+}
+
 bool CommandTips::explainEntry(QMenu& menu, const QHelpEvent& event) {
   const QAction* const entry = menu.actionAt(event.pos());
-  const QString reason = entry && !entry->isEnabled() ? TooltipReason::of(*entry) : QString();
-  if (reason.isEmpty())
+  if (!entry || entry->isEnabled() || TooltipReason::of(*entry).isEmpty())
     return false;
-  const QString text = menu.toolTipsVisible() ? entry->toolTip() : QString();
-  QToolTip::showText(event.globalPos(), TooltipReason::composed(text, reason), &menu);
+  QToolTip::showText(event.globalPos(), tipOf(menu, *entry), &menu);
   return true;
+}
+
+void CommandTips::explainActiveEntry(QMenu& menu) {
+  QAction* const entry = menu.isVisible() ? menu.activeAction() : nullptr;
+  const bool hasReason = entry && !entry->isEnabled() && !TooltipReason::of(*entry).isEmpty();
+  const QString tip = hasReason ? tipOf(menu, *entry) : QString();
+  const QRect area = entry ? menu.actionGeometry(entry) : QRect();
+  QToolTip::showText(menu.mapToGlobal(area.bottomLeft()), tip, &menu, area);
 }
 
 bool CommandTips::explainButton(QToolButton& button, const QHelpEvent& event) {
