@@ -4,6 +4,7 @@
 
 #include <support/test_case.h>
 #include <ui_base/toolbars/tool_bar.h>
+#include <ui_base/toolbars/tool_button_with_widget_menu.h>
 
 #include <QSpinBox>
 #include <QVBoxLayout>
@@ -32,6 +33,7 @@ public:
 struct Session {
   QPointer<FlyoutBase> panel;
   QPointer<PanelCommand> command;
+  QPointer<QWidget> button; // when it is hosted
   std::shared_ptr<Heard> heard = std::make_shared<Heard>();
 };
 
@@ -40,7 +42,7 @@ struct Stage {
   Stage(bool checkable, bool hosted) {
     auto* const column = new QVBoxLayout(&window);
     column->addWidget(view = new BaseView);
-    controller = new CmdsViewController(view);
+    controllerObject = controller = new CmdsViewController(view);
     bar = new ToolBar(view, Qt::TopToolBarArea);
     controller->addCommand(other = new TestCommand("other"));
     auto* const run = new TestCommand("run", controller);
@@ -58,8 +60,11 @@ struct Stage {
       session->command->addObserver(session->heard, false);
       controller->addCommand(session->command);
       if (hosted)
-        bar->AddAction(session->command, session->panel);
+        session->button = bar->AddAction(session->command, session->panel);
     }
+    auto* const elsewhere = new TestCommand("elsewhere");
+    controller->addCommand(elsewhere);
+    elsewhereButton = bar->AddAction(elsewhere);
     window.resize(700, 500);
     window.show();
     window.activateWindow();
@@ -74,6 +79,12 @@ struct Stage {
     while (dispatcher.step(Taren::Core::MainThreadQoS))
       Vela::Test::settle();
   }
+  static void click(QWidget& widget) {
+    QWidget& window = *widget.window();
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
+                      widget.mapTo(&window, widget.rect().center()));
+  }
+  CmdMgr* manager() const { return controllerObject ? controller : nullptr; }
   void finishRun() {
     while (dispatcher.step(Taren::Core::NormalQoS))
       drain();
@@ -83,7 +94,9 @@ struct Stage {
   QWidget window;
   QPointer<BaseView> view;
   CmdsViewController* controller;
+  QPointer<BaseViewController> controllerObject;
   QPointer<ToolBar> bar;
+  ToolButton* elsewhereButton;
   QPointer<TestCommand> other;
   Session first;
   Session second;
@@ -93,6 +106,7 @@ using End = void (*)(Stage&, Session&);
 struct Way {
   const char* name;
   End end;
+  bool needsButton = false;
 };
 constexpr Way ways[] = {
     {"again",
@@ -106,8 +120,14 @@ constexpr Way ways[] = {
        s.panel->setFocus();
        QTest::keyClick(s.panel->window()->windowHandle(), Qt::Key_Escape);
      }},
-    {"hide", [](Stage&, Session& s) { s.panel->hide(); }},
-    {"close", [](Stage&, Session& s) { s.panel->close(); }},
+    {"hide", [](Stage&, Session& s) { s.panel->hide(); }, true}, // another one is a plain widget
+    {"close", [](Stage&, Session& s) { s.panel->close(); }, true},
+    {"its button", [](Stage&, Session& s) { Stage::click(*s.button); }, true},
+    {"another button", [](Stage& stage, Session&) { Stage::click(*stage.elsewhereButton); }, true},
+    {"close its window", [](Stage&, Session& s) { s.panel->window()->windowHandle()->close(); }},
+    {"delete button", [](Stage&, Session& s) { delete s.button; }, true},
+    {"delete bar", [](Stage& stage, Session&) { delete stage.bar; }, true},
+    {"delete manager", [](Stage& stage, Session&) { delete stage.controllerObject; }},
     {"finalize", [](Stage&, Session& s) { s.command->onFinalize(); }},
     {"remove", [](Stage& stage, Session& s) { stage.controller->removeCommand(s.command); }},
     {"remove all", [](Stage& stage, Session&) { stage.controller->removeAllCommands(); }},
@@ -139,8 +159,8 @@ private Q_SLOTS:
     for (const Way& way : ways) {
       for (const int bits : std::as_const(circumstances)) {
         const bool hosted = bits & 2;
-        if (!hosted && (qstrcmp(way.name, "hide") == 0 || qstrcmp(way.name, "close") == 0))
-          continue; // a plain widget, which who shows it may hide
+        if (way.needsButton && !hosted)
+          continue;
         QTest::addRow("%s%s%s%s, %s", bits & 1 ? "checkable" : "plain", hosted ? ", hosted" : "",
                       bits & 4 ? ", two" : "", bits & 8 ? ", while one runs" : "", way.name)
             << bool(bits & 1) << hosted << bool(bits & 4) << bool(bits & 8) << &way;
@@ -176,9 +196,9 @@ private Q_SLOTS:
         }
         open += isShown;
       }
-      if (stage.view)
-        QCOMPARE(stage.controller->contextStack().size(), open);
-      if (stage.view && qstrcmp(way->name, "remove all") != 0)
+      if (const CmdMgr* const manager = stage.manager())
+        QCOMPARE(manager->contextStack().size(), open);
+      if (stage.manager() && stage.manager()->findCommand("other"))
         QCOMPARE(kept->isEnabled(), open == 0);
     };
     check(running);
@@ -197,7 +217,7 @@ private Q_SLOTS:
     }
     stage.drain();
     check(0);
-    QVERIFY(stage.controller->contextStack().isEmpty());
+    QVERIFY(!stage.manager() || stage.manager()->contextStack().isEmpty());
   }
 
   void whatThrowsLeavesNothingHalfBegun() {

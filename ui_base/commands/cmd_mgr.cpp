@@ -43,7 +43,18 @@ CmdMgr::~CmdMgr() {
   keepPendingCommands();
   for (const auto& pending : std::as_const(d->pending))
     pending->orphan();
-  d->bag.clear(); // while a command that dies of it can still look others up
+  dropCommands();
+}
+
+// While a command that dies of it can still look others up.
+void CmdMgr::dropCommands() {
+  std::vector<CommandRef> begun;
+  for (const auto& command : std::as_const(d->begun)) {
+    if (command)
+      begun.emplace_back(*command);
+  }
+  endFlyouts(begun);
+  d->bag.clear();
 }
 
 CommandBase* CmdMgr::addCommand(CommandBase* command) {
@@ -116,6 +127,7 @@ void CmdMgr::letGo(CommandBase& command) {
     }
     if (d->running.lock().get() == &left)
       d->running.reset();
+    d->begun.removeOne(&left);
     commandForgotten(left);
   };
   visitWithin(command, forgetUnlessHere);
@@ -198,9 +210,16 @@ bool CmdMgr::stands(const CommandBase& command) const {
   return found;
 }
 
-void CmdMgr::commandBegan(CommandBase* command) { d->running = command ? command->sharedOrEmpty() : nullptr; }
+void CmdMgr::commandBegan(CommandBase* command) {
+  d->running = command ? command->sharedOrEmpty() : nullptr;
+  if (command && !d->begun.contains(command))
+    d->begun.append(command);
+}
 
-void CmdMgr::commandEnded(CommandBase*) { d->running.reset(); }
+void CmdMgr::commandEnded(CommandBase* command) {
+  d->running.reset();
+  d->begun.removeIf([command](const auto& begun) { return !begun || begun == command; });
+}
 
 std::shared_ptr<CommandBase> CmdMgr::runningCommand() const { return d->running.lock(); }
 

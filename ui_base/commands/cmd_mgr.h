@@ -152,6 +152,9 @@ protected:
   CommandBag& commandBag();
   /// A command was removed and is not observed any more; called for the commands inside a group too.
   virtual void commandForgotten(CommandBase& command);
+  /// Ends the flyouts that are open and lets go of all commands; the first thing that a destructor does,
+  /// while commands can still ask what they belong to.
+  void dropCommands();
 
 private:
   friend class ContextHold;

@@ -77,7 +77,8 @@ void CmdMgr::releaseLayer(quint64 layer) {
         MainThreadQoS);
     return;
   }
-  if (!d->layers.contains(layer))
+  // A manager that is being destroyed lets go of commands, and so of what they hold.
+  if (!sharedOrEmpty() || !d->layers.contains(layer))
     return;
   layOverArrived();
   TooltipReason::refresh();

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "cmd_mgr.h"
+#include "command_base.h"
 #include "command_index.h"
 #include "context_layers.h"
 #include "pending_context.h"
 
 #include <QHash>
+#include <QPointer>
 
 #include <vector>
 
@@ -17,6 +19,7 @@ public:
   CommandBag bag;
   CommandIndex index;
   std::weak_ptr<CommandBase> running;
+  QList<QPointer<CommandBase>> begun; // not ended; one may have been deleted by hand
 
   ContextLayers layers;
   QHash<QString, QString> groundReasons;

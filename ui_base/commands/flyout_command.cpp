@@ -68,7 +68,11 @@ FlyoutCommand::FlyoutCommand(QWidget* panel, CmdsViewController* viewController)
     connectFlyout(*flyoutPanel);
 }
 
-FlyoutCommand::~FlyoutCommand() { beginDestruction(); }
+FlyoutCommand::~FlyoutCommand() {
+  beginDestruction();
+  if (std::exchange(d->session, nullptr))
+    close(); // nobody could do so any more
+}
 
 // By signature: what a flyout offers is known by the names of its signals alone.
 void FlyoutCommand::connectFlyout(const FlyoutBase& panel) {
@@ -224,8 +228,13 @@ void FlyoutCommand::onFinalize() {
 
 void FlyoutCommand::close() {
   if (hostOf(flyout())) {
-    // As a rule the host is just closing it. Where the command was ended by itself, nobody else does.
-    QMetaObject::invokeMethod(this, &FlyoutCommand::closeIfLeftOpen, Qt::QueuedConnection);
+    // As a rule the host is just closing it. Where the command was ended by itself, or dies, nobody else
+    // does.
+    const auto closeIfLeftOpen = [flyoutPanel = flyout(), self = QPointer<FlyoutCommand>(this)] {
+      if (flyoutPanel->isVisible() && !(self && self->d->session))
+        flyoutPanel->CloseMe();
+    };
+    QMetaObject::invokeMethod(d->panel, closeIfLeftOpen, Qt::QueuedConnection);
     return;
   }
   const QPointer<QWidget> panel(d->panel);
@@ -233,12 +242,6 @@ void FlyoutCommand::close() {
     flyoutPanel->CloseMe(); // tells whoever hosts it
   if (panel)
     panel->hide();
-}
-
-void FlyoutCommand::closeIfLeftOpen() {
-  FlyoutBase* const panel = flyout();
-  if (panel && panel->isVisible() && !d->session)
-    panel->CloseMe();
 }
 
 void FlyoutCommand::onReset() {}

@@ -88,7 +88,6 @@ private:
   void tell(void (CommandStateProtocol::*what)(CommandBase*));
   void open();
   void close();
-  void closeIfLeftOpen();
 
   const std::unique_ptr<FlyoutCommandPrivate> d;
 };

@@ -53,7 +53,7 @@ CmdsViewController::~CmdsViewController() {
   // While a tool or a command that dies of it can still ask for its controller.
   releaseTools();
   d->cursors.clear();
-  commandBag().clear();
+  dropCommands();
 }
 
 CommandGroup* CmdsViewController::ActionPanelGroup() const { return d->actionPanelGroup.get(); }
