@@ -131,7 +131,8 @@ private Q_SLOTS:
   void toggleInAnAppliedContextChangesTheRegistry() {
     using Change = void (*)(ManagerFixture&);
     const std::pair<Change, bool> changes[] = {
-        {[](ManagerFixture& f) { f.manager->removeCommand(a); }, true},
+        {[](ManagerFixture& f) { f.manager->removeCommand(a); }, true}, // the last that holds it
+        {[](ManagerFixture& f) { f.manager->removeCommand(groupId("G")); }, true},
         {[](ManagerFixture& f) { f.manager->removeAllCommands(); }, true},
         {[](ManagerFixture& f) { f.manager.reset(); }, true},
         // Only a command that was removed by itself misses what was still to come.
@@ -139,7 +140,8 @@ private Q_SLOTS:
     };
     for (const auto& [change, isStillChecked] : changes) {
       ManagerFixture f;
-      auto* const first = f.add(checkableCommand(a));
+      auto* const first = checkableCommand(a);
+      f.add(groupOf("G", {first}));
       auto* const second = f.add(checkableCommand(b));
       const auto kept = second->shared_from_this();
       first->work = [&f, change = change](bool) {

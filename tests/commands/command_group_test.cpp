@@ -39,9 +39,13 @@ QString textOf(const CommandGroup& group) {
   return text;
 }
 
-/// A bag before the groups in it, and these in order.
+/// A bag before the groups in it, and these in order; by looking at one command after the other.
 CommandBase* firstOf(const CommandBag& bag, const QString& id) {
-  CommandBase* found = bag[id];
+  for (int i = 0; i < bag.count(); ++i) {
+    if (bag.commandAt(i)->commandId() == id)
+      return bag.commandAt(i);
+  }
+  CommandBase* found = nullptr;
   for (int i = 0; i < bag.count() && !found; ++i) {
     if (const auto* const group = dynamic_cast<CommandGroup*>(bag.commandAt(i)))
       found = firstOf(group->commandBag(), id);
@@ -243,6 +247,19 @@ private Q_SLOTS:
       case 3:
         f.manager->removeCommand(id);
         break;
+      case 4: {
+        CommandContext context{{far->far.id, {step % 2, 2}}};
+        for (int i = 0; i < 40; i += 1 + below(3) * below(3))
+          context.overwrite(QString::number(i), {step % 2, 2});
+        f.manager->setContext(context);
+        f.apply();
+        for (auto entry = context.get().cbegin(); entry != context.get().cend(); ++entry) {
+          const CommandBase* const first =
+              entry.key() == far->far.id ? &far->far : firstOf(f.bag(), entry.key());
+          QVERIFY(!first || first->isEnabled() == entry->enabled);
+        }
+        break;
+      }
       default:
         QCOMPARE(f.manager->findCommand(id), firstOf(f.bag(), id));
       }

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <random>
 
 using namespace Vela::UiBase;
 using Taren::Objects::createShared;
@@ -99,73 +98,32 @@ private Q_SLOTS:
     QCOMPARE(destroyed, 1);
   }
 
-  // A bag and a plain list go through the same random changes and must answer alike after each.
-  void lookUpStaysRightThroughChanges() {
-    std::mt19937 random(20240611);
-    const auto below = [&random](int limit) { return static_cast<int>(random() % unsigned(limit)); };
-    using Entry = std::pair<QString, std::shared_ptr<CommandBase>>;
-    std::vector<std::shared_ptr<CommandBase>> commands;
-    commands.reserve(24);
-    for (int i = 0; i < 24; ++i)
-      commands.push_back(createShared<TestCommand>(QString::number(i % 9)));
-
+  void theFirstOfAnIdentifierIsFoundAtItsPosition() {
+    QList<std::shared_ptr<CommandBase>> commands;
+    for (const char* const id : {"a", "b", "a", "b"})
+      commands.append(createShared<TestCommand>(QString(id)));
     CommandBag bag;
-    std::vector<Entry> model;
-    for (int step = 0; step < 3000; ++step) {
-      const auto& command = commands[std::size_t(below(24))];
-      const QString id = command->commandId();
-      const auto standing =
-          std::find_if(model.begin(), model.end(), [&](const Entry& e) { return e.second == command; });
-      const auto first =
-          std::find_if(model.begin(), model.end(), [&](const Entry& e) { return e.first == id; });
-      const bool known = standing != model.end();
-      switch (below(4)) {
-      case 0:
-        QCOMPARE(bag.addCommand(command), !known);
-        if (!known)
-          model.emplace_back(id, command);
-        break;
-      case 1: {
-        const int position = below(int(model.size()) + 1);
-        QCOMPARE(bag.insertCommand(position, command), !known);
-        if (!known)
-          model.emplace(model.begin() + position, id, command);
-        break;
-      }
-      case 2:
-        QCOMPARE(bag.removeCommand(id), first != model.end());
-        if (first != model.end())
-          model.erase(first);
-        break;
-      default:
-        QCOMPARE(bag.removeCommand(command.get()), known);
-        if (known)
-          model.erase(standing);
-      }
-      if (step % 100 == 99)
-        bag = CommandBag(bag);
-      QVERIFY2(answersAlike(bag, model), qPrintable(QStringLiteral("step %1").arg(step)));
-    }
-  }
-
-private:
-  static bool answersAlike(const CommandBag& bag,
-                           const std::vector<std::pair<QString, std::shared_ptr<CommandBase>>>& model) {
-    const int count = int(model.size());
-    bool alike = bag.count() == count;
-    for (int i = 0; i < count; ++i)
-      alike = alike && bag.commandAt(i) == model[std::size_t(i)].second.get();
-    for (int i = 0; i < 10; ++i) {
-      const QString id = QString::number(i);
-      const auto found =
-          std::find_if(model.begin(), model.end(), [&id](const auto& entry) { return entry.first == id; });
-      const bool known = found != model.end();
-      CommandBase* const command = known ? found->second.get() : nullptr;
+    const auto answers = [&bag, &commands](const char* id) {
       int index = -1;
-      alike = alike && bag.hasCommand(id) == known && bag[id] == command &&
-              bag.getCommand(id, index) == command && index == int(found - model.begin());
-    }
-    return alike;
+      const CommandBase* const found = bag.getCommand(id, index);
+      const auto isIt = [found](const auto& command) { return command.get() == found; };
+      const auto at = std::find_if(commands.cbegin(), commands.cend(), isIt) - commands.cbegin();
+      return QStringLiteral("%1@%2").arg(found ? int(at) : -1).arg(index);
+    };
+    QCOMPARE(answers("a"), "-1@0");
+    bag.addCommand(commands[2]);
+    bag.addCommand(commands[3]);
+    QCOMPARE(answers("b") + answers("c"), "3@1-1@2");
+    bag.insertCommand(-5, commands[1]);
+    bag.insertCommand(9, commands[0]);
+    QCOMPARE(answers("a") + answers("b"), "2@11@0");
+    const CommandBag copy(bag);
+    QVERIFY(bag.removeCommand("b") && bag.removeCommand(commands[2].get()));
+    QCOMPARE(answers("a") + answers("b"), "0@13@0");
+    QVERIFY(!bag.removeCommand(commands[2].get()) && !bag.removeCommand("c"));
+    bag = copy;
+    QCOMPARE(answers("a") + answers("b"), "2@11@0");
+    QVERIFY(!bag.commandAt(-1) && !bag.commandAt(4) && bag.commandAt(3) == commands[0].get());
   }
 };
 
