@@ -194,21 +194,6 @@ private Q_SLOTS:
     view.render(&rendered);
     QCOMPARE(strayPixels(onScreen, rendered, 2), 0);
   }
-
-  void backgroundFollowsTheContentsPalette() {
-    ArrowedWindow window;
-    auto* const content = new ArrowedContent({40, 20});
-    colour(*content, Qt::white);
-    window.AttachWidget(content);
-    const auto middle = [&] { return pictureOf(window, 1).pixelColor(window.rect().center()); };
-    QCOMPARE(middle(), QColor(Qt::white));
-    colour(*content, QColor(40, 41, 42));
-    QCOMPARE(middle(), QColor(40, 41, 42));
-    colour(*content, QColor(200, 0, 0, 49));
-    QVERIFY2(std::abs(middle().alpha() - 128) <= 1 && middle().red() == middle().blue(), "half white");
-    colour(*content, QColor(200, 0, 0, 50));
-    QCOMPARE(middle().alpha(), 50);
-  }
 };
 
 VELA_TEST_MAIN(ArrowedWindowPictureTest)

@@ -274,31 +274,6 @@ private Q_SLOTS:
     QCOMPARE(window.accessibleName(), QStringLiteral("Smooth the mesh"));
     QCOMPARE(window.focusPolicy(), Qt::NoFocus);
   }
-
-  void nothingIsLeftOfAThousandShowings() {
-    QWidget view;
-    view.resize(300, 200);
-    ArrowedWindow window(&view);
-    auto* const first = new ArrowedContent({60, 30}, &view);
-    auto* const second = new ArrowedContent({40, 50}, &view);
-    view.show();
-    int objects = 0;
-    for (int round = 0; round < 1000; ++round) {
-      window.AttachWidget(round % 2 == 0 ? first : second);
-      window.SetArrow(round % 3 == 0 ? ArrowTop : ArrowLeft, 10, false, 0, 90, true, 0);
-      window.EnableShadow(round % 2 == 0);
-      window.show();
-      window.GetShadow();
-      window.hide();
-      if (round % 2 == 0)
-        window.DetachWidget()->setParent(&view);
-      if (round == 9)
-        objects = int(view.findChildren<QObject*>().size());
-    }
-    settle();
-    QCOMPARE(int(view.findChildren<QObject*>().size()), objects);
-    QCOMPARE(window.layout()->count(), 1);
-  }
 };
 
 VELA_TEST_MAIN(ArrowedWindowTest)

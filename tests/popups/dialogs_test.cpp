@@ -354,31 +354,6 @@ private Q_SLOTS:
     QCOMPARE(DialogEx::Ask(asking, DialogInfo, QStringLiteral("Title"), QStringLiteral("Text")), QString());
   }
 
-  void openedAndClosedManyTimes() {
-    Work work;
-    DialogEx kept(DialogInfo, QStringLiteral("Title"), QStringLiteral("Text"), work.window);
-    const auto round = [&] {
-      kept.open();
-      kept.reject();
-      auto* passing = new DialogEx(DialogError, QStringLiteral("Title"), QStringLiteral("Text"), work.window);
-      passing->setAttribute(Qt::WA_DeleteOnClose);
-      passing->SetDetails(QStringLiteral("more"));
-      passing->open();
-      passing->ShowDetails(true);
-      passing->reject();
-      settle();
-    };
-    round();
-    const qsizetype widgets = QApplication::allWidgets().size();
-    const qsizetype objects = work.window->findChildren<QObject*>().size();
-    const int rounds =
-        qEnvironmentVariableIsSet("VELA_STEPS") ? qEnvironmentVariableIntValue("VELA_STEPS") : 50;
-    for (int i = 0; i < rounds; ++i)
-      round();
-    QCOMPARE(QApplication::allWidgets().size(), widgets);
-    QCOMPARE(work.window->findChildren<QObject*>().size(), objects);
-  }
-
   void hiddenContentsLeaveNoGapInAGrid() {
     LayoutBaseWidget panel;
     panel.setArrangement(LayoutBaseWidget::Grid, 2);

@@ -151,12 +151,8 @@ class FlyoutTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void commandBeginsAndEndsOnce_data();
   void commandBeginsAndEndsOnce();
-  void beginContextLastsFromBeginToEnd();
   void simpleFlyoutIsOnlyShown();
   void applyingRunsTheWorkAndMakesTheFlyoutBusy();
-  void resetReachesPanelAndCommand();
-  void buttonOpensTheFlyoutAfterTheEvent();
-  void panelFollowsTheEnabledCommand();
   void unusablePaidFeatureDoesNotBegin();
   void panelOrCommandMayGoFirst_data();
   void panelOrCommandMayGoFirst();
@@ -166,7 +162,6 @@ private Q_SLOTS:
   void busyFlyoutKeepsTheFocus();
   void focusComesBackFromAHost();
   void subWidgetsStandBesideAndFollow();
-  void openedAndClosedWithoutGrowth();
 };
 
 void FlyoutTest::commandBeginsAndEndsOnce_data() {
@@ -216,15 +211,6 @@ void FlyoutTest::commandBeginsAndEndsOnce() {
   QCOMPARE(stage.command->runs.load(), 0);
 }
 
-void FlyoutTest::beginContextLastsFromBeginToEnd() {
-  Stage stage;
-  stage.command->trigger();
-  QTRY_VERIFY(!stage.other->isEnabled());
-  stage.flyout->CloseMe();
-  QTRY_VERIFY(stage.other->isEnabled());
-  QVERIFY(stage.controller->contextStack().isEmpty());
-}
-
 void FlyoutTest::simpleFlyoutIsOnlyShown() {
   QLabel label("simple");
   Stage stage(true, &label);
@@ -257,43 +243,6 @@ void FlyoutTest::applyingRunsTheWorkAndMakesTheFlyoutBusy() {
   QCOMPARE(stage.command->runs.load(), 1);
   QCOMPARE(busy.count() + idle.count(), 2);
   QVERIFY(stage.flyout->isVisible());
-}
-
-void FlyoutTest::resetReachesPanelAndCommand() {
-  Stage stage;
-  QSignalSpy reset(stage.panel, &ValuesPanel::ResetValues);
-  stage.command->trigger();
-  stage.click("Reset");
-  QCOMPARE(reset.count(), 1);
-  QCOMPARE(stage.command->hooks, QStringList("reset"));
-  stage.flyout->EnableResetButton(false);
-  stage.flyout->Reset();
-  QCOMPARE(reset.count(), 1);
-}
-
-void FlyoutTest::buttonOpensTheFlyoutAfterTheEvent() {
-  Stage stage;
-  auto* const bar = new ToolBar(&stage.window, Qt::TopToolBarArea);
-  auto* const button = new ToolButton(stage.command, bar, &stage.window);
-  button->show();
-  stage.flyout->SetToolButton(button);
-  QSignalSpy clicked(button, &ToolButton::ToolButtonClicked);
-  stage.command->trigger(); // by a shortcut
-  QCOMPARE(clicked.count(), 0);
-  QTRY_COMPARE(clicked.count(), 1);
-  stage.command->onFinalize();
-  button->click();
-  Vela::Test::settle();
-  QCOMPARE(clicked.count(), 2); // the click goes on by itself
-  QVERIFY(!button->ClickedHandlerRequested());
-}
-
-void FlyoutTest::panelFollowsTheEnabledCommand() {
-  Stage stage;
-  stage.command->setEnabled(false);
-  QVERIFY(!stage.flyout->isEnabled());
-  stage.command->setEnabled(true);
-  QVERIFY(stage.flyout->isEnabled());
 }
 
 void FlyoutTest::unusablePaidFeatureDoesNotBegin() {
@@ -431,22 +380,6 @@ void FlyoutTest::subWidgetsStandBesideAndFollow() {
   stage.flyout->ShowSubWidget(preview, false);
   QVERIFY(!preview->isVisible());
   QCOMPARE(changed.count(), 2);
-}
-
-void FlyoutTest::openedAndClosedWithoutGrowth() {
-  Stage stage;
-  const auto objects = [&stage] { return stage.window.findChildren<QObject*>().size(); };
-  const auto open = [&stage] {
-    stage.command->trigger();
-    stage.flyout->CloseMe();
-    Vela::Test::settle();
-  };
-  open();
-  const qsizetype before = objects();
-  for (int i = 0; i < 1000; ++i)
-    open();
-  QCOMPARE(objects(), before);
-  QVERIFY(stage.controller->contextStack().isEmpty());
 }
 
 VELA_TEST_MAIN(FlyoutTest)

@@ -2,8 +2,6 @@
 #include <support/test_case.h>
 #include <ui_base/popups/placement.h>
 
-#include <random>
-
 using namespace Vela::UiBase;
 
 namespace {
@@ -24,10 +22,6 @@ QString digits(const QList<ArrowPair>& pairs) {
     all += QString::number(10 * arrow.position + side);
   return all.join(QLatin1Char(' '));
 }
-
-QRect transposed(const QRect& rect) { return {rect.y(), rect.x(), rect.height(), rect.width()}; }
-QPoint transposed(const QPoint& point) { return {point.y(), point.x()}; }
-QRect mirrored(const QRect& rect) { return {QPoint(-rect.right(), rect.top()), rect.size()}; }
 
 } // namespace
 
@@ -176,42 +170,6 @@ private Q_SLOTS:
     QVERIFY(Placement::covers({127, 55, 10, 10}, target));
     target.reference = {100, 50, 4, 4};
     QVERIFY(!Placement::covers({0, 0, 500, 500}, target));
-  }
-
-  // A popup on the right or below stands one pixel nearer than on the other sides, and ends one pixel
-  // earlier.
-  void sidesAreSymmetricButForOnePixel() {
-    const unsigned seed = std::random_device()();
-    qInfo("seed %u", seed);
-    std::mt19937 random(seed);
-    const auto number = [&](int from, int to) { return std::uniform_int_distribution<>(from, to)(random); };
-    for (int i = 0; i < 500; ++i) {
-      const QRect rect(number(-500, 500), number(-500, 500), number(1, 300), number(1, 300));
-      const QSize size(number(1, 300), number(1, 300));
-      const int gap = number(-20, 40);
-      for (const EWidgetsAlign alignment : {AlignStart, AlignCenter, AlignEnd}) {
-        const Placement::Target target{.reference = rect, .baseOffset = gap, .alignment = alignment};
-        const Placement::Target turned{
-            .reference = transposed(rect), .baseOffset = gap, .alignment = alignment};
-        const auto at = [&](EDirection side) {
-          return QRect(Placement::plainPosition(target, side, size), size);
-        };
-        QCOMPARE(at(Right).left() - rect.right(), gap);
-        QCOMPARE(at(Bottom).top() - rect.bottom(), gap);
-        QCOMPARE(rect.left() - at(Left).right(), gap + 1);
-        QCOMPARE(rect.top() - at(Top).bottom(), gap + 1);
-        QCOMPARE(at(Left).top(), at(Right).top());
-        for (const auto& [side, other] : {std::pair(Right, Bottom), std::pair(Left, Top)})
-          QCOMPARE(transposed(Placement::plainPosition(turned, other, size.transposed())),
-                   at(side).topLeft());
-        const Placement::Target seen{
-            .reference = mirrored(rect), .baseOffset = gap, .alignment = EWidgetsAlign(AlignEnd - alignment)};
-        const QRect below(Placement::plainPosition(seen, Bottom, size), size);
-        const int shift = mirrored(below).left() - at(Bottom).left();
-        QVERIFY2(alignment == AlignCenter ? qAbs(shift) <= 1 : shift == 1,
-                 qPrintable(QString::number(shift)));
-      }
-    }
   }
 };
 

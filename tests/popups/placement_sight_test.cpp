@@ -119,14 +119,6 @@ private Q_SLOTS:
     QCOMPARE(Placement::keepInside(std::array{stance}, target, area).slide, 0);
   }
 
-  void answersInSightStay() {
-    const Placement::Target target{.reference = {140, 90, 20, 20}};
-    const std::array sides{Bottom, Top};
-    QCOMPARE(Placement::plainInSight({3, 4, 50, 30}, target, sides, area), QPoint(3, 4));
-    QCOMPARE(Placement::plainInSight({3, 190, 50, 30}, target, sides, area), QPoint(125, 119));
-    QCOMPARE(Placement::plainInSight({3, 190, 50, 30}, target, {}, area), QPoint(3, 190));
-  }
-
   // All owners along the edges and in the corners, of windows of all sizes.
   void everywhereInSight_data() {
     QTest::addColumn<QSize>("window");

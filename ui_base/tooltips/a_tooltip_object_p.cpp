@@ -3,7 +3,6 @@
 
 #include <ui_base/popups/popup_sight.h>
 #include <ui_base/tooltips/a_tooltip_ex.h>
-#include <ui_base/tooltips/tooltip_look.h>
 #include <ui_base/tooltips/tooltip_manager.h>
 #include <ui_base/tooltips/tooltip_text.h>
 #include <vlk_common_res/styles.h>
@@ -269,60 +268,6 @@ QTimer& ATooltipObjectPrivate::check() {
     checkTimer->setSingleShot(false);
   }
   return *checkTimer;
-}
-
-ArrowedWindow& ATooltipObjectPrivate::arrows() {
-  if (arrowedWindow)
-    return *arrowedWindow;
-  arrowedWindow = new ArrowedWindow(layer);
-  arrowedWindow->hide();
-  arrowedWindow->SetBorder(QColor(150, 150, 150, 100), 0, Qt::SolidLine, Qt::BevelJoin);
-  if (typed)
-    TooltipLook::dress(*arrowedWindow, tooltipType);
-  applyArrow();
-  QObject::connect(&Styles::Instance(), &Styles::changed, arrowedWindow.data(), [this] {
-    if (typed)
-      TooltipLook::color(*arrowedWindow, tooltipType);
-  });
-  return *arrowedWindow;
-}
-
-WidgetPosCalculator& ATooltipObjectPrivate::calculator() {
-  if (posCalculator)
-    return *posCalculator;
-  posCalculator = std::make_unique<WidgetPosCalculator>();
-  posCalculator->SetAlignment(AlignCenter);
-  posCalculator->SetDirection(Top);
-  posCalculator->SetWidget(tooltipWindow);
-  if (QWidget* const widget = reference())
-    posCalculator->SetRefWidget(widget);
-  if (typed)
-    TooltipLook::place(*posCalculator, tooltipType);
-  applyPlacement();
-  return *posCalculator;
-}
-
-void ATooltipObjectPrivate::applyArrow() {
-  if (placement)
-    arrowedWindow->SetArrow(placement->arrow);
-}
-
-void ATooltipObjectPrivate::applyPlacement() {
-  if (!placement)
-    return;
-  posCalculator->SetDirection(placement->direction);
-  posCalculator->SetBaseOffset(placement->distance);
-  posCalculator->SetAlignment(placement->alignment);
-  posCalculator->SetAdditionalOffset(placement->offset);
-}
-
-void ATooltipObjectPrivate::applyType() {
-  typed = true;
-  placement.reset();
-  if (arrowedWindow)
-    TooltipLook::dress(*arrowedWindow, tooltipType);
-  if (posCalculator)
-    TooltipLook::place(*posCalculator, tooltipType);
 }
 
 // --- timers and handlers

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "tooltip_look.h"
 
-#include <ui_base/popups/arrowed_window.h>
-#include <ui_base/popups/widget_pos_calculator.h>
+#include "a_tooltip_object_p.h"
+
 #include <vlk_common_res/styles.h>
 
 #include <algorithm>
 #include <array>
 
 namespace Vela::UiBase {
+
+using Resource::Styles;
 
 namespace {
 
@@ -54,8 +56,8 @@ void TooltipLook::dress(ArrowedWindow& window, ETooltipType type) {
 }
 
 void TooltipLook::color(ArrowedWindow& window, ETooltipType type) {
-  window.SetBorder(Vela::Resource::Styles::Instance().ColorActionPanelBorder(), lookOf(type).border,
-                   Qt::SolidLine, Qt::RoundJoin);
+  window.SetBorder(Styles::Instance().ColorActionPanelBorder(), lookOf(type).border, Qt::SolidLine,
+                   Qt::RoundJoin);
 }
 
 void TooltipLook::place(WidgetPosCalculator& calculator, ETooltipType type) {
@@ -68,5 +70,61 @@ void TooltipLook::place(WidgetPosCalculator& calculator, ETooltipType type) {
 }
 
 bool TooltipLook::isRich(ETooltipType type) { return type == RichTooltip || type == RichSideTooltip; }
+
+// --- the window and the calculator that a tooltip makes when it needs them
+
+ArrowedWindow& ATooltipObjectPrivate::arrows() {
+  if (arrowedWindow)
+    return *arrowedWindow;
+  arrowedWindow = new ArrowedWindow(layer);
+  arrowedWindow->hide();
+  arrowedWindow->SetBorder(QColor(150, 150, 150, 100), 0, Qt::SolidLine, Qt::BevelJoin);
+  if (typed)
+    TooltipLook::dress(*arrowedWindow, tooltipType);
+  applyArrow();
+  QObject::connect(&Styles::Instance(), &Styles::changed, arrowedWindow.data(), [this] {
+    if (typed)
+      TooltipLook::color(*arrowedWindow, tooltipType);
+  });
+  return *arrowedWindow;
+}
+
+WidgetPosCalculator& ATooltipObjectPrivate::calculator() {
+  if (posCalculator)
+    return *posCalculator;
+  posCalculator = std::make_unique<WidgetPosCalculator>();
+  posCalculator->SetAlignment(AlignCenter);
+  posCalculator->SetDirection(Top);
+  posCalculator->SetWidget(tooltipWindow);
+  if (QWidget* const widget = reference())
+    posCalculator->SetRefWidget(widget);
+  if (typed)
+    TooltipLook::place(*posCalculator, tooltipType);
+  applyPlacement();
+  return *posCalculator;
+}
+
+void ATooltipObjectPrivate::applyArrow() {
+  if (placement)
+    arrowedWindow->SetArrow(placement->arrow);
+}
+
+void ATooltipObjectPrivate::applyPlacement() {
+  if (!placement)
+    return;
+  posCalculator->SetDirection(placement->direction);
+  posCalculator->SetBaseOffset(placement->distance);
+  posCalculator->SetAlignment(placement->alignment);
+  posCalculator->SetAdditionalOffset(placement->offset);
+}
+
+void ATooltipObjectPrivate::applyType() {
+  typed = true;
+  placement.reset();
+  if (arrowedWindow)
+    TooltipLook::dress(*arrowedWindow, tooltipType);
+  if (posCalculator)
+    TooltipLook::place(*posCalculator, tooltipType);
+}
 
 } // namespace Vela::UiBase
