@@ -89,6 +89,7 @@ void ToolButton::Initialize(QAction* action, ToolBar* toolBar) {
   addAction(action);
   setDefaultAction(action);
   d->mirror();
+  d->wrapIcon();
   if (action->text().isEmpty())
     setAccessibleName(action->toolTip());
   if (const auto* const command = dynamic_cast<const CommandBase*>(action))
@@ -261,7 +262,9 @@ void ToolButton::actionEvent(QActionEvent* event) {
   }
   if (d->heldDisabled)
     setEnabled(false);
-  if (!d->normalPixmap.isNull())
+  if (d->normalPixmap.isNull())
+    d->wrapIcon();
+  else
     IconState(d->iconActive);
   const bool ownTooltip = d->tooltipObject && d->tooltipObject->Text() != d->tooltipText;
   if (!ownTooltip && d->tooltipText != d->action->toolTip())

@@ -20,6 +20,7 @@ namespace Vela::UiBase {
 using License::LicenseService;
 
 struct SwapPictures {
+  QIcon source; // also of what is seldom needed
   QIcon normal;
   QIcon active;
   bool showsActive = false;
@@ -35,21 +36,26 @@ public:
   explicit SwapIconEngine(std::shared_ptr<const SwapPictures> pictures) : m_pictures(std::move(pictures)) {}
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
-    shown().paint(painter, rect, Qt::AlignCenter, mode, state);
+    shown(mode).paint(painter, rect, Qt::AlignCenter, mode, state);
   }
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-    return shown().pixmap(size, 1.0, mode, state); // in pixels of the device
+    return shown(mode).pixmap(size, 1.0, mode, state); // in pixels of the device
   }
   QSize actualSize(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-    return shown().actualSize(size, mode, state);
+    return shown(mode).actualSize(size, mode, state);
   }
   QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) override {
-    return shown().availableSizes(mode, state);
+    return shown(mode).availableSizes(mode, state);
   }
+  QString iconName() override { return m_pictures->source.name(); }
   QIconEngine* clone() const override { return new SwapIconEngine(m_pictures); }
 
 private:
-  const QIcon& shown() const { return m_pictures->showsActive ? m_pictures->active : m_pictures->normal; }
+  const QIcon& shown(QIcon::Mode mode) const {
+    if (mode == QIcon::Disabled)
+      return m_pictures->source;
+    return m_pictures->showsActive ? m_pictures->active : m_pictures->normal;
+  }
 
   std::shared_ptr<const SwapPictures> m_pictures;
 };
@@ -106,19 +112,31 @@ void ToolButton::InitIcons() {
   d->activePixmap = render(pictureSize, QIcon::Active);
   if (d->activePixmap.isNull())
     d->activePixmap = d->normalPixmap;
-  d->pictures = std::make_shared<SwapPictures>();
+  if (icon().cacheKey() != d->swapIcon.cacheKey())
+    d->makeSwapIcon();
   d->pictures->normal = QIcon(d->normalPixmap);
   d->pictures->active = QIcon(d->activePixmap);
-  for (const QSize& size : {pictureSize, d->picturesFor}) {
-    // Scaled pictures are not sharp.
-    if (size != pictureSize) {
-      d->pictures->normal.addPixmap(render(size, QIcon::Normal));
-      d->pictures->active.addPixmap(render(size, QIcon::Active));
-    }
-    d->pictures->normal.addPixmap(render(size, QIcon::Disabled), QIcon::Disabled);
-    d->pictures->active.addPixmap(render(size, QIcon::Disabled), QIcon::Disabled);
+  // Scaled pictures are not sharp.
+  if (d->picturesFor != pictureSize) {
+    d->pictures->normal.addPixmap(render(d->picturesFor, QIcon::Normal));
+    d->pictures->active.addPixmap(render(d->picturesFor, QIcon::Active));
   }
-  d->swapIcon = QIcon(new SwapIconEngine(d->pictures));
+}
+
+void ToolButtonPrivate::makeSwapIcon() {
+  pictures = std::make_shared<SwapPictures>();
+  pictures->source = pictures->normal = pictures->active = source; // rendered when they are needed
+  swapIcon = QIcon(new SwapIconEngine(pictures));
+}
+
+void ToolButtonPrivate::wrapIcon() {
+  const qint64 before = source.cacheKey();
+  adoptIcon();
+  if (source.isNull() || button->icon().cacheKey() == swapIcon.cacheKey())
+    return;
+  if (!pictures || source.cacheKey() != before)
+    makeSwapIcon();
+  button->setIcon(swapIcon);
 }
 
 // Another icon would have the toolbar laid out anew.

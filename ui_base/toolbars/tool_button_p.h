@@ -46,6 +46,9 @@ public:
 
   /// Takes over the icon that was set on the button since, if another one was.
   void adoptIcon();
+  /// Shows the icon through one whose picture can be swapped without asking for a layout.
+  void wrapIcon();
+  void makeSwapIcon();
   /// Makes the pictures anew when they are needed next; shows them at once if they are shown.
   void renewPictures();
 

@@ -42,6 +42,7 @@ ToolButtonWithMenu::ToolButtonWithMenu(ToolButtonWithMenuPrivate& state, const Q
     : ToolButton(state, parent) {
   ToolButton::Initialize(nullptr, nullptr);
   setIcon(icon);
+  d->wrapIcon();
   setText(name);
   setObjectName(name);
   setToolTip(name);
