@@ -348,7 +348,8 @@ void ViewFuzz::mouse() {
   const int what = m_bytes.next(8);
   const QPointer<QWindow> window = anyWindow();
   // After a press of the right button Qt asks for a context menu there, also when the view is gone.
-  const bool asksForMenu = button == Qt::RightButton && !QTestPrivate::qtestMouseButtons.testFlag(button);
+  const bool presses = what == 1 || !QTestPrivate::qtestMouseButtons.testFlag(button);
+  const bool asksForMenu = button == Qt::RightButton && presses;
   m_events += asksForMenu;
   const QPoint at((10 + m_bytes.next(64) * 3) % window->width(),
                   (60 + m_bytes.next(32) * 3) % window->height());
@@ -431,7 +432,7 @@ void ViewFuzz::endView(BaseView* view, QObject* object) {
 
 void ViewFuzz::act(Act act, CmdsViewController* controller, InteractiveTool* itself) {
   const bool movesViews = act == Reparent || act == NestedLoop || act == Dialog; // or lets deleted ones die
-  if (!controller || (movesViews && m_events > 0))
+  if (!controller || (movesViews && (m_events > 0 || keepsWindows)))
     return;
   hits()[std::size_t(act)] += m_depth > 0;
   note(QLatin1String(actNames[act]), controller);
@@ -496,7 +497,8 @@ void ViewFuzz::act(Act act, CmdsViewController* controller, InteractiveTool* its
 void ViewFuzz::present(BaseViewController& controller) {
   CmdsViewController* const other = anyController();
   note(QStringLiteral("…this one:"), other);
-  if (other)
+  const bool isWindow = other && other->getView() && other->getView()->isWindow();
+  if (other && !(keepsWindows && isWindow))
     controller.presentViewController(other, FromRight);
 }
 

@@ -68,17 +68,18 @@ void BaseView::setViewController(BaseViewController* controller) {
   const QPointer<BaseView> former = controller ? controller->getView() : nullptr;
   if (former)
     Presentation::of(*former)->controllerWillChange(*former);
-  if (self)
+  if (self && attached == d->controller.get())
     Presentation::of(*this)->controllerWillChange(*this);
-  if (!self || (controller && !next)) {
+  const bool lives = self && (!controller || next);
+  if (!lives || attached != d->controller.get() || (next && next->getView() != former)) {
+    if (lives) // what heard of it attached others
+      setViewController(next);
     for (const QPointer<BaseView>& view : {former, self}) {
-      if (view) // it goes on as it was
+      if (view)
         Presentation::of(*view)->controllerChanged(*view);
     }
     return;
   }
-  if (attached != d->controller.get() || (next && next->getView() != former))
-    return setViewController(next); // what heard of it attached others
 
   const auto before = std::exchange(d->controller, shared);
   const QPointer<BaseViewController> previous(before.get());
@@ -123,7 +124,8 @@ void BaseView::deleteSafely() {
 void BaseView::showEvent(QShowEvent* event) {
   const QPointer<BaseView> self(this);
   const EventScope scope(*this, *d);
-  const bool takesFocus = !event->spontaneous() && !std::exchange(d->focusElsewhere, false);
+  const bool leavesFocus = std::exchange(d->focusElsewhere, false) && window()->focusWidget();
+  const bool takesFocus = !event->spontaneous() && !leavesFocus;
   Presentation::of(*this)->willShow(*this, takesFocus);
   if (!self)
     return;

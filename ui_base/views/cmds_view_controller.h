@@ -157,6 +157,7 @@ private:
   static void endLostOperation(const std::shared_ptr<InteractiveTool>& tool, const QMouseEvent& event);
   static void bringToRest(const std::shared_ptr<InteractiveTool>& tool);
   bool mayTake(const InteractiveTool& tool) const;
+  void keepToolsWaiting();
   void releaseTools();
   bool isPrimary(const InteractiveTool* tool);
   void showIdleCursor(const InteractiveTool* tool);

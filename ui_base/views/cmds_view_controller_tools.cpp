@@ -63,16 +63,32 @@ void CmdsViewController::pushTool(EToolActivationButton button, std::shared_ptr<
   if (!self || !mayTake(*tool))
     return;
   ToolStack::pushTool(button, tool);
-  if (self && isPrimary(tool.get()) && getOperatingTool())
-    tool->suspend();
+  if (self)
+    keepToolsWaiting();
 }
 
-// A tool may take itself off its stack, or push another one, when its operation ends.
+// What heard of a change may have begun or ended an operation below the top, or while another one waited.
+void CmdsViewController::keepToolsWaiting() {
+  const QPointer<BaseViewController> self(this);
+  const auto held = heldTools();
+  for (const HeldTool& entry : held) {
+    if (!self || !holds(*entry.tool))
+      continue;
+    const bool isTop = getTool(entry.button) == entry.tool;
+    if (!isTop)
+      endOperation(entry.tool);
+    if (self && (!isTop || (entry.button == LeftButton && getOperatingTool())))
+      entry.tool->suspend(); // unless it operates itself
+  }
+}
+
+// A tool may take itself off its stack, or push another one, when its operation ends. Itself only afterwards.
 std::shared_ptr<InteractiveTool> CmdsViewController::popTool(EToolActivationButton button) {
   const auto top = getTool(button);
   if (!top)
     return {};
   const QPointer<BaseViewController> self(this);
+  const QScopedValueRollback moves(top->m_moves, true);
   bringToRest(top);
   if (!self || !holds(*top))
     return top;
@@ -80,9 +96,8 @@ std::shared_ptr<InteractiveTool> CmdsViewController::popTool(EToolActivationButt
     ToolStack::popTool(button);
   else
     takeToolOff(button, top);
-  // While a tool of another button operates, the next one waits in its place.
-  if (const auto next = self ? getTool(LeftButton) : nullptr; next && getOperatingTool())
-    next->suspend();
+  if (self)
+    keepToolsWaiting(); // while a tool of another button operates
   return top;
 }
 
@@ -141,7 +156,10 @@ void CmdsViewController::toolEndedOperating(InteractiveTool* tool) {
     return;
   d->cursors.takeAway(*tool, ViewCursors::Operating);
   stopWatchUnlessNeeded();
+  const QPointer<BaseViewController> self(this);
   ToolStack::toolEndedOperating(tool);
+  if (self)
+    keepToolsWaiting();
 }
 
 void CmdsViewController::toolCursorChange(InteractiveTool* tool) {
