@@ -68,9 +68,9 @@ void MenuBarWidget::insertSeparator(int index, bool line, int width) {
   separator->setObjectName(QStringLiteral("separator"));
   separator->setFrameShape(line ? QFrame::VLine : QFrame::NoFrame);
   if (line) {
-    const auto dress = [separator] { separator->setStyleSheet(Styles::Instance().Separator()); };
-    connect(&Styles::Instance(), &Styles::changed, separator, dress);
-    dress();
+    const auto applyStyle = [separator] { separator->setStyleSheet(Styles::Instance().Separator()); };
+    connect(&Styles::Instance(), &Styles::changed, separator, applyStyle);
+    applyStyle();
   } else if (width >= 0) {
     separator->setFixedWidth(width);
   }

@@ -60,7 +60,7 @@ void MenuBuilderPrivate::createMenuBar(const QString& name, const QString& title
     items.clear();
     menus->end(); // last: who hears of it may end the builder
   });
-  QObject::connect(&Styles::Instance(), &Styles::changed, q, [this] { dressAll(); });
+  QObject::connect(&Styles::Instance(), &Styles::changed, q, [this] { applyStyles(); });
 }
 
 MenuBarItemPointer MenuBuilderPrivate::addOrInsert(bool insert, int index, const QString& name,
@@ -92,7 +92,7 @@ MenuBarItemPointer MenuBuilderPrivate::addOrInsert(bool insert, int index, const
       button->installEventFilter(filter);
   }
   q->SetMenuBarItemButtonStyle(item->button, style);
-  dress(item);
+  applyStyle(item);
   return bar && items.value(name) == item ? item : MenuBarItemPointer();
 }
 
@@ -118,7 +118,7 @@ void MenuBuilderPrivate::connectClick(const MenuBarItemPointer& item, const char
     return;
   item->hasClick =
       connectToSlot(*item->button, SIGNAL(clicked()), receiver, slot, item->button->objectName());
-  dress(item);
+  applyStyle(item);
 }
 
 void MenuBuilderPrivate::addOfSpecifier(bool insert, int index, const AppMenuItemSpecifier& specifier,
@@ -277,22 +277,22 @@ void MenuBuilderPrivate::link(const MenuBarItemPointer& item, QMenu* menu) {
   menus->link(item->button.data(), menu);
   if (!bar)
     return;
-  dress(item);
+  applyStyle(item);
   refreshShortcuts();
 }
 
-void MenuBuilderPrivate::dress(const MenuBarItemPointer& item) {
+void MenuBuilderPrivate::applyStyle(const MenuBarItemPointer& item) {
   const bool split = item->hasClick && menus->menuOf(item->button.data());
   q->SetMenuBarItemStyle(item->button, split);
   if (!item->styleSheet.isEmpty())
     item->button->setStyleSheet(item->styleSheet);
 }
 
-void MenuBuilderPrivate::dressAll() {
+void MenuBuilderPrivate::applyStyles() {
   const QList<MenuBarItemPointer> all = items.values();
   for (const MenuBarItemPointer& item : all) {
     if (bar)
-      dress(item);
+      applyStyle(item);
   }
   if (!bar)
     return;

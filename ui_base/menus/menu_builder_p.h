@@ -52,8 +52,8 @@ public:
   QMenu* menuOf(const QString& name) const;
   QMenu* makeDropDown(const QString& name);
   void link(const MenuBarItemPointer& item, QMenu* menu);
-  void dress(const MenuBarItemPointer& item);
-  void dressAll();
+  void applyStyle(const MenuBarItemPointer& item);
+  void applyStyles();
   MenuContents contents();
   void refreshShortcuts();
   QList<QAction*> wantedShortcuts();

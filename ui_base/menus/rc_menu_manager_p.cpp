@@ -153,7 +153,7 @@ void RCMenuManagerPrivate::open(QAbstractButton* button, RCMenuInput input) {
 void RCMenuManagerPrivate::becomeOpen(RCMenuLink& pair) {
   pair.open = true;
   pair.menu->setEnabled(true);
-  wearAlternate(pair);
+  showAlternateStyle(pair);
   pair.button->setDown(true);
 }
 
@@ -165,16 +165,16 @@ void RCMenuManagerPrivate::becomeClosed(RCMenuLink& pair) {
     pair.menu->setEnabled(false);
   if (pair.button) {
     pair.button->setDown(false);
-    wearOriginal(pair);
+    showOriginalStyle(pair);
   }
   if (hideTimer)
     hideTimer->stop();
 }
 
-void RCMenuManagerPrivate::wearAlternate(RCMenuLink& pair) {
+void RCMenuManagerPrivate::showAlternateStyle(RCMenuLink& pair) {
   QAbstractButton& button = *pair.button;
   const QByteArray original = nameOf(RCMenuManager::BUTTON_ORIGINAL_STYLE);
-  // The application has dressed it anew since, in another theme perhaps.
+  // The application has given it another style since, in another theme perhaps.
   if (button.property(original).toString() == pair.linkedStyle) {
     pair.linkedStyle = button.styleSheet();
     button.setProperty(original, pair.linkedStyle);
@@ -182,14 +182,14 @@ void RCMenuManagerPrivate::wearAlternate(RCMenuLink& pair) {
   const QVariant alternate = styleOf(button, RCMenuManager::BUTTON_ALTERNATE_STYLE);
   if (alternate.isValid())
     button.setStyleSheet(alternate.toString());
-  pair.wornStyle = button.styleSheet();
+  pair.shownStyle = button.styleSheet();
 }
 
-void RCMenuManagerPrivate::wearOriginal(RCMenuLink& pair) {
+void RCMenuManagerPrivate::showOriginalStyle(RCMenuLink& pair) {
   QAbstractButton& button = *pair.button;
   if (button.property(nameOf(RCMenuManager::BUTTON_ORIGINAL_STYLE)).toString() == pair.linkedStyle &&
-      button.styleSheet() != pair.wornStyle)
-    return; // dressed anew while the menu was open
+      button.styleSheet() != pair.shownStyle)
+    return; // it was given another one while the menu was open
   if (styleOf(button, RCMenuManager::BUTTON_ALTERNATE_STYLE).isValid())
     button.setStyleSheet(styleOf(button, RCMenuManager::BUTTON_ORIGINAL_STYLE).toString());
 }

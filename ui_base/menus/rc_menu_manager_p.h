@@ -33,7 +33,7 @@ struct RCMenuLink {
   RCMenuInput input = RCMenuInput::Mouse; // only a mouse that leaves closes the menu
   QPoint pointer = {};                    // where it was when the menu opened
   QString linkedStyle = {};               // the style sheet that linking took for the original one
-  QString wornStyle = {};                 // the style sheet that opening has set
+  QString shownStyle = {};                // the style sheet that opening has set
 
   bool isAlive() const { return button && menu; }
 };
@@ -55,8 +55,8 @@ public:
   void open(QAbstractButton* button, RCMenuInput input);
   void becomeOpen(RCMenuLink& pair);
   void becomeClosed(RCMenuLink& pair);
-  void wearAlternate(RCMenuLink& pair);
-  void wearOriginal(RCMenuLink& pair);
+  void showAlternateStyle(RCMenuLink& pair);
+  void showOriginalStyle(RCMenuLink& pair);
   void closeAll();
   bool filterButton(RCMenuLink& pair, QEvent& event);
   bool filterButtonKey(RCMenuLink& pair, const QKeyEvent& event);

@@ -57,12 +57,12 @@ DialogMessage::DialogMessage(QWidget* parent) : QWidget(parent) {
   row->setSpacing(markSpacing);
   row->addWidget(m_mark, 0, Qt::AlignTop);
   row->addLayout(textColumn(), 1);
-  dress();
+  applyStyles();
   connect(m_unfold, &QToolButton::toggled, this, [this](bool shown) {
     updateDetails();
     Q_EMIT detailsToggled(shown);
   });
-  connect(&Styles::Instance(), &Styles::changed, this, &DialogMessage::dress);
+  connect(&Styles::Instance(), &Styles::changed, this, &DialogMessage::applyStyles);
 }
 
 QLayout* DialogMessage::textColumn() {
@@ -94,7 +94,7 @@ QLayout* DialogMessage::textColumn() {
   return column;
 }
 
-void DialogMessage::dress() {
+void DialogMessage::applyStyles() {
   const Styles& styles = Styles::Instance();
   m_text->setStyleSheet(QStringLiteral("font-weight: bold"));
   m_informative->setStyleSheet(

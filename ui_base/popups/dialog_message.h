@@ -36,7 +36,7 @@ Q_SIGNALS:
 
 private:
   QLayout* textColumn();
-  void dress();
+  void applyStyles();
   void updateDetails();
 
   EDialogSeverity m_severity = DialogPlain;

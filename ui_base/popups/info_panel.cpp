@@ -35,7 +35,7 @@ public:
   void use(InfoView* newView);
   void present();
   void read();
-  void dress();
+  void applyStyles();
 
   InfoPanel* const q;
   QLabel* title = nullptr;
@@ -77,7 +77,7 @@ void InfoPanelPrivate::present() {
   if (!view)
     return;
   view->setAccessibleName(q->accessibleName());
-  view->SetContent(dressedPage(html), base);
+  view->SetContent(styledPage(html), base);
 }
 
 void InfoPanelPrivate::read() {
@@ -87,7 +87,7 @@ void InfoPanelPrivate::read() {
   base = source;
 }
 
-void InfoPanelPrivate::dress() {
+void InfoPanelPrivate::applyStyles() {
   const Styles& styles = Styles::Instance();
   q->setPalette(styles.widgetPalette());
   title->setFont(styles.FontTitle());
@@ -108,8 +108,8 @@ InfoPanel::InfoPanel(QWidget* parent) : QWidget(parent), d(std::make_unique<Info
   column->addWidget(d->title);
   setAccessibleName(tr("Information"));
   setFocusPolicy(Qt::StrongFocus); // until there is a view that it can hand the focus to
-  d->dress();
-  connect(&Styles::Instance(), &Styles::changed, this, [this] { d->dress(); });
+  d->applyStyles();
+  connect(&Styles::Instance(), &Styles::changed, this, [this] { d->applyStyles(); });
 }
 
 InfoPanel::InfoPanel(const QString& title, QWidget* parent) : InfoPanel(parent) { SetTitle(title); }

@@ -47,7 +47,7 @@ std::optional<QByteArray> readLocal(const QUrl& url) {
   return file.readAll();
 }
 
-QString dressedPage(const QString& html) {
+QString styledPage(const QString& html) {
   static const QRegularExpression head(QStringLiteral("<head[^>]*>"),
                                        QRegularExpression::CaseInsensitiveOption);
   const QString style = QLatin1String("<style>\n") + pageStyle() + QLatin1String("</style>\n");

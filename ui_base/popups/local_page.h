@@ -14,6 +14,6 @@ std::optional<QByteArray> readLocal(const QUrl& url);
 
 /// The page with the colours and fonts of the current palette put in front, where what the page says itself
 /// comes after and counts.
-QString dressedPage(const QString& html);
+QString styledPage(const QString& html);
 
 } // namespace Vela::UiBase

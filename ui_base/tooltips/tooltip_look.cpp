@@ -41,7 +41,7 @@ const Look& lookOf(ETooltipType type) {
 
 } // namespace
 
-void TooltipLook::dress(ArrowedWindow& window, ETooltipType type) {
+void TooltipLook::applyTo(ArrowedWindow& window, ETooltipType type) {
   const Look& look = lookOf(type);
   SArrowParam arrow;
   arrow.position = look.arrow;
@@ -80,7 +80,7 @@ ArrowedWindow& ATooltipObjectPrivate::arrows() {
   arrowedWindow->hide();
   arrowedWindow->SetBorder(QColor(150, 150, 150, 100), 0, Qt::SolidLine, Qt::BevelJoin);
   if (typed)
-    TooltipLook::dress(*arrowedWindow, tooltipType);
+    TooltipLook::applyTo(*arrowedWindow, tooltipType);
   applyArrow();
   QObject::connect(&Styles::Instance(), &Styles::changed, arrowedWindow.data(), [this] {
     if (typed)
@@ -122,7 +122,7 @@ void ATooltipObjectPrivate::applyType() {
   typed = true;
   placement.reset();
   if (arrowedWindow)
-    TooltipLook::dress(*arrowedWindow, tooltipType);
+    TooltipLook::applyTo(*arrowedWindow, tooltipType);
   if (posCalculator)
     TooltipLook::place(*posCalculator, tooltipType);
 }

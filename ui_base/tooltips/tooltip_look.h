@@ -11,7 +11,7 @@ class WidgetPosCalculator;
 namespace TooltipLook {
 
 /// The arrows, the border and the shape of a type of tooltip.
-void dress(ArrowedWindow& window, ETooltipType type);
+void applyTo(ArrowedWindow& window, ETooltipType type);
 /// Only what depends on the palette.
 void color(ArrowedWindow& window, ETooltipType type);
 /// Where a tooltip of the type stands.
