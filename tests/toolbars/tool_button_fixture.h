@@ -117,3 +117,18 @@ struct MenuStage {
   QPointer<Vela::UiBase::ToolButtonWithWidgetMenu> subButton;
   QPointer<Vela::UiBase::ToolButtonWithButtonMenu> menuButton;
 };
+
+/// One of the ways in which something may happen on a stage.
+template <class Stage>
+struct Way {
+  const char* name;
+  void (*go)(Stage& stage);
+};
+
+/// A row for each way; the test fetches the index.
+template <class Stage, std::size_t count>
+void addRows(const Way<Stage> (&ways)[count]) {
+  QTest::addColumn<int>("way");
+  for (std::size_t i = 0; i < count; ++i)
+    QTest::newRow(ways[i].name) << int(i);
+}

@@ -66,7 +66,6 @@ private Q_SLOTS:
   void menuGoesThroughItsStates();
   void flyoutOpensWhereItWasAskedFor_data();
   void flyoutOpensWhereItWasAskedFor();
-  void closedMidWayAMenuIsNotAnnounced();
   void sharedFlyoutOutlivesItsBars_data();
   void sharedFlyoutOutlivesItsBars();
   void panelGoesToTheHomeItHasNow_data();
@@ -74,48 +73,41 @@ private Q_SLOTS:
   void lockedButtonRefusesItsPanel();
   void pressesOutsideClose_data();
   void pressesOutsideClose();
-  void extendModeEndsWhole_data();
-  void extendModeEndsWhole();
   void replacedFlyoutAsksTheController();
   void sayingsOfTheHosting();
 };
 
 // o: begins to open, O: has opened, a: was announced, c: begins to close, C: has closed,
-// p: closed by a press, k: a click on a closed one, K: on an open one, t: the click is dealt with, r:
-// released.
+// R: wanted back, p: closed by a press, k: a click on a closed one, K: on an open one, t: the click is dealt
+// with, r: released.
 void ToolButtonHostingTest::menuGoesThroughItsStates_data() {
   QTest::addColumn<QByteArray>("steps");
   QTest::addColumn<int>("phase");
   QTest::addColumn<int>("click");
   QTest::addColumn<QByteArray>("last"); // what the last step answered
-  const auto row = [](const char* steps, MenuState::EPhase phase, MenuState::EClick click, const char* last) {
-    QTest::newRow(steps) << QByteArray(steps) << int(phase) << int(click) << QByteArray(last);
+  const auto row = [](const char* steps, int phase, int click, const char* last) {
+    QTest::newRow(steps) << QByteArray(steps) << phase << click << QByteArray(last);
   };
-  row("o", MenuState::Opening, MenuState::NoClick, "yes");
-  row("oo", MenuState::Opening, MenuState::NoClick, "no");
-  row("oO", MenuState::Open, MenuState::NoClick, "yes");
-  row("oOO", MenuState::Open, MenuState::NoClick, "no");
-  row("oOo", MenuState::Open, MenuState::NoClick, "no");
-  row("oOc", MenuState::Closing, MenuState::NoClick, "yes");
-  row("oOcc", MenuState::Closing, MenuState::NoClick, "no");
-  row("oOcO", MenuState::Closing, MenuState::NoClick, "no");
-  row("oOcC", MenuState::Closed, MenuState::NoClick, "no");
-  row("oOca", MenuState::Closing, MenuState::NoClick, "yes");
-  row("oOcCa", MenuState::Closed, MenuState::NoClick, "no");
-  row("oca", MenuState::Closing, MenuState::NoClick, "no");
-  row("oOco", MenuState::Reopening, MenuState::NoClick, "no");
-  row("oOcoC", MenuState::Closed, MenuState::NoClick, "yes");
-  row("oOcocC", MenuState::Closed, MenuState::NoClick, "no");
-  row("oOcoc", MenuState::Closing, MenuState::NoClick, "no");
-  row("O", MenuState::Closed, MenuState::NoClick, "no");
-  row("c", MenuState::Closed, MenuState::NoClick, "no");
-  row("k", MenuState::Closed, MenuState::ClickOpens, "");
-  row("K", MenuState::Closed, MenuState::ClickCloses, "");
-  row("pk", MenuState::Closed, MenuState::ClickCloses, "");
-  row("prk", MenuState::Closed, MenuState::ClickOpens, "");
-  row("kt", MenuState::Closed, MenuState::NoClick, "opens");
-  row("pkt", MenuState::Closed, MenuState::NoClick, "closes");
-  row("pktt", MenuState::Closed, MenuState::NoClick, "none");
+  using S = MenuState;
+  row("oo", S::Opening, S::NoClick, "no");
+  row("oO", S::Open, S::NoClick, "yes");
+  row("oOO", S::Open, S::NoClick, "no");
+  row("oOo", S::Open, S::NoClick, "no");
+  row("oOcc", S::Closing, S::NoClick, "no");
+  row("oOcO", S::Closing, S::NoClick, "no");
+  row("oOca", S::Closing, S::NoClick, "yes");
+  row("oOcCa", S::Closed, S::NoClick, "no");
+  row("oca", S::Closing, S::NoClick, "no");
+  row("R", S::Closed, S::NoClick, "no");
+  row("oOcR", S::Reopening, S::NoClick, "yes");
+  row("oOcRC", S::Closed, S::NoClick, "yes");
+  row("oOcRcC", S::Closed, S::NoClick, "no");
+  row("c", S::Closed, S::NoClick, "no");
+  row("pk", S::Closed, S::ClickCloses, "");
+  row("prk", S::Closed, S::ClickOpens, "");
+  row("kt", S::Closed, S::NoClick, "opens");
+  row("pkt", S::Closed, S::NoClick, "closes");
+  row("pktt", S::Closed, S::NoClick, "none");
 }
 
 void ToolButtonHostingTest::menuGoesThroughItsStates() {
@@ -132,6 +124,8 @@ void ToolButtonHostingTest::menuGoesThroughItsStates() {
       answer = yes(state.beginOpening());
     else if (step == 'O')
       answer = yes(state.finishOpening());
+    else if (step == 'R')
+      answer = yes(state.beginReopening());
     else if (step == 'c')
       answer = yes(state.beginClosing());
     else if (step == 'p')
@@ -203,47 +197,6 @@ void ToolButtonHostingTest::flyoutOpensWhereItWasAskedFor() {
   QVERIFY(!menu->isVisible() && !stage.command->isChecked());
 }
 
-void ToolButtonHostingTest::closedMidWayAMenuIsNotAnnounced() {
-  class HidesOnShow : public QObject {
-  public:
-    explicit HidesOnShow(ToolButtonWithMenu& button) : m_button(button) {}
-    bool eventFilter(QObject*, QEvent* event) override {
-      if (event->type() == QEvent::Show)
-        m_button.HideMenu();
-      return false;
-    }
-
-  private:
-    ToolButtonWithMenu& m_button;
-  };
-  QStringList order;
-  MenuStage stage(true);
-  HidesOnShow filter(*stage.button);
-  stage.flyout->installEventFilter(&filter);
-  QSignalSpy heard(stage.button, &ToolButtonWithMenu::ButtonMenuVisibilityChange);
-  stage.click(stage.button);
-  Vela::Test::settle();
-  stage.flyout->removeEventFilter(&filter);
-  QCOMPARE(heard.count(), 0);
-  QCOMPARE(stage.observer->began, 1);
-  QCOMPARE(stage.observer->ended, 1);
-  QVERIFY(!stage.flyout->isVisible() && !stage.command->isChecked());
-  QCOMPARE(stage.button->MenuPhase(), MenuState::Closed);
-
-  // Wanted back while it closes, it comes back when everybody knows.
-  connect(stage.menuButton, &ToolButtonWithMenu::ButtonMenuVisibilityChange, &stage.window,
-          [&](ToolButton*, bool visible) { order += visible ? "opened" : "closed"; });
-  connect(stage.menuButton, &QToolButton::toggled, &stage.window, [&stage](bool checked) {
-    if (!checked && stage.menuButton->MenuPhase() == MenuState::Closing)
-      stage.menuButton->ShowMenu();
-  });
-  stage.menuButton->ShowMenu();
-  stage.subBar->hide();
-  Vela::Test::settle();
-  QCOMPARE(order, QStringList({"opened", "closed", "opened"}));
-  QVERIFY(stage.subBar->isVisible());
-}
-
 void ToolButtonHostingTest::sharedFlyoutOutlivesItsBars_data() {
   QTest::addColumn<QString>("first");
   for (const char* first : {"opener", "bar", "other bar", "window", "arrowed window", "opener as it closes",
@@ -308,18 +261,13 @@ void ToolButtonHostingTest::sharedFlyoutOutlivesItsBars() {
 void ToolButtonHostingTest::panelGoesToTheHomeItHasNow_data() {
   QTest::addColumn<QString>("change");
   QTest::addColumn<QString>("home"); // empty: it has died; "none": without a parent
-  QTest::newRow("none") << "none"
-                        << "parent";
-  QTest::newRow("parent dies") << "parent dies"
-                               << "";
-  QTest::newRow("given another one") << "other"
-                                     << "other";
-  QTest::newRow("given another one, which dies") << "other dies"
-                                                 << "";
-  QTest::newRow("set free") << "free"
-                            << "none";
-  QTest::newRow("set free, the old one dies") << "free, parent dies"
-                                              << "none";
+  const auto row = [](const char* change, const char* home) { QTest::newRow(change) << change << home; };
+  row("none", "parent");
+  row("parent dies", "");
+  row("other", "other");
+  row("other dies", "");
+  row("free", "none");
+  row("free, parent dies", "none");
 }
 
 void ToolButtonHostingTest::panelGoesToTheHomeItHasNow() {
@@ -451,38 +399,6 @@ void ToolButtonHostingTest::pressesOutsideClose() {
   Vela::Test::settle();
   QCOMPARE(stage.flyout->isVisible(), open);
   QCOMPARE(stage.command->isActive(), open);
-}
-
-void ToolButtonHostingTest::extendModeEndsWhole_data() {
-  QTest::addColumn<QString>("end");
-  for (const char* end : {"no controller", "other controller", "shortcut of a locked one", "selection"})
-    QTest::newRow(end) << end;
-}
-
-void ToolButtonHostingTest::extendModeEndsWhole() {
-  QFETCH(QString, end);
-  MenuStage stage;
-  stage.menuButton->SetExtendMode(true);
-  stage.menuButton->SetClearSelectionOnHide(end == "selection");
-  stage.subButton->Action()->setCheckable(true);
-  stage.click(stage.menuButton);
-  stage.click(stage.subButton);
-  Vela::Test::settle();
-  QVERIFY(stage.menuButton->IsInExtendMode() && stage.subFlyout->isVisible());
-  QVERIFY(stage.subButton->isChecked() && stage.plain->IsLocked());
-  if (end == "no controller")
-    stage.subButton->SetExtendController(nullptr);
-  else if (end == "other controller")
-    stage.subButton->SetExtendController(stage.field);
-  else if (end == "selection")
-    stage.click(stage.menuButton);
-  else
-    stage.command->trigger();
-  Vela::Test::settle();
-  QVERIFY(!stage.menuButton->IsInExtendMode() && !stage.plain->IsLocked() && !stage.menuButton->isChecked());
-  QVERIFY(!stage.subFlyout->isVisible() && !stage.subButton->isChecked());
-  QCOMPARE(stage.flyout->isVisible(), end == "shortcut of a locked one");
-  QCOMPARE(stage.command->isActive(), end == "shortcut of a locked one");
 }
 
 void ToolButtonHostingTest::replacedFlyoutAsksTheController() {

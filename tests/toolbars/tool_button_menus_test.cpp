@@ -24,6 +24,41 @@ bool isInSight(const QWidget& popup, const QRect& body, const QWidget& button) {
   return popup.isVisible() && room.contains(seen) && !seen.intersects(owner);
 }
 
+using End = Way<MenuStage>;
+
+const End menuEnds[] = {
+    {"click", [](MenuStage& stage) { stage.click(stage.menuButton); }},
+    {"plain click", [](MenuStage& stage) { stage.click(stage.plain); }},
+    {"sub click", [](MenuStage& stage) { stage.click(stage.subPlain); }},
+    {"outside", [](MenuStage& stage) { stage.click(stage.field); }},
+    {"escape", [](MenuStage& stage) { stage.menuButton->setFocus(), stage.key(Qt::Key_Escape); }},
+    {"hide", [](MenuStage& stage) { stage.subBar->hide(); }},
+    {"hide menu", [](MenuStage& stage) { stage.menuButton->HideMenu(); }},
+    {"bar", [](MenuStage& stage) { stage.bar->HideMe(false); }},
+};
+
+const End flyoutEnds[] = {
+    {"click", [](MenuStage& stage) { stage.click(stage.button); }},
+    {"Close", [](MenuStage& stage) { stage.clickIn(stage.flyout, "Close"); }},
+    {"Cancel", [](MenuStage& stage) { stage.clickIn(stage.flyout, "Cancel"); }},
+    {"escape", [](MenuStage& stage) { stage.key(Qt::Key_Escape); }},
+    {"outside", [](MenuStage& stage) { stage.click(stage.field); }},
+    {"plain click", [](MenuStage& stage) { stage.click(stage.plain); }},
+    {"exit", [](MenuStage& stage) { stage.command->onExitCommand(); }},
+    {"finalize", [](MenuStage& stage) { stage.command->onFinalize(); }},
+    {"hide menu", [](MenuStage& stage) { stage.button->HideMenu(); }},
+    {"hide window", [](MenuStage& stage) { stage.button->GetArrowedWindow()->hide(); }},
+    {"signal", [](MenuStage& stage) { Q_EMIT stage.button->CloseFlyout(); }},
+};
+
+const End simpleEnds[] = {
+    {"click", [](MenuStage& stage) { stage.click(stage.button); }},
+    {"outside", [](MenuStage& stage) { stage.click(stage.field); }},
+    {"exit", [](MenuStage& stage) { stage.command->onExitCommand(); }},
+    {"hide panel", [](MenuStage& stage) { stage.button->GetMenu()->hide(); }},
+    {"hide menu", [](MenuStage& stage) { stage.button->HideMenu(); }},
+};
+
 } // namespace
 
 class ToolButtonMenusTest : public Vela::Test::TestCase {
@@ -45,15 +80,10 @@ private Q_SLOTS:
   void popupsAreInSight();
 };
 
-void ToolButtonMenusTest::menuIsAnnouncedOnceHoweverItCloses_data() {
-  QTest::addColumn<QString>("end");
-  for (const char* end :
-       {"click", "plain click", "sub click", "outside", "escape", "hide", "hide menu", "bar"})
-    QTest::newRow(end) << end;
-}
+void ToolButtonMenusTest::menuIsAnnouncedOnceHoweverItCloses_data() { addRows(menuEnds); }
 
 void ToolButtonMenusTest::menuIsAnnouncedOnceHoweverItCloses() {
-  QFETCH(QString, end);
+  QFETCH(int, way);
   MenuStage stage;
   QSignalSpy fromBar(stage.bar, &ToolBar::ButtonMenuVisibilityChange);
   for (int round = 0; round < 2; ++round) {
@@ -64,23 +94,7 @@ void ToolButtonMenusTest::menuIsAnnouncedOnceHoweverItCloses() {
     stage.menuButton->ShowMenu(); // places it anew
     QCOMPARE(fromBar.count(), 1);
     QVERIFY(fromBar.takeFirst().at(1).toBool());
-    if (end == "click")
-      stage.click(stage.menuButton);
-    else if (end == "plain click")
-      stage.click(stage.plain);
-    else if (end == "sub click")
-      stage.click(stage.subPlain);
-    else if (end == "outside")
-      stage.click(stage.field);
-    else if (end == "escape") {
-      stage.menuButton->setFocus();
-      stage.key(Qt::Key_Escape);
-    } else if (end == "hide")
-      stage.subBar->hide();
-    else if (end == "hide menu")
-      stage.menuButton->HideMenu();
-    else
-      stage.bar->HideMe(false);
+    menuEnds[way].go(stage);
     QVERIFY(!stage.subBar->isVisible() && !stage.menuButton->isChecked());
     QVERIFY(stage.menuButton->GetTooltipObject()->IsTooltipEnabled());
     stage.menuButton->HideMenu();
@@ -91,57 +105,31 @@ void ToolButtonMenusTest::menuIsAnnouncedOnceHoweverItCloses() {
 
 void ToolButtonMenusTest::flyoutAndCommandOpenAndCloseTogether_data() {
   QTest::addColumn<bool>("checkable");
-  QTest::addColumn<QString>("start");
-  QTest::addColumn<QString>("end");
+  QTest::addColumn<bool>("shortcut");
+  QTest::addColumn<int>("way");
   for (const bool checkable : {false, true}) {
-    for (const QString start : {"click", "shortcut"}) {
-      for (const QString end : {"click", "Close", "Cancel", "escape", "outside", "plain click", "exit",
-                                "hide menu", "hide window", "signal", "shortcut"}) {
-        if (checkable || end != "shortcut") // which begins again
-          QTest::addRow("%s, %s to %s", checkable ? "checkable" : "plain", qPrintable(start), qPrintable(end))
-              << checkable << start << end;
-      }
+    for (const bool shortcut : {false, true}) {
+      for (int i = 0; i < int(std::size(flyoutEnds)); ++i)
+        QTest::addRow("%d%d, %s", checkable, shortcut, flyoutEnds[i].name) << checkable << shortcut << i;
     }
   }
 }
 
 void ToolButtonMenusTest::flyoutAndCommandOpenAndCloseTogether() {
   QFETCH(bool, checkable);
-  QFETCH(QString, start);
-  QFETCH(QString, end);
+  QFETCH(bool, shortcut);
+  QFETCH(int, way);
   MenuStage stage(checkable);
   QSignalSpy visibility(stage.button, &ToolButtonWithMenu::ButtonMenuVisibilityChange);
   QSignalSpy closed(stage.flyout, &FlyoutBase::CloseFlyout);
   for (int round = 1; round <= 2; ++round) {
-    if (start == "click")
-      stage.click(stage.button);
-    else
-      stage.command->trigger();
+    shortcut ? stage.command->trigger() : stage.click(stage.button);
     Vela::Test::settle();
     QVERIFY(stage.flyout->isVisible() && stage.command->isActive());
     QCOMPARE(stage.button->isChecked(), checkable);
     QCOMPARE(stage.bar->GetActiveButton(), stage.button.data());
     QCOMPARE(visibility.count(), 1);
-    if (end == "click")
-      stage.click(stage.button);
-    else if (end == "escape")
-      stage.key(Qt::Key_Escape);
-    else if (end == "outside")
-      stage.click(stage.field);
-    else if (end == "plain click")
-      stage.click(stage.plain);
-    else if (end == "exit")
-      stage.command->onExitCommand();
-    else if (end == "hide menu")
-      stage.button->HideMenu();
-    else if (end == "hide window")
-      stage.button->GetArrowedWindow()->hide();
-    else if (end == "signal")
-      Q_EMIT stage.button->CloseFlyout();
-    else if (end == "shortcut")
-      stage.command->trigger();
-    else
-      stage.clickIn(stage.flyout, end);
+    flyoutEnds[way].go(stage);
     Vela::Test::settle();
     QVERIFY(!stage.flyout->isVisible() && !stage.button->GetArrowedWindow()->isVisible());
     QVERIFY(!stage.command->isActive() && !stage.button->isChecked() && !stage.command->isChecked());
@@ -155,32 +143,16 @@ void ToolButtonMenusTest::flyoutAndCommandOpenAndCloseTogether() {
   }
 }
 
-void ToolButtonMenusTest::simpleFlyoutIsHosted_data() {
-  QTest::addColumn<QString>("end");
-  for (const char* end : {"click", "outside", "exit", "hide panel", "hide menu"})
-    QTest::newRow(end) << end;
-}
+void ToolButtonMenusTest::simpleFlyoutIsHosted_data() { addRows(simpleEnds); }
 
 void ToolButtonMenusTest::simpleFlyoutIsHosted() {
-  QFETCH(QString, end);
+  QFETCH(int, way);
   QSpinBox panel;
   MenuStage stage(false, &panel);
   for (int round = 1; round <= 2; ++round) {
-    if (round == 1)
-      stage.click(stage.button);
-    else
-      stage.command->trigger();
+    round == 1 ? stage.click(stage.button) : stage.command->trigger();
     QVERIFY(panel.isVisible() && stage.button->GetArrowedWindow()->isAncestorOf(&panel));
-    if (end == "click")
-      stage.click(stage.button);
-    else if (end == "outside")
-      stage.click(stage.field);
-    else if (end == "exit")
-      stage.command->onExitCommand();
-    else if (end == "hide panel")
-      panel.hide();
-    else
-      stage.button->HideMenu();
+    simpleEnds[way].go(stage);
     QVERIFY(!panel.isVisible() && !stage.command->isActive());
     QCOMPARE(stage.observer->began, round);
     QCOMPARE(stage.observer->ended, round);

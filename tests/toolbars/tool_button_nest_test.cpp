@@ -16,6 +16,22 @@ public:
   bool activate(const QString&, QString*) override { return false; }
 };
 
+const Way<MenuStage> extendEnds[] = {
+    {"click", [](MenuStage& stage) { stage.click(stage.menuButton); }},
+    {"space", [](MenuStage& stage) { stage.menuButton->setFocus(), stage.key(Qt::Key_Space); }},
+    {"Close", [](MenuStage& stage) { stage.clickIn(stage.subFlyout, "Close"); }},
+    {"escape", [](MenuStage& stage) { stage.key(Qt::Key_Escape); }},
+    {"outside", [](MenuStage& stage) { stage.click(stage.field); }},
+    {"off", [](MenuStage& stage) { stage.menuButton->SetExtendMode(false); }},
+    {"no controller", [](MenuStage& stage) { stage.subButton->SetExtendController(nullptr); }},
+    {"other controller", [](MenuStage& stage) { stage.subButton->SetExtendController(stage.field); }},
+    {"shortcut of a locked one", [](MenuStage& stage) { stage.command->trigger(); }},
+    {"sub-button", [](MenuStage& stage) { delete stage.subButton; }},
+    {"flyout", [](MenuStage& stage) { delete stage.subFlyout; }},
+    {"other menu", [](MenuStage& stage) { stage.menuButton->SetMenu(nullptr); }},
+    {"bar hidden", [](MenuStage& stage) { stage.bar->hide(); }},
+};
+
 } // namespace
 
 class ToolButtonNestTest : public Vela::Test::TestCase {
@@ -28,8 +44,6 @@ private Q_SLOTS:
   void buttonStandsInForTheExtendedOne();
   void nothingStandsInForNothing();
   void licenseDoesNotEndTheExtendMode();
-  void commandMayGoWhileItsMenuIsOpen_data();
-  void commandMayGoWhileItsMenuIsOpen();
 };
 
 void ToolButtonNestTest::arrowPointsToTheMenu_data() {
@@ -62,17 +76,14 @@ void ToolButtonNestTest::arrowPointsToTheMenu() {
   QCOMPARE(path.toSubpathPolygons(), QList<QPolygonF>{expected});
 }
 
-void ToolButtonNestTest::buttonStandsInForTheExtendedOne_data() {
-  QTest::addColumn<QString>("end");
-  for (const char* end : {"click", "space", "Close", "escape", "outside", "off", "sub-button", "flyout",
-                          "menu", "other menu", "bar hidden"})
-    QTest::newRow(end) << end;
-}
+void ToolButtonNestTest::buttonStandsInForTheExtendedOne_data() { addRows(extendEnds); }
 
 void ToolButtonNestTest::buttonStandsInForTheExtendedOne() {
-  QFETCH(QString, end);
+  QFETCH(int, way);
   MenuStage stage;
   stage.menuButton->SetExtendMode(true);
+  stage.menuButton->SetClearSelectionOnHide(true);
+  stage.subButton->Action()->setCheckable(true);
   QCOMPARE(stage.subButton->ExtendController(), stage.menuButton.data());
   QSignalSpy cleared(stage.menuButton, &ToolButtonWithButtonMenu::ButtonMenuCleared);
   stage.click(stage.menuButton);
@@ -85,37 +96,19 @@ void ToolButtonNestTest::buttonStandsInForTheExtendedOne() {
   QVERIFY(stage.plain->IsLocked() && stage.button->IsLocked() && !stage.menuButton->IsLocked());
   stage.plain->click();
   QVERIFY(stage.subFlyout->isVisible());
-  if (end == "click") {
-    stage.click(stage.menuButton);
-    QVERIFY(!stage.subBar->isVisible()); // closed, not opened again
-  } else if (end == "space") {
-    stage.menuButton->setFocus();
-    stage.key(Qt::Key_Space);
-  } else if (end == "Close")
-    stage.clickIn(stage.subFlyout, "Close");
-  else if (end == "escape")
-    stage.key(Qt::Key_Escape);
-  else if (end == "outside")
-    stage.click(stage.field);
-  else if (end == "bar hidden")
-    stage.bar->hide();
-  else if (end == "off")
-    stage.menuButton->SetExtendMode(false);
-  else if (end == "sub-button")
-    delete stage.subButton;
-  else if (end == "flyout")
-    delete stage.subFlyout;
-  else if (end == "menu")
-    delete stage.subBar;
-  else
-    stage.menuButton->SetMenu(nullptr);
+  cleared.clear();
+  extendEnds[way].go(stage);
   Vela::Test::settle();
   QVERIFY(!stage.menuButton->IsInExtendMode() && !stage.menuButton->isChecked());
-  QVERIFY(!stage.menuButton->ExtendedButton() && !stage.bar->GetActiveButton());
+  QVERIFY(!stage.menuButton->ExtendedButton() && !stage.subBar->isVisible());
   QVERIFY(!stage.subFlyout || !stage.subFlyout->isVisible());
+  QVERIFY(!stage.subButton || !stage.subButton->isChecked());
   QCOMPARE(shownColor(*stage.menuButton), QColor(Qt::red));
   QVERIFY(!stage.plain->IsLocked() && !stage.button->IsLocked());
   QCOMPARE(cleared.count(), 1);
+  const bool other = stage.command->isActive(); // a shortcut opened it
+  QCOMPARE(other, QByteArray(QTest::currentDataTag()) == "shortcut of a locked one");
+  QCOMPARE(stage.bar->GetActiveButton(), other ? stage.button.data() : nullptr);
 }
 
 void ToolButtonNestTest::nothingStandsInForNothing() {
@@ -144,32 +137,6 @@ void ToolButtonNestTest::licenseDoesNotEndTheExtendMode() {
   QVERIFY(stage.button->IsLocked() && stage.plain->IsLocked());
   stage.click(stage.menuButton);
   QVERIFY(!stage.button->IsLocked() && !stage.plain->IsLocked());
-}
-
-// Buttons, bars, panels and windows go in the fuzz test.
-void ToolButtonNestTest::commandMayGoWhileItsMenuIsOpen_data() {
-  QTest::addColumn<bool>("checkable");
-  QTest::addColumn<QString>("first");
-  for (const QString first : {"command", "view"}) {
-    QTest::addRow("%s", qPrintable(first)) << false << first;
-    QTest::addRow("checkable, %s", qPrintable(first)) << true << first;
-  }
-}
-
-void ToolButtonNestTest::commandMayGoWhileItsMenuIsOpen() {
-  QFETCH(bool, checkable);
-  QFETCH(QString, first);
-  MenuStage stage(checkable);
-  stage.click(stage.button);
-  QVERIFY(stage.flyout->isVisible());
-  if (first == "command")
-    stage.controller->removeCommand(stage.command);
-  else
-    delete stage.view;
-  Vela::Test::settle();
-  QCOMPARE(stage.flyout.isNull(), first == "view");
-  QCOMPARE(stage.bar.isNull(), first == "view");
-  QVERIFY(!stage.button);
 }
 
 VELA_TEST_MAIN(ToolButtonNestTest)

@@ -44,7 +44,6 @@ public:
   }
   using ToolButton::EnableActions;
   using ToolButton::SetCallbackHandler;
-  using ToolButton::SetShowCallbackHandler;
   QStringList heard;
 
 protected:
@@ -130,7 +129,6 @@ class ToolButtonTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void bareButtonOnlyAnnouncesClicks();
   void clickGoesOnInOrder();
   void iconFollowsTheMouse();
   void pictureFollowsIconAndPalette();
@@ -141,22 +139,7 @@ private Q_SLOTS:
   void lockedButtonTakesNothing();
   void licenseLocksPaidCommands();
   void firstRefusalEndsTheRound();
-  void handlerKeepsTheButtonHidden();
-  void actionOrBarMayGoFirst();
 };
-
-void ToolButtonTest::bareButtonOnlyAnnouncesClicks() {
-  ToolButton button;
-  QVERIFY(!button.Action() && !button.OwningToolBar() && !button.GetTooltipObject());
-  QCOMPARE(button.focusPolicy(), Qt::NoFocus);
-  QSignalSpy clicked(&button, &ToolButton::ToolButtonClicked);
-  button.click();
-  QCOMPARE(clicked.count(), 1);
-  button.RefreshTooltip();
-  button.SetTooltipParameters({}, Right, 5, AlignCenter);
-  QAction loose;
-  QVERIFY(!ToolButton(&loose, nullptr, nullptr).Action());
-}
 
 void ToolButtonTest::clickGoesOnInOrder() {
   Stage stage;
@@ -253,41 +236,38 @@ void ToolButtonTest::tooltipFollowsTheActionUnlessItHasItsOwn() {
 }
 
 void ToolButtonTest::toolbarHearsEveryMouseEventOnce_data() {
+  QTest::addColumn<bool>("enabled");
   QTest::addColumn<bool>("locked");
-  QTest::newRow("free") << false;
-  QTest::newRow("locked") << true;
+  QTest::newRow("free") << true << false;
+  QTest::newRow("locked") << true << true;
+  QTest::newRow("disabled") << false << false;
 }
 
 void ToolButtonTest::toolbarHearsEveryMouseEventOnce() {
+  QFETCH(bool, enabled);
   QFETCH(bool, locked);
   Stage stage;
   stage.mouse(stage.middle());
   Vela::Test::settle();
+  stage.button->setEnabled(enabled);
   stage.button->SetLocked(locked);
+  const QPoint start = stage.bar->pos() + QPoint(60, 20);
+  stage.mouse(start);
+  Vela::Test::settle();
   MouseLog log;
   stage.bar->installEventFilter(&log);
-  QStringList expected;
-  const auto expect = [&](QEvent::Type type, const QPoint& inBar) {
-    const QPoint global = stage.bar->mapToGlobal(inBar);
-    expected +=
-        QString("%1 %2,%3 %4,%5").arg(type).arg(inBar.x()).arg(inBar.y()).arg(global.x()).arg(global.y());
-  };
-  const QPoint offset = stage.bar->pos();
-  for (const Qt::MouseButton mouseButton : {Qt::LeftButton, Qt::RightButton}) {
-    QTest::mouseMove(stage.window.windowHandle(), offset + QPoint(60, 20));
-    QTest::mousePress(stage.window.windowHandle(), mouseButton, {}, offset + QPoint(60, 20));
-    QTest::mouseMove(stage.window.windowHandle(), offset + QPoint(63, 21));
-    QTest::mouseMove(stage.window.windowHandle(), offset + QPoint(66, 22));
-    QTest::mouseRelease(stage.window.windowHandle(), mouseButton, {}, offset + QPoint(66, 22));
-    expect(QEvent::MouseMove, {60, 20});
-    expect(QEvent::MouseButtonPress, {60, 20});
-    expect(QEvent::MouseMove, {63, 21});
-    expect(QEvent::MouseMove, {66, 22});
-    expect(QEvent::MouseButtonRelease, {66, 22});
-  }
+  QTest::mousePress(stage.window.windowHandle(), Qt::RightButton, {}, start);
+  stage.mouse(start + QPoint(3, 1));
+  stage.mouse(start + QPoint(6, 2));
+  QTest::mouseRelease(stage.window.windowHandle(), Qt::RightButton, {}, start + QPoint(6, 2));
   Vela::Test::settle();
+  const auto line = [&](QEvent::Type type, const QPoint& inBar) {
+    const QPoint global = stage.bar->mapToGlobal(inBar);
+    return QString("%1 %2,%3 %4,%5").arg(type).arg(inBar.x()).arg(inBar.y()).arg(global.x()).arg(global.y());
+  };
+  QStringList expected{line(QEvent::MouseButtonPress, {60, 20}), line(QEvent::MouseMove, {63, 21}),
+                       line(QEvent::MouseMove, {66, 22}), line(QEvent::MouseButtonRelease, {66, 22})};
   QCOMPARE(log.events, expected);
-  QCOMPARE(stage.button->heard.isEmpty(), locked);
 }
 
 void ToolButtonTest::lockedButtonTakesNothing() {
@@ -355,39 +335,6 @@ void ToolButtonTest::firstRefusalEndsTheRound() {
   stage.button->EnableActions();
   QVERIFY(stage.button->isEnabled() && stage.action.isEnabled());
   QCOMPARE(second.asked, 1);
-}
-
-void ToolButtonTest::handlerKeepsTheButtonHidden() {
-  class Never : public ToolButton::IToolButtonShowCallbackHandler {
-  public:
-    bool operator()(ToolButton*) override { return show; }
-    bool show = false;
-  };
-  Stage stage;
-  Never never;
-  stage.button->SetShowCallbackHandler(&never);
-  QVERIFY(!stage.button->isVisible());
-  stage.button->show();
-  QVERIFY(!stage.button->isVisible());
-  never.show = true;
-  stage.button->show();
-  QVERIFY(stage.button->isVisible());
-}
-
-void ToolButtonTest::actionOrBarMayGoFirst() {
-  Stage stage;
-  auto action = std::make_unique<QAction>("dies");
-  auto bar = std::make_unique<ToolBar>(&stage.window, Qt::TopToolBarArea);
-  ToolButton button(action.get(), bar.get(), &stage.window);
-  button.show();
-  action.reset();
-  QVERIFY(!button.Action());
-  bar.reset();
-  QVERIFY(!button.OwningToolBar());
-  QTest::mouseClick(stage.window.windowHandle(), Qt::LeftButton, {},
-                    button.mapTo(&stage.window, button.rect().center()));
-  button.RefreshTooltip();
-  button.click();
 }
 
 VELA_TEST_MAIN(ToolButtonTest)

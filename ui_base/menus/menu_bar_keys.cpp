@@ -37,7 +37,7 @@ void MenuBarKeys::enter(QToolButton* item) {
   if (!item || !m_bar->isVisible())
     return;
   if (!m_active)
-    m_focusBefore = QApplication::focusWidget();
+    m_focus.keep();
   m_active = true;
   moveTo(item);
 }
@@ -49,9 +49,7 @@ void MenuBarKeys::leave() {
   QWidget* const focus = m_bar->window()->focusWidget();
   if (!focus || !m_bar->isAncestorOf(focus))
     return; // it went elsewhere on its own
-  if (m_focusBefore && m_focusBefore->isVisible() && m_focusBefore->isEnabled())
-    m_focusBefore->setFocus(Qt::MenuBarFocusReason);
-  else
+  if (!m_focus.giveBackFrom(*m_bar, Qt::MenuBarFocusReason))
     focus->clearFocus();
 }
 

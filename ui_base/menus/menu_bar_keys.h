@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/core/focus_keeper.h>
+
 #include <QObject>
 #include <QPointer>
 
@@ -47,7 +49,7 @@ private:
   MenuBarWidget* const m_bar;
   MenuBarMenus* const m_menus;
   QPointer<QWidget> m_window;
-  QPointer<QWidget> m_focusBefore;
+  FocusKeeper m_focus;
   bool m_active = false;
   bool m_altPressed = false;
 };

@@ -29,8 +29,9 @@ ArrowedWindow::ArrowedWindow(ArrowedWindowPrivate& state, QWidget* parent)
 }
 
 ArrowedWindow::~ArrowedWindow() {
-  // The content dies later than the private object.
+  // The content dies later than the private object, and so would the shadow.
   d->release();
+  setGraphicsEffect(nullptr);
 }
 
 void ArrowedWindow::Initialize() {

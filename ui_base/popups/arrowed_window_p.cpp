@@ -201,8 +201,8 @@ void ArrowedWindowPrivate::normalizeArrows() {
 }
 
 void ArrowedWindowPrivate::layOut() {
-  if (!content)
-    return;
+  if (!content || layout->count() == 0)
+    return; // somebody has taken it away
   relayoutPending = false;
   m_contentSize = naturalSize(*content);
   LaidOut wanted{frame(), m_askedCurrent, content->geometry()};

@@ -119,7 +119,7 @@ void FlyoutBase::SetBusy(bool busy) {
     return;
   d->busy = busy;
   const QPointer<FlyoutBase> self(this);
-  if (busy && d->holdsFocus()) {
+  if (busy && FocusKeeper::isIn(*this)) {
     d->focusBeforeBusy = QApplication::focusWidget();
     setFocus();
   }

@@ -13,8 +13,6 @@
 #include <QPushButton>
 #include <QToolButton>
 
-#include <utility>
-
 namespace Vela::UiBase {
 
 using Resource::Styles;
@@ -114,9 +112,7 @@ void FlyoutBasePrivate::updateEnabled() {
 }
 
 void FlyoutBasePrivate::giveFocusBack() {
-  const bool held = holdsFocus();
-  if (QWidget* const before = std::exchange(focusBefore, nullptr); before && held)
-    before->setFocus(Qt::OtherFocusReason);
+  focus.giveBackFrom(*q);
 }
 
 void FlyoutBasePrivate::watchEscape() {
@@ -131,15 +127,10 @@ void FlyoutBasePrivate::forgetEscape() {
   escapeTarget.clear();
 }
 
-bool FlyoutBasePrivate::holdsFocus() const {
-  const QWidget* const focus = QApplication::focusWidget();
-  return focus && (focus == q || q->isAncestorOf(focus));
-}
-
 void FlyoutBasePrivate::takeFocus() {
-  if (holdsFocus())
+  if (FocusKeeper::isIn(*q))
     return;
-  focusBefore = QApplication::focusWidget();
+  focus.keep();
   QWidget* const control = mainPanel ? firstFocusable(mainPanel) : nullptr;
   (control ? control : q)->setFocus(Qt::TabFocusReason);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/core/focus_keeper.h>
 #include <ui_base/popups/arrowed_window.h>
 #include <ui_base/popups/flyout_base.h>
 #include <ui_base/popups/flyout_sub_widgets.h>
@@ -30,7 +31,6 @@ public:
   void giveFocusBack();
   void watchEscape();
   void forgetEscape();
-  bool holdsFocus() const;
   /// Takes the focus as if by Tab: fields select what they hold.
   void takeFocus();
   bool paintsItself() const { return !qobject_cast<ArrowedWindow*>(q->parentWidget()); }
@@ -52,7 +52,7 @@ public:
   bool busy = false;
   bool keepOpenInView = false;
   bool open = false;
-  QPointer<QWidget> focusBefore;     // had the focus before the flyout was shown
+  FocusKeeper focus;                 // from before the flyout was shown
   QPointer<QWidget> focusBeforeBusy; // in the flyout
   QPointer<QWidget> escapeTarget;    // has Escape held down
 };

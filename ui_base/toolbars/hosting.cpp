@@ -217,7 +217,9 @@ bool Hosting::eventFilter(QObject* watched, QEvent* event) {
     onParentChange();
     break;
   case QEvent::ShowToParent: // by itself, as by its command
-    if (ToolButtonWithWidgetMenu* const opener = shown ? nullptr : next())
+    if (shown)
+      button->own()->state.beginReopening();
+    else if (ToolButtonWithWidgetMenu* const opener = next())
       opener->own()->onPanelShown();
     break;
   case QEvent::Resize:

@@ -5,9 +5,13 @@
 
 namespace Vela::UiBase {
 
-bool MenuState::beginOpening() {
+bool MenuState::beginReopening() {
   if (m_phase == Closing)
     m_phase = Reopening;
+  return m_phase == Reopening;
+}
+
+bool MenuState::beginOpening() {
   if (m_phase != Closed)
     return false;
   m_phase = Opening;

@@ -28,7 +28,9 @@ public:
   /// Whether something is being done with the menu now, and its window is not to be deleted at once.
   bool isChanging() const { return m_phase != Closed && m_phase != Open; }
 
-  /// @return whether it begins to open. Not when it is open; one that closes is opened when it is closed.
+  /// @return whether it is closing, and will be opened when everybody has been told.
+  bool beginReopening();
+  /// @return whether it begins to open. Not when it is open, or closing.
   bool beginOpening();
   /// @return whether its opening is to be announced.
   bool finishOpening();

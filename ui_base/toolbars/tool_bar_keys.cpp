@@ -73,8 +73,11 @@ ToolBarFocusCycle::ToolBarFocusCycle(QWidget& window) : QObject(&window), m_wind
 }
 
 ToolBarFocusCycle& ToolBarFocusCycle::of(QWidget& window) {
-  auto* const present = window.findChild<ToolBarFocusCycle*>(QString(), Qt::FindDirectChildrenOnly);
-  return present ? *present : *new ToolBarFocusCycle(window);
+  for (QObject* const child : window.children()) { // of which some are null while the window goes
+    if (auto* const present = qobject_cast<ToolBarFocusCycle*>(child))
+      return *present;
+  }
+  return *new ToolBarFocusCycle(window);
 }
 
 QList<ToolBar*> ToolBarFocusCycle::stops() const {
@@ -97,7 +100,7 @@ void ToolBarFocusCycle::step(int direction) {
   });
   const bool inside = at != bars.cend();
   if (!inside)
-    m_before = focus;
+    m_focus.keep();
   qsizetype next = inside ? at - bars.cbegin() + direction : (direction > 0 ? 0 : bars.size() - 1);
   while (next >= 0 && next < bars.size()) {
     if (ToolBarPrivate::of(*bars[next]).keys->enter())
@@ -109,9 +112,8 @@ void ToolBarFocusCycle::step(int direction) {
 }
 
 void ToolBarFocusCycle::giveFocusBack() {
-  if (m_before && m_before->isVisible() && m_before->isEnabled())
-    m_before->setFocus(Qt::OtherFocusReason);
-  else if (QWidget* const focus = QApplication::focusWidget())
+  QWidget* const focus = QApplication::focusWidget();
+  if (!m_focus.giveBackFrom(m_window) && focus)
     focus->clearFocus();
 }
 

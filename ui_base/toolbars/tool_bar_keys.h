@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/core/focus_keeper.h>
+
 #include <QAbstractButton>
 #include <QList>
 #include <QObject>
@@ -34,7 +36,7 @@ private:
   void step(int direction);
 
   QWidget& m_window;
-  QPointer<QWidget> m_before;
+  FocusKeeper m_focus;
 };
 
 /// What the keys do in a toolbar: moving the focus along the buttons and into menus and back.

@@ -1,22 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "tool_bar_p.h"
 
-#include "tool_bar_commands.h"
 #include "tool_bar_content.h"
 #include "tool_bar_keys.h"
 #include "tool_bar_menu_watch.h"
 #include "tool_bar_overflow.h"
 #include "tool_bar_paths.h"
 #include "tool_bar_placer.h"
-#include "tool_button_p.h"
 
-#include <ui_base/commands/command_group.h>
-#include <ui_base/tooltips/tooltip_object.h>
-#include <vlk_common_res/styles.h>
-
-#include <QActionEvent>
 #include <QApplication>
-#include <QKeyEvent>
 #include <QState>
 #include <QStateMachine>
 
@@ -27,17 +19,7 @@ namespace Vela::UiBase {
 
 namespace {
 
-constexpr QSize iconLookUpSize(256, 256); // px
-constexpr int menuFollowTime = 100;       // ms
-
-/// A button shows while its action does.
-class ShownWithAction : public ToolButton::IToolButtonShowCallbackHandler {
-public:
-  bool operator()(ToolButton* button) override {
-    const QAction* const action = actionOf(*button);
-    return !action || action->isVisible();
-  }
-};
+constexpr int menuFollowTime = 100; // ms
 
 } // namespace
 
@@ -61,240 +43,6 @@ void ToolBarPrivate::InitializeStateMachine() {
   stateMachine->start();
 }
 
-// --- buttons
-
-void ToolBarPrivate::OnButtonCreated(ToolButton& button, const QString& group, bool applyTooltip,
-                                     bool applyMenu, int index) {
-  QObject::connect(&button, &ToolButton::ToolButtonClicked, toolBar, &ToolBar::OnToolButtonClicked);
-  button.setToolButtonStyle(params.buttonStyle);
-  if (!params.buttonStyleSheet.isEmpty())
-    applyStyleSheet(button);
-  button.installEventFilter(toolBar);
-  if (applyTooltip) {
-    applyTooltipParams(button);
-    applyTooltipGroup(button);
-  }
-  if (applyMenu)
-    applyMenuParams(button);
-  applySizes(button);
-  // A button that is bound to its command has the property already.
-  const QList<QAction*> actions = button.actions();
-  if (actions.size() == 1 && !button.Action()) {
-    if (const auto* const command = dynamic_cast<CommandBase*>(actions[0]))
-      button.setProperty(CMDID_PROP, command->commandId());
-  }
-  followAction(button);
-  content->insert(button, group, index);
-  InitializeButtonShowCallbackHandler(button);
-  applyHandlers(button);
-}
-
-void ToolBarPrivate::InitializeButtonShowCallbackHandler(ToolButton& button) {
-  static ShownWithAction shownWithAction;
-  button.SetShowCallbackHandler(&shownWithAction);
-  if (const QAction* const action = actionOf(button); action && !action->isVisible()) {
-    hiddenWithAction.insert(&button);
-    button.hide();
-  } else if (content->isVisible()) {
-    button.show();
-  }
-}
-
-void ToolBarPrivate::applyTooltipParams(ToolButton& button) const {
-  const ButtonPopupParams& tooltip = params.tooltip;
-  button.SetTooltipParameters(tooltip.arrow, tooltip.direction, tooltip.distance, tooltip.alignment,
-                              tooltip.offset);
-}
-
-void ToolBarPrivate::applyTooltipGroup(const ToolButton& button) const {
-  if (TooltipObject* const object = button.GetTooltipObject();
-      object && object->TooltipGroup() != params.tooltipGroup)
-    object->SetTooltipGroup(params.tooltipGroup);
-}
-
-void ToolBarPrivate::applyMenuParams(ToolButton& button) const {
-  auto* const opening = qobject_cast<ToolButtonWithButtonMenu*>(&button);
-  const ButtonPopupParams menu = opening && menusByArea ? subToolBarParams() : params.menu;
-  if (auto* const hosting = qobject_cast<ToolButtonWithWidgetMenu*>(&button))
-    hosting->SetMenuParameters(menu.autoDecide, menu.arrow, menu.direction, menu.distance, menu.alignment,
-                               menu.offset);
-  else if (opening)
-    opening->SetMenuParameters(menu.direction, menu.distance, menu.alignment, menu.offset);
-}
-
-void ToolBarPrivate::applySizes(ToolButton& button) const {
-  QSize size = params.buttonSize;
-  QSize iconSize = params.iconSize;
-  const QAction* const action = actionOf(button);
-  if (action && (size.isEmpty() || iconSize.isEmpty())) {
-    const QSize actual = action->icon().actualSize(iconLookUpSize);
-    size = size.isEmpty() ? actual : size;
-    iconSize = iconSize.isEmpty() ? actual : iconSize;
-  }
-  if (size == QSize(0, 0))
-    size += QSize(2, 2);
-  if (!iconSize.isEmpty())
-    button.setIconSize(iconSize);
-  button.setMinimumSize(size.expandedTo({0, 0}));
-  button.updateGeometry();
-}
-
-void ToolBarPrivate::applyStyleSheet(ToolButton& button) const {
-  QString sheet = params.buttonStyleSheet;
-  if (sheet.isEmpty()) // the shared one, which it follows from now on
-    button.d->styleSheet = sheet = Resource::Styles::Instance().ToolButtonOnToolPalette();
-  if (button.styleSheet() != sheet)
-    button.setStyleSheet(sheet);
-}
-
-void ToolBarPrivate::applyHandlers(ToolButton& button) const {
-  const auto* const opener = qobject_cast<ToolButtonWithMenu*>(&button);
-  auto* const menu = opener ? qobject_cast<ToolBar*>(opener->GetMenu()) : nullptr;
-  for (const auto& [action, handler] : callbackHandlers) {
-    if (action && actionOf(button) == action)
-      button.SetCallbackHandler(action, handler);
-    if (action && menu)
-      menu->AddCallbackHandler(handler, action);
-  }
-}
-
-void ToolBarPrivate::removeButton(ToolButton& button) {
-  const QPointer<ToolButton> guarded(&button);
-  button.removeEventFilter(toolBar);
-  content->take(&button);
-  hiddenWithAction.remove(&button);
-  withOwnIcon.remove(&button);
-  QPointer<QWidget> menu;
-  if (auto* const opener = qobject_cast<ToolButtonWithMenu*>(&button)) {
-    menu = opener->GetMenu();
-    opener->HideMenu();
-  }
-  if (!guarded)
-    return;
-  button.hide();
-  button.deleteLater();
-  auto* const subToolBar = qobject_cast<ToolBar*>(menu.data());
-  if (subToolBar && ownSubToolBars.removeAll(subToolBar) > 0)
-    subToolBar->deleteLater();
-}
-
-void ToolBarPrivate::adopt(ToolBar* subToolBar) {
-  if (!subToolBar)
-    return;
-  ownSubToolBars.removeAll(nullptr);
-  ownSubToolBars.append(subToolBar);
-}
-
-void ToolBarPrivate::setUpSubToolBar(ToolBar& menu, const CommandGroup* group) const {
-  menu.hide();
-  of(menu).applyPopupDefaults();
-  ToolBarParams looks = params;
-  looks.tooltip = menu.Params().tooltip;
-  looks.autoPosition = false;
-  looks.centered = false;
-  looks.offset = {};
-  looks.hideOnClick = true;
-  menu.CopyAllParametersFrom(toolBar);
-  menu.SetParams(looks);
-  // Toolbars inside of toolbars take turns across and along.
-  of(menu).menusByArea = true;
-  if (!menu.parentWidget())
-    menu.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
-  if (!group)
-    return;
-  menu.setObjectName(group->objectName());
-  menu.setAccessibleName(group->text().isEmpty() ? group->toolTip() : group->text());
-  if (group->isGrid())
-    menu.SetGridLayout(group->gridSize());
-}
-
-void ToolBarPrivate::OnButtonClickCheckExclusiveGroups(const ToolButton& button) const {
-  for (const QList<QPointer<QToolButton>>& members : exclusiveGroups) {
-    if (!std::any_of(members.cbegin(), members.cend(),
-                     [&button](const auto& member) { return member == &button; }))
-      continue;
-    for (const QPointer<QToolButton>& member : members) {
-      if (!member || member == &button || !member->isChecked())
-        continue;
-      QAction* const action = member->defaultAction();
-      if (action && action->isCheckable())
-        action->setChecked(false);
-      else
-        member->setChecked(false);
-    }
-  }
-}
-
-bool ToolBarPrivate::filterButton(ToolButton& button, QEvent& event) {
-  switch (event.type()) {
-  case QEvent::KeyPress:
-    return keys->press(button, static_cast<QKeyEvent&>(event));
-  case QEvent::ActionChanged:
-    followAction(button);
-    followVisibility(button);
-    scheduleEnableActions();
-    break;
-  case QEvent::ActionRemoved:
-    if (button.actions().isEmpty()) {
-      button.setDefaultAction(nullptr); // which may be dying, and is not to be unchecked with the button
-      removeButton(button);
-    }
-    break;
-  case QEvent::ShowToParent:
-  case QEvent::HideToParent:
-    content->updatePanels();
-    break;
-  default:
-    break;
-  }
-  return false;
-}
-
-void ToolBarPrivate::followVisibility(ToolButton& button) {
-  const QAction* const action = actionOf(button);
-  if (!action || action->isVisible() == !hiddenWithAction.contains(&button))
-    return;
-  if (!action->isVisible()) {
-    hiddenWithAction.insert(&button);
-    button.hide();
-  } else {
-    hiddenWithAction.remove(&button);
-    button.show();
-  }
-}
-
-// A button that opens the toolbar of a group is not bound to it, as its click runs nothing.
-void ToolBarPrivate::followAction(ToolButton& button) const {
-  QAction* const action = button.Action() ? nullptr : actionOf(button);
-  if (!action)
-    return;
-  const QPointer<ToolButton> guarded(&button);
-  const QPointer<QAction> followed(action);
-  if (!action->text().isEmpty())
-    button.setText(action->text());
-  if (!withOwnIcon.contains(&button) && button.icon().cacheKey() != action->icon().cacheKey())
-    button.setIcon(action->icon());
-  if (button.toolTip() != action->toolTip()) {
-    button.setToolTip(action->toolTip());
-    if (TooltipObject* const tooltip = button.GetTooltipObject())
-      tooltip->SetTooltipText(action->toolTip());
-  }
-  if (guarded && followed)
-    button.setEnabled(followed->isEnabled());
-}
-
-void ToolBarPrivate::scheduleEnableActions() {
-  if (enabling || std::exchange(enablePending, true))
-    return;
-  QMetaObject::invokeMethod(
-      toolBar,
-      [this] {
-        enablePending = false;
-        toolBar->EnableActions();
-      },
-      Qt::QueuedConnection);
-}
-
 // --- showing and menus
 
 void ToolBarPrivate::onMenuVisibilityChange(ToolButton* button, bool visible) {
@@ -310,6 +58,23 @@ void ToolBarPrivate::onMenuVisibilityChange(ToolButton* button, bool visible) {
   if (auto* const menu =
           visible && opener && opener->hasFocus() ? qobject_cast<ToolBar*>(opener->GetMenu()) : nullptr)
     of(*menu).keys->enter();
+}
+
+// Of two flyouts that come to be open in one nest the one that was there closes.
+void ToolBarPrivate::changeNest(ToolButtonWithMenu* owner) {
+  ToolBarPrivate& before = of(*toolBar->GetBaseToolBar());
+  ToolButtonWithWidgetMenu* const active = before.activeButton;
+  const ToolBar* outer = active ? active->OwningToolBar() : nullptr;
+  while (outer && outer != toolBar)
+    outer = outer->OwnerButton() ? outer->OwnerButton()->OwningToolBar() : nullptr;
+  ownerButton = owner;
+  ToolBarPrivate& now = of(*toolBar->GetBaseToolBar());
+  if (!outer || &now == &before)
+    return;
+  before.activeButton.clear();
+  ToolButtonWithWidgetMenu* const other = std::exchange(now.activeButton, active);
+  if (other && other != active)
+    other->HideMenu();
 }
 
 bool ToolBarPrivate::dismissLeaf() {

@@ -112,6 +112,8 @@ public:
 
   /// Locks the bar until each holder has let go of it.
   void setLock(const void* holder, bool locked);
+  /// Makes the bar the menu of another button, or of none; the flyout that is open in it goes along.
+  void changeNest(ToolButtonWithMenu* owner);
   void onMenuVisibilityChange(ToolButton* button, bool visible);
   bool dismissLeaf();
   void dismiss(ToolButtonWithWidgetMenu& button) const;

@@ -113,7 +113,7 @@ void ToolBar::HideAnimated() {
   const QPointer<ToolBar> self(this);
   d->inShowMode = false;
   HideAllButtonMenusExcept(false, nullptr);
-  if (self)
+  if (self && !d->inShowMode)
     d->setLock(d->placer.get(), true);
   if (self && !d->inShowMode)
     d->placer->slide(false);

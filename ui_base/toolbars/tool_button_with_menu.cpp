@@ -4,7 +4,6 @@
 #include "tool_button_accessible.h"
 #include "tool_button_with_menu_p.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -126,6 +125,8 @@ ToolButtonWithMenu* ToolButtonWithMenu::SavedMenuOwner() const { return own()->s
 
 void ToolButtonWithMenu::ShowMenu() {
   const QPointer<ToolButtonWithMenu> self(this);
+  if (own()->state.beginReopening())
+    return;
   if (isCheckable() && !isChecked() && own()->popup()) {
     // What that starts is not to click the button in turn.
     const bool requested = std::exchange(d->clickedHandlerRequested, true);
@@ -140,7 +141,7 @@ void ToolButtonWithMenu::ShowMenu() {
   if (!own()->state.isShown())
     return;
   if (opens)
-    own()->focusBefore = QApplication::focusWidget();
+    own()->focus.keep();
   const bool canShow = own()->beginShowing(opens);
   if (!self || !own()->state.isShown())
     return;
@@ -198,8 +199,8 @@ void ToolButtonWithMenu::MenuHidden() {
     return;
   own()->noteClosing();
   const QPointer<ToolButtonWithMenu> self(this);
-  if (QWidget* const before = std::exchange(own()->focusBefore, nullptr); before && own()->popupHasFocus())
-    before->setFocus(Qt::OtherFocusReason);
+  if (own()->watched)
+    own()->focus.giveBackFrom(*own()->watched);
   if (self)
     HideMenuEx();
   if (self)

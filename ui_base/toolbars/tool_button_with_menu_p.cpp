@@ -90,11 +90,6 @@ void ToolButtonWithMenuPrivate::movePopup() {
   placeInSight(*posCalculator, [self] { return self->GetMenuPosition(); });
 }
 
-bool ToolButtonWithMenuPrivate::popupHasFocus() const {
-  const QWidget* const focus = QApplication::focusWidget();
-  return focus && watched && (focus == watched || watched->isAncestorOf(focus));
-}
-
 // Who closes menus on a press elsewhere may take the button for elsewhere; its click is not to open it again.
 void ToolButtonWithMenuPrivate::noteClosing() {
   if (button->underMouse() && (QGuiApplication::mouseButtons() & Qt::LeftButton))

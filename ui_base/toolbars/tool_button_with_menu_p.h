@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/core/focus_keeper.h>
 #include <ui_base/popups/widget_pos_calculator.h>
 #include <ui_base/toolbars/menu_state.h>
 #include <ui_base/toolbars/tool_button_p.h>
@@ -43,7 +44,6 @@ public:
   /// Moves the popup to the place that the button gives it, or to where it can be seen. The button may be
   /// gone afterwards.
   virtual void movePopup();
-  bool popupHasFocus() const;
   /// The menu closes: looks whether a press on the button did it.
   void noteClosing();
   /// Goes into a menu that was opened by keyboard.
@@ -58,7 +58,7 @@ public:
   MenuState state;
   QPointer<QWidget> watched;
   QMetaObject::Connection watchedDeath;
-  QPointer<QWidget> focusBefore;
+  FocusKeeper focus;
 };
 
 } // namespace Vela::UiBase

@@ -66,8 +66,8 @@ void ToolButtonWithWidgetMenu::SetMenu(QWidget* menu, bool arrowed) {
   if (!self)
     return;
   own()->releaseMenu();
-  if (!self)
-    return;
+  if (!self || own()->menu)
+    return; // somebody has given it one meanwhile
   own()->arrowed = arrowed;
   if (next)
     own()->takeMenu(*next);
@@ -153,13 +153,14 @@ void ToolButtonWithWidgetMenu::ShowMenu() {
   if (!self || !own()->menu)
     return;
   if (!mine) {
-    if (own()->isShownByAnother())
-      own()->showLater();
+    own()->isShownByAnother() ? own()->showLater() : d->endUnopenedFlyout();
     return;
   }
   if (own()->arrowed)
     own()->ensureWindow();
   ToolButtonWithMenu::ShowMenu();
+  if (self && MenuPhase() == MenuState::Closed)
+    d->endUnopenedFlyout(); // which checking the button has begun
   if (self)
     own()->updatePartialBackground();
 }
@@ -172,6 +173,12 @@ void ToolButtonWithWidgetMenu::HideMenu() {
     flyout->CloseMe(); // which does nothing when it is closing already
   if (self)
     ToolButtonWithMenu::HideMenu();
+}
+
+// The action that buttons share is as the one says whose turn it is.
+void ToolButtonWithWidgetMenu::HideMenuEx() {
+  if (!own()->isShownByAnother() || own()->hosting->turn()->Action() != Action())
+    ToolButtonWithMenu::HideMenuEx();
 }
 
 void ToolButtonWithWidgetMenu::CloseMenu() {

@@ -84,6 +84,7 @@ protected:
                            QWidget* menu, QWidget* parent);
 
   void ClickedHandler() override;
+  void HideMenuEx() override;
   /// Hides the menu; the button is the toolbar's active one no more.
   void CloseMenu();
 

@@ -52,27 +52,37 @@ bool ToolButtonWithWidgetMenuPrivate::beginShowing(bool opens) {
   auto* const self = static_cast<ToolButtonWithWidgetMenu*>(button);
   const QPointer<ToolButtonWithWidgetMenu> guard(self);
   const auto host = hosting;
-  if (opens && host)
+  // Whoever is told on the way may have had another button show the panel, or this one another panel.
+  const auto isMine = [&] {
+    return guard && menu && hosting == host && host->turn() == self && state.isShown();
+  };
+  if (!host || !isMine())
+    return false;
+  if (opens)
     session.begin(*self, *host);
-  if (!guard || !menu || !host)
+  if (!isMine())
     return false;
   if (!arrowed) {
     host->goHome();
-    return guard && menu;
+    return isMine();
   }
   ensureWindow();
   host->standIn(*window);
-  if (!guard || !menu || !window)
+  if (!isMine() || !window)
     return false;
   watch(window);
   followLayer();
   menu->show(); // a hidden content has no size
-  return guard && menu && window;
+  return isMine() && window;
 }
 
 void ToolButtonWithWidgetMenuPrivate::endShowing() {
+  const QPointer<QWidget> closed(menu);
+  const QPointer<ToolButton> self(button);
   placing.stop();
   session.end();
+  if (self && closed && menu == closed && !isShownByAnother())
+    closed->hide(); // with its window alone it could not be shown by itself again
 }
 
 void ToolButtonWithWidgetMenuPrivate::requestMenu() {
@@ -90,7 +100,7 @@ void ToolButtonWithWidgetMenuPrivate::onPanelShown() {
   leaveExtendModes();
   if (!self)
     return;
-  if (!locked) {
+  if (!locked && panel && !panel->isHidden()) {
     requestMenu();
     return;
   }
@@ -138,6 +148,7 @@ void ToolButtonWithWidgetMenuPrivate::takeMenu(QWidget& widget) {
   const QPointer<ToolButtonWithWidgetMenu> guard(self);
   menu = &widget;
   const auto host = hosting = Hosting::of(widget);
+  const auto isMine = [&] { return guard && menu && hosting == host; };
   host->join(*self);
   connectMenu(widget);
   if (arrowed)
@@ -145,14 +156,16 @@ void ToolButtonWithWidgetMenuPrivate::takeMenu(QWidget& widget) {
   if (!isShownByAnother()) {
     if (FlyoutBase* const panel = flyout())
       panel->CloseMe(); // it was open at home
-    if (guard && menu && arrowed)
-      host->standIn(*window);
-    else if (guard && menu)
-      menu->hide();
-    if (guard)
+    if (isMine() && !isShownByAnother() && state.phase() == MenuState::Closed) {
+      if (arrowed && window)
+        host->standIn(*window);
+      else
+        menu->hide();
+    }
+    if (isMine())
       endUnopenedFlyout();
   }
-  if (!guard || !menu)
+  if (!isMine() || state.phase() != MenuState::Closed)
     return;
   watch(popup());
   if (QWidget* const shown = arrowed ? popup() : nullptr)

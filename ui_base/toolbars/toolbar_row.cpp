@@ -5,6 +5,8 @@
 
 #include <QIcon>
 
+#include <algorithm>
+
 namespace Vela::UiBase {
 
 namespace {
@@ -92,13 +94,35 @@ void ToolbarRow::place(const QList<ToolBar*>& toolbars) {
   }
 }
 
+// Where the parent ends, or a toolbar of its own stands in the way.
+int ToolbarRow::lengthFor(const ToolBar& toolbar) const {
+  const QWidget& parent = *toolbar.parentWidget();
+  const QRect place = toolbar.geometry();
+  int length = isMirrored() ? place.right() + 1 : parent.width() - place.left();
+  for (const QObject* const child : parent.children()) {
+    const auto* const other = qobject_cast<const ToolBar*>(child);
+    if (!other)
+      continue;
+    const QRect rect = other->geometry();
+    const bool ofRow =
+        other == m_main || other->property(qPrintable(ToolbarManager::COMMANDGROUP_PROPERTY)).isValid();
+    if (ofRow || other->isHidden() || other->OwnerButton() || rect.bottom() < place.top() ||
+        rect.top() > place.bottom())
+      continue;
+    const int between = isMirrored() ? place.right() - rect.right() : rect.left() - place.left();
+    if (between > 0)
+      length = std::min(length, between - ToolbarManager::MAIN_SPACING);
+  }
+  return length;
+}
+
 // Beyond that the toolbar lists its buttons.
 void ToolbarRow::fit(ToolBar& toolbar) const {
   QSize size = toolbar.sizeHint();
   if (const QWidget* const parent = toolbar.parentWidget(); parent && m_main) {
-    const QRect place = toolbar.geometry();
-    const int width = isMirrored() ? place.right() + 1 : parent->width() - place.left();
-    size = size.boundedTo({width, parent->height() - place.top()}).expandedTo(toolbar.minimumSizeHint());
+    const int height = parent->height() - toolbar.y();
+    const int width = isHorizontal() ? lengthFor(toolbar) : parent->width() - toolbar.x();
+    size = size.boundedTo({width, height}).expandedTo(toolbar.minimumSizeHint());
   }
   if (toolbar.size() != size)
     toolbar.resize(size);

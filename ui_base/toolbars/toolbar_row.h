@@ -28,6 +28,7 @@ public:
   void fit(ToolBar& toolbar) const;
 
 private:
+  int lengthFor(const ToolBar& toolbar) const;
   void makeSeparator();
   QPoint behind(const QRect& previous, int gap, const QSize& size) const;
   bool isHorizontal() const { return m_main->Orientation() == Qt::Horizontal; }
