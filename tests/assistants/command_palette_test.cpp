@@ -1,0 +1,241 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <tqm_mesh_kernel/stepped_dispatcher.h>
+#include <ui_base/assistants/command_palette.h>
+#include <ui_base/assistants/command_usage.h>
+#include <ui_base/commands/command_group.h>
+#include <ui_base/commands/flyout_command.h>
+#include <ui_base/popups/flyout_base.h>
+#include <ui_base/views/base_view.h>
+
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <commands/commands_fixture.h>
+
+using namespace Vela::UiBase;
+using Taren::Core::NormalQoS;
+
+namespace {
+
+const QString smooth = QStringLiteral("Demo::SmoothMeshCommand");
+const QString measure = QStringLiteral("measure");
+
+class PanelCommand : public FlyoutCommand {
+public:
+  PanelCommand(FlyoutBase* flyout, CmdsViewController* controller) : FlyoutCommand(flyout, controller) {
+    setText(QStringLiteral("Options"));
+  }
+  QString commandId() const override { return QStringLiteral("options"); }
+  bool onExecuteAsync(bool) override { return true; }
+
+protected:
+  CommandContext getBeginCommandContext() override { return getViewController()->disabledContext(measure); }
+};
+
+/// A window with a button that has the focus, a view with commands, and a palette.
+class Stage {
+public:
+  Stage() {
+    auto* const layout = new QVBoxLayout(&window);
+    button = new QPushButton(&window);
+    view = new BaseView(&window);
+    layout->addWidget(button);
+    layout->addWidget(view);
+    shared = Taren::Objects::createShared<CmdsViewController>(view);
+    palette = new CommandPalette(&window);
+    palette->addManager(shared.get());
+    palette->openAction()->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
+    smoothing = add(smooth, "Smooth &Mesh…");
+    measuring = add(measure, "Distanz messen");
+    add(QStringLiteral("open"), "Öffnen");
+    window.resize(700, 500);
+    window.show();
+    window.activateWindow();
+    button->setFocus();
+    field = palette->findChild<QLineEdit*>();
+    list = palette->findChild<QListView*>();
+    dispatcher.runAll();
+    Vela::Test::settle();
+  }
+  ~Stage() {
+    shared->removeAllCommands();
+    dispatcher.runAll();
+  }
+
+  TestCommand* add(const QString& id, const char* text) {
+    auto* const command = new TestCommand(id, shared.get());
+    command->setText(QString::fromUtf8(text));
+    command->work = [this, id](bool) {
+      ran += id;
+      return true;
+    };
+    shared->addCommand(command);
+    return command;
+  }
+  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(window.windowHandle(), key, modifiers);
+    dispatcher.runAll();
+    Vela::Test::settle();
+    dispatcher.runAll();
+  }
+  void type(const QString& text) {
+    press(Qt::Key_K, Qt::ControlModifier);
+    for (const QChar letter : text)
+      QTest::sendKeyEvent(QTest::Click, window.windowHandle(), Qt::Key_unknown, QString(letter),
+                          Qt::NoModifier);
+  }
+  QStringList rows(int role = Qt::DisplayRole) const {
+    QStringList texts;
+    for (int row = 0; row < list->model()->rowCount(); ++row)
+      texts += list->model()->index(row, 0).data(role).toString();
+    return texts;
+  }
+
+  Taren::Core::SteppedDispatcher dispatcher;
+  Taren::Core::ScopedDispatcher installed{dispatcher};
+  QWidget window;
+  QPushButton* button;
+  BaseView* view;
+  std::shared_ptr<CmdsViewController> shared;
+  CommandPalette* palette;
+  TestCommand* smoothing;
+  TestCommand* measuring;
+  QLineEdit* field;
+  QListView* list;
+  QStringList ran;
+};
+
+} // namespace
+
+/// A palette worked by the keyboard, through its window.
+class CommandPaletteTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void whatIsTypedRunsAndTheFocusGoesBack_data() {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("ran");
+    QTest::newRow("name") << "mesh" << smooth;
+    QTest::newRow("initials") << "sm" << smooth;
+    QTest::newRow("umlaut written out") << "oeffnen"
+                                        << "open";
+    QTest::newRow("words of the identifier") << "measure" << measure;
+    QTest::newRow("nothing answers") << "qqq"
+                                     << "";
+  }
+  void whatIsTypedRunsAndTheFocusGoesBack() {
+    QFETCH(QString, typed);
+    QFETCH(QString, ran);
+    Stage stage;
+    stage.type(typed);
+    QVERIFY(stage.field->hasFocus());
+    stage.press(Qt::Key_Return);
+    QCOMPARE(stage.ran.join(u','), ran);
+    if (ran.isEmpty())
+      stage.press(Qt::Key_Escape);
+    QVERIFY(stage.palette->isHidden() && stage.button->hasFocus());
+  }
+
+  void keysOfOthersRunNothing() {
+    Stage stage;
+    stage.smoothing->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
+    stage.window.addAction(stage.smoothing);
+    stage.type(QStringLiteral("m"));
+    stage.press(Qt::Key_M, Qt::ControlModifier);
+    QCOMPARE(stage.ran, QStringList());
+    stage.press(Qt::Key_K, Qt::ControlModifier); // its own closes it
+    QVERIFY(stage.palette->isHidden());
+    stage.press(Qt::Key_M, Qt::ControlModifier);
+    QCOMPARE(stage.ran, QStringList(smooth));
+  }
+
+  void itClosesWhenSomethingElseIsUsed_data() {
+    using Act = std::function<void(Stage&)>;
+    QTest::addColumn<Act>("act");
+    QTest::newRow("press in the view") << Act([](Stage& stage) {
+      QTest::mouseClick(stage.window.windowHandle(), Qt::LeftButton, {}, QPoint(350, 470));
+    });
+    QTest::newRow("focus elsewhere") << Act([](Stage& stage) { stage.button->setFocus(); });
+    QTest::newRow("its command goes") << Act([](Stage& stage) {
+      stage.shared->removeCommand(smooth);
+      stage.press(Qt::Key_Return);
+    });
+  }
+  void itClosesWhenSomethingElseIsUsed() {
+    using Act = std::function<void(Stage&)>;
+    QFETCH(Act, act);
+    Stage stage;
+    stage.type(QStringLiteral("smooth"));
+    act(stage);
+    QTRY_VERIFY(stage.palette->isHidden());
+    QCOMPARE(stage.ran, QStringList());
+  }
+
+  void aFavouriteComesFirst() {
+    Stage stage;
+    stage.add(QStringLiteral("smooth2"), "Smooth Border");
+    stage.type(QStringLiteral("smooth b"));
+    stage.press(Qt::Key_Return);
+    stage.type(QStringLiteral("smooth"));
+    QCOMPARE(stage.rows().first(), QStringLiteral("Smooth Border"));
+
+    CommandUsage later;
+    later.restore(stage.palette->usage().values());
+    QCOMPARE(later.count(QStringLiteral("smooth2")), 1);
+  }
+
+  void whatIsHiddenOrOutOfSightIsNotOffered() {
+    Stage stage;
+    stage.measuring->setVisible(false);
+    stage.type({});
+    QCOMPARE(stage.rows(), QStringList({QStringLiteral("Smooth Mesh"), QStringLiteral("Öffnen")}));
+    stage.press(Qt::Key_Escape);
+    stage.view->hide();
+    stage.type({});
+    QCOMPARE(stage.rows(), QStringList());
+  }
+
+  void aGreyCommandSaysWhyAndWaitsForTheRun() {
+    Stage stage;
+    stage.smoothing->setExecutionQoS(NormalQoS);
+    stage.smoothing->executionContext = stage.shared->disabledContext(measure);
+    stage.smoothing->trigger();
+    while (stage.dispatcher.step(Taren::Core::MainThreadQoS)) {
+    }
+    QTest::keyClick(stage.window.windowHandle(), Qt::Key_K, Qt::ControlModifier);
+    stage.field->setText(QStringLiteral("messen"));
+    const int reasonRole = Qt::UserRole + 2;
+    QCOMPARE(stage.rows(reasonRole), QStringList(QStringLiteral("\"Smooth Mesh\" is running.")));
+    QTest::keyClick(stage.window.windowHandle(), Qt::Key_Return);
+    QCOMPARE(stage.rows().last(), QStringLiteral("Run \"Distanz messen\" as soon as it is available"));
+    QTest::keyClick(stage.window.windowHandle(), Qt::Key_Up); // round to the last one
+    QTest::keyClick(stage.window.windowHandle(), Qt::Key_Return);
+    QCOMPARE(stage.palette->awaitedCommand(), stage.measuring);
+    QCOMPARE(stage.ran, QStringList());
+    stage.dispatcher.runAll();
+    QTRY_COMPARE(stage.ran, QStringList({smooth, measure}));
+    QCOMPARE(stage.palette->awaitedCommand(), nullptr);
+  }
+
+  void aGreyCommandLeadsToThePanelThatHoldsIt() {
+    Stage stage;
+    auto* const flyout = new FlyoutBase(QStringLiteral("Options"), new QLineEdit, nullptr, true, false, true,
+                                        true, &stage.window);
+    stage.shared->addCommand(new PanelCommand(flyout, stage.shared.get()));
+    stage.type(QStringLiteral("options"));
+    stage.press(Qt::Key_Return);
+    QVERIFY(flyout->isVisible());
+    stage.button->setFocus();
+    stage.type(QStringLiteral("messen"));
+    stage.press(Qt::Key_Return);
+    QCOMPARE(stage.rows().first(), QStringLiteral("Show the panel of \"Options\""));
+    stage.press(Qt::Key_Return);
+    QVERIFY(flyout->isVisible() && flyout->isAncestorOf(stage.window.focusWidget()));
+  }
+};
+
+VELA_TEST_MAIN(CommandPaletteTest)
+#include "command_palette_test.moc"

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "command_palette.h"
+#include "command_palette_model.h"
+#include "command_usage.h"
+#include "deferred_run.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPointer>
+
+class QKeyEvent;
+
+namespace Vela::UiBase {
+
+class CommandPalettePrivate {
+public:
+  explicit CommandPalettePrivate(CommandPalette& palette);
+
+  void dress();
+  void place();
+  QList<std::shared_ptr<CmdMgr>> managersInSight() const;
+  void search();
+  void showNothingFound();
+  /// Runs the command of a row, or offers and takes the ways out.
+  void choose(const QModelIndex& index);
+  /// A key that was typed into the field. @return whether it is used up.
+  bool handleKey(const QKeyEvent& key);
+  void goBack();
+  /// Closes it when something else in its window has taken the focus.
+  void closeIfLeft();
+
+  CommandPalette& q;
+  CommandPaletteModel model;
+  CommandUsage usage;
+  QList<std::weak_ptr<CmdMgr>> managers;
+  QPointer<QWidget> focusBefore;
+  QPointer<DeferredRun> awaited;
+  // Children of the palette.
+  QAction* openAction;
+  QLineEdit* field;
+  QListView* list;
+  QLabel* nothing;
+
+private:
+  void run(const std::shared_ptr<CommandBase>& command);
+  void offerWaysOut(int row, CommandBase& command, const CmdMgr& manager);
+  void take(const WayOut& way, const std::shared_ptr<CommandBase>& command,
+            const std::shared_ptr<CmdMgr>& manager);
+  void await(const std::shared_ptr<CommandBase>& command);
+  void choosePage(int direction);
+  void chooseRow(int row);
+};
+
+} // namespace Vela::UiBase
