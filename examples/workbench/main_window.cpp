@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "main_window.h"
 
+#include <ui_base/assistants/command_palette.h>
+#include <ui_base/assistants/command_usage.h>
 #include <ui_base/menus/menu_builder.h>
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <vlk_app_service/application_service.h>
+#include <vlk_app_service/config_manager.h>
 #include <vlk_common_res/styles.h>
 #include <workbench/command_menus.h>
 #include <workbench/mesh_view.h>
@@ -25,6 +28,16 @@ namespace Workbench {
 
 using Vela::Resource::Styles;
 
+namespace {
+
+constexpr QLatin1String UsageKey("commands/usage");
+
+Vela::Services::ConfigManager& config() {
+  return Vela::Services::ApplicationService::GetInstance().GetConfigManager();
+}
+
+} // namespace
+
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent),
       m_view(new MeshView(this)),
@@ -33,9 +46,11 @@ MainWindow::MainWindow(QWidget* parent)
       m_photos(new PhotoViewController(m_photoView)),
       m_pages(new WorkbenchPages(*m_controller, *m_photos, this)),
       m_toolBars(new MeshToolBars(*m_view, *m_controller, this)),
-      m_numbers(new QLabel(this)) {
+      m_numbers(new QLabel(this)),
+      m_palette(new Vela::UiBase::CommandPalette(this)) {
   makePages();
   connectCommands();
+  makePalette();
   statusBar()->addPermanentWidget(m_numbers);
   statusBar()->addPermanentWidget(new UnitButton(*this, *m_controller));
   setWindowIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("smooth_shading")));
@@ -45,7 +60,7 @@ MainWindow::MainWindow(QWidget* parent)
   applyPalette();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() { config().setValue(UsageKey, m_palette->usage().values()); }
 
 void MainWindow::makePages() {
   auto* const stack = new PageStack(this);
@@ -55,6 +70,12 @@ void MainWindow::makePages() {
   m_photos->setDelegate(static_cast<Vela::UiBase::PresentViewProtocol*>(stack));
   setCentralWidget(stack);
   m_view->setFocus();
+}
+
+void MainWindow::makePalette() {
+  m_palette->addManager(m_controller);
+  m_palette->addManager(m_photos, Vela::UiBase::OfferInSight);
+  m_palette->usage().restore(config().value(UsageKey).toMap());
 }
 
 void MainWindow::connectCommands() {

@@ -9,6 +9,7 @@ class QLabel;
 
 namespace Vela::UiBase {
 class CmdMgrProtocol;
+class CommandPalette;
 }
 
 namespace Workbench {
@@ -42,6 +43,7 @@ protected:
 
 private:
   void makePages();
+  void makePalette();
   void connectEvents();
   void connectCommands();
   void showPage();
@@ -56,6 +58,7 @@ private:
   MeshToolBars* m_toolBars;
   std::shared_ptr<Vela::UiBase::CmdMgrProtocol> m_commands;
   QLabel* m_numbers;
+  Vela::UiBase::CommandPalette* m_palette;
 };
 
 } // namespace Workbench

@@ -8,6 +8,7 @@
 #include <workbench/commands/clear_measurements_command.h>
 #include <workbench/commands/dark_palette_command.h>
 #include <workbench/commands/decimate_mesh_command.h>
+#include <workbench/commands/find_command_command.h>
 #include <workbench/commands/history_command.h>
 #include <workbench/commands/length_unit_command.h>
 #include <workbench/commands/mesh_info_command.h>
@@ -152,6 +153,7 @@ QList<CommandBase*> meshCommands(MeshViewController* mesh) {
           new DarkPaletteCommand(mesh),
           new PlacementOverlayCommand(mesh),
           new PrintPlacementCommand(mesh),
+          new FindCommandCommand(mesh),
           new AboutCommand(mesh)};
 }
 

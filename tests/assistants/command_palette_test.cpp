@@ -46,7 +46,7 @@ public:
     layout->addWidget(view);
     shared = Taren::Objects::createShared<CmdsViewController>(view);
     palette = new CommandPalette(&window);
-    palette->addManager(shared.get());
+    palette->addManager(shared.get(), OfferInSight);
     palette->openAction()->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
     smoothing = add(smooth, "Smooth &Mesh…");
     measuring = add(measure, "Distanz messen");

@@ -34,13 +34,13 @@ CommandPalette::CommandPalette(QWidget* parent)
 
 CommandPalette::~CommandPalette() = default;
 
-void CommandPalette::addManager(CmdMgr* manager) {
+void CommandPalette::addManager(CmdMgr* manager, EOffer offer) {
   if (manager)
-    d->managers.append(manager->shared_from_this());
+    d->managers.append({manager->shared_from_this(), offer});
 }
 
 void CommandPalette::removeManager(const CmdMgr* manager) {
-  d->managers.removeIf([&](const std::weak_ptr<CmdMgr>& known) { return known.lock().get() == manager; });
+  d->managers.removeIf([&](const auto& known) { return known.manager.lock().get() == manager; });
 }
 
 QAction* CommandPalette::openAction() const { return d->openAction; }
@@ -55,7 +55,7 @@ void CommandPalette::open() {
   if (isVisible() || !parentWidget()->isVisible())
     return;
   d->focusBefore = window()->focusWidget();
-  d->model.setManagers(d->managersInSight());
+  d->model.setManagers(d->managersToOffer());
   const QSignalBlocker quiet(d->field);
   d->field->clear();
   d->search();

@@ -16,6 +16,14 @@ class CommandBase;
 class CommandPalettePrivate;
 class CommandUsage;
 
+/// When the commands of a manager are offered.
+enum EOffer : int {
+  OfferAlways,
+  /// While the view of the manager, a controller, is visible: commands of a page that is not shown would
+  /// change it behind the user's back.
+  OfferInSight,
+};
+
 /// Finds and runs any command by typing a part of its name: a field in the middle of its parent with a list
 /// of what answers, the best first.
 ///
@@ -28,8 +36,7 @@ class CommandUsage;
 /// reaches anybody meanwhile. It closes when something else is pressed or takes the focus. The focus goes
 /// back where it was before the command runs.
 ///
-/// Belongs to its parent and is hidden at first. Managers are held weakly; those whose controller has no view
-/// that is visible are passed over. For the main thread.
+/// Belongs to its parent and is hidden at first. Managers are held weakly. For the main thread.
 ///
 /// @code
 /// auto* palette = new CommandPalette(window);
@@ -47,7 +54,7 @@ public:
 
   /// Offers the commands of a manager too. Null is ignored.
   /// @throws std::bad_weak_ptr when the manager is not shared.
-  void addManager(CmdMgr* manager);
+  void addManager(CmdMgr* manager, EOffer offer = OfferAlways);
   void removeManager(const CmdMgr* manager);
 
   /// Opens the palette. Stands in the parent, so that its shortcut works in the whole window; without one at

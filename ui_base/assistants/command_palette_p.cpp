@@ -65,13 +65,14 @@ void CommandPalettePrivate::place() {
   q.setGeometry(place);
 }
 
-QList<std::shared_ptr<CmdMgr>> CommandPalettePrivate::managersInSight() const {
-  QList<std::shared_ptr<CmdMgr>> inSight;
-  for (const auto& weak : managers) {
-    if (const auto manager = weak.lock(); manager && isInSight(*manager))
-      inSight.append(manager);
+QList<std::shared_ptr<CmdMgr>> CommandPalettePrivate::managersToOffer() const {
+  QList<std::shared_ptr<CmdMgr>> toOffer;
+  for (const Offered& known : managers) {
+    const auto manager = known.manager.lock();
+    if (manager && (known.offer == OfferAlways || isInSight(*manager)))
+      toOffer.append(manager);
   }
-  return inSight;
+  return toOffer;
 }
 
 void CommandPalettePrivate::search() {

@@ -17,11 +17,16 @@ namespace Vela::UiBase {
 
 class CommandPalettePrivate {
 public:
+  struct Offered {
+    std::weak_ptr<CmdMgr> manager;
+    EOffer offer;
+  };
+
   explicit CommandPalettePrivate(CommandPalette& palette);
 
   void dress();
   void place();
-  QList<std::shared_ptr<CmdMgr>> managersInSight() const;
+  QList<std::shared_ptr<CmdMgr>> managersToOffer() const;
   void search();
   void showNothingFound();
   /// Runs the command of a row, or offers and takes the ways out.
@@ -35,7 +40,7 @@ public:
   CommandPalette& q;
   CommandPaletteModel model;
   CommandUsage usage;
-  QList<std::weak_ptr<CmdMgr>> managers;
+  QList<Offered> managers;
   QPointer<QWidget> focusBefore;
   QPointer<DeferredRun> awaited;
   // Children of the palette.
