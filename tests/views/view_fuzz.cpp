@@ -90,6 +90,9 @@ public:
   bool keyPress(QKeyEvent* event) override {
     return input([=, this] { return CmdsViewController::keyPress(event); });
   }
+  bool keyRelease(QKeyEvent* event) override {
+    return input([=, this] { return CmdsViewController::keyRelease(event); });
+  }
   bool mouseEnter(QEvent* event) override {
     return input([=, this] { return CmdsViewController::mouseEnter(event); });
   }
