@@ -4,6 +4,7 @@
 #include <ui_base/commands/command_group.h>
 #include <ui_base/menus/menu_builder.h>
 #include <workbench/commands/dark_palette_command.h>
+#include <workbench/pages/workbench_pages.h>
 #include <workbench/palette_item.h>
 
 #include <QMenu>
@@ -21,6 +22,14 @@ bool hasEntries(const QMenu& menu) {
   const QList<QAction*> actions = menu.actions();
   return std::any_of(actions.begin(), actions.end(),
                      [](const QAction* action) { return !action->isSeparator(); });
+}
+
+bool isOfUse(const QString& menu, int page) {
+  static const QStringList ofMesh{QStringLiteral("edit"), QStringLiteral("selection"),
+                                  QStringLiteral("tools")};
+  if (menu == QLatin1String("photograph"))
+    return page == PhotoPage;
+  return page == MeshPage || !ofMesh.contains(menu);
 }
 
 QVector<QAction*> actionsOf(const CommandGroup& group) {
@@ -42,6 +51,11 @@ CommandMenus::CommandMenus(MenuBuilder& menus) : m_menus(&menus) {
   addMenu(QStringLiteral("help"), tr("&Help"), {HelpSection});
   menus.GetMenuBarItem(QStringLiteral("photograph"))->hide(); // until its page is seen first
   menus.AddSeparator(false, -1);                              // what follows stands at the far end
+}
+
+void CommandMenus::showPage(int page) {
+  m_page = page;
+  showUsedItems();
 }
 
 void CommandMenus::addMenu(const QString& name, const QString& text, const QStringList& sections) {
@@ -113,7 +127,7 @@ void CommandMenus::showUsedItems() {
   for (const Section& section : std::as_const(m_sections)) {
     const QMenu* const menu = m_menus ? m_menus->GetMenu(section.menu) : nullptr;
     if (menu)
-      m_menus->GetMenuBarItem(section.menu)->setVisible(hasEntries(*menu));
+      m_menus->GetMenuBarItem(section.menu)->setVisible(hasEntries(*menu) && isOfUse(section.menu, m_page));
   }
 }
 

@@ -51,6 +51,9 @@ public:
   /// Adds its items and menus, without entries, to the bar.
   explicit CommandMenus(Vela::UiBase::MenuBuilder& menus);
 
+  /// Hides the menus in which nothing can be used on a page, an EPage.
+  void showPage(int page);
+
   void commandAdded(Vela::UiBase::CmdMgr* manager, Vela::UiBase::CommandBase* command) override;
   void commandRemoved(Vela::UiBase::CmdMgr* manager, QString id) override;
 
@@ -67,6 +70,7 @@ private:
   void showUsedItems();
 
   QPointer<Vela::UiBase::MenuBuilder> m_menus;
+  int m_page = 0;
   QHash<QString, Section> m_sections;
   QMultiHash<QString, QPointer<QAction>> m_actions; // by the identifier of the command that was added
 };

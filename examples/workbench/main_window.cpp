@@ -30,6 +30,7 @@ using Vela::Resource::Styles;
 
 namespace {
 
+constexpr QSize LeastSize(400, 300); // px: bars with what scrolls in them, and something of the mesh
 constexpr QLatin1String UsageKey("commands/usage");
 
 Vela::Services::ConfigManager& config() {
@@ -48,6 +49,7 @@ MainWindow::MainWindow(QWidget* parent)
       m_toolBars(new MeshToolBars(*m_view, *m_controller, this)),
       m_numbers(new QLabel(this)),
       m_palette(new Vela::UiBase::CommandPalette(this)) {
+  setMinimumSize(LeastSize);
   makePages();
   connectCommands();
   makePalette();
@@ -107,6 +109,7 @@ void MainWindow::connectEvents() {
 void MainWindow::showPage() {
   // The photographs have their figures on their page.
   statusBar()->setVisible(m_pages->current() == MeshPage);
+  m_commands->showPage(m_pages->current());
   showFileName();
 }
 

@@ -8,12 +8,12 @@
 class QLabel;
 
 namespace Vela::UiBase {
-class CmdMgrProtocol;
 class CommandPalette;
 }
 
 namespace Workbench {
 
+class CommandMenus;
 class MeshToolBars;
 class MeshView;
 class MeshViewController;
@@ -56,7 +56,7 @@ private:
   PhotoViewController* m_photos; // owned by its view
   WorkbenchPages* m_pages;
   MeshToolBars* m_toolBars;
-  std::shared_ptr<Vela::UiBase::CmdMgrProtocol> m_commands;
+  std::shared_ptr<CommandMenus> m_commands;
   QLabel* m_numbers;
   Vela::UiBase::CommandPalette* m_palette;
 };

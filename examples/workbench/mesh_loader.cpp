@@ -50,10 +50,10 @@ QString readerPath() {
   return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("workbench_mesh_reader"));
 }
 
-QString reasonOf(int status, const QString& details) {
+QString reasonOf(int status) {
   switch (status) {
   case MeshUnreadable:
-    return MeshText::tr("The file is damaged or incomplete: %1").arg(details);
+    return MeshText::tr("The file is damaged or incomplete.");
   case MeshWithoutTriangles:
     return MeshText::tr("It contains no triangles.");
   case MeshNotFinite:
@@ -74,8 +74,8 @@ Bytes readStream(const QString& fileName, const std::stop_token& stop) {
   QProcess reader;
   reader.start(readerPath(), {QFileInfo(fileName).absoluteFilePath()}, QIODevice::ReadOnly);
   if (!reader.waitForStarted())
-    throw MeshLoadError(fileName,
-                        MeshText::tr("%1 cannot be started: %2").arg(readerPath(), reader.errorString()));
+    throw MeshLoadError(fileName, MeshText::tr("The program that reads meshes cannot be started."),
+                        QStringLiteral("%1: %2").arg(readerPath(), reader.errorString()));
   Bytes stream;
   while (reader.state() != QProcess::NotRunning) {
     if (stop.stop_requested()) {
@@ -88,10 +88,10 @@ Bytes readStream(const QString& fileName, const std::stop_token& stop) {
   }
   append(stream, reader.readAllStandardOutput());
   if (reader.exitStatus() != QProcess::NormalExit)
-    throw MeshLoadError(fileName, reasonOf(EXIT_FAILURE, {}));
+    throw MeshLoadError(fileName, reasonOf(EXIT_FAILURE));
   if (reader.exitCode() != MeshRead)
-    throw MeshLoadError(
-        fileName, reasonOf(reader.exitCode(), QString::fromUtf8(reader.readAllStandardError().trimmed())));
+    throw MeshLoadError(fileName, reasonOf(reader.exitCode()),
+                        QString::fromUtf8(reader.readAllStandardError().trimmed()));
   return stream;
 }
 
@@ -131,10 +131,11 @@ Mesh decode(const Bytes& stream) {
 
 } // namespace
 
-MeshLoadError::MeshLoadError(const QString& fileName, const QString& reason)
+MeshLoadError::MeshLoadError(const QString& fileName, const QString& reason, const QString& details)
     : std::runtime_error(QStringLiteral("%1: %2").arg(fileName, reason).toStdString()),
       m_fileName(fileName),
-      m_reason(reason) {}
+      m_reason(reason),
+      m_details(details) {}
 
 QString MeshLoadError::message() const {
   return MeshText::tr("Cannot open “%1”. %2").arg(QFileInfo(m_fileName).fileName(), m_reason);
@@ -149,9 +150,9 @@ Mesh loadMesh(const QString& fileName, const std::stop_token& stop) {
   } catch (const MeshLoadError&) {
     throw;
   } catch (const std::bad_alloc&) {
-    throw MeshLoadError(fileName, reasonOf(MeshTooLarge, {}));
+    throw MeshLoadError(fileName, reasonOf(MeshTooLarge));
   } catch (const std::exception& error) {
-    throw MeshLoadError(fileName, reasonOf(MeshUnreadable, QString::fromLatin1(error.what())));
+    throw MeshLoadError(fileName, reasonOf(MeshUnreadable), QString::fromLatin1(error.what()));
   }
 }
 

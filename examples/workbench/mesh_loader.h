@@ -13,16 +13,19 @@ namespace Workbench {
 /// Why a mesh file was not loaded, in words for the user.
 class MeshLoadError : public std::runtime_error {
 public:
-  MeshLoadError(const QString& fileName, const QString& reason);
+  MeshLoadError(const QString& fileName, const QString& reason, const QString& details = {});
 
   const QString& fileName() const noexcept { return m_fileName; } ///< As it was given.
   const QString& reason() const noexcept { return m_reason; }
+  /// What the importer of the format says, in its own words; often empty.
+  const QString& details() const noexcept { return m_details; }
   /// One sentence that names the file and the reason.
   QString message() const;
 
 private:
   QString m_fileName;
   QString m_reason;
+  QString m_details;
 };
 
 /// Loads a mesh file: OBJ, PLY, STL, OFF, glTF or GLB, all meshes of the scene merged.

@@ -6,14 +6,17 @@
 #include <workbench/commands/save_mesh_command.h>
 #include <workbench/commands/set_pivot_command.h>
 #include <workbench/context_menu.h>
+#include <workbench/failure_notice.h>
 #include <workbench/file_drag.h>
 #include <workbench/mesh_loader.h>
 #include <workbench/mesh_view.h>
 #include <workbench/photos/photo_loader.h>
+#include <workbench/recent_files.h>
 #include <workbench/tools/camera_keys.h>
 #include <workbench/tools/mesh_tool.h>
 
 #include <QDropEvent>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QMenu>
 
@@ -94,6 +97,8 @@ void MeshViewController::showMesh(const Mesh& mesh, const QString& fileName) {
   if (!view)
     return;
   view->document().open(mesh, fileName);
+  if (QFileInfo::exists(fileName))
+    RecentFiles::add(fileName);
   Q_EMIT m_events.meshShown(fileName);
 }
 
@@ -220,7 +225,8 @@ void MeshViewController::commandForgotten(CommandBase& command) {
 void MeshViewController::tellFailures(OpenMeshCommand& command) {
   const QList<OpenMeshCommand::Failure> failures = command.takeFailures();
   for (const OpenMeshCommand::Failure& failure : failures) {
-    showNotification(failure.message, NotificationError);
+    if (MeshView* const view = meshView())
+      showFailure(*view, failure.message, failure.details);
     Q_EMIT m_events.openFailed(failure.fileName, failure.reason, failure.message);
   }
   Q_EMIT m_events.openFinished(failures.isEmpty());

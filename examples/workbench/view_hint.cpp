@@ -17,7 +17,7 @@ constexpr int Spacing = 14;  // px
 
 void paintHint(QPainter& painter, const QWidget& view, const QRect& area, const ViewHint& hint) {
   QFont titleFont = view.font();
-  titleFont.setPointSizeF(titleFont.pointSizeF() * 1.4);
+  titleFont.setPixelSize(qRound(QFontInfo(titleFont).pixelSize() * 1.4));
   const QRect title(area.left(), area.center().y(), area.width(), QFontMetrics(titleFont).height());
   const QRect icon(area.center().x() - IconSize / 2, title.top() - IconSize - Spacing, IconSize, IconSize);
   painter.setOpacity(0.6);

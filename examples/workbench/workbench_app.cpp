@@ -6,6 +6,7 @@
 #include <ui_base/tooltips/tooltip_manager.h>
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <vlk_app_service/application_service.h>
+#include <vlk_common_res/styles.h>
 #include <workbench/commands/dark_palette_command.h>
 #include <workbench/console.h>
 #include <workbench/main_window.h>
@@ -16,6 +17,8 @@
 #include <workbench/toolbars/mesh_tool_bars.h>
 #include <workbench/workbench_app_manager.h>
 #include <workbench/workbench_icon_provider.h>
+
+#include <QApplication>
 
 namespace Workbench {
 
@@ -36,6 +39,7 @@ bool WorkbenchApp::Init() {
   UiBase::WidgetPosCalculator::SetVerifySlidArrowByDefault(true);
   UiBase::TooltipManager::GetInstance().SetShowNextAtOnce(CommandTooltips, true);
   DarkPaletteCommand::restorePalette();
+  QApplication::setFont(Resource::Styles::Instance().FontLabel());
   m_window = std::make_unique<MainWindow>();
   setRootViewController(m_window->controller());
   QObject::connect(&m_window->controller()->events(), &MeshViewEvents::openFailed, m_window.get(),

@@ -15,6 +15,7 @@
 #include <workbench/commands/mesh_user.h>
 #include <workbench/commands/mode_command.h>
 #include <workbench/commands/open_mesh_command.h>
+#include <workbench/commands/open_recent_command.h>
 #include <workbench/commands/placement_command.h>
 #include <workbench/commands/quit_command.h>
 #include <workbench/commands/reset_view_command.h>
@@ -32,6 +33,7 @@
 #include <workbench/panels/smooth_panel.h>
 #include <workbench/photos/photo_command.h>
 #include <workbench/photos/photo_view_controller.h>
+#include <workbench/recent_files.h>
 #include <workbench/toolbars/command_groups.h>
 
 namespace Workbench {
@@ -108,6 +110,16 @@ CommandGroup* selectionGroup(MeshViewController* controller) {
   return group;
 }
 
+CommandGroup* recentGroup(MeshViewController* controller) {
+  auto* const group =
+      new CommandGroup(QString(), WorkbenchAppManager::tr("Recent files"), QStringLiteral("RecentFiles"));
+  group->setText(WorkbenchAppManager::tr("Open &Recent"));
+  group->setBaseGroupName(FileSection);
+  for (int place = 0; place < RecentFiles::Most; ++place)
+    group->addCommand(new OpenRecentCommand(controller, place), place);
+  return group;
+}
+
 CommandGroup* pageGroup(MeshViewController* controller) {
   auto* const group = new CommandGroup(QString(), WorkbenchAppManager::tr("Page"), QStringLiteral("Pages"));
   group->setBaseGroupName(PageSection);
@@ -127,6 +139,7 @@ QList<CommandBase*> photoCommands(PhotoViewController* controller) {
 QList<CommandBase*> meshCommands(MeshViewController* mesh) {
   CommandGroup* const shadings = shadingGroup(mesh);
   return {new OpenMeshCommand(mesh),
+          recentGroup(mesh),
           new SaveMeshCommand(mesh, SaveMesh),
           new SaveMeshCommand(mesh, SaveMeshAs),
           new SaveMeshCommand(mesh, ExportMesh),

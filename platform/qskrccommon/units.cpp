@@ -130,8 +130,16 @@ QString format(double value, Unit unit, const QLocale& locale, int significantDi
 }
 
 constexpr int MAX_DIGITS = 15; // what a double holds of any decimal number
-constexpr double SMALLEST_PLAIN = 1e-6;
+constexpr double SMALLEST_PLAIN = 1e-3;
 constexpr double LARGEST_PLAIN = 1e15;
+
+QString superscript(int number) {
+  static const QString digits = QStringLiteral("⁰¹²³⁴⁵⁶⁷⁸⁹");
+  QString text = number < 0 ? QStringLiteral("⁻") : QString();
+  for (const QChar digit : QString::number(std::abs(number)))
+    text += digits[digit.digitValue()];
+  return text;
+}
 
 /// The decimals needed to show \a value with \a digits significant ones, without zeros at the end.
 int decimalsFor(double value, int digits) {
@@ -143,6 +151,16 @@ int decimalsFor(double value, int digits) {
   for (qsizetype i = plain.size() - 1; decimals > 0 && plain[i] == '0'; --i)
     --decimals;
   return decimals;
+}
+
+/// As in "4.62 × 10⁻⁵".
+QString withPowerOfTen(double value, const QLocale& locale, int digits) {
+  const QByteArray rounded = QByteArray::number(value, 'e', digits - 1);
+  const qsizetype end = rounded.indexOf('e');
+  const double mantissa = rounded.left(end).toDouble();
+  return locale.toString(mantissa, 'f', decimalsFor(mantissa, digits)) + QChar(QChar::Nbsp) +
+         QStringLiteral("×") + QChar(QChar::Nbsp) + QStringLiteral("10") +
+         superscript(rounded.mid(end + 1).toInt());
 }
 
 } // namespace
@@ -181,7 +199,7 @@ QString formatNumber(double value, const QLocale& locale, int significantDigits)
   const int digits = std::clamp(significantDigits, 1, MAX_DIGITS);
   const double magnitude = std::fabs(value);
   if (magnitude < SMALLEST_PLAIN || magnitude >= LARGEST_PLAIN)
-    return locale.toString(value, 'e', digits - 1);
+    return withPowerOfTen(value, locale, digits);
   return locale.toString(value, 'f', decimalsFor(value, digits));
 }
 

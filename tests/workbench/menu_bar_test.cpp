@@ -9,6 +9,7 @@
 #include <workbench/commands/clear_measurements_command.h>
 #include <workbench/commands/dark_palette_command.h>
 #include <workbench/commands/length_unit_command.h>
+#include <workbench/commands/open_recent_command.h>
 #include <workbench/commands/placement_command.h>
 #include <workbench/palette_item.h>
 #include <workbench/panels/unit_button.h>
@@ -76,7 +77,7 @@ private Q_SLOTS:
       entries += usableEntries(*item->menu());
     }
     QCOMPARE(items.size(), 6);
-    QCOMPARE(entries, 34);
+    QCOMPARE(entries, 36);
   }
 
   void theArrowsReachAGroupAndItsCheckMarks() {
@@ -111,13 +112,54 @@ private Q_SLOTS:
     QTRY_VERIFY(bench.command<PlacementOverlayCommand>()->isChecked());
   }
 
-  void aMenuComesWithItsPage() {
+  void eachPageHasItsMenusAndTheirLettersOpenThem_data() {
+    QTest::addColumn<int>("page");
+    QTest::addColumn<QString>("letters");
+    QTest::newRow("mesh") << int(Qt::Key_1) << "FESTVH";
+    QTest::newRow("photographs") << int(Qt::Key_2) << "FVPH";
+  }
+  void eachPageHasItsMenusAndTheirLettersOpenThem() {
+    QFETCH(int, page);
+    QFETCH(QString, letters);
     Bench bench;
     QVERIFY(bench.start());
-    QVERIFY(!bench.item(QStringLiteral("photograph")).isVisible());
-    bench.press(Qt::Key_2, Qt::AltModifier);
-    QTRY_VERIFY(bench.item(QStringLiteral("photograph")).isVisible());
-    QVERIFY(usableEntries(*bench.menus().GetMenu(QStringLiteral("photograph"))) > 4);
+    bench.controller().showMesh(Test::blob(10), "blob"); // with all bars
+    bench.view().document().setSelection(TriangleSelection::all(200));
+    bench.press(Qt::Key(page), Qt::AltModifier);
+    Vela::Test::settle();
+    QString found;
+    for (const QToolButton* const item : bench.menus().MenuBar()->findChildren<QToolButton*>()) {
+      if (!item->isVisible() || !item->menu())
+        continue;
+      const QKeySequence mnemonic = QKeySequence::mnemonic(item->text());
+      bench.press(mnemonic[0].key(), Qt::AltModifier);
+      QTRY_VERIFY2(bench.openMenu() == item->menu(), qPrintable(item->text()));
+      QVERIFY(usableEntries(*item->menu()) > 0);
+      bench.openMenu()->close();
+      found += QChar(mnemonic[0].key());
+    }
+    QCOMPARE(found, letters);
+  }
+
+  void recentFilesAreOpenedAgain() {
+    Bench bench;
+    QVERIFY(bench.start());
+    const QString files[] = {bench.write("a & b.obj", Test::objFile(Test::cube(2))),
+                             bench.write("c.obj", Test::objFile(Test::square(1)))};
+    for (const QString& file : files) {
+      bench.controller().openFiles({file});
+      QTRY_COMPARE(bench.controller().fileName(), file);
+      Vela::Test::settle();
+    }
+    const auto recent = [&bench](int place) {
+      return bench.controller().findCommand(OpenRecentCommand::idOf(place));
+    };
+    QTRY_VERIFY(recent(1)->isEnabled());
+    QCOMPARE(recent(1)->text(), QStringLiteral("&2  a && b.obj"));
+    QVERIFY(recent(0)->isVisible() && !recent(2)->isVisible());
+    recent(1)->trigger();
+    QTRY_COMPARE(bench.controller().fileName(), files[0]);
+    QCOMPARE(recent(1)->statusTip(), files[1]);
   }
 
   void thePaletteItemShowsWhatAClickDoes() {

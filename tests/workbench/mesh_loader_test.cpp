@@ -71,45 +71,32 @@ private Q_SLOTS:
     const QString noTriangles = QStringLiteral("no triangles");
     QTest::newRow("empty") << "a.obj" << QByteArray() << "empty";
     QTest::newRow("unknown format") << "a.docx" << QByteArray("PK") << "format is not known";
-    QTest::newRow("no suffix") << "mesh" << Test::objFile(cube) << "format is not known";
 
-    QTest::newRow("OBJ, a letter") << "a.obj" << QByteArray("Dear Sir or Madam,\n\n") << noTriangles;
-    QTest::newRow("OBJ, one byte") << "a.obj" << QByteArray("v") << damaged;
     QTest::newRow("OBJ, points only") << "a.obj" << QByteArray("v 0 0 0\nv 1 0 0\nv 0 1 0\n") << noTriangles;
     QTest::newRow("OBJ, no such vertex") << "a.obj" << QByteArray("v 0 0 0\nv 1 0 0\nf 1 2 7\n") << damaged;
     QTest::newRow("OBJ, not a number")
         << "a.obj" << QByteArray("v nan 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n") << "not a finite number";
 
     QTest::newRow("OFF, cut off") << "a.off" << Test::offFile(Test::blob(10)).left(900) << damaged;
-    QTest::newRow("OFF, no such vertex")
-        << "a.off" << QByteArray("OFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 4000000000\n") << damaged;
     QTest::newRow("OFF, absurd count")
         << "a.off" << QByteArray("OFF\n353535235358 6 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n") << "";
 
-    QTest::newRow("PLY, header only") << "a.ply" << QByteArray("ply\n") << damaged;
     QTest::newRow("PLY, no faces")
         << "a.ply"
         << QByteArray("ply\nformat ascii 1.0\nelement vertex 1\nproperty float x\nproperty float y\n"
                       "property float z\nend_header\n1 2 3\n")
         << noTriangles;
-    const QByteArray ply = Test::asciiPlyFile(cube);
-    QTest::newRow("PLY, all faces missing") << "a.ply" << ply.left(ply.indexOf("\n3 ") + 1) << "damaged";
-    QTest::newRow("PLY, no such vertex")
-        << "a.ply" << Test::asciiPlyFile(cube).replace("\n3 0 2 3\n", "\n3 0 2 90\n") << damaged;
     QTest::newRow("PLY, infinite") << "a.ply" << Test::asciiPlyFile(cube).replace("\n-0.5 ", "\ninf ")
                                    << "not a finite number";
     QTest::newRow("PLY, brings the importer down")
         << "a.ply" << QByteArray("ply\nformat binary_\0\0", 20) << "damaged";
 
     QTest::newRow("STL, cut off") << "a.stl" << Test::binaryStlFile(cube).left(200) << damaged;
-    QTest::newRow("STL, noise") << "a.stl" << QByteArray(3000, '\xA7') << damaged;
-    QTest::newRow("glTF, no JSON") << "a.gltf" << Test::gltfFile(cube).left(400) << damaged;
     QTest::newRow("glTF, no such buffer")
         << "a.gltf" << Test::gltfFile(cube).replace("data:application/octet-stream;base64,", "missing.bin?")
         << damaged;
     QTest::newRow("glTF, no such node")
         << "a.gltf" << Test::gltfFile(cube).replace(R"("children":[1])", R"("children":[77])") << damaged;
-    QTest::newRow("GLB, cut off") << "a.glb" << Test::glbFile(cube).left(700) << damaged;
   }
   void tellsWhyAFileIsNotLoaded() {
     QFETCH(QString, name);

@@ -7,7 +7,6 @@
 #include <workbench/mesh_ops/selection.h>
 #include <workbench/mesh_ops/smooth.h>
 
-#include <bitset>
 #include <cmath>
 #include <numeric>
 #include <random>
@@ -34,18 +33,6 @@ double roughness(const Mesh& mesh) {
 double fromSphere(const QVector3D& p) { return std::abs(double(p.length()) - 1); }
 double fromTorus(const QVector3D& p) {
   return std::abs(std::hypot(std::hypot(double(p.x()), double(p.z())) - 1, double(p.y())) - 0.4);
-}
-
-// A plate from (-1, -1) to (1, 1) with a square hole of half that size in its middle.
-Mesh frame() {
-  const Mesh plate = Test::square(1, 32);
-  TriangleSelection hole(plate.triangles().size());
-  for (std::uint32_t i = 0; i < hole.size(); ++i) {
-    const std::uint32_t column = i / 2 % 32;
-    const std::uint32_t row = i / 2 / 32;
-    hole.set(i, column >= 8 && column < 24 && row >= 8 && row < 24);
-  }
-  return withoutTriangles(plate, hole);
 }
 
 TriangleSelection of(const Mesh& mesh, std::vector<std::uint32_t> triangles) {
@@ -156,17 +143,6 @@ private Q_SLOTS:
       QVERIFY(result.faceArea(i) > 0);
   }
 
-  void decimationKeepsBorders() {
-    const Mesh full = frame();
-    const Mesh result = decimated(full, 24);
-    QVERIFY(result.triangles().size() <= 24 && result.triangles().size() >= 8);
-    QVERIFY(std::abs(full.area() - 3) < 1e-4);
-    QVERIFY2(std::abs(result.area() - 3) < 1e-3, qPrintable(QString::number(result.area())));
-    QVERIFY((result.bounds().size() - full.bounds().size()).length() < 1e-3F);
-    for (std::size_t i = 0; i < result.triangles().size(); ++i)
-      QVERIFY(result.faceNormal(i).z() > 0.99F);
-  }
-
   void decimationCopesWithAnyMesh_data() {
     QTest::addColumn<Mesh>("mesh");
     QTest::addColumn<int>("least");
@@ -215,56 +191,6 @@ private Q_SLOTS:
     });
     QVERIFY_THROWS_EXCEPTION(Vela::UiBase::RunCancelled, operation(mesh, progress));
     QVERIFY(told.back() < 0.7);
-  }
-
-  void selectionsAreSetsOfTriangles() {
-    constexpr std::size_t Size = 131; // not a whole number of words
-    std::mt19937 random(3);
-    std::bitset<Size> modelA;
-    std::bitset<Size> modelB;
-    TriangleSelection a(Size);
-    TriangleSelection b(Size);
-    const auto isSame = [](const TriangleSelection& selection, const std::bitset<Size>& model) {
-      for (std::size_t i = 0; i < Size; ++i) {
-        if (selection.contains(i) != model[i])
-          return false;
-      }
-      const std::vector<std::uint32_t> indices = selection.triangles();
-      return selection.count() == model.count() && selection == TriangleSelection(Size, indices);
-    };
-    for (int i = 0; i < 2000; ++i) {
-      const std::size_t triangle = random() % Size;
-      b.set(triangle, i % 3 != 0), modelB.set(triangle, i % 3 != 0);
-      switch (random() % 8) {
-      case 0:
-        a |= b, modelA |= modelB;
-        break;
-      case 1:
-        a &= b, modelA &= modelB;
-        break;
-      case 2:
-        a -= b, modelA &= ~modelB;
-        break;
-      case 3:
-        a ^= b, modelA ^= modelB;
-        break;
-      case 4:
-        a.invert(), modelA.flip();
-        break;
-      case 5:
-        std::swap(a, b), std::swap(modelA, modelB);
-        break;
-      case 6:
-        i % 5 ? a.selectAll() : a.clear(), i % 5 ? modelA.set() : modelA.reset();
-        break;
-      default:
-        break;
-      }
-      QVERIFY2(isSame(a, modelA) && isSame(b, modelB), qPrintable(QString::number(i)));
-    }
-    QVERIFY(!a.contains(Size));
-    QVERIFY_THROWS_EXCEPTION(std::out_of_range, a.set(Size));
-    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, a |= TriangleSelection(Size + 1));
   }
 
   void selectionsFollowTheSurface() {

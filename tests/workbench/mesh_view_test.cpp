@@ -13,16 +13,6 @@ class MeshViewTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void withoutAMeshItShowsAHint() {
-    MeshView view;
-    show(view);
-    QVERIFY(view.isSettled());
-    QVERIFY(Test::meshPixels(view.grab().toImage()) > 100);
-    QVERIFY(view.statusText().isEmpty());
-    QVERIFY(!view.pick(view.rect().center()));
-    QVERIFY(!view.accessibleName().isEmpty());
-  }
-
   void showsAMesh() {
     MeshView view;
     show(view);
@@ -51,38 +41,6 @@ private Q_SLOTS:
     QVERIFY(hit);
     QVERIFY((hit->point - QVector3D(0.5F, 0.5F, 0.5F)).length() < 0.05F);
     QVERIFY(!view.pick({0, 0}));
-  }
-
-  void looksChangeThePicture_data() {
-    QTest::addColumn<std::function<void(MeshView&)>>("change");
-    using Change = std::function<void(MeshView&)>;
-    QTest::newRow("shading") << Change([](MeshView& view) { view.setShading(FlatShading); });
-    QTest::newRow("camera") << Change([](MeshView& view) {
-      Camera camera = view.camera();
-      camera.orbit(20, 0);
-      view.setCamera(camera);
-    });
-    QTest::newRow("palette") << Change([](MeshView& view) { view.setPalette(QPalette(QColor(40, 40, 40))); });
-    QTest::newRow("another mesh") << Change([](MeshView& view) { view.document().open(Test::cube(1), {}); });
-    QTest::newRow("selection") << Change([](MeshView& view) {
-      view.document().setSelection(TriangleSelection::all(view.mesh().triangles().size()));
-    });
-    QTest::newRow("measured distance") << Change([](MeshView& view) {
-      view.measurements().begin({0, 0, 0});
-      view.measurements().finish({0.5F, 0, 0});
-    });
-    QTest::newRow("rubber band") << Change([](MeshView& view) { view.setRubberBand({10, 10, 80, 60}); });
-    QTest::newRow("drop highlight") << Change([](MeshView& view) { view.setDropHighlight(true); });
-  }
-  void looksChangeThePicture() {
-    QFETCH(std::function<void(MeshView&)>, change);
-    MeshView view;
-    view.document().open(Test::blob(20), {});
-    show(view);
-    const QImage before = view.grab().toImage();
-    change(view);
-    QTRY_VERIFY(view.isSettled());
-    QVERIFY(view.grab().toImage() != before);
   }
 
   // As long as it goes on, it is drawn quickly; then the same as if there had been no motion.

@@ -149,19 +149,6 @@ private Q_SLOTS:
     QVERIFY(viewport.isFit());
   }
 
-  void inItsOriginalSizeAPixelIsAPixel() {
-    PhotoBench bench;
-    QVERIFY(bench.show({bench.photo("a.png", {201, 101})}));
-    bench.photos().setFocus();
-    bench.press(Qt::Key_O);
-    const QPoint corner = bench.photos().viewport().photoRect().topLeft().toPoint();
-    QCOMPARE(bench.colorAt(corner), QColor(Qt::red));
-    QVERIFY(bench.colorAt(corner - QPoint(1, 0)) != QColor(Qt::red));
-    QCOMPARE(bench.colorAt(corner + QPoint(100, 50)), QColor(Qt::white));
-    QCOMPARE(bench.colorAt(corner + QPoint(101, 50)), QColor(Qt::red));
-    QCOMPARE(bench.colorAt(corner + QPoint(100, 51)), QColor(Qt::red));
-  }
-
   void turnsPhotographsUpright() {
     PhotoBench bench;
     QImage image(60, 30, QImage::Format_RGB32);
@@ -171,6 +158,16 @@ private Q_SLOTS:
     QVERIFY(writer.write(image));
     QVERIFY(bench.show({bench.path("turned.jpg")}));
     QCOMPARE(bench.document().photo().size(), QSize(30, 60));
+  }
+
+  void f6GoesToTheButtonsAndBack() {
+    PhotoBench bench;
+    QVERIFY(bench.show({bench.photo("a.png", {300, 200})}));
+    bench.photos().setFocus();
+    bench.press(Qt::Key_F6);
+    QVERIFY(bench.photos().toolBar().isAncestorOf(QApplication::focusWidget()));
+    bench.press(Qt::Key_F6);
+    QVERIFY(bench.photos().hasFocus());
   }
 
   void whatIsNoPictureIsToldAndLosesNothing() {

@@ -6,24 +6,17 @@
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/popups/flyout_base.h>
-#include <ui_base/toolbars/action_panel.h>
-#include <ui_base/tooltips/tooltip_ex.h>
-#include <ui_base/tooltips/tooltip_manager.h>
 #include <workbench/commands/decimate_mesh_command.h>
 #include <workbench/commands/history_command.h>
 #include <workbench/commands/open_mesh_command.h>
 #include <workbench/commands/placement_command.h>
-#include <workbench/commands/set_pivot_command.h>
 #include <workbench/commands/smooth_flyout_command.h>
 #include <workbench/mesh_ops/smooth.h>
-#include <workbench/panels/command_tooltip.h>
 #include <workbench/panels/mesh_info_dialog.h>
 #include <workbench/panels/placement_overlay.h>
 #include <workbench/panels/smooth_panel.h>
 
 #include <QApplication>
-#include <QCheckBox>
-#include <QPushButton>
 #include <QSpinBox>
 #include <QTextBrowser>
 
@@ -34,17 +27,11 @@ using Vela::Test::settle;
 
 namespace {
 
-/// A workbench that shows a bumpy mesh, whose tooltips come and unfold at once.
+/// A workbench that shows a bumpy mesh.
 class PopupBench : public WorkbenchFixture {
 public:
-  PopupBench() : m_times(TooltipManager::GetInstance().Times()) {
-    TooltipManager::GetInstance().SetTimes({.showUp = 1, .dismiss = 1, .unfold = 1});
-    qputenv("VLK_PLUGIN_PATH", "");
-  }
-  ~PopupBench() {
-    TooltipManager::GetInstance().SetTimes(m_times);
-    qunsetenv("VLK_PLUGIN_PATH");
-  }
+  PopupBench() { qputenv("VLK_PLUGIN_PATH", ""); }
+  ~PopupBench() { qunsetenv("VLK_PLUGIN_PATH"); }
   Q_DISABLE_COPY_MOVE(PopupBench)
 
   bool show(const Mesh& mesh = Test::blob(20)) {
@@ -54,11 +41,6 @@ public:
     controller().showMesh(mesh, QStringLiteral("blob"));
     settle();
     return true;
-  }
-  /// The cursor of the screen goes along: what is shown or hidden makes Qt ask what lies under it.
-  void hover(const QPoint& place) {
-    QCursor::setPos(window().mapToGlobal(place));
-    QTest::mouseMove(window().windowHandle(), place);
   }
   bool openFlyout() {
     press(Qt::Key_M, Qt::ControlModifier | Qt::AltModifier);
@@ -78,24 +60,7 @@ public:
     return view().shownMesh().positions() == view().mesh().positions() && !smoothing().isActive() &&
            !flyout().isVisible() && !controller().isMeshLocked();
   }
-  template <typename Command>
-  QWidget* button() {
-    QWidget* const button = bars().mainBar().FindOneButton(Command::className(), true);
-    return button ? button : bars().panel().FindOneButton(Command::className(), true);
-  }
-
-private:
-  const TooltipTimes m_times;
 };
-
-TooltipEx* shownTooltip(const WorkbenchFixture&) {
-  for (QWidget* const widget : QApplication::allWidgets()) {
-    auto* const tooltip = qobject_cast<TooltipEx*>(widget);
-    if (tooltip && tooltip->isVisible())
-      return tooltip;
-  }
-  return nullptr;
-}
 
 } // namespace
 
@@ -134,22 +99,6 @@ private Q_SLOTS:
     QVERIFY(bench.view().mesh().positions() == expected);
     settle();
     QVERIFY(bench.controller().contextStack().isEmpty());
-  }
-
-  void resetAndThePreviewBoxAreFollowed() {
-    PopupBench bench;
-    QVERIFY(bench.show());
-    QVERIFY(bench.openFlyout());
-    bench.setIterations(40);
-    QTRY_VERIFY(bench.isPreviewCurrent());
-    bench.flyout().Reset();
-    QCOMPARE(bench.panel().options().iterations, 10);
-    QTRY_VERIFY(bench.isPreviewCurrent());
-    auto* const box = bench.panel().findChild<QCheckBox*>();
-    box->click();
-    QVERIFY(bench.view().shownMesh().positions() == bench.view().mesh().positions());
-    box->click();
-    QTRY_VERIFY(bench.isPreviewCurrent());
   }
 
   // However the flyout closes, also while it applies: the mesh is what it was, or the one that came.
@@ -196,29 +145,6 @@ private Q_SLOTS:
     QVERIFY(!bench.view().document().undoStack()->canUndo());
     QTRY_VERIFY(bench.command<OpenMeshCommand>()->isEnabled());
     QVERIFY(bench.openFlyout()); // and again
-  }
-
-  void tooltipsTellAboutCommands() {
-    PopupBench bench;
-    QVERIFY(bench.show());
-    QWidget* const button = bench.button<SetPivotCommand>();
-    bench.hover(button->mapTo(&bench.window(), QPoint(5, 5)));
-    bench.hover(button->mapTo(&bench.window(), QPoint(8, 8)));
-    QTRY_VERIFY(shownTooltip(bench));
-    QCOMPARE(shownTooltip(bench)->Title(), QStringLiteral("Set Rotation Centre"));
-    QCOMPARE(shownTooltip(bench)->Shortcut(), QStringLiteral("Ctrl+R"));
-    QTRY_VERIFY(shownTooltip(bench)->IsUnfolded());
-    bench.hover(QPoint(400, 400));
-    QTRY_VERIFY(!shownTooltip(bench));
-
-    bench.button<OpenMeshCommand>()->setFocus(Qt::TabFocusReason);
-    QTRY_VERIFY(shownTooltip(bench));
-    QVERIFY(shownTooltip(bench)->Title().startsWith(QStringLiteral("Open")));
-    const QRect place(shownTooltip(bench)->mapTo(&bench.window(), QPoint()), shownTooltip(bench)->size());
-    QVERIFY2(bench.window().rect().contains(place),
-             qPrintable(bench.command<PlacementOverlayCommand>()->overlay()->search().toString()));
-    bench.press(Qt::Key_Escape);
-    QVERIFY(!shownTooltip(bench));
   }
 
   void theFiguresFollowTheMesh() {

@@ -34,21 +34,6 @@ int drawnPixels(const Renderer& renderer) {
   return count;
 }
 
-// How far two pictures differ in the pixels of a frame where a mesh is seen, from 0 to 255.
-double difference(const Renderer& a, const Renderer& b) {
-  double sum = 0;
-  int count = 0;
-  for (int y = 0; y < a.image().height(); ++y) {
-    for (int x = 0; x < a.image().width(); ++x) {
-      if (!a.pick({x, y}) || !b.pick({x, y}))
-        continue;
-      sum += std::abs(qGray(a.image().pixel(x, y)) - qGray(b.image().pixel(x, y)));
-      ++count;
-    }
-  }
-  return sum / std::max(count, 1);
-}
-
 bool isNear(const QVector3D& a, const QVector3D& b, float tolerance) { return (a - b).length() < tolerance; }
 
 } // namespace
@@ -115,15 +100,6 @@ private Q_SLOTS:
     QVERIFY(std::abs(renderer.pick({60, 82})->point.z() + 0.4F) < 1e-4F);
   }
 
-  void ofTwoInOnePlaneTheFirstStays() {
-    const QSize size(64, 64);
-    Renderer renderer;
-    renderer.render(Test::merged(Test::square(1), Test::square(1)), frontCamera(size, 20), size,
-                    lightStyle());
-    for (int x = 20; x < 44; ++x)
-      QVERIFY(renderer.pick({x, 30})->triangle < 2);
-  }
-
   // The camera stands in a long tunnel of which the rear end lies behind it.
   void clipsWhatReachesBehindTheEye() {
     const Mesh tunnel(
@@ -150,14 +126,6 @@ private Q_SLOTS:
       QVERIFY(hit->point.z() < camera.eye().z());
     }
     QVERIFY(drawnPixels(renderer) > size.width() * size.height() * 9 / 10);
-  }
-
-  void drawsTrianglesFarLargerThanTheFrame() {
-    const QSize size(100, 100);
-    Renderer renderer;
-    renderer.render(Test::square(1e6F), frontCamera(size, 20), size, lightStyle());
-    QCOMPARE(drawnPixels(renderer), size.width() * size.height());
-    QVERIFY(isNear(renderer.pick({50, 50})->point, {0.025F, -0.025F, 0}, 0.01F));
   }
 
   void leavesOutWhatIsBehindOrBroken() {
@@ -204,86 +172,6 @@ private Q_SLOTS:
         first = renderer.image();
       QVERIFY(renderer.image() == first);
     }
-  }
-
-  void atTwiceTheSizeTheSamePointsAreSeen() {
-    const Mesh mesh = Test::blob(60);
-    const QSize size(160, 120);
-    Camera camera = frontCamera(size, 35);
-    camera.orbit(25, 35);
-    Renderer normal;
-    Renderer sharp;
-    normal.render(mesh, camera, size, lightStyle());
-    sharp.render(mesh, camera, size * 2, lightStyle());
-    QCOMPARE(sharp.image().size(), size * 2);
-    const double ratio = double(drawnPixels(sharp)) / drawnPixels(normal);
-    QVERIFY2(std::abs(ratio - 4) < 0.05, qPrintable(QString::number(ratio)));
-    const auto hit = normal.pick({80, 60});
-    const auto sharpHit = sharp.pick({160, 120});
-    QVERIFY(hit && sharpHit);
-    QVERIFY(isNear(hit->point, sharpHit->point, 0.02F));
-  }
-
-  void oversamplingMixesColoursAtEdges() {
-    const QSize size(100, 100);
-    Camera camera = frontCamera(size, 30);
-    const Mesh turned({{-1, -0.9F, 0}, {0.9F, -1, 0}, {1, 0.9F, 0}, {-0.9F, 1, 0}}, {{0, 1, 2}, {0, 2, 3}});
-    RenderStyle style = lightStyle();
-    style.backgroundBottom = style.backgroundTop;
-    const auto colours = [&](int oversampling) {
-      Renderer renderer;
-      renderer.render(turned, camera, size, style, oversampling);
-      QSet<QRgb> set;
-      for (int y = 0; y < size.height(); ++y) {
-        for (int x = 0; x < size.width(); ++x)
-          set.insert(renderer.image().pixel(x, y));
-      }
-      return set.size();
-    };
-    QCOMPARE(colours(1), 2);
-    QVERIFY(colours(2) > 2);
-  }
-
-  void shadingShowsTheShape() {
-    const QSize size(200, 200);
-    Camera camera = frontCamera(size, 60);
-    camera.orbit(30, 30);
-    RenderStyle style = lightStyle();
-    style.shading = FlatShading;
-    Renderer renderer;
-    renderer.render(Test::cube(1.2F), camera, size, style);
-    QHash<QRgb, int> faces;
-    for (int y = 0; y < size.height(); ++y) {
-      for (int x = 0; x < size.width(); ++x) {
-        if (renderer.pick({x, y}))
-          ++faces[renderer.image().pixel(x, y)];
-      }
-    }
-    QCOMPARE(faces.size(), 3);
-    // From inside, the same face has the colour of the back side.
-    renderer.render(Test::square(1), frontCamera(size, 30), size, style);
-    const QColor outside = renderer.image().pixelColor(100, 100);
-    Camera behind = frontCamera(size, 30);
-    behind.orbit(180, 0);
-    renderer.render(Test::square(1), behind, size, style);
-    const QColor inside = renderer.image().pixelColor(100, 100);
-    QVERIFY(inside.hslSaturation() > outside.hslSaturation() + 10);
-  }
-
-  void smoothShadingHidesTheFaces() {
-    const QSize size(200, 200);
-    Camera camera = frontCamera(size, 60);
-    camera.orbit(20, 30);
-    RenderStyle flat = lightStyle();
-    flat.shading = FlatShading;
-    Renderer exact;
-    Renderer faces;
-    Renderer smooth;
-    exact.render(Test::sphere(200), camera, size, flat);
-    faces.render(Test::sphere(20), camera, size, flat);
-    smooth.render(Test::sphere(20), camera, size, lightStyle());
-    QVERIFY2(difference(smooth, exact) < 1, qPrintable(QString::number(difference(smooth, exact))));
-    QVERIFY(difference(faces, exact) > 3 * difference(smooth, exact));
   }
 
   void edgesAreDrawnWhereFacesAreSeen() {
@@ -352,28 +240,6 @@ private Q_SLOTS:
     QCOMPARE(trianglesInside(Test::cube(1), camera, all, size).count(), std::size_t(12));
     const TriangleSelection left = trianglesInside(Test::cube(1), camera, QRectF(60, 100, -60, -100), size);
     QCOMPARE(left.triangles(), (std::vector<std::uint32_t>{0, 3, 5, 6, 8, 9}));
-  }
-
-  void theBackgroundSuitsThePalette() {
-    const QSize size(10, 50);
-    Renderer renderer;
-    const RenderStyle dark = RenderStyle::forPalette(QPalette(QColor(0x20, 0x20, 0x20)));
-    renderer.render(Mesh(), Camera(), size, dark);
-    QVERIFY(renderer.image().pixelColor(5, 25).lightness() < 80);
-    renderer.render(Mesh(), Camera(), size, lightStyle());
-    QVERIFY(renderer.image().pixelColor(5, 25).lightness() > 200);
-    QVERIFY(renderer.image().pixelColor(5, 0) != renderer.image().pixelColor(5, 49));
-  }
-
-  void imagesHandedOutStayAsTheyAre() {
-    const QSize size(50, 50);
-    Renderer renderer;
-    renderer.render(Test::square(1), frontCamera(size, 20), size, lightStyle());
-    const QImage first = renderer.image();
-    const QRgb middle = first.pixel(25, 25);
-    renderer.render(Mesh(), frontCamera(size, 20), size, lightStyle());
-    QCOMPARE(first.pixel(25, 25), middle);
-    QVERIFY(renderer.image().pixel(25, 25) != middle);
   }
 };
 

@@ -13,8 +13,6 @@
 #include <ui_base/toolbars/toolbar_manager.h>
 #include <workbench/commands/history_command.h>
 #include <workbench/commands/mode_command.h>
-#include <workbench/commands/open_mesh_command.h>
-#include <workbench/commands/selection_command.h>
 #include <workbench/commands/smooth_flyout_command.h>
 #include <workbench/commands/volume_panel_command.h>
 
@@ -181,21 +179,6 @@ private Q_SLOTS:
     QVERIFY(!bench.controller().isMeshLocked());
   }
 
-  void theToolbarOfTheSelectionComesAndGoes() {
-    BarsBench bench;
-    QVERIFY(bench.show({1280, 800}));
-    const std::size_t all = bench.triangles();
-    QVERIFY(bench.selectionBar() && !bench.selectionBar()->isVisible());
-    bench.selectByRectangle();
-    QTRY_VERIFY(bench.selectionBar()->isVisible());
-    ToolButton* const remove =
-        bench.selectionBar()->FindOneButton(SelectionCommand::idOf(DeleteSelection), false);
-    QTRY_VERIFY(remove && remove->isEnabled());
-    bench.click(*remove);
-    QVERIFY(bench.triangles() < all);
-    QTRY_VERIFY(!bench.selectionBar()->isVisible());
-  }
-
   void whatDoesNotFitIsReached() {
     BarsBench bench;
     QVERIFY(bench.show({640, 480}));
@@ -215,28 +198,6 @@ private Q_SLOTS:
     menu->close();
     QTRY_VERIFY(!bench.notification().isEmpty()); // which asks for the point
     QVERIFY2(last.contains(QStringLiteral("Rotation")), qPrintable(last));
-  }
-
-  void theKeysReachEveryBar() {
-    BarsBench bench;
-    QVERIFY(bench.show({1280, 800}));
-    QVERIFY(bench.view().hasFocus());
-    bench.press(Qt::Key_F6);
-    QVERIFY(bench.bars().mainBar().isAncestorOf(QApplication::focusWidget()));
-    bench.press(Qt::Key_F6);
-    QVERIFY(bench.panel().isAncestorOf(QApplication::focusWidget()));
-    bench.press(Qt::Key_Down);
-    bench.press(Qt::Key_Space);
-    QTRY_COMPARE(bench.controller().mode(), MeasureMode);
-    bench.press(Qt::Key_Escape);
-    QVERIFY(bench.view().hasFocus());
-    bench.click(bench.group("Smoothing"));
-    QVERIFY(bench.view().hasFocus() && bench.group("Smoothing").IsMenuShowing());
-    bench.press(Qt::Key_Escape); // one thing at a time
-    QVERIFY(!bench.group("Smoothing").IsMenuShowing());
-    QCOMPARE(bench.controller().mode(), MeasureMode);
-    bench.press(Qt::Key_Escape); // now it is the view's
-    QTRY_COMPARE(bench.controller().mode(), PickMode);
   }
 };
 

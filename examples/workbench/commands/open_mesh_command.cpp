@@ -6,6 +6,7 @@
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/config_manager.h>
 #include <workbench/command_menus.h>
+#include <workbench/failure_notice.h>
 #include <workbench/mesh_loader.h>
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
@@ -90,6 +91,8 @@ bool OpenMeshCommand::onExecute(bool checked) {
                               : tr("Opening %1 and %2 more…").arg(name).arg(m_files.size() - 1);
   setExecutionNotificationMessage(StartNotification, message);
   setExecutionNotificationMessage(EndNotification, {});
+  if (const MeshView* const view = meshView())
+    clearMessages(*view);
   if (MeshViewController* const controller = meshController())
     Q_EMIT controller->events().openStarted(message);
   return CommandBase::onExecute(checked);
@@ -118,10 +121,10 @@ bool OpenMeshCommand::onExecuteAsync(bool) {
     } catch (const MeshLoadError& error) {
       if (stop.stop_requested())
         return false;
-      outcome.failures.append({file, error.reason(), error.message()});
+      outcome.failures.append({file, error.reason(), error.message(), error.details()});
     } catch (const std::exception& error) {
-      const MeshLoadError failure(file, QString::fromLocal8Bit(error.what()));
-      outcome.failures.append({file, failure.reason(), failure.message()});
+      const MeshLoadError failure(file, tr("Reading it failed."), QString::fromLocal8Bit(error.what()));
+      outcome.failures.append({file, failure.reason(), failure.message(), failure.details()});
     }
   }
   return outcome.failures.isEmpty();

@@ -22,6 +22,7 @@ public:
     QString fileName;
     QString reason;
     QString message; ///< Names the file and the reason.
+    QString details; ///< For who wants to know more; often empty.
   };
 
   explicit OpenMeshCommand(MeshViewController* controller);

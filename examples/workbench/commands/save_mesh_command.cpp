@@ -10,6 +10,7 @@
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
 #include <workbench/mesh_writer.h>
+#include <workbench/recent_files.h>
 
 #include <QDir>
 #include <QFileDialog>
@@ -117,6 +118,7 @@ void SaveMeshCommand::finish() {
   setExecutionNotificationMessage(EndNotification, tr("Saved %1").arg(QFileInfo(m_run->file).fileName()));
   if (edited && m_saving != ExportMesh)
     edited->setSaved(m_run->mesh, m_run->file);
+  RecentFiles::add(m_run->file);
 }
 
 void SaveMeshCommand::executionEnded() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workbench_pages.h"
 
+#include <workbench/failure_notice.h>
 #include <workbench/mesh_loader.h>
 #include <workbench/mesh_view_controller.h>
 #include <workbench/pages/show_page_command.h>
@@ -49,8 +50,11 @@ void WorkbenchPages::updateCurrent() {
 
 void WorkbenchPages::openPhotos(const QStringList& files) {
   show(PhotoPage);
-  if (PhotoView* const view = m_photos.photoView())
-    view->document().open(files);
+  PhotoView* const view = m_photos.photoView();
+  if (!view)
+    return;
+  clearMessages(*view);
+  view->document().open(files);
 }
 
 // What is no mesh either is told of here, where it was dropped.

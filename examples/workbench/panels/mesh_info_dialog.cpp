@@ -21,6 +21,8 @@ MeshInfoDialog::MeshInfoDialog(MeshView& view, QWidget* parent)
   connect(&view.document(), &MeshDocument::meshChanged, this, &MeshInfoDialog::takeFigures);
   connect(&view.measurements(), &Measurements::unitChanged, this, &MeshInfoDialog::showFigures);
   connect(&Styles::Instance(), &Styles::changed, this, &MeshInfoDialog::showFigures);
+  // Shortcuts of the window around the view work here too.
+  setWindowFlags((windowFlags() & ~Qt::WindowType_Mask) | Qt::Tool);
   Panel()->setMinimumSize(PanelSize);
   takeFigures();
 }

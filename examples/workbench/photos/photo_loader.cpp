@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "photo_loader.h"
 
+#include <workbench/photos/jpeg_end.h>
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
@@ -83,6 +85,8 @@ QImage readImage(const QString& fileName, const Vela::UiBase::RunProgress& progr
     throw Vela::UiBase::RunCancelled();
   if (image.isNull())
     throw PhotoLoadError(fileName, reasonOf(reader));
+  if (QFile whole(fileName); whole.open(QIODevice::ReadOnly) && !hasJpegEnd(whole))
+    throw PhotoLoadError(fileName, PhotoText::tr("The file is damaged or incomplete."));
   return image;
 }
 

@@ -32,6 +32,8 @@ MeshToolBars::MeshToolBars(MeshView& view, MeshViewController& controller, QObje
       m_dynamic(new ToolbarManager(m_main)) {
   dressMainBar();
   m_panel->setAccessibleName(tr("Actions"));
+  if (view.isRightToLeft())
+    m_panel->SetArea(Qt::RightToolBarArea);
   m_panel->SetTooltipGroup(CommandTooltips);
   for (ToolBar* const bar : {m_main, static_cast<ToolBar*>(m_panel)}) {
     bar->hide();
@@ -81,8 +83,10 @@ void MeshToolBars::dressButtons() {
   for (ToolBar* const bar : bars) {
     connect(bar, &ToolBar::LayoutChanged, this, &MeshToolBars::dressButtons, Qt::UniqueConnection);
     const QList<ToolButton*> buttons = bar->Buttons();
-    for (ToolButton* const button : buttons)
+    for (ToolButton* const button : buttons) {
+      button->setShortcut(QKeySequence()); // a letter of its text would be taken from the menu bar
       giveCommandTooltip(*button);
+    }
   }
   // What is no switch does not stay pressed.
   const QList<ToolButton*> buttons = m_panel->Buttons();
@@ -99,7 +103,9 @@ int MeshToolBars::clearTop() const { return m_main->Offset().y() + m_main->sizeH
 void MeshToolBars::keepClear(FloatingWidget& widget) const {
   const int side = clearSide();
   const bool centered = widget.alignment().testFlag(Qt::AlignHCenter);
-  widget.setMargins({side, clearTop(), centered ? side : Gap, Gap});
+  const int far = centered ? side : Gap;
+  const bool mirrored = m_view.isRightToLeft();
+  widget.setMargins({mirrored ? far : side, clearTop(), mirrored ? side : far, Gap});
 }
 
 // A menu that was opened with the mouse leaves the focus with the view.

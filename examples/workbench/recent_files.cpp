@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#include "recent_files.h"
+
+#include <vlk_app_service/application_service.h>
+#include <vlk_app_service/config_manager.h>
+
+#include <QFileInfo>
+
+namespace Workbench {
+
+namespace {
+
+Vela::Services::ConfigManager& config() {
+  return Vela::Services::ApplicationService::GetInstance().GetConfigManager();
+}
+
+} // namespace
+
+QString RecentFiles::key() { return QStringLiteral("files/recent"); }
+
+QStringList RecentFiles::list() { return config().value(key()).toStringList().mid(0, Most); }
+
+void RecentFiles::add(const QString& file) {
+  const QString path = QFileInfo(file).absoluteFilePath();
+  QStringList files = list();
+  files.removeAll(path);
+  files.prepend(path);
+  config().setValue(key(), files.mid(0, Most));
+}
+
+} // namespace Workbench
