@@ -64,33 +64,6 @@ class KernelDispatcherTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void mainThreadTasksRunOnceInOrderOfTheirArrival() {
-    constexpr int threads = 4;
-    constexpr int perThread = 500;
-    std::vector<std::vector<int>> seen(threads);
-    bool elsewhere = false;
-    {
-      std::vector<std::jthread> pushers;
-      for (int thread = 0; thread < threads; ++thread) {
-        pushers.emplace_back([&, thread] {
-          for (int i = 0; i < perThread; ++i) {
-            const auto note = [&, thread, i] {
-              seen[static_cast<std::size_t>(thread)].push_back(i);
-              elsewhere = elsewhere || QThread::currentThread() != qApp->thread();
-            };
-            dispatchAsync(note, MainThreadQoS);
-          }
-        });
-      }
-    }
-    Vela::Test::settle();
-    QVERIFY(!elsewhere);
-    for (const std::vector<int>& order : seen) {
-      QCOMPARE(order.size(), std::size_t(perThread));
-      QVERIFY(std::is_sorted(order.begin(), order.end()));
-    }
-  }
-
   void manyTasksCostOneWakeUp() {
     EventCounter wakeUps(QEvent::User);
     int ran = 0;
@@ -100,27 +73,6 @@ private Q_SLOTS:
     QCOMPARE(ran, 1000);
     // The second one is for the rest of the batch, in case a task had turned an event loop.
     QVERIFY(wakeUps.count() <= 2);
-  }
-
-  void aTaskIsNeverRunInsideTheCall_data() { placeRows(); }
-  void aTaskIsNeverRunInsideTheCall() {
-    QFETCH(Place, from);
-    QFETCH(int, qos);
-    static thread_local bool inside = false;
-    std::atomic<bool> wasInside{false};
-    std::atomic<int> ran{0};
-    runAt(from, [&] {
-      inside = true;
-      dispatchAsync(
-          [&] {
-            wasInside = inside;
-            ++ran;
-          },
-          EQualityOfService(qos));
-      inside = false;
-    });
-    QTRY_COMPARE(ran.load(), 1);
-    QVERIFY(!wasInside);
   }
 
   void aTaskWithAnEventLoopKeepsTheOrder() {

@@ -3,10 +3,6 @@
 #include <tqm_mesh_kernel/kernel.h>
 
 #include <QCoreApplication>
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QSet>
 #include <QTemporaryDir>
 
@@ -47,10 +43,6 @@ QStringList names(const QList<Waypoint>& waypoints) {
   return result;
 }
 
-QJsonArray traceEvents(const QByteArray& json) {
-  return QJsonDocument::fromJson(json).object().value(QStringLiteral("traceEvents")).toArray();
-}
-
 } // namespace
 
 class KernelHostTest : public Vela::Test::TestCase {
@@ -89,23 +81,6 @@ private Q_SLOTS:
     kernel.stop();
     QTEST(notes.join(QLatin1Char(' ')), "notes");
     QVERIFY(!kernel.isStarted());
-  }
-
-  void theKernelEndsWhatStillRunsAndLetsGoLastFirst() {
-    QStringList notes;
-    {
-      Kernel kernel;
-      for (const char* const name : {"a", "b"}) {
-        const auto noteEnd = [&notes, name](NotingService* service) {
-          delete service;
-          notes << QLatin1String(name);
-        };
-        kernel.registerService(
-            std::shared_ptr<NotingService>(new NotingService(QLatin1String(name), notes), noteEnd));
-      }
-      QCOMPARE(kernel.start(), RcmSuccess);
-    }
-    QCOMPARE(notes.join(QLatin1Char(' ')), QStringLiteral("+a +b -b -a b a"));
   }
 
   void aServiceMayStopTheKernelThatStartsIt() {
@@ -182,28 +157,6 @@ private Q_SLOTS:
       others.insert(waypoint.thread);
     QVERIFY(!others.contains(kept.last().thread));
     QVERIFY(others.size() <= 3);
-  }
-
-  void theTraceCanBeReadBack() {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("trace.json"));
-    const QString name = QStringLiteral("CMD BEGIN Öffnen(\"a\\b\")");
-    Kernel kernel;
-    kernel.ProfilerWaypoint(name);
-    std::thread([&kernel] { kernel.ProfilerWaypoint(QStringLiteral("CMD END   x(y)")); }).join();
-    QVERIFY(kernel.writeTrace(path));
-
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QJsonArray events = traceEvents(file.readAll());
-    QCOMPARE(events.size(), 2);
-    const QJsonObject first = events[0].toObject();
-    const QJsonObject second = events[1].toObject();
-    QCOMPARE(first.value(QStringLiteral("name")).toString(), name);
-    QVERIFY(first.value(QStringLiteral("tid")) != second.value(QStringLiteral("tid")));
-    const double microseconds = second.value(QStringLiteral("ts")).toDouble();
-    QVERIFY(microseconds >= first.value(QStringLiteral("ts")).toDouble());
-    QCOMPARE(microseconds, double(kernel.waypoints().waypoints().last().time.count()) / 1000);
   }
 
   void aTraceThatCannotBeWrittenSaysWhy() {

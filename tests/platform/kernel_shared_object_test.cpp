@@ -92,18 +92,6 @@ private Q_SLOTS:
     QCOMPARE(refused, 2);
   }
 
-  void deletionByHandDisarmsTheReferences() {
-    int deleted = 0;
-    auto* const mesh = new TexturedMesh([&deleted](TexturedMesh*) { ++deleted; });
-    auto first = adoptShared(mesh);
-    auto second = first;
-    delete mesh;
-    first.reset();
-    second.reset();
-    Vela::Test::settle();
-    QCOMPARE(deleted, 1);
-  }
-
   void aQtParentGivesUpItsChild() {
     auto parent = std::make_unique<QObject>();
     auto child = adoptShared(new SharedQObject(parent.get()));
