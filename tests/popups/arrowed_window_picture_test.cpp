@@ -3,7 +3,6 @@
 
 #include <support/test_case.h>
 
-#include <QDir>
 #include <QGraphicsDropShadowEffect>
 #include <QScreen>
 
@@ -68,12 +67,6 @@ int strayPixels(const QImage& a, const QImage& b, int tolerance) {
   return count;
 }
 
-void colour(QWidget& widget, const QColor& color) {
-  QPalette palette = widget.palette();
-  palette.setColor(QPalette::Window, color);
-  widget.setPalette(palette);
-}
-
 } // namespace
 
 class ArrowedWindowPictureTest : public Vela::Test::TestCase {
@@ -135,44 +128,6 @@ private Q_SLOTS:
         QVERIFY2(painted.extent == window.rect(), context);
       }
     }
-  }
-
-  void looksAsStored_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<SArrowParam>("arrow");
-    QTest::addColumn<int>("border");
-    QTest::addColumn<int>("ratio");
-    const auto row = [](const char* name, const SArrowParam& arrow, int border, int ratio) {
-      QTest::newRow(name) << QString::fromLatin1(name) << arrow << border << ratio;
-    };
-    row("arrow_top_hairline_1x", {ArrowTop, 8, false, 0, 90, true, 5, {}}, 0, 1);
-    row("arrow_corner_2x", {ArrowBottomLeft, 10, false, 0, 60, true, 0, {}}, 2, 2);
-    row("arrow_turned_1x", {ArrowRight, 14, true, 30, 50, true, 0, {}}, 2, 1);
-    row("arrow_leaning_2x", {ArrowBottom, 9, false, 0, 90, true, -14, {}}, 1, 2);
-  }
-  void looksAsStored() {
-    QFETCH(QString, name);
-    QFETCH(int, border);
-    QFETCH(int, ratio);
-    QFETCH(SArrowParam, arrow);
-    ArrowedWindow window;
-    auto* const content = new ArrowedContent({30, 16});
-    colour(*content, QColor(250, 246, 220));
-    window.AttachWidget(content);
-    window.SetBorder(QColor(30, 90, 160), border, Qt::SolidLine, Qt::MiterJoin);
-    window.SetContentMargin(3);
-    window.SetRoundCornerRadius(5);
-    window.SetArrow(arrow);
-    window.SetPartialBackgroundColor(true, QRect(0, window.GetBounds().bottom() - 7, 1, 8), Qt::lightGray);
-
-    const QImage picture = pictureOf(window, ratio).convertToFormat(QImage::Format_ARGB32);
-    const QImage stored(QStringLiteral(PICTURE_FOLDER "/%1.png").arg(name));
-    constexpr int tolerance = 40;
-    const int stray = strayPixels(picture, stored.convertToFormat(QImage::Format_ARGB32), tolerance);
-    if (stray > picture.width() * picture.height() / 200)
-      picture.save(QDir::temp().filePath(name + ".png"));
-    QVERIFY2(stray <= picture.width() * picture.height() / 200,
-             "the picture is in the folder for temporary files");
   }
 
   void shadowMovesWithTheWindow() {

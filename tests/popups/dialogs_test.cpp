@@ -115,7 +115,6 @@ private Q_SLOTS:
     const auto row = [](const char* name, int cancelled, std::function<void(MDialogBase&)> close) {
       QTest::newRow(name) << std::move(close) << cancelled;
     };
-    row("escape", 1, [](MDialogBase& dialog) { key(dialog, Qt::Key_Escape); });
     row("window closed", 1, [](MDialogBase& dialog) { dialog.close(); });
     row("cancel button", 1, [](MDialogBase& d) { buttonSaying(d, QStringLiteral("Cancel"))->click(); });
     row("close button", 0, [](MDialogBase& d) { buttonSaying(d, QStringLiteral("Close"))->click(); });
@@ -366,18 +365,11 @@ private Q_SLOTS:
       panel.addWidget(contents.last());
     }
     panel.show();
-    settle();
-    QCOMPARE(panel.minimumSize(), QSize(5 + 20 + 3 + 20 + 5, 5 + 10 + 3 + 10 + 3 + 10 + 5));
     contents.at(1)->hide();
     settle();
     panel.resize(panel.minimumSize());
     settle();
     QCOMPARE(contents.at(2)->pos(), QPoint(28, 5));
-    delete contents.at(0);
-    panel.setArrangement(LayoutBaseWidget::Row);
-    settle();
-    QCOMPARE(panel.widgets().size(), 4);
-    QCOMPARE(panel.minimumSize(), QSize(5 + 20 + 3 + 20 + 3 + 20 + 5, 20));
   }
 };
 

@@ -3,12 +3,9 @@
 #include <ui_base/commands/flyout_command.h>
 #include <ui_base/popups/arrowed_window.h>
 #include <ui_base/popups/flyout_base.h>
-#include <ui_base/toolbars/tool_bar.h>
-#include <ui_base/toolbars/tool_button.h>
 #include <ui_base/views/base_view.h>
 #include <ui_base/views/cmds_view_controller.h>
 #include <vlk_common_res/strings.h>
-#include <vlk_license/license_service.h>
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -49,7 +46,6 @@ class PanelCommand : public FlyoutCommand {
 
 public:
   PanelCommand(QWidget* panel, CmdsViewController* controller) : FlyoutCommand(panel, controller) {}
-  using CommandBase::setIsPaidFeature;
 
   std::atomic<int> runs = 0;
   bool held = false; // the work waits for mayFinish
@@ -149,67 +145,14 @@ class FlyoutTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void commandBeginsAndEndsOnce_data();
-  void commandBeginsAndEndsOnce();
   void simpleFlyoutIsOnlyShown();
   void applyingRunsTheWorkAndMakesTheFlyoutBusy();
-  void unusablePaidFeatureDoesNotBegin();
-  void panelOrCommandMayGoFirst_data();
-  void panelOrCommandMayGoFirst();
-
   void keyboardAloneWorksTheFlyout();
   void escapeOfAListIsNotTheFlyouts();
   void busyFlyoutKeepsTheFocus();
   void focusComesBackFromAHost();
   void subWidgetsStandBesideAndFollow();
 };
-
-void FlyoutTest::commandBeginsAndEndsOnce_data() {
-  QTest::addColumn<bool>("checkable");
-  QTest::addColumn<QString>("end");
-  for (const bool checkable : {false, true}) {
-    for (const QString end : {"Close", "Cancel", "escape", "exit", "close me", "finalize", "trigger"}) {
-      if (checkable || end != "trigger") // which begins again
-        QTest::addRow("%s, %s", checkable ? "checkable" : "plain", qPrintable(end)) << checkable << end;
-    }
-  }
-}
-
-void FlyoutTest::commandBeginsAndEndsOnce() {
-  QFETCH(bool, checkable);
-  QFETCH(QString, end);
-  Stage stage(checkable);
-  QSignalSpy cancelled(stage.flyout, &FlyoutBase::CancelChanges);
-  QSignalSpy closed(stage.flyout, &FlyoutBase::CloseFlyout);
-  for (int round = 1; round <= 2; ++round) {
-    stage.command->trigger();
-    stage.command->onBegin();
-    QCOMPARE(stage.heard, QStringList("began"));
-    QVERIFY(stage.flyout->isVisible() && stage.command->isActive());
-    QCOMPARE(stage.controller->runningCommand().get(), stage.command);
-    if (end == "escape")
-      stage.key(Qt::Key_Escape);
-    else if (end == "exit")
-      stage.command->onExitCommand();
-    else if (end == "close me")
-      stage.flyout->CloseMe();
-    else if (end == "finalize")
-      stage.command->onFinalize();
-    else if (end == "trigger")
-      stage.command->trigger();
-    else
-      stage.click(end);
-    stage.flyout->CloseMe();
-    stage.command->onFinalize();
-    stage.command->onExitCommand();
-    QCOMPARE(std::exchange(stage.heard, {}), QStringList({"began", "ended"}));
-    QVERIFY(!stage.flyout->isVisible() && !stage.command->isActive() && !stage.command->isChecked());
-    QVERIFY(stage.field->hasFocus());
-    QCOMPARE(closed.count(), round);
-    QCOMPARE(cancelled.count(), end == "Cancel" || end == "escape" ? round : 0);
-  }
-  QCOMPARE(stage.command->runs.load(), 0);
-}
 
 void FlyoutTest::simpleFlyoutIsOnlyShown() {
   QLabel label("simple");
@@ -243,60 +186,6 @@ void FlyoutTest::applyingRunsTheWorkAndMakesTheFlyoutBusy() {
   QCOMPARE(stage.command->runs.load(), 1);
   QCOMPARE(busy.count() + idle.count(), 2);
   QVERIFY(stage.flyout->isVisible());
-}
-
-void FlyoutTest::unusablePaidFeatureDoesNotBegin() {
-  class NoLicense : public Vela::License::ILicenseProvider {
-  public:
-    Vela::License::ELicenseState state() const override { return Vela::License::NoLicense; }
-    bool activate(const QString&, QString*) override { return false; }
-  };
-  auto& service = Vela::License::LicenseService::Instance();
-  Stage stage;
-  stage.command->setIsPaidFeature(true);
-  service.setProvider(std::make_unique<NoLicense>());
-  bool asked = false;
-  QTimer::singleShot(0, &stage.window, [&] {
-    asked = QApplication::activeModalWidget();
-    if (asked)
-      QApplication::activeModalWidget()->close();
-  });
-  stage.command->trigger();
-  service.setProvider(nullptr);
-  QVERIFY(asked);
-  QCOMPARE(stage.heard, QStringList());
-}
-
-void FlyoutTest::panelOrCommandMayGoFirst_data() {
-  QTest::addColumn<QString>("first");
-  for (const char* first : {"flyout", "command", "view", "button"})
-    QTest::newRow(first) << first;
-}
-
-void FlyoutTest::panelOrCommandMayGoFirst() {
-  QFETCH(QString, first);
-  Stage stage;
-  auto* const button = new ToolButton(&stage.window);
-  if (first == "button")
-    stage.flyout->SetToolButton(button);
-  stage.command->trigger();
-  if (first == "flyout")
-    delete stage.flyout;
-  else if (first == "command")
-    stage.controller->removeCommand(stage.command);
-  else if (first == "view")
-    delete stage.view;
-  else
-    delete button;
-  Vela::Test::settle();
-  if (first == "flyout")
-    QCOMPARE(stage.heard, QStringList({"began", "ended"}));
-  if (first != "view") {
-    QCOMPARE(stage.controller->contextStack().isEmpty(), first != "button");
-    QCOMPARE(stage.other->isEnabled(), first != "button");
-  }
-  if (stage.flyout)
-    stage.flyout->CloseMe();
 }
 
 void FlyoutTest::keyboardAloneWorksTheFlyout() {

@@ -180,22 +180,6 @@ private Q_SLOTS:
     QCOMPARE(search.side, Bottom);
   }
 
-  void tellsWhy() {
-    Search search{
-        .area = {30, 30, 740, 540}, .target = {.reference = {700, 300, 40, 20}}, .verifySlid = true};
-    PlainWindow window({200, 100});
-    search.arrowed(pairsOf({ArrowLeft, ArrowRight}), window);
-    QCOMPARE(
-        search.record.toString().split(QLatin1Char('\n')),
-        QStringList({QStringLiteral("Reference: 40 × 20 at (700, 300)"),
-                     QStringLiteral("Free area: 740 × 540 at (30, 30)"),
-                     QStringLiteral("1. right, arrow at the left, 200 × 100 at (749, 259), refused, "
-                                    "179 px too far right"),
-                     QStringLiteral("2. right, arrow at the left, slid by 130 px, 200 × 100 at (619, 259), "
-                                    "refused, 49 px too far right, covers the reference"),
-                     QStringLiteral("3. left, arrow at the right, 200 × 100 at (490, 259), taken")}));
-  }
-
   void insideWheneverACandidateIs() {
     const unsigned seed = std::random_device()();
     qInfo("seed %u", seed);

@@ -192,20 +192,6 @@ private Q_SLOTS:
     calculator.SetWidget(&screen.panel);
     QCOMPARE(place(calculator, true), QPoint()); // has no arrow
   }
-
-  void observersHearOfEachSearch() {
-    QWidget popup;
-    WidgetPosCalculator calculator;
-    calculator.SetWidget(&popup);
-    calculator.SetRefPoint({});
-    QList<QPoint> seen;
-    WidgetPosCalculator::SetSearchObserver(
-        [&](const WidgetPosCalculator& asked) { seen += asked.LastSearch().taken()->rect.topLeft(); });
-    const QPoint position = place(calculator);
-    WidgetPosCalculator::SetSearchObserver({});
-    place(calculator);
-    QCOMPARE(seen, QList{position});
-  }
 };
 
 VELA_TEST_MAIN(PlacementWidgetTest)

@@ -199,14 +199,6 @@ private Q_SLOTS:
     QVERIFY(stage.popup->parentWidget() != &layer);
   }
 
-  void noRoomAnywhere() {
-    Stage stage({640, 480}, {0, 0, 640, 480}, false);
-    stage.window.setGeometry(stage.window.screen()->availableGeometry());
-    stage.owner.setGeometry(stage.window.rect());
-    stage.place();
-    QVERIFY(!stage.popup->isWindow() && stage.room().contains(stage.seen()));
-  }
-
   void whatCanBeSmallerStaysInItsParent_data() {
     QTest::addColumn<int>("room");
     QTest::addColumn<int>("height");
