@@ -42,10 +42,8 @@ private Q_SLOTS:
       QTest::newRow(name) << alignment << rightToLeft << expected;
     };
     row("top centre", Qt::AlignTop | Qt::AlignHCenter, false, {130, 20, 100, 30});
-    row("top left", Qt::AlignTop | Qt::AlignLeft, false, {10, 20, 100, 30});
     row("bottom right", Qt::AlignBottom | Qt::AlignRight, false, {250, 230, 100, 30});
     row("bottom right, mirrored", Qt::AlignBottom | Qt::AlignRight, true, {10, 230, 100, 30});
-    row("centre", Qt::AlignCenter, false, {130, 125, 100, 30});
   }
   void placement() {
     QFETCH(Qt::Alignment, alignment);
@@ -103,16 +101,6 @@ private Q_SLOTS:
     QVERIFY(!host.isVisible());
   }
 
-  void hiddenContentDoesNotFlashWithItsView() {
-    QWidget view;
-    FloatingWidget host(&view);
-    auto* content = new FixedContent({20, 20});
-    host.addWidget(content);
-    content->hide();
-    view.show();
-    QVERIFY(!host.isVisible());
-  }
-
   void followsItsContent() {
     QWidget view;
     view.resize(300, 200);
@@ -139,8 +127,6 @@ private Q_SLOTS:
     second.show();
     host->setParent(&second);
     host->show();
-    QCOMPARE(host->geometry(), QRect(100, 8, 100, 20));
-    first.resize(500, 500);
     QCOMPARE(host->geometry(), QRect(100, 8, 100, 20));
     second.resize(200, 300);
     QCOMPARE(host->geometry(), QRect(50, 8, 100, 20));

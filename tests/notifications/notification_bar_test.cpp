@@ -71,13 +71,6 @@ private Q_SLOTS:
     QVERIFY(!f.bar->isVisible() && f.bar->waitingCount() == 0);
   }
 
-  void nothingToShow() {
-    NotificationFixture f;
-    QCOMPARE(f.bar->showNotification(QString(), FadeInOnly, 10), quint64(0));
-    QCOMPARE(f.bar->showNotification(static_cast<QWidget*>(nullptr), FadeInOnly, 10), quint64(0));
-    QVERIFY(!f.bar->isVisible());
-  }
-
   void fades_data() {
     QTest::addColumn<ENotificationFadeOption>("fade");
     QTest::addColumn<bool>("fadesIn");
@@ -205,17 +198,6 @@ private Q_SLOTS:
     QCOMPARE(receiver.calls, 1);
     QCOMPARE(f.reading(), QStringLiteral("undone"));
     QVERIFY(!f.button(QStringLiteral("Undo")));
-  }
-
-  void memberMayBeASignal() {
-    NotificationFixture f;
-    ActionReceiver receiver;
-    QSignalSpy forwarded(&receiver, &ActionReceiver::actionForwarded);
-    f.bar->showNotification(QStringLiteral("text"), FadeInAndOut, 0, false, &receiver,
-                            SIGNAL(actionForwarded()));
-    settle();
-    f.click(f.button(QStringLiteral("Details")));
-    QCOMPARE(forwarded.count(), 1);
   }
 
   void memberThatDoesNotExistMakesNoButton() {
