@@ -90,22 +90,6 @@ private Q_SLOTS:
       QCOMPARE(observer->sum + object->sum, round * 3 * each);
     }
   }
-
-  void theMainThreadsQueueAddsNothingWhileItIsAwake() {
-    Subject subject;
-    const auto observer = std::make_shared<Counter>();
-    subject.addObserver(observer, false);
-    // The queue's two lists take turns; each makes its room once.
-    for (int turn = 0; turn < 2; ++turn) {
-      for (int i = 0; i < 20; ++i)
-        allocationsOf(subject);
-      settle();
-    }
-    allocationsOf(subject); // asks the event loop to wake up
-    for (int i = 0; i < 10; ++i)
-      QCOMPARE(allocationsOf(subject), 0);
-    settle();
-  }
 };
 
 VELA_TEST_MAIN(BroadcastAllocationsTest)

@@ -16,7 +16,6 @@ class NoteProtocol {
 public:
   virtual ~NoteProtocol() = default;
   virtual void noted(int) {}
-  virtual void closed() {}
 };
 
 using Notes = QStringList;
@@ -34,7 +33,6 @@ public:
     if (whenCalled)
       whenCalled();
   }
-  void closed() override { m_notes << m_name + QLatin1Char('.'); }
 
   std::function<void()> whenCalled;
   std::function<void()> atEnd;

@@ -2,7 +2,6 @@
 #include <support/test_case.h>
 #include <ui_base/core/scoped_connection.h>
 
-#include <QRegularExpression>
 #include <QSignalSpy>
 
 using Vela::UiBase::ScopedConnection;
@@ -47,23 +46,6 @@ private Q_SLOTS:
     QCOMPARE(other.value, 2);
   }
 
-  void aRefusedConnectionIsNoneAndHarmsNone() {
-    Dial sender, receiver;
-    connect(&sender, SIGNAL(turned(int)), &receiver, SLOT(setValue(int)));
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression(QStringLiteral("No such signal .*pushed\\(int\\)")));
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression(QStringLiteral("Cannot connect .* to \\(nullptr\\)")));
-    {
-      const ScopedConnection unknown(&sender, SIGNAL(pushed(int)), &receiver, SLOT(setValue(int)),
-                                     Qt::AutoConnection, nullptr);
-      const ScopedConnection toNobody(&sender, SIGNAL(turned(int)), nullptr, SLOT(setValue(int)),
-                                      Qt::AutoConnection, nullptr);
-      QVERIFY(!unknown.IsConnected() && !toNobody.IsConnected());
-    }
-    Q_EMIT sender.turned(8);
-    QCOMPARE(receiver.value, 8);
-  }
   // And so does either end.
   void theParentTakesTheConnectionAlong_data() {
     QTest::addColumn<int>("parent");
