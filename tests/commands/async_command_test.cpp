@@ -6,16 +6,11 @@
 
 #include <QRegularExpression>
 
-#include <atomic>
 #include <stdexcept>
-#include <thread>
 
 using namespace Vela::UiBase;
 using Taren::Core::MainThreadQoS;
 using Taren::Core::NormalQoS;
-using Taren::Core::ScopedDispatcher;
-using Taren::Core::SteppedDispatcher;
-using Taren::Objects::createShared;
 
 /// How a command works on another thread, and closes whatever becomes of the work.
 class AsyncCommandTest : public Vela::Test::TestCase {
@@ -158,40 +153,6 @@ private Q_SLOTS:
     };
     f.deleteView();
     QCOMPARE(found, QList<bool>{false});
-  }
-
-  void unsharedCommandDiesBeforeItsWork() {
-    SteppedDispatcher dispatcher;
-    const ScopedDispatcher installed(dispatcher);
-    auto* const command = new TestCommand(QStringLiteral("id"));
-    command->setExecutionQoS(NormalQoS);
-    ExecutionLog log(*command);
-    command->trigger();
-    delete command;
-    dispatcher.runAll();
-    QCOMPARE(log.entries, QStringList{beganLine});
-    QCOMPARE(newestWaypoint(), QStringLiteral("CMD END   TestCommand(false)"));
-  }
-
-  void lastReferenceGoesOnAWorker() {
-    for (int round = 0; round < 20; ++round) {
-      std::atomic<bool> released = false;
-      QThread* destroyedOn = nullptr;
-      auto command = createShared<TestCommand>(QStringLiteral("id"));
-      command->setExecutionQoS(NormalQoS);
-      command->atEnd = [&destroyedOn] { destroyedOn = QThread::currentThread(); };
-      command->work = [&released](bool) {
-        while (!released)
-          std::this_thread::yield();
-        return true;
-      };
-      command->trigger();
-      command.reset();
-      released = true;
-      QTRY_VERIFY(destroyedOn);
-      QCOMPARE(destroyedOn, QThread::currentThread());
-      QTRY_VERIFY(service().isWorkspaceSwitchingEnabled());
-    }
   }
 };
 

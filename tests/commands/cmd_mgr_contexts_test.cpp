@@ -29,7 +29,6 @@ private Q_SLOTS:
     const CmdMgr& manager = *f.manager;
     QCOMPARE(textOf(manager.defaultContext(nullptr)), all("1,0", "1,0", "1,0"));
     QCOMPARE(textOf(manager.disabledContext(nullptr)), all("0,2", "0,2", "0,2"));
-    QCOMPARE(textOf(manager.inactiveContext(nullptr)), all("2,0", "2,0", "2,0"));
     QCOMPARE(textOf(manager.currentContext(nullptr)),
              all("1,0", "1,1", "0,1").replace(g + QStringLiteral("=1,0"), g + QStringLiteral("=1,1")));
     QCOMPARE(textOf(manager.currentActiveContext(nullptr)), g + QStringLiteral("=1,1 a=1,1 c=0,1"));

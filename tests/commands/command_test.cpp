@@ -68,25 +68,6 @@ private Q_SLOTS:
     QCOMPARE(failedOn, QThread::currentThread());
   }
 
-  void statesAreAppliedPartByPart() {
-    TestCommand command(QStringLiteral("id"));
-    const QSignalSpy changes(&command, &QAction::changed);
-    const auto after = [&](bool checkable, const CommandState& state) {
-      command.setCheckable(checkable);
-      command.setChecked(false);
-      command.setEnabled(false);
-      command.setProperty("state", QVariant::fromValue(state));
-      const auto changeCount = changes.count();
-      command.setCommandState(state);
-      return textOf(command.commandState()) + QLatin1String(changes.count() == changeCount ? "" : ", again");
-    };
-    QCOMPARE(after(true, {2, 2}), "0,0");
-    QCOMPARE(after(false, {1, 1}), "1,0");
-    QCOMPARE(after(true, {1, 1}), "1,1");
-    QCOMPARE(after(true, {1, 2}), "1,0");
-    QCOMPARE(after(true, {2, 1}), "0,1");
-  }
-
   void guardedObserverNeverSeesADeadCommand() {
     class Guarded : public QObject, public TestObserver {
       using QObject::QObject;

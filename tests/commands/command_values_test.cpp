@@ -66,18 +66,6 @@ private Q_SLOTS:
     QCOMPARE(textOf(a), QStringLiteral("both=0,1 mine=0,2"));
   }
 
-  void sameObjectUnderANewIdentifierIsAccepted() {
-    const auto command = createShared<TestCommand>(QStringLiteral("old"));
-    CommandBag bag;
-    QVERIFY(bag.addCommand(command));
-    QVERIFY(bag.addCommand(createShared<TestCommand>(QStringLiteral("new"))));
-    command->id = QStringLiteral("new");
-    QVERIFY(bag.addCommand(command));
-    QVERIFY(!bag.addCommand(command));
-    QCOMPARE(bag.count(), 3);
-    QCOMPARE(bag[QStringLiteral("old")], command.get());
-  }
-
   void plainPointerHasOneOwner() {
     int destroyed = 0;
     QObject parent;

@@ -68,6 +68,11 @@ public:
   }
   Q_DISABLE_COPY_MOVE(AsyncFixture)
 
+  /// Runs what waits for the main thread, and no work.
+  void drain() {
+    while (dispatcher.step(Taren::Core::MainThreadQoS)) {
+    }
+  }
   void deleteView() { delete std::exchange(view, nullptr).data(); }
 
   Taren::Core::SteppedDispatcher dispatcher;

@@ -17,8 +17,6 @@
 
 using namespace Vela::UiBase;
 using Taren::Core::NormalQoS;
-using Vela::License::FullLicense;
-using Vela::License::NoLicense;
 
 namespace {
 
@@ -64,16 +62,7 @@ private Q_SLOTS:
     };
     const QString unavailable = QStringLiteral("Not available at present.");
     row("enabled", [](auto&) {}, {});
-    row("another command is disabled",
-        [](auto& f) { f.controller->pushContext(disabling(QStringLiteral("work"))); }, {});
     row("run", [](auto& f) { f.command->trigger(); }, {isRunning});
-    row("run, applied",
-        [](auto& f) {
-          f.command->trigger();
-          while (f.dispatcher.step(Taren::Core::MainThreadQoS)) {
-          }
-        },
-        {isRunning});
     row("run that has ended",
         [](auto& f) {
           f.command->trigger();
@@ -92,8 +81,7 @@ private Q_SLOTS:
     row("enabled by the application all the same",
         [](auto& f) {
           f.command->trigger();
-          while (f.dispatcher.step(Taren::Core::MainThreadQoS)) {
-          }
+          f.drain();
           f.other->setEnabled(true);
         },
         {});
@@ -101,8 +89,7 @@ private Q_SLOTS:
         [](auto& f) {
           f.command->trigger();
           f.controller->setGroundState(other, {State::Off, State::Keep}, QStringLiteral("No scanner."));
-          while (f.dispatcher.step(Taren::Core::MainThreadQoS)) {
-          }
+          f.drain();
         },
         {isRunning, QStringLiteral("No scanner.")});
     row("its group",
@@ -127,30 +114,6 @@ private Q_SLOTS:
       QCOMPARE(f.other->whyUnavailable(), causes.value(0));
   }
 
-  void holdersAreToldTopFirst() {
-    ExplainFixture f;
-    f.command->trigger();
-    {
-      const ContextHold hold =
-          f.controller->holdContext(disabling(other), ContextHolder::because(QStringLiteral("Scanning.")));
-      QCOMPARE(f.causes(), (QStringList{QStringLiteral("Scanning."), isRunning}));
-      const CommandCause below = f.controller->explain(other).constLast();
-      QCOMPARE(below.kind, CommandCause::Layer);
-      QCOMPARE(below.holder, ContextHolder::running(QStringLiteral("work")));
-    }
-    QCOMPARE(f.causes(), QStringList{isRunning});
-  }
-
-  void paidFeatureNeedsALicence() {
-    ExplainFixture f;
-    f.other->setIsPaidFeature(true);
-    const LicenseState none(NoLicense);
-    QCOMPARE(f.controller->explain(other).size(), 1);
-    QCOMPARE(f.controller->explain(other).constFirst().kind, CommandCause::Licence);
-    const LicenseState full(FullLicense);
-    QVERIFY(f.causes().isEmpty());
-  }
-
   void tooltipOfAButtonEndsWithTheCause() {
     ExplainFixture f;
     f.view->resize(400, 300);
@@ -169,15 +132,11 @@ private Q_SLOTS:
     tooltip->ForceHideTooltip();
 
     f.command->trigger();
-    f.dispatcher.runAll();
-    f.command->trigger();
-    while (f.dispatcher.step(Taren::Core::MainThreadQoS)) {
-    }
+    f.drain();
     QVERIFY(!button->isEnabled());
     const QString explained = text + QLatin1Char('\n') + isRunning;
     QCOMPARE(shown(), explained);
     QCOMPARE(button->accessibleDescription(), explained);
-    QCOMPARE(button->toolTip(), text);
     QCOMPARE(f.other->toolTip(), text);
     QCOMPARE(tooltip->Text(), text);
     {
@@ -212,8 +171,7 @@ private Q_SLOTS:
     menu.setToolTipsVisible(tooltips);
     menu.addAction(f.other);
     f.command->trigger();
-    while (f.dispatcher.step(Taren::Core::MainThreadQoS)) {
-    }
+    f.drain();
     menu.popup({20, 20});
     const QPoint point = menu.actionGeometry(f.other).center();
     QHelpEvent help(QEvent::ToolTip, point, menu.mapToGlobal(point));
