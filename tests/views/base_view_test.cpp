@@ -82,6 +82,8 @@ private Q_SLOTS:
   void showingAgainOnlyAppears();
   void refusedCloseKeepsViewOpen();
   void resizeFollowsParentOnlyWhenInstalledAsItsFilter();
+  void viewMayDieInEveryHandler_data();
+  void viewMayDieInEveryHandler();
 };
 
 void BaseViewTest::clickReachesControllerOnceEach() {
@@ -237,6 +239,74 @@ void BaseViewTest::resizeFollowsParentOnlyWhenInstalledAsItsFilter() {
   parent.resize(400, 300);
   QCOMPARE(follower->size(), QSize(400, 300));
   QCOMPARE(other->size(), QSize(30, 30));
+}
+
+namespace {
+
+/// Deletes its view in the handler that is named.
+class DeletingController : public RecordingController {
+public:
+  DeletingController(BaseView* view, QString handler)
+      : RecordingController(nullptr, view), m_handler(std::move(handler)) {}
+
+  bool mouseDoubleClick(QMouseEvent*) override { return deleteIn("mouseDoubleClick"); }
+  bool mouseMove(QMouseEvent*) override { return deleteIn("mouseMove"); }
+  bool mousePress(QMouseEvent*) override { return deleteIn("mousePress"); }
+  bool mouseRelease(QMouseEvent*) override { return deleteIn("mouseRelease"); }
+  bool keyPress(QKeyEvent*) override { return deleteIn("keyPress"); }
+  bool keyRelease(QKeyEvent*) override { return deleteIn("keyRelease"); }
+  bool viewWillClose() override {
+    deleteIn("viewWillClose");
+    return true;
+  }
+
+private:
+  bool deleteIn(const char* handler) {
+    if (m_handler == QLatin1String(handler))
+      delete getView();
+    return false;
+  }
+
+  QString m_handler;
+};
+
+} // namespace
+
+void BaseViewTest::viewMayDieInEveryHandler_data() {
+  QTest::addColumn<QString>("handler");
+  for (const char* handler : {"mousePress", "mouseRelease", "mouseMove", "mouseDoubleClick", "keyPress",
+                              "keyRelease", "viewWillClose"})
+    QTest::newRow(handler) << QString::fromLatin1(handler);
+}
+
+void BaseViewTest::viewMayDieInEveryHandler() {
+  QFETCH(const QString, handler);
+  const QPointer<BaseView> view = new BaseView;
+  new DeletingController(view, handler);
+  view->resize(100, 100);
+  view->show();
+  QVERIFY(QTest::qWaitForWindowExposed(view));
+  const QPointF at(5, 5);
+  const auto send = [&](QEvent::Type type, Qt::MouseButtons buttons) {
+    if (!view)
+      return;
+    QMouseEvent event(type, at, view->mapToGlobal(at), Qt::LeftButton, buttons, Qt::NoModifier);
+    QCoreApplication::sendEvent(view, &event);
+  };
+  send(QEvent::MouseButtonPress, Qt::LeftButton);
+  send(QEvent::MouseButtonRelease, Qt::NoButton);
+  send(QEvent::MouseButtonDblClick, Qt::LeftButton);
+  send(QEvent::MouseButtonRelease, Qt::NoButton);
+  send(QEvent::MouseMove, Qt::NoButton);
+  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    QKeyEvent key(type, Qt::Key_A, Qt::NoModifier);
+    if (view)
+      QCoreApplication::sendEvent(view, &key);
+  }
+  if (view)
+    view->close();
+  settle();
+  QVERIFY(!view);
 }
 
 VELA_TEST_MAIN(BaseViewTest)

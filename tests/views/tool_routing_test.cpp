@@ -76,6 +76,8 @@ private Q_SLOTS:
   void toolMayActWhereItsOperationEnds();
   void operationEndsWithItsMouse_data();
   void operationEndsWithItsMouse();
+  void viewMayGoDuringAnOperation_data();
+  void viewMayGoDuringAnOperation();
   void movingTheMouseLeavesTheFocus();
 
   void executingCommandComesFirst_data();
@@ -408,6 +410,29 @@ void ToolRoutingTest::operationEndsWithItsMouse() {
     QVERIFY(!screen.told().contains("right:press"));
     cover.setParent(nullptr);
   }
+}
+
+void ToolRoutingTest::viewMayGoDuringAnOperation_data() {
+  QTest::addColumn<QString>("end");
+  QTest::newRow("closed") << "close";
+  QTest::newRow("deleted") << "delete";
+  QTest::newRow("the controller deleted") << "controller";
+}
+
+void ToolRoutingTest::viewMayGoDuringAnOperation() {
+  QFETCH(QString, end);
+  ToolScreen screen;
+  const auto left = screen.tool("left");
+  screen.on("close", [&] { screen.view->close(); });
+  screen.on("delete", [&] { delete screen.view; });
+  screen.on("controller", [&] { delete screen.controller; });
+  screen.play("L+ " + end);
+  Vela::Test::settle();
+  QVERIFY(!left->isOperating());
+  QCOMPARE(left->getView(), screen.view.data());
+  QVERIFY(!left->getDelegate());
+  QVERIFY(!screen.view || screen.cursor() == Qt::ArrowCursor);
+  QTestPrivate::qtestMouseButtons = Qt::NoButton;
 }
 
 void ToolRoutingTest::movingTheMouseLeavesTheFocus() {

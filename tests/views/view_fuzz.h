@@ -79,6 +79,7 @@ public:
 
 private:
   using View = QPointer<UiBase::BaseView>;
+  static constexpr int MaxDepth = 3;
 
   void step();
   void act(Act act, UiBase::CmdsViewController* controller, UiBase::InteractiveTool* itself);

@@ -21,7 +21,7 @@ private Q_SLOTS:
   void randomCallbacksLeaveViewsAndToolsInOrder();
 };
 
-// What was found once; new ones are written by the fuzzer.
+// What was found once.
 void ViewFuzzTest::streamLeavesViewsAndToolsInOrder_data() {
   QTest::addColumn<QString>("path");
   const auto files = QDir(QStringLiteral(VLK_FUZZ_CORPUS)).entryInfoList(QDir::Files);
@@ -42,7 +42,7 @@ void ViewFuzzTest::streamLeavesViewsAndToolsInOrder() {
 // that crashes.
 void ViewFuzzTest::randomCallbacksLeaveViewsAndToolsInOrder() {
   const unsigned seed = qEnvironmentVariable("VELA_FUZZ_SEED", QStringLiteral("1")).toUInt();
-  const int steps = qEnvironmentVariable("VELA_FUZZ_STEPS", QStringLiteral("3000")).toInt();
+  const int steps = qEnvironmentVariable("VELA_FUZZ_STEPS", QStringLiteral("10000")).toInt();
   qInfo("seed %u", seed);
   std::mt19937 random(seed);
   for (int done = 0; done < steps;) {

@@ -54,6 +54,24 @@ bool isInput(QEvent::Type type) {
   }
 }
 
+// What heard that the view is hidden has shown it again, and afterwards Qt hid its children: they would stay
+// invisible in a view that is seen. They cannot be shown before they count as hidden.
+void showChildrenAgain(BaseView& view) {
+  QList<QPointer<QWidget>> left;
+  const auto children = view.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+  for (QWidget* const child : children) {
+    if (!child->isWindow() && !child->isHidden() && !child->isVisible())
+      left.append(child);
+  }
+  const QPointer<BaseView> self(&view);
+  for (const QPointer<QWidget>& child : std::as_const(left)) {
+    if (!self || !child || child->parentWidget() != self || child->isHidden() || !self->isVisible())
+      continue;
+    child->setAttribute(Qt::WA_WState_Hidden);
+    child->show();
+  }
+}
+
 } // namespace
 
 bool BaseView::event(QEvent* event) {
@@ -72,6 +90,10 @@ bool BaseView::event(QEvent* event) {
       d->lastKey = Qt::Key_unknown;
     event->ignore();
     return false;
+  }
+  if (type == QEvent::HideToParent && isVisible()) {
+    showChildrenAgain(*this); // which calls out
+    return true;
   }
   if (type != QEvent::ParentChange && type != QEvent::FocusIn && type != QEvent::EnabledChange)
     return QWidget::event(event);

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "view_fuzz_actors.h"
+
+#include <QApplication>
+
+#include <algorithm>
+#include <set>
+
+namespace Vela::Test {
+
+using namespace UiBase;
+
+void ViewFuzz::check() {
+  const auto views = m_views;
+  for (const View& view : views) {
+    if (!view)
+      continue;
+    checkPresentation(*view);
+    checkCursor(*view);
+    if (CmdsViewController* const controller = controllerOf(view))
+      checkTools(*controller);
+  }
+  checkFocus();
+  if (QApplication::overrideCursor())
+    report(QStringLiteral("a busy cursor is left"));
+}
+
+void ViewFuzz::checkPresentation(const BaseView& view) {
+  const QList<PresentedView> layers = view.presentation();
+  int appeared = 0;
+  int fronts = 0;
+  bool found = false;
+  const QWidget* const focus = QApplication::focusWidget();
+  for (const PresentedView& layer : layers) {
+    found |= layer.view == &view;
+    appeared += layer.appeared;
+    fronts += !layer.covered;
+    if (layer.covered && layer.appeared)
+      report(QStringLiteral("a covered view has appeared"));
+    const bool isOwn = layer.controller && layer.controller->getView() == layer.view;
+    if (!layer.covered && isOwn && layer.controller->isLoaded() && layer.view->isVisible() &&
+        !layer.appeared && !layer.view->window()->isMinimized())
+      report(QStringLiteral("the view in front has not appeared"));
+    if (focus && layer.covered && layer.view && layer.view->isAncestorOf(focus)) {
+      const auto* within = focus;
+      while (within != layer.view && !qobject_cast<const BaseView*>(within))
+        within = within->parentWidget();
+      if (within == layer.view)
+        report(QStringLiteral("the focus is in a covered view"));
+    }
+    if (focus && layer.covered && layer.view == focus)
+      report(QStringLiteral("a covered view has the focus"));
+  }
+  if (!found)
+    report(QStringLiteral("a view is not in its own presentation"));
+  if (appeared > 1 || fronts > 1)
+    report(QStringLiteral("%1 views have appeared, %2 are in front").arg(appeared).arg(fronts));
+  std::set<const BaseViewController*> seen;
+  for (const auto* presenter = view.getViewController(); presenter; presenter = presenter->presenter()) {
+    if (!seen.insert(presenter).second)
+      return report(QStringLiteral("presenters present one another"));
+  }
+}
+
+void ViewFuzz::checkTools(CmdsViewController& controller) {
+  int operating = 0;
+  const auto held = controller.heldTools();
+  for (const HeldTool& entry : held) {
+    operating += entry.tool->isOperating();
+    if (entry.tool->getDelegate() != &controller)
+      report(QStringLiteral("a tool lies on two stacks"));
+    if (std::count_if(held.begin(), held.end(), [&](const auto& other) { return other.tool == entry.tool; }) >
+        1)
+      report(QStringLiteral("a tool lies twice on a stack"));
+  }
+  if (operating > 1)
+    report(QStringLiteral("%1 tools operate").arg(operating));
+  for (const HeldTool& entry : held) {
+    const bool waits = entry.button == LeftButton && operating > 0;
+    const bool rests = controller.getTool(entry.button) == entry.tool && !waits;
+    if (!entry.tool->isOperating() && entry.tool->isActive() != rests)
+      report(QStringLiteral("a tool is %1").arg(QLatin1String(rests ? "not active" : "active")));
+  }
+}
+
+// Its own, unless it has appeared and its controller has tools.
+void ViewFuzz::checkCursor(const BaseView& view) {
+  Qt::CursorShape expected = static_cast<const FuzzView&>(view).ownCursor;
+  auto* const controller = dynamic_cast<FuzzController*>(view.getViewController());
+  if (controller) {
+    if (controller->getView() != &view || !controller->hasAppeared())
+      return;
+    if (const auto operating = controller->getOperatingTool())
+      expected = operating->getOperatingCursor().shape();
+    else if (const auto primary = controller->getTool(LeftButton))
+      expected = primary->getIdleCursor().shape();
+  }
+  if (view.cursor().shape() != expected)
+    report(QStringLiteral("the cursor is %1, not %2").arg(view.cursor().shape()).arg(expected));
+}
+
+// A window that shows a view which can take the focus is never without one.
+void ViewFuzz::checkFocus() {
+  if (!m_window.isActiveWindow() || m_window.focusWidget() || !m_tabs->isEnabled())
+    return;
+  for (const View& view : m_views) {
+    if (view && view->window() == &m_window && view->isVisible())
+      return report(QStringLiteral("nothing has the focus"));
+  }
+}
+
+} // namespace Vela::Test
