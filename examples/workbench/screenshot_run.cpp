@@ -17,9 +17,12 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <utility>
+
 namespace Workbench {
 
-ScreenshotRun::ScreenshotRun(MainWindow& window, const QString& image) : m_window(window), m_image(image) {
+ScreenshotRun::ScreenshotRun(MainWindow& window, QString image)
+    : m_window(window), m_image(std::move(image)) {
   connect(m_window.view(), &MeshView::settled, this, &ScreenshotRun::saveWhenSettled);
   connect(m_window.photoView(), &PhotoView::settled, this, &ScreenshotRun::saveWhenSettled);
   connect(&m_window.photoView()->document(), &PhotoDocument::failed, this, [this] { m_allOpened = false; });

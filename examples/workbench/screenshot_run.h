@@ -15,7 +15,7 @@ class ScreenshotRun : public QObject {
 
 public:
   /// @param window  shown already; outlives the run
-  ScreenshotRun(MainWindow& window, const QString& image);
+  ScreenshotRun(MainWindow& window, QString image);
 
   void start(const QStringList& files);
   /// What the program ends with: 1 until the image is saved, however the program is ended.

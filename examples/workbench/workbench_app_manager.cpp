@@ -178,7 +178,7 @@ QList<CommandBase*> WorkbenchAppManager::commandsFor(CmdsViewController* control
   auto* const mesh = dynamic_cast<MeshViewController*>(controller);
   if (!mesh)
     return {};
-  const QList<CommandBase*> commands = meshCommands(mesh);
+  QList<CommandBase*> commands = meshCommands(mesh);
   fillToolBarGroups(*mesh, commands);
   return commands;
 }

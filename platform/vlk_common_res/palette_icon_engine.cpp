@@ -43,6 +43,8 @@ QColor PaletteIconEngine::color(QIcon::Mode mode) const {
     return colors.iconDisabled;
   if (m_fixedColor.isValid())
     return m_fixedColor;
+  if (mode == QIcon::Selected)
+    return colors.accentText;
   return mode == QIcon::Active ? colors.link : colors.icon;
 }
 

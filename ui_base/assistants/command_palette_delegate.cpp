@@ -80,7 +80,8 @@ void CommandPaletteDelegate::paint(QPainter* painter, const QStyleOptionViewItem
   const QRect place = row.fromStart(iconSide);
   const QRect iconPlace(place.center() - QPoint(iconSide / 2 - 1, iconSide / 2 - 1),
                         QSize(iconSide, iconSide));
-  icon.paint(painter, iconPlace, Qt::AlignCenter, reason.isEmpty() ? QIcon::Normal : QIcon::Disabled);
+  const auto usable = isCurrent ? QIcon::Selected : QIcon::Normal;
+  icon.paint(painter, iconPlace, Qt::AlignCenter, reason.isEmpty() ? usable : QIcon::Disabled);
   row.writeAtEnd(index.data(CommandPaletteModel::ShortcutRole).toString(), minor);
   row.writeAtStart(index.data(Qt::DisplayRole).toString(), reason.isEmpty() ? major : minor);
   row.writeAtStart(reason.isEmpty() ? path : reason, minor);

@@ -17,7 +17,7 @@ ContextHold::ContextHold(ContextHold&& other) noexcept
       m_layer(std::exchange(other.m_layer, 0)),
       m_holder(std::move(other.m_holder)) {}
 
-ContextHold& ContextHold::operator=(ContextHold&& other) {
+ContextHold& ContextHold::operator=(ContextHold&& other) noexcept {
   if (this == &other)
     return *this;
   ContextHold before(std::move(*this));

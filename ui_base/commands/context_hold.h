@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <memory>
+#include <utility>
 
 namespace Vela::UiBase {
 
@@ -38,7 +39,7 @@ public:
   }
 
 private:
-  ContextHolder(EKind kind, const QString& text) : m_kind(kind), m_text(text) {}
+  ContextHolder(EKind kind, QString text) : m_kind(kind), m_text(std::move(text)) {}
 
   EKind m_kind = Nobody;
   QString m_text;
@@ -60,7 +61,7 @@ public:
   UI_BASE_EXPORT ContextHold() noexcept;
   UI_BASE_EXPORT ContextHold(ContextHold&& other) noexcept;
   /// Releases what it held before.
-  UI_BASE_EXPORT ContextHold& operator=(ContextHold&& other);
+  UI_BASE_EXPORT ContextHold& operator=(ContextHold&& other) noexcept;
   UI_BASE_EXPORT ~ContextHold();
 
   UI_BASE_EXPORT void release();

@@ -15,6 +15,8 @@
 #include <QPainter>
 #include <QPointer>
 
+#include <utility>
+
 namespace Workbench {
 
 using namespace Vela::UiBase;
@@ -28,7 +30,7 @@ constexpr char GivenProperty[] = "hasCommandTooltip";
 // Painted each time, so that it follows the palette and the screen.
 class Picture : public QWidget {
 public:
-  Picture(const QIcon& icon, QWidget* parent) : QWidget(parent), m_icon(icon) {
+  Picture(QIcon icon, QWidget* parent) : QWidget(parent), m_icon(std::move(icon)) {
     setFixedSize(PictureSize, PictureSize);
   }
 

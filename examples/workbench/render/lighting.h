@@ -31,6 +31,7 @@ private:
 
   DisplayColors();
   static std::size_t indexOf(float light) {
+    // Rounding functions are slow, and light is not negative. NOLINTNEXTLINE(bugprone-incorrect-roundings)
     return std::size_t(std::clamp(int(light * float(Steps - 1) + 0.5F), 0, Steps - 1));
   }
 
