@@ -11,6 +11,7 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -74,6 +75,7 @@ public:
   QStringList calls;
   QHash<QString, QPointer<BaseView>> views;
   QHash<QString, QPointer<RecordingController>> controllers;
+  bool inCallback = false;
   bool answer = false; // of the last request to present or dismiss
 
 private:
@@ -117,13 +119,16 @@ void Screen::run(const QString& steps) {
       controller(who)->mayClose = false;
     else if (what == "x")
       delete view(who);
+    else if (what == "l" && view(who))
+      view(who)->deleteLater();
     else if (what == "X")
       delete controller(who);
     else if (what == "q")
       view(who)->close();
     else if (what == "=")
       view(who)->setViewController(controller(step.mid(2)));
-    settle();
+    if (!inCallback)
+      settle();
   }
 }
 
@@ -145,6 +150,8 @@ class PresentationTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void appearingIsToldInOrder_data();
   void appearingIsToldInOrder();
+  void callbacksMayDoAnything_data();
+  void callbacksMayDoAnything();
   void presentationCanBeAskedFor();
   void requestsSayWhetherTheyWereDone_data();
   void requestsSayWhetherTheyWereDone();
@@ -207,6 +214,56 @@ void PresentationTest::appearingIsToldInOrder() {
     held.push_back(controller->shared_from_this());
   screen.run(steps);
   QTEST(screen.story(), "story");
+}
+
+void PresentationTest::callbacksMayDoAnything_data() {
+  QTest::addColumn<QString>("steps");
+  QTest::addColumn<QString>("who");
+  QTest::addColumn<QString>("call");
+  QTest::addColumn<QString>("act");
+  const QStringList calls = shortNames.keys();
+  for (const QString& call : calls) {
+    for (const char* act :
+         {"al", "aX", "bl", "bX", "b<", "bq", "b^", "a^", "b/", "a>b", "a>c", "c=b", "d>b"}) {
+      for (const char* who : {"a", "b"}) {
+        const QString name = QStringLiteral("%1 %2: %3").arg(who, call, QLatin1String(act));
+        QTest::newRow(qPrintable(name)) << QStringLiteral("a>b b^ bv b>c c< w_ w= b< a^ av a>c")
+                                        << QString::fromLatin1(who) << call << QString::fromLatin1(act);
+      }
+    }
+  }
+}
+
+// Each act at the first call and at the second.
+void PresentationTest::callbacksMayDoAnything() {
+  QFETCH(const QString, steps);
+  QFETCH(const QString, who);
+  QFETCH(const QString, call);
+  QFETCH(const QString, act);
+  for (int skipped = 0; skipped < 2; ++skipped) {
+    Screen screen;
+    int left = skipped;
+    screen.controller(who)->on[call] = [&] {
+      if (left-- == 0) {
+        const QScopedValueRollback nested(screen.inCallback, true);
+        screen.run(act);
+      }
+    };
+    const QStringList list = steps.split(QLatin1Char(' '));
+    for (const QString& step : list) {
+      screen.run(step);
+      int appeared = 0;
+      const QList<PresentedView> order =
+          screen.view("a") ? screen.view("a")->presentation() : QList<PresentedView>();
+      for (const PresentedView& each : order) {
+        appeared += each.appeared;
+        QVERIFY(!each.appeared || !each.covered);
+      }
+      QVERIFY(appeared <= 1);
+      if (!order.isEmpty() && screen.view("a")->isVisible())
+        QVERIFY2(focusOf(screen.window), qPrintable(step));
+    }
+  }
 }
 
 void PresentationTest::presentationCanBeAskedFor() {
