@@ -198,6 +198,23 @@ private Q_SLOTS:
     QVERIFY(stage.plainButton()->isEnabled() && opener->isEnabled());
   }
 
+  void aGroupThatChangesLeavesItsFlyoutOpen() {
+    Stage stage;
+    ToolButtonWithButtonMenu* const opener = stage.menuButton();
+    Vela::Test::settle();
+    stage.click(opener);
+    Vela::Test::settle();
+    stage.click(opener->GetMenu()->Buttons().at(2));
+    QVERIFY(opener->IsInExtendMode() && opener->isChecked() && stage.inner->isVisible());
+    stage.nested->addCommand(namedCommand(QStringLiteral("late")), 0);
+    stage.nested->setText(QStringLiteral("Renamed"));
+    stage.group->addCommand(namedCommand(QStringLiteral("later")), 0);
+    Vela::Test::settle();
+    QCOMPARE(opener->GetMenu()->Buttons().size(), 4);
+    QVERIFY(opener->IsInExtendMode() && opener->isChecked());
+    QVERIFY(stage.inner->isVisible() && stage.plainButton()->IsLocked());
+  }
+
   void escapeInThePanelClosesAnyMenu() {
     Stage stage;
     auto* const simple = new QLabel("simple", &stage.window);

@@ -62,6 +62,23 @@ class ToolButtonHostingTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
+  void aDyingWindowTakesNoMenu() {
+    QSpinBox panel;
+    auto window = std::make_unique<QWidget>();
+    auto* const bar = new ToolBar(window.get(), Qt::TopToolBarArea);
+    QWidget* const none = nullptr;
+    const QPointer<ToolButtonWithWidgetMenu> button = bar->AddAction(new QAction("panel", bar), none);
+    bool told = false;
+    QObject::connect(window.get(), &QObject::destroyed, button, [&] {
+      told = true;
+      button->SetMenu(&panel);
+    });
+    bar->ShowMe();
+    window->show();
+    window.reset();
+    QVERIFY(told && !button && !panel.parentWidget());
+  }
+
   void menuGoesThroughItsStates_data();
   void menuGoesThroughItsStates();
   void flyoutOpensWhereItWasAskedFor_data();

@@ -19,7 +19,10 @@ CommandGroup::CommandGroup(const QString& iconName, const QString& toolTip, cons
   setCheckable(true);
   d->actionGroup = new QActionGroup(this);
   // Also when who sets the state takes the group for a plain action.
-  connect(this, &QAction::toggled, this, &CommandGroup::showOnButton);
+  connect(this, &QAction::toggled, this, [this](bool checked) {
+    if (d->toolButton)
+      d->toolButton->setChecked(checked);
+  });
   connect(this, &QAction::enabledChanged, this, &CommandGroup::showOnButton);
 }
 

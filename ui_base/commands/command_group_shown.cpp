@@ -36,13 +36,10 @@ void CommandGroup::showChildren() {
   onChildTriggered(anyChecked);
 }
 
+// Not whether it is checked: while its menu is open the button is, whatever changes in the group.
 void CommandGroup::showOnButton() {
-  if (!d->toolButton)
-    return;
-  const CommandRef self(*this);
-  d->toolButton->setEnabled(isEnabled() && !isNothingEnabled(d->bag));
-  if (self.get() && d->toolButton && isCheckable())
-    d->toolButton->setChecked(isChecked());
+  if (d->toolButton)
+    d->toolButton->setEnabled(isEnabled() && !isNothingEnabled(d->bag));
 }
 
 void CommandGroup::setEnabled(bool enabled) {
@@ -55,19 +52,18 @@ void CommandGroup::setEnabled(bool enabled) {
 void CommandGroup::setChecked(bool checked) {
   const QPointer<CommandGroup> self(this);
   CommandBase::setChecked(checked);
-  if (!self)
-    return;
-  if (!isCheckable() && d->toolButton)
-    d->toolButton->setChecked(checked);
-  else
-    showOnButton();
+  if (self && d->toolButton)
+    d->toolButton->setChecked(isCheckable() ? isChecked() : checked);
 }
 
 ToolButton* CommandGroup::toolButton() const { return Upstairs::asToolButton(d->toolButton); }
 
 void CommandGroup::setToolButton(ToolButton* button) {
+  const CommandRef self(*this);
   d->toolButton = Upstairs::asButton(button);
   showOnButton();
+  if (self.get() && d->toolButton && isCheckable())
+    d->toolButton->setChecked(isChecked());
 }
 
 void CommandGroup::uncheckChildren(bool) {

@@ -137,7 +137,8 @@ void ToolButtonWithWidgetMenuPrivate::applyWindowLooks() {
 
 void ToolButtonWithWidgetMenuPrivate::followLayer() {
   QWidget* const layer = anchor()->window();
-  if (window->parentWidget() != layer)
+  const bool dies = !layer->nextInFocusChain(); // it has left the chain, and can take nobody into it
+  if (window->parentWidget() != layer && !dies)
     window->setParent(layer, Qt::Widget);
 }
 
