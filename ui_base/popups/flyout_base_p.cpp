@@ -111,9 +111,7 @@ void FlyoutBasePrivate::updateEnabled() {
     resetButton->setEnabled(resetEnabled && !busy);
 }
 
-void FlyoutBasePrivate::giveFocusBack() {
-  focus.giveBackFrom(*q);
-}
+void FlyoutBasePrivate::giveFocusBack() { focus.giveBackFrom(*q); }
 
 void FlyoutBasePrivate::watchEscape() {
   forgetEscape();
