@@ -41,11 +41,12 @@ QString wordsOf(const QString& id) {
   return words;
 }
 
-CommandSearch::Entry entryFor(const std::shared_ptr<CommandBase>& command,
+CommandSearch::Entry newEntry(const std::shared_ptr<CommandBase>& command,
                               const std::shared_ptr<CmdMgr>& manager, const QString& path) {
   CommandSearch::Entry entry;
   entry.command = command;
   entry.manager = manager;
+  entry.source = command->text();
   entry.id = command->commandId();
   entry.name = nameOf(*command, entry.id);
   entry.path = path;
@@ -58,7 +59,7 @@ CommandSearch::Entry entryFor(const std::shared_ptr<CommandBase>& command,
 
 int qualityOf(const MatchText& typed, const CommandSearch::Entry& entry) {
   int quality = matchQuality(typed, entry.title);
-  if (!entry.spelled.words.isEmpty())
+  if (entry.spelled.wordCount() > 0)
     quality = std::max(quality, matchQuality(typed, entry.spelled));
   if (quality < bestQuality - contextMalus)
     quality = std::max(quality, matchQuality(typed, entry.context) - contextMalus);
@@ -71,8 +72,22 @@ int bonusFor(int count) { return 15 * static_cast<int>(std::bit_width(static_cas
 } // namespace
 
 void CommandSearch::clear() {
+  m_before = std::move(m_entries);
   m_entries.clear();
+  m_entries.reserve(m_before.size());
   m_collected.clear();
+}
+
+CommandSearch::Entry CommandSearch::entryFor(const std::shared_ptr<CommandBase>& command,
+                                             const std::shared_ptr<CmdMgr>& manager, const QString& path) {
+  const size_t position = m_entries.size();
+  Entry* const before = position < m_before.size() ? &m_before[position] : nullptr;
+  const bool isSame = before && before->command.lock() == command && before->path == path &&
+                      before->source == command->text() && !before->source.isEmpty();
+  if (!isSame)
+    return newEntry(command, manager, path);
+  before->manager = manager;
+  return std::move(*before);
 }
 
 void CommandSearch::collect(const std::shared_ptr<CmdMgr>& manager) {

@@ -17,12 +17,14 @@ class CommandBase;
 class CommandUsage;
 
 /// The commands that a user can look for, prepared for searching, and who answers best to what was typed. A
-/// snapshot: collect() again when commands may have come or changed their texts. Keeps no command alive.
+/// snapshot: collect() again when commands may have come or changed their texts, which prepares only what is
+/// new. Keeps no command alive.
 class CommandSearch {
 public:
   struct Entry {
     std::weak_ptr<CommandBase> command;
     std::weak_ptr<CmdMgr> manager;
+    QString source; ///< The text of its action, from which the rest is made.
     QString id;
     QString name;
     QString path; ///< The names of the groups it stands in, the outermost first.
@@ -34,6 +36,7 @@ public:
   /// Adds the commands of a manager, those in its groups included; groups themselves and commands that are
   /// not visible are left out, and so is what is there already.
   void collect(const std::shared_ptr<CmdMgr>& manager);
+  /// Begins anew.
   void clear();
 
   /// The positions of the entries that answer, the best first; used ones before others that answer as well.
@@ -43,7 +46,11 @@ public:
 private:
   void collect(const CommandBag& bag, const std::shared_ptr<CmdMgr>& manager, const QString& path);
 
+  Entry entryFor(const std::shared_ptr<CommandBase>& command, const std::shared_ptr<CmdMgr>& manager,
+                 const QString& path);
+
   std::vector<Entry> m_entries;
+  std::vector<Entry> m_before; // those of the last time, in the same order if nothing has changed
   QSet<const CommandBase*> m_collected;
 };
 

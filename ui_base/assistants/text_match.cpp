@@ -27,17 +27,15 @@ void appendFolded(QString& word, QChar letter) {
     word += letter.toCaseFolded();
 }
 
-QStringView view(const QString& text, qsizetype from) { return QStringView(text).sliced(from); }
-
 /// Whether the word begins with what was typed, but for one letter that is wrong, lacking, too much, or has
 /// changed places with the next.
-bool beginsNearly(const QString& word, const QString& typed) {
+bool beginsNearly(QStringView word, QStringView typed) {
   const auto parting = std::ranges::mismatch(typed, word);
   const qsizetype at = parting.in1 - typed.begin();
   if (at == typed.size())
     return true;
-  const QStringView rest = view(typed, at);
-  const QStringView there = view(word, at);
+  const QStringView rest = typed.sliced(at);
+  const QStringView there = word.sliced(at);
   if (there.startsWith(rest.sliced(1)))
     return true; // too much
   if (there.isEmpty())
@@ -48,28 +46,39 @@ bool beginsNearly(const QString& word, const QString& typed) {
          there.sliced(2).startsWith(rest.sliced(2));
 }
 
-bool eachBegins(const MatchText& typed, const MatchText& text,
-                bool (*begins)(const QString&, const QString&)) {
-  return std::ranges::all_of(typed.words, [&](const QString& part) {
-    return std::ranges::any_of(text.words, [&](const QString& word) { return begins(word, part); });
-  });
-}
-
-bool begins(const QString& word, const QString& typed) { return word.startsWith(typed); }
+bool begins(QStringView word, QStringView typed) { return word.startsWith(typed); }
 
 /// Short words are nearly everything.
-bool beginsNearlyIfLong(const QString& word, const QString& typed) {
+bool beginsNearlyIfLong(QStringView word, QStringView typed) {
   return typed.size() < 4 ? word.startsWith(typed) : beginsNearly(word, typed);
 }
 
+bool someWord(const MatchText& text, QStringView typed, bool (*begins)(QStringView, QStringView)) {
+  for (qsizetype i = 0; i < text.wordCount(); ++i) {
+    if (begins(text.word(i), typed))
+      return true;
+  }
+  return false;
+}
+
+/// Whether each typed word begins a word.
+bool eachBegins(const MatchText& typed, const MatchText& text, bool (*begins)(QStringView, QStringView)) {
+  for (qsizetype i = 0; i < typed.wordCount(); ++i) {
+    if (!someWord(text, typed.word(i), begins))
+      return false;
+  }
+  return true;
+}
+
 /// Whether the letters are beginnings of the words from one on, in order; words may be passed over.
-bool areBeginnings(QStringView letters, const QStringList& words, qsizetype from) {
+bool areBeginnings(QStringView letters, const MatchText& text, qsizetype from) {
   if (letters.isEmpty())
     return true;
-  for (qsizetype i = from; i < words.size(); ++i) {
-    const auto common = std::ranges::mismatch(letters, words[i]).in1 - letters.begin();
+  for (qsizetype i = from; i < text.wordCount(); ++i) {
+    const QStringView word = text.word(i);
+    const auto common = std::ranges::mismatch(letters, word).in1 - letters.begin();
     for (qsizetype taken = common; taken > 0; --taken) {
-      if (areBeginnings(letters.sliced(taken), words, i + 1))
+      if (areBeginnings(letters.sliced(taken), text, i + 1))
         return true;
     }
   }
@@ -103,12 +112,12 @@ int qualityOfAllLetters(const MatchText& typed, const MatchText& text) {
     return 850;
   QString letters = typed.folded;
   letters.remove(u' ');
-  if (areBeginnings(letters, text.words, 0))
-    return 800 - less(text.words.size());
+  if (areBeginnings(letters, text, 0))
+    return 800 - less(text.wordCount());
   if (at > 0)
     return 600 - less(at);
   if (eachBegins(typed, text, beginsNearlyIfLong))
-    return 450 - less(text.words.size());
+    return 450 - less(text.wordCount());
   const qsizetype gaps = gapsBetween(letters, text.folded);
   return gaps < 0 || gaps > 2 * letters.size() ? 0 : 300 - less(gaps);
 }
@@ -116,22 +125,34 @@ int qualityOfAllLetters(const MatchText& typed, const MatchText& text) {
 } // namespace
 
 MatchText::MatchText(const QString& text) {
+  const bool isPlain = std::ranges::all_of(text, [](QChar letter) { return letter.unicode() < 0x80; });
+  folded.reserve(text.size() + 4);
   QChar before = u' ';
-  for (const QChar letter : text.normalized(QString::NormalizationForm_KD)) {
-    if (letter.isMark() || letter == u'&')
+  for (const QChar letter : isPlain ? text : text.normalized(QString::NormalizationForm_KD)) {
+    if (letter == u'&' || (!isPlain && letter.isMark()))
       continue;
     if (letter.isLetterOrNumber()) {
       if (beginsWord(before, letter))
-        words.append(QString());
-      appendFolded(words.last(), letter);
+        beginWord();
+      appendFolded(folded, letter);
     }
     before = letter;
   }
-  folded = words.join(u' ');
   for (const QChar letter : std::as_const(folded)) {
     if (letter != u' ')
       letters |= bitOf(letter);
   }
+}
+
+void MatchText::beginWord() {
+  if (!folded.isEmpty())
+    folded += u' ';
+  starts.append(folded.size());
+}
+
+QStringView MatchText::word(qsizetype i) const {
+  const qsizetype end = i + 1 < starts.size() ? starts[i + 1] - 1 : folded.size();
+  return QStringView(folded).sliced(starts[i], end - starts[i]);
 }
 
 int matchQuality(const MatchText& typed, const MatchText& text) {
@@ -141,7 +162,7 @@ int matchQuality(const MatchText& typed, const MatchText& text) {
   case 0:
     return qualityOfAllLetters(typed, text);
   case 1:
-    return eachBegins(typed, text, beginsNearlyIfLong) ? 400 - less(text.words.size()) : 0;
+    return eachBegins(typed, text, beginsNearlyIfLong) ? 400 - less(text.wordCount()) : 0;
   default:
     return 0;
   }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
+#include <QVarLengthArray>
 
 namespace Vela::UiBase {
 
@@ -12,9 +12,16 @@ struct MatchText {
   MatchText() = default;
   explicit MatchText(const QString& text);
 
-  QString folded;      ///< The words, with one blank between.
-  QStringList words;   ///< Cut at blanks, marks, and where a small letter is followed by a capital one.
-  quint64 letters = 0; ///< A bit a letter, to tell quickly what cannot match.
+  /// Cut at blanks, marks, and where a small letter is followed by a capital one.
+  qsizetype wordCount() const { return starts.size(); }
+  QStringView word(qsizetype i) const;
+
+  QString folded;                       ///< The words, with one blank between.
+  QVarLengthArray<qsizetype, 6> starts; ///< Where each begins.
+  quint64 letters = 0;                  ///< A bit a letter, to tell quickly what cannot match.
+
+private:
+  void beginWord();
 };
 
 /// How well a text answers what was typed: 0 for not at all, higher for better. In falling order: the text
