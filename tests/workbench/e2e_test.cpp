@@ -5,6 +5,7 @@
 
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
+#include <ui_base/assistants/command_palette.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_common_res/styles.h>
 #include <workbench/commands/dark_palette_command.h>
@@ -13,6 +14,7 @@
 #include <workbench/commands/save_screenshot_command.h>
 #include <workbench/commands/shading_command.h>
 #include <workbench/panels/about_dialog.h>
+#include <workbench/photos/photo_view.h>
 #include <workbench/screenshot_run.h>
 
 #include <QApplication>
@@ -262,15 +264,42 @@ private Q_SLOTS:
     QCOMPARE(workbench.view().camera(), first);
   }
 
-  void tellsAboutItself() {
+  void theFocusIsWhereTheKeyboardGoes() {
     WorkbenchFixture workbench;
     QVERIFY(workbench.start());
+    const auto hasFocus = [&](const QWidget* widget) {
+      const QWidget* const focus = workbench.window().focusWidget();
+      return workbench.window().isActiveWindow() && focus && widget &&
+             (focus == widget || widget->isAncestorOf(focus));
+    };
+    const auto isBack = [&] { // which a window manager does
+      if (!QApplication::activeModalWidget())
+        workbench.window().activateWindow();
+      return hasFocus(&workbench.view());
+    };
+    const MeshView& mesh = workbench.view();
+    QTRY_VERIFY(hasFocus(&mesh));
+    workbench.press(Qt::Key_2, Qt::AltModifier);
+    QTRY_VERIFY(hasFocus(workbench.window().photoView()));
+    workbench.press(Qt::Key_1, Qt::AltModifier);
+    QTRY_VERIFY(hasFocus(&mesh));
+
+    workbench.press(Qt::Key_O, Qt::ControlModifier);
+    QVERIFY(workbench.fileDialog());
+    workbench.press(Qt::Key_Escape);
+    QTRY_VERIFY(isBack());
     workbench.press(Qt::Key_H, Qt::AltModifier);
     QTRY_VERIFY(QApplication::activePopupWidget());
     workbench.press(Qt::Key_A);
     QTRY_VERIFY(qobject_cast<AboutDialog*>(QApplication::activeModalWidget()));
     workbench.press(Qt::Key_Escape);
-    QTRY_VERIFY(!QApplication::activeModalWidget());
+    QTRY_VERIFY(isBack());
+
+    const auto* const palette = workbench.window().findChild<Vela::UiBase::CommandPalette*>();
+    workbench.press(Qt::Key_K, Qt::ControlModifier);
+    QTRY_VERIFY(hasFocus(palette));
+    workbench.press(Qt::Key_Escape);
+    QVERIFY(hasFocus(&mesh));
   }
 
   void quits() {
