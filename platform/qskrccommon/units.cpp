@@ -130,7 +130,7 @@ QString format(double value, Unit unit, const QLocale& locale, int significantDi
 }
 
 constexpr int MAX_DIGITS = 15; // what a double holds of any decimal number
-constexpr double SMALLEST_PLAIN = 1e-3;
+constexpr double SMALLEST_PLAIN = 1e-4;
 constexpr double LARGEST_PLAIN = 1e15;
 
 QString superscript(int number) {

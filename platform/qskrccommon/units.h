@@ -87,7 +87,7 @@ QSKRC_COMMON_EXPORT QString formatValue(double value, EVolumeUnit unit, const QL
 
 /// \a value rounded to \a significantDigits (1 to 15), as \a locale writes it. Digits before the decimal
 /// point are never rounded away, zeros at the end of the decimals are left out. Values too large or too small
-/// to be read that way (from 1e15, below 0.001) are written as "4.62 × 10⁻⁵". Empty for NaN, "∞" or "-∞" for
+/// to be read that way (from 1e15, below 0.0001) are written as "4.62 × 10⁻⁵". Empty for NaN, "∞" or "-∞" for
 /// an infinity.
 QSKRC_COMMON_EXPORT QString formatNumber(double value, const QLocale& locale = QLocale(),
                                          int significantDigits = DEFAULT_SIGNIFICANT_DIGITS);

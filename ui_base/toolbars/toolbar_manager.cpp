@@ -4,13 +4,13 @@
 #include "pending_group_states.h"
 #include "tool_bar_commands.h"
 #include "tool_bar_p.h"
+#include "toolbar_manager_p.h"
 #include "toolbar_row.h"
 
 #include <ui_base/commands/command_group.h>
 #include <ui_base/commands/command_walk.h>
 
 #include <QEvent>
-#include <QSet>
 
 #include <algorithm>
 #include <utility>
@@ -21,50 +21,37 @@ namespace {
 
 constexpr int gatheringTime = 200; // ms
 
-struct DynamicToolbar {
-  QString groupId;
-  LivePointer<ToolBar> toolbar;
-  bool inUse = false;
-};
-
 } // namespace
 
-class ToolbarManagerPrivate {
-public:
-  explicit ToolbarManagerPrivate(ToolBar* main) : mainToolbar(main), row(main) {}
+ToolbarManagerPrivate::ToolbarManagerPrivate() : pendingStates(std::make_unique<PendingGroupStates>()) {}
 
-  QList<DynamicToolbar> dynamicToolbars;
-  QList<std::pair<QString, QPointer<CommandGroup>>> groups; // those that were added
-  QSet<QString> removed; // the identifiers of what was removed, though it may still be in its group
-  LivePointer<ToolBar> mainToolbar;
-  ToolbarRow row;
-  PendingGroupStates pendingStates;
-  QTimer* actionTimer = nullptr;
-  QPointer<QWidget> parent; // of the row
+ToolbarManagerPrivate::~ToolbarManagerPrivate() = default;
 
-  /// Those that have not died.
-  QList<ToolBar*> toolbars() const {
-    QList<ToolBar*> alive;
-    for (const DynamicToolbar& each : dynamicToolbars) {
-      if (each.toolbar)
-        alive.append(each.toolbar);
-    }
-    return alive;
+QList<ToolBar*> ToolbarManagerPrivate::toolbars() const {
+  QList<ToolBar*> alive;
+  for (const DynamicToolbar& each : dynamicToolbars) {
+    if (each.toolbar)
+      alive.append(each.toolbar);
   }
-  bool isAdded(const QString& id) const {
-    return std::any_of(groups.cbegin(), groups.cend(),
-                       [&id](const auto& group) { return group.first == id; });
-  }
-  bool isAdded(const CommandGroup& group) const {
-    return std::any_of(groups.cbegin(), groups.cend(),
-                       [&group](const auto& each) { return each.second == &group; });
-  }
-};
+  return alive;
+}
+
+bool ToolbarManagerPrivate::isAdded(const QString& id) const {
+  return std::any_of(groups.cbegin(), groups.cend(), [&id](const auto& group) { return group.first == id; });
+}
+
+bool ToolbarManagerPrivate::isAdded(const CommandGroup& group) const {
+  return std::any_of(groups.cbegin(), groups.cend(),
+                     [&group](const auto& each) { return each.second == &group; });
+}
 
 const QString ToolbarManager::COMMANDGROUP_PROPERTY = QStringLiteral("CMDGROUP_PROP");
 
 ToolbarManager::ToolbarManager(ToolBar* mainToolbar)
-    : QObject(mainToolbar), d(std::make_unique<ToolbarManagerPrivate>(mainToolbar)) {
+    : ToolbarManager(*new ToolbarManagerPrivate, mainToolbar) {}
+
+ToolbarManager::ToolbarManager(ToolbarManagerPrivate& state, ToolBar* mainToolbar)
+    : QObject(mainToolbar), d(&state) {
   initialize(mainToolbar);
 }
 
@@ -77,6 +64,8 @@ ToolbarManager::~ToolbarManager() {
 }
 
 void ToolbarManager::initialize(ToolBar* mainToolbar) {
+  d->mainToolbar = mainToolbar;
+  d->row = std::make_unique<ToolbarRow>(mainToolbar);
   if (mainToolbar) {
     mainToolbar->installEventFilter(this);
     d->parent = mainToolbar->parentWidget();
@@ -146,7 +135,7 @@ ToolBar* ToolbarManager::getToolbar(CommandGroup& group) {
   d->dynamicToolbars.append({id, toolbar, false});
   connect(toolbar, &ToolBar::LayoutChanged, this, [this, toolbar] {
     if (!toolbar->isHidden())
-      d->row.place(d->toolbars());
+      d->row->place(d->toolbars());
   });
   return toolbar;
 }
@@ -218,13 +207,13 @@ void ToolbarManager::commandGroupBegan(CommandGroup* group) { onCommandGroupStat
 void ToolbarManager::commandGroupEnded(CommandGroup* group) { onCommandGroupStateChanged(group, false); }
 
 void ToolbarManager::onCommandGroupStateChanged(CommandGroup* group, bool began) {
-  d->pendingStates.append(group, began);
+  d->pendingStates->append(group, began);
   // A timer is started by its own thread only.
   QMetaObject::invokeMethod(d->actionTimer, qOverload<>(&QTimer::start), Qt::AutoConnection);
 }
 
 void ToolbarManager::onActionTimerTimeOut() {
-  const QList<PendingGroupStates::State> states = d->pendingStates.takeLatest();
+  const QList<PendingGroupStates::State> states = d->pendingStates->takeLatest();
   const QPointer<ToolbarManager> self(this);
   for (const PendingGroupStates::State& state : states) {
     if (self && state.group)
@@ -258,17 +247,17 @@ void ToolbarManager::setToolbarVisible(ToolBar* toolbar, bool visible) {
   const QPointer<ToolbarManager> self(this);
   const int count = visibleToolbarCount();
   if (visible && count == 0)
-    d->row.moveSeparator(); // the main toolbar may have stood before the manager came
+    d->row->moveSeparator(); // the main toolbar may have stood before the manager came
   if (count == (visible ? 0 : 1))
-    d->row.showSeparator(visible);
+    d->row->showSeparator(visible);
   if (visible)
-    d->row.fit(*toolbar);
+    d->row->fit(*toolbar);
   else
     toolbar->HideAllButtonMenusExcept(false, nullptr);
   if (shown)
     shown->setVisible(visible);
   if (self)
-    d->row.place(d->toolbars());
+    d->row->place(d->toolbars());
 }
 
 void ToolbarManager::setToolbarsVisible(bool visible) {
@@ -287,14 +276,14 @@ int ToolbarManager::visibleToolbarCount() const {
 }
 
 void ToolbarManager::placeRow() {
-  d->row.moveSeparator();
-  d->row.place(d->toolbars());
+  d->row->moveSeparator();
+  d->row->place(d->toolbars());
 }
 
 bool ToolbarManager::eventFilter(QObject* watched, QEvent* event) {
   const QPointer<ToolbarManager> self(this);
   if (watched == d->parent && event->type() == QEvent::Resize)
-    d->row.place(d->toolbars());
+    d->row->place(d->toolbars());
   if (!self || !d->mainToolbar || watched != d->mainToolbar)
     return false;
   switch (event->type()) {

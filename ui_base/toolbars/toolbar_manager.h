@@ -64,6 +64,9 @@ public:
   void commandGroupEnded(CommandGroup* group) override;
 
 protected:
+  /// Takes the private object over.
+  ToolbarManager(ToolbarManagerPrivate& state, ToolBar* mainToolbar);
+
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private Q_SLOTS:

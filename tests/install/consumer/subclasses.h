@@ -10,6 +10,7 @@
 #include <ui_base/toolbars/action_panel_p.h>
 #include <ui_base/toolbars/tool_button_with_button_menu_p.h>
 #include <ui_base/toolbars/tool_button_with_widget_menu_p.h>
+#include <ui_base/toolbars/toolbar_manager_p.h>
 #include <ui_base/tooltips/tooltip_object_p.h>
 #include <ui_base/tooltips/tooltip_wrapper_p.h>
 
@@ -79,6 +80,9 @@ struct RightClick : RCMenuManager {
   explicit RightClick(QMainWindow* window)
       : RCMenuManager(*new More<RCMenuManagerPrivate>, window, 0, true, nullptr) {}
 };
+struct Row : ToolbarManager {
+  explicit Row(ToolBar* main) : ToolbarManager(*new More<ToolbarManagerPrivate>, main) {}
+};
 
 /// Puts an application's own buttons into a bar and uses one. @return whether all of it works.
 inline bool work() {
@@ -96,6 +100,7 @@ inline bool work() {
           static_cast<ToolButton*>(new SubToolBarButton(&bar, &panel)),
           static_cast<ToolButton*>(new PanelButton(&action, &bar, &flyout))})
       bar.AddToolButton(each);
+    const Row row(&bar);
     const Window arrowed;
     const Calculator calculator;
     const Tooltip tooltip;
