@@ -111,7 +111,7 @@ inline bool work() {
     window.show();
     bar.ShowMe();
     button->click();
-    if (alive != 13 || bar.Buttons().size() != 4 || !menu.isVisible() ||
+    if (alive != 14 || bar.Buttons().size() != 4 || !menu.isVisible() ||
         !window.rect().contains(menu.geometry()))
       return false;
   }
