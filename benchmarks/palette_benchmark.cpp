@@ -52,40 +52,43 @@ void type(QWidget& window, QLineEdit& field, QChar letter) {
   benchmark::DoNotOptimize(window.grab());
 }
 
+/// A window with a palette of many commands.
+struct Stage {
+  Stage() {
+    for (const QString& name : names())
+      manager->addCommand(new PlainCommand(name));
+    window.resize(800, 600);
+    palette.addManager(manager.get());
+    window.show();
+  }
+
+  std::shared_ptr<CmdMgr> manager = Taren::Objects::createShared<CmdMgr>();
+  QWidget window;
+  CommandPalette& palette = *new CommandPalette(&window);
+  QLineEdit& field = *palette.findChild<QLineEdit*>();
+};
+
 /// From the shortcut over the first letter to the painted list.
 void Palette_FirstLetter(benchmark::State& state) {
-  const auto manager = Taren::Objects::createShared<CmdMgr>();
-  for (const QString& name : names())
-    manager->addCommand(new PlainCommand(name));
-  QWidget window;
-  window.resize(800, 600);
-  CommandPalette palette(&window);
-  palette.addManager(manager.get());
-  window.show();
+  Stage stage;
   for ([[maybe_unused]] auto _ : state) {
-    palette.open();
-    type(window, *palette.findChild<QLineEdit*>(), u'm');
-    palette.dismiss();
+    stage.palette.open();
+    type(stage.window, stage.field, u'm');
+    stage.palette.dismiss();
   }
 }
 BENCHMARK(Palette_FirstLetter)->Unit(benchmark::kMillisecond);
 
 /// A further letter to the painted list.
 void Palette_NextLetter(benchmark::State& state) {
-  const auto manager = Taren::Objects::createShared<CmdMgr>();
-  for (const QString& name : names())
-    manager->addCommand(new PlainCommand(name));
-  QWidget window;
-  window.resize(800, 600);
-  CommandPalette palette(&window);
-  palette.addManager(manager.get());
-  window.show();
-  palette.open();
-  auto* const field = palette.findChild<QLineEdit*>();
+  static const QString typed = QStringLiteral("mesh bord");
+  Stage stage;
+  stage.palette.open();
   for ([[maybe_unused]] auto _ : state) {
-    type(window, *field, field->text().size() < 8 ? QStringLiteral("mesh bord")[field->text().size()] : u'x');
-    if (field->text().size() > 8)
-      field->clear();
+    const qsizetype length = stage.field.text().size();
+    type(stage.window, stage.field, typed[length]);
+    if (length + 1 == typed.size())
+      stage.field.clear();
   }
 }
 BENCHMARK(Palette_NextLetter)->Unit(benchmark::kMillisecond);

@@ -23,7 +23,8 @@ CommandPalette::CommandPalette(QWidget* parent)
   d->field->setPlaceholderText(tr("Find a command"));
   d->field->setAccessibleName(tr("Name of the command"));
   d->list->setAccessibleName(tr("Commands found"));
-  parent->addAction(d->openAction);
+  if (parent)
+    parent->addAction(d->openAction);
   connect(d->openAction, &QAction::triggered, this, &CommandPalette::open);
   connect(d->field, &QLineEdit::textChanged, this, [this] { d->search(); });
   const auto chooseClicked = [this] { d->choose(d->list->currentIndex()); };
@@ -52,7 +53,7 @@ CommandBase* CommandPalette::awaitedCommand() const { return d->awaited ? d->awa
 QSize CommandPalette::sizeHint() const { return {560, 320}; }
 
 void CommandPalette::open() {
-  if (isVisible() || !parentWidget()->isVisible())
+  if (isVisible() || !parentWidget() || !parentWidget()->isVisible())
     return;
   d->focusBefore = window()->focusWidget();
   d->model.setManagers(d->managersToOffer());

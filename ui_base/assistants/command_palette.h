@@ -48,7 +48,7 @@ class UI_BASE_EXPORT CommandPalette : public QWidget {
   Q_OBJECT
 
 public:
-  /// @param parent over the middle of which it opens; not null.
+  /// @param parent over the middle of which it opens; without one it never does.
   explicit CommandPalette(QWidget* parent);
   ~CommandPalette() override;
 
