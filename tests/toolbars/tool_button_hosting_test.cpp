@@ -225,7 +225,7 @@ void ToolButtonHostingTest::sharedFlyoutOutlivesItsBars() {
   QFETCH(QString, first);
   auto stage = std::make_unique<SharedStage>();
   auto other = std::make_unique<QWidget>();
-  ToolBar* const bar = new ToolBar(other.get(), Qt::TopToolBarArea);
+  auto* const bar = new ToolBar(other.get(), Qt::TopToolBarArea);
   QPointer<ToolButtonWithWidgetMenu> opener = bar->AddAction(stage->command, stage->flyout);
   other->show();
   bar->ShowMe();

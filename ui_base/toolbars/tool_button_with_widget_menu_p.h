@@ -40,7 +40,7 @@ public:
   /// Lets go of the menu, which goes home if no other button has it.
   void releaseMenu();
   void connectMenu(QWidget& widget);
-  void connectFlyout(FlyoutBase& flyout);
+  void connectFlyout(FlyoutBase& panel);
   /// Ends what connectMenu() made, and nothing that an application has made.
   void disconnectMenu();
   /// Has the menu, and the button, ask the controller to be shown.
