@@ -46,6 +46,7 @@ sources() {
   for folder in "${folders[@]}"; do
     [ -e "$folder" ] && present+=("$folder")
   done
+  [ ${#present[@]} -gt 0 ] || return 0
   find "${present[@]}" -name '*.cpp' -o -name '*.h' | sort
 }
 
