@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <support/input.h>
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <ui_base/notifications/floating_widget.h>
 
@@ -11,9 +13,10 @@ using Vela::Test::settle;
 
 namespace {
 
-class ClickCounter : public QWidget {
+/// Counts presses that reach it, and shows the stage for a widget that floats over it.
+class View : public QWidget {
 public:
-  using QWidget::QWidget;
+  explicit View(const QSize& size = {200, 200}) { resize(size); }
   int presses = 0;
 
 protected:
@@ -35,12 +38,7 @@ class FloatingWidgetTest : public Vela::Test::TestCase {
 
 private Q_SLOTS:
   void placement_data() {
-    QTest::addColumn<Qt::Alignment>("alignment");
-    QTest::addColumn<bool>("rightToLeft");
-    QTest::addColumn<QRect>("expected");
-    const auto row = [](const char* name, Qt::Alignment alignment, bool rightToLeft, const QRect& expected) {
-      QTest::newRow(name) << alignment << rightToLeft << expected;
-    };
+    const Vela::Test::Rows<Qt::Alignment, bool, QRect> row("alignment", "rightToLeft", "expected");
     row("top centre", Qt::AlignTop | Qt::AlignHCenter, false, {130, 20, 100, 30});
     row("bottom right", Qt::AlignBottom | Qt::AlignRight, false, {250, 230, 100, 30});
     row("bottom right, mirrored", Qt::AlignBottom | Qt::AlignRight, true, {10, 230, 100, 30});
@@ -48,9 +46,8 @@ private Q_SLOTS:
   void placement() {
     QFETCH(Qt::Alignment, alignment);
     QFETCH(bool, rightToLeft);
-    QWidget view;
+    View view;
     view.setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-    view.resize(200, 200);
     FloatingWidget host(&view);
     host.setMargins({10, 20, 50, 40});
     host.addWidget(new FixedContent({100, 30}));
@@ -61,8 +58,7 @@ private Q_SLOTS:
   }
 
   void neverLargerThanTheParent() {
-    QWidget view;
-    view.resize(120, 60);
+    View view({120, 60});
     FloatingWidget host(&view);
     auto* label = new QLabel(QStringLiteral("many words to wrap ").repeated(20));
     label->setWordWrap(true);
@@ -74,8 +70,7 @@ private Q_SLOTS:
   }
 
   void visibleOnlyWithVisibleContent() {
-    QWidget view;
-    view.resize(200, 200);
+    View view;
     FloatingWidget host(&view);
     view.show();
     host.show();
@@ -102,8 +97,7 @@ private Q_SLOTS:
   }
 
   void followsItsContent() {
-    QWidget view;
-    view.resize(300, 200);
+    View view({300, 200});
     FloatingWidget host(&view);
     auto* label = new QLabel(QStringLiteral("short"));
     host.addWidget(label);
@@ -117,10 +111,8 @@ private Q_SLOTS:
   }
 
   void followsANewParent() {
-    QWidget first;
-    QWidget second;
-    first.resize(200, 200);
-    second.resize(300, 300);
+    View first;
+    View second({300, 300});
     auto* host = new FloatingWidget(&first);
     host->addWidget(new FixedContent({100, 20}));
     first.show();
@@ -137,17 +129,14 @@ private Q_SLOTS:
   }
 
   void clicksBesideTheContentReachTheView() {
-    ClickCounter view;
-    view.resize(200, 200);
+    View view;
     FloatingWidget host(&view);
     host.setAlignment(Qt::AlignLeft | Qt::AlignTop);
     host.addWidget(new FixedContent({100, 20}));
     host.addWidget(new FixedContent({40, 20}));
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
-    settle();
+    Vela::Test::showActive(view);
     const auto press = [&](const QPoint& at) {
-      QTest::mouseClick(view.windowHandle(), Qt::LeftButton, {}, at);
+      Vela::Test::clickAt(view, at);
       return view.presses;
     };
     QCOMPARE(host.size(), QSize(100, 40));
@@ -159,8 +148,7 @@ private Q_SLOTS:
   }
 
   void comesToTheFront() {
-    QWidget view;
-    view.resize(200, 200);
+    View view;
     FloatingWidget host(&view);
     auto* content = new FixedContent({50, 50});
     content->hide();

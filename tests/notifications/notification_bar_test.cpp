@@ -10,9 +10,7 @@
 #include <QSignalSpy>
 
 using namespace Vela::UiBase;
-using Vela::Test::settle;
-
-Q_DECLARE_METATYPE(Vela::UiBase::ENotificationFadeOption)
+using namespace Vela::Test;
 
 using Act = std::function<void(NotificationFixture&)>;
 
@@ -72,12 +70,10 @@ private Q_SLOTS:
   }
 
   void fades_data() {
-    QTest::addColumn<ENotificationFadeOption>("fade");
-    QTest::addColumn<bool>("fadesIn");
-    QTest::addColumn<bool>("fadesOut");
-    QTest::newRow("out only") << FadeOutOnly << false << true;
-    QTest::newRow("in only") << FadeInOnly << true << false;
-    QTest::newRow("in and out") << FadeInAndOut << true << true;
+    const Rows<ENotificationFadeOption, bool, bool> row("fade", "fadesIn", "fadesOut");
+    row("out only", FadeOutOnly, false, true);
+    row("in only", FadeInOnly, true, false);
+    row("in and out", FadeInAndOut, true, true);
   }
   void fades() {
     QFETCH(ENotificationFadeOption, fade);
@@ -94,43 +90,33 @@ private Q_SLOTS:
     QTRY_VERIFY(!f.bar->isVisible());
   }
 
-  void hideWhileFadingIn() {
+  void hideAndShowWhileFading() {
     NotificationFixture f;
-    f.bar->setFadeDuration(60);
+    f.bar->setFadeDuration(20);
     f.bar->showNotification(QStringLiteral("text"), FadeInAndOut, 0);
     f.bar->hideNotification();
     QTRY_VERIFY(!f.bar->isVisible());
-    f.bar->showNotification(QStringLiteral("text"), FadeInAndOut, 0);
+    f.bar->showNotification(QStringLiteral("old"), FadeInAndOut, 0);
     QTRY_VERIFY(!f.bar->graphicsEffect());
     QVERIFY(f.bar->isVisible());
-  }
-
-  void showWhileFadingOut() {
-    NotificationFixture f;
-    f.bar->setFadeDuration(20);
-    f.bar->showNotification(QStringLiteral("old"), FadeOutOnly, 0);
     f.bar->hideNotification();
     f.bar->showNotification(QStringLiteral("new"), FadeOutOnly, 0);
     QVERIFY(!f.bar->graphicsEffect());
-    f.letTimePass(30);
+    letTimePass(30);
     QCOMPARE(f.reading(), QStringLiteral("new"));
     QVERIFY(!f.bar->graphicsEffect());
   }
 
   void timePauses_data() {
     using F = NotificationFixture&;
-    QTest::addColumn<Act>("pause");
-    QTest::addColumn<Act>("resume");
-    const auto row = [](const char* name, const Act& pause, const Act& resume) {
-      QTest::newRow(name) << pause << resume;
-    };
+    const Rows<Act, Act> row("pause", "resume");
     row(
-        "mouse", [](F f) { f.moveMouse(f.bar->mapTo(f.view, f.bar->rect().center())); },
+        "mouse", [](F f) { moveMouse(*f.bar); },
         [](F f) {
-          f.moveMouse({5, 290});
+          moveMouse(*f.view, {5, 290});
         });
     row(
-        "focus", [](F f) { f.button(QString())->setFocus(); }, [](F f) { f.work->setFocus(); });
+        "focus", [](F f) { f.button({})->setFocus(); }, [](F f) { f.work->setFocus(); });
     row(
         "hidden", [](F f) { f.view->hide(); }, [](F f) { f.view->show(); });
   }
@@ -143,7 +129,7 @@ private Q_SLOTS:
     settle();
     pause(f);
     f.post(NotificationError, QStringLiteral("stays"), 1);
-    f.letTimePass(30);
+    letTimePass(30);
     QVERIFY(f.bar->isNotificationShowing());
     resume(f);
     QTRY_COMPARE(ended.count(), 1);
@@ -178,7 +164,10 @@ private Q_SLOTS:
     NotificationFixture f;
     f.post(NotificationWarning, QStringLiteral("text"), 0);
     settle();
-    f.click(f.button(QString()));
+    const QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(f.bar);
+    QCOMPARE(accessible->role(), QAccessible::AlertMessage);
+    QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Warning: text"));
+    click(*f.button(QString()));
     QVERIFY(!f.bar->isNotificationShowing());
     QVERIFY(f.work->hasFocus());
   }
@@ -194,7 +183,7 @@ private Q_SLOTS:
     notification.member = SLOT(onAction());
     f.bar->showNotification(notification);
     settle();
-    f.click(f.button(QStringLiteral("Undo")));
+    click(*f.button(QStringLiteral("Undo")));
     QCOMPARE(receiver.calls, 1);
     QCOMPARE(f.reading(), QStringLiteral("undone"));
     QVERIFY(!f.button(QStringLiteral("Undo")));
@@ -236,14 +225,6 @@ private Q_SLOTS:
       settle();
       QVERIFY2(f.reading().contains(QLatin1String(name)) && f.bar->height() == height, name);
     }
-  }
-
-  void assistiveTechnologyReadsAnAlert() {
-    NotificationFixture f;
-    f.post(NotificationWarning, QStringLiteral("odd"));
-    const QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(f.bar);
-    QCOMPARE(accessible->role(), QAccessible::AlertMessage);
-    QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Warning: odd"));
   }
 };
 

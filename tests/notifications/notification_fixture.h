@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <support/input.h>
+#include <support/rows.h>
 #include <ui_base/notifications/floating_widget.h>
 #include <ui_base/notifications/notification_bar.h>
 
 #include <QAbstractButton>
 #include <QPointer>
 #include <QTest>
-#include <QTimer>
 #include <QWidget>
 
 #include <functional>
@@ -25,10 +26,8 @@ public:
     bar->setFadeDuration(0);
     // Next in the tab order, where Qt itself would leave the focus.
     (new QWidget(view))->setFocusPolicy(Qt::StrongFocus);
-    view->show();
-    view->activateWindow();
+    Vela::Test::showActive(*view);
     work->setFocus();
-    [[maybe_unused]] const bool active = QTest::qWaitForWindowActive(view);
   }
   ~NotificationFixture() { delete view; }
   Q_DISABLE_COPY_MOVE(NotificationFixture)
@@ -54,18 +53,7 @@ public:
     return nullptr;
   }
 
-  void click(QWidget* target) const {
-    QTest::mouseClick(view->windowHandle(), Qt::LeftButton, {},
-                      target->mapTo(target->window(), target->rect().center()));
-  }
   void key(Qt::Key which) const { QTest::keyClick(view->windowHandle(), which); }
-  /// Turns the event loop until a timer of this length has fired.
-  void letTimePass(int milliseconds) const {
-    bool passed = false;
-    QTimer::singleShot(milliseconds, bar, [&] { passed = true; });
-    QTRY_VERIFY(passed);
-  }
-  void moveMouse(const QPoint& position) const { QTest::mouseMove(view->windowHandle(), position); }
 
   QPointer<QWidget> view;
   QPointer<QWidget> work;

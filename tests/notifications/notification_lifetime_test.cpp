@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 
 using namespace Vela::UiBase;
+using Vela::Test::Rows;
 using Vela::Test::settle;
 
 using Ending = std::function<void(NotificationFixture&, ActionReceiver&)>;
@@ -23,43 +24,26 @@ private Q_SLOTS:
     f.bar->showNotification(replaced, FadeInOnly, 0);
     QVERIFY(replaced->isVisible());
     QCOMPARE(f.bar->showNotification(replaced, FadeInOnly, 0), quint64(0));
-    f.bar->showNotification(shown, FadeInOnly, 0);
-    QVERIFY(shown->isVisible() && !replaced->isVisible());
+    f.bar->showNotification(shown, FadeOutOnly, 0);
     settle();
-    QVERIFY(!replaced);
-    f.bar->hideNotification();
-    settle();
-    QVERIFY(!shown && !f.bar->isVisible());
-  }
-
-  void contentStaysWhileItFadesOut() {
-    NotificationFixture f;
-    f.bar->setFadeDuration(30);
-    QPointer<QLabel> content = new QLabel(QStringLiteral("content"));
-    f.bar->showNotification(content, FadeOutOnly, 0);
-    f.bar->hideNotification();
-    settle();
-    QVERIFY(content && content->isVisible());
-    QTRY_VERIFY(!content);
-  }
-
-  void interruptedContentComesBack() {
-    NotificationFixture f;
-    QPointer<QLabel> content = new QLabel(QStringLiteral("content"));
-    f.bar->showNotification(content, FadeInOnly, 0);
+    QVERIFY(shown->isVisible() && !replaced);
     const quint64 error = f.post(NotificationError, QStringLiteral("error"), 0);
     settle();
-    QVERIFY(content && !content->isVisible());
-    f.bar->hideNotification(error);
-    QVERIFY(content && content->isVisible());
+    QVERIFY(shown && !shown->isVisible());
+    f.bar->hideNotification(error); // what was interrupted comes back
+    QVERIFY(shown && shown->isVisible());
+    f.bar->setFadeDuration(30);
+    f.bar->hideNotification();
+    settle();
+    QVERIFY(shown && shown->isVisible()); // while it fades out
+    QTRY_VERIFY(!shown && !f.bar->isVisible());
   }
 
   void contentDies_data() {
-    QTest::addColumn<bool>("waiting");
-    QTest::addColumn<bool>("anotherWaits");
-    QTest::newRow("shown") << false << false;
-    QTest::newRow("shown, another waits") << false << true;
-    QTest::newRow("waiting") << true << false;
+    const Rows<bool, bool> row("waiting", "anotherWaits");
+    row("shown", false, false);
+    row("shown, another waits", false, true);
+    row("waiting", true, false);
   }
   void contentDies() {
     QFETCH(bool, waiting);
@@ -84,9 +68,9 @@ private Q_SLOTS:
   }
 
   void receiverDies_data() {
-    QTest::addColumn<bool>("waiting");
-    QTest::newRow("shown") << false;
-    QTest::newRow("waiting") << true;
+    const Rows<bool> row("waiting");
+    row("shown", false);
+    row("waiting", true);
   }
   void receiverDies() {
     QFETCH(bool, waiting);
@@ -108,12 +92,7 @@ private Q_SLOTS:
 
   void barDies_data() {
     using F = NotificationFixture&;
-    QTest::addColumn<int>("fadeMs");
-    QTest::addColumn<Ending>("end");
-    QTest::addColumn<bool>("diesByItself");
-    const auto row = [](const char* name, int fadeMs, bool diesByItself, const Ending& end) {
-      QTest::newRow(name) << fadeMs << end << diesByItself;
-    };
+    const Rows<int, bool, Ending> row("fadeMs", "diesByItself", "end");
     row("fading in", 60000, false, [](F, ActionReceiver&) {});
     row("fading out", 60000, false, [](F f, ActionReceiver&) { f.bar->hideNotification(); });
     row("with a queue", 0, false, [](F f, ActionReceiver&) {
@@ -121,7 +100,8 @@ private Q_SLOTS:
       f.bar->showNotification(new QLabel(QStringLiteral("waits")), FadeInAndOut, 0);
     });
     row("with its view", 0, true, [](F f, ActionReceiver&) { delete f.view; });
-    row("in the action", 0, true, [](F f, ActionReceiver&) { f.click(f.button(QStringLiteral("Details"))); });
+    row("in the action", 0, true,
+        [](F f, ActionReceiver&) { Vela::Test::click(*f.button(QStringLiteral("Details"))); });
     row("when shown", 0, true, [](F f, ActionReceiver& receiver) {
       connect(f.bar, &NotificationBar::notificationShown, &receiver, &ActionReceiver::onAction);
       f.post(NotificationError, QStringLiteral("error"));

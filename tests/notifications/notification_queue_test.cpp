@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <ui_base/notifications/notification_queue.h>
 
@@ -38,12 +39,7 @@ class NotificationQueueTest : public Vela::Test::TestCase {
 
 private Q_SLOTS:
   void order_data() {
-    QTest::addColumn<QString>("posts");
-    QTest::addColumn<QString>("shownInTurn");
-    QTest::addColumn<QString>("dropped");
-    const auto row = [](const char* name, const char* posts, const char* shown, const char* dropped) {
-      QTest::newRow(name) << QString(posts) << QString(shown) << QString(dropped);
-    };
+    const Vela::Test::Rows<QString, QString, QString> row("posts", "shownInTurn", "dropped");
     row("info replaces a shown info", "i:start i:end", "end", "start");
     row("info replaces a waiting info", "e:a i:start i:end", "a end", "start");
     row("info replaces an interrupted info", "i:start e:a i:end", "a end", "start");
@@ -77,24 +73,17 @@ private Q_SLOTS:
     QTEST(messages(dropped), "dropped");
   }
 
-  void repeatGivesFullTimeAgain() {
+  void interruptionKeepsTheTimeLeftAndARepeatGivesAllAgain() {
     NotificationQueue queue;
     NotificationQueue::Entries dropped;
     const quint64 id = queue.post(entryFrom(QStringLiteral("w:a")), dropped);
-    queue.current()->remainingMs = 10;
-    QCOMPARE(queue.post(entryFrom(QStringLiteral("w:a")), dropped), id);
-    QCOMPARE(queue.current()->remainingMs, 1000);
-  }
-
-  void interruptionKeepsTimeLeft() {
-    NotificationQueue queue;
-    NotificationQueue::Entries dropped;
-    queue.post(entryFrom(QStringLiteral("w:a")), dropped);
     queue.current()->remainingMs = 10;
     queue.post(entryFrom(QStringLiteral("e:b")), dropped);
     queue.takeCurrent();
     QVERIFY(queue.advance());
     QCOMPARE(queue.current()->remainingMs, 10);
+    QCOMPARE(queue.post(entryFrom(QStringLiteral("w:a")), dropped), id);
+    QCOMPARE(queue.current()->remainingMs, 1000);
   }
 
   /// Whatever is posted: nothing gets lost or comes twice, and the most severe entry is the one shown.

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <vlk_common_res/icons.h>
 #include <vlk_common_res/styles.h>
@@ -10,8 +11,6 @@
 #include <cmath>
 
 using namespace Vela::Resource;
-
-Q_DECLARE_METATYPE(Vela::Resource::EPalette)
 
 namespace {
 
@@ -57,8 +56,11 @@ class CommonResTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void cleanup() { Styles::Instance().setPalette(Light); }
 
-  void textIsReadable_data() { paletteRows(); }
-
+  void textIsReadable_data() {
+    const Vela::Test::Rows<EPalette> row("palette");
+    row("light", Light);
+    row("dark", Dark);
+  }
   void textIsReadable() {
     QFETCH(EPalette, palette);
     auto& styles = Styles::Instance();
@@ -130,13 +132,6 @@ private Q_SLOTS:
       QCOMPARE(pixmap.devicePixelRatio(), ratio);
       QCOMPARE(pixmap.size(), QSize(24, 24) * ratio);
     }
-  }
-
-private:
-  static void paletteRows() {
-    QTest::addColumn<EPalette>("palette");
-    QTest::newRow("light") << Light;
-    QTest::newRow("dark") << Dark;
   }
 };
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/kernel.h>
 
 #include <QCoreApplication>
 #include <QSet>
-#include <QTemporaryDir>
 
 #include <stdexcept>
 #include <thread>
@@ -50,21 +50,17 @@ class KernelHostTest : public Vela::Test::TestCase {
 
 private Q_SLOTS:
   void servicesStartInOrderAndEndInReverse_data() {
-    QTest::addColumn<QString>("services");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QString>("notes");
-    QTest::addColumn<QString>("warning");
-    QTest::newRow("all start") << "a b c" << int(RcmSuccess) << "+a +b +c | -c -b -a" << QString();
-    QTest::newRow("one fails half-way")
-        << "a b c? d" << int(RcmUnavailable) << "+a +b +c? -b -a |" << QString();
-    QTest::newRow("one throws") << "a b! c" << int(RcmFailure) << "+a +b! -a |"
-                                << R"(The service "b!" failed to start: no room)";
-    QTest::newRow("one throws at its end") << "a b~ c" << int(RcmSuccess) << "+a +b~ +c | -c -b~ -a"
-                                           << R"(The service "b~" failed to end)";
+    const Vela::Test::Rows<QString, ERcmStatus, QString, QString> row("services", "status", "notes",
+                                                                      "warning");
+    row("all start", "a b c", RcmSuccess, "+a +b +c | -c -b -a", {});
+    row("one fails half-way", "a b c? d", RcmUnavailable, "+a +b +c? -b -a |", {});
+    row("one throws", "a b! c", RcmFailure, "+a +b! -a |", R"(The service "b!" failed to start: no room)");
+    row("one throws at its end", "a b~ c", RcmSuccess, "+a +b~ +c | -c -b~ -a",
+        R"(The service "b~" failed to end)");
   }
   void servicesStartInOrderAndEndInReverse() {
     QFETCH(QString, services);
-    QFETCH(int, status);
+    QFETCH(ERcmStatus, status);
     QFETCH(QString, warning);
     QStringList notes;
     Kernel kernel;
@@ -74,7 +70,7 @@ private Q_SLOTS:
     if (!warning.isEmpty())
       QTest::ignoreMessage(QtWarningMsg, qUtf8Printable(warning));
 
-    QCOMPARE(int(kernel.start()), status);
+    QCOMPARE(kernel.start(), status);
     QCOMPARE(kernel.isStarted(), status == RcmSuccess);
     notes << QStringLiteral("|");
     kernel.stop();
@@ -157,14 +153,6 @@ private Q_SLOTS:
       others.insert(waypoint.thread);
     QVERIFY(!others.contains(kept.last().thread));
     QVERIFY(others.size() <= 3);
-  }
-
-  void aTraceThatCannotBeWrittenSaysWhy() {
-    const QTemporaryDir folder;
-    QString error;
-    QVERIFY(!Kernel().writeTrace(folder.filePath(QStringLiteral("missing/trace.json")), &error));
-    QVERIFY(!error.isEmpty());
-    QVERIFY(!Kernel().writeTrace(folder.path()));
   }
 };
 

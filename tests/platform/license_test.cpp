@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <support/input.h>
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <vlk_license/license_service.h>
 #include <vlk_license/lock_badge.h>
@@ -90,10 +92,6 @@ private:
   bool m_surprised = false;
 };
 
-void press(QDialog* dialog, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-  QTest::keyClick(dialog->windowHandle(), key, modifiers);
-}
-
 void type(QDialog* dialog, const QString& text) {
   for (const QChar letter : text)
     QTest::keyClick(dialog->windowHandle(), letter.toLatin1());
@@ -110,8 +108,6 @@ QString errorText(const QDialog* dialog) {
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(QList<User::Step>)
 
 class LicenseTest : public Vela::Test::TestCase {
   Q_OBJECT
@@ -140,17 +136,12 @@ private Q_SLOTS:
   }
 
   void theQuestionBeforeAPaidFeature_data() {
-    QTest::addColumn<int>("state");
-    QTest::addColumn<QList<User::Step>>("steps");
-    QTest::addColumn<bool>("answer");
-    const auto row = [](const char* name, ELicenseState state, const QList<User::Step>& steps, bool answer) {
-      QTest::newRow(name) << int(state) << steps << answer;
-    };
+    const Vela::Test::Rows<ELicenseState, QList<User::Step>, bool> row("state", "steps", "answer");
     const auto box = [](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
       return [=](QDialog* dialog) {
         QCOMPARE(dialog->windowTitle(), QStringLiteral("Paid Feature"));
         QVERIFY(qobject_cast<QMessageBox*>(dialog)->text().contains(QLatin1String("Cut & Fill")));
-        press(dialog, key, modifiers);
+        Vela::Test::pressKey(*dialog, key, modifiers);
       };
     };
     const auto licenceDialog = [](const char* key, const char* error) {
@@ -158,10 +149,10 @@ private Q_SLOTS:
         QVERIFY(dialog->isModal());
         type(dialog, QLatin1String(key));
         if (*key)
-          press(dialog, Qt::Key_Return);
+          Vela::Test::pressKey(*dialog, Qt::Key_Return);
         if (*error)
           QCOMPARE(errorText(dialog), QLatin1String(error));
-        press(dialog, Qt::Key_Escape);
+        Vela::Test::pressKey(*dialog, Qt::Key_Escape);
       };
     };
     const auto closeWindow = [this](QDialog*) { m_window.reset(); };
@@ -174,10 +165,10 @@ private Q_SLOTS:
     row("full", FullLicense, {}, true);
   }
   void theQuestionBeforeAPaidFeature() {
-    QFETCH(int, state);
+    QFETCH(ELicenseState, state);
     QFETCH(QList<User::Step>, steps);
     QFETCH(bool, answer);
-    installProvider(static_cast<ELicenseState>(state));
+    installProvider(state);
     m_window = std::make_unique<QWidget>();
     m_window->show();
     const User user(steps);
@@ -205,21 +196,21 @@ private Q_SLOTS:
 
       type(dialog, QStringLiteral("BAD"));
       QVERIFY(activate->isEnabled() && activate->isDefault());
-      press(dialog, Qt::Key_A, Qt::AltModifier);
+      Vela::Test::pressKey(*dialog, Qt::Key_A, Qt::AltModifier);
       QTRY_COMPARE(errorText(dialog), QStringLiteral("No such key."));
       QCOMPARE(key->selectedText(), QStringLiteral("BAD"));
 
       type(dialog, QStringLiteral("G"));
       QVERIFY(errorText(dialog).isEmpty());
       type(dialog, QStringLiteral("OOD-KEY"));
-      press(dialog, Qt::Key_Tab);
+      Vela::Test::pressKey(*dialog, Qt::Key_Tab);
       QVERIFY(activate->hasFocus());
-      press(dialog, Qt::Key_Space);
+      Vela::Test::pressKey(*dialog, Qt::Key_Space);
       QVERIFY(LicenseService::Instance().isLicensed());
       QVERIFY(dialog->isVisible() && close->hasFocus() && key->text().isEmpty());
       QVERIFY(!errorText(dialog).isEmpty());
       QVERIFY(!state->text().contains(QLatin1String("12")));
-      press(dialog, Qt::Key_Return);
+      Vela::Test::pressKey(*dialog, Qt::Key_Return);
       QVERIFY(!dialog->isVisible());
     }});
     LicenseService::Instance().showLicenseDialog(nullptr);
@@ -237,7 +228,7 @@ private Q_SLOTS:
     QVERIFY(badge->isVisible());
     QCOMPARE(badge->pixmap().devicePixelRatio(), button.devicePixelRatio());
     QSignalSpy clicked(&button, &QToolButton::clicked);
-    QTest::mouseClick(button.windowHandle(), Qt::LeftButton, {}, badge->geometry().center());
+    Vela::Test::click(*badge);
     QCOMPARE(clicked.count(), 1);
 
     action.setToolTip(QStringLiteral("After"));

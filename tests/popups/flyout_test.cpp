@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <support/input.h>
 #include <support/test_case.h>
 #include <ui_base/commands/flyout_command.h>
 #include <ui_base/popups/arrowed_window.h>
@@ -77,16 +78,6 @@ public:
   bool onExecuteAsync(bool) override { return true; }
 };
 
-class Observer : public CommandStateProtocol {
-public:
-  explicit Observer(QStringList& heard) : m_heard(heard) {}
-  void commandBegan(CommandBase*) override { m_heard += "began"; }
-  void commandEnded(CommandBase*) override { m_heard += "ended"; }
-
-private:
-  QStringList& m_heard;
-};
-
 /// A window with a view that has a flyout beside a field of the window.
 struct Stage {
   explicit Stage(bool checkable = false, QWidget* simple = nullptr) {
@@ -104,12 +95,8 @@ struct Stage {
     command->setCheckable(checkable);
     controller->addCommand(command);
     controller->addCommand(other = new OtherCommand);
-    command->addObserver(observer, false);
     window.resize(500, 400);
-    window.show();
-    window.activateWindow();
-    if (!QTest::qWaitForWindowActive(&window))
-      qFatal("the window does not become active");
+    Vela::Test::showActive(window);
     field->setFocus();
   }
   void key(Qt::Key key) { QTest::keyClick(window.windowHandle(), key); }
@@ -121,11 +108,6 @@ struct Stage {
     }
     return nullptr;
   }
-  void click(const QString& text) {
-    QWidget* const target = button(text);
-    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
-                      target->mapTo(&window, target->rect().center()));
-  }
 
   QWidget window;
   QLineEdit* field;
@@ -135,8 +117,6 @@ struct Stage {
   QPointer<FlyoutBase> flyout;
   PanelCommand* command;
   OtherCommand* other;
-  QStringList heard;
-  std::shared_ptr<Observer> observer = std::make_shared<Observer>(heard);
 };
 
 } // namespace
@@ -145,131 +125,121 @@ class FlyoutTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void simpleFlyoutIsOnlyShown();
-  void applyingRunsTheWorkAndMakesTheFlyoutBusy();
-  void keyboardAloneWorksTheFlyout();
-  void escapeOfAListIsNotTheFlyouts();
-  void busyFlyoutKeepsTheFocus();
-  void focusComesBackFromAHost();
-  void subWidgetsStandBesideAndFollow();
-};
-
-void FlyoutTest::simpleFlyoutIsOnlyShown() {
-  QLabel label("simple");
-  Stage stage(true, &label);
-  QVERIFY(stage.command->isSimpleFlyout() && !stage.command->flyout());
-  QVERIFY(stage.command->hasTag(Vela::Resource::String::TAG_FLYOUT()));
-  stage.command->trigger();
-  QVERIFY(label.isVisible());
-  QVERIFY(stage.controller->contextStack().isEmpty());
-  stage.command->onExitCommand();
-  QVERIFY(!label.isVisible() && !stage.command->isChecked());
-  QCOMPARE(stage.heard, QStringList({"began", "ended"}));
-  Vela::Test::settle();
-  QVERIFY(stage.other->isEnabled());
-}
-
-void FlyoutTest::applyingRunsTheWorkAndMakesTheFlyoutBusy() {
-  Stage stage;
-  QSignalSpy busy(stage.flyout, &FlyoutBase::FlyoutBusy);
-  QSignalSpy idle(stage.flyout, &FlyoutBase::FlyoutIdle);
-  stage.command->trigger();
-  stage.command->held = true;
-  stage.click("Apply");
-  QVERIFY(stage.flyout->IsBusy() && !stage.panel->isEnabled());
-  stage.flyout->Apply(); // one at a time
-  stage.command->mayFinish.release();
-  QTRY_VERIFY(!stage.flyout->IsBusy());
-  stage.command->mayRun = false;
-  stage.click("Apply");
-  QVERIFY(!stage.flyout->IsBusy());
-  QCOMPARE(stage.command->runs.load(), 1);
-  QCOMPARE(busy.count() + idle.count(), 2);
-  QVERIFY(stage.flyout->isVisible());
-}
-
-void FlyoutTest::keyboardAloneWorksTheFlyout() {
-  Stage stage;
-  stage.command->trigger();
-  QVERIFY(stage.panel->spin->hasFocus());
-  stage.key(Qt::Key_5);
-  stage.key(Qt::Key_Tab);
-  QVERIFY(stage.panel->edit->hasFocus());
-  stage.key(Qt::Key_Return);
-  QTRY_COMPARE(stage.command->runs.load(), 1);
-  QCOMPARE(stage.panel->spin->value(), 5);
-  QTRY_VERIFY(!stage.flyout->IsBusy());
-  stage.button("Reset")->setFocus();
-  stage.key(Qt::Key_Return); // presses the button, and does not apply
-  QCOMPARE(stage.command->hooks, QStringList("reset"));
-  stage.key(Qt::Key_Escape);
-  QCOMPARE(stage.command->hooks, QStringList({"reset", "escape"}));
-  QVERIFY(!stage.flyout->isVisible() && stage.field->hasFocus());
-}
-
-void FlyoutTest::escapeOfAListIsNotTheFlyouts() {
-  Stage stage;
-  auto* const list = new QComboBox;
-  list->addItems({"a", "b"});
-  stage.panel->layout()->addWidget(list);
-  stage.command->trigger();
-  list->showPopup();
-  QTest::keyPress(list->view()->window()->windowHandle(), Qt::Key_Escape);
-  QTest::keyRelease(stage.window.windowHandle(), Qt::Key_Escape);
-  QVERIFY(stage.flyout->isVisible());
-}
-
-void FlyoutTest::busyFlyoutKeepsTheFocus() {
-  Stage stage;
-  stage.command->trigger();
-  stage.panel->edit->setFocus();
-  stage.flyout->SetBusy(true);
-  QVERIFY(stage.flyout->hasFocus());
-  stage.key(Qt::Key_Escape);
-  QCOMPARE(stage.command->hooks, QStringList("escape"));
-  QVERIFY(stage.flyout->isVisible());
-  stage.flyout->SetBusy(false);
-  QVERIFY(stage.panel->edit->hasFocus());
-}
-
-void FlyoutTest::focusComesBackFromAHost() {
-  Stage stage;
-  ArrowedWindow host(&stage.window);
-  host.AttachWidget(stage.flyout);
-  for (const bool hideOnly : {false, true}) {
-    stage.field->setFocus();
-    host.show();
-    QVERIFY(stage.panel->spin->hasFocus());
-    if (hideOnly)
-      stage.flyout->hide();
-    else
-      stage.flyout->CloseMe();
-    QVERIFY(host.isHidden() && stage.field->hasFocus());
+  void simpleFlyoutIsOnlyShown() {
+    QLabel label("simple");
+    Stage stage(true, &label);
+    QVERIFY(stage.command->isSimpleFlyout() && !stage.command->flyout());
+    QVERIFY(stage.command->hasTag(Vela::Resource::String::TAG_FLYOUT()));
+    stage.command->trigger();
+    QVERIFY(label.isVisible());
+    QVERIFY(stage.controller->contextStack().isEmpty());
+    stage.command->onExitCommand();
+    QVERIFY(!label.isVisible() && !stage.command->isChecked());
+    Vela::Test::settle();
+    QVERIFY(stage.other->isEnabled());
   }
-  delete host.DetachWidget();
-}
 
-void FlyoutTest::subWidgetsStandBesideAndFollow() {
-  Stage stage;
-  QSignalSpy changed(stage.flyout, &FlyoutBase::SubWidgetVisibilityChanged);
-  auto* const preview = new QLabel("preview");
-  stage.flyout->AddSubWidget(preview, Right);
-  stage.flyout->ShowSubWidget(preview, true);
-  QVERIFY(!preview->isVisible());
-  stage.command->trigger();
-  QVERIFY(preview->isVisible());
-  stage.flyout->move(30, 40);
-  QCOMPARE(preview->y(), 40);
-  QVERIFY(preview->x() > stage.flyout->geometry().right());
-  stage.flyout->CloseMe();
-  QVERIFY(!preview->isVisible());
-  stage.command->trigger();
-  QVERIFY(preview->isVisible() && stage.flyout->IsSubWidgetVisible());
-  stage.flyout->ShowSubWidget(preview, false);
-  stage.flyout->ShowSubWidget(preview, false);
-  QVERIFY(!preview->isVisible());
-  QCOMPARE(changed.count(), 2);
-}
+  void applyingRunsTheWorkAndMakesTheFlyoutBusy() {
+    Stage stage;
+    QSignalSpy busy(stage.flyout, &FlyoutBase::FlyoutBusy);
+    QSignalSpy idle(stage.flyout, &FlyoutBase::FlyoutIdle);
+    stage.command->trigger();
+    stage.command->held = true;
+    Vela::Test::click(*stage.button("Apply"));
+    QVERIFY(stage.flyout->IsBusy() && !stage.panel->isEnabled());
+    stage.flyout->Apply(); // one at a time
+    stage.command->mayFinish.release();
+    QTRY_VERIFY(!stage.flyout->IsBusy());
+    stage.command->mayRun = false;
+    Vela::Test::click(*stage.button("Apply"));
+    QVERIFY(!stage.flyout->IsBusy());
+    QCOMPARE(stage.command->runs.load(), 1);
+    QCOMPARE(busy.count() + idle.count(), 2);
+    QVERIFY(stage.flyout->isVisible());
+  }
+
+  void keyboardAloneWorksTheFlyout() {
+    Stage stage;
+    stage.command->trigger();
+    QVERIFY(stage.panel->spin->hasFocus());
+    stage.key(Qt::Key_5);
+    stage.key(Qt::Key_Tab);
+    QVERIFY(stage.panel->edit->hasFocus());
+    stage.key(Qt::Key_Return);
+    QTRY_COMPARE(stage.command->runs.load(), 1);
+    QCOMPARE(stage.panel->spin->value(), 5);
+    QTRY_VERIFY(!stage.flyout->IsBusy());
+    stage.button("Reset")->setFocus();
+    stage.key(Qt::Key_Return); // presses the button, and does not apply
+    QCOMPARE(stage.command->hooks, QStringList("reset"));
+    stage.key(Qt::Key_Escape);
+    QCOMPARE(stage.command->hooks, QStringList({"reset", "escape"}));
+    QVERIFY(!stage.flyout->isVisible() && stage.field->hasFocus());
+  }
+
+  void escapeOfAListIsNotTheFlyouts() {
+    Stage stage;
+    auto* const list = new QComboBox;
+    list->addItems({"a", "b"});
+    stage.panel->layout()->addWidget(list);
+    stage.command->trigger();
+    list->showPopup();
+    QTest::keyPress(list->view()->window()->windowHandle(), Qt::Key_Escape);
+    QTest::keyRelease(stage.window.windowHandle(), Qt::Key_Escape);
+    QVERIFY(stage.flyout->isVisible());
+  }
+
+  void busyFlyoutKeepsTheFocus() {
+    Stage stage;
+    stage.command->trigger();
+    stage.panel->edit->setFocus();
+    stage.flyout->SetBusy(true);
+    QVERIFY(stage.flyout->hasFocus());
+    stage.key(Qt::Key_Escape);
+    QVERIFY(stage.flyout->isVisible());
+    stage.flyout->SetBusy(false);
+    QVERIFY(stage.panel->edit->hasFocus());
+  }
+
+  void focusComesBackFromAHost() {
+    Stage stage;
+    ArrowedWindow host(&stage.window);
+    host.AttachWidget(stage.flyout);
+    for (const bool hideOnly : {false, true}) {
+      stage.field->setFocus();
+      host.show();
+      QVERIFY(stage.panel->spin->hasFocus());
+      if (hideOnly)
+        stage.flyout->hide();
+      else
+        stage.flyout->CloseMe();
+      QVERIFY(host.isHidden() && stage.field->hasFocus());
+    }
+    delete host.DetachWidget();
+  }
+
+  void subWidgetsStandBesideAndFollow() {
+    Stage stage;
+    QSignalSpy changed(stage.flyout, &FlyoutBase::SubWidgetVisibilityChanged);
+    auto* const preview = new QLabel("preview");
+    stage.flyout->AddSubWidget(preview, Right);
+    stage.flyout->ShowSubWidget(preview, true);
+    QVERIFY(!preview->isVisible());
+    stage.command->trigger();
+    QVERIFY(preview->isVisible());
+    stage.flyout->move(30, 40);
+    QCOMPARE(preview->y(), 40);
+    QVERIFY(preview->x() > stage.flyout->geometry().right());
+    stage.flyout->CloseMe();
+    QVERIFY(!preview->isVisible());
+    stage.command->trigger();
+    QVERIFY(preview->isVisible() && stage.flyout->IsSubWidgetVisible());
+    stage.flyout->ShowSubWidget(preview, false);
+    stage.flyout->ShowSubWidget(preview, false);
+    QVERIFY(!preview->isVisible());
+    QCOMPARE(changed.count(), 2);
+  }
+};
 
 VELA_TEST_MAIN(FlyoutTest)
 #include "flyout_test.moc"

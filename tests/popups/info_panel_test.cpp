@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <ui_base/popups/info_panel.h>
 #include <ui_base/popups/info_view.h>
-#include <vlk_common_res/styles.h>
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -14,7 +14,6 @@
 #include <QTextBrowser>
 
 using namespace Vela::UiBase;
-using Vela::Resource::Styles;
 
 class InfoPanelTest : public Vela::Test::TestCase {
   Q_OBJECT
@@ -39,14 +38,13 @@ private Q_SLOTS:
   }
 
   void withoutAUsablePluginATextBrowserServes_data() {
-    QTest::addColumn<QString>("plugins");
-    QTest::newRow("no folder") << QString();
-    QTest::newRow("plugins of another interface")
-        << QLibraryInfo::path(QLibraryInfo::PluginsPath) + QLatin1String("/imageformats");
-    QTest::newRow("a broken file") << m_broken.path();
+    const Vela::Test::Rows<QString> row("plugins");
+    row("no folder", {});
+    row("plugins of another interface", QLibraryInfo::path(QLibraryInfo::PluginsPath) + "/imageformats");
+    row("a broken file", m_broken.path());
     // The engine lacks shared OpenGL contexts in this process.
-    QTest::newRow("plugin whose needs are not given")
-        << QCoreApplication::applicationDirPath() + QLatin1String("/../lib/vlk_ui_base/plugins");
+    row("plugin whose needs are not given",
+        QCoreApplication::applicationDirPath() + "/../lib/vlk_ui_base/plugins");
   }
   void withoutAUsablePluginATextBrowserServes() {
     QFETCH(QString, plugins);
@@ -90,11 +88,10 @@ private Q_SLOTS:
   }
 
   void linksOpenOutsideByKeyboard_data() {
-    QTest::addColumn<QString>("address");
-    QTest::addColumn<QStringList>("opened");
-    QTest::newRow("web") << "https://example.org/a" << QStringList{QStringLiteral("https://example.org/a")};
-    QTest::newRow("local file") << "file:///etc/hostname" << QStringList();
-    QTest::newRow("in the page") << "#end" << QStringList();
+    const Vela::Test::Rows<QString, QStringList> row("address", "opened");
+    row("web", "https://example.org/a", {"https://example.org/a"});
+    row("local file", "file:///etc/hostname", {});
+    row("in the page", "#end", {});
   }
   void linksOpenOutsideByKeyboard() {
     QFETCH(QString, address);
@@ -121,15 +118,11 @@ private Q_SLOTS:
     panel.resize(200, 100);
     panel.SetHtml(InfoPanel::Image(chart));
     panel.show();
-    const auto reds = [](const QImage& image) {
-      int count = 0;
-      for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-          count += image.pixelColor(x, y) == QColor(255, 0, 0) ? 1 : 0;
-      }
-      return count;
-    };
-    QCOMPARE(reds(panel.grab().toImage()), 40 * 30);
+    const QImage image = panel.grab().toImage();
+    int reds = 0;
+    for (int i = 0; i < image.width() * image.height(); ++i)
+      reds += image.pixelColor(i % image.width(), i / image.width()) == QColor(255, 0, 0);
+    QCOMPARE(reds, 40 * 30);
   }
 
   void sources() {

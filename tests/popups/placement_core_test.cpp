@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <ui_base/popups/placement.h>
 
 using namespace Vela::UiBase;
+using Vela::Test::Rows;
 
 namespace {
 
@@ -30,14 +32,12 @@ class PlacementCoreTest : public Vela::Test::TestCase {
 
 private Q_SLOTS:
   void oppositesComeBeforeTheOtherSides_data() {
-    QTest::addColumn<QList<EDirection>>("wanted");
-    QTest::addColumn<QList<EDirection>>("expected");
-    using List = QList<EDirection>;
-    QTest::newRow("one") << List{Bottom} << List{Bottom, Top, Left, Right};
-    QTest::newRow("no preference") << List{AnyDirection, AnyDirection} << List{Left, Top, Right, Bottom};
-    QTest::newRow("two, across") << List{Right, Top} << List{Right, Top, Left, Bottom};
-    QTest::newRow("two, opposite") << List{Left, Right} << List{Left, Right, Top, Bottom};
-    QTest::newRow("none") << List{} << List{Left, Top, Right, Bottom};
+    const Rows<QList<EDirection>, QList<EDirection>> row("wanted", "expected");
+    row("one", {Bottom}, {Bottom, Top, Left, Right});
+    row("no preference", {AnyDirection, AnyDirection}, {Left, Top, Right, Bottom});
+    row("two, across", {Right, Top}, {Right, Top, Left, Bottom});
+    row("two, opposite", {Left, Right}, {Left, Right, Top, Bottom});
+    row("none", {}, {Left, Top, Right, Bottom});
   }
   void oppositesComeBeforeTheOtherSides() {
     QFETCH(QList<EDirection>, wanted);
@@ -45,13 +45,12 @@ private Q_SLOTS:
   }
 
   void plainPositions_data() {
-    QTest::addColumn<EDirection>("side");
-    QTest::addColumn<QList<QPoint>>("startCenterEnd"); // 100 x 41, ten pixels away
-    QTest::newRow("left") << Left << QList<QPoint>{{-10, 50}, {-10, 40}, {-10, 28}};
-    QTest::newRow("above") << Top << QList<QPoint>{{100, -1}, {66, -1}, {30, -1}};
-    QTest::newRow("right") << Right << QList<QPoint>{{140, 50}, {140, 40}, {140, 28}};
-    QTest::newRow("below") << Bottom << QList<QPoint>{{100, 79}, {66, 79}, {30, 79}};
-    QTest::newRow("no side") << AnyDirection << QList<QPoint>{{0, 0}, {0, 0}, {0, 0}};
+    const Rows<EDirection, QList<QPoint>> row("side", "startCenterEnd"); // 100 x 41, ten pixels away
+    row("left", Left, {{-10, 50}, {-10, 40}, {-10, 28}});
+    row("above", Top, {{100, -1}, {66, -1}, {30, -1}});
+    row("right", Right, {{140, 50}, {140, 40}, {140, 28}});
+    row("below", Bottom, {{100, 79}, {66, 79}, {30, 79}});
+    row("no side", AnyDirection, {{0, 0}, {0, 0}, {0, 0}});
   }
   void plainPositions() {
     QFETCH(EDirection, side);
@@ -66,15 +65,9 @@ private Q_SLOTS:
   }
 
   void arrowedPositions_data() {
-    QTest::addColumn<EDirection>("side");
-    QTest::addColumn<EArrowPosition>("position");
-    QTest::addColumn<QPoint>("tip"); // in a window of 80 x 60
-    QTest::addColumn<QPoint>("expected");
-    QTest::addColumn<QPoint>("fixedAngle");
-    const auto row = [](const char* name, EDirection side, EArrowPosition position, const QPoint& tip,
-                        const QPoint& expected, const QPoint& fixedAngle) {
-      QTest::newRow(name) << side << position << tip << expected << fixedAngle;
-    };
+    // The tip in a window of 80 x 60.
+    const Rows<EDirection, EArrowPosition, QPoint, QPoint, QPoint> row("side", "position", "tip", "expected",
+                                                                       "fixedAngle");
     row("below, top", Bottom, ArrowTop, {40, 0}, {75, 79}, {75, 79});
     row("below, top left", Bottom, ArrowTopLeft, {2, 3}, {138, 76}, {113, 76});
     row("below, top right", Bottom, ArrowTopRight, {77, 3}, {-87, 76}, {38, 76});
@@ -106,18 +99,17 @@ private Q_SLOTS:
   }
 
   void verification_data() {
-    QTest::addColumn<QRect>("popup");
-    QTest::addColumn<QPoint>("adjust");
-    QTest::newRow("fills the area") << QRect(30, 30, 200, 100) << QPoint();
-    QTest::newRow("much too far left") << QRect(-170, 50, 150, 40) << QPoint(-80, 0);
-    QTest::newRow("too far right") << QRect(81, 50, 150, 40) << QPoint(1, 0);
-    QTest::newRow("much too high") << QRect(50, -20, 60, 100) << QPoint(0, -30);
-    QTest::newRow("too low") << QRect(50, 31, 60, 100) << QPoint(0, 1);
-    QTest::newRow("left counts before top and bottom") << QRect(28, 0, 150, 300) << QPoint(-2, 0);
-    QTest::newRow("left counts before right") << QRect(20, 50, 300, 40) << QPoint(-10, 0);
-    QTest::newRow("the limit of a narrow one is negative") << QRect(-10, 50, 50, 40) << QPoint(20, 0);
-    QTest::newRow("the limit of a low one is negative") << QRect(50, 100, 60, 40) << QPoint(0, -30);
-    QTest::newRow("no room to slide") << QRect(-10, 50, 70, 40) << QPoint(0, 0);
+    const Rows<QRect, QPoint> row("popup", "adjust");
+    row("fills the area", {30, 30, 200, 100}, {});
+    row("much too far left", {-170, 50, 150, 40}, {-80, 0});
+    row("too far right", {81, 50, 150, 40}, {1, 0});
+    row("much too high", {50, -20, 60, 100}, {0, -30});
+    row("too low", {50, 31, 60, 100}, {0, 1});
+    row("left counts before top and bottom", {28, 0, 150, 300}, {-2, 0});
+    row("left counts before right", {20, 50, 300, 40}, {-10, 0});
+    row("the limit of a narrow one is negative", {-10, 50, 50, 40}, {20, 0});
+    row("the limit of a low one is negative", {50, 100, 60, 40}, {0, -30});
+    row("no room to slide", {-10, 50, 70, 40}, {0, 0});
   }
   void verification() {
     QFETCH(QRect, popup);
@@ -128,18 +120,13 @@ private Q_SLOTS:
   }
 
   void arrowPairs_data() {
-    QTest::addColumn<QList<SArrowParam>>("given");
-    QTest::addColumn<bool>("autoDecide");
-    QTest::addColumn<QString>("expected");
-    using List = QList<SArrowParam>;
+    const Rows<QList<SArrowParam>, bool, QString> row("given", "autoDecide", "expected");
     const auto all = QStringLiteral("13 53 63 21 81 71 40 60 70 32 52 82");
-    QTest::newRow("one, tried once") << List{arrowAt(ArrowTop)} << false << "13";
-    QTest::newRow("the first once more")
-        << List{arrowAt(ArrowLeft), arrowAt(ArrowBottom)} << false << "32 21 32";
-    QTest::newRow("none") << List{arrowAt(NoArrow), arrowAt(EArrowPosition(9))} << false << QString();
-    QTest::newRow("decided") << List{} << true << all + QStringLiteral(" 13");
-    QTest::newRow("given, then decided") << List{arrowAt(NoArrow), arrowAt(ArrowTopRight)} << true
-                                         << QStringLiteral("60 ") + all + QStringLiteral(" 60");
+    row("one, tried once", {arrowAt(ArrowTop)}, false, "13");
+    row("the first once more", {arrowAt(ArrowLeft), arrowAt(ArrowBottom)}, false, "32 21 32");
+    row("none", {arrowAt(NoArrow), arrowAt(EArrowPosition(9))}, false, "");
+    row("decided", {}, true, all + " 13");
+    row("given, then decided", {arrowAt(NoArrow), arrowAt(ArrowTopRight)}, true, "60 " + all + " 60");
   }
   void arrowPairs() {
     QFETCH(QList<SArrowParam>, given);

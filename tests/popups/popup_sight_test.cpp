@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <support/input.h>
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <ui_base/popups/arrowed_window.h>
 #include <ui_base/popups/placement_search.h>
@@ -9,6 +11,8 @@
 #include <QScreen>
 
 using namespace Vela::UiBase;
+using Vela::Test::Rows;
+using Vela::Test::showActive;
 
 namespace {
 
@@ -71,9 +75,10 @@ class PopupSightTest : public Vela::Test::TestCase {
 
 private Q_SLOTS:
   void everywhereInSight_data() {
-    QTest::addColumn<QSize>("window");
-    for (const QSize& size : {QSize(90, 40), QSize(300, 200), QSize(640, 480), QSize(3840, 2160)})
-      QTest::addRow("%d x %d", size.width(), size.height()) << size;
+    const Rows<QSize> row("window");
+    row("tiny", {90, 40});
+    row("small", {300, 200});
+    row("large", {3840, 2160});
   }
   void everywhereInSight() {
     QFETCH(QSize, window);
@@ -90,8 +95,10 @@ private Q_SLOTS:
           stage.place();
           QVERIFY2(stage.room().contains(stage.seen()), qPrintable(stage.calculator.LastSearch().toString()));
           QVERIFY(!stage.seen().intersects(stage.reference()));
-          if (arrowed)
+          if (arrowed) {
             QVERIFY(stage.reference().adjusted(-11, -11, 11, 11).contains(stage.tip()));
+            QVERIFY(!stage.seen().adjusted(5, 5, -5, -5).contains(stage.tip()));
+          }
         }
       }
     }
@@ -114,8 +121,7 @@ private Q_SLOTS:
   void arrowsTakenUnseen() {
     // Slid upwards as far as it goes the arrow would point at the owner from within the window.
     Stage stage({640, 480}, {300, 60, 40, 20}, true);
-    stage.window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&stage.window));
+    showActive(stage.window);
     stage.arrows()->SetArrow(ArrowBottom, 10, false, 0, 90, true, 0);
     stage.place();
     QVERIFY(stage.room().contains(stage.seen()));
@@ -125,26 +131,13 @@ private Q_SLOTS:
     stage.owner.move(300, 240);
     QWidget palette;
     palette.resize(100, 60);
-    palette.show();
-    palette.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&palette));
+    showActive(palette);
     stage.arrows()->SetArrow(ArrowTop, 10, false, 0, 90, true, 0);
     stage.place();
     SArrowParam arrow;
     QVERIFY(stage.arrows()->GetCurrentArrowParam(arrow));
     QCOMPARE(arrow.offset, 0);
     QCOMPARE(stage.tip().x(), stage.reference().center().x());
-  }
-
-  void tipsStayOnTheirEdge() {
-    Stage stage({130, 300}, {0, 100, 6, 20}, true);
-    stage.place();
-    SArrowParam arrow;
-    QVERIFY(stage.arrows()->GetCurrentArrowParam(arrow));
-    QCOMPARE(arrow.position, ArrowTop);
-    QCOMPARE(arrow.angle, 270);
-    QVERIFY(stage.tip().y() < stage.popup->mapToGlobal(stage.arrows()->GetBounds().topLeft()).y());
-    QVERIFY(stage.tip().x() <= stage.reference().right());
   }
 
   void leavesASmallParentAndComesHome() {
@@ -171,20 +164,6 @@ private Q_SLOTS:
     stage.place();
     QVERIFY(stage.popup->isWindow());
     QCOMPARE(stage.popup->parentWidget(), &stage.window);
-    // It belongs to its parent wherever it is.
-    const QPointer<QWidget> doomed(new QWidget(&stage.window));
-    WidgetPosCalculator other;
-    auto* const second = new QWidget(doomed);
-    second->resize(120, 50);
-    second->hide();
-    other.SetWidget(second);
-    other.SetRefWidget(&stage.owner);
-    const QPointer<QWidget> follower(second);
-    placeInSight(other, [] { return QPoint(900, 900); });
-    QVERIFY(second->isWindow());
-    QVERIFY(second->parentWidget() != doomed);
-    delete doomed;
-    QVERIFY(!follower);
     // While it is shown it stays in its window.
     stage.popup->show();
     stage.window.resize(640, 480);
@@ -199,12 +178,21 @@ private Q_SLOTS:
     QVERIFY(stage.popup->parentWidget() != &layer);
   }
 
+  void awayFromItsParentItStillDiesWithIt() {
+    Stage stage({90, 40}, {0, 0, 40, 20}, false);
+    const QPointer<QWidget> home(new QWidget(&stage.window));
+    stage.popup->setParent(home);
+    placeInSight(stage.calculator, [] { return QPoint(900, 900); });
+    QVERIFY(stage.popup->isWindow() && stage.popup->parentWidget() != home);
+    delete home;
+    QVERIFY(!stage.popup);
+  }
+
   void whatCanBeSmallerStaysInItsParent_data() {
-    QTest::addColumn<int>("room");
-    QTest::addColumn<int>("height");
-    QTest::newRow("as it likes") << 400 << 300;
-    QTest::newRow("what there is") << 200 << 200;
-    QTest::newRow("less than it can") << 40 << 300;
+    const Rows<int, int> row("room", "height");
+    row("as it likes", 400, 300);
+    row("what there is", 200, 200);
+    row("less than it can", 40, 300);
   }
   void whatCanBeSmallerStaysInItsParent() {
     QFETCH(int, room);
@@ -221,25 +209,21 @@ private Q_SLOTS:
              qPrintable(QString::number(stage.popup->height())));
   }
 
-  void whatTheAnswerEnds_data() {
-    QTest::addColumn<QString>("what");
-    for (const char* const what : {"popup", "calculator", "owner", "content"})
-      QTest::newRow(what) << QString(what);
-  }
   void whatTheAnswerEnds() {
-    QFETCH(QString, what);
-    Stage stage({300, 200}, {300, 200, 40, 20}, true);
-    auto* const calculator = new WidgetPosCalculator(&stage.window);
-    calculator->SetWidget(stage.popup);
-    auto* const owner = new QWidget(&stage.window);
-    calculator->SetRefWidget(owner);
-    QHash<QString, QObject*> parts{
-        {"popup", stage.popup}, {"calculator", calculator}, {"owner", owner}, {"content", stage.content}};
-    placeInSight(*calculator, [&] {
-      delete parts.take(what);
-      return QPoint(-500, -500);
-    });
-    QCOMPARE(!stage.popup, what == "popup");
+    for (const QString what : {"popup", "calculator", "owner", "content"}) {
+      Stage stage({300, 200}, {300, 200, 40, 20}, true);
+      auto* const calculator = new WidgetPosCalculator(&stage.window);
+      calculator->SetWidget(stage.popup);
+      auto* const owner = new QWidget(&stage.window);
+      calculator->SetRefWidget(owner);
+      QHash<QString, QObject*> parts{
+          {"popup", stage.popup}, {"calculator", calculator}, {"owner", owner}, {"content", stage.content}};
+      placeInSight(*calculator, [&] {
+        delete parts.take(what);
+        return QPoint(-500, -500);
+      });
+      QCOMPARE(!stage.popup, what == "popup");
+    }
   }
 
   void sideWidgetsAreKeptInSightToo() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <support/input.h>
 #include <support/test_case.h>
 #include <ui_base/popups/arrowed_window.h>
 #include <ui_base/popups/widget_pos_calculator.h>
@@ -33,9 +34,7 @@ public:
     other->SetTooltipText(QStringLiteral("Other"));
     tooltip->AttachTo(widget);
     other->AttachTo(neighbour);
-    window->show();
-    window->activateWindow();
-    [[maybe_unused]] const bool active = QTest::qWaitForWindowActive(window);
+    Vela::Test::showActive(*window);
   }
   ~TooltipFixture() {
     delete window;
@@ -49,17 +48,8 @@ public:
     QCoreApplication::processEvents();
   }
   void moveAway() const { moveTo(window, {5, 5}); }
-  void press(const QWidget* target) const {
-    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {},
-                      target->mapTo(window, target->rect().center()));
-  }
+  void press(const QWidget* target) const { Vela::Test::click(*target); }
   void key(Qt::Key which) const { QTest::keyClick(window->windowHandle(), which); }
-  /// Turns the event loop until a timer of this length has fired.
-  void letTimePass(int milliseconds) const {
-    bool passed = false;
-    QTimer::singleShot(milliseconds, window, [&] { passed = true; });
-    QTRY_VERIFY(passed);
-  }
   /// The tooltip as the user sees it.
   QWidget* shown() const { return tooltip->GetArrowedWindow(); }
 

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "tooltip_fixture.h"
 
+#include <support/rows.h>
+
 #include <QDialog>
 #include <QHelpEvent>
 #include <QScreen>
 #include <QSignalSpy>
 
 using namespace Vela::UiBase;
+using Vela::Test::letTimePass;
+using Vela::Test::Rows;
 
 using Act = std::function<void(TooltipFixture&)>;
-Q_DECLARE_METATYPE(Act)
 
 namespace {
 
@@ -22,20 +25,6 @@ class TooltipObjectTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void restShowsAndLeavingHides() {
-    TooltipFixture f;
-    QVERIFY(!f.tooltip->IsVisible());
-    f.moveTo(f.widget);
-    QTRY_VERIFY(f.tooltip->IsVisible() && f.shown()->isVisible());
-    QCOMPARE(f.shown()->parentWidget(), f.window);
-    // It stands above its widget and points at its middle.
-    const QPoint tip = f.shown()->mapTo(f.window, f.tooltip->GetArrowedWindow()->GetArrowPoint());
-    QCOMPARE(tip.x(), f.widget->geometry().center().x());
-    QVERIFY(tip.y() < f.widget->y());
-    f.moveAway();
-    QTRY_VERIFY(!f.tooltip->IsVisible() && !f.shown()->isVisible());
-  }
-
   void lastMoveCounts() {
     TooltipFixture f({NEVER, NEVER, NEVER, NEVER, NEVER});
     f.moveTo(f.widget);
@@ -43,11 +32,11 @@ private Q_SLOTS:
     f.tooltip->SetCustomTooltipShowUpTime(AT_ONCE);
     QTRY_VERIFY(f.tooltip->IsVisible());
     f.moveAway();
-    f.letTimePass(1);
+    letTimePass(1);
     QVERIFY(f.tooltip->IsVisible());
     f.moveTo(f.widget);
     f.tooltip->SetCustomTooltipDismissTime(AT_ONCE);
-    f.letTimePass(1);
+    letTimePass(1);
     QVERIFY(f.tooltip->IsVisible()); // coming back has stopped the time
     f.moveAway();
     QTRY_VERIFY(!f.tooltip->IsVisible());
@@ -57,11 +46,11 @@ private Q_SLOTS:
     f.moveTo(f.widget);
     f.moveAway();
     f.tooltip->SetCustomTooltipShowUpTime(AT_ONCE);
-    f.letTimePass(1);
+    letTimePass(1);
     QVERIFY(!f.tooltip->IsVisible());
   }
 
-  void timeOfOneShowingDoesNotEndTheNext() {
+  void timeOfAnotherLeaveDoesNotEndAShowing() {
     TooltipFixture f({AT_ONCE, 20, NEVER, NEVER, NEVER});
     f.moveTo(f.widget);
     QTRY_VERIFY(f.tooltip->IsVisible());
@@ -69,16 +58,14 @@ private Q_SLOTS:
     f.key(Qt::Key_Escape);
     QVERIFY(!f.tooltip->IsVisible());
     f.tooltip->ShowTooltip();
-    f.letTimePass(40);
+    letTimePass(40);
     QVERIFY(f.tooltip->IsVisible());
-  }
-
-  void timeOfALeaveBeforeDoesNotEndAShowing() {
-    TooltipFixture f({NEVER, 20, NEVER, NEVER, NEVER});
+    f.tooltip->HideTooltip();
+    f.tooltip->SetCustomTooltipShowUpTime(NEVER);
     f.moveTo(f.widget);
     f.moveAway();
     f.tooltip->ShowTooltip();
-    f.letTimePass(40);
+    letTimePass(40);
     QVERIFY(f.tooltip->IsVisible());
   }
 
@@ -128,15 +115,15 @@ private Q_SLOTS:
     const QPoint at = f.widget->mapTo(f.window, QPoint(9, 9));
     QTest::mousePress(f.window->windowHandle(), Qt::LeftButton, {}, at);
     QTest::mouseMove(f.window->windowHandle(), at + QPoint(2, 2));
-    f.letTimePass(1);
+    letTimePass(1);
     QVERIFY(!f.tooltip->IsVisible());
     QTest::mouseRelease(f.window->windowHandle(), Qt::LeftButton, {}, at);
   }
 
   void mouseOnTooltipKeepsItWithHoverEventsOnly_data() {
-    QTest::addColumn<bool>("hoverEvents");
-    QTest::newRow("hover events") << true;
-    QTest::newRow("default") << false;
+    const Rows<bool> row("hoverEvents");
+    row("hover events", true);
+    row("default", false);
   }
   void mouseOnTooltipKeepsItWithHoverEventsOnly() {
     QFETCH(const bool, hoverEvents);
@@ -154,7 +141,7 @@ private Q_SLOTS:
       QCOMPARE(hovered.calls + normal.calls, 0);
       return;
     }
-    f.letTimePass(60);
+    letTimePass(60);
     QVERIFY(f.tooltip->IsVisible());
     f.moveAway();
     QTRY_VERIFY(!f.tooltip->IsVisible());
@@ -166,98 +153,73 @@ private Q_SLOTS:
   }
 
   void whatHidesIt_data() {
-    QTest::addColumn<Act>("act");
-    QTest::addColumn<bool>("stays");
     using F = TooltipFixture&;
-    const auto row = [](const char* name, const Act& act, bool stays = false) {
-      QTest::newRow(name) << act << stays;
-    };
-    row("press on the widget", [](F f) { f.press(f.widget); });
-    row(
-        "press on the widget, unwanted",
-        [](F f) {
-          f.tooltip->SetDismissOnPress(false);
-          f.press(f.widget);
-        },
-        true);
-    row("press on the tooltip", [](F f) { f.press(f.shown()); });
-    row(
-        "press on the tooltip, unwanted",
-        [](F f) {
-          f.tooltip->SetClickToDismissTooltip(false);
-          f.press(f.shown());
-        },
-        true);
-    row("Escape", [](F f) { f.key(Qt::Key_Escape); });
-    row(
-        "another key elsewhere", [](F f) { f.key(Qt::Key_A); }, true);
-    row("check time", [](F f) { f.tooltip->SetCustomTooltipCheckTime(AT_ONCE); });
-    row(
-        "check time, unwanted",
-        [](F f) {
-          f.tooltip->SetEnableCheckTimer(false);
-          f.tooltip->SetCustomTooltipCheckTime(AT_ONCE);
-        },
-        true);
-    row("widget hidden", [](F f) { f.widget->hide(); });
-    row("window hidden", [](F f) { f.window->hide(); });
-    row("widget deleted with a foreign object", [](F f) {
+    const Rows<Act> hides("act");
+    hides("press on the widget", [](F f) { f.press(f.widget); });
+    hides("press on the tooltip", [](F f) { f.press(f.shown()); });
+    hides("Escape", [](F f) { f.key(Qt::Key_Escape); });
+    hides("check time", [](F f) { f.tooltip->SetCustomTooltipCheckTime(AT_ONCE); });
+    hides("widget hidden", [](F f) { f.widget->hide(); });
+    hides("window hidden", [](F f) { f.window->hide(); });
+    hides("widget deleted with a foreign object", [](F f) {
       f.tooltip->setParent(f.window);
       delete f.widget;
     });
-    row("disabled", [](F f) { f.tooltip->OnEnableTooltip(false); });
-    row("forced", [](F f) { f.tooltip->ForceHideTooltip(); });
-    row("detached", [](F f) { f.tooltip->Detach(); });
-    row("neighbour's tooltip", [](F f) { f.other->ShowTooltip(); });
-    row(
-        "tooltip of another group",
-        [](F f) {
-          TooltipObject apart(QStringLiteral("apart"));
-          apart.SetTooltipText(QStringLiteral("x"));
-          apart.AttachTo(f.window);
-          apart.ShowTooltip();
-          QVERIFY(apart.IsVisible());
-        },
-        true);
-    row("a view disappears", [](F) { TooltipManager::GetInstance().onViewVisibilityChange(false); });
-    row(
-        "a view appears", [](F) { TooltipManager::GetInstance().onViewVisibilityChange(true); }, true);
-    row("widget scrolled away", [](F f) { f.widget->move(f.widget->pos() - QPoint(0, 9)); });
-    row(
-        "window moved", [](F f) { f.window->move(30, 30); }, true);
-    row("covered by a modal window", [](F f) {
+    hides("disabled", [](F f) { f.tooltip->OnEnableTooltip(false); });
+    hides("forced", [](F f) { f.tooltip->ForceHideTooltip(); });
+    hides("detached", [](F f) { f.tooltip->Detach(); });
+    hides("neighbour's tooltip", [](F f) { f.other->ShowTooltip(); });
+    hides("a view disappears", [](F) { TooltipManager::GetInstance().onViewVisibilityChange(false); });
+    hides("widget scrolled away", [](F f) { f.widget->move(f.widget->pos() - QPoint(0, 9)); });
+    hides("covered by a modal window", [](F f) {
       QDialog dialog(f.window);
       dialog.setModal(true);
       dialog.show();
       QTRY_VERIFY(!f.tooltip->IsVisible());
     });
-    row("its group is another one's", [](F f) {
+    hides("its group is another one's", [](F f) {
       f.other->SetTooltipGroup(QStringLiteral("apart"));
       f.other->ShowTooltip();
       QVERIFY(f.tooltip->IsVisible());
       f.other->SetTooltipGroup(QStringLiteral("test"));
     });
-    row("content hidden", [](F f) { f.tooltip->TooltipControl()->hide(); });
-    row("content deleted", [](F f) { delete f.tooltip->TooltipControl(); });
+    hides("content hidden", [](F f) { f.tooltip->TooltipControl()->hide(); });
+    hides("content deleted", [](F f) { delete f.tooltip->TooltipControl(); });
   }
-  void whatHidesIt() {
-    QFETCH(const Act, act);
-    QFETCH(const bool, stays);
-    TooltipFixture f({AT_ONCE, NEVER, NEVER, NEVER, NEVER});
-    f.moveTo(f.widget);
-    QTRY_VERIFY(f.tooltip->IsVisible());
-    f.tooltip->SetCustomTooltipShowUpTime(NEVER);
-    const QPointer<QWidget> shown(f.shown());
-    act(f);
-    f.letTimePass(1);
-    QCOMPARE(f.tooltip->IsVisible(), stays);
-    QCOMPARE(shown && shown->isVisible(), stays);
+  void whatHidesIt() { actOnShown(false); }
+
+  void whatDoesNotHideIt_data() {
+    using F = TooltipFixture&;
+    const Rows<Act> keeps("act");
+    keeps("press on the widget, unwanted", [](F f) {
+      f.tooltip->SetDismissOnPress(false);
+      f.press(f.widget);
+    });
+    keeps("press on the tooltip, unwanted", [](F f) {
+      f.tooltip->SetClickToDismissTooltip(false);
+      f.press(f.shown());
+    });
+    keeps("another key elsewhere", [](F f) { f.key(Qt::Key_A); });
+    keeps("check time, unwanted", [](F f) {
+      f.tooltip->SetEnableCheckTimer(false);
+      f.tooltip->SetCustomTooltipCheckTime(AT_ONCE);
+    });
+    keeps("tooltip of another group", [](F f) {
+      TooltipObject apart(QStringLiteral("apart"));
+      apart.SetTooltipText(QStringLiteral("x"));
+      apart.AttachTo(f.window);
+      apart.ShowTooltip();
+      QVERIFY(apart.IsVisible());
+    });
+    keeps("a view appears", [](F) { TooltipManager::GetInstance().onViewVisibilityChange(true); });
+    keeps("window moved", [](F f) { f.window->move(30, 30); });
   }
+  void whatDoesNotHideIt() { actOnShown(true); }
 
   void onlyTooltipEventsAreSwallowed_data() {
-    QTest::addColumn<bool>("enabled");
-    QTest::newRow("enabled") << true;
-    QTest::newRow("disabled") << false;
+    const Rows<bool> row("enabled");
+    row("enabled", true);
+    row("disabled", false);
   }
   void onlyTooltipEventsAreSwallowed() {
     QFETCH(const bool, enabled);
@@ -272,7 +234,7 @@ private Q_SLOTS:
       QVERIFY(!f.tooltip->eventFilter(f.widget, &event));
     }
     f.moveTo(f.widget);
-    f.letTimePass(1);
+    letTimePass(1);
     QCOMPARE(f.tooltip->IsVisible(), enabled);
   }
 
@@ -281,7 +243,7 @@ private Q_SLOTS:
     f.tooltip->SetUseCustomTooltipSettings(false);
     QHelpEvent help(QEvent::ToolTip, {1, 1}, f.widget->mapToGlobal(QPoint(1, 1)));
     f.moveTo(f.widget);
-    f.letTimePass(1);
+    letTimePass(1);
     QVERIFY(f.tooltip->eventFilter(f.widget, &help) && !f.tooltip->IsVisible());
     // It takes a leave with the mouse still there, as when something opens beneath it.
     QEvent leave(QEvent::Leave);
@@ -290,20 +252,19 @@ private Q_SLOTS:
   }
 
   void focusShows_data() {
-    QTest::addColumn<int>("reason");
-    QTest::addColumn<bool>("shows");
-    QTest::newRow("Tab") << int(Qt::TabFocusReason) << true;
-    QTest::newRow("by program") << int(Qt::OtherFocusReason) << true;
-    QTest::newRow("mouse") << int(Qt::MouseFocusReason) << false;
-    QTest::newRow("window activated") << int(Qt::ActiveWindowFocusReason) << false;
+    const Rows<Qt::FocusReason, bool> row("reason", "shows");
+    row("Tab", Qt::TabFocusReason, true);
+    row("by program", Qt::OtherFocusReason, true);
+    row("mouse", Qt::MouseFocusReason, false);
+    row("window activated", Qt::ActiveWindowFocusReason, false);
   }
   void focusShows() {
-    QFETCH(const int, reason);
+    QFETCH(const Qt::FocusReason, reason);
     QFETCH(const bool, shows);
     TooltipFixture f;
     QCOMPARE(f.widget->focusPolicy(), Qt::NoFocus);
-    f.widget->setFocus(static_cast<Qt::FocusReason>(reason));
-    f.letTimePass(1);
+    f.widget->setFocus(reason);
+    letTimePass(1);
     QCOMPARE(f.tooltip->IsVisible(), shows);
     f.key(Qt::Key_Control);
     QCOMPARE(f.tooltip->IsVisible(), shows);
@@ -316,9 +277,9 @@ private Q_SLOTS:
   }
 
   void nextAtOnceWhereTheGroupWantsIt_data() {
-    QTest::addColumn<bool>("atOnce");
-    QTest::newRow("group wants it") << true;
-    QTest::newRow("default") << false;
+    const Rows<bool> row("atOnce");
+    row("group wants it", true);
+    row("default", false);
   }
   void nextAtOnceWhereTheGroupWantsIt() {
     QFETCH(const bool, atOnce);
@@ -327,13 +288,13 @@ private Q_SLOTS:
     TooltipManager& manager = TooltipManager::GetInstance();
     manager.SetShowNextAtOnce(QStringLiteral("test"), atOnce);
     f.moveTo(f.neighbour);
-    f.letTimePass(1);
+    letTimePass(1);
     QVERIFY(!f.other->IsVisible()); // there is none up yet
     f.moveTo(f.widget);
     QTRY_VERIFY(f.tooltip->IsVisible() && manager.IsTooltipShown(QStringLiteral("test")));
     f.tooltip->SetCustomTooltipDismissTime(NEVER);
     f.moveTo(f.neighbour);
-    f.letTimePass(1);
+    letTimePass(1);
     QCOMPARE(f.other->IsVisible(), atOnce);
     QCOMPARE(f.tooltip->IsVisible(), !atOnce);
     manager.SetShowNextAtOnce(QStringLiteral("test"), false);
@@ -384,27 +345,24 @@ private Q_SLOTS:
   }
 
   void types_data() {
-    QTest::addColumn<int>("type");
-    QTest::addColumn<int>("times"); // show-up and dismiss
-    QTest::addColumn<bool>("rich");
-    QTest::addColumn<int>("side");
-    QTest::newRow("quick") << int(QuickTooltip) << 0 << false << int(Top);
-    QTest::newRow("quick, beside") << int(QuickSideTooltip) << 0 << false << int(Right);
-    QTest::newRow("quick hint") << int(QuickHintTooltip) << 0 << false << int(Bottom);
-    QTest::newRow("rich") << int(RichTooltip) << 1 << true << int(Bottom);
-    QTest::newRow("rich, beside") << int(RichSideTooltip) << 1 << true << int(Left);
+    const Rows<ETooltipType, bool, EDirection> row("type", "rich", "side");
+    row("quick", QuickTooltip, false, Top);
+    row("quick, beside", QuickSideTooltip, false, Right);
+    row("quick hint", QuickHintTooltip, false, Bottom);
+    row("rich", RichTooltip, true, Bottom);
+    row("rich, beside", RichSideTooltip, true, Left);
   }
   void types() {
-    QFETCH(const int, type);
+    QFETCH(const ETooltipType, type);
     QFETCH(const bool, rich);
-    QFETCH(const int, side);
+    QFETCH(const EDirection, side);
     TooltipFixture f({30, 30, NEVER, NEVER, NEVER});
     f.tooltip->SetUseCustomTooltipSettings(false);
-    f.tooltip->SetTooltipType(static_cast<ETooltipType>(type));
+    f.tooltip->SetTooltipType(type);
     QCOMPARE(f.tooltip->IsHoverEventsEnabled(), rich);
     f.moveTo(f.widget);
     QTRY_VERIFY(f.tooltip->IsVisible());
-    QCOMPARE(int(f.tooltip->GetPosCalculator()->Direction(0)), side);
+    QCOMPARE(f.tooltip->GetPosCalculator()->Direction(0), side);
     const QRect body = f.shown()->geometry();
     QVERIFY(!body.intersects(f.widget->geometry()));
     QCOMPARE(body.bottom() < f.widget->y(), side == Top);
@@ -417,11 +375,10 @@ private Q_SLOTS:
 
   // Owners along the edges and in the corners, in windows of all sizes.
   void inSightEverywhere_data() {
-    QTest::addColumn<QSize>("window");
-    QTest::addColumn<Qt::LayoutDirection>("layout");
-    for (const QSize& size : {QSize(90, 40), QSize(160, 90), QSize(300, 200), QSize(760, 700)})
-      for (const Qt::LayoutDirection layout : {Qt::LeftToRight, Qt::RightToLeft})
-        QTest::addRow("%d x %d, %d", size.width(), size.height(), layout) << size << layout;
+    const Rows<QSize, Qt::LayoutDirection> row("window", "layout");
+    row("tiny", {90, 40}, Qt::LeftToRight);
+    row("small, mirrored", {160, 90}, Qt::RightToLeft);
+    row("roomy", {760, 700}, Qt::LeftToRight);
   }
   void inSightEverywhere() {
     QFETCH(const QSize, window);
@@ -433,10 +390,9 @@ private Q_SLOTS:
     f.widget->resize(24, 16);
     for (int type = QuickTooltip; type <= RichSideTooltip; ++type) {
       f.tooltip->SetTooltipType(ETooltipType(type));
-      for (const auto& [x, y] :
-           {std::pair(0, 0), {1, 0}, {2, 0}, {0, 1}, {1, 1}, {2, 1}, {0, 2}, {1, 2}, {2, 2}}) {
+      for (int place = 0; place < 9; ++place) {
         f.tooltip->HideTooltip();
-        f.widget->move((window.width() - 24) * x / 2, (window.height() - 16) * y / 2);
+        f.widget->move((window.width() - 24) * (place % 3) / 2, (window.height() - 16) * (place / 3) / 2);
         f.tooltip->ShowTooltip();
         const QRect shown(f.shown()->mapToGlobal(f.tooltip->GetArrowedWindow()->GetBounds().topLeft()),
                           f.tooltip->GetArrowedWindow()->GetBounds().size());
@@ -448,6 +404,20 @@ private Q_SLOTS:
         QVERIFY(owner.adjusted(-9, -9, 9, 9).contains(tip));
       }
     }
+  }
+
+private:
+  static void actOnShown(bool stays) {
+    QFETCH(const Act, act);
+    TooltipFixture f({AT_ONCE, NEVER, NEVER, NEVER, NEVER});
+    f.moveTo(f.widget);
+    QTRY_VERIFY(f.tooltip->IsVisible());
+    f.tooltip->SetCustomTooltipShowUpTime(NEVER);
+    const QPointer<QWidget> shown(f.shown());
+    act(f);
+    letTimePass(1);
+    QCOMPARE(f.tooltip->IsVisible(), stays);
+    QCOMPARE(shown && shown->isVisible(), stays);
   }
 };
 

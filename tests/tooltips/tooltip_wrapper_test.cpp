@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tooltip_fixture.h"
 
+#include <support/rows.h>
 #include <ui_base/tooltips/tooltip_wrapper.h>
 
 using namespace Vela::UiBase;
@@ -40,14 +41,11 @@ private Q_SLOTS:
   }
 
   void goesByItself_data() {
-    QTest::addColumn<int>("showDuration");
-    QTest::addColumn<int>("dismiss");
-    QTest::addColumn<bool>("delayHide");
-    QTest::addColumn<bool>("stays");
-    QTest::newRow("after its duration") << AT_ONCE << NEVER << false << false;
-    QTest::newRow("not before") << NEVER << AT_ONCE << false << true;
-    QTest::newRow("shortened") << NEVER << AT_ONCE << true << false;
-    QTest::newRow("lengthened") << AT_ONCE << NEVER << true << true;
+    const Vela::Test::Rows<int, int, bool, bool> row("showDuration", "dismiss", "delayHide", "stays");
+    row("after its duration", AT_ONCE, NEVER, false, false);
+    row("not before", NEVER, AT_ONCE, false, true);
+    row("shortened", NEVER, AT_ONCE, true, false);
+    row("lengthened", AT_ONCE, NEVER, true, true);
   }
   void goesByItself() {
     QFETCH(const int, showDuration);
@@ -60,44 +58,29 @@ private Q_SLOTS:
     wrapper.Show(f.window->mapToGlobal(QPoint(300, 200)), true, ShowForDuration);
     if (delayHide)
       wrapper.DelayHide();
-    f.letTimePass(1);
+    Vela::Test::letTimePass(1);
     QCOMPARE(wrapper.IsVisible(), stays);
     // The time of one showing does not end the next.
     wrapper.Show({}, false, ShowUntilHidden);
-    f.letTimePass(1);
+    Vela::Test::letTimePass(1);
     QVERIFY(wrapper.IsVisible());
   }
 
-  void hidesItsWindowOnce_data() {
-    QTest::addColumn<bool>("arrowed");
-    QTest::newRow("arrowed") << true;
-    QTest::newRow("plain") << false;
-  }
-  void hidesItsWindowOnce() {
-    QFETCH(const bool, arrowed);
-    class Counting : public TooltipWrapper {
-    public:
-      using TooltipWrapper::TooltipWrapper;
-      void HideTooltip() override {
-        ++hides;
-        TooltipWrapper::HideTooltip();
-      }
-      int hides = 0;
-    };
-    TooltipFixture f;
-    Counting wrapper(QStringLiteral("spot"));
-    auto* const content = ATooltipObject::CreateTooltipControl(QStringLiteral("x"));
-    wrapper.SetTooltipControl(content, arrowed);
-    wrapper.Show(f.window->mapToGlobal(QPoint(300, 200)), true, ShowUntilHidden);
-    QVERIFY(content->isVisible() && content->window() == f.window);
-    wrapper.hides = 0;
-    wrapper.HideTooltip();
-    QVERIFY(wrapper.hides <= 2 && !content->isVisible());
-    wrapper.Show({}, false, ShowUntilHidden);
-    content->hide(); // whoever hides it
-    QVERIFY(!wrapper.IsVisible());
-    wrapper.Show({}, false, ShowUntilHidden);
-    QVERIFY(wrapper.IsVisible() && content->isVisible());
+  void goesWithItsContent() {
+    for (const bool arrowed : {true, false}) {
+      TooltipFixture f;
+      TooltipWrapper wrapper(QStringLiteral("spot"));
+      auto* const content = ATooltipObject::CreateTooltipControl(QStringLiteral("x"));
+      wrapper.SetTooltipControl(content, arrowed);
+      wrapper.Show(f.window->mapToGlobal(QPoint(300, 200)), true, ShowUntilHidden);
+      QVERIFY(content->isVisible() && content->window() == f.window);
+      content->hide(); // whoever hides it
+      QVERIFY(!wrapper.IsVisible());
+      wrapper.Show({}, false, ShowUntilHidden);
+      QVERIFY(wrapper.IsVisible() && content->isVisible());
+      wrapper.HideTooltip();
+      QVERIFY(!content->isVisible());
+    }
   }
 };
 

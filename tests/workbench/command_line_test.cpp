@@ -3,7 +3,7 @@
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 
-#include <support/test_case.h>
+#include <support/rows.h>
 #include <workbench/options.h>
 
 #include <QCoreApplication>
@@ -14,6 +14,7 @@
 #include <QProcess>
 
 using namespace Workbench;
+using Vela::Test::Rows;
 
 namespace {
 
@@ -30,34 +31,25 @@ class CommandLineTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void init() {
+  void initTestCase() { cleanup(); }
+  void cleanup() {
     m_environment = QProcessEnvironment::systemEnvironment();
     m_environment.insert("XDG_CONFIG_HOME", path("config"));
     m_environment.insert("QT_QPA_PLATFORM", "offscreen");
     m_environment.insert("LC_ALL", "C.UTF-8");
   }
 
-  void savesWhatTheWindowShows() {
-    const QString mesh = write("blob.ply", Test::binaryPlyFile(Test::blob(40)));
-    const Outcome outcome = run({mesh, "--screenshot", path("good.png"), "--size", "500x400"});
-    QCOMPARE(outcome.status, 0);
-    const QImage image(path("good.png"));
-    QCOMPARE(image.size(), QSize(500, 400));
-    const int drawn = Test::meshPixels(image.copy(20, 40, 460, 320));
-    QVERIFY2(drawn > 40000, qPrintable(QString::number(drawn)));
-  }
-
-  void atTwiceTheScaleTheImageIsTwiceAsSharp() {
-    const QString mesh = write("blob.ply", Test::binaryPlyFile(Test::blob(40)));
-    QCOMPARE(run({mesh, "--screenshot", path("1x.png"), "--size", "300x240"}).status, 0);
-    QCOMPARE(run({mesh, "--screenshot", path("2x.png"), "--size", "300x240"}, "2").status, 0);
+  void savesWhatTheWindowShowsAsSharpAsTheScreen() {
+    const QString mesh = write("blob.off", Test::offFile(Test::blob(40)));
+    QCOMPARE(run({mesh, "--screenshot", path("1x.png"), "--size", "400x300"}).status, 0);
+    QCOMPARE(run({mesh, "--screenshot", path("2x.png"), "--size", "400x300"}, "2").status, 0);
     const QImage normal(path("1x.png"));
     const QImage sharp(path("2x.png"));
+    QCOMPARE(normal.size(), QSize(400, 300));
     QCOMPARE(sharp.size(), normal.size() * 2);
-    const QRect middle(40, 40, 220, 160);
-    const double ratio =
-        double(Test::meshPixels(sharp.copy(80, 80, 440, 320))) / Test::meshPixels(normal.copy(middle));
-    QVERIFY2(std::abs(ratio - 4) < 0.3, qPrintable(QString::number(ratio)));
+    const int drawn = Test::meshPixels(normal.copy(40, 40, 220, 160));
+    const double ratio = double(Test::meshPixels(sharp.copy(80, 80, 440, 320))) / drawn;
+    QVERIFY2(drawn > 4000 && std::abs(ratio - 4) < 0.3, qPrintable(QString("%1 %2").arg(drawn).arg(ratio)));
   }
 
   void savesAPhotograph() {
@@ -81,14 +73,10 @@ private Q_SLOTS:
   }
 
   void aBadFileIsNamedWithTheReason_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("missing") << "missing.obj" << QByteArray() << "does not exist";
-    QTest::newRow("damaged") << "bad.off" << QByteArray("OFF\n1 1 0\n0 0 0\n3 0 1 2\n") << "damaged";
-    QTest::newRow("no mesh") << "letter.txt" << QByteArray("Dear Sir") << "format is not known";
-    QTest::newRow("name beyond ASCII") << QStringLiteral("Größe √2.off") << QByteArray("OFF\n") << "damaged";
-    QTest::newRow("folder") << "" << QByteArray() << "not a file";
+    const Rows<QString, QByteArray, QString> row("name", "content", "reason");
+    row("missing", "missing.obj", {}, "does not exist");
+    row("name beyond ASCII", QStringLiteral("Größe √2.off"), "OFF\n", "damaged");
+    row("folder", "", {}, "not a file");
   }
   void aBadFileIsNamedWithTheReason() {
     QFETCH(QString, name);
@@ -102,18 +90,13 @@ private Q_SLOTS:
     QVERIFY(!QImage(path("bad.png")).isNull());
   }
 
-  void anImageThatCannotBeWrittenIsAnError_data() {
-    QTest::addColumn<QString>("name");
-    QTest::newRow("no folder") << "no such folder/image.png";
-    QTest::newRow("unknown format") << "image.xyz";
-    QTest::newRow("no format") << "image";
-  }
   void anImageThatCannotBeWrittenIsAnError() {
-    QFETCH(QString, name);
-    const Outcome outcome = run({"--screenshot", path(name)});
-    QCOMPARE(outcome.status, 1);
-    QVERIFY2(outcome.errors.contains(path(name)), qPrintable(outcome.errors));
-    QVERIFY(!QFile::exists(path(name)));
+    for (const char* const name : {"no such folder/image.png", "image.xyz", "image"}) {
+      const Outcome outcome = run({"--screenshot", path(name)});
+      QCOMPARE(outcome.status, 1);
+      QVERIFY2(outcome.errors.contains(path(name)), qPrintable(outcome.errors));
+      QVERIFY(!QFile::exists(path(name)));
+    }
   }
 
   void takesAScreenshotWithoutADisplay() {
@@ -126,9 +109,7 @@ private Q_SLOTS:
 
   void writesATrace() {
     const QString mesh = write("blob.off", Test::offFile(Test::blob(20)));
-    QCOMPARE(
-        run({mesh, "--screenshot", path("t.png"), "--trace", path("trace.json"), "--size", "300x240"}).status,
-        0);
+    QCOMPARE(run({mesh, "--screenshot", path("t.png"), "--trace", path("trace.json")}).status, 0);
     QFile file(path("trace.json"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QStringList names;
@@ -159,11 +140,10 @@ private Q_SLOTS:
   }
 
   void understandsSizes_data() {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("plain") << "640x480" << QSize(640, 480);
+    const Rows<QString, QSize> row("text", "size");
+    row("plain", "640x480", {640, 480});
     for (const char* text : {"640", "0x480", "x", "-1x5", "640x480x2", "99999x99999", "ax b"})
-      QTest::newRow(text) << text << QSize();
+      row(text, text, {});
   }
   void understandsSizes() {
     QFETCH(QString, text);

@@ -3,8 +3,6 @@
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 
-#include <support/test_case.h>
-#include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/assistants/command_palette.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_common_res/styles.h>
@@ -33,7 +31,7 @@ const QByteArray& cubeFile() {
   return file;
 }
 
-QByteArray blobFile() { return Test::binaryPlyFile(Test::blob(30)); }
+QByteArray blobFile() { return Test::offFile(Test::blob(30)); }
 
 } // namespace
 
@@ -44,7 +42,6 @@ class WorkbenchTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void opensAMeshByShortcut() {
     WorkbenchFixture workbench;
-    QVERIFY(workbench.start());
     const QString file = workbench.write("cube.obj", cubeFile());
     workbench.press(Qt::Key_O, Qt::ControlModifier);
     QVERIFY(workbench.chooseFile(file));
@@ -58,8 +55,7 @@ private Q_SLOTS:
 
   void opensAMeshByMenu() {
     WorkbenchFixture workbench;
-    QVERIFY(workbench.start());
-    const QString file = workbench.write("blob.ply", blobFile());
+    const QString file = workbench.write("blob.off", blobFile());
     workbench.press(Qt::Key_F, Qt::AltModifier);
     QTRY_VERIFY(QApplication::activePopupWidget());
     workbench.press(Qt::Key_O);
@@ -69,7 +65,6 @@ private Q_SLOTS:
 
   void aDialogThatIsCancelledChangesNothing() {
     WorkbenchFixture workbench;
-    QVERIFY(workbench.start());
     workbench.press(Qt::Key_O, Qt::ControlModifier);
     QPointer<QFileDialog> dialog = workbench.fileDialog();
     QVERIFY(dialog);
@@ -83,9 +78,8 @@ private Q_SLOTS:
 
   void opensDroppedFiles() {
     WorkbenchFixture workbench;
-    QVERIFY(workbench.start());
     QSignalSpy shown(&workbench.controller().events(), &MeshViewEvents::meshShown);
-    workbench.drop({workbench.write("cube.obj", cubeFile()), workbench.write("blob.ply", blobFile())});
+    workbench.drop({workbench.write("cube.obj", cubeFile()), workbench.write("blob.off", blobFile())});
     QTRY_COMPARE(shown.count(), 2);
     QCOMPARE(workbench.triangles(), std::size_t(1800));
     QTRY_COMPARE(workbench.notification(), QStringLiteral("Opened 2 of 2 files"));
@@ -99,7 +93,7 @@ private Q_SLOTS:
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("reason");
     QTest::newRow("empty") << "empty.stl" << QByteArray() << "The file is empty.";
-    QTest::newRow("damaged") << "cut.glb" << Test::glbFile(Test::cube(1)).left(500) << "damaged";
+    QTest::newRow("damaged") << "cut.glb" << Test::storedFile("placed_cube.glb").left(500) << "damaged";
     QTest::newRow("brings the importer down")
         << "a.ply" << QByteArray("ply\nformat binary_\0\0", 20) << "damaged";
   }
@@ -108,10 +102,9 @@ private Q_SLOTS:
     QFETCH(QByteArray, content);
     QFETCH(QString, reason);
     WorkbenchFixture workbench;
-    QVERIFY(workbench.start());
-    open(workbench, workbench.write("cube.obj", cubeFile()));
+    workbench.open(workbench.write("cube.obj", cubeFile()));
     QSignalSpy failed(&workbench.controller().events(), &MeshViewEvents::openFailed);
-    open(workbench, workbench.write(name, content));
+    workbench.open(workbench.write(name, content));
     QCOMPARE(failed.count(), 1);
     for (const QString& text : {workbench.notification(), workbench.window().statusBar()->currentMessage()}) {
       QVERIFY2(text.contains(name), qPrintable(text));
@@ -120,7 +113,7 @@ private Q_SLOTS:
     QCOMPARE(workbench.triangles(), std::size_t(12));
     QCOMPARE(workbench.window().windowTitle(), QStringLiteral("cube.obj[*] – Workbench"));
     // It can be taken away with the keyboard or by going on.
-    open(workbench, workbench.write("blob.ply", blobFile()));
+    workbench.open(workbench.write("blob.off", blobFile()));
     QCOMPARE(workbench.triangles(), std::size_t(1800));
     QVERIFY(workbench.window().statusBar()->currentMessage().isEmpty());
   }
@@ -128,30 +121,27 @@ private Q_SLOTS:
   // The steps of one command, held between them.
   void announcesEveryStep() {
     WorkbenchFixture workbench;
-    QVERIFY(workbench.start());
-    open(workbench, workbench.write("cube.obj", cubeFile()));
+    workbench.open(workbench.write("cube.obj", cubeFile()));
     auto& service = Vela::Services::ApplicationService::GetInstance();
     const auto recorded = service.Kernel().waypoints().waypoints().size();
-    Taren::Core::SteppedDispatcher dispatcher;
-    const Taren::Core::ScopedDispatcher installed(dispatcher);
+    Test::HeldWork work;
 
-    workbench.controller().openFiles({workbench.write("blob.ply", blobFile())});
-    QCOMPARE(workbench.notification(), QStringLiteral("Opening blob.ply…"));
-    QCOMPARE(workbench.window().statusBar()->currentMessage(), QStringLiteral("Opening blob.ply…"));
+    workbench.controller().openFiles({workbench.write("blob.off", blobFile())});
+    QCOMPARE(workbench.notification(), QStringLiteral("Opening blob.off…"));
+    QCOMPARE(workbench.window().statusBar()->currentMessage(), QStringLiteral("Opening blob.off…"));
     QVERIFY(QApplication::overrideCursor());
     QCOMPARE(QApplication::overrideCursor()->shape(), Qt::BusyCursor);
-    while (dispatcher.step(Taren::Core::MainThreadQoS)) {
-    }
+    work.runMain();
     QVERIFY(!workbench.command<OpenMeshCommand>()->isEnabled());
     QCOMPARE(workbench.triangles(), std::size_t(12));
 
-    QVERIFY(dispatcher.step(Taren::Core::NormalQoS));
+    QVERIFY(work.dispatcher().step(Taren::Core::NormalQoS));
     QCOMPARE(workbench.triangles(), std::size_t(12));
-    dispatcher.step();
+    work.dispatcher().step();
     QVERIFY(!service.isWorkspaceSwitchingEnabled());
-    dispatcher.runAll();
+    work.runAll();
     QCOMPARE(workbench.triangles(), std::size_t(1800));
-    QCOMPARE(workbench.notification(), QStringLiteral("Opened blob.ply"));
+    QCOMPARE(workbench.notification(), QStringLiteral("Opened blob.off"));
     QVERIFY(!QApplication::overrideCursor());
     QVERIFY(workbench.command<OpenMeshCommand>()->isEnabled());
     QVERIFY(service.isWorkspaceSwitchingEnabled());
@@ -160,26 +150,22 @@ private Q_SLOTS:
 
   void whatIsAskedForMeanwhileWaits() {
     WorkbenchFixture workbench;
-    QVERIFY(workbench.start());
-    Taren::Core::SteppedDispatcher dispatcher;
-    const Taren::Core::ScopedDispatcher installed(dispatcher);
+    Test::HeldWork work;
     workbench.drop({workbench.write("cube.obj", cubeFile())});
-    workbench.drop({workbench.write("blob.ply", blobFile())});
-    QCOMPARE(dispatcher.pending(Taren::Core::NormalQoS), std::size_t(1));
-    dispatcher.runAll();
+    workbench.drop({workbench.write("blob.off", blobFile())});
+    QCOMPARE(work.dispatcher().pending(Taren::Core::NormalQoS), std::size_t(1));
+    work.runAll();
     QCOMPARE(workbench.triangles(), std::size_t(1800));
     QVERIFY(workbench.command<OpenMeshCommand>()->isEnabled());
   }
 
   void whatTheUserChoosesMeanwhileStays() {
     WorkbenchFixture workbench;
-    QVERIFY(workbench.start());
-    Taren::Core::SteppedDispatcher dispatcher;
-    const Taren::Core::ScopedDispatcher installed(dispatcher);
+    Test::HeldWork work;
     workbench.controller().openFiles({workbench.write("cube.obj", cubeFile())});
     workbench.press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(workbench.view().shading(), FlatShading);
-    dispatcher.runAll();
+    work.runAll();
     QCOMPARE(workbench.view().shading(), FlatShading);
     QVERIFY(workbench.controller().findCommand(ShadingCommand::idOf(FlatShading))->isChecked());
     // Needs a mesh, which there was not when the command began.
@@ -189,8 +175,7 @@ private Q_SLOTS:
 
   void savesAScreenshot() {
     WorkbenchFixture workbench;
-    QVERIFY(workbench.start());
-    open(workbench, workbench.write("cube.obj", cubeFile()));
+    workbench.open(workbench.write("cube.obj", cubeFile()));
     workbench.press(Qt::Key_S, Qt::ControlModifier | Qt::AltModifier);
     QVERIFY(workbench.chooseFile(workbench.path("picture.png")));
     QTRY_COMPARE(workbench.notification(), QStringLiteral("Saved picture.png"));
@@ -201,28 +186,24 @@ private Q_SLOTS:
 
   void oneScreenshotIsSavedAtATime() {
     WorkbenchFixture workbench;
-    QVERIFY(workbench.start());
-    open(workbench, workbench.write("cube.obj", cubeFile()));
+    workbench.open(workbench.write("cube.obj", cubeFile()));
     auto* const command = workbench.command<SaveScreenshotCommand>();
-    Taren::Core::SteppedDispatcher dispatcher;
-    const Taren::Core::ScopedDispatcher installed(dispatcher);
+    Test::HeldWork work;
     workbench.press(Qt::Key_S, Qt::ControlModifier | Qt::AltModifier);
     QVERIFY(workbench.chooseFile(workbench.path("picture.png")));
-    while (dispatcher.step(Taren::Core::MainThreadQoS)) {
-    }
+    work.runMain();
     QVERIFY(!command->isEnabled());
     // Not even when something else asks for it.
     QVERIFY(!command->onExecute());
     QVERIFY(!QApplication::activeModalWidget());
-    dispatcher.runAll();
+    work.runAll();
     QVERIFY(command->isEnabled());
     QVERIFY(!QImage(workbench.path("picture.png")).isNull());
   }
 
   void aScreenshotThatCannotBeWrittenIsTold() {
     WorkbenchFixture workbench;
-    QVERIFY(workbench.start());
-    open(workbench, workbench.write("cube.obj", cubeFile()));
+    workbench.open(workbench.write("cube.obj", cubeFile()));
     QVERIFY(QDir(workbench.path({})).mkdir("folder"));
     workbench.press(Qt::Key_S, Qt::ControlModifier | Qt::AltModifier);
     auto* const dialog = workbench.fileDialog();
@@ -236,8 +217,7 @@ private Q_SLOTS:
 
   void switchesThePalette() {
     WorkbenchFixture workbench;
-    QVERIFY(workbench.start());
-    open(workbench, workbench.write("cube.obj", cubeFile()));
+    workbench.open(workbench.write("cube.obj", cubeFile()));
     const QColor light = workbench.view().picture().pixelColor(5, 5);
     workbench.press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(Vela::Resource::Styles::Instance().palette(), Vela::Resource::Dark);
@@ -253,8 +233,7 @@ private Q_SLOTS:
 
   void resetsTheView() {
     WorkbenchFixture workbench;
-    QVERIFY(workbench.start());
-    open(workbench, workbench.write("cube.obj", cubeFile()));
+    workbench.open(workbench.write("cube.obj", cubeFile()));
     const Camera first = workbench.view().camera();
     Camera moved = first;
     moved.orbit(40, 10);
@@ -266,7 +245,6 @@ private Q_SLOTS:
 
   void theFocusIsWhereTheKeyboardGoes() {
     WorkbenchFixture workbench;
-    QVERIFY(workbench.start());
     const auto hasFocus = [&](const QWidget* widget) {
       const QWidget* const focus = workbench.window().focusWidget();
       return workbench.window().isActiveWindow() && focus && widget &&
@@ -304,14 +282,12 @@ private Q_SLOTS:
 
   void quits() {
     WorkbenchFixture workbench;
-    QVERIFY(workbench.start());
     workbench.press(Qt::Key_Q, Qt::ControlModifier);
     QTRY_VERIFY(!workbench.window().isVisible());
   }
 
   void aScreenshotRunThatIsCutShortHasFailed() {
     WorkbenchFixture workbench;
-    QVERIFY(workbench.start());
     const QString image = workbench.path("image.png");
     ScreenshotRun run(workbench.window(), image);
     run.start({workbench.write("large.off", Test::offFile(Test::blob(250)))});
@@ -322,23 +298,12 @@ private Q_SLOTS:
 
   void theWindowMayGoWhileAFileIsBeingRead() {
     WorkbenchFixture workbench;
-    QVERIFY(workbench.start());
     const QString file = workbench.write("large.off", Test::offFile(Test::blob(250)));
     workbench.controller().openFiles({file, file, file});
     workbench.press(Qt::Key_Q, Qt::ControlModifier);
     workbench.end();
     settle();
     QVERIFY(!QApplication::overrideCursor());
-  }
-
-private:
-  // Opens a file the short way and waits for the end.
-  static void open(WorkbenchFixture& workbench, const QString& file) {
-    QSignalSpy finished(&workbench.controller().events(), &MeshViewEvents::openFinished);
-    workbench.controller().openFiles({file});
-    QTRY_COMPARE(finished.count(), 1);
-    QTRY_VERIFY(workbench.view().isSettled());
-    settle();
   }
 };
 

@@ -3,7 +3,8 @@
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 
-#include <support/test_case.h>
+#include <support/input.h>
+#include <support/rows.h>
 #include <ui_base/menus/menu_builder.h>
 #include <vlk_common_res/styles.h>
 #include <workbench/commands/clear_measurements_command.h>
@@ -22,6 +23,7 @@ using namespace Workbench;
 using namespace Vela::UiBase;
 using Test::WorkbenchFixture;
 using Vela::Resource::Styles;
+using namespace Vela::Test;
 
 namespace {
 
@@ -30,14 +32,10 @@ public:
   MenuBuilder& menus() { return *window().findChild<MenuBuilder*>(); }
   QToolButton& item(const QString& name) { return *menus().GetMenuBarItem(name); }
   QMenu* openMenu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
-  void click(const QWidget& widget) {
-    const QPoint at = widget.mapTo(widget.window(), widget.rect().center());
-    QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {}, at);
-  }
   void choose(QAction* entry) {
     const QPoint at = openMenu()->actionGeometry(entry).center();
-    QTest::mouseMove(openMenu()->windowHandle(), at);
-    QTest::mouseClick(openMenu()->windowHandle(), Qt::LeftButton, {}, at);
+    moveMouse(*openMenu(), at);
+    clickAt(*openMenu(), at);
   }
 };
 
@@ -62,27 +60,8 @@ class MenuBarTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void everyCommandCanBeReachedWithTheKeyboard() {
-    Bench bench;
-    QVERIFY(bench.start());
-    QCOMPARE(bench.window().menuWidget(), bench.menus().MenuBar());
-    QStringList items;
-    int entries = 0;
-    for (const QToolButton* const item : bench.menus().MenuBar()->findChildren<QToolButton*>()) {
-      if (!item->isVisible() || !item->menu())
-        continue;
-      const QString mnemonic = QKeySequence::mnemonic(item->text()).toString();
-      QVERIFY2(!mnemonic.isEmpty() && !items.contains(mnemonic), qPrintable(item->text()));
-      items += mnemonic;
-      entries += usableEntries(*item->menu());
-    }
-    QCOMPARE(items.size(), 6);
-    QCOMPARE(entries, 36);
-  }
-
   void theArrowsReachAGroupAndItsCheckMarks() {
     Bench bench;
-    QVERIFY(bench.start());
     bench.press(Qt::Key_F10);
     for (int i = 0; i < 4; ++i)
       bench.press(Qt::Key_Right); // from File to View
@@ -101,55 +80,54 @@ private Q_SLOTS:
 
   void theMouseMovesAlongAndChooses() {
     Bench bench;
-    QVERIFY(bench.start());
-    bench.click(bench.item(QStringLiteral("tools")));
+    click(bench.item(QStringLiteral("tools")));
     QVERIFY(bench.openMenu()->actions().contains(bench.command<ClearMeasurementsCommand>()));
     QVERIFY(!bench.command<ClearMeasurementsCommand>()->isEnabled());
     const QToolButton& view = bench.item(QStringLiteral("view"));
-    QTest::mouseMove(bench.window().windowHandle(), view.mapTo(&bench.window(), view.rect().center()));
+    moveMouse(view);
     QCOMPARE(bench.openMenu(), bench.menus().GetMenu(QStringLiteral("view")));
     bench.choose(bench.command<PlacementOverlayCommand>());
     QTRY_VERIFY(bench.command<PlacementOverlayCommand>()->isChecked());
   }
 
   void eachPageHasItsMenusAndTheirLettersOpenThem_data() {
-    QTest::addColumn<int>("page");
-    QTest::addColumn<QString>("letters");
-    QTest::newRow("mesh") << int(Qt::Key_1) << "FESTVH";
-    QTest::newRow("photographs") << int(Qt::Key_2) << "FVPH";
+    const Rows<Qt::Key, QString, int> row("page", "letters", "entries");
+    row("mesh", Qt::Key_1, "FESTVH", 36);
+    row("photographs", Qt::Key_2, "FVPH", 0);
   }
   void eachPageHasItsMenusAndTheirLettersOpenThem() {
-    QFETCH(int, page);
+    QFETCH(Qt::Key, page);
     QFETCH(QString, letters);
+    QFETCH(int, entries);
     Bench bench;
-    QVERIFY(bench.start());
     bench.controller().showMesh(Test::blob(10), "blob"); // with all bars
     bench.view().document().setSelection(TriangleSelection::all(200));
-    bench.press(Qt::Key(page), Qt::AltModifier);
-    Vela::Test::settle();
+    bench.press(page, Qt::AltModifier);
+    settle();
     QString found;
+    int count = 0;
     for (const QToolButton* const item : bench.menus().MenuBar()->findChildren<QToolButton*>()) {
       if (!item->isVisible() || !item->menu())
         continue;
       const QKeySequence mnemonic = QKeySequence::mnemonic(item->text());
       bench.press(mnemonic[0].key(), Qt::AltModifier);
       QTRY_VERIFY2(bench.openMenu() == item->menu(), qPrintable(item->text()));
-      QVERIFY(usableEntries(*item->menu()) > 0);
+      count += usableEntries(*item->menu());
       bench.openMenu()->close();
       found += QChar(mnemonic[0].key());
     }
     QCOMPARE(found, letters);
+    QVERIFY(count == entries || (entries == 0 && count > 0));
   }
 
   void recentFilesAreOpenedAgain() {
     Bench bench;
-    QVERIFY(bench.start());
     const QString files[] = {bench.write("a & b.obj", Test::objFile(Test::cube(2))),
                              bench.write("c.obj", Test::objFile(Test::square(1)))};
     for (const QString& file : files) {
       bench.controller().openFiles({file});
       QTRY_COMPARE(bench.controller().fileName(), file);
-      Vela::Test::settle();
+      settle();
     }
     const auto recent = [&bench](int place) {
       return bench.controller().findCommand(OpenRecentCommand::idOf(place));
@@ -164,14 +142,11 @@ private Q_SLOTS:
 
   void thePaletteItemShowsWhatAClickDoes() {
     Bench bench;
-    QVERIFY(bench.start());
     auto& command = *bench.command<DarkPaletteCommand>();
     QToolButton& item = bench.item(paletteItemName());
     QCOMPARE(item.geometry().right(), bench.menus().MenuBar()->rect().right());
-    QVERIFY(item.text() == QStringLiteral("Dark palette") && !item.icon().isNull());
-    bench.click(item);
+    click(item);
     QTRY_COMPARE(Styles::Instance().palette(), Vela::Resource::Dark);
-    QVERIFY(command.isChecked());
     QCOMPARE(item.text(), QStringLiteral("Light palette"));
     // Somebody else changes it.
     bench.press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
@@ -183,12 +158,9 @@ private Q_SLOTS:
 
   void theUnitIsChosenInTheStatusBar() {
     Bench bench;
-    QVERIFY(bench.start());
     auto& button = *bench.window().findChild<UnitButton*>();
-    QCOMPARE(button.text(), QStringLiteral("mm"));
-    bench.click(button);
+    click(button);
     QVERIFY(bench.openMenu());
-    QCOMPARE(bench.openMenu()->actions().size(), 5);
     bench.choose(bench.controller().findCommand(LengthUnitCommand::idOf(Vela::Common::Inch)));
     QTRY_COMPARE(bench.view().measurements().unit(), Vela::Common::Inch);
     QVERIFY(!bench.openMenu());

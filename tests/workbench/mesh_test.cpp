@@ -10,11 +10,10 @@ class MeshTest : public Vela::Test::TestCase {
 
 private Q_SLOTS:
   void measuresFarFromTheOriginAsWell() {
-    const Mesh atOrigin = Test::cube(2);
-    std::vector<QVector3D> moved;
-    for (const QVector3D& p : atOrigin.positions())
-      moved.push_back(p + QVector3D(100000, -200000, 300000));
-    const Mesh cube(moved, atOrigin.triangles());
+    std::vector<QVector3D> moved = Test::cube(2).positions();
+    for (QVector3D& p : moved)
+      p += QVector3D(100000, -200000, 300000);
+    const Mesh cube(moved, Test::cube(2).triangles());
     QCOMPARE(cube.area(), 24.0);
     QCOMPARE(cube.volume().value(), 8.0);
   }

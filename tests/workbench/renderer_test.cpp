@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "test_meshes.h"
 
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <workbench/mesh_ops/selection.h>
 #include <workbench/renderer.h>
@@ -25,16 +26,22 @@ Camera frontCamera(const QSize& size, double scale) {
   return camera;
 }
 
-int drawnPixels(const Renderer& renderer) {
-  int count = 0;
-  for (int y = 0; y < renderer.image().height(); ++y) {
-    for (int x = 0; x < renderer.image().width(); ++x)
-      count += renderer.pick({x, y}) ? 1 : 0;
+/// A mesh looked at from the front.
+class Picture : public Renderer {
+public:
+  Picture(const Mesh& mesh, const QSize& size, double scale, const RenderStyle& style = lightStyle(),
+          int oversampling = 1, const TriangleSelection& selected = {}) {
+    render(mesh, frontCamera(size, scale), size, style, oversampling, selected);
   }
-  return count;
-}
-
-bool isNear(const QVector3D& a, const QVector3D& b, float tolerance) { return (a - b).length() < tolerance; }
+  int drawnPixels() const {
+    int count = 0;
+    for (int y = 0; y < image().height(); ++y) {
+      for (int x = 0; x < image().width(); ++x)
+        count += pick({x, y}) ? 1 : 0;
+    }
+    return count;
+  }
+};
 
 } // namespace
 
@@ -43,115 +50,92 @@ class RendererTest : public Vela::Test::TestCase {
 
 private Q_SLOTS:
   void aSquareCoversExactlyItsPixels_data() {
-    QTest::addColumn<int>("cells");
-    QTest::addColumn<int>("oversampling");
-    QTest::newRow("two triangles") << 1 << 1;
-    QTest::newRow("many triangles, common edges on pixel centres") << 40 << 1;
-    QTest::newRow("triangles smaller than a pixel") << 150 << 1;
-    QTest::newRow("oversampled") << 7 << 2;
+    const Vela::Test::Rows<int, int> row("cells", "oversampling");
+    row("two triangles", 1, 1);
+    row("many triangles, common edges on pixel centres", 40, 1);
+    row("triangles smaller than a pixel", 150, 1);
+    row("oversampled", 7, 2);
   }
   void aSquareCoversExactlyItsPixels() {
     QFETCH(int, cells);
     QFETCH(int, oversampling);
     const QSize size(200, 160);
-    Renderer renderer;
-    renderer.render(Test::square(1, cells), frontCamera(size, 40.2), size, lightStyle(), oversampling);
+    const Picture picture(Test::square(1, cells), size, 40.2, lightStyle(), oversampling);
     for (int y = 0; y < size.height(); ++y) {
       for (int x = 0; x < size.width(); ++x) {
         const bool inside = x >= 60 && x < 140 && y >= 40 && y < 120;
-        QVERIFY2(renderer.pick({x, y}).has_value() == inside, qPrintable(QString("%1 %2").arg(x).arg(y)));
+        QVERIFY2(picture.pick({x, y}).has_value() == inside, qPrintable(QString("%1 %2").arg(x).arg(y)));
       }
     }
   }
 
   void picksTheTriangleAndThePoint() {
     const QSize size(300, 200);
-    Renderer renderer;
     const Camera camera = frontCamera(size, 50);
-    renderer.render(Test::square(1, 10, 0.5F), camera, size, lightStyle());
+    const Picture picture(Test::square(1, 10, 0.5F), size, 50);
     const QPoint pixel(171, 83);
     const Ray ray = camera.rayThrough(QPointF(pixel) + QPointF(0.5, 0.5), size);
     const QVector3D expected = ray.origin + ray.direction * (ray.origin.z() - 0.5F);
-    const auto hit = renderer.pick(pixel);
+    const auto hit = picture.pick(pixel);
     QVERIFY(hit);
-    QVERIFY(isNear(hit->point, expected, 1e-4F));
+    QVERIFY((hit->point - expected).length() < 1e-4F);
     const int column = int((expected.x() + 1) * 5);
     const int row = int((expected.y() + 1) * 5);
     QCOMPARE(int(hit->triangle) / 2, row * 10 + column);
     for (const QPoint& outside : {QPoint(0, 0), QPoint(-1, 100), QPoint(300, 100), QPoint(150, 200)})
-      QVERIFY(!renderer.pick(outside));
+      QVERIFY(!picture.pick(outside));
   }
 
-  void theNearerTriangleHidesTheOther_data() {
-    QTest::addColumn<bool>("nearFirst");
-    QTest::newRow("near one first") << true;
-    QTest::newRow("far one first") << false;
-  }
   void theNearerTriangleHidesTheOther() {
-    QFETCH(bool, nearFirst);
     const Mesh front = Test::square(0.5F, 1, 0.4F);
     const Mesh back = Test::square(1, 1, -0.4F);
-    const Mesh mesh = nearFirst ? Test::merged(front, back) : Test::merged(back, front);
-    const QSize size(120, 120);
-    Renderer renderer;
-    renderer.render(mesh, frontCamera(size, 30), size, lightStyle());
-    QCOMPARE(renderer.pick({60, 60})->triangle < 2, nearFirst);
-    QVERIFY(std::abs(renderer.pick({60, 60})->point.z() - 0.4F) < 1e-4F);
-    QVERIFY(std::abs(renderer.pick({60, 82})->point.z() + 0.4F) < 1e-4F);
+    for (const bool nearFirst : {true, false}) {
+      const Picture picture(nearFirst ? Test::merged(front, back) : Test::merged(back, front), {120, 120},
+                            30);
+      QCOMPARE(picture.pick({60, 60})->triangle < 2, nearFirst);
+      QVERIFY(std::abs(picture.pick({60, 60})->point.z() - 0.4F) < 1e-4F);
+      QVERIFY(std::abs(picture.pick({60, 82})->point.z() + 0.4F) < 1e-4F);
+    }
   }
 
   // The camera stands in a long tunnel of which the rear end lies behind it.
   void clipsWhatReachesBehindTheEye() {
-    const Mesh tunnel(
-        {{-1, -1, 100},
-         {1, -1, 100},
-         {1, 1, 100},
-         {-1, 1, 100},
-         {-1, -1, -100},
-         {1, -1, -100},
-         {1, 1, -100},
-         {-1, 1, -100}},
-        {{0, 1, 5}, {0, 5, 4}, {1, 2, 6}, {1, 6, 5}, {2, 3, 7}, {2, 7, 6}, {3, 0, 4}, {3, 4, 7}});
+    std::vector<QVector3D> corners = Test::cube(2).positions();
+    for (QVector3D& corner : corners)
+      corner.setZ(corner.z() * 100);
+    std::vector<Mesh::Triangle> sides = Test::cube(2).triangles();
+    sides.erase(sides.begin(), sides.begin() + 4); // the ends
     const QSize size(320, 240);
-    const Camera camera = frontCamera(size, 300);
-    QVERIFY(camera.eye().z() < 100);
-    Renderer renderer;
-    renderer.render(tunnel, camera, size, lightStyle());
+    const float eye = frontCamera(size, 300).eye().z();
+    QVERIFY(eye < 100);
+    const Picture picture(Mesh(corners, sides), size, 300);
     for (const QPoint& pixel :
          {QPoint(0, 0), QPoint(0, 120), QPoint(319, 239), QPoint(160, 5), QPoint(9, 230)}) {
-      const auto hit = renderer.pick(pixel);
+      const auto hit = picture.pick(pixel);
       QVERIFY(hit);
       const float reach = std::max(std::abs(hit->point.x()), std::abs(hit->point.y()));
       QVERIFY2(std::abs(reach - 1) < 1e-3F, qPrintable(QString::number(reach)));
-      QVERIFY(hit->point.z() < camera.eye().z());
+      QVERIFY(hit->point.z() < eye);
     }
-    QVERIFY(drawnPixels(renderer) > size.width() * size.height() * 9 / 10);
+    QVERIFY(picture.drawnPixels() > size.width() * size.height() * 9 / 10);
   }
 
   void leavesOutWhatIsBehindOrBroken() {
     const QSize size(100, 100);
-    const Camera camera = frontCamera(size, 20);
-    const float nan = std::nanf("");
-    Renderer renderer;
-    renderer.render(Test::square(1, 2, camera.eye().z() + 1), camera, size, lightStyle());
-    QCOMPARE(drawnPixels(renderer), 0);
+    const float eye = frontCamera(size, 20).eye().z();
     const Mesh broken(
-        {{nan, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 0}, {1e38F, 1e38F, 0}, {-1e38F, 1e38F, 1e38F}},
+        {{std::nanf(""), 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 0}, {1e38F, 1e38F, 0}, {-1e38F, 1e38F, 1e38F}},
         {{0, 1, 2}, {1, 1, 1}, {1, 3, 1}, {0, 0, 0}});
-    renderer.render(broken, camera, size, lightStyle());
-    QCOMPARE(drawnPixels(renderer), 0);
-    renderer.render(Mesh(), camera, size, lightStyle());
-    QCOMPARE(drawnPixels(renderer), 0);
-    renderer.render(Test::cube(1), camera, QSize(), lightStyle());
-    QVERIFY(renderer.image().isNull());
-    QVERIFY(!renderer.pick({0, 0}));
+    for (const Mesh& mesh : {Test::square(1, 2, eye + 1), broken, Mesh()})
+      QCOMPARE(Picture(mesh, size, 20).drawnPixels(), 0);
+    const Picture none(Test::cube(1), {}, 20);
+    QVERIFY(none.image().isNull() && !none.pick({0, 0}));
   }
 
   void theImageDoesNotDependOnTheThreads_data() {
-    QTest::addColumn<EShading>("shading");
-    QTest::newRow("flat") << FlatShading;
-    QTest::newRow("smooth") << SmoothShading;
-    QTest::newRow("edges") << FlatShadingWithEdges;
+    const Vela::Test::Rows<EShading> row("shading");
+    row("smooth", SmoothShading);
+    row("edges", FlatShadingWithEdges);
   }
   void theImageDoesNotDependOnTheThreads() {
     QFETCH(EShading, shading);
@@ -178,10 +162,8 @@ private Q_SLOTS:
     const QSize size(200, 200);
     RenderStyle style = lightStyle();
     const auto colours = [&](const Mesh& mesh, EShading shading) {
-      Renderer renderer;
       style.shading = shading;
-      renderer.render(mesh, frontCamera(size, 80), size, style);
-      return renderer.image();
+      return Picture(mesh, size, 80, style).image();
     };
     // In front two triangles with their common edge from the lower left to the upper right, behind them many.
     const Mesh mesh = Test::merged(Test::square(1), Test::square(1, 20, -0.1F));
@@ -197,26 +179,21 @@ private Q_SLOTS:
   }
 
   void selectedTrianglesHaveTheColourOfThePalette_data() {
-    QTest::addColumn<QColor>("window");
-    QTest::addColumn<QColor>("highlight");
-    QTest::newRow("light, blue") << QColor(0xef, 0xef, 0xef) << QColor(0x30, 0x8c, 0xc6);
-    QTest::newRow("dark, orange") << QColor(0x20, 0x20, 0x20) << QColor(0x90, 0x50, 0x10);
+    const Vela::Test::Rows<QColor, QColor> row("window", "highlight");
+    row("light, blue", {0xef, 0xef, 0xef}, {0x30, 0x8c, 0xc6});
+    row("dark, orange", {0x20, 0x20, 0x20}, {0x90, 0x50, 0x10});
   }
   void selectedTrianglesHaveTheColourOfThePalette() {
     QFETCH(QColor, window);
     QFETCH(QColor, highlight);
     QPalette palette(window);
     palette.setColor(QPalette::Highlight, highlight);
-    const QSize size(100, 100);
     const std::uint32_t lowerRight[] = {0};
-    Renderer plain;
-    Renderer selected;
     for (const EShading shading : {SmoothShading, FlatShading}) {
       RenderStyle style = RenderStyle::forPalette(palette);
       style.shading = shading;
-      plain.render(Test::square(1), frontCamera(size, 40), size, style);
-      selected.render(Test::square(1), frontCamera(size, 40), size, style, 1,
-                      TriangleSelection(2, lowerRight));
+      const Picture plain(Test::square(1), {100, 100}, 40, style);
+      const Picture selected(Test::square(1), {100, 100}, 40, style, 1, TriangleSelection(2, lowerRight));
       QCOMPARE(selected.image().pixel(30, 40), plain.image().pixel(30, 40));
       const QColor color = selected.image().pixelColor(70, 60);
       QVERIFY(std::abs(color.hslHueF() - highlight.hslHueF()) < 0.06F);
@@ -227,14 +204,13 @@ private Q_SLOTS:
   void aRectangleHoldsWhatIsSeenInIt() {
     const QSize size(120, 100);
     const Camera camera = frontCamera(size, 20);
-    Renderer renderer;
-    renderer.render(Test::cube(1), camera, size, lightStyle());
+    const Picture picture(Test::cube(1), size, 20);
     const QRect all(QPoint(), size);
-    QCOMPARE(renderer.trianglesIn(all.adjusted(-50, -50, 50, 50)), (std::vector<std::uint32_t>{2, 3}));
-    QCOMPARE(renderer.trianglesIn(QRect(64, 54, 1, 1)),
-             std::vector<std::uint32_t>{renderer.pick({64, 54})->triangle});
-    QVERIFY(renderer.trianglesIn(QRect(0, 0, 30, 30)).empty());
-    QVERIFY(renderer.trianglesIn(QRect(500, 500, 30, 30)).empty());
+    QCOMPARE(picture.trianglesIn(all.adjusted(-50, -50, 50, 50)), (std::vector<std::uint32_t>{2, 3}));
+    QCOMPARE(picture.trianglesIn(QRect(64, 54, 1, 1)),
+             std::vector<std::uint32_t>{picture.pick({64, 54})->triangle});
+    QVERIFY(picture.trianglesIn(QRect(0, 0, 30, 30)).empty());
+    QVERIFY(picture.trianglesIn(QRect(500, 500, 30, 30)).empty());
     QVERIFY(Renderer().trianglesIn(all).empty());
     // Hidden ones too when they are found by where their middles are.
     QCOMPARE(trianglesInside(Test::cube(1), camera, all, size).count(), std::size_t(12));

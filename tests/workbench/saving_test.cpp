@@ -3,8 +3,6 @@
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 
-#include <support/test_case.h>
-#include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/popups/dialog_ex.h>
 #include <workbench/commands/save_mesh_command.h>
 #include <workbench/commands/smooth_mesh_command.h>
@@ -13,7 +11,6 @@
 
 #include <QApplication>
 #include <QFileDialog>
-#include <QSignalSpy>
 
 using namespace Workbench;
 using Vela::Test::settle;
@@ -23,19 +20,7 @@ namespace {
 
 class Bench : public Test::WorkbenchFixture {
 public:
-  bool start() {
-    m_file = write("cube.obj", Test::objFile(Test::cube(2)));
-    if (!WorkbenchFixture::start())
-      return false;
-    open(m_file);
-    return triangles() == 12;
-  }
-  void open(const QString& file) {
-    QSignalSpy finished(&controller().events(), &MeshViewEvents::openFinished);
-    controller().openFiles({file});
-    QTRY_COMPARE(finished.count(), 1);
-    settle();
-  }
+  Bench() : m_file(write("cube.obj", Test::objFile(Test::cube(2)))) { open(m_file); }
   const QString& file() const { return m_file; }
   // A step that makes a mesh of 200 triangles of it.
   void edit() {
@@ -52,7 +37,7 @@ public:
   void answer(Qt::Key key) { press(key, key == Qt::Key_Escape ? Qt::NoModifier : Qt::AltModifier); }
 
 private:
-  QString m_file;
+  const QString m_file;
 };
 
 std::size_t trianglesIn(const QString& file) { return loadMesh(file).triangles().size(); }
@@ -66,7 +51,6 @@ class SavingTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void savesToItsFile() {
     Bench bench;
-    QVERIFY(bench.start());
     QVERIFY(!bench.saver(SaveMesh).isEnabled() && bench.saver(SaveMeshAs).isEnabled());
     QVERIFY(!bench.window().isWindowModified());
     bench.edit();
@@ -114,7 +98,6 @@ private Q_SLOTS:
     QFETCH(QString, written);
     QFETCH(bool, isExport);
     Bench bench;
-    QVERIFY(bench.start());
     bench.write("cube.off", Test::offFile(Test::cube(2)));
     bench.open(bench.path(opened));
     bench.edit();
@@ -130,7 +113,6 @@ private Q_SLOTS:
 
   void whatCannotBeSavedStaysMarked() {
     Bench bench;
-    QVERIFY(bench.start());
     QVERIFY(QDir(bench.path({})).mkdir("gone"));
     bench.document().setSaved(bench.view().mesh(), bench.path("gone/cube.obj"));
     QVERIFY(QDir(bench.path({})).rmdir("gone"));
@@ -164,7 +146,6 @@ private Q_SLOTS:
     QFETCH(std::size_t, inFile);
     QFETCH(bool, left);
     Bench bench;
-    QVERIFY(bench.start());
     const QString other = bench.write("other.off", Test::offFile(Test::square(1)));
     bench.edit();
     bench.press(Qt::Key_2, Qt::AltModifier); // the page of the photographs
@@ -184,7 +165,6 @@ private Q_SLOTS:
 
   void theViewAloneAsksToo() {
     Bench bench;
-    QVERIFY(bench.start());
     bench.edit();
     QVERIFY(!bench.controller().viewWillClose());
     QVERIFY(bench.question());
@@ -195,7 +175,6 @@ private Q_SLOTS:
 
   void nothingIsAskedWhenNothingIsLost() {
     Bench bench;
-    QVERIFY(bench.start());
     bench.edit();
     bench.document().undoStack()->undo();
     bench.document().setSelection(TriangleSelection::all(12));
@@ -217,23 +196,19 @@ private Q_SLOTS:
     QFETCH(bool, quits);
     QFETCH(bool, stops);
     Bench bench;
-    QVERIFY(bench.start());
     const QString other = bench.write("other.off", Test::offFile(Test::square(1)));
-    Taren::Core::SteppedDispatcher dispatcher;
-    const Taren::Core::ScopedDispatcher installed(dispatcher);
+    Test::HeldWork work;
     bench.press(Qt::Key_M, Qt::ControlModifier);
-    while (dispatcher.step(Taren::Core::MainThreadQoS)) {
-    }
+    work.runMain();
     QVERIFY(bench.controller().isMeshEdited() && !bench.window().isWindowModified());
     leave(bench, quits ? "quit" : "open", other);
-    while (dispatcher.step(Taren::Core::MainThreadQoS)) {
-    }
+    work.runMain();
     QVERIFY(bench.question());
     bench.answer(stops ? Qt::Key_S : Qt::Key_C);
     QTRY_VERIFY(!bench.question());
-    dispatcher.runAll();
+    work.runAll();
     settle();
-    dispatcher.runAll();
+    work.runAll();
     QCOMPARE(bench.window().isVisible(), !(quits && stops));
     QCOMPARE(bench.triangles(), std::size_t(!quits && stops ? 2 : 12));
     QCOMPARE(bench.window().isWindowModified(), !stops); // smoothed
@@ -241,17 +216,14 @@ private Q_SLOTS:
 
   void quittingWaitsForWhatIsBeingSaved() {
     Bench bench;
-    QVERIFY(bench.start());
     bench.edit();
-    Taren::Core::SteppedDispatcher dispatcher;
-    const Taren::Core::ScopedDispatcher installed(dispatcher);
+    Test::HeldWork work;
     bench.press(Qt::Key_S, Qt::ControlModifier);
-    while (dispatcher.step(Taren::Core::MainThreadQoS)) {
-    }
+    work.runMain();
     QVERIFY(bench.controller().isSaving());
     bench.window().close();
     QVERIFY(bench.window().isVisible() && !bench.question());
-    dispatcher.runAll();
+    work.runAll();
     QVERIFY(!bench.window().isVisible());
     QCOMPARE(trianglesIn(bench.file()), std::size_t(200));
   }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "test_meshes.h"
 
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <workbench/mesh_ops/support_volume.h>
 
@@ -40,14 +41,6 @@ Mesh leaningBar(double degreesFromUpright) {
   return {corners, Test::cube(1).triangles()};
 }
 
-Mesh table() {
-  return boxes({{{0, 4, 0}, {10, 5, 6}},
-                {{0, 0, 0}, {1, 4, 1}},
-                {{9, 0, 0}, {10, 4, 1}},
-                {{0, 0, 5}, {1, 4, 6}},
-                {{9, 0, 5}, {10, 4, 6}}});
-}
-
 } // namespace
 
 class SupportVolumeTest : public Vela::Test::TestCase {
@@ -55,24 +48,22 @@ class SupportVolumeTest : public Vela::Test::TestCase {
 
 private Q_SLOTS:
   void fillsTheRoomBelowWhatLeansOver_data() {
-    QTest::addColumn<Mesh>("mesh");
-    QTest::addColumn<double>("limitAngle");
-    QTest::addColumn<double>("expected");
-    const QList<std::pair<QVector3D, QVector3D>> bridge{
-        {{0, 0, 0}, {2, 5, 2}}, {{8, 0, 0}, {10, 5, 2}}, {{0, 5, 0}, {10, 6, 2}}};
-    auto bridgeOverBlock = bridge;
-    bridgeOverBlock.append({{4, 0, 0}, {6, 3, 2}});
-    auto bridgeInBlock = bridge;
-    bridgeInBlock.append({{4, 0, 0}, {6, 5.5F, 2}});
-    QTest::newRow("nothing") << Mesh() << 45.0 << std::numeric_limits<double>::quiet_NaN();
-    QTest::newRow("open surface") << Test::square(1) << 45.0 << std::numeric_limits<double>::quiet_NaN();
-    QTest::newRow("table, inside out") << turnedInsideOut(table()) << 45.0 << (60.0 - 4) * 4;
-    QTest::newRow("down to what stands below") << boxes(bridgeOverBlock) << 45.0 << 6.0 * 2 * 5 - 2 * 2 * 3;
-    QTest::newRow("parts run through one another") << boxes(bridgeInBlock) << 45.0 << 6.0 * 2 * 5 - 2 * 2 * 5;
-    QTest::newRow("leans as far as the limit") << leaningBar(45) << 45.0 << 0.0;
-    QTest::newRow("a lower limit") << leaningBar(44) << 40.0 << 5 * std::tan(44 * std::numbers::pi / 180);
+    const Vela::Test::Rows<Mesh, double, double> row("mesh", "limitAngle", "expected");
+    constexpr double None = std::numeric_limits<double>::quiet_NaN();
+    const auto bridgeOver = [](float height) {
+      return boxes({{{0, 0, 0}, {2, 5, 2}},
+                    {{8, 0, 0}, {10, 5, 2}},
+                    {{0, 5, 0}, {10, 6, 2}},
+                    {{4, 0, 0}, {6, height, 2}}});
+    };
+    row("nothing", {}, 45, None);
+    row("open surface", Test::square(1), 45, None);
+    row("inside out, down to what stands below", turnedInsideOut(bridgeOver(3)), 45, 6 * 2 * 5 - 2 * 2 * 3);
+    row("parts run through one another", bridgeOver(5.5F), 45, 6 * 2 * 5 - 2 * 2 * 5);
+    row("leans as far as the limit", leaningBar(45), 45, 0);
+    row("a lower limit", leaningBar(44), 40, 5 * std::tan(44 * std::numbers::pi / 180));
     // What the lower half leaves of a cylinder around it.
-    QTest::newRow("sphere, every face") << Test::sphere(200) << 0.0 << std::numbers::pi / 3;
+    row("sphere, every face", Test::sphere(200), 0, std::numbers::pi / 3);
   }
   void fillsTheRoomBelowWhatLeansOver() {
     QFETCH(Mesh, mesh);

@@ -2,9 +2,45 @@
 #include "test_meshes.h"
 
 #include <cmath>
+#include <functional>
 #include <numbers>
 
 namespace Workbench::Test {
+namespace {
+
+constexpr float Pi = std::numbers::pi_v<float>;
+
+struct Count {
+  int rows;
+  int columns;
+};
+
+/// Points in rows and columns with two triangles in each cell. With as many cells as points in a direction
+/// the last ones are those between the last points and the first.
+Mesh grid(Count points, Count cells, const std::function<QVector3D(float row, float column)>& place) {
+  std::vector<QVector3D> positions;
+  for (int i = 0; i < points.rows * points.columns; ++i)
+    positions.push_back(place(float(i / points.columns) / float(cells.rows),
+                              float(i % points.columns) / float(cells.columns)));
+  const auto at = [points](int row, int column) {
+    return std::uint32_t(row % points.rows * points.columns + column % points.columns);
+  };
+  std::vector<Mesh::Triangle> triangles;
+  for (int row = 0; row < cells.rows; ++row) {
+    for (int column = 0; column < cells.columns; ++column) {
+      triangles.push_back({at(row, column), at(row, column + 1), at(row + 1, column + 1)});
+      triangles.push_back({at(row, column), at(row + 1, column + 1), at(row + 1, column)});
+    }
+  }
+  return {positions, triangles};
+}
+
+QVector3D onSphere(float latitude, float longitude) {
+  return {std::sin(latitude) * std::cos(longitude), std::cos(latitude),
+          std::sin(latitude) * std::sin(longitude)};
+}
+
+} // namespace
 
 Mesh cube(float edge) {
   const float h = edge / 2;
@@ -27,94 +63,45 @@ Mesh cube(float edge) {
 }
 
 Mesh square(float half, int cells, float z) {
-  std::vector<QVector3D> points;
-  for (int row = 0; row <= cells; ++row) {
-    for (int column = 0; column <= cells; ++column)
-      points.emplace_back(half * (2 * float(column) / float(cells) - 1),
-                          half * (2 * float(row) / float(cells) - 1), z);
-  }
-  std::vector<Mesh::Triangle> triangles;
-  const auto stride = std::uint32_t(cells + 1);
-  for (std::uint32_t row = 0; row + 1 < stride; ++row) {
-    for (std::uint32_t column = 0; column + 1 < stride; ++column) {
-      const std::uint32_t corner = row * stride + column;
-      triangles.push_back({corner, corner + 1, corner + stride + 1});
-      triangles.push_back({corner, corner + stride + 1, corner + stride});
-    }
-  }
-  return {points, triangles};
+  return grid({cells + 1, cells + 1}, {cells, cells}, [=](float row, float column) {
+    return QVector3D(half * (2 * column - 1), half * (2 * row - 1), z);
+  });
 }
 
 Mesh blob(int rings) {
-  constexpr double Pi = std::numbers::pi;
-  std::vector<QVector3D> points;
-  for (int v = 0; v <= rings; ++v) {
-    for (int u = 0; u < rings; ++u) {
-      const double latitude = Pi * v / rings;
-      const double longitude = 2 * Pi * u / rings;
-      const double radius = 1 + 0.1 * std::sin(7 * longitude) * std::sin(latitude) * std::sin(5 * latitude);
-      points.emplace_back(float(radius * std::sin(latitude) * std::cos(longitude)),
-                          float(radius * std::cos(latitude)),
-                          float(radius * std::sin(latitude) * std::sin(longitude)));
-    }
-  }
-  std::vector<Mesh::Triangle> triangles;
-  const auto n = std::uint32_t(rings);
-  for (std::uint32_t v = 0; v < n; ++v) {
-    for (std::uint32_t u = 0; u < n; ++u) {
-      const std::uint32_t a = v * n + u;
-      const std::uint32_t b = v * n + (u + 1) % n;
-      triangles.push_back({a, b, b + n});
-      triangles.push_back({a, b + n, a + n});
-    }
-  }
-  return {points, triangles};
+  return grid({rings + 1, rings}, {rings, rings}, [](float row, float column) {
+    const float latitude = Pi * row;
+    const float longitude = 2 * Pi * column;
+    return onSphere(latitude, longitude) *
+           (1 + 0.1F * std::sin(7 * longitude) * std::sin(latitude) * std::sin(5 * latitude));
+  });
 }
 
 Mesh sphere(int rings) {
-  constexpr double Pi = std::numbers::pi;
   const auto n = std::uint32_t(rings);
-  std::vector<QVector3D> points{{0, 1, 0}, {0, -1, 0}};
-  for (int v = 1; v < rings; ++v) {
-    for (int u = 0; u < rings; ++u) {
-      const double latitude = Pi * v / rings;
-      const double longitude = 2 * Pi * u / rings;
-      points.emplace_back(float(std::sin(latitude) * std::cos(longitude)), float(std::cos(latitude)),
-                          float(-std::sin(latitude) * std::sin(longitude)));
-    }
-  }
-  std::vector<Mesh::Triangle> triangles;
-  const auto at = [n](std::uint32_t v, std::uint32_t u) { return 2 + (v - 1) * n + u % n; };
+  const Mesh middle = grid({rings - 1, rings}, {rings - 2, rings}, [n](float row, float column) {
+    return onSphere(Pi * (1 + row * float(n - 2)) / float(n), 2 * Pi * column);
+  });
+  std::vector<QVector3D> points = middle.positions();
+  std::vector<Mesh::Triangle> triangles = middle.triangles();
+  const auto north = std::uint32_t(points.size());
+  for (const float pole : {1.0F, -1.0F})
+    points.emplace_back(0, pole, 0);
   for (std::uint32_t u = 0; u < n; ++u) {
-    triangles.push_back({0, at(1, u), at(1, u + 1)});
-    triangles.push_back({1, at(n - 1, u + 1), at(n - 1, u)});
-    for (std::uint32_t v = 1; v + 1 < n; ++v) {
-      triangles.push_back({at(v, u), at(v + 1, u), at(v + 1, u + 1)});
-      triangles.push_back({at(v, u), at(v + 1, u + 1), at(v, u + 1)});
-    }
+    const std::uint32_t next = (u + 1) % n;
+    triangles.push_back({north, next, u});
+    triangles.push_back({north + 1, north - n + u, north - n + next});
   }
   return {points, triangles};
 }
 
 Mesh torus(int rings) {
-  constexpr double Pi = std::numbers::pi;
-  const auto n = std::uint32_t(rings);
-  std::vector<QVector3D> points;
-  std::vector<Mesh::Triangle> triangles;
-  for (std::uint32_t u = 0; u < n; ++u) {
-    for (std::uint32_t v = 0; v < n; ++v) {
-      const double around = 2 * Pi * u / n;
-      const double tube = 2 * Pi * v / n;
-      const double radius = 1 + 0.4 * std::cos(tube);
-      points.emplace_back(float(radius * std::cos(around)), float(0.4 * std::sin(tube)),
-                          float(radius * std::sin(around)));
-      const std::uint32_t nextU = (u + 1) % n * n;
-      const std::uint32_t nextV = (v + 1) % n;
-      triangles.push_back({u * n + v, u * n + nextV, nextU + nextV});
-      triangles.push_back({u * n + v, nextU + nextV, nextU + v});
-    }
-  }
-  return {points, triangles};
+  return grid({rings, rings}, {rings, rings}, [](float row, float column) {
+    const float around = 2 * Pi * row;
+    const float tube = 2 * Pi * column;
+    const float radius = 1 + 0.4F * std::cos(tube);
+    return QVector3D(radius * std::cos(around), 0.4F * std::sin(tube), radius * std::sin(around));
+  });
 }
 
 Mesh merged(const Mesh& first, const Mesh& second) {

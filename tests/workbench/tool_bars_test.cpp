@@ -2,8 +2,8 @@
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 
-#include <support/test_case.h>
-#include <tqm_mesh_kernel/stepped_dispatcher.h>
+#include <support/input.h>
+#include <support/rows.h>
 #include <ui_base/notifications/floating_widget.h>
 #include <ui_base/popups/arrowed_window.h>
 #include <ui_base/popups/flyout_base.h>
@@ -30,30 +30,19 @@ class BarsBench : public WorkbenchFixture {
 public:
   ~BarsBench() { QApplication::setLayoutDirection(Qt::LeftToRight); }
 
-  bool show(const QSize& size) {
-    if (!start())
-      return false;
-    window().resize(size);
-    settle();
-    controller().showMesh(Test::blob(20), QStringLiteral("blob"));
-    settle();
-    return QTest::qWaitFor([this] { return view().isSettled(); });
-  }
+  explicit BarsBench(const QSize& size) : WorkbenchFixture(size) { show(Test::blob(20)); }
   void click(const QWidget& widget) {
-    QTest::mouseClick(window().windowHandle(), Qt::LeftButton, {},
-                      widget.mapTo(&window(), widget.rect().center()));
+    Vela::Test::click(widget);
     settle();
   }
   void selectByRectangle() {
     controller().findCommand(ModeCommand::idOf(RectangleMode))->setChecked(true);
     QWindow* const target = window().windowHandle();
-    const auto at = [this](double x, double y) {
-      return view().mapTo(&window(), QPoint(int(view().width() * x), int(view().height() * y)));
-    };
-    QTest::mousePress(target, Qt::LeftButton, {}, at(0.4, 0.4));
-    QTest::mouseMove(target, at(0.5, 0.5));
-    QTest::mouseMove(target, at(0.6, 0.6));
-    QTest::mouseRelease(target, Qt::LeftButton, {}, at(0.6, 0.6));
+    const QPoint middle = Vela::Test::inWindow(view());
+    QTest::mousePress(target, Qt::LeftButton, {}, middle - QPoint(60, 40));
+    QTest::mouseMove(target, middle);
+    QTest::mouseMove(target, middle + QPoint(60, 40));
+    QTest::mouseRelease(target, Qt::LeftButton, {}, middle + QPoint(60, 40));
     settle();
   }
   ToolBar& panel() { return bars().panel(); }
@@ -82,15 +71,6 @@ public:
   QRect inWindow(const QWidget& widget) { return {widget.mapTo(&window(), QPoint()), widget.size()}; }
 };
 
-QByteArray text(const QRect& rect) {
-  return QStringLiteral("%1,%2 %3x%4")
-      .arg(rect.x())
-      .arg(rect.y())
-      .arg(rect.width())
-      .arg(rect.height())
-      .toUtf8();
-}
-
 } // namespace
 
 /// The bars over the mesh, worked with mouse and keyboard.
@@ -99,28 +79,23 @@ class WorkbenchBarsTest : public Vela::Test::TestCase {
 
 private Q_SLOTS:
   void nothingOverlapsAtAnySize_data() {
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<Qt::LayoutDirection>("direction");
-    for (const QSize size : {QSize(640, 480), QSize(1280, 800), QSize(1920, 1080)}) {
-      for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft})
-        // From right to left the row of bars grows towards the panel, for which a small window has no room.
-        QTest::addRow("%d %s", size.width(), direction == Qt::LeftToRight ? "ltr" : "rtl")
-            << (direction == Qt::RightToLeft ? size.expandedTo(QSize(900, 600)) : size) << direction;
-    }
+    const Vela::Test::Rows<QSize, Qt::LayoutDirection> row("size", "direction");
+    row("small", {640, 480}, Qt::LeftToRight);
+    row("large", {1920, 1080}, Qt::LeftToRight);
+    // From right to left the row of bars grows towards the panel, for which a smaller window has no room.
+    row("right to left", {900, 600}, Qt::RightToLeft);
   }
   void nothingOverlapsAtAnySize() {
     QFETCH(QSize, size);
     QFETCH(Qt::LayoutDirection, direction);
-    BarsBench bench;
     QApplication::setLayoutDirection(direction);
-    QVERIFY(bench.show({800, 600}));
+    BarsBench bench({800, 600});
     bench.command<VolumePanelCommand>()->setChecked(true);
     bench.selectByRectangle();
     QTRY_VERIFY(bench.selectionBar() && bench.selectionBar()->isVisible());
     bench.controller().showNotification(QStringLiteral("What has been done to the mesh at last"),
                                         NotificationWarning);
-    bench.window().resize(size);
-    settle();
+    bench.resize(size);
     QTRY_COMPARE(bench.bars().mainBar().x(), (bench.view().width() - bench.bars().mainBar().width()) / 2);
 
     QList<const QWidget*> floating{&bench.bars().mainBar(), &bench.panel(), bench.selectionBar()};
@@ -129,10 +104,9 @@ private Q_SLOTS:
     QCOMPARE(floating.size(), 5);
     for (const QWidget* const widget : floating) {
       QVERIFY(widget->isVisible());
-      QVERIFY2(bench.view().rect().contains(widget->geometry()), text(widget->geometry()).constData());
+      QVERIFY(bench.view().rect().contains(widget->geometry()));
       for (const QWidget* const other : floating)
-        QVERIFY2(widget == other || !widget->geometry().intersects(other->geometry()),
-                 (text(widget->geometry()) + " / " + text(other->geometry())).constData());
+        QVERIFY(widget == other || !widget->geometry().intersects(other->geometry()));
     }
 
     bench.click(bench.group("Smoothing"));
@@ -143,24 +117,22 @@ private Q_SLOTS:
     bench.click(bench.flyoutButton());
     QVERIFY(bench.flyout().isVisible() && !menu.isVisible());
     const QRect popup = bench.inWindow(*bench.flyoutButton().GetArrowedWindow());
-    QVERIFY2(bench.window().rect().contains(popup) && !popup.intersects(button), text(popup).constData());
+    QVERIFY(bench.window().rect().contains(popup) && !popup.intersects(button));
   }
 
   void theFlyoutIsWorkedFromThePanel() {
-    BarsBench bench;
-    QVERIFY(bench.show({1280, 800}));
+    BarsBench bench({1280, 800});
     const auto before = bench.view().mesh().positions();
     QVERIFY(bench.openFlyoutByClicks());
     QVERIFY(bench.group("Smoothing").IsInExtendMode());
     {
-      Taren::Core::SteppedDispatcher dispatcher;
-      const Taren::Core::ScopedDispatcher installed(dispatcher);
+      Test::HeldWork work;
       bench.press(Qt::Key_Return);
       QVERIFY(bench.flyout().IsBusy());
       const QList<ToolButton*> locked = bench.panel().Buttons();
       for (const ToolButton* const button : locked)
         QVERIFY(!button->isEnabled());
-      dispatcher.runAll();
+      work.runAll();
     }
     QTRY_VERIFY(!bench.flyout().isVisible());
     QVERIFY(bench.view().mesh().positions() != before);
@@ -180,10 +152,8 @@ private Q_SLOTS:
   }
 
   void whatDoesNotFitIsReached() {
-    BarsBench bench;
-    QVERIFY(bench.show({640, 480}));
-    bench.window().resize(480, 360);
-    settle();
+    BarsBench bench({640, 480});
+    bench.resize({480, 360});
     QTRY_VERIFY(bench.view().rect().contains(bench.panel().geometry()));
     QToolButton* more = nullptr;
     for (QToolButton* const button :

@@ -3,9 +3,8 @@
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 
-#include <support/test_case.h>
-#include <tqm_mesh_kernel/stepped_dispatcher.h>
-#include <ui_base/commands/command_group.h>
+#include <support/input.h>
+#include <support/rows.h>
 #include <ui_base/tools/interactive_tool.h>
 #include <workbench/commands/decimate_mesh_command.h>
 #include <workbench/commands/history_command.h>
@@ -24,6 +23,7 @@
 using namespace Workbench;
 using namespace Vela::UiBase;
 using Test::WorkbenchFixture;
+using Vela::Test::Rows;
 using Vela::Test::settle;
 
 namespace {
@@ -31,48 +31,39 @@ namespace {
 /// A workbench that shows two squares side by side, of 8 triangles each, from the front.
 class Bench : public WorkbenchFixture {
 public:
-  bool show() {
-    if (!start())
-      return false;
-    window().resize(800, 600);
-    settle();
-    controller().showMesh(twoSquares(), QStringLiteral("squares"));
+  Bench() : WorkbenchFixture({800, 600}) {
+    WorkbenchFixture::show(Test::merged(squareAt(-1.5F), squareAt(1.5F)));
     Camera camera = view().camera();
     camera.orbit(-camera.yaw(), -camera.pitch());
     view().setCamera(camera);
-    return QTest::qWaitFor([this] { return view().isSettled(); });
+    QTRY_VERIFY(view().isSettled());
   }
 
-  void press(Qt::MouseButton button, const QPoint& at, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::mousePress(window().windowHandle(), button, modifiers, inWindow(at));
-  }
-  void move(const QPoint& to) { QTest::mouseMove(window().windowHandle(), inWindow(to)); }
-  void release(Qt::MouseButton button, const QPoint& at, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::mouseRelease(window().windowHandle(), button, modifiers, inWindow(at));
-  }
   void click(Qt::MouseButton button, const QPoint& at, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::mouseClick(window().windowHandle(), button, modifiers, inWindow(at));
+    Vela::Test::clickAt(view(), at, button, modifiers);
   }
   void doubleClick(const QPoint& at) {
-    QTest::mouseDClick(window().windowHandle(), Qt::LeftButton, {}, inWindow(at));
+    QTest::mouseDClick(window().windowHandle(), Qt::LeftButton, {}, Vela::Test::inWindow(view(), at));
   }
   // Holds the button at the end.
   void pull(Qt::MouseButton button, const QPoint& from, const QPoint& to,
             Qt::KeyboardModifiers modifiers = {}) {
-    press(button, from, modifiers);
-    move((from + to) / 2);
-    move(to);
+    QTest::mousePress(window().windowHandle(), button, modifiers, Vela::Test::inWindow(view(), from));
+    Vela::Test::moveMouse(view(), (from + to) / 2);
+    Vela::Test::moveMouse(view(), to);
   }
   void drag(Qt::MouseButton button, const QPoint& from, const QPoint& to,
             Qt::KeyboardModifiers modifiers = {}) {
     pull(button, from, to, modifiers);
     release(button, to, modifiers);
   }
+  void release(Qt::MouseButton button, const QPoint& at, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::mouseRelease(window().windowHandle(), button, modifiers, Vela::Test::inWindow(view(), at));
+  }
   void wheel(const QPoint& at, int delta) {
     QWheelEvent event(at, view().mapToGlobal(at), {}, {0, delta}, {}, {}, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(&view(), &event);
   }
-  using WorkbenchFixture::press;
 
   /// Where a point of the scene is seen.
   QPoint seen(float x, float y) {
@@ -83,7 +74,6 @@ public:
   QPoint background() { return {5, 5}; }
 
   CommandBase& mode(EToolMode which) { return *controller().findCommand(ModeCommand::idOf(which)); }
-  bool isEnabled(const QString& id) { return controller().findCommand(id)->isEnabled(); }
   std::size_t selected() { return view().document().selection().count(); }
   /// The view shows the cursor of the tool that picks, and no other tool lies over it.
   bool isAtRest() {
@@ -94,25 +84,16 @@ public:
   }
 
 private:
-  static Mesh twoSquares() {
-    const auto square = [](float x) {
-      const Mesh mesh = Test::square(1, 2);
-      std::vector<QVector3D> positions = mesh.positions();
-      for (QVector3D& position : positions)
-        position.setX(position.x() + x);
-      return Mesh(positions, mesh.triangles());
-    };
-    return Test::merged(square(-1.5F), square(1.5F));
+  static Mesh squareAt(float x) {
+    const Mesh square = Test::square(1, 2);
+    std::vector<QVector3D> positions = square.positions();
+    for (QVector3D& position : positions)
+      position.setX(position.x() + x);
+    return {positions, square.triangles()};
   }
-  QPoint inWindow(const QPoint& at) { return view().mapTo(&window(), at); }
 };
 
-class GroupObserver : public DynamicCommandGroupStateProtocol {
-public:
-  void commandGroupBegan(CommandGroup*) override { calls += QLatin1Char('+'); }
-  void commandGroupEnded(CommandGroup*) override { calls += QLatin1Char('-'); }
-  QString calls;
-};
+using Act = std::function<void(Bench&)>;
 
 } // namespace
 
@@ -123,7 +104,6 @@ class ToolsTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void dragsMoveTheCamera() {
     Bench bench;
-    QVERIFY(bench.show());
     const Camera first = bench.view().camera();
     const QPoint from = bench.left();
     const QVector3D taken = bench.view().pick(from)->point;
@@ -146,33 +126,25 @@ private Q_SLOTS:
     QCOMPARE(bench.view().camera().target(), first.target());
     QVERIFY(!QApplication::activePopupWidget());
     QVERIFY(bench.isAtRest());
-    QCOMPARE(bench.selected(), std::size_t(0));
   }
 
   void keysMoveTheCamera_data() {
-    QTest::addColumn<Qt::Key>("key");
-    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-    QTest::addColumn<std::function<bool(const Camera&, const Camera&)>>("moved");
-    using Moved = std::function<bool(const Camera&, const Camera&)>;
-    QTest::newRow("turn") << Qt::Key_Right << Qt::KeyboardModifiers() << Moved([](auto& a, auto& b) {
-      return b.yaw() < a.yaw() && b.pitch() == a.pitch();
-    });
-    QTest::newRow("tilt") << Qt::Key_Down << Qt::KeyboardModifiers() << Moved([](auto& a, auto& b) {
-      return b.pitch() > a.pitch() && b.yaw() == a.yaw();
-    });
-    QTest::newRow("shift") << Qt::Key_Left << Qt::KeyboardModifiers(Qt::ShiftModifier)
-                           << Moved([](auto& a, auto& b) { return b.target().x() > a.target().x(); });
-    QTest::newRow("nearer") << Qt::Key_Plus << Qt::KeyboardModifiers()
-                            << Moved([](auto& a, auto& b) { return b.distance() < a.distance(); });
-    QTest::newRow("farther") << Qt::Key_Minus << Qt::KeyboardModifiers()
-                             << Moved([](auto& a, auto& b) { return b.distance() > a.distance(); });
+    const Rows<Qt::Key, Qt::KeyboardModifiers, std::function<bool(const Camera&, const Camera&)>> row(
+        "key", "modifiers", "moved");
+    row("turn", Qt::Key_Right, {},
+        [](auto& a, auto& b) { return b.yaw() < a.yaw() && b.pitch() == a.pitch(); });
+    row("tilt", Qt::Key_Down, {},
+        [](auto& a, auto& b) { return b.pitch() > a.pitch() && b.yaw() == a.yaw(); });
+    row("shift", Qt::Key_Left, Qt::ShiftModifier,
+        [](auto& a, auto& b) { return b.target().x() > a.target().x(); });
+    row("nearer", Qt::Key_Plus, {}, [](auto& a, auto& b) { return b.distance() < a.distance(); });
+    row("farther", Qt::Key_Minus, {}, [](auto& a, auto& b) { return b.distance() > a.distance(); });
   }
   void keysMoveTheCamera() {
     QFETCH(Qt::Key, key);
     QFETCH(Qt::KeyboardModifiers, modifiers);
     QFETCH(std::function<bool(const Camera&, const Camera&)>, moved);
     Bench bench;
-    QVERIFY(bench.show());
     const Camera first = bench.view().camera();
     bench.press(key, modifiers);
     QVERIFY(moved(first, bench.view().camera()));
@@ -180,13 +152,12 @@ private Q_SLOTS:
 
   // Also when the hand trembles; with the keyboard; and never on the press.
   void theMenuOpensOnAClick_data() {
-    QTest::addColumn<std::function<void(Bench&)>>("ask");
-    using Ask = std::function<void(Bench&)>;
-    QTest::newRow("click") << Ask([](Bench& bench) { bench.click(Qt::RightButton, bench.left()); });
-    QTest::newRow("trembling click") << Ask(
+    const Rows<Act> row("ask");
+    row("click", [](Bench& bench) { bench.click(Qt::RightButton, bench.left()); });
+    row("trembling click",
         [](Bench& bench) { bench.drag(Qt::RightButton, bench.left(), bench.left() + QPoint(2, 2)); });
-    QTest::newRow("Shift+F10") << Ask([](Bench& bench) { bench.press(Qt::Key_F10, Qt::ShiftModifier); });
-    QTest::newRow("menu key") << Ask([](Bench& bench) {
+    row("Shift+F10", [](Bench& bench) { bench.press(Qt::Key_F10, Qt::ShiftModifier); });
+    row("menu key", [](Bench& bench) {
       for (const auto reason : {QContextMenuEvent::Mouse, QContextMenuEvent::Keyboard}) {
         QVERIFY(!QApplication::activePopupWidget());
         QContextMenuEvent event(reason, bench.left(), bench.view().mapToGlobal(bench.left()));
@@ -195,9 +166,8 @@ private Q_SLOTS:
     });
   }
   void theMenuOpensOnAClick() {
-    QFETCH(std::function<void(Bench&)>, ask);
+    QFETCH(Act, ask);
     Bench bench;
-    QVERIFY(bench.show());
     const Camera first = bench.view().camera();
     ask(bench);
     QPointer<QMenu> menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
@@ -211,7 +181,6 @@ private Q_SLOTS:
 
   void clicksSelect() {
     Bench bench;
-    QVERIFY(bench.show());
     bench.click(Qt::LeftButton, bench.left());
     QCOMPARE(bench.selected(), std::size_t(1));
     bench.click(Qt::LeftButton, bench.right());
@@ -236,7 +205,6 @@ private Q_SLOTS:
 
   void rectanglesSelect() {
     Bench bench;
-    QVERIFY(bench.show());
     bench.press(Qt::Key_3, Qt::ControlModifier);
     const QPoint corner = bench.seen(-2.7F, 1.2F);
     const QPoint middle = bench.seen(0, -1.2F);
@@ -262,7 +230,6 @@ private Q_SLOTS:
 
   void measuresOnTheSurface() {
     Bench bench;
-    QVERIFY(bench.show());
     bench.press(Qt::Key_2, Qt::ControlModifier);
     Measurements& measurements = bench.view().measurements();
     const QPoint from = bench.seen(-2, 0.5F);
@@ -275,7 +242,7 @@ private Q_SLOTS:
     QVERIFY(qAbs(a.distanceToPoint(b) - 4) < 0.1F);
     QVERIFY(bench.view().statusText().contains(measurements.text()));
     bench.click(Qt::LeftButton, from);
-    bench.move(to);
+    Vela::Test::moveMouse(bench.view(), to);
     bench.click(Qt::LeftButton, to);
     QCOMPARE(measured(), std::size_t(2));
     bench.doubleClick(from);
@@ -303,39 +270,32 @@ private Q_SLOTS:
   // In whatever order modes are switched, files opened and commands end.
   void modesLeaveNothingBehind() {
     Bench bench;
-    QVERIFY(bench.show());
     const QString other = bench.write("cube.obj", Test::objFile(Test::cube(2)));
     RecentFiles::add(other); // as it will be
     settle();
     const QString selectAll = SelectionCommand::idOf(SelectAll);
     const CommandContext before = bench.controller().availability();
-    Taren::Core::SteppedDispatcher dispatcher;
-    const Taren::Core::ScopedDispatcher installed(dispatcher);
-
+    Test::HeldWork work;
     bench.press(Qt::Key_2, Qt::ControlModifier);
-    dispatcher.runAll();
+    work.runAll();
     QVERIFY(!bench.isEnabled(selectAll));
     bench.press(Qt::Key_M, Qt::ControlModifier); // begins while it measures
-    while (dispatcher.step(Taren::Core::MainThreadQoS)) {
-    }
+    work.runMain();
     bench.press(Qt::Key_3, Qt::ControlModifier);
-    while (dispatcher.step(Taren::Core::MainThreadQoS)) {
-    }
+    work.runMain();
     QVERIFY(bench.isEnabled(selectAll));
     bench.press(Qt::Key_2, Qt::ControlModifier);
     bench.controller().openFiles({other});
     bench.press(Qt::Key_S, Qt::AltModifier); // the smoothing is stopped, and the mesh replaced
     QTRY_VERIFY(!QApplication::activeModalWidget());
-    dispatcher.runAll();
+    work.runAll();
     QCOMPARE(bench.triangles(), std::size_t(12));
     QVERIFY(!bench.isEnabled(selectAll));
     QVERIFY(bench.mode(MeasureMode).isChecked());
     QVERIFY(bench.controller().contextStack().isEmpty());
     bench.press(Qt::Key_Escape);
-    dispatcher.runAll();
-    QVERIFY(bench.mode(PickMode).isChecked());
+    work.runAll();
     QVERIFY(bench.isAtRest());
-    QVERIFY(bench.isEnabled(selectAll));
     QCOMPARE(bench.controller().availability(), before);
     const auto& states = before.get();
     for (auto it = states.cbegin(); it != states.cend(); ++it)
@@ -344,16 +304,13 @@ private Q_SLOTS:
 
   void operationsLockTheMeshAndCanBeCancelledAndUndone() {
     Bench bench;
-    QVERIFY(bench.show());
-    bench.controller().showMesh(Test::blob(20), QStringLiteral("blob"));
-    Taren::Core::SteppedDispatcher dispatcher;
-    const Taren::Core::ScopedDispatcher installed(dispatcher);
+    bench.show(Test::blob(20));
+    Test::HeldWork work;
     const auto before = bench.view().mesh().positions();
     const auto begin = [&] {
-      dispatcher.runAll();
+      work.runAll();
       bench.press(Qt::Key_M, Qt::ControlModifier);
-      while (dispatcher.step(Taren::Core::MainThreadQoS)) {
-      }
+      work.runMain();
     };
 
     begin();
@@ -362,44 +319,40 @@ private Q_SLOTS:
       QVERIFY2(!bench.isEnabled(id), qPrintable(id));
     QCOMPARE(bench.notification(), QStringLiteral("Smoothing…"));
     bench.press(Qt::Key_Escape);
-    dispatcher.runAll();
+    work.runAll();
     QCOMPARE(bench.notification(), QStringLiteral("Smooth Mesh was cancelled."));
     QVERIFY(bench.view().mesh().positions() == before);
     QVERIFY(!bench.view().document().undoStack()->canUndo());
 
     begin();
-    dispatcher.runAll();
+    work.runAll();
     QVERIFY(bench.view().mesh().positions() != before);
     bench.view().document().undoStack()->undo();
     QVERIFY(bench.view().mesh().positions() == before);
   }
 
   void theRotationCentreIsSetByAClick_data() {
-    QTest::addColumn<std::function<void(Bench&)>>("end");
-    QTest::addColumn<bool>("moves");
-    using End = std::function<void(Bench&)>;
-    QTest::newRow("click") << End([](Bench& bench) {
+    const Rows<Act, bool> row("end", "moves");
+    const auto click = [](Bench& bench) {
       bench.click(Qt::LeftButton, bench.background());
       bench.click(Qt::LeftButton, bench.right());
-    }) << true;
-    QTest::newRow("Escape") << End([](Bench& bench) { bench.press(Qt::Key_Escape); }) << false;
-    QTest::newRow("right click") << End([](Bench& bench) {
-      bench.drag(Qt::RightButton, bench.right(), bench.right() + QPoint(1, 1));
-    }) << false;
-    QTest::newRow("again") << End([](Bench& bench) { bench.press(Qt::Key_R, Qt::ControlModifier); }) << false;
-    QTest::newRow("another mode") << End([](Bench& bench) {
-      bench.press(Qt::Key_2, Qt::ControlModifier);
-      bench.press(Qt::Key_1, Qt::ControlModifier);
-    }) << false;
-    QTest::newRow("another mesh") << End([](Bench& bench) {
-      bench.controller().showMesh(bench.view().mesh(), {});
-    }) << false;
+    };
+    row("click", click, true);
+    row(
+        "Escape", [](Bench& bench) { bench.press(Qt::Key_Escape); }, false);
+    row(
+        "right click", [](Bench& bench) { bench.click(Qt::RightButton, bench.right()); }, false);
+    row(
+        "again", [](Bench& bench) { bench.press(Qt::Key_R, Qt::ControlModifier); }, false);
+    row(
+        "another mode", [](Bench& bench) { bench.press(Qt::Key_2, Qt::ControlModifier); }, false);
+    row(
+        "another mesh", [](Bench& bench) { bench.controller().showMesh(bench.view().mesh(), {}); }, false);
   }
   void theRotationCentreIsSetByAClick() {
-    QFETCH(std::function<void(Bench&)>, end);
+    QFETCH(Act, end);
     QFETCH(bool, moves);
     Bench bench;
-    QVERIFY(bench.show());
     const QVector3D point = bench.view().pick(bench.right())->point;
     bench.press(Qt::Key_R, Qt::ControlModifier);
     QVERIFY(!bench.notification().isEmpty());
@@ -407,6 +360,7 @@ private Q_SLOTS:
     bench.drag(Qt::RightButton, bench.left(), bench.left() + QPoint(30, 0)); // still turns
     bench.drag(Qt::RightButton, bench.left(), bench.left() - QPoint(30, 0));
     end(bench);
+    bench.mode(PickMode).setChecked(true);
     QCOMPARE(bench.view().camera().target().distanceToPoint(point) < 0.1F, moves);
     QCOMPARE(bench.selected(), std::size_t(0));
     QVERIFY(bench.notification().isEmpty());

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "workbench_fixture.h"
 
-#include <support/test_case.h>
+#include <support/input.h>
 #include <ui_base/notifications/notification_bar.h>
 #include <ui_base/toolbars/toolbar_manager.h>
 #include <vlk_app_service/application_service.h>
@@ -14,21 +14,27 @@
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QMimeData>
+#include <QSignalSpy>
 #include <QWindow>
 
 namespace Workbench::Test {
 
 using namespace Vela;
 
-WorkbenchFixture::WorkbenchFixture() {
+WorkbenchFixture::WorkbenchFixture(const QSize& size) {
   auto& service = Services::ApplicationService::GetInstance();
   service.setConfigManager(std::make_unique<Services::ConfigManager>(path(QStringLiteral("settings.ini"))));
   UiBase::NotificationBar::setDefaultFadeDuration(0);
   Resource::Styles::Instance().setPalette(Resource::Light);
   Options options;
-  options.size = {400, 300};
+  options.size = size;
   m_app = std::make_shared<WorkbenchApp>(options);
   m_kernel.registerService(m_app);
+  if (m_kernel.start() != Taren::Core::RcmSuccess)
+    qFatal("the workbench does not start");
+  bars().setAnimationDuration(0);
+  bars().dynamicBars().setGatheringTime(0);
+  Vela::Test::showActive(window());
 }
 
 WorkbenchFixture::~WorkbenchFixture() {
@@ -38,13 +44,23 @@ WorkbenchFixture::~WorkbenchFixture() {
   Services::ApplicationService::GetInstance().setConfigManager(nullptr);
 }
 
-bool WorkbenchFixture::start() {
-  if (m_kernel.start() != Taren::Core::RcmSuccess)
-    return false;
-  bars().setAnimationDuration(0);
-  bars().dynamicBars().setGatheringTime(0);
-  window().activateWindow();
-  return QTest::qWaitForWindowActive(&window());
+void WorkbenchFixture::open(const QString& file) {
+  QSignalSpy finished(&controller().events(), &MeshViewEvents::openFinished);
+  controller().openFiles({file});
+  QTRY_COMPARE(finished.count(), 1);
+  QTRY_VERIFY(view().isSettled());
+  Vela::Test::settle();
+}
+
+void WorkbenchFixture::show(const Mesh& mesh) {
+  controller().showMesh(mesh, QStringLiteral("mesh"));
+  Vela::Test::settle();
+  QTRY_VERIFY(view().isSettled());
+}
+
+void WorkbenchFixture::resize(const QSize& size) {
+  window().resize(size);
+  Vela::Test::settle();
 }
 
 QString WorkbenchFixture::write(const QString& name, const QByteArray& content) {

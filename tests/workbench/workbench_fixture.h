@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <support/test_case.h>
 #include <tqm_mesh_kernel/kernel.h>
+#include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/commands/command_base.h>
 #include <workbench/main_window.h>
 #include <workbench/mesh_view.h>
@@ -18,12 +20,10 @@ namespace Workbench::Test {
 /// The workbench as the program starts it, with settings and files of its own, driven through its windows.
 class WorkbenchFixture {
 public:
-  WorkbenchFixture();
+  /// Starts it in a window of this size, and gives that the keyboard.
+  explicit WorkbenchFixture(const QSize& size = {400, 300});
   ~WorkbenchFixture();
   Q_DISABLE_COPY_MOVE(WorkbenchFixture)
-
-  /// Starts it and gives its window the keyboard. @return false when that fails.
-  bool start();
 
   WorkbenchApp& app() { return *m_app; }
   MainWindow& window() { return *m_app->window(); }
@@ -41,6 +41,8 @@ public:
     return dynamic_cast<Command*>(controller().findCommand(Command::className()));
   }
 
+  bool isEnabled(const QString& id) { return controller().findCommand(id)->isEnabled(); }
+
   void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
   /// The file dialog that is open, waited for.
   QFileDialog* fileDialog();
@@ -48,6 +50,12 @@ public:
   bool chooseFile(const QString& path);
   /// On the mesh view unless told.
   void drop(const QStringList& files, QWidget* target = nullptr);
+
+  /// Opens a file the short way and waits for the end.
+  void open(const QString& file);
+  /// Shows a mesh and waits until it is drawn.
+  void show(const Mesh& mesh);
+  void resize(const QSize& size);
 
   /// What the notification over the view says; empty when there is none.
   QString notification();
@@ -57,6 +65,21 @@ private:
   QTemporaryDir m_folder;
   Taren::Core::Kernel m_kernel;
   std::shared_ptr<WorkbenchApp> m_app;
+};
+
+/// As long as it lives, work is done only when told.
+class HeldWork {
+public:
+  void runMain() {
+    while (m_dispatcher.step(Taren::Core::MainThreadQoS)) {
+    }
+  }
+  void runAll() { m_dispatcher.runAll(); }
+  Taren::Core::SteppedDispatcher& dispatcher() { return m_dispatcher; }
+
+private:
+  Taren::Core::SteppedDispatcher m_dispatcher;
+  const Taren::Core::ScopedDispatcher m_installed{m_dispatcher};
 };
 
 /// How many pixels show something else than the background at their height, which the left edge shows.
