@@ -29,17 +29,13 @@ class NotingCommand : public CommandBase {
   COMMAND_ID(NotingCommand)
 
 public:
-  explicit NotingCommand(CmdsViewController* controller, QString suffix = {})
-      : CommandBase(controller), m_suffix(std::move(suffix)) {}
+  explicit NotingCommand(CmdsViewController* controller) : CommandBase(controller) {}
   bool onExecuteAsync(bool) override {
     if (work)
       work();
     return true;
   }
   std::function<void()> work;
-
-private:
-  QString m_suffix;
 };
 
 class SecondCommand : public NotingCommand {
@@ -132,42 +128,27 @@ class CmdsViewControllerTest : public Vela::Test::TestCase {
 
 private Q_SLOTS:
   void initTestCase() { NotificationBar::setDefaultFadeDuration(0); }
-  void viewReachesVirtualBase();
   void commandsComeFromAppManagerInOrder();
   void closingUnchecksAndRemovesCommands();
   void nextViewOfHeldControllerLoadsFreshCommands();
-  void busyCursorFramesExecution_data();
   void busyCursorFramesExecution();
-  void executionMessages_data();
   void executionMessages();
   void runIsShownAndCancelled_data();
   void runIsShownAndCancelled();
   void eachRunHasARowThatComesBack();
-  void busyCursorEndsWithItsCommandOrController_data();
   void busyCursorEndsWithItsCommandOrController();
   void commandFindsItsViewUntilItDies();
   void pendingContextDoesNotReachControllerDeletedByHand();
 };
 
-void CmdsViewControllerTest::viewReachesVirtualBase() {
-  BaseView view;
-  auto* const controller = new PhotoController(&view);
-  QCOMPARE(controller->getView(), &view);
-  QCOMPARE(view.getViewController(), static_cast<BaseViewController*>(controller));
-  QCOMPARE(controller->shared_from_this().use_count(), 2L);
-  QVERIFY(controller->CmdMgr::shared_from_this() != nullptr);
-}
-
 void CmdsViewControllerTest::commandsComeFromAppManagerInOrder() {
   const Screen screen;
-  QCOMPARE(std::as_const(*screen.controller).commandBag().count(), 2);
-  QCOMPARE(std::as_const(*screen.controller).commandBag().commandAt(0)->commandId(),
-           NotingCommand::className());
-  QCOMPARE(std::as_const(*screen.controller).commandBag().commandAt(1)->commandId(),
-           SecondCommand::className());
   screen.view->hide();
   screen.view->show();
-  QCOMPARE(std::as_const(*screen.controller).commandBag().count(), 2);
+  const CommandBag& bag = std::as_const(*screen.controller).commandBag();
+  QCOMPARE(bag.count(), 2);
+  QCOMPARE(bag.commandAt(0)->commandId(), NotingCommand::className());
+  QCOMPARE(bag.commandAt(1)->commandId(), SecondCommand::className());
 }
 
 void CmdsViewControllerTest::closingUnchecksAndRemovesCommands() {
@@ -195,66 +176,42 @@ void CmdsViewControllerTest::nextViewOfHeldControllerLoadsFreshCommands() {
   held->setView(nullptr);
 }
 
-void CmdsViewControllerTest::busyCursorFramesExecution_data() {
-  QTest::addColumn<bool>("before");
-  QTest::addColumn<bool>("during");
-  QTest::addColumn<int>("cursors");
-  QTest::newRow("enabled") << true << true << 1;
-  QTest::newRow("disabled") << false << false << 0;
-  QTest::newRow("switched off meanwhile") << true << false << 1;
-  QTest::newRow("switched on meanwhile") << false << true << 0;
-}
-
 void CmdsViewControllerTest::busyCursorFramesExecution() {
-  QFETCH(const bool, before);
-  QFETCH(const bool, during);
-  QFETCH(const int, cursors);
-  const Screen screen;
-  QApplication::setOverrideCursor(Qt::CrossCursor); // somebody else's
-  NotingCommand* const command = screen.command();
-  command->enableExecutionNotification(before);
-  int seen = 0;
-  command->work = [&] {
-    seen = overrideCursors() - 1;
-    command->enableExecutionNotification(during);
-  };
-  command->trigger();
-  QCOMPARE(seen, cursors);
-  QCOMPARE(overrideCursors(), 1);
-  QApplication::restoreOverrideCursor();
-  QVERIFY(!screen.controller->isNotificationShowing());
-}
-
-void CmdsViewControllerTest::executionMessages_data() {
-  QTest::addColumn<QString>("start");
-  QTest::addColumn<QString>("end");
-  QTest::addColumn<bool>("shownDuring");
-  QTest::addColumn<bool>("shownAfter");
-  QTest::newRow("both") << "Loading…"
-                        << "Loaded." << true << true;
-  QTest::newRow("start only") << "Loading…"
-                              << "" << true << false;
-  QTest::newRow("end only") << ""
-                            << "Loaded." << false << true;
-  QTest::newRow("none") << ""
-                        << "" << false << false;
+  for (const bool before : {true, false}) {
+    for (const bool meanwhile : {true, false}) {
+      const Screen screen;
+      QApplication::setOverrideCursor(Qt::CrossCursor); // somebody else's
+      NotingCommand* const command = screen.command();
+      command->enableExecutionNotification(before);
+      int seen = 0;
+      command->work = [&] {
+        seen = overrideCursors() - 1;
+        command->enableExecutionNotification(meanwhile);
+      };
+      command->trigger();
+      QCOMPARE(seen, before ? 1 : 0);
+      QCOMPARE(overrideCursors(), 1);
+      QApplication::restoreOverrideCursor();
+      QVERIFY(!screen.controller->isNotificationShowing());
+    }
+  }
 }
 
 void CmdsViewControllerTest::executionMessages() {
-  QFETCH(const QString, start);
-  QFETCH(const QString, end);
-  QFETCH(const bool, shownDuring);
-  QFETCH(const bool, shownAfter);
-  const Screen screen;
-  NotingCommand* const command = screen.command();
-  command->enableExecutionNotification(true);
-  command->setExecutionNotificationMessage(StartNotification, start);
-  command->setExecutionNotificationMessage(EndNotification, end);
-  bool during = false;
-  command->work = [&] { during = screen.controller->isNotificationShowing(); };
-  command->trigger();
-  QCOMPARE(during, shownDuring);
-  QCOMPARE(screen.controller->isNotificationShowing(), shownAfter);
+  for (const QString start : {"Loading…", ""}) {
+    for (const QString end : {"Loaded.", ""}) {
+      const Screen screen;
+      NotingCommand* const command = screen.command();
+      command->enableExecutionNotification(true);
+      command->setExecutionNotificationMessage(StartNotification, start);
+      command->setExecutionNotificationMessage(EndNotification, end);
+      bool during = false;
+      command->work = [&] { during = screen.controller->isNotificationShowing(); };
+      command->trigger();
+      QCOMPARE(during, !start.isEmpty());
+      QCOMPARE(screen.controller->isNotificationShowing(), !end.isEmpty());
+    }
+  }
 }
 
 void CmdsViewControllerTest::runIsShownAndCancelled_data() {
@@ -321,35 +278,27 @@ void CmdsViewControllerTest::eachRunHasARowThatComesBack() {
   QTRY_VERIFY(screen.cancelButtons().isEmpty());
 }
 
-void CmdsViewControllerTest::busyCursorEndsWithItsCommandOrController_data() {
-  QTest::addColumn<int>("end");
-  QTest::newRow("command removed") << 0;
-  QTest::newRow("view closed") << 1;
-  QTest::newRow("view deleted") << 2;
-}
-
 void CmdsViewControllerTest::busyCursorEndsWithItsCommandOrController() {
-  QFETCH(const int, end);
-  SteppedDispatcher dispatcher;
-  const ScopedDispatcher installed(dispatcher);
-  {
+  for (const char* end : {"command removed", "view closed", "view deleted"}) {
+    SteppedDispatcher dispatcher;
+    const ScopedDispatcher installed(dispatcher);
     const Screen screen;
     NotingCommand* const command = screen.command();
     command->enableExecutionNotification(true);
     command->setExecutionQoS(Taren::Core::NormalQoS);
     command->trigger();
     QCOMPARE(overrideCursors(), 1);
-    if (end == 0)
+    if (qstrcmp(end, "command removed") == 0)
       screen.controller->removeCommand(command);
-    else if (end == 1)
+    else if (qstrcmp(end, "view closed") == 0)
       screen.view->close();
     else
       delete screen.view;
     QCOMPARE(overrideCursors(), 0);
     dispatcher.runAll();
     QCOMPARE(overrideCursors(), 0);
+    QVERIFY(ApplicationService::GetInstance().isWorkspaceSwitchingEnabled());
   }
-  QVERIFY(ApplicationService::GetInstance().isWorkspaceSwitchingEnabled());
 }
 
 void CmdsViewControllerTest::commandFindsItsViewUntilItDies() {

@@ -2,63 +2,16 @@
 #include "tool_screen.h"
 
 #include <support/test_case.h>
-#include <ui_base/commands/command_base.h>
 
 #include <QDialog>
 #include <QMenu>
 #include <QMouseEvent>
 
-using Taren::Objects::adoptShared;
 using Vela::Test::RecordingTool;
 using Vela::Test::ToolScreen;
 using namespace Vela::UiBase;
 
-namespace {
-
-/// Takes the input named in takes while it executes.
-class InputCommand : public CommandBase, public ViewResponder {
-  Q_OBJECT
-  COMMAND_ID(InputCommand)
-
-public:
-  InputCommand(CmdsViewController* controller, std::shared_ptr<QStringList> journal)
-      : CommandBase(controller), m_journal(std::move(journal)) {}
-
-  QStringList takes;
-
-  void begin() {
-    broadcast([this](CommandStateProtocol* observer) { observer->commandBegan(this); });
-  }
-  void end() {
-    broadcast([this](CommandStateProtocol* observer) { observer->commandEnded(this); });
-  }
-  bool onExecuteAsync(bool) override {
-    if (work)
-      work();
-    return true;
-  }
-  std::function<void()> work;
-
-  bool mousePress(QMouseEvent*) override { return taken("press"); }
-  bool mouseMove(QMouseEvent*) override { return taken("move"); }
-  bool mouseRelease(QMouseEvent*) override { return taken("release"); }
-  bool mouseDoubleClick(QMouseEvent*) override { return taken("double"); }
-  bool mouseWheel(QWheelEvent*) override { return taken("wheel"); }
-  bool keyPress(QKeyEvent*) override { return taken("key"); }
-  bool keyRelease(QKeyEvent*) override { return taken("keyup"); }
-
-private:
-  bool taken(const QString& input) {
-    if (takes.contains(input))
-      m_journal->append("command:" + input);
-    return takes.contains(input);
-  }
-
-  const std::shared_ptr<QStringList> m_journal;
-};
-
-} // namespace
-
+/// Which tool gets what, which cursor is seen, and how operations end.
 class ToolRoutingTest : public Vela::Test::TestCase {
   Q_OBJECT
 
@@ -76,68 +29,43 @@ private Q_SLOTS:
   void toolMayActWhereItsOperationEnds();
   void operationEndsWithItsMouse_data();
   void operationEndsWithItsMouse();
-  void viewMayGoDuringAnOperation_data();
   void viewMayGoDuringAnOperation();
   void movingTheMouseLeavesTheFocus();
-
-  void executingCommandComesFirst_data();
-  void executingCommandComesFirst();
-  void executingCommandIsTheOneThatBegan();
-  void endedCommandGivesWayToTheOneBefore();
-  void commandThatTakesTheReleaseLeavesNoOperation();
 };
 
 void ToolRoutingTest::inputReachesTheRightTool_data() {
   QTest::addColumn<QString>("script");
   QTest::addColumn<QString>("told");
-  QTest::newRow("left drag") << "L+ mv L-"
-                             << "left:press left:move left:release left:end";
-  QTest::newRow("middle drag") << "M+ mv M-"
-                               << "middle:press middle:move middle:release middle:end";
-  QTest::newRow("right drag") << "R+ mv R-"
-                              << "right:press right:move right:release right:end";
-  QTest::newRow("right click opens the menu") << "R+ R-"
-                                              << "menu";
-  QTest::newRow("no menu after a drag, also one that was ended")
-      << "R+ mv L+ L- R-"
-      << "right:press right:move right:end left:press "
-         "left:release left:end";
-  QTest::newRow("hover") << "mv"
-                         << "left:move";
-  QTest::newRow("right press ends left drag") << "L+ R+ mv L- R-"
-                                              << "left:press left:end right:press right:move right:release "
-                                                 "right:release right:end";
-  QTest::newRow("left press ends right drag")
-      << "R+ mv L+ mv L- R-"
-      << "right:press right:move right:end left:press left:move left:release left:end";
-  QTest::newRow("middle press ends left drag")
-      << "L+ M+ mv M- L-"
-      << "left:press left:end middle:press middle:move middle:release "
-         "middle:end";
-  QTest::newRow("release of another button") << "M+ R+ R-"
-                                             << "middle:press middle:end menu";
-  QTest::newRow("any release drops the right press") << "R+ L+ L- mv R-"
-                                                     << "left:press left:release left:end right:move";
-  QTest::newRow("no menu in the middle of an operation")
-      << "R+ L+ R- mv L-"
-      << "left:press left:release left:move left:release left:end";
-  QTest::newRow("operations that begin by themselves take turns")
-      << "M+ begin key M-"
-      << "middle:press middle:end left:key left:keyup right:release right:end";
-  QTest::newRow("wheel") << "wh"
-                         << "left:wheel wheel:wheel";
-  QTest::newRow("no wheel during a drag") << "L+ wh L-"
-                                          << "left:press left:release left:end";
-  QTest::newRow("keys go to the left tool, also during a drag")
-      << "key M+ key M-"
-      << "left:key left:keyup middle:press left:key left:keyup middle:release middle:end";
-  QTest::newRow("double click presses once") << "LL"
-                                             << "left:press left:release left:end left:double";
-  QTest::newRow("right double click") << "RR"
-                                      << "menu right:double";
-  QTest::newRow("double click ends another drag")
-      << "R+ mv LL R-"
-      << "right:press right:move right:end left:press left:release left:end left:double";
+  const auto row = [](const char* name, const char* script, const char* told) {
+    QTest::newRow(name) << QString::fromLatin1(script) << QString::fromLatin1(told);
+  };
+  row("left drag", "L+ mv L-", "left:press left:move left:release left:end");
+  row("middle drag", "M+ mv M-", "middle:press middle:move middle:release middle:end");
+  row("right drag", "R+ mv R-", "right:press right:move right:release right:end");
+  row("right click opens the menu", "R+ R-", "menu");
+  row("no menu after a drag, also one that was ended", "R+ mv L+ L- R-",
+      "right:press right:move right:end left:press left:release left:end");
+  row("hover", "mv", "left:move");
+  row("right press ends left drag", "L+ R+ mv L- R-",
+      "left:press left:end right:press right:move right:release right:release right:end");
+  row("left press ends right drag", "R+ mv L+ mv L- R-",
+      "right:press right:move right:end left:press left:move left:release left:end");
+  row("middle press ends left drag", "L+ M+ mv M- L-",
+      "left:press left:end middle:press middle:move middle:release middle:end");
+  row("release of another button", "M+ R+ R-", "middle:press middle:end menu");
+  row("any release drops the right press", "R+ L+ L- mv R-", "left:press left:release left:end right:move");
+  row("no menu in the middle of an operation", "R+ L+ R- mv L-",
+      "left:press left:release left:move left:release left:end");
+  row("operations that begin by themselves take turns", "M+ begin key M-",
+      "middle:press middle:end left:key left:keyup right:release right:end");
+  row("wheel", "wh", "left:wheel wheel:wheel");
+  row("no wheel during a drag", "L+ wh L-", "left:press left:release left:end");
+  row("keys go to the left tool, also during a drag", "key M+ key M-",
+      "left:key left:keyup middle:press left:key left:keyup middle:release middle:end");
+  row("double click presses once", "LL", "left:press left:release left:end left:double");
+  row("right double click", "RR", "menu right:double");
+  row("double click ends another drag", "R+ mv LL R-",
+      "right:press right:move right:end left:press left:release left:end left:double");
 }
 
 void ToolRoutingTest::inputReachesTheRightTool() {
@@ -153,29 +81,19 @@ void ToolRoutingTest::inputReachesTheRightTool() {
 }
 
 void ToolRoutingTest::heldBackPressIsReplayedWhereItWas() {
-  ToolScreen screen;
-  QPointF pressed;
-  QPointF moved;
-  class Tool : public InteractiveTool {
-  public:
-    Tool(BaseView* view, QPointF& pressed, QPointF& moved)
-        : InteractiveTool(view), m_pressed(pressed), m_moved(moved) {}
-    bool mousePress(QMouseEvent* event) override {
-      m_pressed = event->position();
-      return InteractiveTool::mousePress(event);
-    }
+  struct Tool : RecordingTool {
+    using RecordingTool::RecordingTool;
+    QPointF way;
     bool mouseMove(QMouseEvent* event) override {
-      m_moved = event->position();
-      return InteractiveTool::mouseMove(event);
+      way = event->position() - pressEvent().position();
+      return RecordingTool::mouseMove(event);
     }
-
-  private:
-    QPointF& m_pressed;
-    QPointF& m_moved;
   };
-  screen.controller->pushTool(RightButton, std::make_shared<Tool>(screen.view, pressed, moved));
+  ToolScreen screen;
+  const auto tool = std::make_shared<Tool>("drag", screen.journal, screen.view);
+  screen.controller->pushTool(RightButton, tool);
   screen.play("mv R+ mv");
-  QCOMPARE(moved - pressed, QPointF(7, 11));
+  QCOMPARE(tool->way, QPointF(7, 11));
   screen.play("R-");
 }
 
@@ -189,13 +107,9 @@ void ToolRoutingTest::missingToolDeclines() {
 
 void ToolRoutingTest::cursorOfTheViewComesBack_data() {
   QTest::addColumn<QString>("script");
-  QTest::newRow("tools popped") << "L+ L- pop";
-  QTest::newRow("in a drag") << "L+ mv pop L-";
-  QTest::newRow("under another drag") << "M+ pop M-";
-  QTest::newRow("tools cleared") << "M+ clear M-";
-  QTest::newRow("reset in a drag") << "M+ reset M- reset pop";
-  QTest::newRow("controller gone") << "gone";
-  QTest::newRow("controller gone in a drag") << "R+ mv gone R-";
+  for (const char* script : {"L+ L- pop", "L+ mv pop L-", "M+ pop M-", "M+ clear M-", "M+ reset M- reset pop",
+                             "gone", "R+ mv gone R-"})
+    QTest::newRow(script) << QString::fromLatin1(script);
 }
 
 void ToolRoutingTest::cursorOfTheViewComesBack() {
@@ -292,36 +206,20 @@ void ToolRoutingTest::toolMayActWhereItsOperationEnds_data() {
   QTest::addColumn<QString>("script");
   QTest::addColumn<QString>("act");
   QTest::addColumn<QString>("top");
-  QTest::newRow("takes itself off") << "L+ L-"
-                                    << "pop"
-                                    << "left";
-  QTest::newRow("takes itself off while it is popped") << "L+ pop"
-                                                       << "pop"
-                                                       << "left";
-  QTest::newRow("takes itself off while it is pushed over") << "L+ push"
-                                                            << "pop"
-                                                            << "third";
-  QTest::newRow("pushes another while it is popped") << "L+ pop"
-                                                     << "push"
-                                                     << "third";
-  QTest::newRow("pushes another while it is pushed over") << "L+ push"
-                                                          << "push"
-                                                          << "third";
-  QTest::newRow("takes the next one off") << "L+ M+"
-                                          << "pop middle"
-                                          << "one-shot";
-  QTest::newRow("deletes the view while it is popped") << "L+ pop"
-                                                       << "delete view"
-                                                       << "";
-  QTest::newRow("deletes the controller at a press") << "L+ M+"
-                                                     << "delete controller"
-                                                     << "";
-  QTest::newRow("deletes the controller when the mouse is lost") << "L+ hide"
-                                                                 << "delete controller"
-                                                                 << "";
-  QTest::newRow("deletes the controller when it begins elsewhere") << "L+ begin"
-                                                                   << "delete controller"
-                                                                   << "";
+  const auto row = [](const char* name, const char* script, const char* act, const char* top) {
+    QTest::newRow(name) << QString::fromLatin1(script) << QString::fromLatin1(act)
+                        << QString::fromLatin1(top);
+  };
+  row("takes itself off", "L+ L-", "pop", "left");
+  row("takes itself off while it is popped", "L+ pop", "pop", "left");
+  row("takes itself off while it is pushed over", "L+ push", "pop", "third");
+  row("pushes another while it is popped", "L+ pop", "push", "third");
+  row("pushes another while it is pushed over", "L+ push", "push", "third");
+  row("takes the next one off", "L+ M+", "pop middle", "one-shot");
+  row("deletes the view while it is popped", "L+ pop", "delete view", "");
+  row("deletes the controller at a press", "L+ M+", "delete controller", "");
+  row("deletes the controller when the mouse is lost", "L+ hide", "delete controller", "");
+  row("deletes the controller when it begins elsewhere", "L+ begin", "delete controller", "");
 }
 
 void ToolRoutingTest::toolMayActWhereItsOperationEnds() {
@@ -357,15 +255,9 @@ void ToolRoutingTest::toolMayActWhereItsOperationEnds() {
 
 void ToolRoutingTest::operationEndsWithItsMouse_data() {
   QTest::addColumn<QString>("loss");
-  QTest::newRow("the release is lost") << "L? R? M? mv";
-  QTest::newRow("the focus goes elsewhere") << "focus";
-  QTest::newRow("a dialog blocks the window") << "dialog";
-  QTest::newRow("a menu opens") << "popup";
-  QTest::newRow("the view is hidden") << "hide";
-  QTest::newRow("the view is covered") << "cover";
-  QTest::newRow("the view is disabled") << "disable";
-  QTest::newRow("another window is activated") << "deactivate";
-  QTest::newRow("the application ends it") << "cancel";
+  for (const char* loss :
+       {"L? R? M? mv", "focus", "dialog", "popup", "hide", "cover", "disable", "deactivate", "cancel"})
+    QTest::newRow(loss) << QString::fromLatin1(loss);
 }
 
 void ToolRoutingTest::operationEndsWithItsMouse() {
@@ -412,27 +304,18 @@ void ToolRoutingTest::operationEndsWithItsMouse() {
   }
 }
 
-void ToolRoutingTest::viewMayGoDuringAnOperation_data() {
-  QTest::addColumn<QString>("end");
-  QTest::newRow("closed") << "close";
-  QTest::newRow("deleted") << "delete";
-  QTest::newRow("the controller deleted") << "controller";
-}
-
 void ToolRoutingTest::viewMayGoDuringAnOperation() {
-  QFETCH(QString, end);
-  ToolScreen screen;
-  const auto left = screen.tool("left");
-  screen.on("close", [&] { screen.view->close(); });
-  screen.on("delete", [&] { delete screen.view; });
-  screen.on("controller", [&] { delete screen.controller; });
-  screen.play("L+ " + end);
-  Vela::Test::settle();
-  QVERIFY(!left->isOperating());
-  QCOMPARE(left->getView(), screen.view.data());
-  QVERIFY(!left->getDelegate());
-  QVERIFY(!screen.view || screen.cursor() == Qt::ArrowCursor);
-  QTestPrivate::qtestMouseButtons = Qt::NoButton;
+  for (const char* end : {"close", "delete", "controller"}) {
+    ToolScreen screen;
+    const auto left = screen.tool("left");
+    screen.on("close", [&] { screen.view->close(); });
+    screen.on("delete", [&] { delete screen.view; });
+    screen.on("controller", [&] { delete screen.controller; });
+    screen.play(QStringLiteral("L+ ") + end);
+    Vela::Test::settle();
+    QVERIFY(!left->isOperating() && !left->getDelegate() && left->getView() == screen.view);
+    QVERIFY(!screen.view || screen.cursor() == Qt::ArrowCursor);
+  }
 }
 
 void ToolRoutingTest::movingTheMouseLeavesTheFocus() {
@@ -441,112 +324,6 @@ void ToolRoutingTest::movingTheMouseLeavesTheFocus() {
   screen.play("mv mv wh");
   QVERIFY(screen.edit->hasFocus());
   QTest::keyClicks(&screen.window, "text");
-}
-
-void ToolRoutingTest::executingCommandComesFirst_data() {
-  QTest::addColumn<QStringList>("takes");
-  QTest::addColumn<QString>("script");
-  QTest::addColumn<QString>("told");
-  const QStringList all{"press", "move", "release", "double", "wheel", "key", "keyup"};
-  QTest::newRow("takes all") << all << "L+ mv L- R+ mv R- wh key LL"
-                             << "command:press command:move command:release command:press command:move "
-                                "command:release command:wheel command:key command:keyup command:press "
-                                "command:release command:double";
-  QTest::newRow("takes presses only") << QStringList{"press"} << "L+ mv L- wh"
-                                      << "command:press left:move left:wheel wheel:wheel";
-  QTest::newRow("takes none") << QStringList() << "L+ mv L-"
-                              << "left:press left:move left:release left:end";
-}
-
-void ToolRoutingTest::executingCommandComesFirst() {
-  QFETCH(QStringList, takes);
-  QFETCH(QString, script);
-  ToolScreen screen;
-  auto* const command = new InputCommand(screen.controller, screen.journal);
-  command->takes = takes;
-  screen.controller->addCommand(command);
-  screen.play("L+");
-  command->begin();
-  QVERIFY(!screen.controller->getOperatingTool()); // the mouse is the command's now
-  screen.play("L-");
-  screen.told();
-  screen.play(script);
-  QTEST(screen.told(), "told");
-  command->end();
-  screen.play("L+ L-");
-  QCOMPARE(screen.told(), QStringLiteral("left:press left:release left:end"));
-}
-
-void ToolRoutingTest::executingCommandIsTheOneThatBegan() {
-  ToolScreen screen;
-  auto* const begun = new InputCommand(screen.controller, screen.journal);
-  auto* const ran = new InputCommand(screen.controller, screen.journal);
-  begun->takes = QStringList("key");
-  ran->takes = QStringList("wheel");
-  screen.controller->addCommand(begun);
-  screen.controller->addCommand(ran);
-  const auto who = [&screen] {
-    screen.play("key wh");
-    return screen.told();
-  };
-  const QString begunTakes("command:key left:keyup left:wheel wheel:wheel");
-  const QString ranTakes("left:key left:keyup command:wheel");
-  const QString noneTakes("left:key left:keyup left:wheel wheel:wheel");
-
-  QString during;
-  ran->work = [&] { during = who(); };
-  ran->trigger();
-  QCOMPARE(during, ranTakes);
-  QCOMPARE(who(), noneTakes);
-
-  begun->begin();
-  ran->trigger(); // runs inside the one that began, and leaves it its place
-  QCOMPARE(during, begunTakes);
-  QCOMPARE(who(), begunTakes);
-  ran->end(); // of a command that did not begin
-  QCOMPARE(who(), begunTakes);
-  screen.controller->removeCommand(begun);
-  QCOMPARE(who(), noneTakes);
-}
-
-void ToolRoutingTest::endedCommandGivesWayToTheOneBefore() {
-  ToolScreen screen;
-  std::vector<InputCommand*> commands;
-  for (int i = 0; i < 3; ++i) {
-    commands.push_back(new InputCommand(screen.controller, screen.journal));
-    commands.back()->takes = QStringList(i == 0 ? "key" : i == 1 ? "wheel" : "press");
-    screen.controller->addCommand(commands.back());
-  }
-  const auto who = [&screen] {
-    screen.play("key wh L+ L-");
-    return screen.told().section("command:", 1).section(' ', 0, 0);
-  };
-  commands[0]->begin();
-  commands[1]->begin();
-  QCOMPARE(who(), QString("wheel"));
-  commands[2]->begin();
-  commands[1]->end(); // not in the order in which they began
-  QCOMPARE(who(), QString("press"));
-  commands[2]->end();
-  QCOMPARE(who(), QString("key"));
-  commands[2]->begin();
-  commands[2]->begin();
-  commands[2]->end();
-  QCOMPARE(who(), QString("key"));
-  commands[0]->end();
-  QCOMPARE(who(), QString());
-}
-
-void ToolRoutingTest::commandThatTakesTheReleaseLeavesNoOperation() {
-  ToolScreen screen;
-  auto* const command = new InputCommand(screen.controller, screen.journal);
-  command->takes = QStringList{"release", "move"};
-  screen.controller->addCommand(command);
-  command->begin();
-  screen.play("L+");
-  QVERIFY(screen.tool("left")->isOperating());
-  screen.play("L-");
-  QVERIFY(screen.tool("left")->isActive());
 }
 
 VELA_TEST_MAIN(ToolRoutingTest)

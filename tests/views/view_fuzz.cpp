@@ -2,6 +2,7 @@
 #include "view_fuzz_actors.h"
 
 #include <support/test_case.h>
+#include <vlk_app_service/application_service.h>
 
 #include <QTest>
 #include <QVBoxLayout>
@@ -18,6 +19,10 @@ namespace {
 constexpr int MaxViews = 6;
 constexpr int MaxNotes = 40;
 
+qsizetype shutdownDelegates() {
+  return Services::ApplicationService::GetInstance().shutdownProtocolDelegateCount();
+}
+
 } // namespace
 
 std::array<int, ACTS>& ViewFuzz::hits() {
@@ -25,7 +30,11 @@ std::array<int, ACTS>& ViewFuzz::hits() {
   return counts;
 }
 
-ViewFuzz::ViewFuzz(Bytes bytes) : m_bytes(bytes), m_edit(new QLineEdit), m_tabs(new QTabWidget) {
+ViewFuzz::ViewFuzz(Bytes bytes)
+    : m_bytes(bytes),
+      m_shutdownDelegates(shutdownDelegates()),
+      m_edit(new QLineEdit),
+      m_tabs(new QTabWidget) {
   fuzz = this;
   auto* const layout = new QVBoxLayout(&m_window);
   layout->addWidget(m_edit);
@@ -45,6 +54,8 @@ ViewFuzz::~ViewFuzz() {
   while (!m_views.empty())
     delete m_views.back().data();
   settle();
+  if (shutdownDelegates() != m_shutdownDelegates)
+    qFatal("a controller without a view still is a delegate of the shutdown");
   QTestPrivate::qtestMouseButtons = Qt::NoButton;
   QTest::mouseMove(m_window.windowHandle(), {5, 5}); // the application forgets the buttons, too
   fuzz = nullptr;
@@ -56,6 +67,8 @@ QString ViewFuzz::run() {
     ++m_steps;
     check();
   }
+  if (m_findings.isEmpty())
+    checkUse();
   if (m_findings.isEmpty())
     return {};
   return m_findings.join(QLatin1String("; ")) + QLatin1String(" after\n") +
@@ -93,10 +106,10 @@ void ViewFuzz::makeView() {
     return;
   QWidget* const page = m_tabs->widget(m_bytes.next(2));
   const bool isWindow = m_bytes.next(4) == 3;
-  const QPointer<FuzzView> view =
-      new FuzzView(isWindow ? nullptr : page, m_bytes.next(2) ? Qt::ForbiddenCursor : Qt::ArrowCursor);
+  const QPointer<FuzzView> view = new FuzzView(
+      isWindow ? nullptr : page, m_bytes.next(2) ? Qt::ForbiddenCursor : Qt::ArrowCursor, ++m_made);
   m_views.emplace_back(view.data());
-  auto* const controller = new FuzzController(view, ++m_made);
+  auto* const controller = new FuzzController(view, m_made);
   note(QStringLiteral("new"), controller);
   const QPointer<BaseViewController> alive(controller);
   view->setGeometry(0, 0, 150, 150);
@@ -127,7 +140,7 @@ void ViewFuzz::mouse() {
   note(QStringLiteral("mouse"));
   const Qt::MouseButton button =
       std::array{Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}[m_bytes.next(3)];
-  const int what = m_bytes.next(8);
+  const int what = m_bytes.next(9);
   const QPointer<QWindow> window = anyWindow();
   // After a press of the right button Qt asks for a context menu there, also when the view is gone.
   const bool presses = what == 1 || !QTestPrivate::qtestMouseButtons.testFlag(button);
@@ -135,7 +148,9 @@ void ViewFuzz::mouse() {
   m_events += asksForMenu;
   const QPoint at((10 + m_bytes.next(64) * 3) % window->width(),
                   (60 + m_bytes.next(32) * 3) % window->height());
-  if (what == 0)
+  if (what == 8)
+    loseRelease();
+  else if (what == 0)
     QTest::keyClick(window, Qt::Key_K);
   else if (what == 1) // it has a second press and release of its own, which only the main window survives
     QTest::mouseDClick(m_window.windowHandle(), button, {}, at);
@@ -148,10 +163,16 @@ void ViewFuzz::mouse() {
   m_events -= asksForMenu;
 }
 
+// Buttons come up where no window of the program hears of it.
+void ViewFuzz::loseRelease() {
+  QTestPrivate::qtestMouseButtons = Qt::NoButton;
+  QTest::lastMouseTimestamp += QTest::mouseDoubleClickInterval; // the next press is no double click
+}
+
 void ViewFuzz::widgetStep() {
-  const int what = m_bytes.next(8);
+  const int what = m_bytes.next(10);
   note(QStringLiteral("widget %1").arg(what));
-  const QScopedValueRollback walk(m_events, m_events + (what < 7));
+  const QScopedValueRollback walk(m_events, m_events + (what < 8));
   switch (what) {
   case 0:
     return makeView();
@@ -161,7 +182,7 @@ void ViewFuzz::widgetStep() {
     return m_edit->setFocus();
   case 3:
     m_window.setWindowState(m_window.windowState() ^ Qt::WindowMinimized);
-    return;
+    return m_window.windowHandle()->resize(300, 300); // which the offscreen platform forgets
   case 4:
     m_tabs->setEnabled(!m_tabs->isEnabled());
     return;
@@ -172,6 +193,11 @@ void ViewFuzz::widgetStep() {
     if (BaseView* const view = anyView())
       view->setFocus();
     return;
+  case 7:
+    return m_window.resize(280 + 10 * m_bytes.next(6), 300);
+  case 8:
+    m_window.close();
+    return m_window.show();
   default:
     settle();
   }

@@ -17,6 +17,8 @@
 
 namespace Vela::Test {
 
+class FuzzController;
+
 /// What the callbacks of controllers, tools and commands do.
 enum Act {
   DeleteView,
@@ -28,10 +30,13 @@ enum Act {
   Reparent,
   NestedLoop,
   Dialog,
+  Menu,
   CloseView,
   HideOrShow,
   PushTool,
   PopTool,
+  ClearTools,
+  ResetTools,
   BeginOperation,
   EndOperation,
   ACTS
@@ -66,9 +71,14 @@ public:
 
   /// What a callback calls. @p itself is who called it.
   void callOut(UiBase::CmdsViewController* controller, UiBase::InteractiveTool* itself = nullptr);
-  /// Qt works on with the widget after the event, so it is not to be deleted meanwhile.
+  /// Whether who asks says no.
+  bool refuses() { return m_depth < MaxDepth && m_bytes.next(8) == 7; }
+  /// Qt works on with the widget after the event, so it is not to be deleted meanwhile. Its controller may
+  /// be.
   void enterEvent() { ++m_events; }
   void leaveEvent() { --m_events; }
+  /// Pops a tool where it is on top.
+  void takeOff(UiBase::InteractiveTool& tool);
   /// Of a view that dies.
   void forget(UiBase::BaseView* view) { std::erase(m_views, view); }
   void report(const QString& finding) { m_findings.append(finding); }
@@ -84,6 +94,7 @@ private:
   void step();
   void act(Act act, UiBase::CmdsViewController* controller, UiBase::InteractiveTool* itself);
   void mouse();
+  void loseRelease();
   void widgetStep();
   void commandStep();
   void makeView();
@@ -91,7 +102,10 @@ private:
   void reattach(UiBase::CmdsViewController& controller);
   void reparent(UiBase::BaseView& view);
   void openDialog();
-  void endView(UiBase::BaseView* view, QObject* object);
+  void openMenu();
+  void deleteView(UiBase::BaseView* view);
+  void deleteController(UiBase::CmdsViewController* controller);
+  void pushTool(UiBase::CmdsViewController& controller, UiBase::EToolActivationButton button);
   UiBase::BaseView* anyView();
   UiBase::CmdsViewController* anyController();
   QWindow* anyWindow();
@@ -101,6 +115,9 @@ private:
   void checkTools(UiBase::CmdsViewController& controller);
   void checkCursor(const UiBase::BaseView& view);
   void checkFocus();
+  void checkChildren(const UiBase::BaseView& view);
+  void checkUse();
+  void checkUseOf(FuzzController& controller);
 
   Bytes m_bytes;
   QStringList m_findings;
@@ -110,6 +127,7 @@ private:
   int m_depth = 0;
   int m_events = 0;
   int m_deletes = 0;
+  const qsizetype m_shutdownDelegates; // before there was a view
   QWidget m_window;
   QLineEdit* m_edit;
   QTabWidget* m_tabs;

@@ -3,6 +3,7 @@
 
 #include "view_fuzz.h"
 
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
@@ -15,12 +16,16 @@ inline ViewFuzz* fuzz = nullptr;
 
 class FuzzView : public UiBase::BaseView {
 public:
-  FuzzView(QWidget* parent, Qt::CursorShape own) : UiBase::BaseView(parent), ownCursor(own) {
+  FuzzView(QWidget* parent, Qt::CursorShape own, int itsNumber)
+      : UiBase::BaseView(parent), ownCursor(own), number(itsNumber), editor(new QLineEdit(this)) {
     setCursor(own);
+    editor->setGeometry(0, 0, 60, 20);
   }
   ~FuzzView() override { fuzz->forget(this); }
 
   const Qt::CursorShape ownCursor;
+  const int number;        // of its first controller
+  QLineEdit* const editor; // a child that is no view
 
 protected:
   bool event(QEvent* event) override {
@@ -43,6 +48,8 @@ public:
 
   void viewDidLoad() override {
     fuzz->note(QStringLiteral("load"), this);
+    if (isLoaded())
+      fuzz->report(QStringLiteral("loaded twice"));
     around([this] { UiBase::CmdsViewController::viewDidLoad(); });
   }
   void viewWillAppear() override {
@@ -54,15 +61,22 @@ public:
     around([this] { UiBase::CmdsViewController::viewWillDisappear(); });
   }
   bool viewWillClose() override {
+    if (fuzz->refuses())
+      return false;
     bool may = true;
     around([&] { may = UiBase::CmdsViewController::viewWillClose(); });
     return may;
   }
   bool mousePress(QMouseEvent* event) override {
+    ++presses;
     return input([=, this] { return UiBase::CmdsViewController::mousePress(event); });
   }
   bool mouseMove(QMouseEvent* event) override {
-    return input([=, this] { return UiBase::CmdsViewController::mouseMove(event); });
+    const QPointer<UiBase::BaseViewController> self(this);
+    const bool taken = input([=, this] { return UiBase::CmdsViewController::mouseMove(event); });
+    if (self)
+      checkMouse(*event);
+    return taken;
   }
   bool mouseRelease(QMouseEvent* event) override {
     return input([=, this] { return UiBase::CmdsViewController::mouseRelease(event); });
@@ -83,6 +97,8 @@ public:
     return input([=, this] { return UiBase::CmdsViewController::mouseLeave(event); });
   }
   bool hasAppeared() const { return m_told == Appeared; }
+
+  int presses = 0;
 
 protected:
   bool rightClick(QMouseEvent*) override {
@@ -126,6 +142,13 @@ private:
     return !self || base();
   }
 
+  void checkMouse(const QMouseEvent& event) {
+    const auto operating = getOperatingTool();
+    if (operating && event.spontaneous() && !operating->pressEvent().isNull() &&
+        !event.buttons().testFlag(operating->pressEvent().button()))
+      fuzz->report(QStringLiteral("an operation outlives its mouse"));
+  }
+
   // It hears no more that it disappears.
   void forgetDeadView() {
     if (!m_toldOf && m_told == Appeared)
@@ -142,11 +165,13 @@ public:
     const Qt::CursorShape shapes[] = {Qt::CrossCursor, Qt::WaitCursor, Qt::IBeamCursor, Qt::SizeBDiagCursor};
     setIdleCursor(shapes[number % 4]);
     setOperatingCursor(Qt::CursorShape(Qt::WhatsThisCursor + number % 4));
+    m_declines = number == 7;
+    m_isOneShot = number == 6;
   }
 
   bool mousePress(QMouseEvent* event) override {
     callOut();
-    return UiBase::InteractiveTool::mousePress(event);
+    return !m_declines && UiBase::InteractiveTool::mousePress(event);
   }
   bool mouseMove(QMouseEvent* event) override {
     callOut();
@@ -178,6 +203,8 @@ public:
   }
   void endOperation() override {
     UiBase::InteractiveTool::endOperation();
+    if (m_isOneShot)
+      fuzz->takeOff(*this);
     tell();
   }
 
@@ -191,6 +218,9 @@ private:
     const auto self = shared_from_this();
     fuzz->callOut(dynamic_cast<FuzzController*>(getDelegate()), this);
   }
+
+  bool m_declines = false;
+  bool m_isOneShot = false; // takes itself off where its operation ends
 };
 
 /// Takes the view's input while it is begun.

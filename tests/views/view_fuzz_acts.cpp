@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QDialog>
 #include <QEventLoop>
+#include <QMenu>
 #include <QTimer>
 
 namespace Vela::Test {
@@ -12,10 +13,10 @@ using namespace UiBase;
 
 namespace {
 
-const char* const actNames[ACTS] = {"delete view", "delete controller", "delete itself", "present",
-                                    "dismiss",     "reattach",          "reparent",      "nested loop",
-                                    "dialog",      "close view",        "hide or show",  "push tool",
-                                    "pop tool",    "begin operation",   "end operation"};
+const char* const actNames[ACTS] = {
+    "delete view", "delete controller", "delete itself", "present",     "dismiss",         "reattach",
+    "reparent",    "nested loop",       "dialog",        "menu",        "close view",      "hide or show",
+    "push tool",   "pop tool",          "clear tools",   "reset tools", "begin operation", "end operation"};
 
 } // namespace
 
@@ -29,16 +30,33 @@ void ViewFuzz::callOut(CmdsViewController* controller, InteractiveTool* itself) 
 
 // Views may be deleted, moved and wait for events where they hand on input, and where their controllers hear
 // of them without Qt; while Qt shows, hides or focuses one after the other it holds on to all of them.
-void ViewFuzz::endView(BaseView* view, QObject* object) {
+void ViewFuzz::deleteView(BaseView* view) {
   const bool isHeld = m_events > 0 || m_deletes > 0 || (keepsWindows && view && view->isWindow());
-  if (isHeld && object)
-    return object->deleteLater();
+  if (isHeld && view)
+    return view->deleteLater();
   const QScopedValueRollback deletes(m_deletes, m_deletes + 1); // not what it stands in
-  delete object;
+  delete view;
+}
+
+// At any time.
+void ViewFuzz::deleteController(CmdsViewController* controller) {
+  const QScopedValueRollback deletes(m_deletes, m_deletes + 1);
+  delete controller;
+}
+
+void ViewFuzz::takeOff(InteractiveTool& tool) {
+  const auto* const controller = dynamic_cast<FuzzController*>(tool.getDelegate());
+  const QList<HeldTool> held = controller ? controller->heldTools() : QList<HeldTool>();
+  for (const HeldTool& entry : held) {
+    auto* const holder = dynamic_cast<FuzzController*>(tool.getDelegate());
+    if (entry.tool.get() == &tool && holder && holder->getTool(entry.button) == entry.tool)
+      holder->popTool(entry.button);
+  }
 }
 
 void ViewFuzz::act(Act act, CmdsViewController* controller, InteractiveTool* itself) {
-  const bool movesViews = act == Reparent || act == NestedLoop || act == Dialog; // or lets deleted ones die
+  const bool movesViews =
+      act == Reparent || act == NestedLoop || act == Dialog || act == Menu; // or lets deleted ones die
   if (!controller || (movesViews && (m_events > 0 || keepsWindows)))
     return;
   hits()[std::size_t(act)] += m_depth > 0;
@@ -50,14 +68,12 @@ void ViewFuzz::act(Act act, CmdsViewController* controller, InteractiveTool* its
   const auto button = std::array{NoButton, LeftButton, RightButton, MiddleButton}[m_bytes.next(4)];
   switch (act) {
   case DeleteView:
-    return endView(view, view);
+    return deleteView(view);
   case DeleteController:
-    return endView(view, controller);
+    return deleteController(controller);
   case DeleteItself:
-    for (const HeldTool& held : controller->heldTools()) {
-      if (held.tool.get() == itself && controller->getTool(held.button) == held.tool)
-        controller->popTool(held.button);
-    }
+    if (itself)
+      takeOff(*itself);
     return;
   case Present:
     return present(*controller);
@@ -76,20 +92,25 @@ void ViewFuzz::act(Act act, CmdsViewController* controller, InteractiveTool* its
   }
   case Dialog:
     return openDialog();
+  case Menu:
+    return openMenu();
   case CloseView:
     controller->close();
     return;
   case HideOrShow:
-    return view && view->isVisible() ? controller->hide() : controller->show();
+    // Qt shows a window that is hidden in its own show event.
+    if (view && view->isVisible())
+      return m_events > 0 && view->isWindow() ? void() : controller->hide();
+    return controller->show();
   case PushTool:
-    if (m_tools.size() < 8 && view)
-      m_tools.push_back(std::make_shared<FuzzTool>(view, int(m_tools.size())));
-    if (!m_tools.empty())
-      controller->pushTool(button, m_tools[std::size_t(m_bytes.next(int(m_tools.size())))]);
-    return;
+    return pushTool(*controller, button);
   case PopTool:
     controller->popTool(button);
     return;
+  case ClearTools:
+    return controller->clearTools();
+  case ResetTools:
+    return controller->resetTools();
   case BeginOperation:
     if (const auto tool = controller->getTool(button))
       static_cast<FuzzTool&>(*tool).startOperation();
@@ -99,6 +120,13 @@ void ViewFuzz::act(Act act, CmdsViewController* controller, InteractiveTool* its
   case ACTS:
     return;
   }
+}
+
+void ViewFuzz::pushTool(CmdsViewController& controller, EToolActivationButton button) {
+  if (m_tools.size() < 8 && controller.getView())
+    m_tools.push_back(std::make_shared<FuzzTool>(controller.getView(), int(m_tools.size())));
+  if (!m_tools.empty())
+    controller.pushTool(button, m_tools[std::size_t(m_bytes.next(int(m_tools.size())))]);
 }
 
 void ViewFuzz::present(BaseViewController& controller) {
@@ -118,7 +146,9 @@ void ViewFuzz::reattach(CmdsViewController& controller) {
 // Into a tab, or on its own.
 void ViewFuzz::reparent(BaseView& view) {
   const QPointer<BaseView> alive(&view);
-  view.setParent(m_bytes.next(3) ? m_tabs->widget(m_bytes.next(2)) : nullptr);
+  QWidget* const place = m_bytes.next(3) ? m_tabs->widget(m_bytes.next(2)) : nullptr;
+  note(QLatin1String(place ? "…into a tab" : "…into a window of its own"));
+  view.setParent(place);
   if (alive)
     view.show();
 }
@@ -128,6 +158,14 @@ void ViewFuzz::openDialog() {
   dialog.setModal(true);
   dialog.show();
   QCoreApplication::processEvents();
+}
+
+void ViewFuzz::openMenu() {
+  QMenu menu;
+  menu.addAction(QStringLiteral("entry"));
+  menu.popup(m_window.mapToGlobal(QPoint(10, 10)));
+  QCoreApplication::processEvents();
+  menu.close();
 }
 
 } // namespace Vela::Test

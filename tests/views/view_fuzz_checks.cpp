@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "view_fuzz_actors.h"
 
+#include <support/test_case.h>
+
 #include <QApplication>
+#include <QTest>
+#include <QWindow>
 
 #include <algorithm>
 #include <set>
@@ -17,6 +21,7 @@ void ViewFuzz::check() {
       continue;
     checkPresentation(*view);
     checkCursor(*view);
+    checkChildren(*view);
     if (CmdsViewController* const controller = controllerOf(view))
       checkTools(*controller);
   }
@@ -37,6 +42,9 @@ void ViewFuzz::checkPresentation(const BaseView& view) {
     fronts += !layer.covered;
     if (layer.covered && layer.appeared)
       report(QStringLiteral("a covered view has appeared"));
+    if (layer.presenter && layer.presenter->isVisible() && layer.view->isVisible() &&
+        layer.view->geometry() != layer.presenter->rect())
+      report(QStringLiteral("a presented view is not as large as its presenter"));
     const bool isOwn = layer.controller && layer.controller->getView() == layer.view;
     if (!layer.covered && isOwn && layer.controller->isLoaded() && layer.view->isVisible() &&
         !layer.appeared && !layer.view->window()->isMinimized())
@@ -99,6 +107,23 @@ void ViewFuzz::checkCursor(const BaseView& view) {
     report(QStringLiteral("the cursor is %1, not %2").arg(view.cursor().shape()).arg(expected));
 }
 
+void ViewFuzz::checkChildren(const BaseView& view) {
+  const QList<PresentedView> layers = view.presentation();
+  const bool covered = std::any_of(layers.begin(), layers.end(), [&view](const PresentedView& layer) {
+    return layer.view == &view && layer.covered;
+  });
+  const QLineEdit& editor = *static_cast<const FuzzView&>(view).editor;
+  if (editor.isEnabled() != (view.isEnabled() && !covered))
+    report(QStringLiteral("the child of view %1 is %2")
+               .arg(static_cast<const FuzzView&>(view).number)
+               .arg(QLatin1String(covered ? "covered and enabled" : "disabled")));
+  if (editor.isVisible() != view.isVisible())
+    report(QLatin1String("a child is not seen as its view is"));
+  if (!view.window()->isMinimized() &&
+      (view.hasMouseTracking() != view.isVisible() || view.acceptDrops() != view.isVisible()))
+    report(QLatin1String("a view does not follow the mouse as it is seen"));
+}
+
 // A window that shows a view which can take the focus is never without one.
 void ViewFuzz::checkFocus() {
   if (!m_window.isActiveWindow() || m_window.focusWidget() || !m_tabs->isEnabled())
@@ -107,6 +132,65 @@ void ViewFuzz::checkFocus() {
     if (view && view->window() == &m_window && view->isVisible())
       return report(QStringLiteral("nothing has the focus"));
   }
+}
+
+// What is left when it is quiet again is as good as new.
+void ViewFuzz::checkUse() {
+  m_bytes = Bytes(nullptr, 0);
+  m_depth = MaxDepth;
+  m_tabs->setEnabled(true);
+  m_window.setWindowState(Qt::WindowNoState);
+  m_window.show();
+  m_window.windowHandle()->resize(300,
+                                  300); // the offscreen platform forgot it while the window was minimised
+  m_window.activateWindow();
+  loseRelease();
+  QTest::mouseMove(m_window.windowHandle(), {5, 5});
+  settle();
+  check();
+  const auto views = m_views;
+  for (const View& view : views) {
+    if (FuzzController* const controller = controllerOf(view); controller && controller->getView() == view)
+      checkUseOf(*controller);
+  }
+}
+
+void ViewFuzz::checkUseOf(FuzzController& controller) {
+  note(QStringLiteral("use"), &controller);
+  controller.endRunningOperation();
+  for (const auto& tool : m_tools) {
+    if (!tool->getDelegate())
+      controller.pushTool(LeftButton, tool);
+    if (tool->getDelegate() == &controller && controller.getTool(LeftButton) == tool &&
+        (!tool->isActive() || controller.popTool(LeftButton) != tool || tool->getDelegate()))
+      report(QStringLiteral("a free tool cannot be used"));
+  }
+  BaseView& view = *controller.getView();
+  const QPointer<FuzzView> over = new FuzzView(nullptr, Qt::ArrowCursor, ++m_made);
+  m_views.emplace_back(over.data());
+  auto* const other = new FuzzController(over, m_made);
+  if (!controller.presentViewController(other, FromRight) || other->presenter() != &controller ||
+      (view.isVisible() && !other->hasAppeared()))
+    report(QStringLiteral("a view cannot be presented"));
+  check();
+  if (!other->dismissViewController())
+    report(QStringLiteral("a view cannot be dismissed"));
+  settle();
+  if (over)
+    report(QStringLiteral("a dismissed view is left"));
+  check();
+  const QList<PresentedView> layers = view.presentation();
+  if (!view.isVisible() || view.window() != &m_window || layers.constLast().view != &view ||
+      view.childAt(100, 100))
+    return;
+  const int before = controller.presses;
+  const QPoint at = view.mapTo(&m_window, QPoint(100, 100));
+  if (m_window.childAt(at) != &view)
+    return;
+  QTest::mouseClick(m_window.windowHandle(), Qt::LeftButton, {}, at);
+  loseRelease();
+  if (controller.presses != before + 1)
+    report(QStringLiteral("a press is not heard"));
 }
 
 } // namespace Vela::Test

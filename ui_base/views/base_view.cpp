@@ -47,6 +47,7 @@ BaseView::BaseView(QWidget* parent, Qt::WindowFlags flags)
 
 BaseView::~BaseView() {
   d->dying = true;
+  const ViewsInUse inUse; // what it stands in must outlive it
   ApplicationEventRelay::remove(*this);
   const auto controller = std::exchange(d->controller, nullptr);
   const QPointer<BaseViewController> left(controller.get());
@@ -113,9 +114,8 @@ void BaseView::dropViewController(const BaseViewController* controller) {
   presentation->controllerChanged(*this);
 }
 
-// As soon as Qt has done with it.
 void BaseView::deleteSafely() {
-  if (d->showingOrHiding)
+  if (ViewsInUse::any())
     deleteLater();
   else
     delete this;
@@ -127,7 +127,7 @@ void BaseView::showEvent(QShowEvent* event) {
   const bool leavesFocus = std::exchange(d->focusElsewhere, false) && window()->focusWidget();
   const bool takesFocus = !event->spontaneous() && !leavesFocus;
   Presentation::of(*this)->willShow(*this, takesFocus);
-  if (!self)
+  if (!self || !isVisible()) // what heard of it hides the view again
     return;
   setMouseTracking(true);
   setAcceptDrops(true);

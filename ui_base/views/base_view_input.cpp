@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QPointer>
 
+#include <optional>
 #include <utility>
 
 namespace Vela::UiBase {
@@ -54,6 +55,26 @@ bool isInput(QEvent::Type type) {
   }
 }
 
+// Whether Qt works on with the view, or with others it has listed, when the event has been handled.
+bool isPartOfWalk(const QEvent& event) {
+  const QEvent::Type type = event.type();
+  switch (type) {
+  case QEvent::MouseButtonPress:
+  case QEvent::MouseButtonRelease: // a question for a context menu follows
+    return static_cast<const QMouseEvent&>(event).button() == Qt::RightButton;
+  case QEvent::Enter:
+  case QEvent::Leave:
+    return true;
+  case QEvent::Close:
+  case QEvent::DeferredDelete:
+  case QEvent::MetaCall:
+  case QEvent::Timer:
+    return false;
+  default:
+    return !isInput(type);
+  }
+}
+
 // What heard that the view is hidden has shown it again, and afterwards Qt hid its children: they would stay
 // invisible in a view that is seen. They cannot be shown before they count as hidden.
 void showChildrenAgain(BaseView& view) {
@@ -78,6 +99,9 @@ bool BaseView::event(QEvent* event) {
   const QEvent::Type type = event->type();
   if (d->dying) // of an event loop that runs in what its destructor calls
     return false;
+  std::optional<ViewsInUse> inUse;
+  if (isPartOfWalk(*event))
+    inUse.emplace();
   if (isInput(type)) {
     if (d->awaits(type) || !d->presentation->isCovered(*this)) {
       const QPointer<BaseView> live(this);

@@ -10,6 +10,22 @@ namespace Vela::UiBase {
 class BaseViewController;
 class Presentation;
 
+/// Exists while somebody goes on with views after what is called out to: Qt, which walks over widgets to hide
+/// them, to activate their window or to tell them where the mouse is, or a view whose destructor runs. What
+/// would delete a view meanwhile has it deleted later.
+class ViewsInUse {
+public:
+  ViewsInUse() { ++s_count; }
+  ~ViewsInUse() { --s_count; }
+  ViewsInUse(const ViewsInUse&) = delete;
+  ViewsInUse& operator=(const ViewsInUse&) = delete;
+
+  static bool any() { return s_count > 0; }
+
+private:
+  static inline int s_count = 0;
+};
+
 class BaseViewPrivate {
 public:
   /// The release of the button goes elsewhere.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "mouse_loss_watch.h"
 
+#include "base_view_p.h"
+
 #include <QWidget>
 
 #include <utility>
@@ -46,6 +48,7 @@ bool MouseLossWatch::eventFilter(QObject* watched, QEvent* event) {
     return false;
   const QPointer<QObject> receiver(watched);
   const auto lost = m_lost;
+  const ViewsInUse inUse;
   lost();
   return !receiver;
 }

@@ -225,6 +225,7 @@ void Presentation::end(BaseView& view) {
     if (layer.view)
       layer.view->d->presentation = own;
   }
+  own->cover();
   cover();
   if (const BaseView* const back = base(); back && back->isVisible()) {
     const QWidget* const focus = back->window()->focusWidget();
