@@ -3,7 +3,10 @@
 
 #include <support/test_case.h>
 
+#include <QRegularExpression>
+
 #include <atomic>
+#include <stdexcept>
 #include <thread>
 
 using namespace Ids;
@@ -109,6 +112,28 @@ private Q_SLOTS:
     QVERIFY(!second->isChecked());
   }
 
+  void aCommandThatThrowsLeavesTheRestOfTheContext() {
+    struct Throwing : TestCommand {
+      using TestCommand::TestCommand;
+      void setCommandState(const CommandState& state) override {
+        TestCommand::setCommandState(state);
+        throw std::runtime_error("no state");
+      }
+    };
+    for (const bool isNested : {true, false}) {
+      ManagerFixture f;
+      f.add(new Throwing(a));
+      auto* const other = f.add(checkableCommand(b));
+      const auto hold = f.manager->holdContext(f.manager->disabledContext());
+      if (isNested) // a later context is applied before the rest of it, and applies that first
+        connect(other, &QAction::changed, other, [&f] { f.dispatcher.runAll(); });
+      f.manager->setContext({{b, {2, 1}}});
+      QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no state"));
+      f.apply();
+      QVERIFY(!other->isEnabled() && other->isChecked());
+    }
+  }
+
   void contextOutlivesTheRegistry() {
     ManagerFixture f;
     auto* const command = f.add(checkableCommand(a, true));
@@ -151,6 +176,26 @@ private Q_SLOTS:
       f.apply();
       QCOMPARE(second->isChecked(), isStillChecked);
     }
+  }
+
+  void groupMayStandInTwoManagers() {
+    ManagerFixture f;
+    auto other = createShared<TestManager>();
+    auto* const first = checkableCommand(a);
+    auto* const second = checkableCommand(b);
+    auto* const group = f.add(groupOf("G", {first, second}));
+    other->addCommand(group);
+    auto hold = other->holdContext({{b, {0, 2}}});
+    first->work = [&](bool) {
+      other->removeCommand(a); // out of the group, while the first manager leads through it
+      hold.release();
+      other.reset();
+      return true;
+    };
+    f.manager->setContext({{a, {2, 1}}, {b, {2, 1}}});
+    f.apply();
+    QVERIFY(second->isChecked() && second->isEnabled() && !f.manager->findCommand(a));
+    QCOMPARE(f.heardBy(*second), 1);
   }
 
   void pushFromAToggleSavesWhatIsStillToCome() {

@@ -36,6 +36,7 @@ ViewFuzz::ViewFuzz(Bytes bytes)
       m_edit(new QLineEdit),
       m_tabs(new QTabWidget) {
   fuzz = this;
+  m_edit->setContextMenuPolicy(Qt::NoContextMenu);
   auto* const layout = new QVBoxLayout(&m_window);
   layout->addWidget(m_edit);
   layout->addWidget(m_tabs, 1);

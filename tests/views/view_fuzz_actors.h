@@ -20,6 +20,7 @@ public:
       : UiBase::BaseView(parent), ownCursor(own), number(itsNumber), editor(new QLineEdit(this)) {
     setCursor(own);
     editor->setGeometry(0, 0, 60, 20);
+    editor->setContextMenuPolicy(Qt::NoContextMenu); // which would take all input
   }
   ~FuzzView() override { fuzz->forget(this); }
 

@@ -25,4 +25,25 @@ std::optional<QString> failureOf(const Call& call) noexcept {
   }
 }
 
+/// Makes several calls of which some may throw, and throws the first of that when all are done.
+class FirstFailure {
+public:
+  template <class Call>
+  void guard(const Call& call) {
+    try {
+      call();
+    } catch (...) {
+      if (!m_first)
+        m_first = std::current_exception();
+    }
+  }
+  void rethrow() const {
+    if (m_first)
+      std::rethrow_exception(m_first);
+  }
+
+private:
+  std::exception_ptr m_first;
+};
+
 } // namespace Vela::UiBase

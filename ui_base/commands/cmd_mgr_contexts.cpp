@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "call_failure.h"
 #include "cmd_mgr_p.h"
 #include "command_base.h"
 #include "command_group.h"
@@ -125,9 +126,10 @@ void CmdMgr::setContext(const CommandContext& context) {
 
 void CmdMgr::applyPending(const std::shared_ptr<PendingContext>& pending) {
   layOverArrived(); // before what is pending reaches them
+  FirstFailure failure;
   // An older context that is half applied, by a command that turns an event loop, comes first.
   while (d->pending.contains(pending) && d->pending.constFirst() != pending)
-    applyPending(std::shared_ptr(d->pending.constFirst()));
+    failure.guard([this] { applyPending(std::shared_ptr(d->pending.constFirst())); });
   const auto done = qScopeGuard([&] { d->pending.removeOne(pending); });
   const QScopedValueRollback applying(d->applying, true);
   // A command may run on being toggled, and then push a context or change the registry. So each entry is
@@ -136,9 +138,10 @@ void CmdMgr::applyPending(const std::shared_ptr<PendingContext>& pending) {
   while (!pending->isEmpty()) {
     const auto entry = pending->take();
     if (CommandBase* const command = walk.next(entry.key()))
-      command->setCommandState(attainable(*command, entry.value()));
+      failure.guard([&] { command->setCommandState(attainable(*command, entry.value())); });
   }
-  pending->applyToKept();
+  failure.guard([&] { pending->applyToKept(); });
+  failure.rethrow();
 }
 
 void CmdMgr::keepPendingCommands() {

@@ -32,6 +32,27 @@ public:
     return found == tools.end() || found->second.empty() ? nullptr : found->second.back();
   }
 
+  bool holds(EToolActivationButton button, const std::shared_ptr<InteractiveTool>& tool) const {
+    const auto found = tools.find(button);
+    return found != tools.end() &&
+           std::find(found->second.begin(), found->second.end(), tool) != found->second.end();
+  }
+
+  // What hears of it may push another one over it, or take it off.
+  void reset(EToolActivationButton button, const std::shared_ptr<InteractiveTool>& tool) const {
+    const bool wasSuspended = tool->isSuspended();
+    const bool waits = wasSuspended && top(button) == tool; // for one of another button
+    if (!wasSuspended && !tool->isActive())
+      return;
+    if (wasSuspended)
+      tool->resume();
+    tool->deactivate();
+    if (holds(button, tool))
+      tool->activate();
+    if (waits || top(button) != tool)
+      tool->suspend();
+  }
+
   // What hears of a suspension may push another tool, which is suspended in its turn.
   void suspendTop(EToolActivationButton button) const {
     std::shared_ptr<InteractiveTool> suspended;
@@ -42,22 +63,6 @@ public:
     }
   }
 };
-
-namespace {
-
-void reset(InteractiveTool& tool) {
-  if (tool.isActive()) {
-    tool.deactivate();
-    tool.activate();
-  } else if (tool.isSuspended()) {
-    tool.resume();
-    tool.deactivate();
-    tool.activate();
-    tool.suspend();
-  }
-}
-
-} // namespace
 
 ToolStack::ToolStack() : d(std::make_shared<ToolStackPrivate>()) {}
 
@@ -144,10 +149,11 @@ bool ToolStack::holds(const InteractiveTool& tool) const {
 void ToolStack::idleCursorChanged(InteractiveTool&) {}
 
 void ToolStack::resetTools() {
-  const auto tools = d->tools; // a copy: what the reports reach may push and pop
+  const auto data = d;
+  const auto tools = data->tools; // a copy: what the reports reach may push and pop
   for (const auto& [button, stack] : tools) {
     for (auto tool = stack.rbegin(); tool != stack.rend(); ++tool)
-      reset(**tool);
+      data->reset(button, *tool);
   }
 }
 

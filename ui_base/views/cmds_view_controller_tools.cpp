@@ -135,9 +135,10 @@ void CmdsViewController::toolDeactivated(InteractiveTool* tool) { takeIdleCursor
 
 void CmdsViewController::toolSuspended(InteractiveTool* tool) { takeIdleCursorAway(tool); }
 
-// The cursor comes first: the reports that follow may end the operation again.
+// The cursor comes first: the reports that follow may end the operation again. A tool that was released in
+// its own handler still reports: nobody would end what it begins.
 void CmdsViewController::toolBeganOperating(InteractiveTool* tool) {
-  if (!tool)
+  if (!tool || !holds(*tool))
     return;
   const QPointer<BaseViewController> self(this);
   d->cursors.show(*tool, ViewCursors::Operating, tool->getOperatingCursor());
@@ -152,7 +153,7 @@ void CmdsViewController::toolBeganOperating(InteractiveTool* tool) {
 }
 
 void CmdsViewController::toolEndedOperating(InteractiveTool* tool) {
-  if (!tool)
+  if (!tool || !holds(*tool))
     return;
   d->cursors.takeAway(*tool, ViewCursors::Operating);
   stopWatchUnlessNeeded();
@@ -163,7 +164,7 @@ void CmdsViewController::toolEndedOperating(InteractiveTool* tool) {
 }
 
 void CmdsViewController::toolCursorChange(InteractiveTool* tool) {
-  if (BaseView* const view = getView(); view && tool)
+  if (BaseView* const view = getView(); view && tool && holds(*tool))
     view->setCursor(tool->getOperatingCursor());
 }
 
