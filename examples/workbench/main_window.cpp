@@ -3,6 +3,7 @@
 
 #include <ui_base/assistants/command_palette.h>
 #include <ui_base/assistants/command_usage.h>
+#include <ui_base/assistants/shortcut_scheme.h>
 #include <ui_base/menus/menu_builder.h>
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <vlk_app_service/application_service.h>
@@ -32,6 +33,7 @@ namespace {
 
 constexpr QSize LeastSize(400, 300); // px: bars with what scrolls in them, and something of the mesh
 constexpr QLatin1String UsageKey("commands/usage");
+constexpr QLatin1String ShortcutsKey("commands/shortcuts");
 
 Vela::Services::ConfigManager& config() {
   return Vela::Services::ApplicationService::GetInstance().GetConfigManager();
@@ -48,11 +50,13 @@ MainWindow::MainWindow(QWidget* parent)
       m_pages(new WorkbenchPages(*m_controller, *m_photos, this)),
       m_toolBars(new MeshToolBars(*m_view, *m_controller, this)),
       m_numbers(new QLabel(this)),
-      m_palette(new Vela::UiBase::CommandPalette(this)) {
+      m_palette(new Vela::UiBase::CommandPalette(this)),
+      m_shortcuts(new Vela::UiBase::ShortcutScheme(this)) {
   setMinimumSize(LeastSize);
   makePages();
   connectCommands();
   makePalette();
+  makeShortcuts();
   statusBar()->addPermanentWidget(m_numbers);
   statusBar()->addPermanentWidget(new UnitButton(*this, *m_controller));
   setWindowIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("smooth_shading")));
@@ -78,6 +82,15 @@ void MainWindow::makePalette() {
   m_palette->addManager(m_controller);
   m_palette->addManager(m_photos, Vela::UiBase::OfferInSight);
   m_palette->usage().restore(config().value(UsageKey).toMap());
+}
+
+void MainWindow::makeShortcuts() {
+  using Vela::UiBase::ShortcutScheme;
+  m_shortcuts->addManager(m_controller);
+  m_shortcuts->addManager(m_photos);
+  m_shortcuts->restore(config().value(ShortcutsKey).toMap());
+  connect(m_shortcuts, &ShortcutScheme::changed, this,
+          [this] { config().setValue(ShortcutsKey, m_shortcuts->values()); });
 }
 
 void MainWindow::connectCommands() {

@@ -9,7 +9,8 @@ class QLabel;
 
 namespace Vela::UiBase {
 class CommandPalette;
-}
+class ShortcutScheme;
+} // namespace Vela::UiBase
 
 namespace Workbench {
 
@@ -44,6 +45,7 @@ protected:
 private:
   void makePages();
   void makePalette();
+  void makeShortcuts();
   void connectEvents();
   void connectCommands();
   void showPage();
@@ -59,6 +61,7 @@ private:
   std::shared_ptr<CommandMenus> m_commands;
   QLabel* m_numbers;
   Vela::UiBase::CommandPalette* m_palette;
+  Vela::UiBase::ShortcutScheme* m_shortcuts;
 };
 
 } // namespace Workbench

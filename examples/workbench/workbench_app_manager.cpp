@@ -10,6 +10,7 @@
 #include <workbench/commands/decimate_mesh_command.h>
 #include <workbench/commands/find_command_command.h>
 #include <workbench/commands/history_command.h>
+#include <workbench/commands/keyboard_command.h>
 #include <workbench/commands/length_unit_command.h>
 #include <workbench/commands/mesh_info_command.h>
 #include <workbench/commands/mesh_user.h>
@@ -167,6 +168,8 @@ QList<CommandBase*> meshCommands(MeshViewController* mesh) {
           new PlacementOverlayCommand(mesh),
           new PrintPlacementCommand(mesh),
           new FindCommandCommand(mesh),
+          new KeyboardCommand(mesh, EditShortcuts),
+          new KeyboardCommand(mesh, TryKeys),
           new AboutCommand(mesh)};
 }
 

@@ -1,0 +1,293 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <tqm_mesh_kernel/stepped_dispatcher.h>
+#include <ui_base/assistants/key_probe.h>
+#include <ui_base/assistants/shortcut_editor.h>
+#include <ui_base/assistants/shortcut_scheme.h>
+#include <ui_base/assistants/shortcut_sheet.h>
+#include <ui_base/popups/m_dialog_base.h>
+#include <ui_base/views/base_view.h>
+
+#include <QKeySequenceEdit>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QTemporaryDir>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+#include <commands/commands_fixture.h>
+
+using namespace Vela::UiBase;
+
+namespace {
+
+const QKeySequence ctrlM(Qt::CTRL | Qt::Key_M);
+const QKeySequence ctrlJ(Qt::CTRL | Qt::Key_J);
+const QKeySequence chord(QKeyCombination(Qt::CTRL, Qt::Key_M), QKeyCombination(Qt::Key_A));
+
+/// A window with a text field and two pages; a view with two commands on the first one.
+class Stage {
+public:
+  Stage() {
+    auto* const layout = new QVBoxLayout(&window);
+    layout->addWidget(field = new QLineEdit(&window));
+    layout->addWidget(pages = new QStackedWidget(&window));
+    pages->addWidget(view = new BaseView);
+    pages->addWidget(new QWidget);
+    controller = Taren::Objects::createShared<CmdsViewController>(view);
+    smooth = add("smooth", "&Smooth Mesh…", ctrlM);
+    measure = add("measure", "Measure", ctrlJ);
+    window.addAction(smooth);
+    window.addAction(measure);
+    scheme.addManager(controller.get());
+    window.show();
+    window.activateWindow();
+    view->setFocus();
+    dispatcher.runAll();
+    Vela::Test::settle();
+  }
+  ~Stage() {
+    controller->removeAllCommands();
+    dispatcher.runAll();
+  }
+
+  TestCommand* add(const char* id, const char* text, const QKeySequence& keys) {
+    auto* const command = new TestCommand(QString::fromLatin1(id), controller.get());
+    command->setText(QString::fromUtf8(text));
+    command->setShortcut(keys);
+    command->work = [this, command](bool) {
+      ran += command->id;
+      return true;
+    };
+    controller->addCommand(command);
+    return command;
+  }
+  void press(QWidget& in, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(in.window()->windowHandle(), key, modifiers);
+    Vela::Test::settle();
+  }
+  MDialogBase* open(QWidget* content) {
+    auto* const dialog = new MDialogBase(&window);
+    dialog->SetContent(content);
+    dialog->open();
+    content->setFocus();
+    Vela::Test::settle();
+    return dialog;
+  }
+
+  Taren::Core::SteppedDispatcher dispatcher;
+  Taren::Core::ScopedDispatcher installed{dispatcher};
+  ShortcutScheme scheme;
+  QWidget window;
+  QLineEdit* field;
+  QStackedWidget* pages;
+  BaseView* view;
+  std::shared_ptr<CmdsViewController> controller;
+  TestCommand* smooth;
+  TestCommand* measure;
+  QStringList ran;
+};
+
+class EditorStage : public Stage {
+public:
+  EditorStage() : editor(new ShortcutEditor(scheme)) {
+    open(editor);
+    search = editor->findChild<QLineEdit*>();
+    keys = editor->findChild<QKeySequenceEdit*>();
+  }
+  void choose(const QString& typed) {
+    search->setFocus();
+    search->selectAll();
+    for (const QChar letter : typed)
+      QTest::sendKeyEvent(QTest::Click, editor->window()->windowHandle(), Qt::Key_unknown, QString(letter),
+                          {});
+  }
+  /// Records a key and presses the button that a letter stands for.
+  void record(Qt::Key key, Qt::Key mnemonic) {
+    keys->setFocus();
+    press(*editor, key, Qt::ControlModifier);
+    editor->findChild<QTreeView*>()->setFocus();
+    press(*editor, mnemonic, Qt::AltModifier);
+  }
+  bool says(const QString& text) const {
+    const auto labels = editor->findChildren<QLabel*>();
+    return std::any_of(labels.cbegin(), labels.cend(),
+                       [&](auto* label) { return label->text().contains(text); });
+  }
+
+  ShortcutEditor* editor;
+  QLineEdit* search;
+  QKeySequenceEdit* keys;
+};
+
+ShortcutUse useIn(QWidget& place, const QKeySequence& keys, const char* id,
+                  Qt::ShortcutContext context = Qt::WindowShortcut) {
+  return {keys, QString::fromLatin1(id), {}, context, {&place}};
+}
+
+} // namespace
+
+class ShortcutsTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void whetherTwoMeet() {
+    Stage stage;
+    QWidget other;
+    QWidget& page = *stage.pages->widget(1);
+    ShortcutRules rules;
+    rules.addMode(QStringLiteral("mesh"), {QStringLiteral("a"), QStringLiteral("c")});
+    rules.addMode(QStringLiteral("photos"), {QStringLiteral("b"), QStringLiteral("c")});
+    const auto meeting = [&](QWidget& place, const QKeySequence& keys, const char* id,
+                             Qt::ShortcutContext context = Qt::WindowShortcut) {
+      return rules.meeting(useIn(*stage.view, ctrlM, "a"), useIn(place, keys, id, context));
+    };
+    QCOMPARE(meeting(stage.window, ctrlM, "x"), SameKeys);
+    QCOMPARE(meeting(stage.window, chord, "x"), Prefix);
+    QCOMPARE(meeting(stage.window, ctrlJ, "x"), NeverMeet);
+    QCOMPARE(meeting(*stage.field, ctrlM, "x", Qt::WidgetShortcut), SameKeys);
+    QCOMPARE(meeting(page, ctrlM, "x"), NeverMeet); // pages of one stack
+    QCOMPARE(meeting(other, ctrlM, "x"), NeverMeet);
+    QCOMPARE(meeting(other, ctrlM, "x", Qt::ApplicationShortcut), SameKeys);
+    QCOMPARE(meeting(stage.window, ctrlM, "b"), NeverMeet); // no mode enables both
+    QCOMPARE(meeting(stage.window, ctrlM, "c"), SameKeys);
+    rules.noteMet(QStringLiteral("b"), QStringLiteral("a"));
+    QCOMPARE(meeting(stage.window, ctrlM, "b"), SameKeys); // whatever the modes say
+
+    const auto focus = Qt::WidgetWithChildrenShortcut;
+    const auto inField = useIn(*stage.field, ctrlM, "x", focus);
+    QCOMPARE(rules.meeting(inField, useIn(*stage.view, ctrlM, "y", focus)), NeverMeet);
+    QCOMPARE(rules.meeting(inField, useIn(stage.window, ctrlM, "y", focus)), SameKeys);
+    QCOMPARE(rules.meeting(inField, useIn(stage.window, ctrlM, "y", Qt::WidgetShortcut)), NeverMeet);
+  }
+
+  void differencesAreKeptAndComeToLaterCommands() {
+    QVariantMap kept;
+    {
+      Stage stage;
+      stage.scheme.setShortcuts(*stage.smooth, {ctrlJ, chord});
+      stage.scheme.setShortcuts(*stage.measure, {});
+      kept = stage.scheme.values();
+      stage.scheme.setShortcuts(*stage.measure, {ctrlJ}); // as the application has it: no difference
+      QCOMPARE(stage.scheme.values().keys(), QStringList(QStringLiteral("smooth")));
+    }
+    Stage stage;
+    kept.insert(QStringLiteral("late"), QStringList(QStringLiteral("Ctrl+L")));
+    stage.scheme.restore(kept);
+    QCOMPARE(stage.smooth->shortcuts(), QList({ctrlJ, chord}));
+    QVERIFY(stage.measure->shortcuts().isEmpty());
+    auto* const late = stage.add("late", "Late", {});
+    stage.window.addAction(late);
+    stage.press(stage.window, Qt::Key_L, Qt::ControlModifier);
+    QCOMPARE(stage.ran, QStringList(late->id));
+
+    const QByteArray json = stage.scheme.toJson();
+    stage.scheme.resetAll();
+    QCOMPARE(stage.smooth->shortcut(), ctrlM);
+    stage.scheme.restore(
+        {{stage.smooth->id, 5}, {stage.measure->id, QStringList(QStringLiteral("nonsense"))}});
+    QVERIFY(stage.scheme.values().isEmpty());
+    QVERIFY(!stage.scheme.readJson("{\"keys\": 1}").isEmpty() && !stage.scheme.readJson("{").isEmpty());
+    QCOMPARE(stage.scheme.readJson(json), QString());
+    QCOMPARE(stage.scheme.values(), kept);
+  }
+
+  void aCommandThatStandsNowhereGetsKeysInItsView() {
+    Stage stage;
+    auto* const hidden = stage.add("hidden", "Hidden", {});
+    stage.scheme.setShortcuts(*hidden, {QKeySequence(Qt::CTRL | Qt::Key_H)});
+    stage.press(stage.window, Qt::Key_H, Qt::ControlModifier);
+    QCOMPARE(stage.ran, QStringList(hidden->id));
+  }
+
+  void theEditorRecordsTakesOverAndGivesBack() {
+    EditorStage stage;
+    stage.choose(QStringLiteral("meas"));
+    stage.record(Qt::Key_L, Qt::Key_U);
+    QTRY_COMPARE(stage.measure->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_L));
+    stage.choose(QStringLiteral("measure"));
+    stage.record(Qt::Key_M, Qt::Key_O); // the keys of the other one
+    QTRY_COMPARE(stage.measure->shortcut(), ctrlM);
+    QVERIFY(stage.smooth->shortcuts().isEmpty());
+    stage.press(*stage.editor, Qt::Key_R, Qt::AltModifier);
+    QTRY_COMPARE(stage.measure->shortcut(), ctrlJ);
+    stage.press(*stage.editor, Qt::Key_A, Qt::AltModifier);
+    QTRY_COMPARE(stage.smooth->shortcut(), ctrlM);
+  }
+
+  void keysOfTheLibraryAndOfOthersAreRefused() {
+    EditorStage stage;
+    stage.choose(QStringLiteral("meas"));
+    stage.keys->setFocus();
+    stage.press(*stage.editor, Qt::Key_F6);
+    QVERIFY(stage.says(QStringLiteral("\"Go to the next toolbar\"")));
+    const auto buttons = stage.editor->findChildren<QPushButton*>();
+    QVERIFY(!buttons.first()->isEnabled());
+    QCOMPARE(stage.measure->shortcut(), ctrlJ);
+  }
+
+  void filesAndThePageToPrint() {
+    EditorStage stage;
+    QTemporaryDir folder;
+    stage.scheme.setShortcuts(*stage.smooth, {QKeySequence(Qt::CTRL | Qt::Key_B)});
+    QVERIFY(stage.editor->exportTo(folder.filePath(QStringLiteral("keys.json"))));
+    stage.scheme.resetAll();
+    QVERIFY(stage.editor->importFrom(folder.filePath(QStringLiteral("keys.json"))));
+    QCOMPARE(stage.smooth->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_B));
+    QVERIFY(!stage.editor->importFrom(folder.filePath(QStringLiteral("missing.json"))));
+    QCOMPARE(stage.smooth->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_B));
+    const QString page = shortcutSheet(stage.scheme);
+    QVERIFY(page.contains(QStringLiteral("Smooth Mesh")) && page.contains(QStringLiteral("Ctrl+B")));
+    QVERIFY(stage.editor->saveSheet(folder.filePath(QStringLiteral("keys.pdf"))));
+    QVERIFY(QFileInfo(folder.filePath(QStringLiteral("keys.pdf"))).size() > 1000);
+    QVERIFY(!stage.editor->saveSheet(folder.filePath(QStringLiteral("no/keys.pdf"))));
+  }
+
+  void aKeyThatMeansTwoThingsIsToldOf() {
+    Stage stage;
+    QSignalSpy spy(&stage.scheme, &ShortcutScheme::ambiguous);
+    stage.measure->setShortcut(ctrlM);
+    stage.press(stage.window, Qt::Key_M, Qt::ControlModifier);
+    QCOMPARE(spy.size(), 1);
+    QCOMPARE(spy[0][0].toString(),
+             QStringLiteral("Ctrl+M means \"Smooth Mesh\", \"Measure\": none of them was run."));
+    QVERIFY(stage.controller->isNotificationShowing());
+    QCOMPARE(stage.ran, QStringList());
+    stage.measure->setEnabled(false);
+    stage.press(stage.window, Qt::Key_M, Qt::ControlModifier);
+    QCOMPARE(stage.ran, QStringList(QStringLiteral("smooth")));
+  }
+
+  void aKeyIsTriedAndReachesNobody() {
+    Stage stage;
+    stage.controller->setGroundState(stage.measure->id, {State::Off, State::Keep},
+                                     QStringLiteral("No mesh."));
+    stage.dispatcher.runAll();
+    stage.measure->setShortcut(ctrlM);
+    auto* const probe = new KeyProbe(stage.window);
+    stage.open(probe);
+    stage.press(*probe, Qt::Key_M, Qt::ControlModifier);
+    QVERIFY2(probe->text().contains(QStringLiteral("Command: Smooth Mesh – gets it")),
+             qPrintable(probe->text()));
+    QVERIFY2(probe->text().contains(QStringLiteral("Command: Measure – No mesh.")),
+             qPrintable(probe->text()));
+    stage.press(*probe, Qt::Key_Escape);
+    QVERIFY(probe->isVisible() && probe->text().contains(QStringLiteral("Library: Close what is open")));
+    QCOMPARE(stage.ran, QStringList());
+    stage.smooth->setShortcut(Qt::Key_S);
+    stage.measure->setShortcut(
+        QKeySequence(QKeyCombination(Qt::CTRL, Qt::Key_B), QKeyCombination(Qt::Key_A)));
+    QVERIFY(
+        whoTakes(Qt::CTRL | Qt::Key_B, stage.window).takers.first().why.contains(QStringLiteral("No mesh")));
+    stage.field->setFocus(); // which takes letters for itself
+    QCOMPARE(whoTakes(Qt::Key_S, stage.window).takers.first().kind, KeyTaker::InFocus);
+    QCOMPARE(whoTakes(Qt::Key_S, stage.window).receiver, 0);
+    stage.pages->setCurrentIndex(1);
+    QCOMPARE(whoTakes(Qt::Key_F9, stage.window).takers.last().kind, KeyTaker::Leftover);
+  }
+};
+
+VELA_TEST_MAIN(ShortcutsTest)
+#include "shortcuts_test.moc"

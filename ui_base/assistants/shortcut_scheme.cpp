@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+#include "shortcut_scheme.h"
+
+#include "ambiguous_key.h"
+
+#include <ui_base/commands/cmd_mgr.h>
+#include <ui_base/commands/command_walk.h>
+#include <ui_base/views/base_view.h>
+
+#include <QActionEvent>
+#include <QApplication>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QShortcutEvent>
+
+namespace Vela::UiBase {
+
+namespace {
+
+constexpr const char* defaultProperty = "vela_default_shortcuts";
+constexpr QLatin1String jsonKey("shortcuts");
+
+QStringList textOf(const QList<QKeySequence>& shortcuts) {
+  QStringList texts;
+  for (const QKeySequence& keys : shortcuts)
+    texts.append(keys.toString(QKeySequence::PortableText));
+  texts.removeAll(QString());
+  return texts;
+}
+
+QList<QKeySequence> keysOf(const QStringList& texts) {
+  QList<QKeySequence> shortcuts;
+  for (const QString& text : texts)
+    shortcuts.append(QKeySequence::fromString(text, QKeySequence::PortableText));
+  return shortcuts;
+}
+
+} // namespace
+
+ShortcutScheme::ShortcutScheme(QObject* parent) : QObject(parent) { qApp->installEventFilter(this); }
+
+ShortcutScheme::~ShortcutScheme() = default;
+
+void ShortcutScheme::addManager(CmdMgr* manager) {
+  if (!manager)
+    return;
+  m_managers.append(manager->shared_from_this());
+  applyAll();
+}
+
+QList<std::shared_ptr<CmdMgr>> ShortcutScheme::managers() const {
+  QList<std::shared_ptr<CmdMgr>> living;
+  for (const auto& known : m_managers) {
+    if (auto manager = known.lock())
+      living.append(std::move(manager));
+  }
+  return living;
+}
+
+QList<CommandBase*> ShortcutScheme::commands() const {
+  QList<CommandBase*> commands;
+  QSet<const CommandBase*> seen; // some stand in several groups
+  const auto add = [&](CommandBase& command) {
+    if (dynamic_cast<CommandGroup*>(&command) || seen.contains(&command))
+      return;
+    seen.insert(&command);
+    commands.append(&command);
+  };
+  const auto known = managers();
+  for (const auto& manager : known)
+    visitCommands(std::as_const(*manager).commandBag(), add);
+  return commands;
+}
+
+QList<QKeySequence> ShortcutScheme::defaultShortcuts(const CommandBase& command) {
+  const QVariant known = command.property(defaultProperty);
+  return known.isValid() ? known.value<QList<QKeySequence>>() : command.shortcuts();
+}
+
+QList<QKeySequence> ShortcutScheme::shortcuts(const CommandBase& command) const {
+  const auto change = m_changes.constFind(command.commandId());
+  return change == m_changes.cend() ? defaultShortcuts(command) : keysOf(*change);
+}
+
+void ShortcutScheme::put(const CommandBase& command, const QList<QKeySequence>& shortcuts) {
+  if (textOf(shortcuts) == textOf(defaultShortcuts(command)))
+    m_changes.remove(command.commandId());
+  else
+    m_changes.insert(command.commandId(), textOf(shortcuts));
+}
+
+void ShortcutScheme::setShortcuts(const CommandBase& command, const QList<QKeySequence>& shortcuts) {
+  put(command, shortcuts);
+  applyAll();
+  Q_EMIT changed();
+}
+
+void ShortcutScheme::reset(const QString& commandId) {
+  if (!m_changes.remove(commandId))
+    return;
+  applyAll();
+  Q_EMIT changed();
+}
+
+void ShortcutScheme::resetAll() { restore({}); }
+
+QVariantMap ShortcutScheme::values() const {
+  QVariantMap values;
+  for (auto it = m_changes.cbegin(); it != m_changes.cend(); ++it)
+    values.insert(it.key(), it.value());
+  return values;
+}
+
+void ShortcutScheme::restore(const QVariantMap& values) {
+  m_changes.clear();
+  for (auto it = values.cbegin(); it != values.cend(); ++it) {
+    const QStringList given = it.value().toStringList();
+    const QStringList known = textOf(keysOf(given));
+    if (it.value().canConvert<QStringList>() && known.isEmpty() == given.isEmpty())
+      m_changes.insert(it.key(), known);
+  }
+  applyAll();
+  Q_EMIT changed();
+}
+
+QByteArray ShortcutScheme::toJson() const {
+  return QJsonDocument(QJsonObject{{jsonKey, QJsonObject::fromVariantMap(values())}}).toJson();
+}
+
+QString ShortcutScheme::readJson(const QByteArray& json) {
+  QJsonParseError error;
+  const QJsonDocument document = QJsonDocument::fromJson(json, &error);
+  if (document.isNull())
+    return tr("This is no file of shortcuts: %1").arg(error.errorString());
+  const QJsonValue shortcuts = document.object().value(jsonKey);
+  if (!shortcuts.isObject())
+    return tr("This is no file of shortcuts: it has no list of them.");
+  restore(shortcuts.toObject().toVariantMap());
+  return {};
+}
+
+QList<ShortcutUse> ShortcutScheme::metBy(const CommandBase& command,
+                                         const QList<QKeySequence>& shortcuts) const {
+  const QList<ShortcutUse> wanted = usesOf(command, shortcuts);
+  QList<ShortcutUse> others = libraryKeys();
+  const auto known = commands();
+  for (const CommandBase* const other : known) {
+    if (other != &command)
+      others += usesOf(*other);
+  }
+  QList<const QWidget*> windows;
+  for (const ShortcutUse& use : wanted) {
+    for (const auto& place : use.places) {
+      if (place && !windows.contains(place->window()))
+        windows.append(place->window());
+    }
+  }
+  for (const QWidget* const window : std::as_const(windows))
+    others += usesBesideCommands(*window);
+  QList<ShortcutUse> met;
+  for (const ShortcutUse& use : wanted)
+    met += m_rules.metBy(use, others);
+  return met;
+}
+
+/// A command in no widget takes no keys, so one that the user gives some goes to its view.
+void ShortcutScheme::apply(CommandBase& command) {
+  if (!command.property(defaultProperty).isValid())
+    command.setProperty(defaultProperty, QVariant::fromValue(command.shortcuts()));
+  const QList<QKeySequence> wanted = shortcuts(command);
+  if (wanted != command.shortcuts())
+    command.setShortcuts(wanted);
+  BaseView* const view = command.getView();
+  if (view && isChanged(command.commandId()) && !wanted.isEmpty() && command.associatedObjects().isEmpty())
+    view->addAction(&command);
+}
+
+void ShortcutScheme::applyAll() {
+  QList<QPointer<CommandBase>> known;
+  const auto all = commands();
+  for (CommandBase* const command : all)
+    known.append(command);
+  for (const auto& command : std::as_const(known)) { // what hears of a change may delete others
+    if (command)
+      apply(*command);
+  }
+}
+
+bool ShortcutScheme::eventFilter(QObject*, QEvent* event) {
+  if (event->type() == QEvent::ActionAdded) {
+    if (auto* const command = dynamic_cast<CommandBase*>(static_cast<QActionEvent*>(event)->action()))
+      apply(*command);
+  } else if (event->type() == QEvent::Shortcut && static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
+    const QString message = tellAmbiguousKey(static_cast<QShortcutEvent*>(event)->key(), m_rules);
+    if (!message.isEmpty())
+      Q_EMIT ambiguous(message);
+    return !message.isEmpty();
+  }
+  return false;
+}
+
+} // namespace Vela::UiBase

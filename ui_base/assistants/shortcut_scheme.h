@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ui_base/assistants/shortcut_rules.h>
+
+#include <QHash>
+#include <QObject>
+#include <QVariantMap>
+
+#include <memory>
+
+class QKeySequence;
+
+namespace Vela::UiBase {
+
+class CmdMgr;
+class CommandBase;
+
+/// The shortcuts that the user chose in place of those that the application gave: kept as differences by the
+/// identifiers of commands, so that what a later version of the application brings comes through.
+///
+/// A command has the user's shortcuts as soon as it is in a manager added here, or in any widget: from that
+/// moment on what it had counts as the application's choice. With a scheme, a key that means two things at
+/// once is told of over the view, where Qt would do nothing; see ambiguous().
+///
+/// Managers are held weakly. For the main thread; one for an application.
+///
+/// @code
+/// auto* shortcuts = new ShortcutScheme(window);
+/// shortcuts->addManager(controller);
+/// shortcuts->restore(settings.value("shortcuts").toMap());
+/// connect(shortcuts, &ShortcutScheme::changed, window,
+///         [&settings, shortcuts] { settings.setValue("shortcuts", shortcuts->values()); });
+/// @endcode
+class UI_BASE_EXPORT ShortcutScheme : public QObject {
+  Q_OBJECT
+
+public:
+  explicit ShortcutScheme(QObject* parent = nullptr);
+  ~ShortcutScheme() override;
+
+  /// Null is ignored. @throws std::bad_weak_ptr when the manager is not shared.
+  void addManager(CmdMgr* manager);
+  QList<std::shared_ptr<CmdMgr>> managers() const;
+  /// All commands of the managers, those in groups included; groups themselves are not.
+  QList<CommandBase*> commands() const;
+
+  /// The shortcuts of a command, the user's or else the application's.
+  static QList<QKeySequence> defaultShortcuts(const CommandBase& command);
+  QList<QKeySequence> shortcuts(const CommandBase& command) const;
+  bool isChanged(const QString& commandId) const { return m_changes.contains(commandId); }
+  /// The user's choice for a command; an empty list for no shortcut. The application's own choice is no
+  /// difference.
+  void setShortcuts(const CommandBase& command, const QList<QKeySequence>& shortcuts);
+  /// Gives a command what the application chose.
+  void reset(const QString& commandId);
+  void resetAll();
+
+  /// The differences by identifier, texts that do not depend on the language: to be kept for the next start.
+  QVariantMap values() const;
+  /// Replaces the differences. Those of commands that are not known are kept; what names no keys is left out.
+  void restore(const QVariantMap& values);
+  /// The differences as a JSON text for a file that people exchange.
+  QByteArray toJson() const;
+  /// @return empty, or why the text is not such a file, for the user; then nothing changes.
+  QString readJson(const QByteArray& json);
+
+  ShortcutRules& rules() { return m_rules; }
+  const ShortcutRules& rules() const { return m_rules; }
+  /// What a command would meet with these shortcuts: other commands, and what else listens in its window or
+  /// in the library.
+  QList<ShortcutUse> metBy(const CommandBase& command, const QList<QKeySequence>& shortcuts) const;
+
+Q_SIGNALS:
+  void changed();
+  /// A key was pressed that means several commands here, so that none ran. The message is shown over the view
+  /// of the first that has one.
+  void ambiguous(const QString& message);
+
+protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  void apply(CommandBase& command);
+  void applyAll();
+  void put(const CommandBase& command, const QList<QKeySequence>& shortcuts);
+
+  QList<std::weak_ptr<CmdMgr>> m_managers;
+  QHash<QString, QStringList> m_changes; // in portable text
+  ShortcutRules m_rules;
+};
+
+} // namespace Vela::UiBase
