@@ -22,12 +22,10 @@ private Q_SLOTS:
     NotificationFixture f;
     QSignalSpy ended(f.bar, &NotificationBar::notificationEnded);
     QVERIFY(!f.bar->isVisible() && !f.host->isVisible());
-    const quint64 start =
-        f.bar->showNotification(QStringLiteral("Loading"), FadeInOnly, 3000, false, nullptr, nullptr);
-    QCOMPARE(f.reading(), QStringLiteral("Loading"));
-    const quint64 end =
-        f.bar->showNotification(QStringLiteral("Loaded"), FadeOutOnly, 3000, false, nullptr, nullptr);
-    QCOMPARE(f.reading(), QStringLiteral("Loaded"));
+    const quint64 start = f.bar->showNotification("Loading", FadeInOnly, 3000, false, nullptr, nullptr);
+    QCOMPARE(f.reading(), "Loading");
+    const quint64 end = f.bar->showNotification("Loaded", FadeOutOnly, 3000, false, nullptr, nullptr);
+    QCOMPARE(f.reading(), "Loaded");
     QCOMPARE(f.bar->currentNotification(), end);
     QCOMPARE(ended, QList<QVariantList>({{start}}));
 
@@ -40,9 +38,9 @@ private Q_SLOTS:
     NotificationFixture f;
     QSignalSpy shown(f.bar, &NotificationBar::notificationShown);
     QSignalSpy ended(f.bar, &NotificationBar::notificationEnded);
-    const quint64 first = f.post(NotificationWarning, QStringLiteral("first"), 5);
-    const quint64 last = f.post(NotificationInfo, QStringLiteral("last"), 5);
-    const quint64 second = f.post(NotificationWarning, QStringLiteral("second"), 5);
+    const quint64 first = f.post(NotificationWarning, "first", 5);
+    const quint64 last = f.post(NotificationInfo, "last", 5);
+    const quint64 second = f.post(NotificationWarning, "second", 5);
     QCOMPARE(f.bar->waitingCount(), 2);
     QTRY_COMPARE(ended.count(), 3);
     QCOMPARE(shown, QList<QVariantList>({{first}, {second}, {last}}));
@@ -52,19 +50,19 @@ private Q_SLOTS:
 
   void hideNotificationTakesBackOnlyTheInfo() {
     NotificationFixture f;
-    const quint64 error = f.post(NotificationError, QStringLiteral("broken"));
-    const quint64 warning = f.post(NotificationWarning, QStringLiteral("odd"));
-    f.post(NotificationInfo, QStringLiteral("working"));
+    const quint64 error = f.post(NotificationError, "broken");
+    const quint64 warning = f.post(NotificationWarning, "odd");
+    f.post(NotificationInfo, "working");
     f.bar->hideNotification();
-    QCOMPARE(f.reading(), QStringLiteral("Error: broken"));
+    QCOMPARE(f.reading(), "Error: broken");
     QCOMPARE(f.bar->waitingCount(), 1);
     QVERIFY(f.bar->hideNotification(warning));
     QVERIFY(!f.bar->hideNotification(warning));
     QVERIFY(f.bar->hideNotification(error));
     QVERIFY(!f.bar->isNotificationShowing());
 
-    f.post(NotificationError, QStringLiteral("a"));
-    f.post(NotificationError, QStringLiteral("b"));
+    f.post(NotificationError, "a");
+    f.post(NotificationError, "b");
     f.bar->clearNotifications();
     QVERIFY(!f.bar->isVisible() && f.bar->waitingCount() == 0);
   }
@@ -80,7 +78,7 @@ private Q_SLOTS:
     QFETCH(bool, fadesIn);
     NotificationFixture f;
     f.bar->setFadeDuration(40);
-    f.bar->showNotification(QStringLiteral("text"), fade, 0);
+    f.bar->showNotification("text", fade, 0);
     QCOMPARE(f.bar->graphicsEffect() != nullptr, fadesIn);
     QTRY_VERIFY(!f.bar->graphicsEffect());
     QVERIFY(f.bar->isVisible());
@@ -93,17 +91,17 @@ private Q_SLOTS:
   void hideAndShowWhileFading() {
     NotificationFixture f;
     f.bar->setFadeDuration(20);
-    f.bar->showNotification(QStringLiteral("text"), FadeInAndOut, 0);
+    f.bar->showNotification("text", FadeInAndOut, 0);
     f.bar->hideNotification();
     QTRY_VERIFY(!f.bar->isVisible());
-    f.bar->showNotification(QStringLiteral("old"), FadeInAndOut, 0);
+    f.bar->showNotification("old", FadeInAndOut, 0);
     QTRY_VERIFY(!f.bar->graphicsEffect());
     QVERIFY(f.bar->isVisible());
     f.bar->hideNotification();
-    f.bar->showNotification(QStringLiteral("new"), FadeOutOnly, 0);
+    f.bar->showNotification("new", FadeOutOnly, 0);
     QVERIFY(!f.bar->graphicsEffect());
     letTimePass(30);
-    QCOMPARE(f.reading(), QStringLiteral("new"));
+    QCOMPARE(f.reading(), "new");
     QVERIFY(!f.bar->graphicsEffect());
   }
 
@@ -125,10 +123,10 @@ private Q_SLOTS:
     QFETCH(Act, resume);
     NotificationFixture f;
     QSignalSpy ended(f.bar, &NotificationBar::notificationEnded);
-    f.post(NotificationError, QStringLiteral("stays"), 0);
+    f.post(NotificationError, "stays", 0);
     settle();
     pause(f);
-    f.post(NotificationError, QStringLiteral("stays"), 1);
+    f.post(NotificationError, "stays", 1);
     letTimePass(30);
     QVERIFY(f.bar->isNotificationShowing());
     resume(f);
@@ -138,11 +136,11 @@ private Q_SLOTS:
   void keyboardReachesTheButtonsAndFocusReturns() {
     NotificationFixture f;
     ActionReceiver receiver;
-    f.bar->showNotification(QStringLiteral("text"), FadeInAndOut, 0, true, &receiver, SLOT(onAction()));
+    f.bar->showNotification("text", FadeInAndOut, 0, true, &receiver, SLOT(onAction()));
     QVERIFY(f.work->hasFocus());
-    QCOMPARE(f.button(QString())->accessibleName(), QStringLiteral("Close notification"));
+    QCOMPARE(f.button(QString())->accessibleName(), "Close notification");
     f.key(Qt::Key_Tab);
-    QVERIFY(f.button(QStringLiteral("Details"))->hasFocus());
+    QVERIFY(f.button("Details")->hasFocus());
     f.key(Qt::Key_Tab);
     QVERIFY(f.button(QString())->hasFocus());
     f.key(Qt::Key_Escape);
@@ -150,7 +148,7 @@ private Q_SLOTS:
     QVERIFY(f.work->hasFocus());
     QCOMPARE(receiver.calls, 0);
 
-    f.bar->showNotification(QStringLiteral("again"), FadeInAndOut, 0, false, &receiver, SLOT(onAction()));
+    f.bar->showNotification("again", FadeInAndOut, 0, false, &receiver, SLOT(onAction()));
     f.key(Qt::Key_Tab);
     f.key(Qt::Key_Escape);
     QVERIFY2(f.bar->isNotificationShowing(), "not closable");
@@ -162,20 +160,32 @@ private Q_SLOTS:
 
   void clickOnCloseKeepsTheFocusWhereItIs() {
     NotificationFixture f;
-    f.post(NotificationWarning, QStringLiteral("text"), 0);
+    f.post(NotificationWarning, "text", 0);
     settle();
     const QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(f.bar);
     QCOMPARE(accessible->role(), QAccessible::AlertMessage);
-    QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Warning: text"));
+    QCOMPARE(accessible->text(QAccessible::Name), "Warning: text");
     click(*f.button(QString()));
     QVERIFY(!f.bar->isNotificationShowing());
     QVERIFY(f.work->hasFocus());
   }
 
+  void theNextOneTakesTheFocusOfTheCrossOnly() {
+    NotificationFixture f;
+    ActionReceiver receiver;
+    for (const char* const first : {"action", "cross"}) {
+      f.bar->showNotification(QString(first), FadeOutOnly, 0, true, &receiver, SLOT(onAction()));
+      const bool isCross = first == QByteArray("cross");
+      f.button(isCross ? QString() : QStringLiteral("Details"))->setFocus();
+      f.bar->showNotification("next", FadeOutOnly, 0, true, nullptr, nullptr);
+      QCOMPARE(f.work->hasFocus(), !isCross);
+    }
+  }
+
   void whatTheActionShowsStays() {
     NotificationFixture f;
     ActionReceiver receiver;
-    receiver.then = [&] { f.post(NotificationInfo, QStringLiteral("undone")); };
+    receiver.then = [&] { f.post(NotificationInfo, "undone"); };
     Notification notification;
     notification.message = QStringLiteral("deleted");
     notification.actionText = QStringLiteral("Undo");
@@ -183,10 +193,10 @@ private Q_SLOTS:
     notification.member = SLOT(onAction());
     f.bar->showNotification(notification);
     settle();
-    click(*f.button(QStringLiteral("Undo")));
+    click(*f.button("Undo"));
     QCOMPARE(receiver.calls, 1);
-    QCOMPARE(f.reading(), QStringLiteral("undone"));
-    QVERIFY(!f.button(QStringLiteral("Undo")));
+    QCOMPARE(f.reading(), "undone");
+    QVERIFY(!f.button("Undo"));
   }
 
   void memberThatDoesNotExistMakesNoButton() {
@@ -194,9 +204,9 @@ private Q_SLOTS:
     ActionReceiver receiver;
     QTest::ignoreMessage(QtWarningMsg,
                          QRegularExpression(QStringLiteral("No such slot ActionReceiver::gone")));
-    f.bar->showNotification(QStringLiteral("text"), FadeInAndOut, 0, false, &receiver, "1gone()");
-    QCOMPARE(f.reading(), QStringLiteral("text"));
-    QVERIFY(!f.button(QStringLiteral("Details")));
+    f.bar->showNotification("text", FadeInAndOut, 0, false, &receiver, "1gone()");
+    QCOMPARE(f.reading(), "text");
+    QVERIFY(!f.button("Details"));
   }
 
   void longTextStaysInsideTheView() {
@@ -217,7 +227,7 @@ private Q_SLOTS:
 
   void shortTextStaysOnOneLine() {
     NotificationFixture f;
-    f.post(NotificationInfo, QStringLiteral("OK"));
+    f.post(NotificationInfo, "OK");
     settle();
     const int height = f.bar->height();
     for (const char* const name : {"cube.off", "elephant.off", "armadillo.off", "Fitting, at last.off"}) {

@@ -19,15 +19,15 @@ class NotificationLifetimeTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void contentIsOwnedAndDeletedAfterTheEnd() {
     NotificationFixture f;
-    QPointer<QLabel> shown = new QLabel(QStringLiteral("shown"));
-    QPointer<QLabel> replaced = new QLabel(QStringLiteral("replaced"));
+    QPointer<QLabel> shown = new QLabel("shown");
+    QPointer<QLabel> replaced = new QLabel("replaced");
     f.bar->showNotification(replaced, FadeInOnly, 0);
     QVERIFY(replaced->isVisible());
     QCOMPARE(f.bar->showNotification(replaced, FadeInOnly, 0), quint64(0));
     f.bar->showNotification(shown, FadeOutOnly, 0);
     settle();
     QVERIFY(shown->isVisible() && !replaced);
-    const quint64 error = f.post(NotificationError, QStringLiteral("error"), 0);
+    const quint64 error = f.post(NotificationError, "error", 0);
     settle();
     QVERIFY(shown && !shown->isVisible());
     f.bar->hideNotification(error); // what was interrupted comes back
@@ -52,14 +52,14 @@ private Q_SLOTS:
     f.bar->setFadeDuration(60000);
     QSignalSpy ended(f.bar, &NotificationBar::notificationEnded);
     if (waiting)
-      f.post(NotificationError, QStringLiteral("error"));
+      f.post(NotificationError, "error");
     Notification notification;
     notification.severity = NotificationWarning;
     notification.durationMs = 0;
-    notification.content = new QLabel(QStringLiteral("content"));
+    notification.content = new QLabel("content");
     const quint64 id = f.bar->showNotification(notification);
     if (anotherWaits)
-      f.post(NotificationWarning, QStringLiteral("another"));
+      f.post(NotificationWarning, "another");
     delete notification.content;
     settle();
     QCOMPARE(ended, QList<QVariantList>({{id}}));
@@ -75,18 +75,18 @@ private Q_SLOTS:
   void receiverDies() {
     QFETCH(bool, waiting);
     NotificationFixture f;
-    const quint64 error = waiting ? f.post(NotificationError, QStringLiteral("error")) : 0;
+    const quint64 error = waiting ? f.post(NotificationError, "error") : 0;
     auto receiver = std::make_unique<ActionReceiver>();
-    f.bar->showNotification(QStringLiteral("text"), FadeInOnly, 0, true, receiver.get(), SLOT(onAction()));
+    f.bar->showNotification("text", FadeInOnly, 0, true, receiver.get(), SLOT(onAction()));
     if (!waiting) {
-      f.button(QStringLiteral("Details"))->setFocus();
+      f.button("Details")->setFocus();
       f.key(Qt::Key_Tab);
-      QVERIFY(f.button(QStringLiteral("Details")));
+      QVERIFY(f.button("Details"));
     }
     receiver.reset();
     f.bar->hideNotification(error);
-    QCOMPARE(f.reading(), QStringLiteral("text"));
-    QVERIFY(!f.button(QStringLiteral("Details")));
+    QCOMPARE(f.reading(), "text");
+    QVERIFY(!f.button("Details"));
     QVERIFY(f.button(QString()));
   }
 
@@ -96,22 +96,21 @@ private Q_SLOTS:
     row("fading in", 60000, false, [](F, ActionReceiver&) {});
     row("fading out", 60000, false, [](F f, ActionReceiver&) { f.bar->hideNotification(); });
     row("with a queue", 0, false, [](F f, ActionReceiver&) {
-      f.post(NotificationError, QStringLiteral("error"));
-      f.bar->showNotification(new QLabel(QStringLiteral("waits")), FadeInAndOut, 0);
+      f.post(NotificationError, "error");
+      f.bar->showNotification(new QLabel("waits"), FadeInAndOut, 0);
     });
     row("with its view", 0, true, [](F f, ActionReceiver&) { delete f.view; });
-    row("in the action", 0, true,
-        [](F f, ActionReceiver&) { Vela::Test::click(*f.button(QStringLiteral("Details"))); });
+    row("in the action", 0, true, [](F f, ActionReceiver&) { Vela::Test::click(*f.button("Details")); });
     row("when shown", 0, true, [](F f, ActionReceiver& receiver) {
       connect(f.bar, &NotificationBar::notificationShown, &receiver, &ActionReceiver::onAction);
-      f.post(NotificationError, QStringLiteral("error"));
+      f.post(NotificationError, "error");
     });
     for (const bool anotherWaits : {false, true})
       row(anotherWaits ? "when ended, another waits" : "when ended", 0, true,
           [anotherWaits](F f, ActionReceiver& receiver) {
             const quint64 shown = f.bar->currentNotification();
             if (anotherWaits)
-              f.post(NotificationError, QStringLiteral("error"));
+              f.post(NotificationError, "error");
             connect(f.bar, &NotificationBar::notificationEnded, &receiver, &ActionReceiver::onAction);
             f.bar->hideNotification(shown);
           });
@@ -123,8 +122,7 @@ private Q_SLOTS:
     ActionReceiver receiver;
     receiver.then = [&] { delete f.bar; };
     f.bar->setFadeDuration(fadeMs);
-    f.bar->showNotification(new QLabel(QStringLiteral("content")), FadeInAndOut, 0, true, &receiver,
-                            SLOT(onAction()));
+    f.bar->showNotification(new QLabel("content"), FadeInAndOut, 0, true, &receiver, SLOT(onAction()));
     settle();
     end(f, receiver);
     QTEST(f.bar.isNull(), "diesByItself");
@@ -142,7 +140,7 @@ private Q_SLOTS:
       if (rounds == 2)
         f.bar->hideNotification(f.bar->currentNotification());
     });
-    const quint64 first = f.post(NotificationWarning, QStringLiteral("first"), 0);
+    const quint64 first = f.post(NotificationWarning, "first", 0);
     f.bar->hideNotification(first);
     while (f.bar->isNotificationShowing())
       f.bar->hideNotification(f.bar->currentNotification());

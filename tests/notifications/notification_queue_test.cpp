@@ -76,13 +76,13 @@ private Q_SLOTS:
   void interruptionKeepsTheTimeLeftAndARepeatGivesAllAgain() {
     NotificationQueue queue;
     NotificationQueue::Entries dropped;
-    const quint64 id = queue.post(entryFrom(QStringLiteral("w:a")), dropped);
+    const quint64 id = queue.post(entryFrom("w:a"), dropped);
     queue.current()->remainingMs = 10;
-    queue.post(entryFrom(QStringLiteral("e:b")), dropped);
+    queue.post(entryFrom("e:b"), dropped);
     queue.takeCurrent();
     QVERIFY(queue.advance());
     QCOMPARE(queue.current()->remainingMs, 10);
-    QCOMPARE(queue.post(entryFrom(QStringLiteral("w:a")), dropped), id);
+    QCOMPARE(queue.post(entryFrom("w:a"), dropped), id);
     QCOMPARE(queue.current()->remainingMs, 1000);
   }
 

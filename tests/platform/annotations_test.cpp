@@ -53,7 +53,7 @@ private Q_SLOTS:
 
   void behindTheEyeNothingIsDrawn() {
     QVERIFY(isBlank(drawn(PointObject({30, 20, -1}))));
-    QVERIFY(isBlank(drawn(TextObject({30, 20, -1}, QStringLiteral("text")))));
+    QVERIFY(isBlank(drawn(TextObject({30, 20, -1}, "text"))));
     QVERIFY(isBlank(drawn(LineObject({30, 20, 1}, {60, 20, -1}))));
     QVERIFY(!isBlank(drawn(LineObject({30, 20, 1}, {60, 20, 1}))));
   }
@@ -63,8 +63,8 @@ private Q_SLOTS:
     QCOMPARE(line.text(), formatValue(254, Millimetre));
     line.setUnits(Millimetre, Inch);
     QCOMPARE(line.text(), formatValue(10, Inch));
-    line.setText(QStringLiteral("edge"));
-    QCOMPARE(line.text(), QStringLiteral("edge"));
+    line.setText("edge");
+    QCOMPARE(line.text(), "edge");
   }
 };
 

@@ -72,11 +72,11 @@ private Q_SLOTS:
     const auto c = added("c");
     b->agrees = false;
     QVERIFY(!service().requestShutdown());
-    QCOMPARE(notes(), QStringLiteral("a? b?"));
+    QCOMPARE(notes(), "a? b?");
     b->agrees = true;
     m_notes.clear();
     QVERIFY(service().requestShutdown());
-    QCOMPARE(notes(), QStringLiteral("a? b? c? a! b! c!"));
+    QCOMPARE(notes(), "a? b? c? a! b! c!");
   }
 
   void delegatesAreToldApartByOwner() {
@@ -97,7 +97,7 @@ private Q_SLOTS:
     a->whenAsked = [&] { service().removeShutdownProtocolDelegate(b); };
     a->whenTold = [&] { c.reset(); };
     QVERIFY(service().requestShutdown());
-    QCOMPARE(notes(), QStringLiteral("a? c? a!"));
+    QCOMPARE(notes(), "a? c? a!");
   }
 
   void whoRegistersWhenOthersAreAskedIsAskedToo() {
@@ -109,40 +109,40 @@ private Q_SLOTS:
       QVERIFY(!service().requestShutdown()); // one at a time
     };
     QVERIFY(!service().requestShutdown());
-    QCOMPARE(notes(), QStringLiteral("a? l?"));
+    QCOMPARE(notes(), "a? l?");
   }
 
   void theConfigManagerKeepsValuesInItsFile() {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("config.ini"));
+    const QString path = folder.filePath("config.ini");
     const QString key = QStringLiteral("view/unit");
     {
       ConfigManager config(path);
       QSignalSpy changes(&config, &ConfigManager::valueChanged);
       QCOMPARE(config.value(key, 7).toInt(), 7);
-      config.setValue(key, QStringLiteral("mm"));
-      config.setValue(key, QStringLiteral("mm"));
+      config.setValue(key, "mm");
+      config.setValue(key, "mm");
       QCOMPARE(changes.count(), 1);
       QCOMPARE(changes.first().first().toString(), key);
-      config.setValue(QStringLiteral("recent"), QStringList({QStringLiteral("ä.obj"), QStringLiteral("b")}));
-      config.setValue(QStringLiteral("dropped"), 1);
-      config.remove(QStringLiteral("dropped"));
-      config.remove(QStringLiteral("dropped"));
+      config.setValue("recent", QStringList({QStringLiteral("ä.obj"), "b"}));
+      config.setValue("dropped", 1);
+      config.remove("dropped");
+      config.remove("dropped");
       QCOMPARE(changes.count(), 4);
       QVERIFY(config.save());
     }
     const ConfigManager config(path);
-    QCOMPARE(config.value(key).toString(), QStringLiteral("mm"));
-    QCOMPARE(config.value(QStringLiteral("recent")).toStringList().first(), QStringLiteral("ä.obj"));
-    QVERIFY(!config.contains(QStringLiteral("dropped")));
+    QCOMPARE(config.value(key).toString(), "mm");
+    QCOMPARE(config.value("recent").toStringList().first(), QStringLiteral("ä.obj"));
+    QVERIFY(!config.contains("dropped"));
   }
 
   void theConfigManagerSaysWhenItCannotSave() {
     const QTemporaryDir folder;
-    QFile notAFolder(folder.filePath(QStringLiteral("file")));
+    QFile notAFolder(folder.filePath("file"));
     QVERIFY(notAFolder.open(QIODevice::WriteOnly));
     ConfigManager config(notAFolder.fileName() + QStringLiteral("/config.ini"));
-    config.setValue(QStringLiteral("a"), 1);
+    config.setValue("a", 1);
     QVERIFY(!config.save());
   }
 
@@ -154,11 +154,11 @@ private Q_SLOTS:
     service().setConfigManager(std::move(replacement));
     QCOMPARE(&service().GetConfigManager(), own);
     service().setConfigManager(nullptr);
-    service().GetConfigManager().setValue(QStringLiteral("check"), true);
+    service().GetConfigManager().setValue("check", true);
     QVERIFY(service().GetConfigManager().save());
     const QString byName = QStringLiteral("vlk_ui_base_tests/vlk_ui_base_tests.conf");
     QVERIFY(QFile::exists(folder.filePath(byName)));
-    QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("own.ini"))));
+    QVERIFY(!QFile::exists(folder.filePath("own.ini")));
     service().setConfigManager(nullptr);
   }
 

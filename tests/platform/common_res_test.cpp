@@ -109,7 +109,7 @@ private Q_SLOTS:
 
   void iconsAreDrawnInThePalette() {
     auto& styles = Styles::Instance();
-    const QIcon icon = Icons::icon(QStringLiteral("menu"));
+    const QIcon icon = Icons::icon("menu");
     const auto drawn = [&icon](QIcon::Mode mode) {
       return mainColor(icon.pixmap({48, 48}, 1.0, mode).toImage());
     };
@@ -119,14 +119,14 @@ private Q_SLOTS:
     styles.setPalette(Dark);
     QCOMPARE(drawn(QIcon::Normal), styles.ColorIcon());
 
-    const QIcon fixed = Icons::icon(QStringLiteral("menu"), Qt::magenta);
+    const QIcon fixed = Icons::icon("menu", Qt::magenta);
     QCOMPARE(mainColor(fixed.pixmap(48).toImage()), QColor(Qt::magenta));
-    QVERIFY(Icons::icon(QStringLiteral("no_such_icon")).isNull());
+    QVERIFY(Icons::icon("no_such_icon").isNull());
     QVERIFY(icon.pixmap(QSize(0, 0)).isNull());
   }
 
   void iconsAreSharpAtEveryRatio() {
-    const QIcon icon = Icons::icon(QStringLiteral("zoom_in"));
+    const QIcon icon = Icons::icon("zoom_in");
     for (const qreal ratio : {1.0, 1.5, 2.0}) {
       const QPixmap pixmap = icon.pixmap(QSize(24, 24), ratio);
       QCOMPARE(pixmap.devicePixelRatio(), ratio);

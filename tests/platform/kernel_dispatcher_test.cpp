@@ -91,8 +91,7 @@ private Q_SLOTS:
     dispatchNote("follower");
     dispatchNote("last");
     Vela::Test::settle();
-    QCOMPARE(order.join(QStringLiteral(", ")),
-             QStringLiteral("first, open, follower, last, queued by it, closed"));
+    QCOMPARE(order.join(", "), "first, open, follower, last, queued by it, closed");
   }
 
   void eventLoopsInEventLoopsStillServeWhatIsQueued() {
@@ -118,8 +117,7 @@ private Q_SLOTS:
           outer.quit();
         },
         MainThreadQoS);
-    QTRY_COMPARE(order.join(QStringLiteral(", ")),
-                 QStringLiteral("queued by the first, second ends, first ends"));
+    QTRY_COMPARE(order.join(", "), "queued by the first, second ends, first ends");
   }
 
   void aTaskThatQueuesItselfLeavesTheEventLoopRunning() {
@@ -181,7 +179,7 @@ private Q_SLOTS:
       QVERIFY(dispatchSync(innermost, HighQoS));
     };
     QVERIFY(dispatchSync([&] { QVERIFY(dispatchSync(onMain, MainThreadQoS)); }, LowQoS));
-    QCOMPARE(order.join(QStringLiteral(", ")), QStringLiteral("waited before, main, worker again"));
+    QCOMPARE(order.join(", "), "waited before, main, worker again");
   }
 
   void theWaitingMainThreadServesQueuedCallsAndNothingElseOfQt() {

@@ -122,15 +122,15 @@ private Q_SLOTS:
     auto& service = LicenseService::Instance();
     KeyProvider* provider = installProvider(NoLicense);
     QString error;
-    QVERIFY(!service.activate(QStringLiteral("  "), &error) && !error.isEmpty());
+    QVERIFY(!service.activate("  ", &error) && !error.isEmpty());
     QVERIFY(provider->lastKey.isEmpty());
-    QVERIFY(!service.activate(QStringLiteral("bad"), &error));
-    QCOMPARE(error, QStringLiteral("No such key."));
+    QVERIFY(!service.activate("bad", &error));
+    QCOMPARE(error, "No such key.");
     provider->rejection.clear();
-    QVERIFY(!service.activate(QStringLiteral("bad"), &error) && !error.isEmpty());
+    QVERIFY(!service.activate("bad", &error) && !error.isEmpty());
     QSignalSpy changed(&service, &LicenseService::stateChanged);
-    QVERIFY(service.activate(QStringLiteral(" GOOD-KEY\n")));
-    QCOMPARE(provider->lastKey, QStringLiteral("GOOD-KEY"));
+    QVERIFY(service.activate(" GOOD-KEY\n"));
+    QCOMPARE(provider->lastKey, "GOOD-KEY");
     QCOMPARE(changed.count(), 1);
     QVERIFY(service.isLicensed());
   }
@@ -139,7 +139,7 @@ private Q_SLOTS:
     const Vela::Test::Rows<ELicenseState, QList<User::Step>, bool> row("state", "steps", "answer");
     const auto box = [](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
       return [=](QDialog* dialog) {
-        QCOMPARE(dialog->windowTitle(), QStringLiteral("Paid Feature"));
+        QCOMPARE(dialog->windowTitle(), "Paid Feature");
         QVERIFY(qobject_cast<QMessageBox*>(dialog)->text().contains(QLatin1String("Cut & Fill")));
         Vela::Test::pressKey(*dialog, key, modifiers);
       };
@@ -173,7 +173,7 @@ private Q_SLOTS:
     m_window->show();
     const User user(steps);
     auto& service = LicenseService::Instance();
-    QCOMPARE(service.confirmPaidFeature(m_window.get(), QStringLiteral("&Cut && Fill")), answer);
+    QCOMPARE(service.confirmPaidFeature(m_window.get(), "&Cut && Fill"), answer);
     QVERIFY(user.isDone());
   }
 
@@ -194,15 +194,15 @@ private Q_SLOTS:
                      ->text(QAccessible::Name)
                      .isEmpty());
 
-      type(dialog, QStringLiteral("BAD"));
+      type(dialog, "BAD");
       QVERIFY(activate->isEnabled() && activate->isDefault());
       Vela::Test::pressKey(*dialog, Qt::Key_A, Qt::AltModifier);
-      QTRY_COMPARE(errorText(dialog), QStringLiteral("No such key."));
-      QCOMPARE(key->selectedText(), QStringLiteral("BAD"));
+      QTRY_COMPARE(errorText(dialog), "No such key.");
+      QCOMPARE(key->selectedText(), "BAD");
 
-      type(dialog, QStringLiteral("G"));
+      type(dialog, "G");
       QVERIFY(errorText(dialog).isEmpty());
-      type(dialog, QStringLiteral("OOD-KEY"));
+      type(dialog, "OOD-KEY");
       Vela::Test::pressKey(*dialog, Qt::Key_Tab);
       QVERIFY(activate->hasFocus());
       Vela::Test::pressKey(*dialog, Qt::Key_Space);
@@ -219,25 +219,25 @@ private Q_SLOTS:
 
   void aBadgeHoldsTheTooltipUntilItIsRemoved() {
     QAction action;
-    action.setToolTip(QStringLiteral("Before"));
+    action.setToolTip("Before");
     QToolButton button;
     button.setDefaultAction(&action);
     button.resize(50, 50);
     button.show();
-    QPointer<QLabel> badge = attachLockBadge(&button, QLatin1String(LOCK), {3, 4}, QStringLiteral("Locked"));
+    QPointer<QLabel> badge = attachLockBadge(&button, QLatin1String(LOCK), {3, 4}, "Locked");
     QVERIFY(badge->isVisible());
     QCOMPARE(badge->pixmap().devicePixelRatio(), button.devicePixelRatio());
     QSignalSpy clicked(&button, &QToolButton::clicked);
     Vela::Test::click(*badge);
     QCOMPARE(clicked.count(), 1);
 
-    action.setToolTip(QStringLiteral("After"));
-    QCOMPARE(button.toolTip(), QStringLiteral("Locked"));
-    QCOMPARE(attachLockBadge(&button, QLatin1String(LOCK), {8, 8}, QStringLiteral("Still locked")), badge);
-    QCOMPARE(button.toolTip(), QStringLiteral("Still locked"));
+    action.setToolTip("After");
+    QCOMPARE(button.toolTip(), "Locked");
+    QCOMPARE(attachLockBadge(&button, QLatin1String(LOCK), {8, 8}, "Still locked"), badge);
+    QCOMPARE(button.toolTip(), "Still locked");
     removeLockBadge(&button);
     QVERIFY(badge.isNull());
-    QCOMPARE(button.toolTip(), QStringLiteral("After"));
+    QCOMPARE(button.toolTip(), "After");
   }
 
 private:

@@ -66,7 +66,7 @@ protected:
   bool onBeforeExecute() override { return mayRun; }
   CommandContext getBeginCommandContext() override {
     CommandContext context;
-    context.overwrite(QStringLiteral("other"), {State::Off, State::Keep});
+    context.overwrite("other", {State::Off, State::Keep});
     return context;
   }
 };
@@ -82,6 +82,7 @@ public:
 struct Stage {
   explicit Stage(bool checkable = false, QWidget* simple = nullptr) {
     auto* const column = new QVBoxLayout(&window);
+    column->addWidget(new QLineEdit); // where Qt itself would leave the focus
     column->addWidget(field = new QLineEdit);
     column->addWidget(view = new BaseView, 1);
     controller = new CmdsViewController(view);

@@ -48,22 +48,22 @@ private Q_SLOTS:
   }
   void withoutAUsablePluginATextBrowserServes() {
     QFETCH(QString, plugins);
-    QFile broken(m_broken.filePath(QStringLiteral("broken.so")));
+    QFile broken(m_broken.filePath("broken.so"));
     QVERIFY(broken.open(QIODevice::WriteOnly) && broken.write("no library") > 0);
     broken.close();
     qputenv("VLK_PLUGIN_PATH", plugins.toLocal8Bit());
-    InfoPanel panel(QStringLiteral("Mesh"));
+    InfoPanel panel("Mesh");
     const QSignalSpy loaded(&panel, &InfoPanel::loaded);
-    panel.SetHtml(QStringLiteral("<table><tr><th>Triangles<td>69 451</table>"));
+    panel.SetHtml("<table><tr><th>Triangles<td>69 451</table>");
     QVERIFY2(loaded.isEmpty() && !panel.findChild<InfoView*>(), "nothing is made before it is shown");
     panel.show();
     QCOMPARE(loaded.size(), 1);
     QVERIFY(loaded.constFirst().constFirst().toBool() && !panel.IsWebView());
     auto* browser = panel.findChild<QTextBrowser*>();
-    QVERIFY(browser->toPlainText().contains(QStringLiteral("69 451")));
-    QCOMPARE(browser->accessibleName(), QStringLiteral("Mesh"));
+    QVERIFY(browser->toPlainText().contains("69 451"));
+    QCOMPARE(browser->accessibleName(), "Mesh");
 #ifdef Q_OS_LINUX
-    QFile maps(QStringLiteral("/proc/self/maps"));
+    QFile maps("/proc/self/maps");
     QVERIFY(maps.open(QIODevice::ReadOnly));
     QVERIFY2(!maps.readAll().contains("WebEngine"),
              "nothing that is linked or loaded so far needs the engine");
@@ -76,14 +76,13 @@ private Q_SLOTS:
     InfoPanel panel;
     const QSignalSpy loaded(&panel, &InfoPanel::loaded);
     panel.show();
-    panel.SetHtml(QStringLiteral("<p>content"));
+    panel.SetHtml("<p>content");
     QVERIFY(panel.IsWebView());
-    QVERIFY(
-        panel.findChild<InfoView*>()->property("content").toString().endsWith(QStringLiteral("<p>content")));
+    QVERIFY(panel.findChild<InfoView*>()->property("content").toString().endsWith("<p>content"));
     QCOMPARE(loaded.size(), 1);
-    panel.SetHtml(QStringLiteral("<p>too much"));
+    panel.SetHtml("<p>too much");
     QVERIFY(!panel.IsWebView());
-    QCOMPARE(panel.findChild<QTextBrowser*>()->toPlainText(), QStringLiteral("too much"));
+    QCOMPARE(panel.findChild<QTextBrowser*>()->toPlainText(), "too much");
     QCOMPARE(loaded.size(), 2);
   }
 
@@ -127,7 +126,7 @@ private Q_SLOTS:
 
   void sources() {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("page.html"));
+    const QString path = folder.filePath("page.html");
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("<!DOCTYPE html><html><head><title>Page</title></head><body><p>Größe</body></html>");
@@ -137,8 +136,8 @@ private Q_SLOTS:
     const QSignalSpy loaded(&panel, &InfoPanel::loaded);
     panel.SetSource(QUrl::fromLocalFile(path));
     QCOMPARE(panel.findChild<QTextBrowser*>()->toPlainText(), QStringLiteral("Größe"));
-    panel.SetSource(QUrl(QStringLiteral("qrc:/there/is/none.html")));
-    panel.SetSource(QUrl(QStringLiteral("https://example.org/")));
+    panel.SetSource(QUrl("qrc:/there/is/none.html"));
+    panel.SetSource(QUrl("https://example.org/"));
     QVERIFY(panel.findChild<QTextBrowser*>()->toPlainText().isEmpty());
     QCOMPARE(loaded.size(), 3);
     QVERIFY(loaded.at(0).at(0).toBool() && !loaded.at(1).at(0).toBool() && !loaded.at(2).at(0).toBool());

@@ -45,11 +45,11 @@ private Q_SLOTS:
   }
 
   void longTextsAreWrapped() {
-    DefaultTooltip tooltip(QStringLiteral("short"));
+    DefaultTooltip tooltip("short");
     const QSize small = tooltip.size();
     tooltip.SetText(QStringLiteral("a rather long sentence ").repeated(10));
     QVERIFY(tooltip.width() < 400 && tooltip.height() > 2 * small.height());
-    tooltip.SetText(QStringLiteral("short"));
+    tooltip.SetText("short");
     QCOMPARE(tooltip.size(), small);
   }
 
@@ -82,7 +82,7 @@ private Q_SLOTS:
   void unfolds() {
     QFETCH(const Act, act);
     TooltipFixture f;
-    auto* const tooltip = new TooltipEx(QStringLiteral("Smooth"), QStringLiteral("Evens out noise."));
+    auto* const tooltip = new TooltipEx("Smooth", "Evens out noise.");
     QPixmap picture(100, 80);
     picture.fill(Qt::red);
     tooltip->SetAdvancedPicture(QIcon(picture), picture.size());
@@ -109,10 +109,10 @@ private Q_SLOTS:
     QSignalSpy asked(f.tooltip, &ATooltipObject::HelpRequested);
     QSignalSpy askedAnywhere(&TooltipManager::GetInstance(), &TooltipManager::HelpRequested);
     f.tooltip->SetTooltipIndex(17);
-    auto* const tooltip = new TooltipEx(QStringLiteral("Smooth"));
-    tooltip->SetAdvancedWidget(new QLabel(QStringLiteral("more")));
+    auto* const tooltip = new TooltipEx("Smooth");
+    tooltip->SetAdvancedWidget(new QLabel("more"));
     f.tooltip->SetTooltipControl(tooltip, true);
-    f.tooltip->SetTooltipKeyword(QStringLiteral("smoothing"));
+    f.tooltip->SetTooltipKeyword("smoothing");
     f.tooltip->ShowTooltip();
     f.key(Qt::Key_F1);
     QVERIFY(tooltip->IsUnfolded() && asked.isEmpty());
@@ -143,30 +143,30 @@ private Q_SLOTS:
   void actionsHaveTooltips() {
     TooltipFixture f;
     QAction action(QStringLiteral("&Smooth && relax (&S)…"));
-    action.setShortcut(QKeySequence(QStringLiteral("Ctrl+M")));
-    action.setStatusTip(QStringLiteral("Evens out noise."));
+    action.setShortcut(QKeySequence("Ctrl+M"));
+    action.setStatusTip("Evens out noise.");
     TooltipExFactory::Attach(f.tooltip, &action);
-    QCOMPARE(f.widget->accessibleDescription(), QStringLiteral("Evens out noise."));
+    QCOMPARE(f.widget->accessibleDescription(), "Evens out noise.");
     auto* const tooltip = qobject_cast<TooltipEx*>(f.tooltip->TooltipControl());
     QVERIFY(tooltip);
-    QCOMPARE(tooltip->Title(), QStringLiteral("Smooth & relax"));
+    QCOMPARE(tooltip->Title(), "Smooth & relax");
     QCOMPARE(tooltip->Shortcut(), action.shortcut().toString(QKeySequence::NativeText));
-    QCOMPARE(tooltip->Text(), QStringLiteral("Evens out noise."));
-    action.setToolTip(QStringLiteral("<i>Own</i> words"));
-    QCOMPARE(tooltip->Text(), QStringLiteral("<i>Own</i> words"));
-    QCOMPARE(tooltip->accessibleName().section(QLatin1Char('\n'), -1), QStringLiteral("Own words"));
+    QCOMPARE(tooltip->Text(), "Evens out noise.");
+    action.setToolTip("<i>Own</i> words");
+    QCOMPARE(tooltip->Text(), "<i>Own</i> words");
+    QCOMPARE(tooltip->accessibleName().section(QLatin1Char('\n'), -1), "Own words");
     QVERIFY(!TooltipExFactory::Create(nullptr) && TooltipExFactory::Description(nullptr).isEmpty());
   }
 
   void widgetIsDescribed() {
     TooltipFixture f;
-    QCOMPARE(f.widget->accessibleDescription(), QStringLiteral("Fits the mesh"));
-    f.tooltip->SetTooltipText(QStringLiteral("Fits all"));
-    QCOMPARE(f.widget->accessibleDescription(), QStringLiteral("Fits all"));
-    f.widget->setAccessibleDescription(QStringLiteral("own words"));
-    f.tooltip->SetTooltipText(QStringLiteral("Fits"));
+    QCOMPARE(f.widget->accessibleDescription(), "Fits the mesh");
+    f.tooltip->SetTooltipText("Fits all");
+    QCOMPARE(f.widget->accessibleDescription(), "Fits all");
+    f.widget->setAccessibleDescription("own words");
+    f.tooltip->SetTooltipText("Fits");
     f.tooltip->Detach();
-    QCOMPARE(f.widget->accessibleDescription(), QStringLiteral("own words"));
+    QCOMPARE(f.widget->accessibleDescription(), "own words");
     f.other->Detach();
     QVERIFY(f.neighbour->accessibleDescription().isEmpty());
   }

@@ -28,10 +28,10 @@ public:
     window->resize(600, 400);
     widget->setGeometry(150, 180, 60, 30);
     neighbour->setGeometry(350, 180, 60, 30);
-    tooltip = new Vela::UiBase::TooltipObject(QStringLiteral("test"), widget);
-    other = new Vela::UiBase::TooltipObject(QStringLiteral("test"), neighbour);
-    tooltip->SetTooltipText(QStringLiteral("Fits the <b>mesh</b>"));
-    other->SetTooltipText(QStringLiteral("Other"));
+    tooltip = new Vela::UiBase::TooltipObject("test", widget);
+    other = new Vela::UiBase::TooltipObject("test", neighbour);
+    tooltip->SetTooltipText("Fits the <b>mesh</b>");
+    other->SetTooltipText("Other");
     tooltip->AttachTo(widget);
     other->AttachTo(neighbour);
     Vela::Test::showActive(*window);

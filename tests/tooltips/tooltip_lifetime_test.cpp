@@ -24,8 +24,8 @@ private Q_SLOTS:
         const QPointer<QWidget> widget(new QWidget(&window));
         widget->setGeometry(100, 100, 40, 20);
         widget->show();
-        const QPointer<QWidget> content(new QLabel(QStringLiteral("content")));
-        const QPointer<TooltipObject> tooltip(new TooltipObject(QStringLiteral("test")));
+        const QPointer<QWidget> content(new QLabel("content"));
+        const QPointer<TooltipObject> tooltip(new TooltipObject("test"));
         tooltip->SetTooltipLayer(layer);
         tooltip->SetTooltipControl(content, arrowed);
         tooltip->AttachTo(widget);
@@ -41,7 +41,7 @@ private Q_SLOTS:
             tooltip->ShowTooltip();
           }
         }
-        QVERIFY(!content && !TooltipManager::GetInstance().IsTooltipShown(QStringLiteral("test")));
+        QVERIFY(!content && !TooltipManager::GetInstance().IsTooltipShown("test"));
       }
     } while (std::next_permutation(order.begin(), order.end()));
   }
@@ -55,7 +55,11 @@ private Q_SLOTS:
     delete layer;
     f.tooltip->ShowTooltip();
     QVERIFY(f.tooltip->IsVisible() && f.shown()->isVisible());
-    QCOMPARE(f.shown()->parentWidget(), f.window);
+    const QPointer<QWidget> shown(f.shown());
+    QCOMPARE(shown->parentWidget(), f.window);
+    delete f.tooltip;
+    settle();
+    QVERIFY(!shown);
   }
 
   void deletedByItsHandler() {
@@ -103,9 +107,9 @@ private Q_SLOTS:
   void unusedObjectsMakeNothing() {
     TooltipFixture f;
     const auto before = qApp->allWidgets().size();
-    TooltipObject tooltip(QStringLiteral("test"));
+    TooltipObject tooltip("test");
     tooltip.SetTooltipType(RichTooltip);
-    tooltip.SetTooltipText(QStringLiteral("text"));
+    tooltip.SetTooltipText("text");
     tooltip.AttachTo(f.window);
     QCOMPARE(qApp->allWidgets().size(), before);
     QVERIFY(tooltip.children().isEmpty());

@@ -7,6 +7,7 @@
 #include <QHelpEvent>
 #include <QScreen>
 #include <QSignalSpy>
+#include <QToolTip>
 
 using namespace Vela::UiBase;
 using Vela::Test::letTimePass;
@@ -77,8 +78,8 @@ private Q_SLOTS:
     inner.setGeometry(5, 5, 10, 20);
     QWidget apart(f.widget);
     apart.setGeometry(40, 0, 20, 30);
-    TooltipObject own(QStringLiteral("of its own"));
-    own.SetTooltipText(QStringLiteral("x"));
+    TooltipObject own("of its own");
+    own.SetTooltipText("x");
     own.AttachTo(&apart);
     f.widget->show();
     for (QWidget* const each : {&part, &inner, &apart})
@@ -178,10 +179,10 @@ private Q_SLOTS:
       QTRY_VERIFY(!f.tooltip->IsVisible());
     });
     hides("its group is another one's", [](F f) {
-      f.other->SetTooltipGroup(QStringLiteral("apart"));
+      f.other->SetTooltipGroup("apart");
       f.other->ShowTooltip();
       QVERIFY(f.tooltip->IsVisible());
-      f.other->SetTooltipGroup(QStringLiteral("test"));
+      f.other->SetTooltipGroup("test");
     });
     hides("content hidden", [](F f) { f.tooltip->TooltipControl()->hide(); });
     hides("content deleted", [](F f) { delete f.tooltip->TooltipControl(); });
@@ -205,8 +206,8 @@ private Q_SLOTS:
       f.tooltip->SetCustomTooltipCheckTime(AT_ONCE);
     });
     keeps("tooltip of another group", [](F f) {
-      TooltipObject apart(QStringLiteral("apart"));
-      apart.SetTooltipText(QStringLiteral("x"));
+      TooltipObject apart("apart");
+      apart.SetTooltipText("x");
       apart.AttachTo(f.window);
       apart.ShowTooltip();
       QVERIFY(apart.IsVisible());
@@ -216,26 +217,20 @@ private Q_SLOTS:
   }
   void whatDoesNotHideIt() { actOnShown(true); }
 
-  void onlyTooltipEventsAreSwallowed_data() {
-    const Rows<bool> row("enabled");
-    row("enabled", true);
-    row("disabled", false);
-  }
   void onlyTooltipEventsAreSwallowed() {
-    QFETCH(const bool, enabled);
-    TooltipFixture f;
-    f.tooltip->SetEnableTooltip(enabled);
-    QHelpEvent help(QEvent::ToolTip, {1, 1}, f.widget->mapToGlobal(QPoint(1, 1)));
-    QVERIFY(f.tooltip->eventFilter(f.widget, &help));
-    QVERIFY(!f.tooltip->IsVisible());
-    QVERIFY(!f.tooltip->eventFilter(f.widget, nullptr));
-    for (const auto type : {QEvent::Enter, QEvent::Leave, QEvent::Hide, QEvent::FocusOut, QEvent::Paint}) {
-      QEvent event(type);
-      QVERIFY(!f.tooltip->eventFilter(f.widget, &event));
+    for (const bool enabled : {true, false}) {
+      TooltipFixture f;
+      f.tooltip->SetEnableTooltip(enabled);
+      QHelpEvent help(QEvent::ToolTip, {1, 1}, f.widget->mapToGlobal(QPoint(1, 1)));
+      QVERIFY(f.tooltip->eventFilter(f.widget, &help) && !f.tooltip->eventFilter(f.widget, nullptr));
+      for (const auto type : {QEvent::Enter, QEvent::Leave, QEvent::Hide, QEvent::FocusOut, QEvent::Paint}) {
+        QEvent event(type);
+        QVERIFY(!f.tooltip->eventFilter(f.widget, &event));
+      }
+      f.moveTo(f.widget);
+      letTimePass(1);
+      QCOMPARE(f.tooltip->IsVisible(), enabled);
     }
-    f.moveTo(f.widget);
-    letTimePass(1);
-    QCOMPARE(f.tooltip->IsVisible(), enabled);
   }
 
   void tooltipEventShowsWithoutOwnTime() {
@@ -276,28 +271,35 @@ private Q_SLOTS:
     QVERIFY(!f.other->IsVisible());
   }
 
-  void nextAtOnceWhereTheGroupWantsIt_data() {
-    const Rows<bool> row("atOnce");
-    row("group wants it", true);
-    row("default", false);
-  }
-  void nextAtOnceWhereTheGroupWantsIt() {
-    QFETCH(const bool, atOnce);
+  void focusThatGoesHidesOnlyWhatItHasBrought() {
     TooltipFixture f;
-    f.other->SetCustomTooltipShowUpTime(NEVER);
-    TooltipManager& manager = TooltipManager::GetInstance();
-    manager.SetShowNextAtOnce(QStringLiteral("test"), atOnce);
-    f.moveTo(f.neighbour);
-    letTimePass(1);
-    QVERIFY(!f.other->IsVisible()); // there is none up yet
+    f.tooltip->Detach();
+    f.tooltip->AttachTo(f.widget);
+    f.widget->setFocus(Qt::MouseFocusReason);
     f.moveTo(f.widget);
-    QTRY_VERIFY(f.tooltip->IsVisible() && manager.IsTooltipShown(QStringLiteral("test")));
-    f.tooltip->SetCustomTooltipDismissTime(NEVER);
-    f.moveTo(f.neighbour);
-    letTimePass(1);
-    QCOMPARE(f.other->IsVisible(), atOnce);
-    QCOMPARE(f.tooltip->IsVisible(), !atOnce);
-    manager.SetShowNextAtOnce(QStringLiteral("test"), false);
+    QTRY_VERIFY(f.tooltip->IsVisible());
+    f.widget->clearFocus();
+    QVERIFY(f.tooltip->IsVisible());
+  }
+
+  void nextAtOnceWhereTheGroupWantsIt() {
+    for (const bool atOnce : {true, false}) {
+      TooltipFixture f;
+      f.other->SetCustomTooltipShowUpTime(NEVER);
+      TooltipManager& manager = TooltipManager::GetInstance();
+      manager.SetShowNextAtOnce("test", atOnce);
+      f.moveTo(f.neighbour);
+      letTimePass(1);
+      QVERIFY(!f.other->IsVisible()); // there is none up yet
+      f.moveTo(f.widget);
+      QTRY_VERIFY(f.tooltip->IsVisible() && manager.IsTooltipShown("test"));
+      f.tooltip->SetCustomTooltipDismissTime(NEVER);
+      f.moveTo(f.neighbour);
+      letTimePass(1);
+      QCOMPARE(f.other->IsVisible(), atOnce);
+      QCOMPARE(f.tooltip->IsVisible(), !atOnce);
+      manager.SetShowNextAtOnce("test", false);
+    }
   }
 
   void layers() {
@@ -305,24 +307,24 @@ private Q_SLOTS:
     TooltipManager& manager = TooltipManager::GetInstance();
     QWidget layer(f.window);
     layer.setGeometry(f.window->rect());
-    manager.SetTooltipLayer(QStringLiteral("test"), &layer);
+    manager.SetTooltipLayer("test", &layer);
     QCOMPARE(manager.getTooltipLayer(f.tooltip), &layer);
     f.tooltip->ShowTooltip();
     QVERIFY(layer.isVisible() && f.shown()->parentWidget() == &layer);
-    manager.SetTooltipLayer(QStringLiteral("test"), nullptr);
+    manager.SetTooltipLayer("test", nullptr);
 
     // A layer of another window is not where the user looks.
     QWidget elsewhere;
     QWidget foreign(&elsewhere);
-    manager.SetTooltipLayer(QStringLiteral("test"), &foreign);
+    manager.SetTooltipLayer("test", &foreign);
     QCOMPARE(manager.getTooltipLayer(f.tooltip), f.window);
-    manager.SetTooltipLayer(QStringLiteral("test"), nullptr);
+    manager.SetTooltipLayer("test", nullptr);
 
     // A spot belongs to the window that shows it, whichever is active.
     elsewhere.show();
     elsewhere.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&elsewhere));
-    const TooltipObject spot(QStringLiteral("test"), f.window);
+    const TooltipObject spot("test", f.window);
     QCOMPARE(manager.getTooltipLayer(const_cast<TooltipObject*>(&spot)), f.window);
     elsewhere.hide();
 
@@ -338,8 +340,8 @@ private Q_SLOTS:
     f.window->hide();
     f.other->ShowTooltip();
     QVERIFY(f.window->isHidden() && !f.other->IsVisible());
-    TooltipObject lost(QStringLiteral("test"));
-    lost.SetTooltipText(QStringLiteral("x"));
+    TooltipObject lost("test");
+    lost.SetTooltipText("x");
     lost.ShowTooltip();
     QVERIFY(!manager.getTooltipLayer(nullptr) && !lost.IsVisible());
   }
@@ -371,6 +373,19 @@ private Q_SLOTS:
     QCOMPARE(body.right() < f.widget->x(), side == Left);
     f.press(f.shown());
     QCOMPARE(f.tooltip->IsVisible(), rich);
+  }
+
+  void qtsOwnToolTipGoesWithTheView() {
+    QWidget view;
+    view.show();
+    TooltipManager& manager = TooltipManager::GetInstance();
+    QSignalSpy changed(&manager, &TooltipManager::viewVisibilityChanged);
+    QToolTip::showText(view.mapToGlobal(QPoint(10, 10)), "tip", &view);
+    manager.onViewVisibilityChange(true);
+    QVERIFY(QToolTip::isVisible());
+    manager.onViewVisibilityChange(false);
+    QTRY_VERIFY(!QToolTip::isVisible());
+    QCOMPARE(changed, QList<QVariantList>({{true}, {false}}));
   }
 
   // Owners along the edges and in the corners, in windows of all sizes.

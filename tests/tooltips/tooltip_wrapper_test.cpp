@@ -19,10 +19,10 @@ class TooltipWrapperTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void showsAtAPoint() {
     TooltipFixture f;
-    TooltipWrapper wrapper(QStringLiteral("spot"));
+    TooltipWrapper wrapper("spot");
     wrapper.Show(f.window->mapToGlobal(QPoint(300, 200)), true, ShowUntilHidden);
     QVERIFY(!wrapper.IsVisible()); // nothing to show
-    wrapper.SetTooltipText(QStringLiteral("Pick a point"));
+    wrapper.SetTooltipText("Pick a point");
     wrapper.Show(f.window->mapToGlobal(QPoint(300, 200)), true, ShowUntilHidden);
     const ArrowedWindow* const shown = wrapper.GetArrowedWindow();
     const QPoint tip = shown->mapTo(f.window, shown->GetArrowPoint());
@@ -31,7 +31,7 @@ private Q_SLOTS:
     QVERIFY(tip.y() < 200 && tip.y() > 180);
     // A longer text grows around the place it points at.
     const int width = shown->width();
-    wrapper.UpdateText(QStringLiteral("Pick a point on the surface of the mesh"));
+    wrapper.UpdateText("Pick a point on the surface of the mesh");
     QVERIFY(shown->width() > width);
     QCOMPARE(shown->mapTo(f.window, shown->GetArrowPoint()), tip);
     // Without a point it comes where it was.
@@ -53,8 +53,8 @@ private Q_SLOTS:
     QFETCH(const bool, delayHide);
     QFETCH(const bool, stays);
     TooltipFixture f({AT_ONCE, dismiss, NEVER, showDuration, NEVER});
-    TooltipWrapper wrapper(QStringLiteral("spot"));
-    wrapper.SetTooltipText(QStringLiteral("x"));
+    TooltipWrapper wrapper("spot");
+    wrapper.SetTooltipText("x");
     wrapper.Show(f.window->mapToGlobal(QPoint(300, 200)), true, ShowForDuration);
     if (delayHide)
       wrapper.DelayHide();
@@ -69,8 +69,8 @@ private Q_SLOTS:
   void goesWithItsContent() {
     for (const bool arrowed : {true, false}) {
       TooltipFixture f;
-      TooltipWrapper wrapper(QStringLiteral("spot"));
-      auto* const content = ATooltipObject::CreateTooltipControl(QStringLiteral("x"));
+      TooltipWrapper wrapper("spot");
+      auto* const content = ATooltipObject::CreateTooltipControl("x");
       wrapper.SetTooltipControl(content, arrowed);
       wrapper.Show(f.window->mapToGlobal(QPoint(300, 200)), true, ShowUntilHidden);
       QVERIFY(content->isVisible() && content->window() == f.window);

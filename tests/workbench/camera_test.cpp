@@ -54,15 +54,6 @@ private Q_SLOTS:
     }
   }
 
-  void aPointStaysUnderItsRay() {
-    const Camera camera = lookingAt({{-1, -1, -1}, {1, 1, 1}}, 37, -12);
-    for (const QPointF& position : {QPointF(0, 0), QPointF(400, 300), QPointF(713.5, 21.25)}) {
-      const Ray ray = camera.rayThrough(position, Viewport);
-      QVERIFY(near(camera.project(ray.origin + ray.direction * 3, Viewport).value(), position));
-    }
-    QVERIFY(!camera.project(camera.eye() - camera.axes().forward, Viewport));
-  }
-
   void zoomKeepsTheAnchorInPlaceAlsoAtTheLimits() {
     for (const double factor : {1.7, 0.3, 1e9, 1e-9}) {
       Camera camera = lookingAt({{-1, -1, -1}, {1, 1, 1}}, 20, 40);

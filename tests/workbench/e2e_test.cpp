@@ -47,7 +47,7 @@ private Q_SLOTS:
     QVERIFY(workbench.chooseFile(file));
     QTRY_COMPARE(workbench.triangles(), std::size_t(12));
     QCOMPARE(workbench.window().windowTitle(), QStringLiteral("cube.obj[*] – Workbench"));
-    QTRY_COMPARE(workbench.notification(), QStringLiteral("Opened cube.obj"));
+    QTRY_COMPARE(workbench.notification(), "Opened cube.obj");
     QVERIFY(workbench.window().statusBar()->currentMessage().isEmpty());
     QTRY_VERIFY(workbench.view().isSettled());
     QVERIFY(Test::meshPixels(workbench.view().picture()) > 3000);
@@ -82,7 +82,7 @@ private Q_SLOTS:
     workbench.drop({workbench.write("cube.obj", cubeFile()), workbench.write("blob.off", blobFile())});
     QTRY_COMPARE(shown.count(), 2);
     QCOMPARE(workbench.triangles(), std::size_t(1800));
-    QTRY_COMPARE(workbench.notification(), QStringLiteral("Opened 2 of 2 files"));
+    QTRY_COMPARE(workbench.notification(), "Opened 2 of 2 files");
     workbench.drop({});
     settle();
     QCOMPARE(shown.count(), 2);
@@ -141,7 +141,7 @@ private Q_SLOTS:
     QVERIFY(!service.isWorkspaceSwitchingEnabled());
     work.runAll();
     QCOMPARE(workbench.triangles(), std::size_t(1800));
-    QCOMPARE(workbench.notification(), QStringLiteral("Opened blob.off"));
+    QCOMPARE(workbench.notification(), "Opened blob.off");
     QVERIFY(!QApplication::overrideCursor());
     QVERIFY(workbench.command<OpenMeshCommand>()->isEnabled());
     QVERIFY(service.isWorkspaceSwitchingEnabled());
@@ -178,7 +178,7 @@ private Q_SLOTS:
     workbench.open(workbench.write("cube.obj", cubeFile()));
     workbench.press(Qt::Key_S, Qt::ControlModifier | Qt::AltModifier);
     QVERIFY(workbench.chooseFile(workbench.path("picture.png")));
-    QTRY_COMPARE(workbench.notification(), QStringLiteral("Saved picture.png"));
+    QTRY_COMPARE(workbench.notification(), "Saved picture.png");
     const QImage picture(workbench.path("picture.png"));
     QCOMPARE(picture.size(), workbench.view().size() * workbench.view().devicePixelRatioF());
     QVERIFY(Test::meshPixels(picture) > 3000);

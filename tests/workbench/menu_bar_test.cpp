@@ -7,11 +7,9 @@
 #include <support/rows.h>
 #include <ui_base/menus/menu_builder.h>
 #include <vlk_common_res/styles.h>
-#include <workbench/commands/clear_measurements_command.h>
 #include <workbench/commands/dark_palette_command.h>
 #include <workbench/commands/length_unit_command.h>
 #include <workbench/commands/open_recent_command.h>
-#include <workbench/commands/placement_command.h>
 #include <workbench/palette_item.h>
 #include <workbench/panels/unit_button.h>
 
@@ -66,28 +64,16 @@ private Q_SLOTS:
     for (int i = 0; i < 4; ++i)
       bench.press(Qt::Key_Right); // from File to View
     bench.press(Qt::Key_Down);
-    QCOMPARE(bench.openMenu(), bench.menus().GetMenu(QStringLiteral("view")));
+    QCOMPARE(bench.openMenu(), bench.menus().GetMenu("view"));
     bench.press(Qt::Key_S);
     const QMenu* const shading = bench.openMenu();
-    QVERIFY(shading && shading->objectName().endsWith(QStringLiteral("Shading")));
+    QVERIFY(shading && shading->objectName().endsWith("Shading"));
     QCOMPARE(bench.menus().GetMenu(shading->objectName()), shading);
     bench.press(Qt::Key_Down);
     bench.press(Qt::Key_Return);
     QTRY_COMPARE(bench.view().shading(), FlatShading);
     QVERIFY(!bench.openMenu() && bench.view().hasFocus());
     QVERIFY(!shading->actions()[0]->isChecked() && shading->actions()[1]->isChecked());
-  }
-
-  void theMouseMovesAlongAndChooses() {
-    Bench bench;
-    click(bench.item(QStringLiteral("tools")));
-    QVERIFY(bench.openMenu()->actions().contains(bench.command<ClearMeasurementsCommand>()));
-    QVERIFY(!bench.command<ClearMeasurementsCommand>()->isEnabled());
-    const QToolButton& view = bench.item(QStringLiteral("view"));
-    moveMouse(view);
-    QCOMPARE(bench.openMenu(), bench.menus().GetMenu(QStringLiteral("view")));
-    bench.choose(bench.command<PlacementOverlayCommand>());
-    QTRY_VERIFY(bench.command<PlacementOverlayCommand>()->isChecked());
   }
 
   void eachPageHasItsMenusAndTheirLettersOpenThem_data() {
@@ -133,7 +119,7 @@ private Q_SLOTS:
       return bench.controller().findCommand(OpenRecentCommand::idOf(place));
     };
     QTRY_VERIFY(recent(1)->isEnabled());
-    QCOMPARE(recent(1)->text(), QStringLiteral("&2  a && b.obj"));
+    QCOMPARE(recent(1)->text(), "&2  a && b.obj");
     QVERIFY(recent(0)->isVisible() && !recent(2)->isVisible());
     recent(1)->trigger();
     QTRY_COMPARE(bench.controller().fileName(), files[0]);
@@ -147,11 +133,11 @@ private Q_SLOTS:
     QCOMPARE(item.geometry().right(), bench.menus().MenuBar()->rect().right());
     click(item);
     QTRY_COMPARE(Styles::Instance().palette(), Vela::Resource::Dark);
-    QCOMPARE(item.text(), QStringLiteral("Light palette"));
+    QCOMPARE(item.text(), "Light palette");
     // Somebody else changes it.
     bench.press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
-    QTRY_COMPARE(item.text(), QStringLiteral("Dark palette"));
-    QVERIFY(item.toolTip().startsWith(item.text()) && item.toolTip().contains(QStringLiteral("Ctrl")));
+    QTRY_COMPARE(item.text(), "Dark palette");
+    QVERIFY(item.toolTip().startsWith(item.text()) && item.toolTip().contains("Ctrl"));
     command.setEnabled(false);
     QVERIFY(!item.isEnabled());
   }
@@ -169,7 +155,7 @@ private Q_SLOTS:
     bench.press(Qt::Key_T, Qt::AltModifier);
     bench.press(Qt::Key_U);
     bench.press(Qt::Key_C);
-    QTRY_COMPARE(button.text(), QStringLiteral("cm"));
+    QTRY_COMPARE(button.text(), "cm");
   }
 };
 

@@ -15,7 +15,7 @@ class MeshDocumentTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void undoAndRedoRestoreMeshAndSelection() {
     MeshDocument document;
-    document.open(Test::cube(1), QStringLiteral("cube.off"));
+    document.open(Test::cube(1), "cube.off");
     QSignalSpy meshes(&document, &MeshDocument::meshChanged);
     QSignalSpy selections(&document, &MeshDocument::selectionChanged);
     // Who hears of the mesh finds a selection that fits it.
@@ -26,7 +26,7 @@ private Q_SLOTS:
     const TriangleSelection selection(12, corners);
     document.setSelection(selection);
     document.setSelection(selection); // no step
-    document.edit(QStringLiteral("Delete"), withoutTriangles(document.mesh(), selection));
+    document.edit("Delete", withoutTriangles(document.mesh(), selection));
     QUndoStack& steps = *document.undoStack();
     QCOMPARE(steps.count(), 2);
     QCOMPARE(document.mesh().triangles().size(), std::size_t(10));
@@ -46,20 +46,8 @@ private Q_SLOTS:
     QCOMPARE(document.mesh().triangles().size(), std::size_t(10));
     QVERIFY(document.selection().isEmpty());
     QVERIFY_THROWS_EXCEPTION(std::invalid_argument, document.setSelection(selection));
-  }
-
-  void openingForgetsTheSteps() {
-    MeshDocument document;
-    QSignalSpy opened(&document, &MeshDocument::opened);
-    QSignalSpy selections(&document, &MeshDocument::selectionChanged);
-    document.open(Test::cube(1), QStringLiteral("cube.off"));
-    document.setSelection(TriangleSelection::all(12));
-    document.open(Test::cube(2), QStringLiteral("other.off"));
-    QCOMPARE(document.fileName(), QStringLiteral("other.off"));
-    QCOMPARE(opened.size(), 2);
-    QVERIFY(document.selection().isEmpty());
-    QCOMPARE(selections.size(), 3);
-    QVERIFY(!document.undoStack()->canUndo());
+    document.open(Test::cube(2), "other.off");
+    QVERIFY(!steps.canUndo());
   }
 };
 

@@ -2,8 +2,6 @@
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 
-#include <QSignalSpy>
-
 using namespace Workbench;
 using Vela::Test::settle;
 
@@ -11,24 +9,13 @@ class MeshViewTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void showsAMesh() {
-    MeshView view;
-    show(view);
-    QSignalSpy changed(&view, &MeshView::statusTextChanged);
-    QSignalSpy settled(&view, &MeshView::settled);
-    view.document().open(Test::blob(40), {});
-    QVERIFY(!view.isSettled());
-    QTRY_COMPARE(settled.count(), 1);
-    QCOMPARE(changed.count(), 1);
-    QVERIFY(view.statusText().contains(QLocale().toString(3200)));
-    QCOMPARE(view.accessibleDescription(), view.statusText());
-    QVERIFY(Test::meshPixels(view.grab().toImage()) > 10000);
-  }
-
   void drawsAndPicksInDevicePixels() {
     MeshView view;
     show(view);
     view.document().open(Test::cube(1), {});
+    QTRY_VERIFY(view.isSettled());
+    QCOMPARE(view.accessibleDescription(), view.statusText());
+    QVERIFY(view.statusText().contains("12"));
     QCOMPARE(view.picture().size(), view.size() * view.devicePixelRatioF());
     // Where a corner of the cube is seen, it is picked.
     const QPointF at = view.camera().project({0.49F, 0.49F, 0.49F}, view.size()).value();

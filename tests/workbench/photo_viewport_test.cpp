@@ -39,26 +39,6 @@ private Q_SLOTS:
     QTEST(viewport.photoRect(), "rect");
   }
 
-  void theAnchorKeepsItsPlaceUpToTheLimits() {
-    PhotoViewport viewport = viewportOf({4000, 3000}, {400, 300}, 2);
-    const QPointF anchor(310, 95);
-    const QPointF seen = viewport.photoPoint(anchor);
-    bool wasOriginal = false;
-    for (int step = 0; viewport.canZoomIn(); ++step) {
-      QVERIFY(step < 30);
-      viewport.zoomAt(PhotoViewport::ZoomStep, anchor);
-      wasOriginal = wasOriginal || viewport.zoom() == 1;
-      QVERIFY((viewport.photoPoint(anchor) - seen).manhattanLength() < 1e-6);
-    }
-    QVERIFY(wasOriginal);
-    QCOMPARE(viewport.zoom(), 16.0);
-    while (viewport.canZoomOut())
-      viewport.zoomAt(1 / PhotoViewport::ZoomStep, anchor);
-    QVERIFY(viewport.isFit());
-    viewport.setCanvas({800, 600}, 1);
-    QCOMPARE(viewport.photoRect(), QRectF(0, 0, 800, 600));
-  }
-
   void theEdgesStayAtTheEdgesOfTheView() {
     PhotoViewport viewport = viewportOf({1000, 200}, {400, 300});
     viewport.showOriginalSize(viewport.middle());

@@ -141,13 +141,13 @@ private Q_SLOTS:
       return page ? page->toPlainText().simplified() : QString();
     };
     QTRY_VERIFY(text().contains(QStringLiteral("Vertices 8 Triangles 12 Edges 18 Size 2 × 2 × 2")));
-    QVERIFY2(text().contains(QStringLiteral("Surface area 24")), qPrintable(text()));
-    QVERIFY2(text().contains(QStringLiteral("Watertight Yes Volume 8")), qPrintable(text()));
+    QVERIFY2(text().contains("Surface area 24"), qPrintable(text()));
+    QVERIFY2(text().contains("Watertight Yes Volume 8"), qPrintable(text()));
     bench.view().measurements().setUnit(Vela::Common::Centimetre);
     QTRY_VERIFY(text().contains(QStringLiteral("Size 0.2 × 0.2 × 0.2")));
-    bench.controller().showMesh(Test::square(1), QStringLiteral("square"));
-    QTRY_VERIFY(text().contains(QStringLiteral("Triangles 2 Edges 5")));
-    QVERIFY(text().contains(QStringLiteral("Watertight No")));
+    bench.controller().showMesh(Test::square(1), "square");
+    QTRY_VERIFY(text().contains("Triangles 2 Edges 5"));
+    QVERIFY(text().contains("Watertight No"));
     QTest::keyClick(dialog->windowHandle(), Qt::Key_Escape);
     QTRY_VERIFY(!dialog);
   }

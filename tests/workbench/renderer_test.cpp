@@ -86,18 +86,6 @@ private Q_SLOTS:
       QVERIFY(!picture.pick(outside));
   }
 
-  void theNearerTriangleHidesTheOther() {
-    const Mesh front = Test::square(0.5F, 1, 0.4F);
-    const Mesh back = Test::square(1, 1, -0.4F);
-    for (const bool nearFirst : {true, false}) {
-      const Picture picture(nearFirst ? Test::merged(front, back) : Test::merged(back, front), {120, 120},
-                            30);
-      QCOMPARE(picture.pick({60, 60})->triangle < 2, nearFirst);
-      QVERIFY(std::abs(picture.pick({60, 60})->point.z() - 0.4F) < 1e-4F);
-      QVERIFY(std::abs(picture.pick({60, 82})->point.z() + 0.4F) < 1e-4F);
-    }
-  }
-
   // The camera stands in a long tunnel of which the rear end lies behind it.
   void clipsWhatReachesBehindTheEye() {
     std::vector<QVector3D> corners = Test::cube(2).positions();
@@ -178,15 +166,9 @@ private Q_SLOTS:
     QCOMPARE(colours(tiny, FlatShadingWithEdges), colours(tiny, FlatShading));
   }
 
-  void selectedTrianglesHaveTheColourOfThePalette_data() {
-    const Vela::Test::Rows<QColor, QColor> row("window", "highlight");
-    row("light, blue", {0xef, 0xef, 0xef}, {0x30, 0x8c, 0xc6});
-    row("dark, orange", {0x20, 0x20, 0x20}, {0x90, 0x50, 0x10});
-  }
   void selectedTrianglesHaveTheColourOfThePalette() {
-    QFETCH(QColor, window);
-    QFETCH(QColor, highlight);
-    QPalette palette(window);
+    const QColor highlight(0x90, 0x50, 0x10);
+    QPalette palette(QColor(0x20, 0x20, 0x20));
     palette.setColor(QPalette::Highlight, highlight);
     const std::uint32_t lowerRight[] = {0};
     for (const EShading shading : {SmoothShading, FlatShading}) {

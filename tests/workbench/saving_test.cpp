@@ -56,7 +56,7 @@ private Q_SLOTS:
     bench.edit();
     QVERIFY(bench.window().isWindowModified() && bench.saver(SaveMesh).isEnabled());
     bench.press(Qt::Key_S, Qt::ControlModifier);
-    QTRY_COMPARE(bench.notification(), QStringLiteral("Saved cube.obj"));
+    QTRY_COMPARE(bench.notification(), "Saved cube.obj");
     QCOMPARE(trianglesIn(bench.file()), std::size_t(200));
     QVERIFY(!bench.window().isWindowModified());
     QTRY_VERIFY(!bench.saver(SaveMesh).isEnabled());

@@ -17,7 +17,6 @@
 #include <workbench/commands/volume_panel_command.h>
 
 #include <QApplication>
-#include <QMenu>
 
 using namespace Workbench;
 using namespace Vela::UiBase;
@@ -93,8 +92,7 @@ private Q_SLOTS:
     bench.command<VolumePanelCommand>()->setChecked(true);
     bench.selectByRectangle();
     QTRY_VERIFY(bench.selectionBar() && bench.selectionBar()->isVisible());
-    bench.controller().showNotification(QStringLiteral("What has been done to the mesh at last"),
-                                        NotificationWarning);
+    bench.controller().showNotification("What has been done to the mesh at last", NotificationWarning);
     bench.resize(size);
     QTRY_COMPARE(bench.bars().mainBar().x(), (bench.view().width() - bench.bars().mainBar().width()) / 2);
 
@@ -149,25 +147,6 @@ private Q_SLOTS:
     bench.click(bench.group("Smoothing"));
     QVERIFY(!bench.flyout().isVisible() && !bench.command<SmoothFlyoutCommand>()->isActive());
     QVERIFY(!bench.controller().isMeshLocked());
-  }
-
-  void whatDoesNotFitIsReached() {
-    BarsBench bench({640, 480});
-    bench.resize({480, 360});
-    QTRY_VERIFY(bench.view().rect().contains(bench.panel().geometry()));
-    QToolButton* more = nullptr;
-    for (QToolButton* const button :
-         bench.panel().findChildren<QToolButton*>(QString(), Qt::FindDirectChildrenOnly))
-      more = button;
-    QVERIFY(more && more->isVisible());
-    bench.click(*more);
-    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    QVERIFY(menu && !menu->actions().isEmpty());
-    const QString last = menu->actions().constLast()->text();
-    menu->actions().constLast()->trigger();
-    menu->close();
-    QTRY_VERIFY(!bench.notification().isEmpty()); // which asks for the point
-    QVERIFY2(last.contains(QStringLiteral("Rotation")), qPrintable(last));
   }
 };
 

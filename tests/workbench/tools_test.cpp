@@ -320,7 +320,7 @@ private Q_SLOTS:
     QCOMPARE(bench.notification(), QStringLiteral("Smoothing…"));
     bench.press(Qt::Key_Escape);
     work.runAll();
-    QCOMPARE(bench.notification(), QStringLiteral("Smooth Mesh was cancelled."));
+    QCOMPARE(bench.notification(), "Smooth Mesh was cancelled.");
     QVERIFY(bench.view().mesh().positions() == before);
     QVERIFY(!bench.view().document().undoStack()->canUndo());
 

@@ -53,7 +53,7 @@ void WorkbenchFixture::open(const QString& file) {
 }
 
 void WorkbenchFixture::show(const Mesh& mesh) {
-  controller().showMesh(mesh, QStringLiteral("mesh"));
+  controller().showMesh(mesh, "mesh");
   Vela::Test::settle();
   QTRY_VERIFY(view().isSettled());
 }
