@@ -12,6 +12,28 @@ using namespace Vela::UiBase;
 using Taren::Core::MainThreadQoS;
 using Taren::Core::NormalQoS;
 
+namespace {
+
+void closesThough(bool atTrigger, bool atSwitch, bool atClose) {
+  AsyncFixture f;
+  f.command->work = [&](bool checked) {
+    f.log.note("work", checked);
+    f.dispatcher.setRefusing(atClose);
+    return true;
+  };
+  f.dispatcher.setRefusing(atTrigger);
+  QCOMPARE(f.command->onExecute(), !atTrigger);
+  f.dispatcher.setRefusing(atSwitch);
+  f.dispatcher.step(NormalQoS);
+  f.dispatcher.setRefusing(false);
+  f.dispatcher.runAll();
+  QVERIFY(f.log.entries.last() == endedLine);
+  QCOMPARE(f.log.entries.size(), atTrigger ? 2 : 3);
+  QVERIFY(f.controller->contextStack().isEmpty());
+}
+
+} // namespace
+
 /// How a command works on another thread, and closes whatever becomes of the work.
 class AsyncCommandTest : public Vela::Test::TestCase {
   Q_OBJECT
@@ -50,64 +72,31 @@ private Q_SLOTS:
     QVERIFY(f.other->isEnabled());
   }
 
-  void refusalStillCloses_data() {
-    QTest::addColumn<bool>("atTrigger");
-    QTest::addColumn<bool>("atSwitch");
-    QTest::addColumn<bool>("atClose");
-    QTest::newRow("work refused") << true << false << false;
-    QTest::newRow("switch refused") << false << true << false;
-    QTest::newRow("close refused") << false << false << true;
-    QTest::newRow("switch and close refused") << false << true << true;
-  }
-
   void refusalStillCloses() {
-    QFETCH(bool, atTrigger);
-    QFETCH(bool, atSwitch);
-    QFETCH(bool, atClose);
-    AsyncFixture f;
-    f.command->work = [&](bool checked) {
-      f.log.note("work", checked);
-      f.dispatcher.setRefusing(atClose);
-      return true;
-    };
-    f.dispatcher.setRefusing(atTrigger);
-    QCOMPARE(f.command->onExecute(), !atTrigger);
-    f.dispatcher.setRefusing(atSwitch);
-    f.dispatcher.step(NormalQoS);
-    f.dispatcher.setRefusing(false);
-    f.dispatcher.runAll();
-    QVERIFY(f.log.entries.last() == endedLine);
-    QCOMPARE(f.log.entries.size(), atTrigger ? 2 : 3);
-    QVERIFY(f.controller->contextStack().isEmpty());
-  }
-
-  void workThatThrowsClosesAndSaysWhy_data() {
-    QTest::addColumn<bool>("asynchronous");
-    QTest::addColumn<bool>("standard");
-    QTest::newRow("at once") << false << true;
-    QTest::newRow("later, not a standard exception") << true << false;
+    enum Refused { Work, Switch, Close, SwitchAndClose };
+    for (const Refused refused : {Work, Switch, Close, SwitchAndClose})
+      closesThough(refused == Work, refused == Switch || refused == SwitchAndClose, refused >= Close);
   }
 
   void workThatThrowsClosesAndSaysWhy() {
-    QFETCH(bool, asynchronous);
-    QFETCH(bool, standard);
-    const QString reason = standard ? QStringLiteral("no such mesh") : QStringLiteral("unknown error");
-    AsyncFixture f;
-    f.command->setExecutionQoS(asynchronous ? NormalQoS : MainThreadQoS);
-    f.command->work = [standard](bool) -> bool {
-      if (standard)
+    for (const bool asynchronous : {true, false}) {
+      const QString reason = asynchronous ? "unknown error" : "no such mesh";
+      AsyncFixture f;
+      f.command->setExecutionQoS(asynchronous ? NormalQoS : MainThreadQoS);
+      f.command->work = [asynchronous](bool) -> bool {
+        if (asynchronous)
+          throw 1;
         throw std::runtime_error("no such mesh");
-      throw 1;
-    };
-    f.view->show();
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^work failed: ") + reason));
-    QCOMPARE(f.command->onExecute(), asynchronous);
-    f.dispatcher.runAll();
-    QVERIFY(f.log.entries.last() == endedLine);
-    QVERIFY(f.controller->contextStack().isEmpty() && f.other->isEnabled());
-    const auto* const bar = f.view->findChild<NotificationBar*>();
-    QVERIFY(bar && bar->isVisible());
-    QVERIFY2(bar->accessibleName().contains(reason), qPrintable(bar->accessibleName()));
+      };
+      f.view->show();
+      QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^work failed: " + reason));
+      QCOMPARE(f.command->onExecute(), asynchronous);
+      f.dispatcher.runAll();
+      QVERIFY(f.log.entries.last() == endedLine);
+      QVERIFY(f.controller->contextStack().isEmpty() && f.other->isEnabled());
+      const auto* const bar = f.view->findChild<NotificationBar*>();
+      QVERIFY(bar && bar->isVisible() && bar->accessibleName().contains(reason));
+    }
   }
 
   void viewDiesMeanwhile() {

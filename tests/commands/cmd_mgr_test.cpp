@@ -8,6 +8,37 @@
 using namespace Vela::UiBase;
 using namespace Ids;
 
+namespace {
+
+void removes(bool inGroup, bool shadowed) {
+  ManagerFixture f;
+  auto* const first = new TestCommand(a);
+  auto* const command = new TestCommand(a);
+  QList<CommandBase*> commands{command};
+  if (shadowed)
+    commands.prepend(first);
+  else
+    delete first;
+  if (inGroup)
+    commands = {groupOf(QStringLiteral("G"), {groupOf(QStringLiteral("H"), commands)})};
+  for (CommandBase* const added : commands)
+    f.add(added);
+  const auto kept = command->shared_from_this();
+  command->begin();
+  f.delegate->heard.clear();
+
+  QVERIFY(shadowed ? f.manager->removeCommand(command) : f.manager->removeCommand(a));
+  QCOMPARE(f.delegate->heard, QStringList{QStringLiteral("removed a")});
+  QCOMPARE(f.manager->forgotten, QStringList{a});
+  QVERIFY(!f.manager->runningCommand());
+  QCOMPARE(f.heardBy(*command), 0);
+  QCOMPARE(f.manager->findCommand(a), shadowed ? first : nullptr);
+  QVERIFY(!f.manager->removeCommand(command) && !f.manager->removeCommand(d));
+  QCOMPARE(f.delegate->heard.size(), 1);
+}
+
+} // namespace
+
 /// What a command manager holds, finds, observes and tells its delegate.
 class CmdMgrTest : public Vela::Test::TestCase {
   Q_OBJECT
@@ -89,42 +120,11 @@ private Q_SLOTS:
     QVERIFY(!f.manager->removeCommand(child.get()));
   }
 
-  void removalTellsAndStopsObserving_data() {
-    QTest::addColumn<bool>("inGroup");
-    QTest::addColumn<bool>("shadowed");
-    QTest::newRow("top level") << false << false;
-    QTest::newRow("in a group") << true << false;
-    QTest::newRow("second of its name") << false << true;
-    QTest::newRow("second of its name, in a group") << true << true;
-  }
-
   void removalTellsAndStopsObserving() {
-    QFETCH(bool, inGroup);
-    QFETCH(bool, shadowed);
-    ManagerFixture f;
-    auto* const first = new TestCommand(a);
-    auto* const command = new TestCommand(a);
-    QList<CommandBase*> commands{command};
-    if (shadowed)
-      commands.prepend(first);
-    else
-      delete first;
-    if (inGroup)
-      commands = {groupOf(QStringLiteral("G"), {groupOf(QStringLiteral("H"), commands)})};
-    for (CommandBase* const added : commands)
-      f.add(added);
-    const auto kept = command->shared_from_this();
-    command->begin();
-    f.delegate->heard.clear();
-
-    QVERIFY(shadowed ? f.manager->removeCommand(command) : f.manager->removeCommand(a));
-    QCOMPARE(f.delegate->heard, QStringList{QStringLiteral("removed a")});
-    QCOMPARE(f.manager->forgotten, QStringList{a});
-    QVERIFY(!f.manager->runningCommand());
-    QCOMPARE(f.heardBy(*command), 0);
-    QCOMPARE(f.manager->findCommand(a), shadowed ? first : nullptr);
-    QVERIFY(!f.manager->removeCommand(command) && !f.manager->removeCommand(d));
-    QCOMPARE(f.delegate->heard.size(), 1);
+    for (const bool inGroup : {true, false}) {
+      for (const bool shadowed : {true, false})
+        removes(inGroup, shadowed);
+    }
   }
 
   void delegateRemovesWhatIsAdded() {

@@ -15,6 +15,88 @@ using Taren::Core::ScopedDispatcher;
 using Taren::Core::SteppedDispatcher;
 using Taren::Objects::createShared;
 
+namespace {
+
+void asksFirst(ELicenseState state, int key, int runs) {
+  const LicenseState license(state);
+  AsyncFixture f;
+  f.command->setExecutionQoS(MainThreadQoS);
+  f.command->setIsPaidFeature(true);
+  f.view->show();
+  const QSignalSpy toBeTriggered(f.command, &CommandBase::toBeTriggered);
+  PaidFeatureBox box([key](QWindow* window) { QTest::keyClick(window, Qt::Key(key)); });
+  f.command->trigger();
+  QCOMPARE(box.seen(), key ? 1 : 0);
+  QCOMPARE(f.log.entries.filter(QStringLiteral("work")).count(), runs);
+  QCOMPARE(toBeTriggered.count(), runs);
+}
+
+void diesWhileAsked(const QString& what, int told) {
+  const LicenseState license(TrialLicense);
+  AsyncFixture f;
+  f.command->setExecutionQoS(MainThreadQoS);
+  f.command->setIsPaidFeature(true);
+  f.view->show();
+  PaidFeatureBox box([&](QWindow* window) {
+    if (what == QLatin1String("view")) {
+      f.deleteView(); // and the box with it
+      return;
+    }
+    what == QLatin1String("remove") ? void(f.controller->removeCommand(f.command)) : delete f.command;
+    QTest::keyClick(window, Qt::Key_Return);
+  });
+  f.command->trigger();
+  QCOMPARE(box.seen(), 1);
+  f.dispatcher.runAll();
+  QCOMPARE(f.log.entries.size(), told);
+}
+
+void diesAt(const QString& stage, const QString& how) {
+  const bool removed = how == QLatin1String("removed");
+  SteppedDispatcher dispatcher;
+  const ScopedDispatcher installed(dispatcher);
+  int destroyed = 0;
+  auto manager = createShared<CmdMgr>();
+  auto* const command = new TestCommand(QStringLiteral("id"));
+  command->atEnd = [&destroyed] { ++destroyed; };
+  if (how != QLatin1String("deleted"))
+    manager->addCommand(command);
+  const auto die = [&, command] { removed ? void(manager->removeCommand(command)) : delete command; };
+
+  ExecutionLog log(*command);
+  const auto dieAt = [&](const QString& where) {
+    return [&, where](CommandBase*, bool checked) {
+      log.note(qPrintable(where), checked);
+      if (stage == where)
+        die();
+    };
+  };
+  const auto dieAtSignal = [&] {
+    if (stage == QLatin1String("signal") || stage == QLatin1String("toggle"))
+      die();
+  };
+  command->setCheckable(stage == QLatin1String("toggle"));
+  QObject::connect(command, &CommandBase::toBeTriggered, dieAtSignal);
+  QObject::connect(command, &CommandBase::toBeToggled, dieAtSignal);
+  log.observer->began = dieAt("began");
+  log.observer->ended = dieAt("ended");
+  command->work = [&, work = dieAt("work")](bool checked) {
+    work(nullptr, checked);
+    return true;
+  };
+  command->trigger();
+  dispatcher.runAll();
+  QCOMPARE(destroyed, 1);
+  // A command that is only let go of lives to the end of its run.
+  const QHash<QString, int> told{{"signal", 0}, {"toggle", 0}, {"began", 1}, {"work", 2}, {"ended", 3}};
+  QCOMPARE(log.entries.size(), removed ? 3 : told.value(stage));
+  manager.reset();
+  dispatcher.runAll();
+  QCOMPARE(destroyed, 1);
+}
+
+} // namespace
+
 /// How a command runs when it is triggered or toggled, what it survives, and how it asks for a licence.
 class CommandTest : public Vela::Test::TestCase {
   Q_OBJECT
@@ -90,114 +172,24 @@ private Q_SLOTS:
     QCOMPARE(heard, QStringList{QStringLiteral("shared")}); // which lives as long as it is told of
   }
 
-  void commandDiesOfItsOwnSignals_data() {
-    QTest::addColumn<QString>("stage");
-    QTest::addColumn<QString>("how");
-    for (const QString& stage : QStringList{"signal", "toggle", "began", "work", "ended"}) {
-      for (const QString& how : QStringList{"deleted", "removed", "deleted though shared"})
-        QTest::newRow(qPrintable(stage + ", " + how)) << stage << how;
+  void commandDiesOfItsOwnSignals() {
+    for (const char* stage : {"signal", "toggle", "began", "work", "ended"}) {
+      for (const char* how : {"deleted", "removed", "deleted though shared"})
+        diesAt(stage, how);
     }
   }
 
-  void commandDiesOfItsOwnSignals() {
-    QFETCH(QString, stage);
-    QFETCH(QString, how);
-    const bool removed = how == QLatin1String("removed");
-    SteppedDispatcher dispatcher;
-    const ScopedDispatcher installed(dispatcher);
-    int destroyed = 0;
-    auto manager = createShared<CmdMgr>();
-    auto* const command = new TestCommand(QStringLiteral("id"));
-    command->atEnd = [&destroyed] { ++destroyed; };
-    if (how != QLatin1String("deleted"))
-      manager->addCommand(command);
-    const auto die = [&, command] { removed ? void(manager->removeCommand(command)) : delete command; };
-
-    ExecutionLog log(*command);
-    const auto dieAt = [&](const QString& where) {
-      return [&, where](CommandBase*, bool checked) {
-        log.note(qPrintable(where), checked);
-        if (stage == where)
-          die();
-      };
-    };
-    const auto dieAtSignal = [&] {
-      if (stage == QLatin1String("signal") || stage == QLatin1String("toggle"))
-        die();
-    };
-    command->setCheckable(stage == QLatin1String("toggle"));
-    connect(command, &CommandBase::toBeTriggered, dieAtSignal);
-    connect(command, &CommandBase::toBeToggled, dieAtSignal);
-    log.observer->began = dieAt("began");
-    log.observer->ended = dieAt("ended");
-    command->work = [&, work = dieAt("work")](bool checked) {
-      work(nullptr, checked);
-      return true;
-    };
-    command->trigger();
-    dispatcher.runAll();
-    QCOMPARE(destroyed, 1);
-    // A command that is only let go of lives to the end of its run.
-    const QHash<QString, int> told{{"signal", 0}, {"toggle", 0}, {"began", 1}, {"work", 2}, {"ended", 3}};
-    QCOMPARE(log.entries.size(), removed ? 3 : told.value(stage));
-    manager.reset();
-    dispatcher.runAll();
-    QCOMPARE(destroyed, 1);
-  }
-
-  void paidFeatureAsksFirst_data() {
-    QTest::addColumn<ELicenseState>("state");
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("runs");
-    QTest::newRow("licensed") << FullLicense << 0 << 1;
-    QTest::newRow("trial, accepted") << TrialLicense << int(Qt::Key_Return) << 1;
-    QTest::newRow("trial, declined") << TrialLicense << int(Qt::Key_Escape) << 0;
-    QTest::newRow("no license, declined") << NoLicense << int(Qt::Key_Escape) << 0;
-  }
-
   void paidFeatureAsksFirst() {
-    QFETCH(ELicenseState, state);
-    QFETCH(int, key);
-    const LicenseState license(state);
-    AsyncFixture f;
-    f.command->setExecutionQoS(MainThreadQoS);
-    f.command->setIsPaidFeature(true);
-    f.view->show();
-    const QSignalSpy toBeTriggered(f.command, &CommandBase::toBeTriggered);
-    PaidFeatureBox box([key](QWindow* window) { QTest::keyClick(window, Qt::Key(key)); });
-    f.command->trigger();
-    QCOMPARE(box.seen(), key ? 1 : 0);
-    QTEST(int(f.log.entries.filter(QStringLiteral("work")).count()), "runs");
-    QTEST(int(toBeTriggered.count()), "runs");
-  }
-
-  void everythingMayDieWhileTheUserIsAsked_data() {
-    QTest::addColumn<QString>("what");
-    QTest::addColumn<int>("told");
-    QTest::newRow("command deleted") << QStringLiteral("delete") << 0;
-    QTest::newRow("command removed") << QStringLiteral("remove") << 3; // lives to the end of its run
-    QTest::newRow("view") << QStringLiteral("view") << 0;
+    asksFirst(FullLicense, 0, 1);
+    asksFirst(TrialLicense, Qt::Key_Return, 1);
+    asksFirst(TrialLicense, Qt::Key_Escape, 0);
+    asksFirst(NoLicense, Qt::Key_Escape, 0);
   }
 
   void everythingMayDieWhileTheUserIsAsked() {
-    QFETCH(QString, what);
-    const LicenseState license(TrialLicense);
-    AsyncFixture f;
-    f.command->setExecutionQoS(MainThreadQoS);
-    f.command->setIsPaidFeature(true);
-    f.view->show();
-    PaidFeatureBox box([&](QWindow* window) {
-      if (what == QLatin1String("view")) {
-        f.deleteView(); // and the box with it
-        return;
-      }
-      what == QLatin1String("remove") ? void(f.controller->removeCommand(f.command)) : delete f.command;
-      QTest::keyClick(window, Qt::Key_Return);
-    });
-    f.command->trigger();
-    QCOMPARE(box.seen(), 1);
-    f.dispatcher.runAll();
-    QTEST(int(f.log.entries.size()), "told");
+    diesWhileAsked("delete", 0);
+    diesWhileAsked("remove", 3); // lives to the end of its run
+    diesWhileAsked("view", 0);
   }
 };
 

@@ -46,6 +46,43 @@ public:
   QStringList causes() const { return textsOf(controller->explain(QStringLiteral("other"))); }
 };
 
+void tellsTheCause(bool tooltips, const QString& text) {
+  ExplainFixture f;
+  const std::unique_ptr<QStyle> windows(QStyleFactory::create("Windows"));
+  QMenu menu;
+  menu.setStyle(windows.get()); // whose keys go to disabled entries too
+  menu.setToolTipsVisible(tooltips);
+  menu.addAction(f.other);
+  f.command->trigger();
+  f.drain();
+  menu.popup({20, 20});
+  const QPoint point = menu.actionGeometry(f.other).center();
+  QHelpEvent help(QEvent::ToolTip, point, menu.mapToGlobal(point));
+  QCoreApplication::sendEvent(&menu, &help);
+  QCOMPARE(QToolTip::text(), text);
+  const QAccessibleInterface* const heard = QAccessible::queryAccessibleInterface(&menu)->child(0);
+  QCOMPARE(heard->text(QAccessible::Description), text);
+  QCOMPARE(heard->text(QAccessible::Name), f.other->text());
+  QVERIFY(heard->state().disabled && heard->parent()->object() == &menu);
+  QCOMPARE(heard->rect().center(), menu.mapToGlobal(point));
+
+  f.command->setText("&work");
+  menu.addAction(f.command);
+  QToolTip::hideText();
+  QTRY_VERIFY(!QToolTip::isVisible());
+  QTest::keyClick(menu.windowHandle(), Qt::Key_Down);
+  QTRY_COMPARE(QToolTip::text(), text);
+  QTest::keyClick(menu.windowHandle(), Qt::Key_Down);
+  QTRY_VERIFY(!QToolTip::isVisible());
+  QAccessibleInterface* const enabled = QAccessible::queryAccessibleInterface(&menu)->child(1);
+  QCOMPARE(enabled->text(QAccessible::Name), QString("work"));
+  QVERIFY(enabled->state().focused && !enabled->state().disabled);
+  const int runs = f.command->runs().size();
+  enabled->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  QCOMPARE(f.command->runs().size(), runs + 1);
+  menu.hide();
+}
+
 } // namespace
 
 /// Why a command cannot be used, and where users hear of it.
@@ -154,50 +191,9 @@ private Q_SLOTS:
     QCOMPARE(button->accessibleDescription(), text);
   }
 
-  void menuEntriesTellTheCause_data() {
-    QTest::addColumn<bool>("tooltips");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("with tooltips") << true << "Does another thing\n" + isRunning;
-    QTest::newRow("without") << false << isRunning;
-  }
-
   void menuEntriesTellTheCause() {
-    QFETCH(bool, tooltips);
-    QFETCH(QString, text);
-    ExplainFixture f;
-    const std::unique_ptr<QStyle> windows(QStyleFactory::create("Windows"));
-    QMenu menu;
-    menu.setStyle(windows.get()); // whose keys go to disabled entries too
-    menu.setToolTipsVisible(tooltips);
-    menu.addAction(f.other);
-    f.command->trigger();
-    f.drain();
-    menu.popup({20, 20});
-    const QPoint point = menu.actionGeometry(f.other).center();
-    QHelpEvent help(QEvent::ToolTip, point, menu.mapToGlobal(point));
-    QCoreApplication::sendEvent(&menu, &help);
-    QCOMPARE(QToolTip::text(), text);
-    const QAccessibleInterface* const heard = QAccessible::queryAccessibleInterface(&menu)->child(0);
-    QCOMPARE(heard->text(QAccessible::Description), text);
-    QCOMPARE(heard->text(QAccessible::Name), f.other->text());
-    QVERIFY(heard->state().disabled && heard->parent()->object() == &menu);
-    QCOMPARE(heard->rect().center(), menu.mapToGlobal(point));
-
-    f.command->setText("&work");
-    menu.addAction(f.command);
-    QToolTip::hideText();
-    QTRY_VERIFY(!QToolTip::isVisible());
-    QTest::keyClick(menu.windowHandle(), Qt::Key_Down);
-    QTRY_COMPARE(QToolTip::text(), text);
-    QTest::keyClick(menu.windowHandle(), Qt::Key_Down);
-    QTRY_VERIFY(!QToolTip::isVisible());
-    QAccessibleInterface* const enabled = QAccessible::queryAccessibleInterface(&menu)->child(1);
-    QCOMPARE(enabled->text(QAccessible::Name), QString("work"));
-    QVERIFY(enabled->state().focused && !enabled->state().disabled);
-    const int runs = f.command->runs().size();
-    enabled->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    QCOMPARE(f.command->runs().size(), runs + 1);
-    menu.hide();
+    tellsTheCause(true, "Does another thing\n" + isRunning);
+    tellsTheCause(false, isRunning);
   }
 };
 

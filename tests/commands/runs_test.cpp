@@ -56,6 +56,39 @@ public:
   bool shown = false;
 };
 
+void records(const std::function<bool(AsyncFixture&)>& work, ERunOutcome outcome,
+             const QString& message = {}) {
+  for (const auto qos : {MainThreadQoS, NormalQoS}) {
+    AsyncFixture f;
+    QString failure;
+    ERunOutcome seenAtEnd = RunUnderway;
+    f.command->setExecutionQoS(qos);
+    f.command->failed = [&failure](const QString& reason) { failure = reason; };
+    f.command->work = [&](bool) { return work(f); };
+    f.log.observer->ended = [&](CommandBase*, bool) { seenAtEnd = CommandRun::current().outcome(); };
+    f.command->trigger();
+    f.dispatcher.runAll();
+    const RunRecord record = newest();
+    QCOMPARE(record.commandId, QStringLiteral("work"));
+    QCOMPARE(record.outcome, outcome);
+    QCOMPARE(seenAtEnd, outcome);
+    QCOMPARE(record.message, message);
+    QCOMPARE(failure, message);
+    QVERIFY(f.command->runs().isEmpty() && CommandRun::current().isNull());
+  }
+}
+
+void finds(ERunSource source, const std::function<void(Triggers&, TestCommand&)>& input) {
+  RunLog::Instance().clear();
+  const auto command = createShared<TestCommand>(QStringLiteral("id"));
+  command->setShortcut(Qt::Key_F7);
+  Triggers triggers(*command);
+  QVERIFY(triggers.shown);
+  input(triggers, *command);
+  QTRY_COMPARE(RunLog::Instance().records().size(), 1);
+  QCOMPARE(newest().source, source);
+}
+
 } // namespace
 
 /// What is recorded of the runs of commands, and what a run offers to its work.
@@ -70,54 +103,24 @@ private Q_SLOTS:
     QVERIFY(RunLog::Instance().runsUnderway().isEmpty());
   }
 
-  void endIsRecorded_data() {
-    using Work = std::function<bool(AsyncFixture&)>;
-    QTest::addColumn<Work>("work");
-    QTest::addColumn<ERunOutcome>("outcome");
-    QTest::addColumn<QString>("message");
-    QTest::newRow("true") << Work([](AsyncFixture&) { return true; }) << RunSucceeded << QString();
-    QTest::newRow("false") << Work([](AsyncFixture&) { return false; }) << RunDeclined << QString();
-    QTest::newRow("throws") << Work([](AsyncFixture&) -> bool { throw std::runtime_error("no mesh"); })
-                            << RunFailed << QStringLiteral("no mesh");
-    QTest::newRow("no memory") << Work([](AsyncFixture&) -> bool { throw std::bad_alloc(); }) << RunFailed
-                               << QStringLiteral("There is not enough memory.");
-    QTest::newRow("stopped, false") << Work([](AsyncFixture& f) {
-      f.command->requestStop();
-      return false;
-    }) << RunStopped << QString();
-    QTest::newRow("stopped, throws") << Work([](AsyncFixture& f) {
-      f.command->requestStop();
-      CommandRun::current().reporter().report(0.5);
-      return true;
-    }) << RunStopped << QString();
-    QTest::newRow("stopped too late") << Work([](AsyncFixture& f) {
-      f.command->requestStop();
-      return true;
-    }) << RunSucceeded << QString();
-  }
-
   void endIsRecorded() {
-    QFETCH(std::function<bool(AsyncFixture&)>, work);
-    QFETCH(ERunOutcome, outcome);
-    QFETCH(QString, message);
-    for (const auto qos : {MainThreadQoS, NormalQoS}) {
-      AsyncFixture f;
-      QString failure;
-      ERunOutcome seenAtEnd = RunUnderway;
-      f.command->setExecutionQoS(qos);
-      f.command->failed = [&failure](const QString& reason) { failure = reason; };
-      f.command->work = [&](bool) { return work(f); };
-      f.log.observer->ended = [&](CommandBase*, bool) { seenAtEnd = CommandRun::current().outcome(); };
-      f.command->trigger();
-      f.dispatcher.runAll();
-      const RunRecord record = newest();
-      QCOMPARE(record.commandId, QStringLiteral("work"));
-      QCOMPARE(record.outcome, outcome);
-      QCOMPARE(seenAtEnd, outcome);
-      QCOMPARE(record.message, message);
-      QCOMPARE(failure, message);
-      QVERIFY(f.command->runs().isEmpty() && CommandRun::current().isNull());
-    }
+    records([](AsyncFixture&) { return true; }, RunSucceeded);
+    records([](AsyncFixture&) { return false; }, RunDeclined);
+    records([](AsyncFixture&) -> bool { throw std::runtime_error("no mesh"); }, RunFailed, "no mesh");
+    records([](AsyncFixture&) -> bool { throw std::bad_alloc(); }, RunFailed, "There is not enough memory.");
+    const auto stopped = [](const auto& then) {
+      return [=](AsyncFixture& f) {
+        f.command->requestStop();
+        return then();
+      };
+    };
+    records(stopped([] { return false; }), RunStopped);
+    records(stopped([] { return true; }), RunSucceeded); // too late
+    records(stopped([] {
+              CommandRun::current().reporter().report(0.5); // throws
+              return true;
+            }),
+            RunStopped);
   }
 
   void refusedAndAbandonedRunsAreRecorded() {
@@ -159,48 +162,31 @@ private Q_SLOTS:
     QVERIFY(newest().thread != atOnce.thread && newest().id > atOnce.id);
   }
 
-  void sourceIsTheInputThatWasGiven_data() {
-    using Input = std::function<void(Triggers&, TestCommand&)>;
-    QTest::addColumn<Input>("input");
-    QTest::addColumn<ERunSource>("source");
-    QTest::newRow("call") << Input([](Triggers&, TestCommand& command) { command.trigger(); })
-                          << RunByProgram;
-    QTest::newRow("click") << Input([](Triggers& t, TestCommand&) {
+  void sourceIsTheInputThatWasGiven() {
+    const auto click = [](Triggers& t) {
       QTest::mouseClick(t.button.windowHandle(), Qt::LeftButton, {}, {10, 10});
-    }) << RunByMouse;
-    QTest::newRow("shortcut") << Input([](Triggers& t, TestCommand&) {
-      QTest::keyClick(t.button.windowHandle(), Qt::Key_F7);
-    }) << RunByKey;
-    QTest::newRow("menu, mouse") << Input([](Triggers& t, TestCommand& command) {
+    };
+    const auto clickThat = [click](const auto& act) {
+      return [=](Triggers& t, TestCommand& command) {
+        t.button.disconnect();
+        QObject::connect(&t.button, &QPushButton::clicked, &command, [&command, act] { act(command); });
+        click(t);
+      };
+    };
+    finds(RunByProgram, [](Triggers&, TestCommand& command) { command.trigger(); });
+    finds(RunByMouse, [click](Triggers& t, TestCommand&) { click(t); });
+    finds(RunByKey, [](Triggers& t, TestCommand&) { QTest::keyClick(t.button.windowHandle(), Qt::Key_F7); });
+    finds(RunByMenu, [](Triggers& t, TestCommand& command) {
       t.menu.popup({10, 10});
       QTest::mouseClick(t.menu.windowHandle(), Qt::LeftButton, {}, t.menu.actionGeometry(&command).center());
-    }) << RunByMenu;
-    QTest::newRow("timer after a click") << Input([](Triggers& t, TestCommand& command) {
-      t.button.disconnect();
-      QObject::connect(&t.button, &QPushButton::clicked, &command,
-                       [&command] { QTimer::singleShot(0, &command, &QAction::trigger); });
-      QTest::mouseClick(t.button.windowHandle(), Qt::LeftButton, {}, {10, 10});
-    }) << RunByProgram;
-    QTest::newRow("call in a loop that a click began") << Input([](Triggers& t, TestCommand& command) {
-      t.button.disconnect();
-      QObject::connect(&t.button, &QPushButton::clicked, &command, [&command] {
-        Vela::Test::settle();
-        command.trigger();
-      });
-      QTest::mouseClick(t.button.windowHandle(), Qt::LeftButton, {}, {10, 10});
-    }) << RunByProgram;
-  }
-
-  void sourceIsTheInputThatWasGiven() {
-    QFETCH(std::function<void(Triggers&, TestCommand&)>, input);
-    QFETCH(ERunSource, source);
-    const auto command = createShared<TestCommand>(QStringLiteral("id"));
-    command->setShortcut(Qt::Key_F7);
-    Triggers triggers(*command);
-    QVERIFY(triggers.shown);
-    input(triggers, *command);
-    QTRY_COMPARE(RunLog::Instance().records().size(), 1);
-    QCOMPARE(newest().source, source);
+    });
+    finds(RunByProgram, clickThat([](TestCommand& command) {
+            QTimer::singleShot(0, &command, &QAction::trigger); // after the click
+          }));
+    finds(RunByProgram, clickThat([](TestCommand& command) {
+            Vela::Test::settle(); // in a loop that the click began
+            command.trigger();
+          }));
   }
 
   void eachRunIsStoppedByItself() {

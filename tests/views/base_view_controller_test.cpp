@@ -7,9 +7,7 @@
 
 #include <QSignalSpy>
 
-#include <atomic>
 #include <stdexcept>
-#include <thread>
 
 using Vela::Services::ApplicationService;
 using Vela::Test::LocalView;
@@ -67,8 +65,6 @@ private Q_SLOTS:
   void viewsShareOneController();
   void heldControllerDeletedByHandLeavesShutdown();
   void constructorThatThrowsAfterAttachingLeavesViewFree();
-  void lastReferenceOnWorkerDeletesOnMainThread();
-  void controllerWithQtParentHasOneOwner();
 };
 
 void BaseViewControllerTest::delegateMayPresent() {
@@ -243,28 +239,6 @@ void BaseViewControllerTest::constructorThatThrowsAfterAttachingLeavesViewFree()
   auto* const view = new BaseView(&parent);
   QVERIFY_THROWS_EXCEPTION(std::runtime_error, new Throwing(view));
   QVERIFY(!view->getViewController());
-}
-
-void BaseViewControllerTest::lastReferenceOnWorkerDeletesOnMainThread() {
-  QStringList calls;
-  auto held = Taren::Objects::createShared<RecordingController>(&calls);
-  std::atomic<QThread*> deletedOn{nullptr};
-  connect(
-      held.get(), &QObject::destroyed, held.get(), [&] { deletedOn = QThread::currentThread(); },
-      Qt::DirectConnection);
-  std::thread([moved = std::move(held)]() mutable { moved.reset(); }).join();
-  QVERIFY(calls.isEmpty());
-  QTRY_COMPARE(calls, QStringList({"~"}));
-  QCOMPARE(deletedOn.load(), QThread::currentThread());
-}
-
-void BaseViewControllerTest::controllerWithQtParentHasOneOwner() {
-  ViewStage s;
-  QObject parent;
-  auto* const controller = new RecordingController(nullptr);
-  controller->setParent(&parent);
-  s.view->setViewController(controller);
-  QVERIFY(!controller->parent());
 }
 
 VELA_TEST_MAIN(BaseViewControllerTest)

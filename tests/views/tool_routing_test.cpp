@@ -25,8 +25,6 @@ private Q_SLOTS:
   void idleCursorShowsAtOnce();
   void toolsPushedBeforeTheViewShowTheirCursor();
   void toolLiesOnOneStackOnly();
-  void toolMayActWhereItsOperationEnds_data();
-  void toolMayActWhereItsOperationEnds();
   void operationEndsWithItsMouse_data();
   void operationEndsWithItsMouse();
   void viewMayGoDuringAnOperation();
@@ -200,57 +198,6 @@ void ToolRoutingTest::toolLiesOnOneStackOnly() {
   screen.controller->clearTools(); // which leaves it active
   other->pushTool(LeftButton, left);
   QVERIFY(left->isActive() && other->holds(*left) && left->getDelegate() == other.get());
-}
-
-void ToolRoutingTest::toolMayActWhereItsOperationEnds_data() {
-  QTest::addColumn<QString>("script");
-  QTest::addColumn<QString>("act");
-  QTest::addColumn<QString>("top");
-  const auto row = [](const char* name, const char* script, const char* act, const char* top) {
-    QTest::newRow(name) << QString::fromLatin1(script) << QString::fromLatin1(act)
-                        << QString::fromLatin1(top);
-  };
-  row("takes itself off", "L+ L-", "pop", "left");
-  row("takes itself off while it is popped", "L+ pop", "pop", "left");
-  row("takes itself off while it is pushed over", "L+ push", "pop", "third");
-  row("pushes another while it is popped", "L+ pop", "push", "third");
-  row("pushes another while it is pushed over", "L+ push", "push", "third");
-  row("takes the next one off", "L+ M+", "pop middle", "one-shot");
-  row("deletes the view while it is popped", "L+ pop", "delete view", "");
-  row("deletes the controller at a press", "L+ M+", "delete controller", "");
-  row("deletes the controller when the mouse is lost", "L+ hide", "delete controller", "");
-  row("deletes the controller when it begins elsewhere", "L+ begin", "delete controller", "");
-}
-
-void ToolRoutingTest::toolMayActWhereItsOperationEnds() {
-  QFETCH(const QString, script);
-  QFETCH(const QString, act);
-  QFETCH(const QString, top);
-  ToolScreen screen;
-  const QPointer<BaseViewController> alive(screen.controller);
-  const auto oneShot = screen.makeTool("one-shot", Qt::CrossCursor, Qt::BlankCursor);
-  const auto third = screen.makeTool("third", Qt::WaitCursor, Qt::WaitCursor);
-  const auto right = screen.tool("right");
-  screen.on("push", [&] { screen.controller->pushTool(LeftButton, third); });
-  screen.on("pop", [&] { QCOMPARE(screen.controller->popTool(LeftButton), oneShot); });
-  screen.on("pop middle", [&] { screen.controller->popTool(MiddleButton); });
-  screen.on("hide", [&] { screen.view->hide(); });
-  screen.on("begin", [&] { right->startOperation(); });
-  screen.on("delete view", [&] { delete screen.view; });
-  screen.on("delete controller", [&] { delete screen.controller; });
-  screen.controller->pushTool(LeftButton, oneShot);
-  oneShot->onEnd = [&] {
-    oneShot->onEnd = nullptr;
-    screen.act(act);
-  };
-  screen.play(script);
-  QVERIFY(!oneShot->isOperating());
-  QCOMPARE(bool(alive), !act.startsWith("delete"));
-  if (!alive)
-    return;
-  QCOMPARE(screen.controller->getTool(LeftButton), screen.tool(top));
-  QVERIFY(screen.tool(top)->isActive());
-  QCOMPARE(screen.cursor(), screen.tool(top)->getIdleCursor().shape());
 }
 
 void ToolRoutingTest::operationEndsWithItsMouse_data() {

@@ -44,6 +44,9 @@ void ViewFuzz::deleteController(CmdsViewController* controller) {
   delete controller;
 }
 
+// Qt shows a window that is hidden in its own show event.
+bool ViewFuzz::mayHide(const BaseView* view) const { return !view || m_events == 0 || !view->isWindow(); }
+
 void ViewFuzz::takeOff(InteractiveTool& tool) {
   const auto* const controller = dynamic_cast<FuzzController*>(tool.getDelegate());
   const QList<HeldTool> held = controller ? controller->heldTools() : QList<HeldTool>();
@@ -95,13 +98,15 @@ void ViewFuzz::act(Act act, CmdsViewController* controller, InteractiveTool* its
   case Menu:
     return openMenu();
   case CloseView:
-    controller->close();
+    if (mayHide(view))
+      controller->close();
     return;
   case HideOrShow:
-    // Qt shows a window that is hidden in its own show event.
-    if (view && view->isVisible())
-      return m_events > 0 && view->isWindow() ? void() : controller->hide();
-    return controller->show();
+    if (!view || !view->isVisible())
+      controller->show();
+    else if (mayHide(view))
+      controller->hide();
+    return;
   case PushTool:
     return pushTool(*controller, button);
   case PopTool:

@@ -113,7 +113,7 @@ void ViewFuzz::checkChildren(const BaseView& view) {
     return layer.view == &view && layer.covered;
   });
   const QLineEdit& editor = *static_cast<const FuzzView&>(view).editor;
-  if (editor.isEnabled() != (view.isEnabled() && !covered))
+  if (view.isVisible() && editor.isEnabled() != (view.isEnabled() && !covered))
     report(QStringLiteral("the child of view %1 is %2")
                .arg(static_cast<const FuzzView&>(view).number)
                .arg(QLatin1String(covered ? "covered and enabled" : "disabled")));
