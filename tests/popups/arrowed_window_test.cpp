@@ -129,10 +129,6 @@ private Q_SLOTS:
     label->setFixedWidth(120);
     window.AttachWidget(label);
     QCOMPARE(label->size(), QSize(120, label->heightForWidth(120)));
-    auto* const styled = new QLabel("with the room its style asks for");
-    styled->setStyleSheet("padding: 30px");
-    window.AttachWidget(styled);
-    QVERIFY(styled->height() > 60);
     window.AttachWidget(new ArrowedContent({90, 45}));
     QVERIFY(styled->isHidden() && styled->parent() == &window && label->isHidden() &&
             label->parent() == &window);

@@ -206,14 +206,13 @@ private Q_SLOTS:
     Stage stage;
     ArrowedWindow host(&stage.window);
     host.AttachWidget(stage.flyout);
-    for (const bool hideOnly : {false, true}) {
+    const std::function<void()> ways[] = {[&] { stage.flyout->hide(); }, [&] { stage.flyout->CloseMe(); },
+                                          [&] { host.hide(); }};
+    for (const auto& hide : ways) {
       stage.field->setFocus();
       host.show();
       QVERIFY(stage.panel->spin->hasFocus());
-      if (hideOnly)
-        stage.flyout->hide();
-      else
-        stage.flyout->CloseMe();
+      hide();
       QVERIFY(host.isHidden() && stage.field->hasFocus());
     }
     delete host.DetachWidget();

@@ -89,6 +89,7 @@ private Q_SLOTS:
   void linksOpenOutsideByKeyboard_data() {
     const Vela::Test::Rows<QString, QStringList> row("address", "opened");
     row("web", "https://example.org/a", {"https://example.org/a"});
+    row("web, a place in the page", "https://example.org/a#b", {"https://example.org/a#b"});
     row("local file", "file:///etc/hostname", {});
     row("in the page", "#end", {});
   }
@@ -105,7 +106,7 @@ private Q_SLOTS:
     QTest::keyClick(panel.windowHandle(), Qt::Key_Tab);
     QTest::keyClick(panel.windowHandle(), Qt::Key_Return);
     QTEST(m_opened, "opened");
-    QCOMPARE(bar->value() > 0, address == QLatin1String("#end"));
+    QCOMPARE(bar->value() > 0, address == "#end");
     QTest::keyClick(panel.windowHandle(), Qt::Key_PageDown);
     QVERIFY2(bar->value() > 0 && panel.findChild<QTextBrowser*>()->source().isEmpty(), "still the same page");
   }

@@ -107,12 +107,16 @@ private Q_SLOTS:
   void unusedObjectsMakeNothing() {
     TooltipFixture f;
     const auto before = qApp->allWidgets().size();
-    TooltipObject tooltip("test");
-    tooltip.SetTooltipType(RichTooltip);
-    tooltip.SetTooltipText("text");
-    tooltip.AttachTo(f.window);
+    auto tooltip = std::make_unique<TooltipObject>("test");
+    tooltip->SetTooltipType(RichTooltip);
+    tooltip->SetTooltipText("text");
+    tooltip->AttachTo(f.window);
     QCOMPARE(qApp->allWidgets().size(), before);
-    QVERIFY(tooltip.children().isEmpty());
+    QVERIFY(tooltip->children().isEmpty());
+    QVERIFY(tooltip->GetArrowedWindow()); // asked for, and never shown
+    tooltip.reset();
+    settle();
+    QCOMPARE(qApp->allWidgets().size(), before);
   }
 };
 
