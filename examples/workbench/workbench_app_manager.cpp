@@ -10,6 +10,7 @@
 #include <workbench/commands/decimate_mesh_command.h>
 #include <workbench/commands/find_command_command.h>
 #include <workbench/commands/history_command.h>
+#include <workbench/commands/inspect_command.h>
 #include <workbench/commands/keyboard_command.h>
 #include <workbench/commands/length_unit_command.h>
 #include <workbench/commands/mesh_info_command.h>
@@ -170,6 +171,7 @@ QList<CommandBase*> meshCommands(MeshViewController* mesh) {
           new FindCommandCommand(mesh),
           new KeyboardCommand(mesh, EditShortcuts),
           new KeyboardCommand(mesh, TryKeys),
+          new InspectCommand(mesh),
           new AboutCommand(mesh)};
 }
 
