@@ -180,6 +180,9 @@ private Q_SLOTS:
     QVERIFY(stage.measure->shortcuts().isEmpty());
     auto* const late = stage.add("late", "Late", {});
     stage.window.addAction(late);
+    late->setShortcut(Qt::Key_Z); // still the application
+    Vela::Test::settle();
+    QCOMPARE(ShortcutScheme::defaultShortcuts(*late), QList<QKeySequence>{Qt::Key_Z});
     stage.press(stage.window, Qt::Key_L, Qt::ControlModifier);
     QCOMPARE(stage.ran, QStringList(late->id));
 

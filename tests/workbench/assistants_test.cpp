@@ -10,7 +10,11 @@
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/config_manager.h>
 #include <vlk_common_res/styles.h>
+#include <workbench/commands/about_command.h>
+#include <workbench/commands/find_command_command.h>
+#include <workbench/commands/inspect_command.h>
 #include <workbench/commands/keyboard_command.h>
+#include <workbench/commands/mesh_info_command.h>
 #include <workbench/commands/smooth_mesh_command.h>
 #include <workbench/pages/workbench_pages.h>
 #include <workbench/photos/photo_view.h>
@@ -62,6 +66,36 @@ private Q_SLOTS:
     const auto* const probe = QApplication::activeModalWidget()->findChild<KeyProbe*>();
     QVERIFY2(probe->text().contains(QStringLiteral("Smooth Mesh – ")),
              qPrintable(probe->text())); // and why not
+  }
+
+  void dialogsHaveNothingAmissEither_data() {
+    const Vela::Test::Rows<EPalette> row("palette");
+    row("light", Vela::Resource::Light);
+    row("dark", Vela::Resource::Dark);
+  }
+  void dialogsHaveNothingAmissEither() {
+    QFETCH(EPalette, palette);
+    WorkbenchFixture bench({1000, 700});
+    Styles::Instance().setPalette(palette);
+    const auto asBefore = qScopeGuard([] { Styles::Instance().setPalette(Vela::Resource::Light); });
+    bench.show(Test::blob(20));
+    AuditOptions options;
+    options.waivers = {{AuditFinding::NoKeyboard, QStringLiteral("'Commands found'"),
+                        QStringLiteral("The arrow keys of the field above work it.")}};
+    const QStringList ids{AboutCommand::className(), MeshInfoCommand::className(),
+                          InspectCommand::className(), KeyboardCommand::idOf(TryKeys),
+                          FindCommandCommand::className()};
+    for (const QString& id : ids) {
+      bench.controller().findCommand(id)->trigger();
+      Vela::Test::settle();
+      for (QWidget* const window : QApplication::topLevelWidgets()) {
+        const auto findings =
+            window->isVisible() ? audit(bench.controller(), *window, options) : QList<AuditFinding>();
+        QVERIFY2(findings.isEmpty(), qPrintable(id + u'\n' + auditReport(findings)));
+      }
+      if (QWidget* const dialog = QApplication::activeModalWidget())
+        dialog->close();
+    }
   }
 
   void nothingIsAmissForAnybody_data() {

@@ -55,6 +55,10 @@ void CommandPalettePrivate::dress() {
   q.setPalette(styles.widgetPalette());
   q.setFont(styles.FontLabel());
   field->setStyleSheet(styles.DialogGeneral());
+  field->ensurePolished(); // which makes the text of an empty field too pale to be read
+  QPalette colors = field->palette();
+  colors.setColor(QPalette::PlaceholderText, styles.ColorTextLabel());
+  field->setPalette(colors);
   q.update();
 }
 

@@ -124,8 +124,11 @@ double contrastOn(const QImage& image, const QRectF& rect, const QColor& color) 
   const QRect area = rect.toAlignedRect() & image.rect();
   QHash<QRgb, int> counts;
   for (int y = area.top(); y <= area.bottom(); ++y) {
-    for (int x = area.left(); x <= area.right(); ++x)
-      ++counts[image.pixel(x, y)];
+    for (int x = area.left(); x <= area.right(); ++x) {
+      const QRgb pixel = image.pixel(x, y);
+      if (pixel != color.rgb()) // of the letters, which may fill a small area
+        ++counts[pixel];
+    }
   }
   const auto most = std::max_element(counts.cbegin(), counts.cend());
   if (most == counts.cend())

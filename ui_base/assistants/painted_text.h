@@ -25,8 +25,8 @@ struct PaintedText {
 /// What a widget itself would write, were it painted now; its children are left out.
 QList<PaintedText> paintedTexts(QWidget& widget);
 
-/// The contrast of a colour with what it is written on: the colour that most of the image has there. From 1
-/// to 21; 1 where the image has nothing.
+/// The contrast of a colour with what it is written on: the colour that most else of the image has there.
+/// From 1 to 21; 1 where the image has nothing else.
 double contrastOn(const QImage& image, const QRectF& rect, const QColor& color);
 
 } // namespace Vela::UiBase

@@ -175,6 +175,18 @@ void ShortcutScheme::apply(CommandBase& command) {
     view->addAction(&command);
 }
 
+/// One that is being constructed may have neither an identifier nor its shortcuts yet.
+void ShortcutScheme::applyLater(QAction& action) {
+  const QPointer<CommandBase> command(dynamic_cast<CommandBase*>(&action));
+  if (!command || command->property(defaultProperty).isValid())
+    return;
+  const auto applyTo = [this, command] {
+    if (command)
+      apply(*command);
+  };
+  QMetaObject::invokeMethod(this, applyTo, Qt::QueuedConnection);
+}
+
 void ShortcutScheme::applyAll() {
   QList<QPointer<CommandBase>> known;
   const auto all = commands();
@@ -188,8 +200,7 @@ void ShortcutScheme::applyAll() {
 
 bool ShortcutScheme::eventFilter(QObject*, QEvent* event) {
   if (event->type() == QEvent::ActionAdded) {
-    if (auto* const command = dynamic_cast<CommandBase*>(static_cast<QActionEvent*>(event)->action()))
-      apply(*command);
+    applyLater(*static_cast<QActionEvent*>(event)->action());
   } else if (event->type() == QEvent::Shortcut && static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
     const QString message = tellAmbiguousKey(static_cast<QShortcutEvent*>(event)->key(), m_rules);
     if (!message.isEmpty())

@@ -19,9 +19,10 @@ class CommandBase;
 /// The shortcuts that the user chose in place of those that the application gave: kept as differences by the
 /// identifiers of commands, so that what a later version of the application brings comes through.
 ///
-/// A command has the user's shortcuts as soon as it is in a manager added here, or in any widget: from that
-/// moment on what it had counts as the application's choice. With a scheme, a key that means two things at
-/// once is told of over the view, where Qt would do nothing; see ambiguous().
+/// A command gets the user's shortcuts when a manager that holds it is added here, or else when it is put
+/// into any widget, as soon as the event loop turns: what it has then counts as the application's choice.
+/// With a scheme, a key that means two things at once is told of over the view, where Qt would do nothing;
+/// see ambiguous().
 ///
 /// Managers are held weakly. For the main thread; one for an application.
 ///
@@ -82,6 +83,7 @@ protected:
 
 private:
   void apply(CommandBase& command);
+  void applyLater(QAction& action);
   void applyAll();
   void put(const CommandBase& command, const QList<QKeySequence>& shortcuts);
 
