@@ -63,7 +63,10 @@ FlyoutCommand::FlyoutCommand(QWidget* panel, CmdsViewController* viewController)
   enableExecutionNotification(true);
   setExecutionQoS(Taren::Core::NormalQoS);
   if (panel)
-    connect(panel, &QObject::destroyed, this, &FlyoutCommand::onFinalize);
+    connect(panel, &QObject::destroyed, this, [this] {
+      d->panel.clear(); // whoever is told may begin it again
+      onFinalize();
+    });
   if (const auto* const flyoutPanel = qobject_cast<FlyoutBase*>(panel))
     connectFlyout(*flyoutPanel);
 }

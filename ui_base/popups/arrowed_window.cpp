@@ -61,8 +61,9 @@ QWidget* ArrowedWindow::DetachWidget() {
   if (!widget)
     return nullptr;
   const QPointer<QWidget> detached(widget);
+  const QPointer<QWidget> self(this);
   hide();
-  if (detached)
+  if (self && detached && detached->parentWidget() == this)
     detached->setParent(nullptr);
   return detached;
 }

@@ -80,9 +80,15 @@ void ArrowedWindowPrivate::attach(QWidget* widget) {
     layOut();
     return;
   }
+  const QPointer<QWidget> self(window);
+  const QPointer<QWidget> next(widget);
   if (QWidget* const before = release())
     before->hide();
-  widget->setParent(window);
+  // What is shown is hidden on the way, of which others hear.
+  if (self && next)
+    next->setParent(window);
+  if (!self || !next || next->parentWidget() != window || content)
+    return;
   layout->addItem(new ContentItem(widget));
   content = widget;
   m_contentDeath = QObject::connect(widget, &QObject::destroyed, window, [this] {

@@ -53,8 +53,12 @@ void leaveFor(QWidget& popup, QWidget* refuge, Qt::WindowFlags flags) {
   popup.setParent(refuge, flags);
   // It belongs to its parent all the same.
   home.parentDeath = QObject::connect(parent, &QObject::destroyed, &popup, [&popup] {
-    if (const PopupHome left = homeOf(popup); left.refuge && popup.parentWidget() == left.refuge)
-      delete &popup;
+    const PopupHome left = homeOf(popup);
+    const QPointer<QWidget> orphan(&popup);
+    if (left.refuge && popup.parentWidget() == left.refuge)
+      popup.hide(); // while those who hear of it still find a living one
+    if (orphan && left.refuge && orphan->parentWidget() == left.refuge)
+      delete orphan;
   });
   popup.setProperty(homeProperty, QVariant::fromValue(home));
 }
@@ -307,6 +311,8 @@ void PopupSight::place(const std::function<QPoint()>& position, Qt::WindowType o
 // Leaving a parent hides what the mouse is over, of which others hear.
 bool PopupSight::goTo(const Room& room, Qt::WindowType outside) {
   QWidget* const refuge = m_popup->window();
+  if (isDying(*refuge) || (room.parent && isDying(*room.parent)))
+    return false;
   if (room.parent && room.parent != m_popup->parentWidget())
     leaveFor(*m_popup, room.parent, m_popup->windowFlags());
   else if (!room.parent && !m_popup->isWindow())
@@ -342,14 +348,16 @@ void PopupSight::move(const KeptStance& kept) {
   m_popup->move(m_popup->isWindow() ? position : position - m_popup->parentWidget()->mapToGlobal(QPoint()));
 }
 
+bool isDying(const QWidget& widget) { return !widget.nextInFocusChain(); }
+
 void bringHome(QWidget& popup) {
   const PopupHome home = homeOf(popup);
-  if (!home.refuge || !popup.isHidden())
+  if (!home.refuge || !popup.isHidden() || isDying(popup))
     return;
   QObject::disconnect(home.parentDeath);
   popup.setProperty(homeProperty, QVariant());
   // Who has given it another parent meanwhile wants it there.
-  if (home.parent && popup.parentWidget() == home.refuge)
+  if (home.parent && !isDying(*home.parent) && popup.parentWidget() == home.refuge)
     popup.setParent(home.parent, home.flags);
 }
 
@@ -359,7 +367,7 @@ void placeInSight(WidgetPosCalculator& calculator, const std::function<QPoint()>
   if (QWidget* const popup = calculator.Widget())
     bringHome(*popup);
   QWidget* const popup = alive ? alive->Widget() : nullptr;
-  if (popup)
+  if (popup && !isDying(*popup))
     PopupSight(*alive, *popup, fit).place(position, outside);
 }
 

@@ -4,6 +4,7 @@
 #include "tool_button_with_widget_menu_p.h"
 
 #include <ui_base/commands/flyout_command.h>
+#include <ui_base/popups/popup_sight.h>
 
 #include <QEvent>
 #include <QHash>
@@ -62,7 +63,16 @@ QList<HostingInfo> Hosting::all() {
 Hosting::Hosting(QWidget& widget) : m_widget(&widget) {
   widget.installEventFilter(this);
   // Guarded pointers to a dying widget are null only in the end.
-  connect(&widget, &QObject::destroyed, this, [this] { m_widget.clear(); });
+  connect(&widget, &QObject::destroyed, this, [this] { widgetDies(); });
+}
+
+// First of all who have to do with it: those who are told next may ask any button to show it.
+void Hosting::widgetDies() {
+  m_widget.clear();
+  for (const auto& known : std::as_const(m_buttons)) {
+    if (const ToolButtonWithWidgetMenu* const button = known)
+      button->own()->menu.clear();
+  }
 }
 
 Hosting::~Hosting() {
@@ -131,6 +141,8 @@ ToolButtonWithWidgetMenu* Hosting::next() const {
 }
 
 bool Hosting::take(ToolButtonWithWidgetMenu& button) {
+  if (!m_widget || isDying(*m_widget))
+    return false;
   const QPointer<ToolButtonWithWidgetMenu> taker(&button);
   const auto isShowing = [](const ToolButtonWithWidgetMenu* each) {
     return each && each->MenuPhase() != MenuState::Closed;
@@ -165,33 +177,62 @@ void Hosting::noteHome() {
   disconnect(m_homeDeath);
   // The window keeps the widget from dying with its parent.
   if (m_home)
-    m_homeDeath = connect(m_home, &QObject::destroyed, this, [this] { delete m_widget; });
+    m_homeDeath = connect(m_home, &QObject::destroyed, this, [this] { homeDies(); });
 }
 
+// Those who hear that it closes still find it alive.
+void Hosting::homeDies() {
+  m_home.clear();
+  const QPointer<QWidget> widget(m_widget);
+  if (ToolButtonWithWidgetMenu* const button = m_turn; button && button->MenuPhase() != MenuState::Closed)
+    button->HideMenu();
+  const QWidget* const parent = widget ? widget->parentWidget() : nullptr;
+  if (!parent || qobject_cast<const ArrowedWindow*>(parent))
+    delete widget;
+}
+
+QWidget* Hosting::shownPopup() const {
+  const ToolButtonWithWidgetMenu* const button = m_turn;
+  return button && button->MenuPhase() != MenuState::Closed ? button->own()->popup() : nullptr;
+}
+
+// What is in sight is hidden first: those who hear of it may have another button show the widget.
 void Hosting::standIn(ArrowedWindow& window) {
   if (!m_widget || m_widget->parentWidget() == &window)
     return;
-  if (!m_window)
-    noteHome();
-  m_window = &window;
   const QPointer<ArrowedWindow> host(&window);
-  host->AttachWidget(m_widget);
+  m_widget->hide();
   if (host)
     host->hide();
-  if (m_widget)
-    m_widget->hide();
+  const QWidget* const shown = shownPopup();
+  if (!m_widget || !host || (shown && shown != host))
+    return;
+  if (!m_window)
+    noteHome();
+  m_window = host.data();
+  host->AttachWidget(m_widget);
+}
+
+void Hosting::windowDies(const QObject* window) {
+  if (m_window.remains() == window)
+    goHome();
 }
 
 void Hosting::goHome() {
   if (!m_window.remains() || !m_widget)
     return;
   const QPointer<QWidget> widget(m_widget);
+  widget->hide();
+  if (ArrowedWindow* const window = widget ? m_window.data() : nullptr)
+    window->hide();
+  const QWidget* const shown = shownPopup();
+  if (!widget || !m_window.remains() || (shown && shown != widget))
+    return;
   const LivePointer<ArrowedWindow> window = std::exchange(m_window, {});
   const QPointer<QWidget> home = m_home;
   const Qt::WindowFlags flags = m_homeFlags;
   disconnect(m_homeDeath);
-  widget->hide();
-  if (widget && window && widget->parentWidget() == window)
+  if (window && widget->parentWidget() == window)
     window->DetachWidget();
   if (auto* const flyout = qobject_cast<FlyoutBase*>(widget.data()))
     flyout->SetSizeLimit({QWIDGETSIZE_MAX, QWIDGETSIZE_MAX});

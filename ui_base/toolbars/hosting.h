@@ -48,22 +48,28 @@ public:
   /// The button that would open the widget now if nobody clicked one.
   ToolButtonWithWidgetMenu* next() const;
   /// Makes it the turn of a button. The one that shows the widget hides it first.
-  /// @return whether it is; not while another one is still hiding the widget.
+  /// @return whether it is; not while another one is still hiding the widget, or while that is dying.
   bool take(ToolButtonWithWidgetMenu& button);
 
   /// The command that is worked with the widget, as far as a button tells; null for none.
   FlyoutCommand* command() const;
 
+  /// Puts the widget into a window, hidden, unless a button shows it elsewhere.
   void standIn(ArrowedWindow& window);
   void goHome();
+  void windowDies(const QObject* window);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
   explicit Hosting(QWidget& widget);
 
+  /// What is placed and shown by the button that shows the widget now, or null.
+  QWidget* shownPopup() const;
   bool isHostWindow(const QWidget* parent) const;
   void noteHome();
+  void homeDies();
+  void widgetDies();
   void onParentChange();
 
   QPointer<QWidget> m_widget;

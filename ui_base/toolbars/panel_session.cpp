@@ -9,10 +9,11 @@
 
 namespace Vela::UiBase {
 
-void PanelSession::begin(ToolButtonWithWidgetMenu& button, const Hosting& hosting) {
+void PanelSession::begin(ToolButtonWithWidgetMenu& button, const std::shared_ptr<Hosting>& hosting) {
   m_begun = true;
   m_button = &button;
-  m_command = hosting.command();
+  m_hosting = hosting;
+  m_command = hosting->command();
   m_flyout = qobject_cast<FlyoutBase*>(button.GetMenu());
   m_toolBar = button.OwningToolBar();
   m_controller = button.ExtendController();
@@ -37,10 +38,15 @@ void PanelSession::end() {
 }
 
 void PanelSession::endCommand() const {
-  if (m_flyout)
+  if (m_flyout) {
     m_flyout->CloseMe(); // which tells the command
-  else if (m_command && m_command->isActive())
-    m_command->onFinalize();
+    return;
+  }
+  const auto hosting = m_hosting.lock();
+  FlyoutCommand* const since = hosting ? hosting->command() : nullptr;
+  FlyoutCommand* const command = m_command ? m_command.data() : since;
+  if (command && command->isActive())
+    command->onFinalize();
 }
 
 void PanelSession::leaveToolBar() const {

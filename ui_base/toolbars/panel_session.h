@@ -8,6 +8,8 @@
 
 #include <QPointer>
 
+#include <memory>
+
 namespace Vela::UiBase {
 
 class Hosting;
@@ -23,7 +25,7 @@ public:
 
   /// Makes the button the active one of its toolbar, in place of another one, whose menu closes, and the one
   /// that its controller stands in for.
-  void begin(ToolButtonWithWidgetMenu& button, const Hosting& hosting);
+  void begin(ToolButtonWithWidgetMenu& button, const std::shared_ptr<Hosting>& hosting);
   bool hasBegun() const { return m_begun; }
   /// Once for each begin; nothing otherwise, also when one of those who are told calls it again.
   void end();
@@ -36,7 +38,8 @@ private:
   bool m_begun = false;
   QPointer<ToolButtonWithWidgetMenu> m_button;
   LivePointer<FlyoutBase> m_flyout;
-  QPointer<FlyoutCommand> m_command; // of a panel that is no flyout
+  std::weak_ptr<Hosting> m_hosting;
+  QPointer<FlyoutCommand> m_command; // of a panel that is no flyout; may get one only later
   LivePointer<ToolBar> m_toolBar;
   QPointer<QWidget> m_controller;
 };

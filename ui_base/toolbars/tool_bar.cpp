@@ -244,6 +244,7 @@ void ToolBar::showEvent(QShowEvent* event) {
   ToolBarFocusCycle::of(*window());
   if (d->sizeOutOfDate)
     AdjustToolBarSize(true);
+  d->resizeTimer->start();
   raise();
 }
 

@@ -20,6 +20,14 @@ namespace {
 
 constexpr QSize iconLookUpSize(256, 256); // px
 
+/// A letter of a text would be taken from the menu bar.
+QString withoutMnemonic(QString text) { return text.replace(QLatin1Char('&'), QLatin1String("&&")); }
+
+bool isExtended(const ToolButtonWithMenu* button) {
+  const auto* const opener = qobject_cast<const ToolButtonWithButtonMenu*>(button);
+  return opener && opener->IsInExtendMode();
+}
+
 /// A button shows while its action does.
 class ShownWithAction : public ToolButton::IToolButtonShowCallbackHandler {
 public:
@@ -52,6 +60,9 @@ void ToolBarPrivate::OnButtonCreated(ToolButton& button, const QString& group, b
       button.setProperty(CMDID_PROP, command->commandId());
   }
   followAction(button);
+  const QList<ToolButtonWithMenu*> openers = toolBar->MenuButtons(false);
+  if (std::any_of(openers.cbegin(), openers.cend(), isExtended))
+    button.d->lockForExtendMode(true);
   content->insert(button, group, index);
   InitializeButtonShowCallbackHandler(button);
   applyHandlers(button);
@@ -211,6 +222,7 @@ bool ToolBarPrivate::filterButton(ToolButton& button, QEvent& event) {
   case QEvent::ShowToParent:
   case QEvent::HideToParent:
     content->updatePanels();
+    resizeTimer->start(); // a menu stands beside what of its openers can be seen
     break;
   default:
     break;
@@ -239,8 +251,8 @@ void ToolBarPrivate::followAction(ToolButton& button) const {
   const QPointer<ToolButton> guarded(&button);
   const QPointer<QAction> followed(action);
   if (!action->text().isEmpty())
-    button.setText(action->text());
-  if (!withOwnIcon.contains(&button) && button.icon().cacheKey() != action->icon().cacheKey())
+    button.setText(withoutMnemonic(action->iconText()));
+  if (!withOwnIcon.contains(&button) && button.d->source.cacheKey() != action->icon().cacheKey())
     button.setIcon(action->icon());
   if (button.toolTip() != action->toolTip()) {
     button.setToolTip(action->toolTip());

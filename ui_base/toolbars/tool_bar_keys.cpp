@@ -36,6 +36,16 @@ int distance(const QRect& from, const QRect& to, int key) {
   }
 }
 
+/// Also while something dies that is asked for nothing any more: of its children some are null.
+void collectBars(const QObject& parent, QList<ToolBar*>& bars) {
+  for (QObject* const child : parent.children()) {
+    if (auto* const bar = qobject_cast<ToolBar*>(child))
+      bars.append(bar);
+    if (child)
+      collectBars(*child, bars);
+  }
+}
+
 /// The arrow key that points from the bar to where the menus of its buttons open.
 int menuKey(const ToolBar& toolBar) {
   switch (toolBar.Area()) {
@@ -81,7 +91,8 @@ ToolBarFocusCycle& ToolBarFocusCycle::of(QWidget& window) {
 }
 
 QList<ToolBar*> ToolBarFocusCycle::stops() const {
-  QList<ToolBar*> bars = m_window.findChildren<ToolBar*>();
+  QList<ToolBar*> bars;
+  collectBars(m_window, bars);
   bars.removeIf([this](const ToolBar* bar) {
     return bar->window() != &m_window || bar->OwnerButton() || !bar->isVisible() || !bar->isEnabled();
   });

@@ -39,8 +39,9 @@ bool ToolButtonPrivate::isUnlicensed() const {
 }
 
 // Begun by a shortcut, it would wait for a panel that does not open.
-void ToolButtonPrivate::endUnopenedFlyout() const {
-  auto* const command = qobject_cast<FlyoutCommand*>(action.data());
+void ToolButtonPrivate::endUnopenedFlyout() { endUnopened(qobject_cast<FlyoutCommand*>(action.data())); }
+
+void ToolButtonPrivate::endUnopened(FlyoutCommand* command) {
   const QWidget* const panel = command && command->isActive() ? command->simpleFlyout() : nullptr;
   if (panel && !panel->isVisible())
     command->onFinalize();

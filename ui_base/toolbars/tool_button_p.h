@@ -16,6 +16,7 @@
 
 namespace Vela::UiBase {
 
+class FlyoutCommand;
 struct SwapPictures;
 
 /// The state of a ToolButton, for subclasses that add to it.
@@ -32,7 +33,9 @@ public:
   void beginDestruction();
   /// Whether the command is a paid feature that cannot be used now.
   bool isUnlicensed() const;
-  void endUnopenedFlyout() const;
+  /// Ends the command that waits for the panel of the button, which does not open.
+  virtual void endUnopenedFlyout();
+  static void endUnopened(FlyoutCommand* command);
   /// The click that is being handled is not to do anything any more.
   virtual void forgetClick();
   /// Locks the button while another one of its toolbar stands in for a sub-button, whatever the licence says.

@@ -126,7 +126,9 @@ void ToolButtonWithWidgetMenu::ClickedHandler() {
     return;
   }
   // It may have ended before its button was told to open the panel.
-  if (const auto* const command = qobject_cast<FlyoutCommand*>(Action()); command && !command->isActive())
+  const auto* const command = qobject_cast<FlyoutCommand*>(Action());
+  const FlyoutCommand* const other = own()->hosting ? own()->hosting->command() : nullptr;
+  if (command && !command->isActive() && !(other && other->isActive()))
     return;
   own()->requestMenu();
 }
@@ -196,7 +198,7 @@ void ToolButtonWithWidgetMenu::CloseMenu() {
 QPoint ToolButtonWithWidgetMenu::GetMenuPosition() {
   if (own()->arrowed && own()->liveWindow())
     return own()->placeWindow();
-  return own()->menu ? own()->place() : QPoint();
+  return own()->popup() ? own()->place() : QPoint();
 }
 
 // --- the flyout

@@ -59,7 +59,7 @@ bool ToolButtonWithWidgetMenuPrivate::beginShowing(bool opens) {
   if (!host || !isMine())
     return false;
   if (opens)
-    session.begin(*self, *host);
+    session.begin(*self, host);
   if (!isMine())
     return false;
   if (!arrowed) {
@@ -83,6 +83,14 @@ void ToolButtonWithWidgetMenuPrivate::endShowing() {
   session.end();
   if (self && closed && menu == closed && !isShownByAnother())
     closed->hide(); // with its window alone it could not be shown by itself again
+}
+
+// The panel may belong to the command of another button.
+void ToolButtonWithWidgetMenuPrivate::endUnopenedFlyout() {
+  const auto host = hosting;
+  ToolButtonWithMenuPrivate::endUnopenedFlyout();
+  if (host)
+    endUnopened(host->command());
 }
 
 void ToolButtonWithWidgetMenuPrivate::requestMenu() {
@@ -124,9 +132,9 @@ void ToolButtonWithWidgetMenuPrivate::ensureWindow() {
   applyWindowLooks();
   QObject::connect(&Styles::Instance(), &Styles::changed, window.data(), [this] { applyWindowLooks(); });
   // The layer may go before the button does; the menu is not to go with it.
-  windowDeath = QObject::connect(window, &QObject::destroyed, button, [this] {
+  windowDeath = QObject::connect(window, &QObject::destroyed, button, [this](const QObject* closed) {
     if (const auto host = hosting)
-      host->goHome();
+      host->windowDies(closed);
   });
   followLayer();
 }
@@ -137,8 +145,7 @@ void ToolButtonWithWidgetMenuPrivate::applyWindowLooks() {
 
 void ToolButtonWithWidgetMenuPrivate::followLayer() {
   QWidget* const layer = anchor()->window();
-  const bool dies = !layer->nextInFocusChain(); // it has left the chain, and can take nobody into it
-  if (window->parentWidget() != layer && !dies)
+  if (window->parentWidget() != layer && !isDying(*layer))
     window->setParent(layer, Qt::Widget);
 }
 
@@ -190,8 +197,6 @@ void ToolButtonWithWidgetMenuPrivate::releaseMenu() {
 }
 
 void ToolButtonWithWidgetMenuPrivate::connectMenu(QWidget& widget) {
-  // A dying widget announces it before guarded pointers to it are null.
-  menuConnections += QObject::connect(&widget, &QObject::destroyed, button, [this] { menu.clear(); });
   auto* const self = static_cast<ToolButtonWithWidgetMenu*>(button);
   if (auto* const panel = qobject_cast<FlyoutBase*>(&widget)) {
     connectFlyout(*panel);
@@ -266,10 +271,10 @@ QPoint ToolButtonWithWidgetMenuPrivate::placeWindow() {
 }
 
 void ToolButtonWithWidgetMenuPrivate::movePopup() {
-  if (!arrowed || !liveWindow()) {
-    ToolButtonWithMenuPrivate::movePopup();
+  if (!arrowed)
+    return ToolButtonWithMenuPrivate::movePopup();
+  if (!liveWindow())
     return;
-  }
   const QPointer<ToolButtonWithWidgetMenu> self(static_cast<ToolButtonWithWidgetMenu*>(button));
   window->GenerateLayout();
   if (!self)

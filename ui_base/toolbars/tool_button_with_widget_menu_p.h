@@ -24,6 +24,7 @@ public:
   bool ownsPopup() const override;
   bool beginShowing(bool opens) override;
   void endShowing() override;
+  void endUnopenedFlyout() override;
 
   /// The window, but not one that is being destroyed.
   ArrowedWindow* liveWindow() const;

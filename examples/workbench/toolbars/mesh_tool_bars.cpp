@@ -83,10 +83,8 @@ void MeshToolBars::dressButtons() {
   for (ToolBar* const bar : bars) {
     connect(bar, &ToolBar::LayoutChanged, this, &MeshToolBars::dressButtons, Qt::UniqueConnection);
     const QList<ToolButton*> buttons = bar->Buttons();
-    for (ToolButton* const button : buttons) {
-      button->setShortcut(QKeySequence()); // a letter of its text would be taken from the menu bar
+    for (ToolButton* const button : buttons)
       giveCommandTooltip(*button);
-    }
   }
   // What is no switch does not stay pressed.
   const QList<ToolButton*> buttons = m_panel->Buttons();
