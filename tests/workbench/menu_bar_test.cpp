@@ -77,33 +77,30 @@ private Q_SLOTS:
   }
 
   void eachPageHasItsMenusAndTheirLettersOpenThem_data() {
-    const Rows<Qt::Key, QString, int> row("page", "letters", "entries");
-    row("mesh", Qt::Key_1, "FESTVH", 39);
-    row("photographs", Qt::Key_2, "FVPH", 0);
+    const Rows<Qt::Key, QString> row("page", "letters");
+    row("mesh", Qt::Key_1, "FESTVH");
+    row("photographs", Qt::Key_2, "FVPH");
   }
   void eachPageHasItsMenusAndTheirLettersOpenThem() {
     QFETCH(Qt::Key, page);
     QFETCH(QString, letters);
-    QFETCH(int, entries);
     Bench bench;
     bench.controller().showMesh(Test::blob(10), "blob"); // with all bars
     bench.view().document().setSelection(TriangleSelection::all(200));
     bench.press(page, Qt::AltModifier);
     settle();
     QString found;
-    int count = 0;
     for (const QToolButton* const item : bench.menus().MenuBar()->findChildren<QToolButton*>()) {
       if (!item->isVisible() || !item->menu())
         continue;
       const QKeySequence mnemonic = QKeySequence::mnemonic(item->text());
       bench.press(mnemonic[0].key(), Qt::AltModifier);
       QTRY_VERIFY2(bench.openMenu() == item->menu(), qPrintable(item->text()));
-      count += usableEntries(*item->menu());
+      QVERIFY(usableEntries(*item->menu()) > 0);
       bench.openMenu()->close();
       found += QChar(mnemonic[0].key());
     }
     QCOMPARE(found, letters);
-    QVERIFY(count == entries || (entries == 0 && count > 0));
   }
 
   void recentFilesAreOpenedAgain() {

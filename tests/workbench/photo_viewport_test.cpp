@@ -39,6 +39,20 @@ private Q_SLOTS:
     QTEST(viewport.photoRect(), "rect");
   }
 
+  void zoomingStopsAtTheOriginalSizeAndAtTheLimits() {
+    PhotoViewport viewport = viewportOf({4000, 3000}, {400, 300}, 2);
+    bool wasOriginal = false;
+    for (int step = 0; step < 30 && viewport.canZoomIn(); ++step) {
+      viewport.zoomAt(PhotoViewport::ZoomStep, {310, 95});
+      wasOriginal = wasOriginal || viewport.zoom() == 1;
+    }
+    QVERIFY(wasOriginal);
+    QCOMPARE(viewport.zoom(), 16.0);
+    for (int step = 0; step < 30 && viewport.canZoomOut(); ++step)
+      viewport.zoomAt(1 / PhotoViewport::ZoomStep, {310, 95});
+    QVERIFY(viewport.isFit());
+  }
+
   void theEdgesStayAtTheEdgesOfTheView() {
     PhotoViewport viewport = viewportOf({1000, 200}, {400, 300});
     viewport.showOriginalSize(viewport.middle());
