@@ -28,3 +28,11 @@ add_custom_target(docs
   WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
   COMMENT "Writing the API reference to ${PROJECT_BINARY_DIR}/docs/html"
   VERBATIM)
+
+find_program(VLK_BASH bash)
+mark_as_advanced(VLK_BASH)
+if(VLK_BUILD_TESTS AND VLK_BASH)
+  add_test(NAME api_reference
+    COMMAND ${VLK_BASH} ${PROJECT_SOURCE_DIR}/scripts/check_docs.sh ${PROJECT_BINARY_DIR}/docs/Doxyfile
+    WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+endif()

@@ -26,26 +26,40 @@ class UI_BASE_EXPORT ImageViewerToolBar : public QWidget {
   Q_OBJECT
 
 public:
+  /// With all buttons enabled.
   explicit ImageViewerToolBar(QWidget* parent = nullptr);
   ~ImageViewerToolBar() override;
 
+  /// For the limit of zooming in.
   void EnableZoomInButton(bool enable);
+  /// For the limit of zooming out.
   void EnableZoomOutButton(bool enable);
+  /// For the first image.
   void EnablePrevImageButton(bool enable);
+  /// For the last image.
   void EnableNextImageButton(bool enable);
 
   /// Whether the button takes clicks now: not while the toolbar itself is disabled.
   bool IsZoomInButtonEnabled() const;
+  /// See IsZoomInButtonEnabled().
   bool IsZoomOutButtonEnabled() const;
+  /// See IsZoomInButtonEnabled().
   bool IsPrevImageButtonEnabled() const;
+  /// See IsZoomInButtonEnabled().
   bool IsNextImageButtonEnabled() const;
 
 Q_SIGNALS:
+  /// Show the whole image.
   void FitToView();
+  /// Show a pixel of the image as one of the screen.
   void OriginalSize();
+  /// Zoom in by a step.
   void ZoomIn();
+  /// Zoom out by a step.
   void ZoomOut();
+  /// Show the image before.
   void PrevImage();
+  /// Show the image after.
   void NextImage();
   /// A key was released while the toolbar or one of its buttons had the focus.
   void KeyReleased(Qt::Key key);

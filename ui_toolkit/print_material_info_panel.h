@@ -34,13 +34,16 @@ class UI_BASE_EXPORT PrintMaterialInfoPanel : public QWidget {
   Q_OBJECT
 
 public:
+  /// Without volumes.
   explicit PrintMaterialInfoPanel(QWidget* parent = nullptr);
   ~PrintMaterialInfoPanel() override;
 
   /// The volumes in cubic millimetres. One that is not known, or is not a finite number, is shown as not
   /// available; the combined volume then is neither.
   void SetVolumes(std::optional<double> model, std::optional<double> support);
+  /// In cubic millimetres; nothing when it is not known.
   std::optional<double> ModelVolume() const;
+  /// In cubic millimetres; nothing when it is not known.
   std::optional<double> SupportVolume() const;
   /// The sum, in cubic millimetres.
   std::optional<double> CombinedVolume() const;
@@ -52,6 +55,7 @@ public:
   /// The checkable actions that choose the unit, one for each, owned by the panel; for menus of one's own.
   QList<QAction*> VolumeUnitActions() const;
 
+  /// Whether the volumes are being computed.
   bool IsBusy() const;
 
 public Q_SLOTS:
@@ -61,6 +65,7 @@ public Q_SLOTS:
 Q_SIGNALS:
   /// The panel was shown, or hidden: not when its window is minimised and restored.
   void Show();
+  /// See Show().
   void Hide();
   /// By the user or by SetVolumeUnit().
   void VolumeUnitChanged(int unit);

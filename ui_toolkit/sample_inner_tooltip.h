@@ -21,6 +21,7 @@ class UI_BASE_EXPORT SampleInnerTooltip : public QWidget {
   Q_OBJECT
 
 public:
+  /// Hidden until it is shown beside something.
   explicit SampleInnerTooltip(QWidget* parent = nullptr);
   ~SampleInnerTooltip() override;
 

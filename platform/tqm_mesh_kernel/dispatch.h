@@ -21,7 +21,7 @@ namespace Taren::Core {
 ///
 /// @return false when the dispatcher refuses the task, which it does once the application object is gone.
 TQM_MESH_KERNEL_EXPORT bool dispatchAsync(const std::function<void()>& task, EQualityOfService qos);
-/// @overload Moves the task instead of copying it.
+/// Moves the task instead of copying it.
 TQM_MESH_KERNEL_EXPORT bool dispatchAsync(std::function<void()>&& task, EQualityOfService qos);
 
 /// Runs a task where its quality of service belongs and waits for its end.

@@ -35,6 +35,7 @@ TQM_MESH_KERNEL_EXPORT IDispatcher* setDispatcher(IDispatcher* dispatcher) noexc
 /// Installs a dispatcher for the length of a scope.
 class ScopedDispatcher {
 public:
+  /// Installs @p dispatcher, which must outlive this object; its destructor installs the one before again.
   explicit ScopedDispatcher(IDispatcher& dispatcher) : m_previous(setDispatcher(&dispatcher)) {}
   ~ScopedDispatcher() { setDispatcher(m_previous); }
   ScopedDispatcher(const ScopedDispatcher&) = delete;

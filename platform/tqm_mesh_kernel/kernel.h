@@ -28,6 +28,7 @@ namespace Taren::Core {
 /// @endcode
 class TQM_MESH_KERNEL_EXPORT Kernel {
 public:
+  /// Keeps as many of the newest waypoints as @p waypointCapacity.
   explicit Kernel(std::size_t waypointCapacity = WaypointRing::defaultCapacity);
   /// Stops what still runs and lets the services go, see releaseServices().
   ~Kernel();
@@ -36,6 +37,7 @@ public:
 
   /// Records a named point in time on the calling thread. The newest ones are kept.
   void ProfilerWaypoint(const QString& name);
+  /// The waypoints recorded so far, from any thread.
   const WaypointRing& waypoints() const noexcept { return m_waypoints; }
   /// Adds what is asked, on the thread that writes, for spans to stand beside the waypoints in each trace.
   void addTraceSource(std::function<QList<TraceSpan>()> source);
@@ -55,6 +57,7 @@ public:
   void stop() noexcept;
   /// Stops, then lets go of every service, the one registered last first. Services may be registered anew.
   void releaseServices() noexcept;
+  /// Whether start() has succeeded and stop() has not been called since.
   bool isStarted() const noexcept { return m_started; }
   /// The first service of that name, or null.
   std::shared_ptr<IService> service(const QString& name) const;

@@ -37,7 +37,9 @@ public:
   /// Steps until nothing waits, tasks handed over meanwhile included.
   void runAll();
 
+  /// How many tasks wait, of all qualities of service.
   std::size_t pending() const;
+  /// How many tasks wait that were dispatched with this quality of service.
   std::size_t pending(EQualityOfService qos) const;
 
   /// While refusing, dispatchAsync() and dispatchSync() answer false and run nothing.

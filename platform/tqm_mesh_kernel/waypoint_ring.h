@@ -42,8 +42,11 @@ public:
   /// @throws std::invalid_argument when @p capacity is 0.
   explicit WaypointRing(std::size_t capacity = defaultCapacity);
 
+  /// Adds a waypoint with the time and thread of the call; the oldest makes room. From any thread.
   void record(const QString& name);
+  /// Forgets all waypoints.
   void clear();
+  /// How many waypoints are kept.
   std::size_t capacity() const noexcept { return m_capacity; }
 
   /// A copy of what is kept, oldest first.

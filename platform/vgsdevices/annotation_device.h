@@ -33,10 +33,14 @@ public:
   /// Where a point of the scene is seen; nothing for a point behind the eye.
   using Projection = std::function<std::optional<QPointF>(const QVector3D& point)>;
 
+  /// Draws with @p painter, which must outlive the device, in the colours of @p palette.
   AnnotationDevice(QPainter& painter, const QPalette& palette, Projection projection);
 
+  /// What annotations draw with, in the coordinates of the view.
   QPainter& painter() const noexcept { return m_painter; }
+  /// Where a point of the scene is seen; nothing when it is behind the eye.
   std::optional<QPointF> project(const QVector3D& point) const { return m_projection(point); }
+  /// The palette of the view, for colours that stand out from it.
   const QPalette& palette() const noexcept { return m_palette; }
   /// Pixels of the screen in one logical pixel.
   qreal devicePixelRatio() const;

@@ -28,12 +28,15 @@ public:
 
   /// Invalid, which stands for the ink of the device, unless one was set.
   const QColor& color() const noexcept { return m_color; }
+  /// See color().
   void setColor(const QColor& color) { m_color = color; }
 
 protected:
+  /// Subclasses may be copied.
   AnnotationObject(const AnnotationObject&);
   AnnotationObject& operator=(const AnnotationObject&);
 
+  /// The colour it is drawn with on @p device: its own, or else that of the palette's text.
   QColor colorOn(const AnnotationDevice& device) const;
 
 private:

@@ -13,13 +13,17 @@ namespace Vela::Graphics {
 /// one of its ends stands behind the eye.
 class VGS_OBJECTS_EXPORT LineObject : public AnnotationObject {
 public:
+  /// A line between two points of the scene.
   LineObject(const QVector3D& from, const QVector3D& to);
   ~LineObject() override;
 
   void draw(const AnnotationDevice& device) const override;
 
+  /// One end, in scene coordinates.
   const QVector3D& from() const noexcept { return m_from; }
+  /// The other end, in scene coordinates.
   const QVector3D& to() const noexcept { return m_to; }
+  /// Moves both ends.
   void setEnds(const QVector3D& from, const QVector3D& to);
   /// In the units of the scene.
   double length() const;

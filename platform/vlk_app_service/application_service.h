@@ -31,19 +31,24 @@ class VLK_APP_SERVICE_EXPORT ApplicationService : public QObject {
   Q_OBJECT
 
 public:
+  /// The service of the process, made by the first call.
   static ApplicationService& GetInstance();
 
+  /// The host of the application's services and its waypoints.
   Taren::Core::Kernel& Kernel() noexcept { return m_kernel; }
 
   /// Switches the changing of workspaces off and on. The switch counts: it is on again after as many calls
   /// with true as there were with false; a call with true too many does nothing.
   void EnableWorkspaceSwitching(bool enable);
+  /// Whether as many calls have enabled switching as have disabled it.
   bool isWorkspaceSwitchingEnabled() const noexcept { return m_switchingLocks == 0; }
 
   /// The application manager; null until one is set.
   IAppManager* GetAppManager() const noexcept { return m_appManager.get(); }
+  /// See GetAppManager().
   void setAppManager(std::unique_ptr<IAppManager> manager);
 
+  /// The settings; those of the user unless others were set.
   ConfigManager& GetConfigManager();
   /// Replaces the settings; null brings back those of the organisation and application name.
   void setConfigManager(std::unique_ptr<ConfigManager> manager);
@@ -51,6 +56,7 @@ public:
   /// Registers a delegate, which is held weakly. Null, and one that is registered already, are ignored.
   /// Delegates are told apart by their owner: two pointers to different bases of one object are one delegate.
   void addShutdownProtocolDelegate(const std::shared_ptr<ShutdownProtocol>& delegate);
+  /// Does nothing for a delegate that was never added.
   void removeShutdownProtocolDelegate(const std::shared_ptr<ShutdownProtocol>& delegate);
   /// How many delegates are registered and alive.
   qsizetype shutdownProtocolDelegateCount() const;
@@ -61,6 +67,7 @@ public:
   bool requestShutdown();
 
 Q_SIGNALS:
+  /// Switching the workspace has become possible, or impossible.
   void workspaceSwitchingChanged(bool enabled);
 
 private:

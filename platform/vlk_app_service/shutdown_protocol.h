@@ -10,6 +10,7 @@ namespace Vela::Services {
 class VLK_APP_SERVICE_EXPORT ShutdownProtocol {
 public:
   ShutdownProtocol();
+  /// Subclasses may be copied.
   ShutdownProtocol(const ShutdownProtocol&);
   ShutdownProtocol& operator=(const ShutdownProtocol&);
   virtual ~ShutdownProtocol();

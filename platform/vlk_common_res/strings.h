@@ -40,7 +40,9 @@ public:
 
   /// The texts of the three groups.
   static QString ACTIONS_GROUP_TEXT();
+  /// Title of the group of an action panel that holds the tools.
   static QString TOOLS_GROUP_TEXT();
+  /// Title of the group that comes and goes with what is selected.
   static QString DYNAMIC_TOOLS_GROUP_TEXT();
   /// Shown in place of a value that is not known, such as a volume that is still being computed.
   static QString NOT_APPLICABLE_LABEL_TEXT();

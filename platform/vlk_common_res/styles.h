@@ -91,14 +91,19 @@ public:
   /// \name Colours
   /// @{
 
+  /// Background of a toolbar over a view.
   QColor ColorToolPaletteMainBack() const;
+  /// The lines between the buttons of a toolbar.
   QColor ColorToolPaletteButtonSeparator() const;
   /// Slightly transparent, so that the view below shines through.
   QColor ColorActionPanelGroupBack() const;
+  /// Border of the action panel and its groups.
   QColor ColorActionPanelBorder() const;
   /// The arrow in the corner of a button with a menu.
   QColor ColorToolButtonArrow() const;
+  /// Background of windows and dialogs.
   QColor ColorWindowBack() const;
+  /// Text on ColorWindowBack().
   QColor ColorText() const;
   /// Titles and values.
   QColor ColorTextTitle() const;
@@ -108,11 +113,17 @@ public:
   QColor ColorTextError() const;
   /// Selections and keyboard focus; ColorAccentText() is readable on it.
   QColor ColorAccent() const;
+  /// Text on the accent colour.
   QColor ColorAccentText() const;
+  /// Background of tooltips.
   QColor ColorToolTipBack() const;
+  /// Text on ColorToolTipBack().
   QColor ColorToolTipText() const;
+  /// Icons that can be used.
   QColor ColorIcon() const;
+  /// Icons of what is disabled.
   QColor ColorIconDisabled() const;
+  /// What a notification of this severity is painted with.
   NotificationColors ColorsNotification(ESeverity severity) const;
   /// @}
 

@@ -40,9 +40,11 @@ public:
   /// The provider in use, never null; owned by the service.
   const ILicenseProvider& provider() const;
 
+  /// What the provider says now.
   ELicenseState state() const;
   /// True for FullLicense only.
   bool isLicensed() const;
+  /// Whether the state is TrialLicense.
   bool isTrial() const;
   /// Licensed or in trial: paid features can be used.
   bool isUsable() const;

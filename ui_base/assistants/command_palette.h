@@ -55,6 +55,7 @@ public:
   /// Offers the commands of a manager too. Null is ignored.
   /// @throws std::bad_weak_ptr when the manager is not shared.
   void addManager(CmdMgr* manager, EOffer offer = OfferAlways);
+  /// Its commands are no longer offered; a manager that dies is removed by itself.
   void removeManager(const CmdMgr* manager);
 
   /// Opens the palette. Stands in the parent, so that its shortcut works in the whole window; without one at

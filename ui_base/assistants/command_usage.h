@@ -25,8 +25,10 @@ class UI_BASE_EXPORT CommandUsage : public QObject {
   Q_OBJECT
 
 public:
+  /// Begins with no counts.
   explicit CommandUsage(QObject* parent = nullptr);
 
+  /// How often a command has been used; 0 for one that is not known.
   int count(const QString& commandId) const { return m_counts.value(commandId); }
   /// Counts one more run.
   void note(const QString& commandId);

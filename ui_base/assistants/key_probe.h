@@ -28,6 +28,7 @@ class UI_BASE_EXPORT KeyProbe : public QWidget {
   Q_OBJECT
 
 public:
+  /// Asks what keys would do in @p window, which may die first.
   explicit KeyProbe(QWidget& window, QWidget* parent = nullptr);
   ~KeyProbe() override;
 

@@ -32,12 +32,14 @@ class UI_BASE_EXPORT ShortcutEditor : public QWidget {
   Q_OBJECT
 
 public:
+  /// Edits @p scheme, which must outlive it.
   explicit ShortcutEditor(ShortcutScheme& scheme, QWidget* parent = nullptr);
   ~ShortcutEditor() override;
 
   /// Reads the user's shortcuts from a JSON file, or writes them to one. What fails is said in the editor.
   /// @return whether it went well.
   bool importFrom(const QString& file);
+  /// See importFrom().
   bool exportTo(const QString& file);
   /// Writes the page with all shortcuts as a PDF.
   bool saveSheet(const QString& file);

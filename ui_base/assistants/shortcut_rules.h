@@ -38,6 +38,7 @@ public:
   /// One key was seen to mean both of these commands.
   void noteMet(const QString& commandId, const QString& otherId);
 
+  /// How the two can come into each other's way.
   EMeeting meeting(const ShortcutUse& one, const ShortcutUse& other) const;
   /// Those of the others that a use meets; uses of the same command are not looked at.
   QList<ShortcutUse> metBy(const ShortcutUse& use, const QList<ShortcutUse>& others) const;

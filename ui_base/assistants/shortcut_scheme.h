@@ -37,24 +37,29 @@ class UI_BASE_EXPORT ShortcutScheme : public QObject {
   Q_OBJECT
 
 public:
+  /// Without managers and without differences.
   explicit ShortcutScheme(QObject* parent = nullptr);
   ~ShortcutScheme() override;
 
   /// Null is ignored. @throws std::bad_weak_ptr when the manager is not shared.
   void addManager(CmdMgr* manager);
+  /// Those that were added and live.
   QList<std::shared_ptr<CmdMgr>> managers() const;
   /// All commands of the managers, those in groups included; groups themselves are not.
   QList<CommandBase*> commands() const;
 
   /// The shortcuts of a command, the user's or else the application's.
   static QList<QKeySequence> defaultShortcuts(const CommandBase& command);
+  /// See defaultShortcuts().
   QList<QKeySequence> shortcuts(const CommandBase& command) const;
+  /// Whether the user has chosen something else than the application.
   bool isChanged(const QString& commandId) const { return m_changes.contains(commandId); }
   /// The user's choice for a command; an empty list for no shortcut. The application's own choice is no
   /// difference.
   void setShortcuts(const CommandBase& command, const QList<QKeySequence>& shortcuts);
   /// Gives a command what the application chose.
   void reset(const QString& commandId);
+  /// Gives every command what the application chose.
   void resetAll();
 
   /// The differences by identifier, texts that do not depend on the language: to be kept for the next start.
@@ -66,13 +71,16 @@ public:
   /// @return empty, or why the text is not such a file, for the user; then nothing changes.
   QString readJson(const QByteArray& json);
 
+  /// The rules of what meets, to add modes to.
   ShortcutRules& rules() { return m_rules; }
+  /// The rules of what meets.
   const ShortcutRules& rules() const { return m_rules; }
   /// What a command would meet with these shortcuts: other commands, and what else listens in its window or
   /// in the library.
   QList<ShortcutUse> metBy(const CommandBase& command, const QList<QKeySequence>& shortcuts) const;
 
 Q_SIGNALS:
+  /// The differences are others: time to keep values().
   void changed();
   /// A key was pressed that means several commands here, so that none ran. The message is shown over the view
   /// of the first that has one.

@@ -68,7 +68,9 @@ public:
   /// still observed; then the delegate is told its identifier.
   /// @return false when it is not here.
   bool removeCommand(const QString& id);
+  /// @return whether it was there. The command lives on where somebody else holds it.
   bool removeCommand(CommandBase* command);
+  /// Removes all, groups included.
   void removeAllCommands();
   /// The command of that identifier, at the top level or else inside a group; or null. Costs one hash
   /// look-up, however many groups there are. A group that overrides CommandBase::getCommand() is asked for
@@ -89,17 +91,21 @@ public:
   CommandContext defaultContext(CommandBag* bag = nullptr) const;
   /// Each command disabled, checked left as it is.
   CommandContext disabledContext(CommandBag* bag = nullptr) const;
+  /// The same for the bag of a group or a single command; nothing when @p id names none.
   CommandContext disabledContext(const QString& id) const;
   /// Each command unchecked, enabled left as it is.
   CommandContext inactiveContext(CommandBag* bag = nullptr) const;
+  /// The same for the bag of a group or a single command; nothing when @p id names none.
   CommandContext inactiveContext(const QString& id) const;
   /// The present states.
   CommandContext currentContext(CommandBag* bag = nullptr) const;
+  /// The same for the bag of a group or a single command; nothing when @p id names none.
   CommandContext currentContext(const QString& id) const;
   /// The present states of those commands of a context that are here.
   CommandContext currentContext(const CommandContext& context) const;
   /// The present states of the commands that are checked.
   CommandContext currentActiveContext(CommandBag* bag = nullptr) const;
+  /// The same for the bag of a group or a single command; nothing when @p id names none.
   CommandContext currentActiveContext(const QString& id) const;
 
   /// Applies a context, later; identifiers that name no command are passed over.
@@ -146,9 +152,11 @@ public:
   /// Whether a context is being applied just now.
   bool isApplyingContext() const;
 
+  /// All commands, to read.
   const CommandBag& commandBag() const;
 
 protected:
+  /// All commands. Add and remove by the manager, which tells its observers.
   CommandBag& commandBag();
   /// A command was removed and is not observed any more; called for the commands inside a group too.
   virtual void commandForgotten(CommandBase& command);

@@ -30,6 +30,7 @@ class CommandGroup;
 class UI_BASE_EXPORT CommandBag {
 public:
   CommandBag();
+  /// A copy shares the commands.
   CommandBag(const CommandBag&);
   CommandBag& operator=(const CommandBag&);
   virtual ~CommandBag();
@@ -45,22 +46,29 @@ public:
   bool removeCommand(const QString& id);
   /// Removes that object. @return false when it is not here.
   bool removeCommand(const CommandBase* command);
+  /// Gives up all commands; those nobody else holds are deleted.
   void clear();
 
   /// Whether that object stands here.
   bool contains(const CommandBase* command) const;
+  /// Whether a command with this identifier is in it.
   bool hasCommand(const QString& id) const;
   /// @p index becomes the position of the first match, or the number of commands when there is none.
   bool hasCommand(const QString& id, int& index) const;
   /// The first command of that identifier, or null.
   CommandBase* getCommand(const QString& id) const;
+  /// As the other, with its position.
   CommandBase* getCommand(const QString& id, int& index) const;
+  /// See getCommand().
   CommandBase* operator[](const QString& id) const { return getCommand(id); }
+  /// As getCommand(), with a reference that keeps the command alive.
   std::shared_ptr<CommandBase> getSharedCommand(const QString& id) const;
 
+  /// How many commands are in it.
   int count() const noexcept { return static_cast<int>(m_entries.size()); }
   /// The command at a position, or null when there is no such position.
   CommandBase* commandAt(int i) const;
+  /// The command at a place as a reference that keeps it alive; null outside.
   std::shared_ptr<CommandBase> sharedCommandAt(int i) const;
   /// Those of the commands that are groups, in order.
   const QList<CommandGroup*>& groups() const noexcept { return m_groups; }

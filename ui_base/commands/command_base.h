@@ -78,6 +78,7 @@ public:
   virtual QString commandId() const = 0;
   /// Gives the command a Qt parent. A command that is shared has its owners and takes none.
   virtual void setParent(QObject* parent);
+  /// Whether the tag is one of commandTags().
   virtual bool hasTag(const QString& tag) const;
   /// Words that describe the kind of the command; none by default.
   virtual QStringList commandTags();
@@ -88,15 +89,20 @@ public:
   /// Applies a state; a part that is Keep stays, the checked part of a command that is not checkable is
   /// ignored.
   virtual void setCommandState(const CommandState& state);
+  /// The controller whose view it works on, which owns neither; null takes it away.
   virtual void setViewController(CmdsViewController* controller);
   /// Where the work runs; 0, at once on the triggering thread, by default.
   virtual Taren::Core::EQualityOfService executionQoS();
+  /// See executionQoS().
   virtual void setExecutionQoS(const Taren::Core::EQualityOfService& qos);
   /// Whether the view controller shows a busy cursor and the messages while the command executes; off by
   /// default.
   virtual bool isExecutionNotificationEnabled() const;
+  /// See isExecutionNotificationEnabled().
   virtual void enableExecutionNotification(bool enable);
+  /// The message shown at the start or the end; empty when there is none.
   virtual QString getExecutionNotificationMessage(ENotification notification) const;
+  /// See getExecutionNotificationMessage().
   virtual void setExecutionNotificationMessage(ENotification notification, const QString& message);
   /// The command's own work. Runs on the thread that executionQoS() names. What it throws is logged and
   /// shown.
@@ -107,16 +113,23 @@ public:
   virtual CommandBase* getCommand(const QString& id);
   /// The group that holds the command, the one it was added to last when there are several; or null.
   virtual CommandGroup* commandGroup() const;
+  /// Called by groups that take the command or let it go.
   virtual void setCommandGroup(CommandGroup* group);
   /// The name of the group the command is shown in by default.
   virtual QString baseGroupName() const;
+  /// See baseGroupName().
   virtual void setBaseGroupName(const QString& name);
   /// Whether the command is also shown in the groups of attachedCommandGroupNames().
   virtual bool isAttached() const;
+  /// See isAttached().
   virtual void setAttached(bool attached);
+  /// One more group; see isAttached().
   virtual void addAttachedCommandGroupName(const QString& name);
+  /// One group less; see isAttached().
   virtual void removeAttachedCommandGroupName(const QString& name);
+  /// See isAttached().
   virtual QStringList attachedCommandGroupNames() const;
+  /// As attachedCommandGroupNames(), without a copy.
   virtual const QStringList& attachedCommandGroupName() const;
 
   /// The view of the command's controller, or null.
@@ -141,11 +154,15 @@ public Q_SLOTS:
   virtual bool onExecute(bool checked = false);
 
 protected Q_SLOTS:
+  /// The action was triggered.
   virtual void onTriggered(bool checked);
+  /// The action was toggled.
   virtual void onToggled(bool checked);
 
 Q_SIGNALS:
+  /// Emitted before the command deals with being toggled.
   void toBeToggled(bool checked);
+  /// Emitted before the command deals with being triggered.
   void toBeTriggered(bool checked);
 
 protected:
@@ -157,6 +174,7 @@ protected:
   virtual CommandContext getExecutionCommandContext();
   /// The work threw. Called on the main thread after the closing steps; shows the reason over the view.
   virtual void onExecutionFailed(const QString& reason);
+  /// A paid feature asks for a licence before it runs; see isPaidFeature().
   void setIsPaidFeature(bool paid);
 
 private:

@@ -25,12 +25,16 @@ public:
   CommandContext();
   /// Of several entries of one identifier the last one counts.
   CommandContext(std::initializer_list<std::pair<QString, CommandState>> entries);
+  /// A copy shares nothing with the original.
   CommandContext(const CommandContext&);
   CommandContext& operator=(const CommandContext&);
   ~CommandContext();
 
+  /// The states by the identifier of the command.
   const QMap<QString, CommandState>& get() const { return m_states; }
+  /// Whether it says nothing of any command.
   bool isEmpty() const { return m_states.isEmpty(); }
+  /// Whether it says something of the command.
   bool contains(const QString& id) const { return m_states.contains(id); }
 
   /// The entry of an identifier, inserted with (off, off) when missing.
@@ -53,8 +57,11 @@ public:
   CommandContext operator!() const;
   /// Combines the entries whose identifiers both contexts hold; the others stay as they are.
   CommandContext& operator&=(const CommandContext& other);
+  /// As operator&=(), with "or".
   CommandContext& operator|=(const CommandContext& other);
+  /// See operator&=().
   CommandContext operator&(const CommandContext& other) const;
+  /// See operator|=().
   CommandContext operator|(const CommandContext& other) const;
 
   friend bool operator==(const CommandContext& a, const CommandContext& b) {

@@ -62,12 +62,14 @@ public:
   void removeObserver(const std::shared_ptr<CommandStateProtocol>& observer) override;
   void removeAllObservers() override;
 
+  /// The children, to read.
   virtual const CommandBag& commandBag() const;
+  /// The children.
   virtual CommandBag& commandBag();
   /// Adds a child at its rank. @return the child, or null when it is null, here already, the group itself, or
   /// a group that holds this one.
   virtual CommandBase* addCommand(const std::shared_ptr<CommandBase>& command, int rank);
-  /// @overload Takes the plain pointer into shared ownership, unless it is refused.
+  /// Takes the plain pointer into shared ownership, unless it is refused.
   virtual CommandBase* addCommand(CommandBase* command, int rank);
   /// Removes the first child of that identifier; the children of child groups are not looked at.
   virtual bool removeCommand(const QString& id);
@@ -91,6 +93,7 @@ public:
   virtual void setCommandRank(const QString& id, int rank);
   /// Whether the group only wraps a single command.
   virtual bool isVirtualGroup() const;
+  /// See isVirtualGroup().
   virtual void setVirtualGroup(bool isVirtual);
   /// The present states of the group and everything below it; of several commands under one identifier the
   /// first counts.
@@ -124,10 +127,13 @@ public:
   void setToolButton(ToolButton* button);
   /// The action group of the checkable children; exclusive unless set otherwise.
   QActionGroup* groupActionGroup() const;
+  /// Whether the children are shown in a grid.
   bool isGrid() const;
+  /// See isGrid().
   void setGrid(bool grid);
   /// How many children stand in a row of the grid.
   int gridSize() const;
+  /// See gridSize().
   void setGridSize(int size);
 
 public Q_SLOTS:
@@ -146,6 +152,7 @@ public Q_SLOTS:
   virtual void onChildChanged();
 
 Q_SIGNALS:
+  /// Emitted before a child runs.
   void childToBeTriggered(bool checked);
   /// A child was added, removed, or moved to another place.
   void childrenChanged();

@@ -36,14 +36,17 @@ public:
   /// The run whose work the calling thread does, or whose begin or end it announces to observers; else none.
   static CommandRun current();
 
+  /// Whether it stands for no run at all.
   bool isNull() const noexcept { return !m_state; }
   /// As in RunRecord::id; 0 for none.
   quint64 id() const noexcept;
+  /// Identifier of the command, also after its death; empty for none.
   QString commandId() const;
   /// The name of the command, as it was at the beginning.
   QString text() const;
   /// RunUnderway until the closing steps.
   ERunOutcome outcome() const noexcept;
+  /// Whether it has neither ended nor been refused.
   bool isUnderway() const noexcept { return m_state && outcome() == RunUnderway; }
 
   /// For the work: what tells it to end early.
@@ -54,10 +57,12 @@ public:
   bool canBeStopped() const noexcept;
   /// Asks the work to end early. @return false when it was asked before, or there is no run.
   bool requestStop() const noexcept;
+  /// Whether a stop was asked for; work looks now and then and returns early.
   bool isStopRequested() const noexcept;
 
   /// From 0 to 1; negative as long as the work has told none.
   double progress() const noexcept;
+  /// See progress().
   void setProgress(double fraction) const noexcept;
 
   friend bool operator==(const CommandRun&, const CommandRun&) = default;

@@ -30,7 +30,9 @@ public:
   };
 
   constexpr State() noexcept = default;
+  /// On or Off.
   constexpr State(bool on) noexcept : m_value(on ? On : Off) {}
+  /// Any of the actions.
   constexpr State(Action action) noexcept : m_value(action) {}
   /// Without it State(2) would be State(true).
   constexpr State(int action) noexcept : m_value(action) {}
@@ -42,10 +44,12 @@ public:
     return *this;
   }
   constexpr State& operator=(Action action) noexcept { return *this = State(action); }
+  /// Takes the other one over whatever this is; an assignment would let Keep leave it.
   constexpr void overwrite(const State& other) noexcept { m_value = other.m_value; }
 
   /// Whether the value is on; Keep reads as false.
   constexpr operator bool() const noexcept { return m_value == On; }
+  /// For switch statements and comparisons.
   constexpr operator Action() const noexcept { return static_cast<Action>(m_value); }
 
   /// Keep stays Keep.
@@ -89,6 +93,7 @@ struct UI_BASE_EXPORT CommandState {
   State checked;
 
   constexpr CommandState() noexcept = default;
+  /// What becomes of the enabled and of the checked state.
   constexpr CommandState(State enabledState, State checkedState) noexcept
       : enabled(enabledState), checked(checkedState) {}
   constexpr CommandState(const CommandState&) noexcept = default;

@@ -24,10 +24,14 @@ public:
   };
 
   ContextHolder() = default;
+  /// Held because a command runs.
   static ContextHolder running(const QString& commandId) { return {RunningCommand, commandId}; }
+  /// Held because a flyout or tool of a command is open.
   static ContextHolder open(const QString& commandId) { return {OpenCommand, commandId}; }
+  /// Held for a reason that is told to the user.
   static ContextHolder because(const QString& reason) { return {Reason, reason}; }
 
+  /// What kind of holder it is.
   EKind kind() const { return m_kind; }
   /// The identifier of the command; empty when no command holds.
   QString commandId() const { return m_kind == Reason ? QString() : m_text; }
@@ -59,14 +63,17 @@ private:
 class [[nodiscard]] ContextHold {
 public:
   UI_BASE_EXPORT ContextHold() noexcept;
+  /// The moved-from hold holds nothing.
   UI_BASE_EXPORT ContextHold(ContextHold&& other) noexcept;
   /// Releases what it held before.
   UI_BASE_EXPORT ContextHold& operator=(ContextHold&& other) noexcept;
   UI_BASE_EXPORT ~ContextHold();
 
+  /// Ends the hold now; a second call does nothing.
   UI_BASE_EXPORT void release();
   /// Whether it has a layer that still stands. For the main thread.
   UI_BASE_EXPORT bool isHolding() const;
+  /// Who holds it, and why.
   const ContextHolder& holder() const noexcept { return m_holder; }
 
 private:

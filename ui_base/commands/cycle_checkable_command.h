@@ -29,12 +29,14 @@ class UI_BASE_EXPORT CycleCheckableCommand : public CommandBase {
   Q_OBJECT
 
 public:
+  /// Goes through the checkable children of @p group by @p shortcut.
   CycleCheckableCommand(CmdsViewController* controller, const QKeySequence& shortcut, CommandGroup* group);
   /// With an identifier of its own, so that several can stand in one manager; empty is className().
   CycleCheckableCommand(CmdsViewController* controller, const QKeySequence& shortcut, CommandGroup* group,
                         const QString& id);
   ~CycleCheckableCommand() override;
 
+  /// The identifier of its class.
   static QString className();
   QString commandId() const override;
 

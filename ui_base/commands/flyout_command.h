@@ -75,6 +75,7 @@ protected:
   virtual CommandContext getBeginCommandContext();
   /// Whether an execution that was asked for may run; true by default.
   virtual bool onBeforeExecute();
+  /// See isActive(); tells nobody.
   void setIsActive(bool active);
 
 protected Q_SLOTS:

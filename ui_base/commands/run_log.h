@@ -33,6 +33,7 @@ public:
   static constexpr qsizetype defaultCapacity = 1000;
   static constexpr std::chrono::milliseconds defaultMainThreadLimit{50};
 
+  /// The log of the process.
   static RunLog& Instance();
 
   /// A copy of what is kept, oldest first; those under way stand among them.
@@ -42,6 +43,7 @@ public:
   /// Those of one command.
   QList<CommandRun> runsUnderway(const CommandBase& command) const;
 
+  /// How many runs are kept.
   qsizetype capacity() const;
   /// At least 1. What is too much is dropped, oldest first.
   void setCapacity(qsizetype capacity);
@@ -50,12 +52,15 @@ public:
 
   /// How long work on the main thread may take before its record says that it blocked it.
   std::chrono::nanoseconds mainThreadLimit() const;
+  /// See mainThreadLimit().
   void setMainThreadLimit(std::chrono::nanoseconds limit);
 
 Q_SIGNALS:
   /// On the thread that runs or ends, which is the main thread but for commands triggered elsewhere.
   void runBegan(const Vela::UiBase::RunRecord& record);
+  /// A run has ended and is in the log.
   void runEnded(const Vela::UiBase::RunRecord& record);
+  /// The log was emptied.
   void cleared();
 
 private:

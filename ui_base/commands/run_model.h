@@ -36,6 +36,7 @@ public:
     SortRole,                  ///< Numbers where the column shows numbers.
   };
 
+  /// Shows RunLog::Instance().
   explicit RunModel(QObject* parent = nullptr);
   ~RunModel() override;
 

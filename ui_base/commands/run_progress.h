@@ -39,9 +39,12 @@ public:
   using Callback = std::function<void(double fraction)>;
 
   RunProgress() = default;
+  /// @p callback hears of progress on the thread that tells it; it must not throw.
   explicit RunProgress(std::stop_token stop, Callback callback = {});
 
+  /// Whether a stop was asked for.
   bool isStopRequested() const noexcept { return m_stop.stop_requested(); }
+  /// For functions of the standard library that take one.
   const std::stop_token& stopToken() const noexcept { return m_stop; }
   /// Tells how much is done when that is a whole percent more than was told last. Cheap enough to be called
   /// every few thousand steps.

@@ -66,6 +66,7 @@ public:
   virtual void removeObserver(P* observer);
   /// Removes every synchronous and asynchronous entry of the observer.
   virtual void removeObserver(const std::shared_ptr<P>& observer);
+  /// Nobody hears of anything until observers are added again.
   virtual void removeAllObservers();
 
   /// Calls @p f with each observer: guarded, then asynchronous ones in one task handed to dispatchAsync()

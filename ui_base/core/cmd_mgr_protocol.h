@@ -14,10 +14,12 @@ class CommandBase;
 class UI_BASE_EXPORT CmdMgrProtocol {
 public:
   CmdMgrProtocol();
+  /// Observers may be copied.
   CmdMgrProtocol(const CmdMgrProtocol&);
   CmdMgrProtocol& operator=(const CmdMgrProtocol&);
   virtual ~CmdMgrProtocol();
 
+  /// A command is in the manager from now on.
   virtual void commandAdded(CmdMgr* manager, CommandBase* command);
   /// @p id is the identifier of the removed command, which may be gone by now.
   virtual void commandRemoved(CmdMgr* manager, QString id);

@@ -11,6 +11,7 @@ class CommandBase;
 class UI_BASE_EXPORT CommandStateProtocol {
 public:
   CommandStateProtocol();
+  /// Observers may be copied.
   CommandStateProtocol(const CommandStateProtocol&);
   CommandStateProtocol& operator=(const CommandStateProtocol&);
   virtual ~CommandStateProtocol();

@@ -13,11 +13,14 @@ class CommandGroup;
 class UI_BASE_EXPORT DynamicCommandGroupStateProtocol {
 public:
   DynamicCommandGroupStateProtocol();
+  /// Observers may be copied.
   DynamicCommandGroupStateProtocol(const DynamicCommandGroupStateProtocol&);
   DynamicCommandGroupStateProtocol& operator=(const DynamicCommandGroupStateProtocol&);
   virtual ~DynamicCommandGroupStateProtocol();
 
+  /// The group has come up.
   virtual void commandGroupBegan(CommandGroup* group);
+  /// The group has gone.
   virtual void commandGroupEnded(CommandGroup* group);
 };
 

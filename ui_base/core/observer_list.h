@@ -32,10 +32,14 @@ public:
     QExplicitlySharedDataPointer<Data> m_data;
   };
 
+  /// Whether there is no observer.
   bool isEmpty() const noexcept { return !m_data; }
+  /// The observer that was added first; only when there is one.
   const Entry& first() const { return m_data->entries.front(); }
+  /// The observers of now, whatever is added or removed later.
   Snapshot snapshot() const { return Snapshot(m_data); }
 
+  /// Adds an observer at the end; snapshots do not change.
   void append(Entry entry) {
     if (!m_data)
       m_data = new Data;
@@ -54,6 +58,7 @@ public:
       m_data.reset();
   }
 
+  /// Removes all; snapshots keep theirs.
   void clear() { m_data.reset(); }
 
 private:

@@ -22,6 +22,7 @@ enum ETransitionDirection : int {
 class UI_BASE_EXPORT PresentViewProtocol {
 public:
   PresentViewProtocol();
+  /// Observers may be copied.
   PresentViewProtocol(const PresentViewProtocol&);
   PresentViewProtocol& operator=(const PresentViewProtocol&);
   virtual ~PresentViewProtocol();

@@ -28,6 +28,7 @@ public:
                    QObject* parent);
   ~ScopedConnection() override;
 
+  /// Whether both ends still live and nobody has disconnected them.
   bool IsConnected() const { return m_connected; }
 
 private Q_SLOTS:

@@ -22,6 +22,7 @@ template <class T>
 class SharedObject : public virtual SharedObjectInternal {
 public:
   SharedObject();
+  /// A copy is an object of its own, owned by nobody yet.
   SharedObject(const SharedObject&);
   SharedObject& operator=(const SharedObject&);
   ~SharedObject() override;

@@ -51,9 +51,12 @@ struct UI_BASE_EXPORT AppMenuItemSpecifier {
   /// all members above but the name are without meaning. The entry goes when the action is destroyed.
   QPointer<QAction> action = {};
 
+  /// A line between two entries.
   static AppMenuItemSpecifier Separator();
+  /// An entry that opens a menu of its own, filled by its name.
   static AppMenuItemSpecifier SubMenu(const QString& name, const QString& text,
                                       const QList<AppMenuItemSpecifier>& items);
+  /// An entry for an action, which the caller keeps.
   static AppMenuItemSpecifier OfAction(QAction* action);
 };
 

@@ -22,6 +22,7 @@ struct AppMenuToggleItemSpecifier {
   /// The slot of the builder's receiver to call on a click, as SLOT() makes it; null for none. Not copied.
   const char* slot = nullptr;
 
+  /// What the item shows in its state of now.
   const AppMenuToggleState& Current() const { return isOn ? on : off; }
 };
 

@@ -68,6 +68,7 @@ public:
   void HideMe();
   /// Whether the bar is not in use: no menu is open and the keyboard is not in it.
   bool CanHide() const;
+  /// Whether a menu of the bar is open.
   bool IsMenuVisible() const;
 
   /// The bar; null when it has been destroyed with its window.
@@ -75,6 +76,7 @@ public:
   /// What items and entries call from now on; null and one that has died make slots that are asked for later
   /// a warning.
   QObject* Receiver() const;
+  /// See Receiver().
   void SetReceiver(QObject* receiver);
 
   /// Puts an event filter of the caller's on the bar and its items, also on those added later.
@@ -107,9 +109,11 @@ public:
   /// The same at a place counted among items and separators; one that is out of range stands for the end.
   void InsertMenuBarItem(int index, const QString& name, const QIcon& icon, const QString& text = QString(),
                          const QString& tooltip = QString(), const QString& accessibleName = QString());
+  /// An item that calls a slot of the receiver, at a place of the bar.
   void InsertMenuBarItem(int index, const QString& name, const char* slot, const QIcon& icon,
                          const QString& text = QString(), const QString& tooltip = QString(),
                          const QString& accessibleName = QString());
+  /// An item as specified, at a place of the bar.
   void InsertMenuBarItem(int index, const QSharedPointer<AppMenuItemSpecifier>& specifier,
                          const QString& accessibleName = QString(), const QString& styleSheet = QString());
 
@@ -120,6 +124,7 @@ public:
   /// The same for two texts. @param index as above; -1 for the end.
   void AddMenuBarToggleTextItem(const QString& name, const QString& offText, const QString& onText,
                                 const char* slot, int index = -1);
+  /// Switches the item over without calling its slot.
   void SetMenuBarToggleItemState(const QString& name, bool isOn);
 
   /// A separator at the end: a line, or a space of `width` pixels. A space of a negative width takes all the
@@ -140,6 +145,7 @@ public:
   /// Appends a sub-menu called `entry.name` to a menu. @return false when there is no such menu.
   bool AddSubMenu(const QString& menuName, const AppMenuItemSpecifier& entry,
                   const QList<AppMenuItemSpecifier>& items);
+  /// An entry that opens a menu of its own. @return false when there is no such menu.
   bool AddSubMenu(const QString& menuName, const AppMenuItemSpecifier& entry,
                   const QVector<QAction*>& actions);
   /// Appends an entry, a separator or a sub-menu to a menu or sub-menu. @return false when there is none.
@@ -161,7 +167,9 @@ public:
 
   /// Null when there is none.
   QSharedPointer<QToolButton> GetMenuBarItem(const QString& name) const;
+  /// The specifier of a toggle item; null when there is none of that name.
   QSharedPointer<AppMenuToggleItemSpecifier> GetMenuBarToggleItemSpecifier(const QString& name) const;
+  /// Enables or disables an item of the bar.
   void SetButtonEnabled(const QString& name, bool enabled);
   /// @}
 
@@ -176,6 +184,7 @@ protected:
   virtual void Initialize(bool visible);
   /// The entry of a menu with this text; null when there is none.
   virtual QAction* FindAction(const QString& menuName, const QString& text);
+  /// The window whose bar it builds.
   virtual QMainWindow* GetMainWindow();
   /// How menus, sub-menus too, look: called for each that is made here and after a change of the palette.
   virtual void SetDropDownMenuStyle(QMenu* menu);

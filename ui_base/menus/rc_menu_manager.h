@@ -64,17 +64,21 @@ public:
 
   /// How long the pointer may be outside before a menu closes, in milliseconds.
   int HideInterval() const;
+  /// See HideInterval().
   void SetHideInterval(int milliseconds);
 
   /// Links buttons and menus, and unlinks them with the menus closed.
   void Start();
+  /// Ends what Start() began; open menus close.
   void Stop();
+  /// Whether Start() was called, and Stop() not since.
   bool IsStarted() const;
   /// What Start() and Stop() do for all pairs: gives each button its menu, or takes it back.
   void LinkButtonMenu(bool link);
 
   /// Opens the menu of a linked button, or closes it. A disabled or hidden button opens none.
   void OpenMenu(QAbstractButton* button);
+  /// Closes the menu of a button, if it is open.
   void CloseMenu(QAbstractButton* button);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -84,6 +88,7 @@ protected:
   RCMenuManager(RCMenuManagerPrivate& state, QMainWindow* mainWindow, int menuGap, bool autoHide,
                 QObject* parent);
 
+  /// Called once by each constructor.
   void Initialize();
 
 private Q_SLOTS:

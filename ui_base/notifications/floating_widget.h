@@ -28,16 +28,19 @@ class UI_BASE_EXPORT FloatingWidget : public LayoutBaseWidget {
   Q_OBJECT
 
 public:
+  /// Floats over @p parent.
   explicit FloatingWidget(QWidget* parent = nullptr);
   ~FloatingWidget() override;
 
   /// Where it stands in the parent: top centre by default. Left and right are exchanged in right-to-left
   /// layouts.
   Qt::Alignment alignment() const;
+  /// See alignment().
   void setAlignment(Qt::Alignment alignment);
 
   /// The distance kept from the parent's edges, in pixels; 8 on each side by default.
   QMargins margins() const;
+  /// See margins().
   void setMargins(const QMargins& margins);
 
   /// Asks for it to be shown. It is visible only while a content is; hidden on purpose it stays hidden.

@@ -34,6 +34,7 @@ public:
     Grid = 2,
   };
 
+  /// Empty, with its contents one below another.
   explicit LayoutBaseWidget(QWidget* parent = nullptr);
   ~LayoutBaseWidget() override;
 
@@ -42,6 +43,7 @@ public:
   void addWidget(QWidget* widget);
   /// The contents in their order, the hidden ones too.
   QList<QWidget*> widgets() const;
+  /// Whether any of its contents is not hidden.
   bool hasVisibleContent() const;
 
   /// A column unless set.
@@ -51,9 +53,11 @@ public:
 
   /// The margin around the contents in pixels; 0 unless set.
   int contentMargin() const;
+  /// See contentMargin().
   void setContentMargin(int pixels);
   /// The distance between contents in pixels; 0 unless set.
   int spacing() const;
+  /// See spacing().
   void setSpacing(int pixels);
 
   /// The size that suits the contents in a space of `available`, never larger than that.

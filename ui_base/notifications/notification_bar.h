@@ -40,6 +40,7 @@ class UI_BASE_EXPORT NotificationBar : public QWidget {
   Q_OBJECT
 
 public:
+  /// Hidden until there is something to tell.
   explicit NotificationBar(QWidget* parent = nullptr);
   ~NotificationBar() override;
 
@@ -75,13 +76,16 @@ public:
   /// How many may wait; when there are more, the oldest of the least severe is dropped. 8 by default, at
   /// least 1.
   int queueLimit() const;
+  /// See queueLimit().
   void setQueueLimit(int limit);
 
   /// Length of the fade-in and the fade-out in milliseconds; 0 switches them off.
   int fadeDuration() const;
+  /// See fadeDuration().
   void setFadeDuration(int milliseconds);
   /// The length that new bars start with; 180 ms by default.
   static int defaultFadeDuration();
+  /// See defaultFadeDuration().
   static void setDefaultFadeDuration(int milliseconds);
 
 Q_SIGNALS:

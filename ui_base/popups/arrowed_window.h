@@ -47,6 +47,7 @@ class UI_BASE_EXPORT ArrowedWindow : public QWidget {
 public:
   using SArrowParam = Vela::UiBase::SArrowParam;
 
+  /// Without content and arrow; a child of @p parent floats over it.
   explicit ArrowedWindow(QWidget* parent = nullptr);
   ~ArrowedWindow() override;
 
@@ -67,11 +68,13 @@ public:
 
   /// Makes this the only arrow and lays the window out. An arrow with NoArrow changes nothing.
   void SetArrow(SArrowParam arrow);
+  /// As SetArrow(const SArrowParam&), value by value; the anchor follows from the position.
   void SetArrow(EArrowPosition position, int length, bool fixedAngle, int angle, int tipAngle,
                 bool offsetAlongX, int offset);
   /// Appends an arrow to those that a placement may choose from. The first one is the current arrow again.
   /// The window is laid out only for the first.
   void AddArrow(SArrowParam arrow);
+  /// As AddArrow(const SArrowParam&), value by value.
   void AddArrow(EArrowPosition position, int length, bool fixedAngle, int angle, int tipAngle,
                 bool offsetAlongX, int offset);
   /// All arrows, in the order in which they were added.
@@ -87,6 +90,7 @@ public:
   bool GetArrowWindowSize(SArrowParam& arrow, QSize& size, QPoint& tip);
   /// Whether a placement may try arrows at all positions, beyond those that were added. Off at first.
   void SetAutoDecideArrowPosition(bool decide);
+  /// See SetAutoDecideArrowPosition().
   bool AutoDecideArrowPosition() const;
   /// @}
 

@@ -44,22 +44,31 @@ class UI_BASE_EXPORT DialogEx : public MDialogBase {
   Q_OBJECT
 
 public:
+  /// Without text and buttons; OK comes by itself.
   explicit DialogEx(QWidget* parent = nullptr);
+  /// Says @p text under @p title, with the icon of the severity.
   DialogEx(EDialogSeverity severity, const QString& title, const QString& text, QWidget* parent = nullptr);
   ~DialogEx() override;
 
+  /// What the icon tells.
   EDialogSeverity Severity() const;
+  /// See Severity().
   void SetSeverity(EDialogSeverity severity);
   /// What happened or is asked.
   QString Text() const;
+  /// See Text().
   void SetText(const QString& text);
   /// More about it, and what can be done.
   QString InformativeText() const;
+  /// See InformativeText().
   void SetInformativeText(const QString& text);
   /// What the user need not read, such as the message of another program. Folded in at first.
   QString Details() const;
+  /// See Details().
   void SetDetails(const QString& details);
+  /// Whether the details are unfolded.
   bool AreDetailsShown() const;
+  /// Unfolds the details, or folds them up.
   void ShowDetails(bool show);
 
   /// Appends a button. One with the name of another replaces nothing: names are the caller's to keep apart.

@@ -40,7 +40,9 @@ public:
              bool cancel, bool close, QWidget* parent = nullptr);
   ~FlyoutBase() override;
 
+  /// What stands at the top, and is its accessible name.
   QString Title() const;
+  /// See Title().
   void SetTitle(const QString& title);
   /// The text of the apply button, "Apply" unless set.
   void SetApplyText(const QString& text);
@@ -50,12 +52,16 @@ public:
   /// The button the flyout belongs to; null when there is none or it has died. Where buttons share the
   /// flyout, the one that was clicked, or would open it now.
   QWidget* ToolButton() const;
+  /// See ToolButton().
   void SetToolButton(QWidget* button);
 
   /// Whether there is such a button and it can be pressed when the flyout is not busy.
   bool IsApplyButtonEnabled() const;
+  /// The same for the button that resets.
   bool IsResetButtonEnabled() const;
+  /// See IsApplyButtonEnabled().
   void EnableApplyButton(bool enable);
+  /// See IsResetButtonEnabled().
   void EnableResetButton(bool enable);
 
   /// Gives the flyout a widget that stands beside it, on that side of what hosts it, taken over and hidden at
@@ -63,6 +69,7 @@ public:
   void AddSubWidget(QWidget* widget, EDirection side);
   /// Shows or hides a sub-widget; it goes and comes back with the flyout.
   void ShowSubWidget(QWidget* widget, bool show);
+  /// Whether any of its side widgets is visible.
   bool IsSubWidgetVisible() const;
 
   /// The size that the flyout asks for at most, in pixels, for what hosts it; the main panel scrolls where it
@@ -72,15 +79,18 @@ public:
   /// Colours the part of the hosting window's background behind a region of the flyout, in its coordinates,
   /// to set it off from the rest.
   void ShowPartialBackground(const QRect& region, const QColor& color);
+  /// See ShowPartialBackground().
   void HidePartialBackground();
 
   /// Whether the flyout stays open when the user presses in the view of its command, so that view, command
   /// and tools can be worked with beside it; off at first. A press anywhere else still closes it.
   bool KeepOpenInView() const;
+  /// See KeepOpenInView().
   void SetKeepOpenInView(bool keep);
 
   /// While it works the flyout takes no input but cancelling and closing, and shows that it does.
   bool IsBusy() const;
+  /// See IsBusy().
   void SetBusy(bool busy);
 
   void setVisible(bool visible) override;
@@ -88,6 +98,7 @@ public:
 public Q_SLOTS:
   /// What the buttons do; also for programs.
   void Apply();
+  /// See Apply().
   void Reset();
   /// Announces that the changes are not wanted, then closes.
   void Cancel();
@@ -95,18 +106,27 @@ public Q_SLOTS:
   void CloseMe();
 
 Q_SIGNALS:
+  /// Apply was pressed.
   void ApplyChanges();
+  /// Reset was pressed.
   void ResetValues();
+  /// It was dismissed without applying.
   void CancelChanges();
+  /// It has closed, in whatever way.
   void CloseFlyout();
   /// The flyout wants to be shown, by the button that stands in for its own in extend mode.
   void RequestShowMenu();
   /// The Escape key was released in the flyout, or in the button it belongs to.
   void ESCKeyReleased();
+  /// It has another size.
   void FlyoutResized();
+  /// ShowSubWidget() has shown a sub-widget, or hidden one.
   void SubWidgetVisibilityChanged(bool visible);
+  /// See ShowPartialBackground(); for what hosts the flyout.
   void SetPartialBackgroundColor(bool showColor, const QRect& rc, QColor color);
+  /// SetBusy(true) has locked it.
   void FlyoutBusy();
+  /// SetBusy(false) has unlocked it.
   void FlyoutIdle();
 
 protected:

@@ -19,7 +19,9 @@ class UI_BASE_EXPORT InfoDialog : public MDialogBase {
   Q_OBJECT
 
 public:
+  /// Without title.
   explicit InfoDialog(QWidget* parent = nullptr);
+  /// With a title, which is also its accessible name.
   explicit InfoDialog(const QString& title, QWidget* parent = nullptr);
   ~InfoDialog() override;
 

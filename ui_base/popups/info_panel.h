@@ -31,12 +31,15 @@ class UI_BASE_EXPORT InfoPanel : public QWidget {
   Q_OBJECT
 
 public:
+  /// Without title.
   explicit InfoPanel(QWidget* parent = nullptr);
+  /// With a title, which is also its accessible name.
   explicit InfoPanel(const QString& title, QWidget* parent = nullptr);
   ~InfoPanel() override;
 
   /// Shown above the content when it is not empty; also the accessible name.
   QString Title() const;
+  /// See Title().
   void SetTitle(const QString& title);
 
   /// Shows HTML, a whole page or a part of one.

@@ -17,6 +17,7 @@ class UI_BASE_EXPORT InfoView : public QWidget {
   Q_OBJECT
 
 public:
+  /// Made by a plugin, as a child of the panel.
   explicit InfoView(QWidget* parent = nullptr);
   ~InfoView() override;
 
@@ -25,6 +26,7 @@ public:
   virtual void SetContent(const QString& html, const QUrl& baseUrl) = 0;
 
 Q_SIGNALS:
+  /// A page has been loaded, or could not be.
   void loaded(bool ok);
   /// The user wants to follow a link that leads out of the page.
   void linkActivated(const QUrl& url);

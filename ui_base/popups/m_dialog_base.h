@@ -41,6 +41,7 @@ class UI_BASE_EXPORT MDialogBase : public QDialog {
   Q_OBJECT
 
 public:
+  /// Without title, content and buttons.
   explicit MDialogBase(QWidget* parent = nullptr);
   /// A dialog that works like a flyout.
   /// @param content the controls, taken over; may be null.
@@ -51,6 +52,7 @@ public:
 
   /// The title in the dialog and of its window; also the accessible name.
   QString Title() const;
+  /// See Title().
   void SetTitle(const QString& title);
   /// The text of the apply button, "Apply" unless set.
   void SetApplyText(const QString& text);
@@ -64,6 +66,7 @@ public:
 
   /// The button the dialog belongs to, not owned; null when there is none or it has died.
   QWidget* ToolButton() const;
+  /// See ToolButton().
   void SetToolButton(QWidget* button);
 
   /// Appends a button to the row, which puts it where the desktop expects its role. Those of the accepting
@@ -75,16 +78,21 @@ public:
   /// The button that Return presses while no other has the focus. The first of the accepting role unless set;
   /// null when there is none.
   QPushButton* DefaultButton() const;
+  /// See DefaultButton().
   void SetDefaultButton(QPushButton* button);
 
   /// Whether there is such a button and it can be pressed when the dialog is not busy.
   bool IsApplyButtonEnabled() const;
+  /// The same for the button that resets.
   bool IsResetButtonEnabled() const;
+  /// See IsApplyButtonEnabled().
   void EnableApplyButton(bool enable);
+  /// See IsResetButtonEnabled().
   void EnableResetButton(bool enable);
 
   /// While it works the dialog takes no input but dismissing it, and shows that it does.
   bool IsBusy() const;
+  /// See IsBusy().
   void SetBusy(bool busy);
 
   void setVisible(bool visible) override;
@@ -92,6 +100,7 @@ public:
 public Q_SLOTS:
   /// What the buttons do; also for programs.
   void Apply();
+  /// See Apply().
   void Reset();
   /// The same as reject().
   void Cancel();
@@ -103,7 +112,9 @@ public Q_SLOTS:
   void done(int result) override;
 
 Q_SIGNALS:
+  /// Apply was pressed.
   void ApplyChanges();
+  /// Reset was pressed.
   void ResetValues();
   /// The dialog was dismissed; the changes are not wanted.
   void CancelChanges();

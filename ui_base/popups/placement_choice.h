@@ -49,6 +49,7 @@ QPoint choosePlain(const Target& target, const QRect& popup, std::span<const EDi
 template <class LayOut, class Verify>
 class ArrowedChoice {
 public:
+  /// References are kept: all must outlive the choice. @p side and the record tell the outcome.
   ArrowedChoice(const Target& target, bool verifySlid, LayOut& layOut, Verify& verify, EDirection& side,
                 PlacementSearch& search)
       : m_target(target),
@@ -58,6 +59,7 @@ public:
         m_side(side),
         m_search(search) {}
 
+  /// Tries the pairs in turn. @return where the window goes.
   QPoint choose(std::span<const ArrowPair> pairs) {
     m_search.begin(m_target.reference);
     m_position = {};

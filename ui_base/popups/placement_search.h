@@ -33,6 +33,7 @@ struct PlacementCandidate {
   bool coversReference = false; ///< Refused because it did; asked only of slid arrows.
   EPlacementOutcome outcome = PlacementRefused;
 
+  /// Whether this is where the popup went.
   bool isTaken() const {
     return outcome == PlacementAccepted || outcome == PlacementSlid || outcome == PlacementLastResort;
   }
@@ -54,9 +55,11 @@ class UI_BASE_EXPORT PlacementSearch {
 public:
   using Candidates = QVarLengthArray<PlacementCandidate, 14>;
 
+  /// What the popup points at, in global coordinates.
   const QRect& reference() const { return m_reference; }
   /// Where popups may stand; none when nothing limits them.
   const std::optional<QRect>& freeArea() const { return m_freeArea; }
+  /// Everything that was tried, in order.
   const Candidates& candidates() const { return m_candidates; }
   /// The candidate that was taken; null when there was none. Valid until the search is changed.
   const PlacementCandidate* taken() const;
@@ -72,12 +75,14 @@ public:
     m_freeArea.reset();
     m_candidates.clear();
   }
+  /// Where there is room, in global coordinates; nothing when nobody was asked.
   void setFreeArea(const std::optional<QRect>& area) { m_freeArea = area; }
   /// Appends a candidate and returns its index.
   qsizetype add(const PlacementCandidate& candidate) {
     m_candidates.append(candidate);
     return m_candidates.size() - 1;
   }
+  /// Marks the candidate that is taken, and how.
   void take(qsizetype index, EPlacementOutcome outcome) { m_candidates[index].outcome = outcome; }
 
 private:

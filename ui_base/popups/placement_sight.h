@@ -34,6 +34,7 @@ struct KeptStance {
   QRect rect = {};
   int slide = 0;     ///< By how much the arrow's tip moves along the popup's edge.
   qint64 hidden = 0; ///< Square pixels beyond the area.
+  /// Whether it is seen as a whole.
   bool isWhole() const { return index >= 0 && hidden == 0; }
 };
 

@@ -46,15 +46,18 @@ class UI_BASE_EXPORT WidgetPosCalculator : public QObject {
   Q_OBJECT
 
 public:
+  /// Without widget and reference, on top, centred.
   explicit WidgetPosCalculator(QObject* parent = nullptr);
   ~WidgetPosCalculator() override;
 
   /// The popup.
   void SetWidget(QWidget* widget);
+  /// See SetWidget().
   QWidget* Widget() const;
 
   /// What it stands beside: a widget…
   void SetRefWidget(QWidget* widget);
+  /// See SetRefWidget().
   QWidget* RefWidget() const;
   /// …or a point, in global coordinates. What was set last counts.
   void SetRefPoint(const QPoint& point);
@@ -63,12 +66,15 @@ public:
 
   /// The gap between reference and popup; 10 by default.
   void SetBaseOffset(int offset);
+  /// See SetBaseOffset().
   int BaseOffset() const;
   /// Along the side; AlignCenter by default. Popups with an arrow are aligned by it.
   void SetAlignment(EWidgetsAlign alignment);
+  /// See SetAlignment().
   EWidgetsAlign Alignment() const;
   /// Added to positions without an arrow.
   void SetAdditionalOffset(const QPoint& offset);
+  /// See SetAdditionalOffset().
   const QPoint& AdditionalOffset() const;
 
   /// The side to prefer. The opposite side follows, then the other two. AnyDirection prefers none: left, top,
@@ -86,9 +92,11 @@ public:
   /// area and does not cover the reference, else the next arrow is tried, and the preferred one is the last
   /// resort. Off, it is taken unseen. Until it is set here, the default of the process applies.
   void SetVerifySlidArrow(bool verify);
+  /// See SetVerifySlidArrow().
   bool VerifySlidArrow() const;
   /// The default of the process, off until it is set. Applies at once, also to existing calculators.
   static void SetVerifySlidArrowByDefault(bool verify);
+  /// See SetVerifySlidArrowByDefault().
   static bool VerifySlidArrowByDefault();
 
   /// Stores in `position` where the popup is to stand. `widgetRect` is the popup's rectangle in its own
@@ -104,6 +112,7 @@ public:
   /// Called after each search of any calculator of the process; null calls nobody. For tools that show how
   /// popups are placed.
   using SearchObserver = std::function<void(const WidgetPosCalculator&)>;
+  /// Hears of every search on the main thread; an empty one ends it.
   static void SetSearchObserver(SearchObserver observer);
 
 protected:

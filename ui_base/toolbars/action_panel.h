@@ -27,6 +27,7 @@ public:
   /// The object name of every action panel, "action panel".
   static const QString OBJECT_NAME;
 
+  /// Empty; shown by its toolbar manager or its owner.
   explicit ActionPanel(QWidget* parent);
   ~ActionPanel() override;
 
@@ -39,7 +40,7 @@ public:
   /// @return the button; null without parent, toolbar or action.
   static ToolButton* CreateToolButton(QWidget* parent, QAction* action, ActionPanel& panel, ToolBar* toolBar,
                                       const QString& name, const QString& group = {}, int index = -1);
-  /// @overload With an icon of its own and a sub-toolbar, which is not taken over.
+  /// With an icon of its own and a sub-toolbar, which is not taken over.
   static ToolButton* CreateToolButton(QWidget* parent, QAction* action, ActionPanel& panel, ToolBar* toolBar,
                                       const QIcon& icon, ToolBar* menu, const QString& name,
                                       const QString& group = {}, int index = -1);
@@ -55,6 +56,7 @@ public Q_SLOTS:
   /// A flyout works: disables the buttons, until each that works is idle again. Flyouts that open from the
   /// panel are connected by it. Called by hand it is SetEnabled().
   void OnFlyoutBusy();
+  /// The flyout that kept the panel busy is idle.
   void OnFlyoutIdle();
   /// A menu was shown or hidden. Does nothing; for subclasses.
   virtual void OnButtonMenuVisibilityChange(ToolButton* button, bool isMenuVisible);

@@ -33,12 +33,16 @@ class Hosting : public QObject {
 public:
   /// The one of a widget, made when there is none yet.
   static std::shared_ptr<Hosting> of(QWidget& widget);
+  /// All flyouts that are shown by a button now.
   static QList<HostingInfo> all();
   ~Hosting() override;
 
+  /// The flyout; null once it is dead.
   QWidget* widget() const { return m_widget; }
+  /// Who shows it, for debuggers.
   HostingInfo info() const;
 
+  /// One more button shows the flyout.
   void join(ToolButtonWithWidgetMenu& button);
   /// Ends nothing: the button has closed its menu.
   void leave(ToolButtonWithWidgetMenu& button);
@@ -56,7 +60,9 @@ public:
 
   /// Puts the widget into a window, hidden, unless a button shows it elsewhere.
   void standIn(ArrowedWindow& window);
+  /// The flyout goes back where it stood before.
   void goHome();
+  /// Called when a window that the widget stands in is being destroyed.
   void windowDies(const QObject* window);
 
   bool eventFilter(QObject* watched, QEvent* event) override;

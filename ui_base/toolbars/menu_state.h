@@ -22,8 +22,11 @@ public:
     ClickCloses = 2,
   };
 
+  /// How far opening or closing is.
   EPhase phase() const { return m_phase; }
+  /// What the click under way will do.
   EClick click() const { return m_click; }
+  /// Whether it is open, or about to be.
   bool isShown() const { return m_phase == Opening || m_phase == Open; }
   /// Whether something is being done with the menu now, and its window is not to be deleted at once.
   bool isChanging() const { return m_phase != Closed && m_phase != Open; }

@@ -26,6 +26,7 @@ public:
   /// Makes the button the active one of its toolbar, in place of another one, whose menu closes, and the one
   /// that its controller stands in for.
   void begin(ToolButtonWithWidgetMenu& button, const std::shared_ptr<Hosting>& hosting);
+  /// Whether begin() was called and end() not since.
   bool hasBegun() const { return m_begun; }
   /// Once for each begin; nothing otherwise, also when one of those who are told calls it again.
   void end();

@@ -58,6 +58,7 @@ public:
   /// @param area the edge, which also gives the orientation; with Qt::NoToolBarArea there is no layout until
   /// SetGridLayout() or SetArea().
   ToolBar(int autoPositionInterval, bool hideOnClick, QWidget* parent, Qt::ToolBarArea area);
+  /// Empty, along the edge of @p parent that @p area names.
   ToolBar(QWidget* parent, Qt::ToolBarArea area);
   ~ToolBar() override;
 
@@ -119,11 +120,13 @@ public:
   ToolButton* FindOneButton(const QString& id, bool nested) const;
   /// The button whose flyout is open, or null. It belongs to the base toolbar of the nest.
   ToolButtonWithWidgetMenu* GetActiveButton() const;
+  /// See GetActiveButton().
   void SetActiveButton(ToolButtonWithWidgetMenu* button);
   /// The outermost toolbar of the nest; this one when it is no menu.
   ToolBar* GetBaseToolBar() const;
   /// The button whose menu this toolbar is, or null.
   ToolButtonWithMenu* OwnerButton() const;
+  /// See OwnerButton().
   void SetOwnerButton(ToolButtonWithMenu* button);
   /// @}
 
@@ -141,11 +144,15 @@ public:
   void SetButtonStyleSheet(const QString& styleSheet, bool nested);
   /// The shadow, whose looks may be changed; null while it is disabled.
   QGraphicsDropShadowEffect* GetShadow() const;
+  /// The edge it stands at.
   Qt::ToolBarArea Area() const;
+  /// Follows from Area().
   Qt::Orientation Orientation() const;
+  /// Moves it to an edge and turns its buttons that way.
   void SetArea(Qt::ToolBarArea area);
   /// Lays the buttons of each group out in rows of so many; 0 for one row or column.
   void SetGridLayout(int columns);
+  /// 0 unless its buttons stand in a grid.
   int GridColumns() const;
   /// @}
 
@@ -158,6 +165,7 @@ public:
   /// auto-positioning off. In the middle of a slide it ends there. A move() counts along the edge only:
   /// across it the next slide ends at the edge, or at the place that was set.
   void SetPos(const QPoint& position);
+  /// How long changes are gathered before it is placed again; 0 places at once.
   void SetAutoPositionInterval(int milliseconds);
   /// Makes the bar as large as its content, but not longer than the parent.
   /// @param reposition also places it at its edge, if auto-positioning is on.
@@ -170,10 +178,13 @@ public:
   /// These may follow one another at any time, also in the middle of a slide; the last one counts. A bar that
   /// the application has disabled or locked stays so when it is shown.
   /// @{
+
+  /// Shows it, sliding where that is enabled.
   void ShowMe();
   /// Hides the bar and all its menus.
   /// @param byRequest remembered, see HiddenByRequest(): the user does not want to see it.
   void HideMe(bool byRequest);
+  /// Whether HideMe() was asked for, rather than that an ancestor is hidden.
   bool HiddenByRequest() const;
   /// Slides the bar in from outside of its edge; in a layout or as a window, from outside of its own place.
   void ShowAnimated();
@@ -219,19 +230,27 @@ public Q_SLOTS:
   void OnMouseClickedOutside();
   /// A button was clicked; the sender is the button.
   void OnToolButtonClicked();
+  /// Places the bar in its parent; called by a timer.
   void OnAutoPosition();
+  /// The bar has slid in.
   void OnShowAnimationDone();
+  /// The bar has slid out, and hides.
   void OnHideAnimationDone();
+  /// Resizing has come to rest.
   void OnResizeTimerTimeOut();
 
 Q_SIGNALS:
   /// Buttons came or went, or their sizes changed.
   void LayoutChanged();
+  /// The menu of one of its buttons has opened or closed.
   void ButtonMenuVisibilityChange(ToolButton* button, bool isVisible);
+  /// It has slid in, or was shown at once.
   void ShowAnimationFinished();
+  /// It has slid out, or was hidden at once.
   void HideAnimationFinished();
   /// The flyout that is open shall be closed, which then happens.
   void CloseFlyout();
+  /// One of its buttons was clicked.
   void ToolButtonClicked(ToolButton* button);
 
 protected:
@@ -245,6 +264,7 @@ protected:
   virtual void AddCommandGroup(CommandGroup* group, CommandGroup* parent);
   /// Adds the button of one command to the panel of its group, at the place of its rank.
   virtual ToolButton* AddSingleCommand(CommandBase* command, CommandGroup* group);
+  /// Takes away the button of one command.
   virtual void RemoveSingleCommand(CommandBase* command);
   /// Makes the empty sub-toolbar of a group. It is deleted with this bar.
   virtual ToolBar* CreateSubToolBar(CommandGroup* group);

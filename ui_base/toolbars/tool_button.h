@@ -49,6 +49,7 @@ public:
   class IToolButtonCallbackHandler {
   public:
     virtual ~IToolButtonCallbackHandler() = default;
+    /// @return whether the action may be enabled.
     virtual bool operator()(QAction* action) = 0;
   };
 
@@ -56,6 +57,7 @@ public:
   class IToolButtonShowCallbackHandler {
   public:
     virtual ~IToolButtonShowCallbackHandler() = default;
+    /// @return whether the button may be shown.
     virtual bool operator()(ToolButton* button) = 0;
   };
 
@@ -80,11 +82,13 @@ public:
 
   /// A locked button takes no input and shows no rich tooltip.
   void SetLocked(bool locked);
+  /// See SetLocked().
   bool IsLocked() const;
   /// Whether the menu of a checkable button is hidden when the button is unchecked.
   void SetHideMenuWhenUnchecked(bool hide);
   /// Whether the icon stays the same under the mouse.
   void SetKeepIcon(bool keep);
+  /// See SetKeepIcon().
   bool KeepIcon() const;
   /// Keeps the next click from ClickedHandler(); for that one only.
   void SuppressClickedHandler(bool suppress);
@@ -113,6 +117,7 @@ public:
                                          const QString& toolTip, QObject* receiver = nullptr,
                                          const char* member = nullptr, bool checkable = false,
                                          bool checked = false);
+  /// An action as a button wants it, owned by @p parent.
   static QAction* CreateToolButtonAction(QWidget* parent, const QIcon& icon, const QString& text,
                                          const QString& toolTip, QObject* receiver = nullptr,
                                          const char* member = nullptr, bool checkable = false,
@@ -126,9 +131,11 @@ public Q_SLOTS:
   /// The button was clicked, or shall act as if it was, without its action: announces it, then calls
   /// ClickedHandler(). Does nothing while the button is locked.
   void OnClicked(bool isChecked);
+  /// The button was checked or unchecked; overrides call this one.
   void OnToggled(bool checked);
 
 Q_SIGNALS:
+  /// It was clicked with the mouse or the keyboard.
   void ToolButtonClicked();
 
 protected:
@@ -137,6 +144,7 @@ protected:
 
   /// Sets the button up; called once by each constructor. Action and toolbar may be null.
   void Initialize(QAction* action, ToolBar* toolBar);
+  /// Makes the tooltip when it is first needed.
   void InitializeTooltipObject();
 
   /// What a subclass does on a click, beside the action; nothing by default.
@@ -149,6 +157,7 @@ protected:
 
   /// Adds a handler for an action. Not owned; it must live as long as the button or until it is removed.
   void SetCallbackHandler(QAction* action, IToolButtonCallbackHandler* handler);
+  /// The handler is not called any more; it is not deleted.
   void RemoveCallbackHandler(IToolButtonCallbackHandler* handler);
   /// Not owned. Null shows the button whenever asked to.
   void SetShowCallbackHandler(IToolButtonShowCallbackHandler* handler);
@@ -159,16 +168,21 @@ protected:
   void InitIcons();
   /// Shows the picture for a button that the mouse is over, or for one that it is not over.
   void IconState(bool hovered);
+  /// Whether the mouse is over it.
   bool Hovered() const;
 
   /// Locks or unlocks the button as the licence says; nothing for a command that is no paid feature.
   void UpdateLicenseLock();
+  /// Shows the lock of a paid feature.
   void AddLockIcon();
+  /// Takes the lock away.
   void RemoveLockIcon();
+  /// Brings an open tooltip to the front.
   void RaiseTooltip();
   /// Enables or disables the rich tooltip. That of a locked button stays disabled.
   void EnableTooltip(bool enable);
 
+  /// Where popups of buttons stand.
   static void SetPosParameters(WidgetPosCalculator& calculator, EDirection direction, int distance,
                                EWidgetsAlign alignment, const QPoint& offset = {});
 

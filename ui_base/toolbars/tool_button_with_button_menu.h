@@ -39,6 +39,7 @@ public:
   /// Replaces the sub-toolbar, and becomes its owner button. The one before is hidden and let go. A toolbar
   /// from which this button can be reached is no menu for it, and is ignored.
   void SetMenu(ToolBar* menu);
+  /// Where the menu stands beside the button.
   void SetMenuParameters(EDirection direction, int distance, EWidgetsAlign alignment,
                          const QPoint& offset = {});
 
@@ -47,6 +48,7 @@ public:
   /// Has the flyouts of the sub-buttons open beside this button; also those of sub-buttons that are added
   /// later. Does nothing without a sub-toolbar.
   void SetExtendMode(bool extend) override;
+  /// See SetExtendMode().
   bool IsExtendModeEnabled() const;
   /// Whether the button stands in for a sub-button now.
   bool IsInExtendMode() const;

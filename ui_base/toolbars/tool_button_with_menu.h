@@ -19,6 +19,7 @@ class UI_BASE_EXPORT ToolButtonWithMenu : public ToolButton {
   Q_OBJECT
 
 public:
+  /// A button for @p action on @p toolBar, which may be null.
   ToolButtonWithMenu(QAction* action, ToolBar* toolBar, QWidget* parent);
   /// @param name the object name, also text and tooltip.
   ToolButtonWithMenu(const QIcon& icon, ToolBar* toolBar, const QString& name, QWidget* parent);
@@ -30,24 +31,29 @@ public:
   WidgetPosCalculator* GetPosCalculator() const;
   /// Whether the menu is visible. One that another button shows is not this one's.
   bool IsMenuShowing() const;
+  /// How far opening or closing the menu is.
   MenuState::EPhase MenuPhase() const;
   /// Whether the other button stands in the menu, or in a menu of one of its buttons.
   bool IsSubMenuButton(ToolButton* button) const;
 
   /// Whether the menu stays when one of its actions was triggered, or another button of the toolbar clicked.
   void SetNoHideMenuOnClick(bool noHide);
+  /// See SetNoHideMenuOnClick().
   bool NoHideMenuOnClick() const;
   /// Whether SavedMenuOwner() survives the next hiding of the menu.
   void SetSaveMenuState(bool save);
+  /// See SetSaveMenuState().
   bool SaveMenuState() const;
   /// The button whose menu the application wants to come back to; forgotten when the menu is shown. Not
   /// owned.
   void SetSavedMenuOwner(ToolButtonWithMenu* owner);
+  /// See SetSavedMenuOwner().
   ToolButtonWithMenu* SavedMenuOwner() const;
 
   /// Shows the menu at its place, checks the button if it is checkable, and announces it. A menu that is
   /// shown already is placed anew.
   virtual void ShowMenu();
+  /// Hides the menu and announces it.
   virtual void HideMenu();
   /// Where the menu is to stand, in the coordinates of its parent, or global ones when it has none. Where it
   /// could not be seen there it is shown at another place beside the button.
@@ -67,6 +73,7 @@ Q_SIGNALS:
 protected:
   /// Take the private object over.
   ToolButtonWithMenu(ToolButtonWithMenuPrivate& state, QAction* action, ToolBar* toolBar, QWidget* parent);
+  /// For subclasses with a private object of their own.
   ToolButtonWithMenu(ToolButtonWithMenuPrivate& state, const QIcon& icon, ToolBar* toolBar,
                      const QString& name, QWidget* parent);
 
@@ -74,6 +81,7 @@ protected:
   void AttachMenu(QWidget* menu);
   /// Called by the constructors.
   void InitializePosCalculator();
+  /// Where the menu stands beside the button.
   void SetMenuPosParameters(EDirection direction, int distance, EWidgetsAlign alignment,
                             const QPoint& offset = {});
   /// Moves a menu that is shown to a freshly computed place, where it can be seen.

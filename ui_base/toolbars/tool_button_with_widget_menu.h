@@ -35,6 +35,7 @@ class UI_BASE_EXPORT ToolButtonWithWidgetMenu : public ToolButtonWithMenu {
   Q_OBJECT
 
 public:
+  /// A button for @p action that opens @p menu; see the class for whose that is.
   ToolButtonWithWidgetMenu(QAction* action, ToolBar* toolBar, QWidget* menu, QWidget* parent);
   ~ToolButtonWithWidgetMenu() override;
 
@@ -51,6 +52,7 @@ public:
   /// The widget that stands in for this button when its menu is shown: a ToolButtonWithButtonMenu, or any
   /// other widget to show the menu beside. Not owned.
   void SetExtendController(QWidget* controller);
+  /// See SetExtendController().
   QWidget* ExtendController() const;
 
   /// The button that would open the panel now: this one, or another one that has the same panel.
@@ -65,9 +67,13 @@ public:
 public Q_SLOTS:
   /// Shows the menu, through the extend controller if that is a button with a menu.
   void OnRequestShowMenu();
+  /// The flyout has closed by itself.
   void OnFlyoutClosed();
+  /// The flyout has another size and is placed again.
   void OnFlyoutResized();
+  /// The side widgets of the flyout have come or gone, and it is placed again.
   void OnFlyoutSubWidgetVisibilityChanged(bool visible);
+  /// A part of the flyout's background has a colour of its own.
   void OnFlyoutSetPartialBackgroundColor(bool showColor, QRect rc, QColor color);
 
 Q_SIGNALS:

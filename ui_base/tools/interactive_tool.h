@@ -45,6 +45,7 @@ class UI_BASE_EXPORT InteractiveTool : public ViewResponder,
                                        public Taren::Core::Delegator<ToolStateProtocol>,
                                        public std::enable_shared_from_this<InteractiveTool> {
 public:
+  /// A tool of @p view, which may die first.
   explicit InteractiveTool(BaseView* view);
   ~InteractiveTool() override;
   InteractiveTool(const InteractiveTool&) = delete;
@@ -67,8 +68,11 @@ public:
   virtual void deactivate(); ///< Active to inactive.
   /// @}
 
+  /// Whether it serves its button.
   bool isActive() const noexcept;
+  /// Whether another tool lies over it.
   bool isSuspended() const noexcept;
+  /// Whether a press has begun something that has not ended.
   bool isOperating() const noexcept;
 
   /// The cursor while no operation runs: the operating cursor unless one was set.

@@ -27,15 +27,24 @@ class UI_BASE_EXPORT MousePress {
 public:
   /// No press: of type QEvent::None, without a button.
   MousePress() = default;
+  /// What @p event says, for later.
   explicit MousePress(const QMouseEvent& event);
 
+  /// Whether it stands for no press.
   bool isNull() const noexcept { return m_type == QEvent::None; }
+  /// Press or double click.
   QEvent::Type type() const noexcept { return m_type; }
+  /// In coordinates of the widget.
   QPointF position() const noexcept { return m_position; }
+  /// In coordinates of the window.
   QPointF scenePosition() const noexcept { return m_scenePosition; }
+  /// In coordinates of the screen.
   QPointF globalPosition() const noexcept { return m_globalPosition; }
+  /// Which button went down.
   Qt::MouseButton button() const noexcept { return m_button; }
+  /// All buttons that were down.
   Qt::MouseButtons buttons() const noexcept { return m_buttons; }
+  /// The keys that were held.
   Qt::KeyboardModifiers modifiers() const noexcept { return m_modifiers; }
 
   /// A fresh event like the one kept, of a device of its own, so that it changes nothing about the mouse.

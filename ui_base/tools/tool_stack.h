@@ -70,6 +70,7 @@ public:
   /// All tools in ascending order of their buttons, those of one button from the bottom of the stack to its
   /// top: for a developer's view of what a stack holds.
   QList<HeldTool> heldTools() const;
+  /// Whether the tool is on the stack of any button.
   bool holds(const InteractiveTool& tool) const;
 
   /// Makes every tool that does not operate tell its state afresh, one after another, so that what follows

@@ -36,6 +36,7 @@ public:
 
   /// The text that the tooltip is about; plain or rich.
   virtual void SetText(const QString& text) = 0;
+  /// See SetText().
   virtual QString Text() const = 0;
   /// All there is to read, in plain text; what assistive technology reads out.
   virtual QString AccessibleText() const;
@@ -46,9 +47,13 @@ public:
 
   /// The page of the help that tells more: its index, or -1, and the keyword to look up there.
   virtual void SetTooltipIndex(int index);
+  /// See SetTooltipIndex().
   int TooltipIndex() const;
+  /// The word HelpRequested() tells.
   virtual void SetTooltipKeyword(const QString& keyword);
+  /// See SetTooltipKeyword().
   QString TooltipKeyword() const;
+  /// Whether there is an index or a keyword to ask help for.
   bool HasHelp() const;
 
   /// F1 was pressed while the tooltip is up. Asks for the help when there is a page.
@@ -60,6 +65,7 @@ Q_SIGNALS:
   void HelpRequested(int index, const QString& keyword);
 
 protected:
+  /// For subclasses.
   explicit ATooltipEx(QWidget* parent = nullptr);
 
   /// Puts on the looks of the palette in use. Called when the palette changes; call it in the constructor of

@@ -37,6 +37,7 @@ public:
   class IHoverCallbackHandler {
   public:
     virtual ~IHoverCallbackHandler() = default;
+    /// Called on the main thread; it may delete the tooltip.
     virtual void operator()() = 0;
   };
 
@@ -47,6 +48,7 @@ public:
 
   /// Shows the tooltip and hides the others of its group. Without a layer or a content nothing is shown.
   virtual void ShowTooltip();
+  /// Hides it now; nothing when it is hidden.
   virtual void HideTooltip();
   /// Whether it is enabled and there is something to show.
   virtual bool CanTooltipBeShown();
@@ -57,9 +59,13 @@ public:
 
   /// What eventFilter() makes of the events of the watched widgets while the tooltip is enabled.
   virtual void EventFilterOnEnter(QObject* object);
+  /// The mouse has left a watched widget.
   virtual void EventFilterOnLeave(QObject* object);
+  /// The mouse has moved over a watched widget.
   virtual void EventFilterOnMouseMove(QObject* object, QEvent* event);
+  /// A button was pressed on a watched widget.
   virtual void EventFilterOnMouseButtonPress(QObject* object, QEvent* event);
+  /// A watched widget was hidden.
   virtual void EventFilterOnHide(QObject* object);
   /// The widget on which the tooltip is shown; null asks the manager with the next showing. Not owned.
   virtual void SetTooltipLayer(QWidget* layer);
@@ -68,11 +74,14 @@ public:
 
   /// The group, of which one tooltip is shown at a time. Moves the tooltip from one to another.
   QString TooltipGroup() const;
+  /// See TooltipGroup().
   void SetTooltipGroup(const QString& group);
 
+  /// Whether it is shown now.
   bool IsVisible() const;
   /// Hides it at once, and keeps one from appearing whose time is running.
   void ForceHideTooltip();
+  /// Whether it may be shown.
   bool IsTooltipEnabled() const;
   /// A disabled tooltip is hidden and not shown; the plain tooltip of the widget is not shown either.
   void SetEnableTooltip(bool enable);
@@ -99,6 +108,7 @@ public:
 
   /// The page of the help that tells more, handed on to the content.
   void SetTooltipIndex(int index);
+  /// The word HelpRequested() tells.
   void SetTooltipKeyword(const QString& keyword);
   /// @}
 
@@ -107,6 +117,7 @@ public:
 
   /// Sets looks and place, the times, and how the tooltip reacts to the mouse; see ETooltipType.
   void SetTooltipType(ETooltipType type);
+  /// See SetTooltipType().
   ETooltipType TooltipType() const;
   /// Makes this the only arrow, and places the tooltip so. Applied when the tooltip is made, if it is not
   /// there yet.
@@ -115,6 +126,7 @@ public:
                            EWidgetsAlign alignment, const QPoint& offset);
   /// For changes to looks and place. Owned by the object; the window is made anew when its layer has died.
   ArrowedWindow* GetArrowedWindow() const;
+  /// Where it is placed by; owned by the tooltip.
   WidgetPosCalculator* GetPosCalculator() const;
   /// @}
 
@@ -123,7 +135,9 @@ public:
 
   /// Each applies at once, also while the time is running.
   void SetCustomTooltipShowUpTime(int milliseconds);
+  /// How long it stays after the mouse has left, in milliseconds.
   void SetCustomTooltipDismissTime(int milliseconds);
+  /// After how much time it is checked whether it may stay, in milliseconds.
   void SetCustomTooltipCheckTime(int milliseconds);
   /// Whether the show-up time is used; on at first. Otherwise Qt's own tooltip events show the tooltip.
   void SetUseCustomTooltipSettings(bool use);
@@ -133,8 +147,11 @@ public:
   void SetOverrideTooltipDismissTimer(bool enable);
   /// Whether a press on the tooltip closes it; on at first.
   void SetClickToDismissTooltip(bool dismiss);
+  /// Whether the mouse may go over to the tooltip.
   bool IsHoverEventsEnabled() const;
+  /// Called when the mouse goes over to the tooltip; not owned.
   void SetHoveredStateCallbackHandler(IHoverCallbackHandler* handler);
+  /// Called when the mouse leaves the tooltip again; not owned.
   void SetNormalStateCallbackHandler(IHoverCallbackHandler* handler);
   /// @}
 
@@ -142,6 +159,7 @@ public:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 public Q_SLOTS:
+  /// As SetEnableTooltip(), for connections.
   void OnEnableTooltip(bool enable);
 
 Q_SIGNALS:
@@ -149,11 +167,15 @@ Q_SIGNALS:
   void HelpRequested(int index, const QString& keyword);
 
 protected Q_SLOTS:
+  /// The mouse has rested long enough.
   void OnTooltipTimerTimeOut();
+  /// The mouse has been away long enough.
   void OnTooltipDismissTimerTimeOut();
+  /// Looks whether the tooltip may stay.
   void OnTooltipCheckTimerTimeOut();
 
 protected:
+  /// For subclasses; a parent owns it.
   ATooltipObject(const QString& group, QObject* parent);
   /// Takes the private object over.
   ATooltipObject(ATooltipObjectPrivate& state, const QString& group, QObject* parent);

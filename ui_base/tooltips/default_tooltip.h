@@ -16,6 +16,7 @@ class UI_BASE_EXPORT DefaultTooltip : public ATooltipEx {
   Q_OBJECT
 
 public:
+  /// Shows @p text, plain or rich.
   explicit DefaultTooltip(const QString& text, QWidget* parent = nullptr);
   ~DefaultTooltip() override;
 

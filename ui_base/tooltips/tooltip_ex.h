@@ -26,15 +26,18 @@ class UI_BASE_EXPORT TooltipEx : public ATooltipEx {
   Q_OBJECT
 
 public:
+  /// A title in bold over a text; either may be empty.
   explicit TooltipEx(const QString& title = QString(), const QString& text = QString(),
                      QWidget* parent = nullptr);
   ~TooltipEx() override;
 
   /// Parts without a text take no room.
   QString Title() const;
+  /// See Title().
   void SetTitle(const QString& title);
   /// As the user reads it, see QKeySequence::toString(QKeySequence::NativeText).
   QString Shortcut() const;
+  /// See Shortcut().
   void SetShortcut(const QString& shortcut);
   QString Text() const override;
   void SetText(const QString& text) override;
@@ -42,6 +45,7 @@ public:
 
   /// The advanced section: a widget, taken over in place of the one before. Null takes the section away.
   QWidget* AdvancedWidget() const;
+  /// See AdvancedWidget().
   void SetAdvancedWidget(QWidget* widget);
   /// The advanced section: a picture of this size in device-independent pixels, as sharp as the screen
   /// allows.
@@ -50,7 +54,9 @@ public:
   /// After how many milliseconds on the screen the section unfolds; TooltipTimes::unfold unless set. A
   /// negative time means never by itself.
   int UnfoldTime() const;
+  /// See UnfoldTime().
   void SetUnfoldTime(int milliseconds);
+  /// Whether the advanced part is shown.
   bool IsUnfolded() const;
 
   void SetTooltipIndex(int index) override;
@@ -62,6 +68,7 @@ public Q_SLOTS:
   void SetUnfolded(bool unfolded);
 
 Q_SIGNALS:
+  /// The advanced part was shown or hidden.
   void UnfoldedChanged(bool unfolded);
 
 protected:

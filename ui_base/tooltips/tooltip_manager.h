@@ -37,10 +37,12 @@ class UI_BASE_EXPORT TooltipManager : public QObject {
   Q_OBJECT
 
 public:
+  /// The manager of the process.
   static TooltipManager& GetInstance();
 
   /// Takes a tooltip into a group; out of the one it was in. Null is ignored.
   void AddTooltip(ATooltipObject* tooltip, const QString& group);
+  /// Called by a tooltip's destructor.
   void RemoveTooltip(ATooltipObject* tooltip);
 
   /// The widget to show the tooltip on: the layer of its group if that is in the window of what the tooltip
@@ -52,15 +54,19 @@ public:
 
   /// Hides every tooltip of the group but this one, which may be null.
   void HideAllTooltipsInGroupExcept(ATooltipObject* tooltip, const QString& group);
+  /// Hides the tooltips of all groups.
   void HideAllTooltips();
+  /// Whether a tooltip of the group is shown.
   bool IsTooltipShown(const QString& group) const;
 
   /// Whether tooltips of the group appear without delay while another one of it is up; off at first.
   void SetShowNextAtOnce(const QString& group, bool atOnce);
+  /// Whether a further tooltip of the group comes without delay while one is shown.
   bool ShowNextAtOnce(const QString& group) const;
 
   /// The times for tooltips that are made from now on, unless they are given their own.
   const TooltipTimes& Times() const;
+  /// See Times().
   void SetTimes(const TooltipTimes& times);
 
 public Q_SLOTS:
@@ -68,6 +74,7 @@ public Q_SLOTS:
   void onViewVisibilityChange(bool visible);
 
 Q_SIGNALS:
+  /// A view has appeared or disappeared.
   void viewVisibilityChanged(bool visible);
   /// The user asked for the help from any tooltip: its page index, or -1, and its keyword.
   void HelpRequested(int index, const QString& keyword);

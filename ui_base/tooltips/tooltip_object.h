@@ -24,6 +24,7 @@ class UI_BASE_EXPORT TooltipObject : public ATooltipObject {
   Q_OBJECT
 
 public:
+  /// In a group of tooltips, of which one is shown at a time; a parent owns it.
   explicit TooltipObject(const QString& group, QObject* parent = nullptr);
   ~TooltipObject() override;
 

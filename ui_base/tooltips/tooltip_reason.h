@@ -28,6 +28,7 @@ public:
 
   TooltipReason() = delete;
 
+  /// Where reasons come from; an empty source ends that.
   static void setSource(Source source);
   /// Never empty: without a source it knows no reason.
   static Source source();

@@ -21,6 +21,7 @@ class UI_BASE_EXPORT TooltipWrapper : public ATooltipObject {
   Q_OBJECT
 
 public:
+  /// In a group of tooltips, of which one is shown at a time; a parent owns it.
   explicit TooltipWrapper(const QString& group, QObject* parent = nullptr);
   ~TooltipWrapper() override;
 

@@ -43,6 +43,7 @@ class UI_BASE_EXPORT BaseView : public QWidget {
   Q_OBJECT
 
 public:
+  /// Deletes itself when it is closed, unless WA_DeleteOnClose is taken away.
   explicit BaseView(QWidget* parent = nullptr, Qt::WindowFlags flags = {});
   ~BaseView() override;
 

@@ -75,7 +75,9 @@ public:
   /// open. A view in a window that closes, and a view presented over one that closes, are asked too; when
   /// another one refuses after this one agreed, viewDidLoad() is called again.
   virtual bool viewWillClose();
+  /// The view has another size.
   virtual void viewDidResize(QResizeEvent* event);
+  /// The view has another place.
   virtual void viewDidMove(QMoveEvent* event);
   /// Shows another controller's view in front of this one's, as large as it, unless the delegate presents it
   /// its own way. The view presented becomes a child of this controller's view and covers it: no input,
@@ -91,14 +93,18 @@ public:
   /// callback presented it anew.
   virtual bool dismissViewController();
 
+  /// The view; null before it is set and after its death.
   BaseView* getView() const;
+  /// Whether viewDidLoad() has run.
   bool isLoaded() const;
   /// The controller of the view over which this one's was presented, or null.
   BaseViewController* presenter() const;
   /// The direction given when presented; NoTransition when not presented.
   ETransitionDirection transitionDirection() const;
 
+  /// Shows the view.
   void show();
+  /// Hides the view.
   void hide();
   /// Closes the view. @return whether it closed.
   bool close();
@@ -109,12 +115,14 @@ public:
   /// @param receiver,member what an action button calls, as SLOT() or SIGNAL(); null for no button.
   void showNotification(const QString& message, ENotificationFadeOption fade, int durationMs, bool closable,
                         QObject* receiver, const char* member);
-  /// @overload Shows a widget, which the notification bar owns from now on. Without a view it is deleted.
+  /// Shows a widget, which the notification bar owns from now on. Without a view it is deleted.
   void showNotification(QWidget* content, ENotificationFadeOption fade, int durationMs, bool closable,
                         QObject* receiver, const char* member);
-  /// @overload A message of some severity, for the time that such a message needs.
+  /// A message of some severity, for the time that such a message needs.
   void showNotification(const QString& message, ENotificationSeverity severity);
+  /// Takes back the message that is shown.
   void hideNotification();
+  /// Whether a message is shown.
   bool isNotificationShowing() const;
 
 protected:

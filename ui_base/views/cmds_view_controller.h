@@ -79,13 +79,17 @@ public:
   using CmdMgr::addObserver;
   using CmdMgr::removeObserver;
   using CmdMgr::setDelegate;
+  /// The delegate of the commands; two bases have one.
   CmdMgrProtocol* getCmdMgrDelegate() const { return CmdMgr::getDelegate(); }
 
   /// @name The groups in which the view's commands are shown
   /// The controller holds them as long as it lives; what shows them, and whether they are added to the
   /// manager, is up to the application.
   /// @{
+
+  /// The group that the action panel shows; owned by the controller.
   CommandGroup* ActionPanelGroup() const;
+  /// The group that comes and goes with what is selected; owned by the controller.
   CommandGroup* DynamicToolPanelGroup() const;
   /// Several of its commands can be checked at once.
   CommandGroup* ToolPanelGroup() const;
@@ -94,6 +98,7 @@ public:
   /// How long a run takes, in milliseconds, before a notification shows its progress and offers to cancel it;
   /// 250 by default.
   int runNoticeDelay() const;
+  /// See runNoticeDelay().
   void setRunNoticeDelay(int milliseconds);
 
   void viewDidLoad() override;

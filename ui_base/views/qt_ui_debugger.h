@@ -18,6 +18,7 @@ class UI_BASE_EXPORT QtUiDebugger : public QObject {
   Q_OBJECT
 
 public:
+  /// Watches nothing until it is enabled.
   explicit QtUiDebugger(QObject* parent = nullptr);
   ~QtUiDebugger() override;
 

@@ -23,18 +23,31 @@ namespace Vela::UiBase {
 /// Not owned through this type: it has no virtual destructor.
 class UI_BASE_EXPORT ViewResponder {
 public:
+  /// @return whether the event was used, as of all functions here.
   virtual bool mouseDoubleClick(QMouseEvent* event);
+  /// The mouse has moved over the view.
   virtual bool mouseMove(QMouseEvent* event);
+  /// A button of the mouse went down.
   virtual bool mousePress(QMouseEvent* event);
+  /// A button of the mouse came up.
   virtual bool mouseRelease(QMouseEvent* event);
+  /// The wheel was turned.
   virtual bool mouseWheel(QWheelEvent* event);
+  /// The mouse has come into the view.
   virtual bool mouseEnter(QEvent* event);
+  /// The mouse has left the view.
   virtual bool mouseLeave(QEvent* event);
+  /// Something is dragged into the view.
   virtual bool mouseDragEnter(QDragEnterEvent* event);
+  /// What was dragged has left the view.
   virtual bool mouseDragLeave(QDragLeaveEvent* event);
+  /// Something is dragged over the view.
   virtual bool mouseDragMove(QDragMoveEvent* event);
+  /// What was dragged is dropped.
   virtual bool mouseDrop(QDropEvent* event);
+  /// A key went down.
   virtual bool keyPress(QKeyEvent* event);
+  /// A key came up.
   virtual bool keyRelease(QKeyEvent* event);
 
 protected:
