@@ -20,6 +20,7 @@ private Q_SLOTS:
   void presentationCanBeAskedFor();
   void requestsSayWhetherTheyWereDone_data();
   void requestsSayWhetherTheyWereDone();
+  void dismissalWaitsForTheAnswer();
   void presenterKeepsItsSize();
   void closingWindowAsksItsViews_data();
   void closingWindowAsksItsViews();
@@ -125,6 +126,16 @@ void PresentationTest::requestsSayWhetherTheyWereDone() {
     screen.view("b")->close();
     QVERIFY(!screen.controller("a")->presentViewController(b, FromLeft));
   }
+}
+
+void PresentationTest::dismissalWaitsForTheAnswer() {
+  Screen screen;
+  screen.run(QStringLiteral("a>b"));
+  RecordingController* const b = screen.controller("b");
+  bool inner = true;
+  b->on["viewWillClose"] = [&] { inner = b->dismissViewController(); }; // while it is asked
+  QVERIFY(b->dismissViewController() && !inner);
+  QCOMPARE(screen.story(), QStringLiteral("a -, b load, b +, a +, b close, b -"));
 }
 
 void PresentationTest::presenterKeepsItsSize() {

@@ -24,6 +24,7 @@ private Q_SLOTS:
   void cursorOfTheViewComesBack();
   void idleCursorShowsAtOnce();
   void toolsPushedBeforeTheViewShowTheirCursor();
+  void primaryToolWaitsForADragThatGoesOn();
   void toolLiesOnOneStackOnly();
   void operationEndsWithItsMouse_data();
   void operationEndsWithItsMouse();
@@ -166,6 +167,18 @@ void ToolRoutingTest::toolsPushedBeforeTheViewShowTheirCursor() {
     QCOMPARE(view.cursor().shape(), Qt::ArrowCursor);
     controller->pushTool(LeftButton, tool);
   }
+}
+
+void ToolRoutingTest::primaryToolWaitsForADragThatGoesOn() {
+  ToolScreen screen;
+  const auto third = screen.makeTool("third", Qt::CrossCursor, Qt::CrossCursor);
+  screen.play("M+");
+  screen.controller->pushTool(LeftButton, third);
+  QVERIFY(third->isSuspended() && screen.tool("middle")->isOperating());
+  screen.controller->popTool(LeftButton);
+  QVERIFY(screen.tool("left")->isSuspended() && screen.tool("middle")->isOperating());
+  screen.play("M-");
+  QVERIFY(screen.tool("left")->isActive());
 }
 
 void ToolRoutingTest::toolLiesOnOneStackOnly() {

@@ -131,6 +131,7 @@ void ViewFuzz::step() {
   case 1:
     return commandStep();
   case 2:
+  case 3:
     return act(Act(m_bytes.next(ACTS)), anyController(), nullptr);
   default:
     return mouse();

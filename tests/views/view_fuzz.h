@@ -98,7 +98,7 @@ private:
   void widgetStep();
   void commandStep();
   void makeView();
-  void present(UiBase::BaseViewController& controller);
+  void present(UiBase::BaseViewController& controller, UiBase::CmdsViewController* caller);
   void reattach(UiBase::CmdsViewController& controller);
   void reparent(UiBase::BaseView& view);
   void openDialog();
@@ -128,7 +128,8 @@ private:
   int m_depth = 0;
   int m_events = 0;
   int m_deletes = 0;
-  const qsizetype m_shutdownDelegates; // before there was a view
+  UiBase::CmdsViewController* m_caller = nullptr; // of the act; it lives when that begins
+  const qsizetype m_shutdownDelegates;            // before there was a view
   QWidget m_window;
   QLineEdit* m_edit;
   QTabWidget* m_tabs;

@@ -7,6 +7,8 @@
 #include <QMenu>
 #include <QTimer>
 
+#include <utility>
+
 namespace Vela::Test {
 
 using namespace UiBase;
@@ -24,6 +26,7 @@ void ViewFuzz::callOut(CmdsViewController* controller, InteractiveTool* itself) 
   if (m_depth >= MaxDepth || m_bytes.next(4) != 3)
     return;
   ++m_depth;
+  m_caller = controller;
   act(Act(m_bytes.next(ACTS)), m_bytes.next(3) ? controller : anyController(), itself);
   --m_depth;
 }
@@ -58,6 +61,7 @@ void ViewFuzz::takeOff(InteractiveTool& tool) {
 }
 
 void ViewFuzz::act(Act act, CmdsViewController* controller, InteractiveTool* itself) {
+  auto* const caller = std::exchange(m_caller, nullptr);
   const bool movesViews =
       act == Reparent || act == NestedLoop || act == Dialog || act == Menu; // or lets deleted ones die
   if (!controller || (movesViews && (m_events > 0 || keepsWindows)))
@@ -79,7 +83,7 @@ void ViewFuzz::act(Act act, CmdsViewController* controller, InteractiveTool* its
       takeOff(*itself);
     return;
   case Present:
-    return present(*controller);
+    return present(*controller, caller);
   case Dismiss:
     controller->dismissViewController();
     return;
@@ -134,8 +138,8 @@ void ViewFuzz::pushTool(CmdsViewController& controller, EToolActivationButton bu
     controller.pushTool(button, m_tools[std::size_t(m_bytes.next(int(m_tools.size())))]);
 }
 
-void ViewFuzz::present(BaseViewController& controller) {
-  CmdsViewController* const other = anyController();
+void ViewFuzz::present(BaseViewController& controller, CmdsViewController* caller) {
+  CmdsViewController* const other = caller && m_bytes.next(2) ? caller : anyController();
   note(QStringLiteral("…this one:"), other);
   const bool isWindow = other && other->getView() && other->getView()->isWindow();
   if (other && !(keepsWindows && isWindow))

@@ -43,7 +43,10 @@ void CmdsViewController::clearTools() {
   if (!self)
     return;
   d->cursors.clear();
+  const auto released = heldTools();
   ToolStack::clearTools();
+  for (const HeldTool& entry : released) // some may outlive the controller
+    entry.tool->setDelegate(nullptr, false);
 }
 
 bool CmdsViewController::mayTake(const InteractiveTool& tool) const {
