@@ -40,7 +40,7 @@ build_thread_tests() {
   build tsan $names
 }
 
-step "Set up" "$root/scripts/setup.sh" build test
+step "Set up" "$root/scripts/setup.sh" build test docs
 step "Formatting" "$root/scripts/format.sh" --check
 
 step "Configure release" configure release
