@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPainter>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -81,6 +82,15 @@ public:
   TestCommand* close;
 };
 
+/// Shows as much of its text as there is room for.
+class ElidingLabel : public QLabel {
+public:
+  using QLabel::QLabel;
+  void paintEvent(QPaintEvent*) override {
+    QPainter(this).drawText(rect(), fontMetrics().elidedText(text(), Qt::ElideRight, width()));
+  }
+};
+
 using Seed = std::function<void(Stage&)>;
 
 void paint(QWidget& widget, QColor color) {
@@ -130,6 +140,11 @@ private Q_SLOTS:
     row("cut off", Finding::TextCutOff, "Apply", [](Stage& stage) { stage.button->setFixedWidth(14); });
     row("cut off on a hidden page", Finding::TextCutOff, "Hidden at first",
         [](Stage& stage) { stage.label->setFixedWidth(20); });
+    row("shortened", Finding::TextCutOff, "Long", [](Stage& stage) {
+      auto* const label = new ElidingLabel(QStringLiteral("Long text without room"), stage.page);
+      label->setFixedWidth(50);
+      stage.page->layout()->addWidget(label);
+    });
     row("pale", Finding::LowContrast, "Hidden at first",
         [](Stage& stage) { paint(*stage.label, QColor(0xbb, 0xbb, 0xbb)); });
     row("pale but disabled", -1, "", [](Stage& stage) {

@@ -203,6 +203,14 @@ private Q_SLOTS:
     stage.scheme.setShortcuts(*hidden, {QKeySequence(Qt::CTRL | Qt::Key_H)});
     stage.press(stage.window, Qt::Key_H, Qt::ControlModifier);
     QCOMPARE(stage.ran, QStringList(hidden->id));
+
+    stage.scheme.restore({{QStringLiteral("later"), QStringList(QStringLiteral("Ctrl+B"))}});
+    auto* const later = stage.add("later", "Later", {});
+    stage.view->hide();
+    stage.view->show();
+    Vela::Test::settle();
+    stage.press(stage.window, Qt::Key_B, Qt::ControlModifier);
+    QCOMPARE(stage.ran, QStringList({hidden->id, later->id}));
   }
 
   void theEditorRecordsTakesOverAndGivesBack() {
@@ -218,6 +226,32 @@ private Q_SLOTS:
     QTRY_COMPARE(stage.measure->shortcut(), ctrlJ);
     stage.press(*stage.editor, Qt::Key_A, Qt::AltModifier);
     QTRY_COMPARE(stage.smooth->shortcut(), ctrlM);
+  }
+
+  void whatItShowsMayDie() {
+    EditorStage stage;
+    stage.controller->removeAllCommands();
+    stage.dispatcher.runAll();
+    stage.press(*stage.editor, Qt::Key_C, Qt::AltModifier);
+    stage.choose(QStringLiteral("s"));
+    QVERIFY(stage.says(QStringLiteral("No command")));
+    auto* const probe = new KeyProbe(*stage.pages);
+    stage.open(probe);
+    delete stage.pages; // with its view
+    probe->ask(ctrlM);
+    QCOMPARE(probe->text(), QStringLiteral("Press any key."));
+  }
+
+  void oneIdentifierInTwoWindows() {
+    Stage first;
+    Stage second;
+    first.scheme.addManager(second.controller.get());
+    QVERIFY(first.scheme.metBy(*first.smooth, {ctrlM}).isEmpty()); // it does not meet itself
+    first.scheme.setShortcuts(*first.smooth, {ctrlJ});
+    QCOMPARE(second.smooth->shortcut(), ctrlJ);
+    QCOMPARE(first.scheme.metBy(*second.smooth, {ctrlJ}).size(), 1); // what stands in its own window
+    second.press(second.window, Qt::Key_J, Qt::ControlModifier);
+    QCOMPARE(first.ran + second.ran, QStringList()); // two things in one window
   }
 
   void keysOfTheLibraryAndOfOthersAreRefused() {
@@ -256,6 +290,7 @@ private Q_SLOTS:
     QCOMPARE(spy.size(), 1);
     QCOMPARE(spy[0][0].toString(),
              QStringLiteral("Ctrl+M means \"Smooth Mesh\", \"Measure\": none of them was run."));
+    QVERIFY(whoTakes(ctrlM, stage.window).isAmbiguous);
     QVERIFY(stage.controller->isNotificationShowing());
     QCOMPARE(stage.ran, QStringList());
     stage.measure->setEnabled(false);

@@ -82,8 +82,11 @@ private Q_SLOTS:
     AuditOptions options;
     options.waivers = {{AuditFinding::NoKeyboard, QStringLiteral("'Commands found'"),
                         QStringLiteral("The arrow keys of the field above work it.")}};
-    const QStringList ids{AboutCommand::className(), MeshInfoCommand::className(),
-                          InspectCommand::className(), KeyboardCommand::idOf(TryKeys),
+    const QStringList ids{AboutCommand::className(),
+                          MeshInfoCommand::className(),
+                          InspectCommand::className(),
+                          KeyboardCommand::idOf(TryKeys),
+                          KeyboardCommand::idOf(EditShortcuts),
                           FindCommandCommand::className()};
     for (const QString& id : ids) {
       bench.controller().findCommand(id)->trigger();

@@ -2,6 +2,7 @@
 #include "command_palette_p.h"
 
 #include "command_palette_delegate.h"
+#include "readable_placeholder.h"
 
 #include <ui_base/commands/command_name.h>
 #include <ui_base/views/base_view.h>
@@ -55,10 +56,7 @@ void CommandPalettePrivate::dress() {
   q.setPalette(styles.widgetPalette());
   q.setFont(styles.FontLabel());
   field->setStyleSheet(styles.DialogGeneral());
-  field->ensurePolished(); // which makes the text of an empty field too pale to be read
-  QPalette colors = field->palette();
-  colors.setColor(QPalette::PlaceholderText, styles.ColorTextLabel());
-  field->setPalette(colors);
+  makePlaceholderReadable(*field);
   q.update();
 }
 

@@ -19,6 +19,11 @@ ShortcutEditor::ShortcutEditor(ShortcutScheme& scheme, QWidget* parent)
 
 ShortcutEditor::~ShortcutEditor() = default;
 
+void ShortcutEditor::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  d->dress();
+}
+
 bool ShortcutEditor::importFrom(const QString& file) {
   QFile source(file);
   const QString error =

@@ -44,6 +44,9 @@ public:
   /// Writes the page with all shortcuts as a PDF.
   bool saveSheet(const QString& file);
 
+protected:
+  void showEvent(QShowEvent* event) override;
+
 private:
   const std::unique_ptr<ShortcutEditorPrivate> d;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shortcut_editor_p.h"
 
+#include "readable_placeholder.h"
 #include "shortcut_scheme.h"
 
 #include <ui_base/commands/command_base.h>
@@ -56,6 +57,12 @@ ShortcutEditorPrivate::ShortcutEditorPrivate(ShortcutEditor& editor, ShortcutSch
   list->setCurrentIndex(model.index(0, 0));
 }
 
+void ShortcutEditorPrivate::dress() {
+  const auto fields = q.findChildren<QLineEdit*>();
+  for (QLineEdit* const field : fields)
+    makePlaceholderReadable(*field);
+}
+
 void ShortcutEditorPrivate::layOut() {
   auto* const column = new QVBoxLayout(&q);
   column->setContentsMargins(0, 0, 0, 0);
@@ -101,6 +108,10 @@ void ShortcutEditorPrivate::connectAll() {
   if (const auto* const shown = keys->findChild<QLineEdit*>())
     QObject::connect(shown, &QLineEdit::textChanged, &q, [this] { showRecorded(); });
   QObject::connect(keys, &QKeySequenceEdit::keySequenceChanged, &q, [this] { showRecorded(); });
+  // When what it stands in has got its sheet.
+  QObject::connect(
+      &Vela::Resource::Styles::Instance(), &Vela::Resource::Styles::changed, &q, [this] { dress(); },
+      Qt::QueuedConnection);
   QObject::connect(&scheme, &ShortcutScheme::changed, &q, [this] { showCurrent(); });
 }
 

@@ -32,6 +32,7 @@ public:
   void askImport();
   void askExport();
   void askSheet();
+  void dress();
   void say(const QString& text) { message->setText(text); }
 
   ShortcutEditor& q;

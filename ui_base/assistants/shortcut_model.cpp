@@ -49,14 +49,6 @@ std::shared_ptr<CommandBase> ShortcutModel::commandAt(int row) const {
   return row >= 0 && row < rowCount() ? m_search.at(m_found[row]).command.lock() : nullptr;
 }
 
-int ShortcutModel::rowOf(const CommandBase& command) const {
-  for (int row = 0; row < rowCount(); ++row) {
-    if (commandAt(row).get() == &command)
-      return row;
-  }
-  return -1;
-}
-
 int ShortcutModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(m_found.size());
 }

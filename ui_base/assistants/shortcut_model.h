@@ -22,7 +22,6 @@ public:
   void find(const QString& typed);
   /// Null for no row, and when the command has died.
   std::shared_ptr<CommandBase> commandAt(int row) const;
-  int rowOf(const CommandBase& command) const;
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;

@@ -198,9 +198,11 @@ void ShortcutScheme::applyAll() {
   }
 }
 
-bool ShortcutScheme::eventFilter(QObject*, QEvent* event) {
+bool ShortcutScheme::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::ActionAdded) {
     applyLater(*static_cast<QActionEvent*>(event)->action());
+  } else if (event->type() == QEvent::Show && qobject_cast<BaseView*>(watched)) {
+    QMetaObject::invokeMethod(this, &ShortcutScheme::applyAll, Qt::QueuedConnection); // it may bring commands
   } else if (event->type() == QEvent::Shortcut && static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
     const QString message = tellAmbiguousKey(static_cast<QShortcutEvent*>(event)->key(), m_rules);
     if (!message.isEmpty())

@@ -20,9 +20,9 @@ class CommandBase;
 /// identifiers of commands, so that what a later version of the application brings comes through.
 ///
 /// A command gets the user's shortcuts when a manager that holds it is added here, or else when it is put
-/// into any widget, as soon as the event loop turns: what it has then counts as the application's choice.
-/// With a scheme, a key that means two things at once is told of over the view, where Qt would do nothing;
-/// see ambiguous().
+/// into any widget or a view is shown, as soon as the event loop turns: what it has then counts as the
+/// application's choice. With a scheme, a key that means two things at once is told of over the view, where
+/// Qt would do nothing; see ambiguous().
 ///
 /// Managers are held weakly. For the main thread; one for an application.
 ///

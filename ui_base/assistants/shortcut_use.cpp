@@ -93,7 +93,10 @@ void addMnemonics(const QWidget& window, QList<ShortcutUse>& uses) {
 
 } // namespace
 
-QList<ShortcutUse> usesOf(const QAction& action) { return withKeys(useOf(action), action.shortcuts()); }
+QList<ShortcutUse> usesOf(const QAction& action) {
+  const QList<QKeySequence> shortcuts = action.shortcuts();
+  return shortcuts.isEmpty() ? QList<ShortcutUse>() : withKeys(useOf(action), shortcuts); // as most have none
+}
 
 QList<ShortcutUse> usesOf(const CommandBase& command, const QList<QKeySequence>& shortcuts) {
   return withKeys(useOf(command), shortcuts);
