@@ -5,8 +5,11 @@
 
 #include <QCoreApplication>
 
-#include <atomic>
+#include <chrono>
+#include <future>
 #include <memory>
+
+using namespace std::chrono_literals;
 
 namespace Taren::Core {
 
@@ -47,20 +50,22 @@ bool QtTbbDispatcher::dispatchSync(const std::function<void()>& task, EQualityOf
     runGuarded(task);
     return true;
   }
-  // The waiting side may be gone from its wait before the last line of the task, so both share the flag.
-  const auto done = std::make_shared<std::atomic_flag>();
+  // The waiting side may be gone from its wait before the last line of the task, so both share the promise.
+  // An atomic flag will not do: libstdc++ loses notifications where the system cannot wait on an address, as
+  // MinGW-w64 cannot.
+  const auto done = std::make_shared<std::promise<void>>();
+  const std::future<void> end = done->get_future();
   const auto announce = [this, &task, done] {
     runGuarded(task);
-    done->test_and_set();
-    done->notify_all();
+    done->set_value();
     m_mainThread.wake();
   };
   if (!dispatchAsync(announce, qos))
     return false;
   if (onMainThread && QCoreApplication::instance())
-    m_mainThread.serveUntil([&done] { return done->test(); });
+    m_mainThread.serveUntil([&end] { return end.wait_for(0s) == std::future_status::ready; });
   else
-    done->wait(false);
+    end.wait();
   return true;
 }
 

@@ -31,10 +31,6 @@ private:
   std::shared_ptr<std::atomic<Life>> m_life;
 };
 
-std::shared_ptr<SharedObjectInternal> detail::acquireSelf(SharedObjectInternal& object) {
-  return object.acquireSelf();
-}
-
 SharedObjectInternal::SharedObjectInternal() noexcept = default;
 SharedObjectInternal::SharedObjectInternal(const SharedObjectInternal&) noexcept {}
 // NOLINTNEXTLINE(bugprone-unhandled-self-assignment, cert-oop54-cpp): nothing is assigned

@@ -9,12 +9,8 @@
 
 namespace Taren::Objects {
 
-class SharedObjectInternal;
-
-namespace detail {
-/// What adoptShared() and createShared() stand on.
-TQM_MESH_KERNEL_EXPORT std::shared_ptr<SharedObjectInternal> acquireSelf(SharedObjectInternal& object);
-} // namespace detail
+template <class T>
+std::shared_ptr<T> adoptShared(T* object);
 
 /// The base of objects that are held by shared pointer and hand out shared pointers to themselves.
 ///
@@ -47,7 +43,8 @@ protected:
 private:
   enum class Life : int { Unowned, Owned, Releasing, Dying };
   class Deleter;
-  friend std::shared_ptr<SharedObjectInternal> detail::acquireSelf(SharedObjectInternal& object);
+  template <class T>
+  friend std::shared_ptr<T> adoptShared(T* object);
 
   std::shared_ptr<SharedObjectInternal> acquireSelf();
   Life life() const noexcept;
@@ -65,7 +62,8 @@ template <class T>
 std::shared_ptr<T> adoptShared(T* object) {
   if (!object)
     return {};
-  return std::shared_ptr<T>(detail::acquireSelf(*object), object);
+  SharedObjectInternal& self = *object;
+  return std::shared_ptr<T>(self.acquireSelf(), object);
 }
 
 /// Makes an object that is shared from the start.

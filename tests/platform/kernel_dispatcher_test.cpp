@@ -12,7 +12,6 @@
 #include <oneapi/tbb/parallel_for.h>
 
 #include <atomic>
-#include <latch>
 #include <stdexcept>
 #include <thread>
 
@@ -205,10 +204,12 @@ private Q_SLOTS:
 
   void workerTasksMayWaitForOneAnother() {
     for (const auto& [one, other] : {std::pair(NormalQoS, NormalQoS), std::pair(LowQoS, HighQoS)}) {
-      auto meeting = std::make_shared<std::latch>(2);
+      auto arrived = std::make_shared<std::atomic<int>>(0);
       auto met = std::make_shared<std::atomic<int>>(0);
-      const auto meet = [meeting, met] {
-        meeting->arrive_and_wait();
+      const auto meet = [arrived, met] {
+        ++*arrived;
+        while (*arrived < 2)
+          std::this_thread::yield();
         ++*met;
       };
       dispatchAsync(meet, one);
