@@ -90,6 +90,7 @@ void choosePlatform([[maybe_unused]] int argc, [[maybe_unused]] char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
+  useTerminal();
   nameApplication();
   if (const auto early = answerWithoutDisplay(argc, argv))
     return answer(*early);

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
+#include <QStandardPaths>
 
 #include <cstdlib>
 #include <cstring>
@@ -47,7 +48,10 @@ QString obstacle(const QString& fileName) {
 }
 
 QString readerPath() {
-  return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("workbench_mesh_reader"));
+  const QString folder = QCoreApplication::applicationDirPath();
+  const QString name = QStringLiteral("workbench_mesh_reader");
+  const QString found = QStandardPaths::findExecutable(name, {folder});
+  return found.isEmpty() ? QDir(folder).filePath(name) : found;
 }
 
 QString reasonOf(int status) {

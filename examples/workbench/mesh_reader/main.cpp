@@ -4,51 +4,15 @@
 // what a damaged file does to the format importers stays in here, the start of the workbench is not burdened
 // with them, and reading can be stopped at any time.
 #include <workbench/mesh_reader/mesh_import.h>
+#include <workbench/mesh_reader/process.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <new>
 
-#if defined(__unix__)
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
-
 namespace {
 
 using namespace Workbench;
-
-#if defined(__unix__)
-void lower(decltype(RLIMIT_CPU) resource, rlim_t limit) {
-  rlimit current{};
-  if (getrlimit(resource, &current) == 0 && limit < current.rlim_cur) {
-    current.rlim_cur = limit;
-    setrlimit(resource, &current);
-  }
-}
-
-// A damaged count makes importers ask for any amount of memory or run for ever.
-void limitResources(const std::string& fileName) {
-  constexpr rlim_t LeastSeconds = 10;
-  constexpr rlim_t BytesPerSecond = 1 << 20;
-  struct stat status {};
-  const rlim_t bytes = stat(fileName.c_str(), &status) == 0 ? rlim_t(status.st_size) : 0;
-  lower(RLIMIT_CPU, LeastSeconds + bytes / BytesPerSecond);
-  lower(RLIMIT_CORE, 0);
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-  constexpr rlim_t LeastMemory = rlim_t(1) << 30;
-  constexpr rlim_t MemoryPerByte = 200;
-  const rlim_t machine = rlim_t(sysconf(_SC_PHYS_PAGES)) * rlim_t(sysconf(_SC_PAGESIZE)) / 4 * 3;
-  // The bulk of a text glTF lies in other files.
-  const bool hasOtherFiles = fileName.ends_with(".gltf") || fileName.ends_with(".GLTF");
-  lower(RLIMIT_AS, hasOtherFiles ? machine : std::min(machine, LeastMemory + bytes * MemoryPerByte));
-#endif
-}
-#else
-void limitResources(const std::string&) {}
-#endif
 
 template <typename Element>
 bool write(const std::vector<Element>& elements) {
@@ -63,7 +27,7 @@ bool write(const ImportedMesh& mesh) {
          write(mesh.triangles) && std::fflush(stdout) == 0;
 }
 
-int run(const char* fileName) {
+int run(const std::string& fileName) {
   try {
     return write(importMesh(fileName)) ? MeshRead : EXIT_FAILURE;
   } catch (const ImportError& error) {
@@ -82,12 +46,14 @@ int run(const char* fileName) {
 } // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
+  const std::vector<std::string> names = fileNames(argc, argv);
+  if (names.size() != 1) {
     std::fputs("usage: workbench_mesh_reader FILE\n", stderr);
     return EXIT_FAILURE;
   }
-  limitResources(argv[1]);
-  const int status = run(argv[1]);
+  limitProcess(ReadingLimits::forFile(names.front(), machineMemory()));
+  makeOutputBinary();
+  const int status = run(names.front());
   // Leaves without taking the scene apart again, which takes longer than all of the above.
   std::_Exit(status);
 }

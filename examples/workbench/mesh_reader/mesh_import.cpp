@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "mesh_import.h"
 
+#include "process.h"
+
 #include <assimp/DefaultLogger.hpp>
 #include <assimp/Importer.hpp>
 #include <assimp/LogStream.hpp>
@@ -128,7 +130,7 @@ std::size_t faceCount(const aiScene& scene) {
 // How many faces the header of a PLY file announces; none for other files.
 std::optional<std::size_t> announcedFaces(const std::string& fileName) {
   constexpr std::string_view Element = "element face ";
-  std::ifstream file(fileName, std::ios::binary);
+  std::ifstream file(pathOf(fileName), std::ios::binary);
   std::string line;
   if (!std::getline(file, line) || !line.starts_with("ply"))
     return std::nullopt;

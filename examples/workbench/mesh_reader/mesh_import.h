@@ -26,8 +26,8 @@ private:
   MeshReaderStatus m_status;
 };
 
-/// Reads a mesh file. Polygons are triangulated, points and lines left out, the meshes of the scene placed by
-/// their nodes and merged.
+/// Reads a mesh file, named in UTF-8. Polygons are triangulated, points and lines left out, the meshes of the
+/// scene placed by their nodes and merged.
 /// @throws ImportError, std::bad_alloc and std::length_error
 ImportedMesh importMesh(const std::string& fileName);
 
