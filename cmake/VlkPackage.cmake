@@ -18,26 +18,16 @@ foreach(plugin IN ITEMS platforms/qwindows styles/qwindowsvistastyle styles/qmod
   if(EXISTS ${plugins}/${plugin}.dll)
     cmake_path(GET plugin PARENT_PATH folder)
     install(FILES ${plugins}/${plugin}.dll DESTINATION ${folder} COMPONENT workbench)
-    list(APPEND packed_plugins ${plugins}/${plugin}.dll)
   endif()
 endforeach()
 
-# The libraries that those need in their turn.
-set(library_folders $<TARGET_FILE_DIR:Qt6::Core> $<TARGET_FILE_DIR:TBB::tbb>)
-file(GENERATE OUTPUT ${PROJECT_BINARY_DIR}/package_libraries.cmake CONTENT "
-set(CMAKE_GET_RUNTIME_DEPENDENCIES_PLATFORM windows+pe)
-$<$<BOOL:${CMAKE_OBJDUMP}>:set(CMAKE_GET_RUNTIME_DEPENDENCIES_TOOL objdump)
-set(CMAKE_GET_RUNTIME_DEPENDENCIES_COMMAND ${CMAKE_OBJDUMP})>
-file(GET_RUNTIME_DEPENDENCIES
-  EXECUTABLES \"$<TARGET_FILE:workbench>\" \"$<TARGET_FILE:workbench_mesh_reader>\"
-  MODULES ${packed_plugins}
-  DIRECTORIES ${library_folders}
-  PRE_INCLUDE_REGEXES ^qt6 ^lib ^tbb ^assimp ^vlk_ ^tqm_ ^qskr ^vgs ^zlib ^minizip ^poly2tri ^pugixml
-  PRE_EXCLUDE_REGEXES .
-  RESOLVED_DEPENDENCIES_VAR libraries)
-file(INSTALL \${libraries} DESTINATION \"\${CMAKE_INSTALL_PREFIX}\")
-")
-install(SCRIPT ${PROJECT_BINARY_DIR}/package_libraries.cmake COMPONENT workbench)
+install(FILES $<TARGET_RUNTIME_DLLS:workbench> DESTINATION . COMPONENT workbench)
+if(MINGW)
+  # The compiler's, as Qt brings them along.
+  foreach(library IN ITEMS libgcc_s_seh-1 libstdc++-6 libwinpthread-1)
+    install(FILES $<TARGET_FILE_DIR:Qt6::Core>/${library}.dll DESTINATION . COMPONENT workbench)
+  endforeach()
+endif()
 
 set(CPACK_GENERATOR ZIP)
 set(CPACK_PACKAGE_NAME vlk_workbench)

@@ -30,7 +30,8 @@ screenshots() {
   for file in "${samples[@]}"; do
     cp "$file" "$folder/Proben ä/"
     picture=$trial/$(basename "$file").png
-    wine "$folder"/vlk_workbench-*/workbench.exe "Z:$folder/Proben ä/$(basename "$file")" --screenshot "Z:$picture"
+    wine "$folder"/vlk_workbench-*/workbench.exe "Z:$folder/Proben ä/$(basename "$file")" --screenshot "Z:$picture" \
+      2>/dev/null || die "the workbench does not open $file"
     [ -s "$picture" ] || die "no screenshot of $file"
     say "wrote $picture"
   done

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Installs the Debian packages that are lacking for the named purposes.
-# Usage: scripts/setup.sh [build|web|test|lint|demo|docs|root]...      (default: build test)
+# Usage: scripts/setup.sh [build|web|test|windows|windows-package|lint|demo|docs|root]...      (default: build test)
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 release=$(. /etc/os-release 2>/dev/null && printf '%s' "${VERSION_ID:-}") || true
@@ -21,6 +21,9 @@ packages_for() {
     # Optional: without it information panels use a text browser.
     web) echo qt6-webengine-dev ;;
     test) echo xvfb xauth clang-format ;;
+    # What cross-builds for Windows and runs its programs.
+    windows) echo g++-mingw-w64-x86-64-posix wine wine64 xz-utils ;;
+    windows-package) echo libz-mingw-w64-dev dpkg-dev patch ;;
     lint) echo clang clang-format clang-tidy clazy ;;
     demo)
       # A Wayland session without an X server needs Qt's platform plugin for it.
@@ -37,7 +40,7 @@ packages_for() {
 wanted=()
 [ $# -gt 0 ] || set -- build test
 for purpose in "$@"; do
-  list=$(packages_for "$purpose") || die "unknown purpose: $purpose (build, web, test, lint, demo, docs or root)"
+  list=$(packages_for "$purpose") || die "unknown purpose: $purpose (build, web, test, windows, windows-package, lint, demo, docs or root)"
   read -r -d '' -a names <<<"$list" || true
   wanted+=("${names[@]}")
 done

@@ -148,7 +148,7 @@ private Q_SLOTS:
 
   void theSettingsCanBeReplaced() {
     const QTemporaryDir folder;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
     auto replacement = std::make_unique<ConfigManager>(folder.filePath(QStringLiteral("own.ini")));
     ConfigManager* const own = replacement.get();
     service().setConfigManager(std::move(replacement));
@@ -156,7 +156,7 @@ private Q_SLOTS:
     service().setConfigManager(nullptr);
     service().GetConfigManager().setValue("check", true);
     QVERIFY(service().GetConfigManager().save());
-    const QString byName = QStringLiteral("vlk_ui_base_tests/vlk_ui_base_tests.conf");
+    const QString byName = QStringLiteral("vlk_ui_base_tests/vlk_ui_base_tests.ini");
     QVERIFY(QFile::exists(folder.filePath(byName)));
     QVERIFY(!QFile::exists(folder.filePath("own.ini")));
     service().setConfigManager(nullptr);

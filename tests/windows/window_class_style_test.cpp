@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Makes a window of a class with a system shadow, takes the shadow away and prints the style of the class
-// before and after. Needs no Qt:
-//   x86_64-w64-mingw32-g++-posix -std=c++20 -static -I . tests/windows/window_class_style_test.cpp
-//     ui_base/menus/window_class_style_win.cpp -o window_class_style_test.exe
+// before and after. Needs no Qt.
 #include <ui_base/menus/window_class_style_win.h>
 
 #include <cstdio>
