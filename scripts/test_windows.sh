@@ -25,8 +25,8 @@ build=$windows_cache/build
 
 build_tests() {
   local names
-  # A test is named like its target, but for those that run one a second time.
-  names=$(ctest --test-dir "$build" -N | sed -n 's/^ *Test *#[0-9]*: //p' | grep -v '_2x$')
+  # A test program is named like its target, but for those that run a second time.
+  names=$(ctest --test-dir "$build" -N -R '_test$' | sed -n 's/^ *Test *#[0-9]*: //p' | grep -v '_2x_test$')
   # shellcheck disable=SC2086
   cmake --build "$build" --target $names
 }
@@ -36,7 +36,7 @@ run_tests() {
   local platform=$1 status=0
   shift
   QT_QPA_PLATFORM=$platform VELA_FUZZ_STEPS=${VELA_FUZZ_STEPS:-2500} \
-    ctest --test-dir "$build" --output-on-failure --no-tests=error --timeout 300 -j 2 "$@" || status=$?
+    ctest --test-dir "$build" -R '_test(_2x)?$' --output-on-failure --no-tests=error --timeout 300 -j 2 "$@" || status=$?
   say "On the $platform platform: $(count_cases)"
   return $status
 }
