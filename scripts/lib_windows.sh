@@ -7,10 +7,10 @@
 # What is unpacked, built and installed for Windows is kept here, outside of the tree.
 windows_cache=${VLK_WINDOWS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/vlk_ui_base/windows}
 
-# The kit that is named, or of VLK_WINDOWS_KIT, or beside the checkout: an archive or a folder. Nothing where there is
-# none.
+# The kit that is named, or of VLK_WINDOWS_KIT: an archive or a folder. Nothing where there is none.
 find_kit() (
-  named=${1:-${VLK_WINDOWS_KIT:-$root/../shared/windows}}
+  named=${1:-${VLK_WINDOWS_KIT:-}}
+  [ -n "$named" ] || return 0
   # The scripts work in the checkout's top folder.
   cd "$OLDPWD"
   if [ -f "$named" ] || [ -f "$named/toolchain.cmake" ]; then

@@ -3,8 +3,7 @@
 # Cross-builds the libraries and their tests with MinGW-w64 and runs the tests as Windows programs under Wine: on the
 # offscreen platform, then on the Windows platform, where the cases named in tests/windows/BLACKLIST may fail.
 # Usage: scripts/test_windows.sh [--if-available] [KIT]
-#   KIT             Qt for Windows (docs/windows.md): an archive or a folder; default: $VLK_WINDOWS_KIT, or what is in
-#                   ../shared/windows
+#   KIT             Qt for Windows (docs/windows.md): an archive or a folder; default: $VLK_WINDOWS_KIT
 #   --if-available  without a kit says so and ends well
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 . "$root/scripts/lib_windows.sh"
@@ -13,7 +12,7 @@ if_available=false
 while [ $# -gt 0 ]; do
   case $1 in
     --if-available) if_available=true ;;
-    -h | --help) sed -n '3,8s/^# //p' "$0"; exit 0 ;;
+    -h | --help) sed -n '3,7s/^# //p' "$0"; exit 0 ;;
     -*) die "unknown argument: $1 (see --help)" ;;
     *) break ;;
   esac
