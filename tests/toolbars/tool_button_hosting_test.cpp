@@ -51,6 +51,23 @@ struct SharedStage : MenuStage {
   QPointer<ToolButtonWithWidgetMenu> secondButton;
 };
 
+/// Has a button show what is being hidden, once.
+class Taker : public QObject {
+public:
+  explicit Taker(ToolButtonWithMenu& button) : m_button(&button) {}
+  bool eventFilter(QObject*, QEvent* event) override {
+    ToolButtonWithMenu* const taker = event->type() == QEvent::HideToParent ? m_button.data() : nullptr;
+    if (taker) {
+      m_button.clear();
+      taker->ShowMenu();
+    }
+    return false;
+  }
+
+private:
+  QPointer<ToolButtonWithMenu> m_button;
+};
+
 void clickIn(QWidget& window, const QWidget* target) {
   QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
                     target->mapTo(&window, target->rect().center()));
@@ -87,7 +104,7 @@ private Q_SLOTS:
   void sharedFlyoutOutlivesItsBars();
   void panelGoesToTheHomeItHasNow_data();
   void panelGoesToTheHomeItHasNow();
-  void lockedButtonRefusesItsPanel();
+  void panelStaysWithTheButtonThatTookIt();
   void pressesOutsideClose_data();
   void pressesOutsideClose();
   void replacedFlyoutAsksTheController();
@@ -325,14 +342,17 @@ void ToolButtonHostingTest::panelGoesToTheHomeItHasNow() {
     delete panel;
 }
 
-void ToolButtonHostingTest::lockedButtonRefusesItsPanel() {
-  QLabel panel("panel");
-  MenuStage stage(false, &panel);
-  stage.button->SetLocked(true);
-  stage.command->trigger();
+void ToolButtonHostingTest::panelStaysWithTheButtonThatTookIt() {
+  QWidget home;
+  auto* const panel = new QLabel("panel", &home);
+  SharedStage stage(false, panel);
+  panel->setParent(&stage.otherWindow); // where it is shown first
+  Taker taker(*stage.otherButton);
+  panel->installEventFilter(&taker);
+  panel->show();
   Vela::Test::settle();
-  QVERIFY(!panel.isVisible() && !stage.command->isActive());
-  QCOMPARE(stage.observer->ended, 1);
+  QCOMPARE(stage.opener(), stage.otherButton.data());
+  QVERIFY(panel->isVisible() && stage.otherButton->GetArrowedWindow()->isAncestorOf(panel));
 }
 
 void ToolButtonHostingTest::pressesOutsideClose_data() {

@@ -94,6 +94,9 @@ void ToolButtonNestTest::buttonStandsInForTheExtendedOne() {
   QVERIFY(stage.subFlyout->isVisible() && !stage.subBar->isVisible());
   QCOMPARE(shownColor(*stage.menuButton), QColor(Qt::green));
   QVERIFY(stage.plain->IsLocked() && stage.button->IsLocked() && !stage.menuButton->IsLocked());
+  const ToolButton* const late = stage.bar->AddAction(new QAction("Late", stage.view));
+  Vela::Test::settle();
+  QVERIFY(late->IsLocked());
   stage.plain->click();
   QVERIFY(stage.subFlyout->isVisible());
   cleared.clear();
@@ -104,7 +107,7 @@ void ToolButtonNestTest::buttonStandsInForTheExtendedOne() {
   QVERIFY(!stage.subFlyout || !stage.subFlyout->isVisible());
   QVERIFY(!stage.subButton || !stage.subButton->isChecked());
   QCOMPARE(shownColor(*stage.menuButton), QColor(Qt::red));
-  QVERIFY(!stage.plain->IsLocked() && !stage.button->IsLocked());
+  QVERIFY(!stage.plain->IsLocked() && !stage.button->IsLocked() && !late->IsLocked());
   QCOMPARE(cleared.count(), 1);
   const bool other = stage.command->isActive(); // a shortcut opened it
   QCOMPARE(other, QByteArray(QTest::currentDataTag()) == "shortcut of a locked one");

@@ -297,10 +297,9 @@ class TooltipWalkTest : public Vela::Test::TestCase {
 
 private Q_SLOTS:
   void callbacksThatAct() {
-    const unsigned seed = qEnvironmentVariableIsSet("VELA_SEED") ? qgetenv("VELA_SEED").toUInt() : 1;
-    const int steps =
-        qEnvironmentVariableIsSet("VELA_STEPS") ? qEnvironmentVariableIntValue("VELA_STEPS") : 1500;
-    qInfo("VELA_SEED=%u VELA_STEPS=%d", seed, steps);
+    const unsigned seed = qEnvironmentVariable("VELA_FUZZ_SEED", QStringLiteral("2764615421")).toUInt();
+    const int steps = qEnvironmentVariable("VELA_FUZZ_STEPS", QStringLiteral("1500")).toInt();
+    qInfo("seed %u, %d steps", seed, steps);
     TooltipManager& manager = TooltipManager::GetInstance();
     manager.SetTimes({0, 0, 600000, 600000, 0});
     {

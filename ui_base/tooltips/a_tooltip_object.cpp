@@ -26,17 +26,15 @@ ATooltipObject::ATooltipObject(ATooltipObjectPrivate& state, const QString& grou
 }
 
 ATooltipObject::~ATooltipObject() {
+  d->end();
   TooltipManager::GetInstance().RemoveTooltip(this);
-  // The windows' last events are not for an object that is going.
   d->unlink();
-  if (d->tooltipWindow)
-    d->tooltipWindow->removeEventFilter(this);
 }
 
 // --- showing
 
 void ATooltipObject::ShowTooltip() {
-  if (!d->ensureLayer())
+  if (d->ended || !d->ensureLayer())
     return;
   const QPointer<ATooltipObject> self(this);
   // The window that a widget happens to be in is not for a tooltip to show.

@@ -40,16 +40,38 @@ ATooltipObjectPrivate::ATooltipObjectPrivate() {
 }
 
 ATooltipObjectPrivate::~ATooltipObjectPrivate() {
-  if (arrowedWindow)
-    Styles::Instance().disconnect(arrowedWindow);
   if (placing && posCalculator) {
     // It is in the middle of a search that has called who has ended the tooltip.
     posCalculator->SetWidget(nullptr);
     posCalculator.release()->deleteLater();
   }
-  discard(tooltipWindow);
-  discard(arrowedWindow);
-  discard(pendingControl);
+  discardWindows();
+}
+
+void ATooltipObjectPrivate::end() {
+  if (std::exchange(ended, true))
+    return;
+  TooltipManager::GetInstance().RemoveTooltip(object);
+  // The windows' last events are not for an object that is going.
+  unlink();
+  if (tooltipWindow)
+    tooltipWindow->removeEventFilter(object);
+  discardWindows();
+}
+
+void ATooltipObjectPrivate::discardWindows() {
+  if (arrowedWindow)
+    Styles::Instance().disconnect(arrowedWindow);
+  visible = false;
+  const QPointer<QWidget> shown(tooltipWindow);
+  const QPointer<QWidget> around(arrowedWindow);
+  const QPointer<QWidget> pending(pendingControl);
+  tooltipWindow.clear();
+  arrowedWindow.clear();
+  pendingControl.clear();
+  discard(shown);
+  discard(around);
+  discard(pending);
 }
 
 QWidget* ATooltipObjectPrivate::reference() const { return nullptr; }
@@ -171,8 +193,8 @@ void ATooltipObjectPrivate::link() {
 
 // Only our own: an application may have connected the same two.
 void ATooltipObjectPrivate::unlink() {
-  const auto ended = std::exchange(links, {});
-  for (const QMetaObject::Connection& link : ended)
+  const auto former = std::exchange(links, {});
+  for (const QMetaObject::Connection& link : former)
     QObject::disconnect(link);
 }
 

@@ -70,6 +70,10 @@ public:
   void applyArrow();
   void applyPlacement();
 
+  /// First in destructors, while there is all of the object: those who hear that it is hidden may call it. It
+  /// is not shown any more.
+  void end();
+
   ATooltipObject* object = nullptr;
   bool enabled = true;
   QPointer<QWidget> layer;
@@ -91,6 +95,7 @@ public:
   ATooltipObject::IHoverCallbackHandler* hoveredHandler = nullptr;
   ATooltipObject::IHoverCallbackHandler* normalHandler = nullptr;
   bool visible = false;
+  bool ended = false;
   bool tooltipHovered = false;
   std::unique_ptr<WidgetPosCalculator> posCalculator;
   QPointer<ArrowedWindow> arrowedWindow;
@@ -115,6 +120,7 @@ private:
   void handHelpOn();
   void link();
   void unlink();
+  void discardWindows();
 
   QList<QMetaObject::Connection> links; // with the content
   friend class ATooltipObject;

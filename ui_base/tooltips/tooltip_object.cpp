@@ -158,6 +158,7 @@ TooltipObject::TooltipObject(TooltipObjectPrivate& state, const QString& group, 
 }
 
 TooltipObject::~TooltipObject() {
+  d->end();
   if (QWidget* const widget = own()->attachedWidget)
     countOwner(*widget, -1);
 }

@@ -18,7 +18,7 @@ TooltipWrapper::TooltipWrapper(const QString& group, QObject* parent)
 TooltipWrapper::TooltipWrapper(TooltipWrapperPrivate& state, const QString& group, QObject* parent)
     : ATooltipObject(state, group, parent) {}
 
-TooltipWrapper::~TooltipWrapper() = default;
+TooltipWrapper::~TooltipWrapper() { d->end(); }
 
 TooltipWrapperPrivate* TooltipWrapper::own() const { return static_cast<TooltipWrapperPrivate*>(d.get()); }
 
