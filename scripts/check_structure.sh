@@ -86,7 +86,8 @@ for file in docs/*.md; do
   named_in docs/README.md "($name)"
 done
 # What CMake requires, and what the scripts install for it.
-find . -name CMakeLists.txt -not -path './build/*' -not -path './tests/install/consumer/*' -exec sed -nE \
+find . -name CMakeLists.txt -not -path './build/*' -not -path './tests/install/consumer/*' \
+  -not -path './examples/template/*' -exec sed -nE \
   's/^ *find_package\(([A-Za-z0-9]+)( [0-9.]+)?( (REQUIRED|QUIET))?( COMPONENTS ([A-Za-z ]+))?.*/\1 \6/p' {} + |
   tr ' ' '\n' | sort -u | while read -r name; do
     [ -z "$name" ] || grep -qiw -- "$name" docs/building.md || say "$name"

@@ -11,6 +11,8 @@ packages_for() {
     build)
       echo g++ cmake ninja-build ccache
       echo qt6-base-dev qt6-svg-dev qt6-scxml-dev libtbb-dev libbenchmark-dev
+      # The translations: lrelease and lupdate, and the texts of Qt itself.
+      echo qt6-l10n-tools qt6-translations-l10n
       # assimp's package names zlib as a library to link without depending on it.
       echo libassimp-dev zlib1g-dev
       # What the programs need at run time besides the libraries: SVG icons, fonts with known metrics.

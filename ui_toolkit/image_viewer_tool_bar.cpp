@@ -3,6 +3,7 @@
 
 #include "toolkit_look.h"
 
+#include <ui_base/core/language.h>
 #include <vlk_common_res/icons.h>
 
 #include <QGridLayout>
@@ -17,12 +18,17 @@ namespace {
 
 constexpr int ICON_SIZE = 24; // px
 
+void describe(QToolButton& button, const QString& name, const QString& toolTip) {
+  button.setAccessibleName(name);
+  button.setToolTip(toolTip);
+  // Without one, screen readers would read the tags of the tooltip aloud.
+  button.setAccessibleDescription(QTextDocumentFragment::fromHtml(toolTip).toPlainText());
+}
+
 } // namespace
 
 ImageViewerToolBar::ImageViewerToolBar(QWidget* parent) : QWidget(parent) {
   setObjectName(QStringLiteral("ImageViewerToolBar"));
-  setWindowTitle(tr("Image Viewer Tool Bar"));
-  setAccessibleName(windowTitle());
   auto* const grid = new QGridLayout(this);
   grid->setObjectName(QStringLiteral("gridLayout"));
   grid->setContentsMargins(4, 4, 4, 4);
@@ -31,20 +37,13 @@ ImageViewerToolBar::ImageViewerToolBar(QWidget* parent) : QWidget(parent) {
   row->setSpacing(4);
   grid->addLayout(row, 0, 0);
 
-  m_zoomIn = addButton(*row, QStringLiteral("zoom_in_button"), QStringLiteral("zoom_in"), tr("Zoom in"),
-                       tr("<html><head/><body><p>Zoom in<br />Shortcut: +</p></body></html>"));
-  m_zoomOut = addButton(*row, QStringLiteral("zoom_out_button"), QStringLiteral("zoom_out"), tr("Zoom Out"),
-                        tr("<html><head/><body><p>Zoom Out<br />Shortcut: -</p></body></html>"));
-  addButton(*row, QStringLiteral("original_size_button"), QStringLiteral("original_size"),
-            tr("Show image in its original size"),
-            tr("<html><head/><body><p>Show image in its original size<br />Shortcut: O</p></body></html>"));
-  addButton(*row, QStringLiteral("fit_to_view_button"), QStringLiteral("fit_to_view"), tr("Fit in the image"),
-            tr("<html><head/><body><p>Fit in the image<br/>Shortcut: F</p></body></html>"));
-  m_previous =
-      addButton(*row, QStringLiteral("prev_button"), QStringLiteral("previous"), tr("Previous image"),
-                tr("<html><head/><body><p>Previous image<br/>Shortcut: &lt;</p></body></html>"));
-  m_next = addButton(*row, QStringLiteral("next_button"), QStringLiteral("next"), tr("Next image"),
-                     tr("<html><head/><body><p>Next image<br/>Shortcut: &gt;</p></body></html>"));
+  m_zoomIn = addButton(*row, QStringLiteral("zoom_in_button"), QStringLiteral("zoom_in"));
+  m_zoomOut = addButton(*row, QStringLiteral("zoom_out_button"), QStringLiteral("zoom_out"));
+  m_original = addButton(*row, QStringLiteral("original_size_button"), QStringLiteral("original_size"));
+  m_fit = addButton(*row, QStringLiteral("fit_to_view_button"), QStringLiteral("fit_to_view"));
+  m_previous = addButton(*row, QStringLiteral("prev_button"), QStringLiteral("previous"));
+  m_next = addButton(*row, QStringLiteral("next_button"), QStringLiteral("next"));
+  UiBase::keepTranslated(this, [this] { retranslate(); });
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   QMetaObject::connectSlotsByName(this);
   wearToolkitLook(*this);
@@ -52,17 +51,28 @@ ImageViewerToolBar::ImageViewerToolBar(QWidget* parent) : QWidget(parent) {
 
 ImageViewerToolBar::~ImageViewerToolBar() = default;
 
+void ImageViewerToolBar::retranslate() {
+  setWindowTitle(tr("Image Viewer Tool Bar"));
+  setAccessibleName(windowTitle());
+  describe(*m_zoomIn, tr("Zoom in"), tr("<html><head/><body><p>Zoom in<br />Shortcut: +</p></body></html>"));
+  describe(*m_zoomOut, tr("Zoom Out"),
+           tr("<html><head/><body><p>Zoom Out<br />Shortcut: -</p></body></html>"));
+  describe(*m_original, tr("Show image in its original size"),
+           tr("<html><head/><body><p>Show image in its original size<br />Shortcut: O</p></body></html>"));
+  describe(*m_fit, tr("Fit in the image"),
+           tr("<html><head/><body><p>Fit in the image<br/>Shortcut: F</p></body></html>"));
+  describe(*m_previous, tr("Previous image"),
+           tr("<html><head/><body><p>Previous image<br/>Shortcut: &lt;</p></body></html>"));
+  describe(*m_next, tr("Next image"),
+           tr("<html><head/><body><p>Next image<br/>Shortcut: &gt;</p></body></html>"));
+}
+
 QToolButton* ImageViewerToolBar::addButton(QHBoxLayout& row, const QString& objectName,
-                                           const QString& iconName, const QString& name,
-                                           const QString& toolTip) {
+                                           const QString& iconName) {
   auto* const button = new QToolButton(this);
   button->setObjectName(objectName);
   button->setIcon(Resource::Icons::icon(iconName));
   button->setIconSize({ICON_SIZE, ICON_SIZE});
-  button->setAccessibleName(name);
-  button->setToolTip(toolTip);
-  // Without one, screen readers would read the tags of the tooltip aloud.
-  button->setAccessibleDescription(QTextDocumentFragment::fromHtml(toolTip).toPlainText());
   row.addWidget(button);
   return button;
 }

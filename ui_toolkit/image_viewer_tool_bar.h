@@ -78,11 +78,13 @@ private Q_SLOTS:
   void on_next_button_clicked();
 
 private:
-  QToolButton* addButton(QHBoxLayout& row, const QString& objectName, const QString& iconName,
-                         const QString& name, const QString& toolTip);
+  QToolButton* addButton(QHBoxLayout& row, const QString& objectName, const QString& iconName);
+  void retranslate();
 
   QToolButton* m_zoomIn = nullptr;
   QToolButton* m_zoomOut = nullptr;
+  QToolButton* m_original = nullptr;
+  QToolButton* m_fit = nullptr;
   QToolButton* m_previous = nullptr;
   QToolButton* m_next = nullptr;
 };

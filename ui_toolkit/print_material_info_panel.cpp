@@ -3,6 +3,7 @@
 
 #include "toolkit_look.h"
 
+#include <ui_base/core/language.h>
 #include <vlk_common_res/icons.h>
 #include <vlk_common_res/strings.h>
 
@@ -48,16 +49,18 @@ public:
 
   explicit PrintMaterialInfoPanelPrivate(PrintMaterialInfoPanel* owner);
 
-  QLabel* label(const QString& objectName, const QString& text = QString());
+  QLabel* label(const QString& objectName);
   QLabel* makeLoader();
-  Row addRow(QGridLayout& grid, const QString& objectName, const QString& text);
+  Row addRow(QGridLayout& grid, const QString& objectName);
   void makeUnitActions();
+  void retranslate();
   std::optional<double> combined() const;
   void showVolumes();
   void showVolume(const Row& row, const std::optional<double>& volume);
   void turnLoader();
 
   PrintMaterialInfoPanel* const q;
+  QLabel* title = nullptr;
   QLabel* busyLabel = nullptr;
   QMovie loader;
   QActionGroup* unitActions = nullptr;
@@ -73,26 +76,40 @@ public:
 PrintMaterialInfoPanelPrivate::PrintMaterialInfoPanelPrivate(PrintMaterialInfoPanel* owner) : q(owner) {
   auto* const grid = new QGridLayout(q);
   grid->setObjectName(QStringLiteral("gridLayout"));
-  grid->addWidget(label(QStringLiteral("title_label"), PrintMaterialInfoPanel::tr("Volume info")), 0, 0, 1,
-                  2);
+  grid->addWidget(title = label(QStringLiteral("title_label")), 0, 0, 1, 2);
   grid->addWidget(makeLoader(), 0, 2, Qt::AlignRight | Qt::AlignVCenter);
-  modelRow = addRow(*grid, QStringLiteral("model_volume"), PrintMaterialInfoPanel::tr("Model:"));
-  supportRow = addRow(*grid, QStringLiteral("support_volume"), PrintMaterialInfoPanel::tr("Supports:"));
-  combinedRow = addRow(*grid, QStringLiteral("combined_volume"), PrintMaterialInfoPanel::tr("Combined:"));
+  modelRow = addRow(*grid, QStringLiteral("model_volume"));
+  supportRow = addRow(*grid, QStringLiteral("support_volume"));
+  combinedRow = addRow(*grid, QStringLiteral("combined_volume"));
   grid->setColumnStretch(1, 1);
   makeUnitActions();
+  UiBase::keepTranslated(q, [this] { retranslate(); });
+}
+
+void PrintMaterialInfoPanelPrivate::retranslate() {
+  q->setAccessibleName(PrintMaterialInfoPanel::tr("Volume info"));
+  title->setText(PrintMaterialInfoPanel::tr("Volume info"));
+  busyLabel->setAccessibleName(PrintMaterialInfoPanel::tr("Working"));
+  modelRow.name->setText(PrintMaterialInfoPanel::tr("Model:"));
+  supportRow.name->setText(PrintMaterialInfoPanel::tr("Supports:"));
+  combinedRow.name->setText(PrintMaterialInfoPanel::tr("Combined:"));
+  const QList<QAction*> actions = unitActions->actions();
+  for (QAction* const action : actions) {
+    const auto each = EVolumeUnit(action->data().toInt());
+    action->setText(PrintMaterialInfoPanel::tr("%1 (%2)", "name of a unit and its symbol")
+                        .arg(Common::unitName(each), Common::unitSymbol(each)));
+  }
   showVolumes();
 }
 
-QLabel* PrintMaterialInfoPanelPrivate::label(const QString& objectName, const QString& text) {
-  auto* const made = new QLabel(text, q);
+QLabel* PrintMaterialInfoPanelPrivate::label(const QString& objectName) {
+  auto* const made = new QLabel(q);
   made->setObjectName(objectName);
   return made;
 }
 
 QLabel* PrintMaterialInfoPanelPrivate::makeLoader() {
   busyLabel = label(QStringLiteral("busy_label"));
-  busyLabel->setAccessibleName(PrintMaterialInfoPanel::tr("Working"));
   busyLabel->setFixedSize(LOADER_SIZE, LOADER_SIZE);
   busyLabel->setMovie(&loader);
   QSizePolicy keepsItsPlace = busyLabel->sizePolicy();
@@ -102,10 +119,10 @@ QLabel* PrintMaterialInfoPanelPrivate::makeLoader() {
   return busyLabel;
 }
 
-PrintMaterialInfoPanelPrivate::Row
-PrintMaterialInfoPanelPrivate::addRow(QGridLayout& grid, const QString& objectName, const QString& text) {
+PrintMaterialInfoPanelPrivate::Row PrintMaterialInfoPanelPrivate::addRow(QGridLayout& grid,
+                                                                         const QString& objectName) {
   const int line = grid.rowCount();
-  const Row row{label(objectName + QLatin1String("_label"), text),
+  const Row row{label(objectName + QLatin1String("_label")),
                 label(objectName + QLatin1String("_value_label")),
                 label(objectName + QLatin1String("_unit_label"))};
   grid.addWidget(row.name, line, 0);
@@ -118,8 +135,6 @@ void PrintMaterialInfoPanelPrivate::makeUnitActions() {
   unitActions = new QActionGroup(q);
   for (const EVolumeUnit each : Common::volumeUnits()) {
     auto* const action = new QAction(unitActions);
-    action->setText(PrintMaterialInfoPanel::tr("%1 (%2)", "name of a unit and its symbol")
-                        .arg(Common::unitName(each), Common::unitSymbol(each)));
     action->setData(each);
     action->setCheckable(true);
     action->setChecked(each == unit);
@@ -161,7 +176,6 @@ void PrintMaterialInfoPanelPrivate::turnLoader() {
 PrintMaterialInfoPanel::PrintMaterialInfoPanel(QWidget* parent)
     : QWidget(parent), d(std::make_unique<PrintMaterialInfoPanelPrivate>(this)) {
   setObjectName(QStringLiteral("PrintMaterialInfoPanel"));
-  setAccessibleName(tr("Volume info"));
   setContextMenuPolicy(Qt::ActionsContextMenu);
   setFocusPolicy(Qt::TabFocus);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);

@@ -2,6 +2,7 @@
 #include "command_menus.h"
 
 #include <ui_base/commands/command_group.h>
+#include <ui_base/core/language.h>
 #include <ui_base/menus/menu_builder.h>
 #include <workbench/commands/dark_palette_command.h>
 #include <workbench/pages/workbench_pages.h>
@@ -42,13 +43,13 @@ QVector<QAction*> actionsOf(const CommandGroup& group) {
 } // namespace
 
 CommandMenus::CommandMenus(MenuBuilder& menus) : m_menus(&menus) {
-  addMenu(QStringLiteral("file"), tr("&File"), {FileSection, ExitSection});
-  addMenu(QStringLiteral("edit"), tr("&Edit"), {EditSection, MeshSection});
-  addMenu(QStringLiteral("selection"), tr("&Selection"), {SelectSection, SelectedSection});
-  addMenu(QStringLiteral("tools"), tr("&Tools"), {ToolsSection, MeasureSection});
-  addMenu(QStringLiteral("view"), tr("&View"), {PageSection, ViewSection, LookSection});
-  addMenu(QStringLiteral("photograph"), tr("&Photograph"), {PhotoSection});
-  addMenu(QStringLiteral("help"), tr("&Help"), {HelpSection});
+  addMenu(QStringLiteral("file"), QT_TR_NOOP("&File"), {FileSection, ExitSection});
+  addMenu(QStringLiteral("edit"), QT_TR_NOOP("&Edit"), {EditSection, MeshSection});
+  addMenu(QStringLiteral("selection"), QT_TR_NOOP("&Selection"), {SelectSection, SelectedSection});
+  addMenu(QStringLiteral("tools"), QT_TR_NOOP("&Tools"), {ToolsSection, MeasureSection});
+  addMenu(QStringLiteral("view"), QT_TR_NOOP("&View"), {PageSection, ViewSection, LookSection});
+  addMenu(QStringLiteral("photograph"), QT_TR_NOOP("&Photograph"), {PhotoSection});
+  addMenu(QStringLiteral("help"), QT_TR_NOOP("&Help"), {HelpSection});
   menus.GetMenuBarItem(QStringLiteral("photograph"))->hide(); // until its page is seen first
   menus.AddSeparator(false, -1);                              // what follows stands at the far end
 }
@@ -58,8 +59,10 @@ void CommandMenus::showPage(int page) {
   showUsedItems();
 }
 
-void CommandMenus::addMenu(const QString& name, const QString& text, const QStringList& sections) {
-  m_menus->AddMenuBarItem(name, QIcon(), text);
+void CommandMenus::addMenu(const QString& name, const char* text, const QStringList& sections) {
+  m_menus->AddMenuBarItem(name, QIcon(), tr(text));
+  QToolButton* const item = m_menus->GetMenuBarItem(name).data();
+  keepTranslated(item, [item, text] { item->setText(tr(text)); });
   m_menus->AddDropDownMenu(name, QVector<QAction*>(), nullptr);
   QMenu* const menu = m_menus->GetMenu(name);
   for (const QString& section : sections) {
@@ -101,6 +104,7 @@ QAction* CommandMenus::insertSubMenu(const Section& section, const CommandGroup&
   m_menus->AddSubMenu(section.menu, {.name = name, .text = group.text(), .icon = group.icon()},
                       actionsOf(group));
   QAction* const entry = m_menus->GetMenu(name)->menuAction();
+  QObject::connect(&group, &QAction::changed, entry, [entry, &group] { entry->setText(group.text()); });
   if (section.end)
     m_menus->GetMenu(section.menu)->insertAction(section.end, entry); // from the end to its section
   return entry;

@@ -64,7 +64,7 @@ private:
     QPointer<QAction> end;
   };
 
-  void addMenu(const QString& name, const QString& text, const QStringList& sections);
+  void addMenu(const QString& name, const char* text, const QStringList& sections);
   void insert(const Section& section, Vela::UiBase::CommandBase& command, const QString& id);
   QAction* insertSubMenu(const Section& section, const Vela::UiBase::CommandGroup& group);
   void showUsedItems();

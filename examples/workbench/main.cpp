@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vlk_app_service/application_service.h>
 #include <workbench/console.h>
+#include <workbench/language.h>
 #include <workbench/workbench_app.h>
 
 #include <QApplication>
@@ -75,6 +76,7 @@ std::optional<Options::Answer> answerWithoutDisplay(int argc, char** argv) {
   if (argc < 2)
     return std::nullopt;
   const QCoreApplication application(argc, argv);
+  Language::restore();
   return Options::parse(withoutQtOptions(QCoreApplication::arguments())).answer;
 }
 

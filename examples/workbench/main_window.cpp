@@ -4,6 +4,7 @@
 #include <ui_base/assistants/command_palette.h>
 #include <ui_base/assistants/command_usage.h>
 #include <ui_base/assistants/shortcut_scheme.h>
+#include <ui_base/core/language.h>
 #include <ui_base/menus/menu_builder.h>
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <vlk_app_service/application_service.h>
@@ -14,6 +15,7 @@
 #include <workbench/mesh_view_controller.h>
 #include <workbench/pages/page_stack.h>
 #include <workbench/pages/workbench_pages.h>
+#include <workbench/panels/plain_tooltips.h>
 #include <workbench/panels/unit_button.h>
 #include <workbench/photos/photo_view.h>
 #include <workbench/photos/photo_view_controller.h>
@@ -52,6 +54,7 @@ MainWindow::MainWindow(QWidget* parent)
       m_numbers(new QLabel(this)),
       m_palette(new Vela::UiBase::CommandPalette(this)),
       m_shortcuts(new Vela::UiBase::ShortcutScheme(this)) {
+  new PlainTooltips(this);
   setMinimumSize(LeastSize);
   makePages();
   connectCommands();
@@ -60,8 +63,8 @@ MainWindow::MainWindow(QWidget* parent)
   statusBar()->addPermanentWidget(m_numbers);
   statusBar()->addPermanentWidget(new UnitButton(*this, *m_controller));
   setWindowIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("smooth_shading")));
-  showFileName();
   connectEvents();
+  Vela::UiBase::keepTranslated(this, [this] { showFileName(); });
   connect(&Styles::Instance(), &Styles::changed, this, &MainWindow::applyPalette);
   applyPalette();
 }

@@ -18,6 +18,14 @@ LineObject lineOf(const Measurements::Distance& distance, Vela::Common::ELengthU
 
 } // namespace
 
+void Measurements::setMesh(const Mesh& mesh) {
+  if (mesh.isCopyOf(m_mesh))
+    return;
+  m_mesh = mesh;
+  if (!m_distances.empty())
+    Q_EMIT changed();
+}
+
 void Measurements::begin(const QVector3D& from) {
   m_begun = from;
   m_end.reset();
@@ -35,6 +43,7 @@ void Measurements::finish(const QVector3D& to) {
   if (!m_begun)
     return;
   m_distances.push_back({*m_begun, to});
+  m_measuredOn.push_back(m_mesh);
   m_begun.reset();
   m_end.reset();
   Q_EMIT changed();
@@ -50,11 +59,21 @@ bool Measurements::takeBack() {
   return true;
 }
 
+void Measurements::removeNewest() {
+  if (m_distances.empty())
+    return;
+  m_distances.pop_back();
+  m_measuredOn.pop_back();
+  Q_EMIT changed();
+  Q_EMIT distancesChanged();
+}
+
 void Measurements::clear() {
   takeBack();
   if (m_distances.empty())
     return;
   m_distances.clear();
+  m_measuredOn.clear();
   Q_EMIT changed();
   Q_EMIT distancesChanged();
 }
@@ -67,15 +86,33 @@ void Measurements::setUnit(Vela::Common::ELengthUnit unit) {
   Q_EMIT unitChanged();
 }
 
+QString Measurements::textOf(std::size_t index) const {
+  const QString length = lineOf(m_distances[index], m_unit).text();
+  return isOld(index) ? tr("%1 (before an edit)").arg(length) : length;
+}
+
 QString Measurements::text() const {
-  return m_distances.empty() ? QString() : lineOf(m_distances.back(), m_unit).text();
+  return m_distances.empty() ? QString() : textOf(m_distances.size() - 1);
+}
+
+QString Measurements::list() const {
+  QStringList lines;
+  for (std::size_t i = 0; i < m_distances.size(); ++i)
+    lines += textOf(i);
+  return lines.join(u'\n');
 }
 
 void Measurements::draw(const AnnotationDevice& device) const {
-  for (const Distance& distance : m_distances) {
-    lineOf(distance, m_unit).draw(device);
-    PointObject(distance.from).draw(device);
-    PointObject(distance.to).draw(device);
+  for (std::size_t i = 0; i < m_distances.size(); ++i) {
+    LineObject line = lineOf(m_distances[i], m_unit);
+    PointObject from(m_distances[i].from);
+    PointObject to(m_distances[i].to);
+    line.setText(textOf(i));
+    for (AnnotationObject* const part : std::initializer_list<AnnotationObject*>{&line, &from, &to}) {
+      if (isOld(i))
+        part->setColor(Qt::gray);
+      part->draw(device);
+    }
   }
   if (!m_begun)
     return;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <qskrccommon/units.h>
+#include <workbench/mesh.h>
 
 #include <QObject>
 #include <QString>
@@ -17,7 +18,8 @@ class AnnotationDevice;
 namespace Workbench {
 
 /// The distances that were measured in a scene, and the one that is being measured. One unit of the scene is
-/// a millimetre. For the main thread.
+/// a millimetre. A distance belongs to the mesh it was measured on: while another one is shown, as after an
+/// edit, it is marked as old, and undoing the edit makes it good again. For the main thread.
 ///
 /// @code
 /// measurements.begin(first->point);
@@ -41,6 +43,10 @@ public:
   /// A first point is set, and no second one.
   bool isBegun() const noexcept { return m_begun.has_value(); }
 
+  /// The mesh that is measured from now on.
+  void setMesh(const Mesh& mesh);
+  bool isOld(std::size_t index) const { return !m_measuredOn[index].isCopyOf(m_mesh); }
+
   /// Sets the first point of a distance; takes back the one that was begun before.
   void begin(const QVector3D& from);
   /// Where the second point would be now; nothing where it cannot be.
@@ -49,13 +55,17 @@ public:
   void finish(const QVector3D& to);
   /// Forgets the first point. @return whether there was one.
   bool takeBack();
+  /// Forgets the distance that was finished last.
+  void removeNewest();
   void clear();
 
   Vela::Common::ELengthUnit unit() const noexcept { return m_unit; }
   void setUnit(Vela::Common::ELengthUnit unit);
 
-  /// The newest distance with its unit; empty when there is none.
+  /// The newest distance with its unit, and whether it is old; empty when there is none.
   QString text() const;
+  /// All of them, a line each, the newest last.
+  QString list() const;
   void draw(const Vela::Graphics::AnnotationDevice& device) const;
 
 Q_SIGNALS:
@@ -66,7 +76,11 @@ Q_SIGNALS:
   void distancesChanged();
 
 private:
+  QString textOf(std::size_t index) const;
+
+  Mesh m_mesh;
   std::vector<Distance> m_distances;
+  std::vector<Mesh> m_measuredOn; // of each distance
   std::optional<QVector3D> m_begun;
   std::optional<QVector3D> m_end; // of the one begun
   Vela::Common::ELengthUnit m_unit = Vela::Common::Millimetre;

@@ -7,6 +7,9 @@
 #include <stdexcept>
 
 namespace Workbench {
+
+using Vela::UiBase::Text;
+
 namespace {
 
 constexpr int MostSteps = 100;
@@ -20,11 +23,16 @@ struct Content {
 
 class MeshDocument::Step : public QUndoCommand {
 public:
-  Step(const QString& text, MeshDocument& document, Content before, Content after)
-      : QUndoCommand(text), m_document(document), m_before(std::move(before)), m_after(std::move(after)) {}
+  Step(const Text& text, MeshDocument& document, Content before, Content after)
+      : QUndoCommand(text.source()),
+        m_text(text),
+        m_document(document),
+        m_before(std::move(before)),
+        m_after(std::move(after)) {}
 
   void undo() override { apply(m_before); }
   void redo() override { apply(m_after); }
+  const Text& translatable() const noexcept { return m_text; }
 
 private:
   void apply(const Content& content) {
@@ -34,6 +42,7 @@ private:
       m_document.select(content.selection);
   }
 
+  const Text m_text;
   MeshDocument& m_document;
   Content m_before;
   Content m_after;
@@ -58,17 +67,26 @@ void MeshDocument::setSaved(const Mesh& mesh, const QString& fileName) {
   Q_EMIT savedStateChanged();
 }
 
-void MeshDocument::edit(const QString& text, const Mesh& result) {
+std::optional<Text> MeshDocument::textOfStep(int index) const {
+  const auto* const step = dynamic_cast<const Step*>(m_undoStack.command(index));
+  return step ? std::optional(step->translatable()) : std::nullopt;
+}
+
+std::optional<Text> MeshDocument::undoText() const { return textOfStep(m_undoStack.index() - 1); }
+
+std::optional<Text> MeshDocument::redoText() const { return textOfStep(m_undoStack.index()); }
+
+void MeshDocument::edit(const Text& text, const Mesh& result) {
   m_undoStack.push(
       new Step(text, *this, {m_mesh, m_selection}, {result, TriangleSelection(result.triangles().size())}));
 }
 
-void MeshDocument::setSelection(const TriangleSelection& selection, const QString& text) {
+void MeshDocument::setSelection(const TriangleSelection& selection, const Text& text) {
   if (selection.size() != m_mesh.triangles().size())
     throw std::invalid_argument("A selection of another mesh");
   if (selection != m_selection)
-    m_undoStack.push(new Step(text.isEmpty() ? tr("Select") : text, *this, {std::nullopt, m_selection},
-                              {std::nullopt, selection}));
+    m_undoStack.push(new Step(text.isEmpty() ? Text(staticMetaObject, QT_TR_NOOP("Select")) : text, *this,
+                              {std::nullopt, m_selection}, {std::nullopt, selection}));
 }
 
 void MeshDocument::show(const Mesh& mesh, const TriangleSelection& selection) {

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/commands/text.h>
 #include <workbench/mesh.h>
 #include <workbench/mesh_ops/triangle_selection.h>
 
 #include <QObject>
 #include <QString>
 #include <QUndoStack>
+
+#include <optional>
 
 namespace Workbench {
 
@@ -21,8 +24,8 @@ namespace Workbench {
 /// MeshDocument document;
 /// document.open(loadMesh(fileName), fileName);
 /// document.setSelection(selectConnected(document.mesh(), hit->triangle));
-/// document.edit(tr("Delete"), withoutTriangles(document.mesh(), document.selection()));
-/// document.undoStack()->undo();
+/// document.edit({staticMetaObject, QT_TR_NOOP("Delete")}, withoutTriangles(document.mesh(),
+/// document.selection())); document.undoStack()->undo();
 /// @endcode
 class MeshDocument : public QObject {
   Q_OBJECT
@@ -41,17 +44,21 @@ public:
   /// Owned by the document. Its undo and redo are the only ones; steps are made by edit() and setSelection().
   QUndoStack* undoStack() noexcept { return &m_undoStack; }
 
+  /// What undo and redo would take back and do again; none where there is nothing.
+  std::optional<Vela::UiBase::Text> undoText() const;
+  std::optional<Vela::UiBase::Text> redoText() const;
+
   /// Shows a mesh from a file. Forgets the selection and all steps.
   void open(const Mesh& mesh, const QString& fileName);
   /// That file has @p mesh now, which is the document's or was when the writing began. Steps stay.
   void setSaved(const Mesh& mesh, const QString& fileName);
   /// Puts @p result in the place of the mesh, as a step.
   /// @param text  what was done, for a user, as in "Undo %1"
-  void edit(const QString& text, const Mesh& result);
+  void edit(const Vela::UiBase::Text& text, const Mesh& result);
   /// Selects, as a step; nothing happens when that is selected already.
   /// @param text  what was done, for a user; empty for a common text
   /// @throws std::invalid_argument when @p selection is not of as many triangles as the mesh.
-  void setSelection(const TriangleSelection& selection, const QString& text = {});
+  void setSelection(const TriangleSelection& selection, const Vela::UiBase::Text& text = QString());
 
 Q_SIGNALS:
   /// A file was opened. Follows after the other two signals.
@@ -65,6 +72,7 @@ Q_SIGNALS:
 private:
   class Step;
 
+  std::optional<Vela::UiBase::Text> textOfStep(int index) const;
   void show(const Mesh& mesh, const TriangleSelection& selection);
   void select(const TriangleSelection& selection);
 

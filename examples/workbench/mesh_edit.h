@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ui_base/commands/run_progress.h>
+#include <ui_base/commands/text.h>
 #include <workbench/mesh.h>
 #include <workbench/mesh_ops/triangle_selection.h>
 
@@ -36,8 +37,8 @@ class MeshEdit : public QObject {
 
 public:
   struct Plan {
-    QString step;    ///< What was done, for a user, as in "Undo %1".
-    QString working; ///< What is shown during the work, "Smoothing".
+    Vela::UiBase::Text step; ///< What was done, for a user, as in "Undo %1".
+    QString working;         ///< What is shown during the work, "Smoothing".
     /// Called on a thread of the dispatcher.
     std::function<Mesh(const Mesh& mesh, const TriangleSelection& selection,
                        const Vela::UiBase::RunProgress& progress)>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "mesh_view.h"
 
+#include <ui_base/core/language.h>
 #include <vgsdevices/annotation_device.h>
 #include <vgsobjects/point_object.h>
 #include <vgsobjects/rectangle_object.h>
@@ -19,7 +20,6 @@ constexpr int RestTime = 150; // ms without a change after which the edges are s
 } // namespace
 
 MeshView::MeshView(QWidget* parent) : BaseView(parent) {
-  setAccessibleName(tr("Mesh view"));
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(160, 120);
@@ -27,6 +27,11 @@ MeshView::MeshView(QWidget* parent) : BaseView(parent) {
   m_rest.setInterval(RestTime);
   connect(&m_rest, &QTimer::timeout, this, [this] { invalidate(Change::Once); });
   followDocument();
+  Vela::UiBase::keepTranslated(this, [this] {
+    setAccessibleName(tr("Mesh view"));
+    updateStatusText();
+    update();
+  });
 }
 
 void MeshView::followDocument() {
@@ -35,6 +40,7 @@ void MeshView::followDocument() {
     updateStatusText();
   };
   connect(&m_document, &MeshDocument::meshChanged, this, [this, redraw] {
+    m_measurements.setMesh(m_document.mesh());
     m_preview.reset();
     redraw();
   });

@@ -30,6 +30,8 @@ Q_SIGNALS:
   void photosAsked(const QStringList& files);
   /// The user wants to see a page, an EPage.
   void pageAsked(int page);
+  /// The user wants the window as it was at the first start.
+  void layoutResetAsked();
 };
 
 } // namespace Workbench

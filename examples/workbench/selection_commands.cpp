@@ -9,8 +9,10 @@ namespace Workbench {
 using namespace Vela::UiBase;
 
 SelectionCommands::SelectionCommands()
-    : m_group(Taren::Objects::adoptShared(
-          new CommandGroup(QString(), CommandMenus::tr("Selection"), QStringLiteral("Selection")))) {
+    : m_group(Taren::Objects::adoptShared(new CommandGroup(
+          QString(),
+          Text("Workbench::CommandMenus", QT_TRANSLATE_NOOP("Workbench::CommandMenus", "Selection")),
+          QStringLiteral("Selection")))) {
   m_group->setBaseGroupName(SelectedSection);
 }
 

@@ -9,12 +9,14 @@
 #include <vlk_common_res/styles.h>
 #include <workbench/commands/dark_palette_command.h>
 #include <workbench/console.h>
+#include <workbench/language.h>
 #include <workbench/main_window.h>
 #include <workbench/mesh_view_controller.h>
 #include <workbench/panels/command_tooltip.h>
 #include <workbench/photos/photo_view.h>
 #include <workbench/screenshot_run.h>
 #include <workbench/toolbars/mesh_tool_bars.h>
+#include <workbench/window_layout.h>
 #include <workbench/workbench_app_manager.h>
 #include <workbench/workbench_icon_provider.h>
 
@@ -38,6 +40,7 @@ bool WorkbenchApp::Init() {
   Services::ApplicationService::GetInstance().setAppManager(std::make_unique<WorkbenchAppManager>());
   UiBase::WidgetPosCalculator::SetVerifySlidArrowByDefault(true);
   UiBase::TooltipManager::GetInstance().SetShowNextAtOnce(CommandTooltips, true);
+  Language::restore();
   DarkPaletteCommand::restorePalette();
   QApplication::setFont(Resource::Styles::Instance().FontLabel());
   m_window = std::make_unique<MainWindow>();
@@ -52,7 +55,12 @@ bool WorkbenchApp::Init() {
 void WorkbenchApp::showWindow() {
   m_window->resize(m_options.size);
   if (m_options.screenshot.isEmpty()) {
+    if (m_options.size == Options().size)
+      WindowLayout::restorePlace(*m_window);
     m_window->show();
+    WindowLayout::restoreContent(*m_window);
+    QObject::connect(&m_window->controller()->events(), &MeshViewEvents::layoutResetAsked, m_window.get(),
+                     [window = m_window.get()] { WindowLayout::reset(*window, Options().size); });
     m_window->controller()->openFiles(m_options.files);
     return;
   }
@@ -66,6 +74,8 @@ void WorkbenchApp::showWindow() {
 int WorkbenchApp::status() const { return m_screenshot ? m_screenshot->status() : 0; }
 
 void WorkbenchApp::Terminate() {
+  if (m_window && getVC() && !m_screenshot)
+    WindowLayout::save(*m_window);
   m_screenshot.reset();
   m_window.reset();
 }

@@ -12,7 +12,9 @@
 #include <workbench/commands/history_command.h>
 #include <workbench/commands/inspect_command.h>
 #include <workbench/commands/keyboard_command.h>
+#include <workbench/commands/language_command.h>
 #include <workbench/commands/length_unit_command.h>
+#include <workbench/commands/measurement_command.h>
 #include <workbench/commands/mesh_info_command.h>
 #include <workbench/commands/mesh_user.h>
 #include <workbench/commands/mode_command.h>
@@ -20,6 +22,7 @@
 #include <workbench/commands/open_recent_command.h>
 #include <workbench/commands/placement_command.h>
 #include <workbench/commands/quit_command.h>
+#include <workbench/commands/reset_layout_command.h>
 #include <workbench/commands/reset_view_command.h>
 #include <workbench/commands/save_mesh_command.h>
 #include <workbench/commands/save_screenshot_command.h>
@@ -29,6 +32,7 @@
 #include <workbench/commands/smooth_flyout_command.h>
 #include <workbench/commands/smooth_mesh_command.h>
 #include <workbench/commands/volume_panel_command.h>
+#include <workbench/language.h>
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
 #include <workbench/pages/show_page_command.h>
@@ -44,10 +48,13 @@ using namespace Vela::UiBase;
 
 namespace {
 
+Text text(const char* source) { return {"Workbench::WorkbenchAppManager", source}; }
+
 // What the left button does.
 CommandGroup* modeGroup(MeshViewController* controller) {
-  auto* const modes =
-      new CommandGroup(QString(), WorkbenchAppManager::tr("Left mouse button"), QStringLiteral("Modes"));
+  auto* const modes = new CommandGroup(
+      QString(), text(QT_TRANSLATE_NOOP("Workbench::WorkbenchAppManager", "Left mouse button")),
+      QStringLiteral("Modes"));
   modes->setBaseGroupName(ToolsSection);
   int rank = 0;
   for (const EToolMode mode : {PickMode, MeasureMode, RectangleMode})
@@ -56,9 +63,10 @@ CommandGroup* modeGroup(MeshViewController* controller) {
 }
 
 CommandGroup* shadingGroup(MeshViewController* controller) {
-  auto* const group = new CommandGroup(QStringLiteral("smooth_shading"), WorkbenchAppManager::tr("Shading"),
+  auto* const group = new CommandGroup(QStringLiteral("smooth_shading"),
+                                       text(QT_TRANSLATE_NOOP("Workbench::WorkbenchAppManager", "Shading")),
                                        QStringLiteral("Shading"));
-  group->setText(WorkbenchAppManager::tr("&Shading"));
+  group->setText(text(QT_TRANSLATE_NOOP("Workbench::WorkbenchAppManager", "&Shading")));
   group->setBaseGroupName(LookSection);
   int rank = 0;
   for (const EShading shading : {SmoothShading, FlatShading, FlatShadingWithEdges})
@@ -68,20 +76,33 @@ CommandGroup* shadingGroup(MeshViewController* controller) {
 
 CommandGroup* unitGroup(MeshViewController* controller) {
   using namespace Vela::Common;
-  auto* const group =
-      new CommandGroup(QString(), WorkbenchAppManager::tr("Unit of distances"), QStringLiteral("LengthUnit"));
-  group->setText(WorkbenchAppManager::tr("&Unit"));
+  auto* const group = new CommandGroup(
+      QString(), text(QT_TRANSLATE_NOOP("Workbench::WorkbenchAppManager", "Unit of distances")),
+      QStringLiteral("LengthUnit"));
+  group->setText(text(QT_TRANSLATE_NOOP("Workbench::WorkbenchAppManager", "&Unit")));
   group->setBaseGroupName(MeasureSection);
-  const std::pair<ELengthUnit, QString> units[] = {
-      {Millimetre, WorkbenchAppManager::tr("&Millimetres")},
-      {Centimetre, WorkbenchAppManager::tr("&Centimetres")},
-      {Metre, WorkbenchAppManager::tr("M&etres")},
-      {Inch, WorkbenchAppManager::tr("&Inches")},
-      {Foot, WorkbenchAppManager::tr("&Feet")},
+  const std::pair<ELengthUnit, Text> units[] = {
+      {Millimetre, text(QT_TRANSLATE_NOOP("Workbench::WorkbenchAppManager", "&Millimetres"))},
+      {Centimetre, text(QT_TRANSLATE_NOOP("Workbench::WorkbenchAppManager", "&Centimetres"))},
+      {Metre, text(QT_TRANSLATE_NOOP("Workbench::WorkbenchAppManager", "M&etres"))},
+      {Inch, text(QT_TRANSLATE_NOOP("Workbench::WorkbenchAppManager", "&Inches"))},
+      {Foot, text(QT_TRANSLATE_NOOP("Workbench::WorkbenchAppManager", "&Feet"))},
   };
   int rank = 0;
-  for (const auto& [unit, text] : units)
-    group->addCommand(new LengthUnitCommand(controller, unit, text), rank++);
+  for (const auto& [unit, name] : units)
+    group->addCommand(new LengthUnitCommand(controller, unit, name), rank++);
+  return group;
+}
+
+CommandGroup* languageGroup(MeshViewController* controller) {
+  auto* const group =
+      new CommandGroup(QString(), text(QT_TRANSLATE_NOOP("Workbench::WorkbenchAppManager", "Language")),
+                       QStringLiteral("Language"));
+  group->setText(text(QT_TRANSLATE_NOOP("Workbench::WorkbenchAppManager", "&Language")));
+  group->setBaseGroupName(LookSection);
+  int rank = 0;
+  for (const QLocale::Language language : Language::all())
+    group->addCommand(new LanguageCommand(controller, language), rank++);
   return group;
 }
 
@@ -95,8 +116,9 @@ public:
 
 CommandBase* nextShading(MeshViewController* controller, CommandGroup* shadings) {
   auto* const next = new NextShadingCommand(controller, shadings);
-  next->setText(WorkbenchAppManager::tr("&Next Shading"));
-  next->setStatusTip(WorkbenchAppManager::tr("Show the mesh in one shading after another"));
+  next->setText(text(QT_TRANSLATE_NOOP("Workbench::WorkbenchAppManager", "&Next Shading")));
+  next->setStatusTip(text(
+      QT_TRANSLATE_NOOP("Workbench::WorkbenchAppManager", "Show the mesh in one shading after another")));
   next->setBaseGroupName(LookSection);
   return next;
 }
@@ -114,8 +136,9 @@ CommandGroup* selectionGroup(MeshViewController* controller) {
 
 CommandGroup* recentGroup(MeshViewController* controller) {
   auto* const group =
-      new CommandGroup(QString(), WorkbenchAppManager::tr("Recent files"), QStringLiteral("RecentFiles"));
-  group->setText(WorkbenchAppManager::tr("Open &Recent"));
+      new CommandGroup(QString(), text(QT_TRANSLATE_NOOP("Workbench::WorkbenchAppManager", "Recent files")),
+                       QStringLiteral("RecentFiles"));
+  group->setText(text(QT_TRANSLATE_NOOP("Workbench::WorkbenchAppManager", "Open &Recent")));
   group->setBaseGroupName(FileSection);
   for (int place = 0; place < RecentFiles::Most; ++place)
     group->addCommand(new OpenRecentCommand(controller, place), place);
@@ -123,7 +146,8 @@ CommandGroup* recentGroup(MeshViewController* controller) {
 }
 
 CommandGroup* pageGroup(MeshViewController* controller) {
-  auto* const group = new CommandGroup(QString(), WorkbenchAppManager::tr("Page"), QStringLiteral("Pages"));
+  auto* const group = new CommandGroup(
+      QString(), text(QT_TRANSLATE_NOOP("Workbench::WorkbenchAppManager", "Page")), QStringLiteral("Pages"));
   group->setBaseGroupName(PageSection);
   int rank = 0;
   for (const EPage page : {MeshPage, PhotoPage})
@@ -157,6 +181,8 @@ QList<CommandBase*> meshCommands(MeshViewController* mesh) {
           new SelectionCommand(mesh, InvertSelection),
           selectionGroup(mesh),
           modeGroup(mesh),
+          new MeasurementCommand(mesh, RemoveMeasurement),
+          new MeasurementCommand(mesh, CopyMeasurements),
           new ClearMeasurementsCommand(mesh),
           unitGroup(mesh),
           pageGroup(mesh),
@@ -166,6 +192,8 @@ QList<CommandBase*> meshCommands(MeshViewController* mesh) {
           shadings,
           nextShading(mesh, shadings),
           new DarkPaletteCommand(mesh),
+          languageGroup(mesh),
+          new ResetLayoutCommand(mesh),
           new PlacementOverlayCommand(mesh),
           new PrintPlacementCommand(mesh),
           new FindCommandCommand(mesh),

@@ -24,7 +24,7 @@ public:
   const QString& file() const { return m_file; }
   // A step that makes a mesh of 200 triangles of it.
   void edit() {
-    view().document().edit("Make a blob", Test::blob(10));
+    view().document().edit(QStringLiteral("Make a blob"), Test::blob(10));
     settle();
   }
   MeshDocument& document() { return view().document(); }

@@ -4,6 +4,7 @@
 #include "command_palette_p.h"
 
 #include <ui_base/commands/cmd_mgr.h>
+#include <ui_base/core/language.h>
 #include <vlk_common_res/styles.h>
 
 #include <QAction>
@@ -18,11 +19,14 @@ using Vela::Resource::Styles;
 CommandPalette::CommandPalette(QWidget* parent)
     : QWidget(parent), d(std::make_unique<CommandPalettePrivate>(*this)) {
   hide();
-  setAccessibleName(tr("Find a command"));
-  d->openAction->setText(tr("Find Command…"));
-  d->field->setPlaceholderText(tr("Find a command"));
-  d->field->setAccessibleName(tr("Name of the command"));
-  d->list->setAccessibleName(tr("Commands found"));
+  keepTranslated(this, [this] {
+    setAccessibleName(tr("Find a command"));
+    d->openAction->setText(tr("Find Command…"));
+    d->field->setPlaceholderText(tr("Find a command"));
+    d->field->setAccessibleName(tr("Name of the command"));
+    d->list->setAccessibleName(tr("Commands found"));
+    dismiss(); // its rows are of the language before
+  });
   if (parent)
     parent->addAction(d->openAction);
   connect(d->openAction, &QAction::triggered, this, &CommandPalette::open);

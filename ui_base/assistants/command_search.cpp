@@ -53,14 +53,18 @@ CommandSearch::Entry newEntry(const std::shared_ptr<CommandBase>& command,
   entry.title = MatchText(entry.name);
   if (const QString spelled = spelledOut(entry.name); spelled != entry.name)
     entry.spelled = MatchText(spelled);
+  if (const QString original = nameInSentence(command->translatableText().source()); original != entry.name)
+    entry.original = MatchText(original);
   entry.context = MatchText(path + u' ' + wordsOf(entry.id));
   return entry;
 }
 
 int qualityOf(const MatchText& typed, const CommandSearch::Entry& entry) {
   int quality = matchQuality(typed, entry.title);
-  if (entry.spelled.wordCount() > 0)
-    quality = std::max(quality, matchQuality(typed, entry.spelled));
+  for (const MatchText* const other : {&entry.spelled, &entry.original}) {
+    if (other->wordCount() > 0)
+      quality = std::max(quality, matchQuality(typed, *other));
+  }
   if (quality < bestQuality - contextMalus)
     quality = std::max(quality, matchQuality(typed, entry.context) - contextMalus);
   return quality;

@@ -29,8 +29,9 @@ public:
     QString name;
     QString path; ///< The names of the groups it stands in, the outermost first.
     MatchText title;
-    MatchText spelled; ///< With "ae" for an umlaut and so on; empty where that makes no difference.
-    MatchText context; ///< The groups, and the words of the identifier.
+    MatchText spelled;  ///< With "ae" for an umlaut and so on; empty where that makes no difference.
+    MatchText original; ///< The text before its translation; empty where that makes no difference.
+    MatchText context;  ///< The groups, and the words of the identifier.
   };
 
   /// Adds the commands of a manager, those in its groups included; groups themselves and commands that are

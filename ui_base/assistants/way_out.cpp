@@ -15,7 +15,7 @@ namespace Vela::UiBase {
 
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("Vela::UiBase::WayOut", text); }
+QString tr(const char* text) { return QCoreApplication::translate("Vela::UiBase", text); }
 
 QWidget* openPanel(CommandBase& command) {
   const auto* const flyout = dynamic_cast<FlyoutCommand*>(&command);

@@ -5,6 +5,7 @@
 #include "command_execution.h"
 #include "command_group.h"
 #include "command_name.h"
+#include "command_texts.h"
 #include "command_tips.h"
 #include "run_log.h"
 #include "run_source.h"
@@ -13,6 +14,7 @@
 #include <vlk_common_res/strings.h>
 #include <vlk_license/license_service.h>
 
+#include <QCoreApplication>
 #include <QLoggingCategory>
 
 #include <array>
@@ -37,8 +39,9 @@ public:
   QStringList attachedGroupNames;
   Taren::Core::EQualityOfService executionQoS = Taren::Core::MainThreadQoS;
   bool notificationEnabled = false;
-  std::array<QString, 2> notificationMessages;
+  std::array<Text, 2> notificationMessages{QString(), QString()};
   bool paidFeature = false;
+  CommandTexts texts;
 };
 
 CommandBase::CommandBase(CmdsViewController* controller) : d(std::make_unique<CommandBasePrivate>()) {
@@ -87,11 +90,27 @@ bool CommandBase::isExecutionNotificationEnabled() const { return d->notificatio
 void CommandBase::enableExecutionNotification(bool enable) { d->notificationEnabled = enable; }
 
 QString CommandBase::getExecutionNotificationMessage(ENotification notification) const {
-  return d->notificationMessages.at(notification == EndNotification ? 1 : 0);
+  return d->notificationMessages.at(notification == EndNotification ? 1 : 0).translated();
 }
 
 void CommandBase::setExecutionNotificationMessage(ENotification notification, const QString& message) {
+  setExecutionNotificationMessage(notification, Text(message));
+}
+
+void CommandBase::setExecutionNotificationMessage(ENotification notification, const Text& message) {
   d->notificationMessages.at(notification == EndNotification ? 1 : 0) = message;
+}
+
+void CommandBase::setText(const Text& text) { d->texts.set(*this, CommandTexts::Label, text); }
+
+void CommandBase::setToolTip(const Text& toolTip) { d->texts.set(*this, CommandTexts::ToolTip, toolTip); }
+
+void CommandBase::setStatusTip(const Text& statusTip) {
+  d->texts.set(*this, CommandTexts::StatusTip, statusTip);
+}
+
+Text CommandBase::translatableText() const {
+  return d->texts.text(*this, CommandTexts::Label).value_or(Text(text()));
 }
 
 bool CommandBase::hasCommand(const QString&) const { return false; }
@@ -195,7 +214,8 @@ void CommandBase::onToggled(bool checked) {
 
 void CommandBase::onExecutionFailed(const QString& reason) {
   qCWarning(commandLog, "%s failed: %s", qUtf8Printable(commandId()), qUtf8Printable(reason));
-  Upstairs::showError(d->controller, tr("\"%1\" failed: %2").arg(nameInSentence(*this), reason));
+  const QString sentence = QCoreApplication::translate("Vela::UiBase::CommandBase", "\"%1\" failed: %2");
+  Upstairs::showError(d->controller, sentence.arg(nameInSentence(*this), reason));
 }
 
 } // namespace Vela::UiBase

@@ -6,6 +6,7 @@
 #include <ui_base/commands/command_id.h>
 #include <ui_base/commands/command_run.h>
 #include <ui_base/commands/command_state.h>
+#include <ui_base/commands/text.h>
 #include <ui_base/core/command_state_protocol.h>
 #include <ui_base/core/shared_object.h>
 #include <ui_base/ui_base_export.h>
@@ -50,15 +51,17 @@ namespace Vela::UiBase {
 /// take it into shared ownership, and delete none by hand. A command with a quality of service other than 0
 /// must be shared before it is triggered.
 ///
+/// A text that is given as Text follows the language of the program; one that is given as a string stays.
+///
 /// @code
 /// class SmoothCommand : public CommandBase {
 ///   Q_OBJECT
 ///   COMMAND_ID(SmoothCommand)
 /// public:
 ///   explicit SmoothCommand(CmdsViewController* controller) : CommandBase(controller) {
-///     setText(tr("Smooth"));
+///     setText({staticMetaObject, QT_TR_NOOP("Smooth")});
 ///     setExecutionQoS(Taren::Core::NormalQoS);
-///     setExecutionNotificationMessage(StartNotification, tr("Smoothing…"));
+///     setExecutionNotificationMessage(StartNotification, {staticMetaObject, QT_TR_NOOP("Smoothing…")});
 ///     enableExecutionNotification(true);
 ///   }
 ///   bool onExecuteAsync(bool) override { return smoothMesh(); }   // on a worker thread
@@ -131,6 +134,18 @@ public:
   virtual QStringList attachedCommandGroupNames() const;
   /// As attachedCommandGroupNames(), without a copy.
   virtual const QStringList& attachedCommandGroupName() const;
+
+  using QAction::setStatusTip;
+  using QAction::setText;
+  using QAction::setToolTip;
+  /// Shows the text in the language of the program from now on, until another text is set.
+  void setText(const Text& text);
+  void setToolTip(const Text& toolTip);
+  void setStatusTip(const Text& statusTip);
+  /// The message is looked up when it is asked for.
+  void setExecutionNotificationMessage(ENotification notification, const Text& message);
+  /// What text() shows; a text of one language when it was set as a string.
+  Text translatableText() const;
 
   /// The view of the command's controller, or null.
   BaseView* getView() const;

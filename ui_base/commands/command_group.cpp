@@ -10,6 +10,9 @@
 namespace Vela::UiBase {
 
 CommandGroup::CommandGroup(const QString& iconName, const QString& toolTip, const QString& name)
+    : CommandGroup(iconName, Text(toolTip), name) {}
+
+CommandGroup::CommandGroup(const QString& iconName, const Text& toolTip, const QString& name)
     : CommandBase(nullptr), d(std::make_unique<CommandGroupPrivate>()) {
   if (!iconName.isEmpty())
     setIcon(Upstairs::icon(iconName));

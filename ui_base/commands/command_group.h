@@ -41,6 +41,8 @@ public:
   /// @param toolTip the tooltip.
   /// @param name the object name, from which the identifier is made.
   CommandGroup(const QString& iconName, const QString& toolTip, const QString& name);
+  /// @overload With a tooltip that follows the language of the program.
+  CommandGroup(const QString& iconName, const Text& toolTip, const QString& name);
   ~CommandGroup() override;
 
   /// The class name, "Vela::UiBase::CommandGroup".

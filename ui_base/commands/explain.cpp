@@ -19,6 +19,10 @@ struct Sentences {
   Q_DECLARE_TR_FUNCTIONS(Vela::UiBase::CommandCause)
 };
 
+QString notAtPresent() { return Sentences::tr("Not available at present."); }
+
+QString needsLicence() { return Sentences::tr("This is a paid feature; it needs a licence."); }
+
 QString nameOf(const CmdMgr& manager, const QString& id) {
   const CommandBase* const command = manager.findCommand(id);
   return command ? nameInSentence(*command) : id;
@@ -76,10 +80,10 @@ QList<CommandCause> CmdMgr::explain(const QString& id) const {
   const QString reason = groundIsOff ? groundReason(id) : QString();
   const QList<CommandCause> groups = isDisabled ? groupsDisabling(*command) : QList<CommandCause>();
   if (isDisabled && reason.isEmpty() && groups.isEmpty() && (groundIsOff || causes.isEmpty()))
-    causes.append({CommandCause::OwnState, {}, Sentences::tr("Not available at present.")});
+    causes.append({CommandCause::OwnState, {}, notAtPresent()});
   causes += groups;
   if (command->isPaidFeature() && !License::LicenseService::Instance().isUsable())
-    causes.append({CommandCause::Licence, {}, Sentences::tr("This is a paid feature; it needs a licence.")});
+    causes.append({CommandCause::Licence, {}, needsLicence()});
   if (!reason.isEmpty())
     causes.append({CommandCause::Application, {}, reason});
   return causes;

@@ -4,6 +4,7 @@
 #include "menu_bar_layout.h"
 #include "menu_contents.h"
 
+#include <ui_base/core/language.h>
 #include <vlk_common_res/styles.h>
 
 #include <QFrame>
@@ -36,8 +37,10 @@ MenuBarWidget::MenuBarWidget(const QString& name, QWidget* parent)
   m_layout->addStretch(1);
   m_overflowButton->setObjectName(QStringLiteral("overflow"));
   m_overflowButton->setText(QStringLiteral("\u00bb"));
-  m_overflowButton->setToolTip(tr("More of the menu bar"));
-  m_overflowButton->setAccessibleName(m_overflowButton->toolTip());
+  keepTranslated(m_overflowButton, [button = m_overflowButton] {
+    button->setToolTip(tr("More of the menu bar"));
+    button->setAccessibleName(button->toolTip());
+  });
   m_overflowButton->setAutoRaise(true);
   m_overflowButton->setPopupMode(QToolButton::InstantPopup);
   m_overflowButton->setFocusPolicy(Qt::NoFocus);

@@ -8,6 +8,7 @@
 #include "menu_contents.h"
 #include "menu_shortcuts.h"
 
+#include <ui_base/core/language.h>
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <vlk_common_res/styles.h>
 
@@ -46,7 +47,9 @@ void MenuBuilderPrivate::createMenuBar(const QString& name, const QString& title
   installMenuBarAccessibility();
   QWidget* const owner = parent ? parent.data() : mainWindow.data();
   bar = new MenuBarWidget(name, owner);
-  bar->setAccessibleName(title.isEmpty() ? MenuBuilder::tr("Menu bar") : title);
+  keepTranslated(bar, [bar = bar.data(), title] {
+    bar->setAccessibleName(title.isEmpty() ? MenuBuilder::tr("Menu bar") : title);
+  });
   bar->hide();
   menus = new MenuBarMenus(bar);
   keys = new MenuBarKeys(bar, menus, mainWindow);

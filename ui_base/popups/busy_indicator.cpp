@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "busy_indicator.h"
 
+#include <ui_base/core/language.h>
 #include <vlk_common_res/icons.h>
 
 #include <QPainter>
@@ -10,7 +11,7 @@ namespace Vela::UiBase {
 BusyIndicator::BusyIndicator(QWidget* parent) : QWidget(parent) {
   constexpr int size = 16;
   setObjectName(QStringLiteral("busy_label"));
-  setAccessibleName(tr("Working"));
+  keepTranslated(this, [this] { setAccessibleName(tr("Working")); });
   setFixedSize(size, size);
   QSizePolicy keepsItsPlace = sizePolicy();
   keepsItsPlace.setRetainSizeWhenHidden(true);

@@ -3,6 +3,7 @@
 
 #include "dialog_message.h"
 
+#include <ui_base/core/language.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/config_manager.h>
 
@@ -52,6 +53,7 @@ public:
   DialogEx* const q;
   DialogMessage* message = nullptr;
   QCheckBox* remember = nullptr;
+  bool asksAsUsual = true; // in words of the library
   QString rememberKey;
   QList<Named> named;
   QString answerName;
@@ -129,6 +131,10 @@ DialogEx::DialogEx(QWidget* parent) : MDialogBase(parent), d(std::make_unique<Di
   connect(d->message, &DialogMessage::detailsToggled, this, &DialogEx::onDetailsToggled);
   d->remember = new QCheckBox(this);
   d->remember->hide();
+  keepTranslated(this, [this] {
+    if (d->asksAsUsual)
+      d->remember->setText(tr("Do not ask again"));
+  });
   AddFooter(d->remember);
 }
 
@@ -191,7 +197,8 @@ QString DialogEx::Answer() const { return d->answerName; }
 
 void DialogEx::SetRememberKey(const QString& key, const QString& text) {
   d->rememberKey = key;
-  d->remember->setText(text.isEmpty() ? tr("Do not ask again") : text);
+  d->asksAsUsual = text.isEmpty();
+  d->remember->setText(d->asksAsUsual ? tr("Do not ask again") : text);
   d->remember->setVisible(!key.isEmpty());
 }
 

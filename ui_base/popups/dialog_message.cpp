@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialog_message.h"
 
+#include <ui_base/core/language.h>
 #include <vlk_common_res/icons.h>
 #include <vlk_common_res/styles.h>
 
@@ -71,14 +72,16 @@ QLayout* DialogMessage::textColumn() {
   m_informative->hide();
   m_unfold = new QToolButton(this);
   m_unfold->setObjectName(QStringLiteral("details_button"));
-  m_unfold->setText(tr("&Details"));
   m_unfold->setCheckable(true);
   m_unfold->setFocusPolicy(Qt::StrongFocus);
   m_unfold->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   m_unfold->hide();
   m_details = new QPlainTextEdit(this);
   m_details->setObjectName(QStringLiteral("details_edit"));
-  m_details->setAccessibleName(tr("Details"));
+  keepTranslated(this, [this] {
+    m_unfold->setText(tr("&Details"));
+    m_details->setAccessibleName(tr("Details"));
+  });
   m_details->setReadOnly(true);
   m_details->setTabChangesFocus(true);
   m_details->setMinimumHeight(detailsHeight);

@@ -3,6 +3,8 @@
 
 #include "busy_indicator.h"
 #include "content_scroller.h"
+#include "leading_label.h"
+#include "own_button_text.h"
 
 #include <vlk_common_res/icons.h>
 #include <vlk_common_res/styles.h>
@@ -38,8 +40,9 @@ QWidget* firstFocusable(QWidget* root) {
 
 } // namespace
 
-QPushButton* FlyoutBasePrivate::button(const QString& text, void (FlyoutBase::*action)()) {
-  auto* const made = new QPushButton(text, q);
+QPushButton* FlyoutBasePrivate::button(const char* text, void (FlyoutBase::*action)()) {
+  auto* const made = new QPushButton(q);
+  keepOwnText(made, "Vela::UiBase::FlyoutBase", text);
   made->setAutoDefault(true); // Return presses it while it has the focus
   QObject::connect(made, &QPushButton::clicked, q, action);
   return made;
@@ -47,15 +50,17 @@ QPushButton* FlyoutBasePrivate::button(const QString& text, void (FlyoutBase::*a
 
 QLayout* FlyoutBasePrivate::titleRow(bool close) {
   auto* const row = new QHBoxLayout;
-  title = new QLabel(q);
+  title = new LeadingLabel(q);
   title->setObjectName(QStringLiteral("title_label"));
   row->addWidget(title, 1);
   if (close) {
     auto* const closeButton = new QToolButton(q);
     closeButton->setObjectName(QStringLiteral("close_button"));
     closeButton->setIcon(Resource::Icons::icon(QStringLiteral("close")));
-    closeButton->setAccessibleName(FlyoutBase::tr("Close"));
-    closeButton->setToolTip(FlyoutBase::tr("Close"));
+    keepTranslated(closeButton, [closeButton] {
+      closeButton->setAccessibleName(FlyoutBase::tr("Close"));
+      closeButton->setToolTip(FlyoutBase::tr("Close"));
+    });
     QObject::connect(closeButton, &QToolButton::clicked, q, &FlyoutBase::CloseMe);
     row->addWidget(closeButton);
   }
@@ -65,14 +70,16 @@ QLayout* FlyoutBasePrivate::titleRow(bool close) {
 QLayout* FlyoutBasePrivate::buttonRow(bool apply, bool reset, bool cancel) {
   auto* const row = new QHBoxLayout;
   if (reset)
-    row->addWidget(resetButton = button(FlyoutBase::tr("Reset"), &FlyoutBase::Reset));
+    row->addWidget(resetButton =
+                       button(QT_TRANSLATE_NOOP("Vela::UiBase::FlyoutBase", "Reset"), &FlyoutBase::Reset));
   indicator = new BusyIndicator(q);
   row->addStretch(1);
   row->addWidget(indicator);
   if (cancel)
-    row->addWidget(button(FlyoutBase::tr("Cancel"), &FlyoutBase::Cancel));
+    row->addWidget(button(QT_TRANSLATE_NOOP("Vela::UiBase::FlyoutBase", "Cancel"), &FlyoutBase::Cancel));
   if (apply) {
-    row->addWidget(applyButton = button(FlyoutBase::tr("Apply"), &FlyoutBase::Apply));
+    row->addWidget(applyButton =
+                       button(QT_TRANSLATE_NOOP("Vela::UiBase::FlyoutBase", "Apply"), &FlyoutBase::Apply));
     applyButton->setDefault(true);
   }
   return row;

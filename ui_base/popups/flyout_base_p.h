@@ -25,7 +25,7 @@ public:
   void build(QWidget* panel, bool apply, bool reset, bool cancel, bool close);
   QLayout* titleRow(bool close);
   QLayout* buttonRow(bool apply, bool reset, bool cancel);
-  QPushButton* button(const QString& text, void (FlyoutBase::*action)());
+  QPushButton* button(const char* text, void (FlyoutBase::*action)());
   void applyStyles();
   void updateEnabled();
   void giveFocusBack();

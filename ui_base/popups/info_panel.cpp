@@ -2,9 +2,11 @@
 #include "info_panel.h"
 
 #include "info_view_loader.h"
+#include "leading_label.h"
 #include "local_page.h"
 #include "text_info_view.h"
 
+#include <ui_base/core/language.h>
 #include <vlk_common_res/styles.h>
 
 #include <QDesktopServices>
@@ -98,7 +100,7 @@ void InfoPanelPrivate::applyStyles() {
 }
 
 InfoPanel::InfoPanel(QWidget* parent) : QWidget(parent), d(std::make_unique<InfoPanelPrivate>(this)) {
-  d->title = new QLabel(this);
+  d->title = new LeadingLabel(this);
   d->title->setObjectName(QStringLiteral("title_label"));
   d->title->setTextFormat(Qt::PlainText);
   d->title->hide();
@@ -106,7 +108,10 @@ InfoPanel::InfoPanel(QWidget* parent) : QWidget(parent), d(std::make_unique<Info
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(titleSpacing);
   column->addWidget(d->title);
-  setAccessibleName(tr("Information"));
+  keepTranslated(this, [this] {
+    if (Title().isEmpty())
+      setAccessibleName(tr("Information"));
+  });
   setFocusPolicy(Qt::StrongFocus); // until there is a view that it can hand the focus to
   d->applyStyles();
   connect(&Styles::Instance(), &Styles::changed, this, [this] { d->applyStyles(); });

@@ -41,19 +41,19 @@ MDialogBase::MDialogBase(const QString& title, QWidget* content, bool apply, boo
   SetTitle(title);
   SetContent(content);
   if (apply) {
-    d->applyButton = d->button(tr("Apply"), QDialogButtonBox::ApplyRole);
+    d->applyButton = d->ownButton(QT_TR_NOOP("Apply"), QDialogButtonBox::ApplyRole);
     connect(d->applyButton, &QPushButton::clicked, this, &MDialogBase::Apply);
     SetDefaultButton(d->applyButton);
   }
   if (reset) {
-    d->resetButton = d->button(tr("Reset"), QDialogButtonBox::ResetRole);
+    d->resetButton = d->ownButton(QT_TR_NOOP("Reset"), QDialogButtonBox::ResetRole);
     connect(d->resetButton, &QPushButton::clicked, this, &MDialogBase::Reset);
   }
   if (cancel)
-    connect(d->button(tr("Cancel"), QDialogButtonBox::RejectRole), &QPushButton::clicked, this,
+    connect(d->ownButton(QT_TR_NOOP("Cancel"), QDialogButtonBox::RejectRole), &QPushButton::clicked, this,
             &MDialogBase::Cancel);
   if (close) {
-    QPushButton* const closeButton = d->button(tr("Close"), QDialogButtonBox::RejectRole);
+    QPushButton* const closeButton = d->ownButton(QT_TR_NOOP("Close"), QDialogButtonBox::RejectRole);
     connect(closeButton, &QPushButton::clicked, this, &MDialogBase::CloseMe);
     if (!apply)
       SetDefaultButton(closeButton);

@@ -4,6 +4,8 @@
 #include "busy_indicator.h"
 #include "content_scroller.h"
 #include "flyout_base.h"
+#include "leading_label.h"
+#include "own_button_text.h"
 
 #include <vlk_common_res/styles.h>
 
@@ -47,7 +49,7 @@ bool MDialogBasePrivate::isDismissing(QDialogButtonBox::ButtonRole role) {
 
 void MDialogBasePrivate::build() {
   column = new QVBoxLayout(q);
-  title = new QLabel(q);
+  title = new LeadingLabel(q);
   title->setObjectName(QStringLiteral("title_label"));
   title->setTextFormat(Qt::PlainText);
   title->setWordWrap(true);
@@ -89,6 +91,12 @@ QPushButton* MDialogBasePrivate::button(const QString& text, QDialogButtonBox::B
   if (busy && !isDismissing(role))
     hold(made);
   updateFrame();
+  return made;
+}
+
+QPushButton* MDialogBasePrivate::ownButton(const char* text, QDialogButtonBox::ButtonRole role) {
+  QPushButton* const made = button(QString(), role);
+  keepOwnText(made, "Vela::UiBase::MDialogBase", text);
   return made;
 }
 

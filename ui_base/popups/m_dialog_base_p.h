@@ -29,6 +29,8 @@ public:
   void build();
   void applyStyles();
   QPushButton* button(const QString& text, QDialogButtonBox::ButtonRole role);
+  /// With a text of the library; one that SetApplyText() gave since stays.
+  QPushButton* ownButton(const char* text, QDialogButtonBox::ButtonRole role);
   bool isEnabledWhenIdle(const QPushButton* which) const;
   void enable(QPushButton* which, bool on);
   void hold(QWidget* widget);

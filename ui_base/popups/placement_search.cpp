@@ -10,47 +10,47 @@ namespace Vela::UiBase {
 
 namespace {
 
+struct Words {
+  Q_DECLARE_TR_FUNCTIONS(Vela::UiBase::PlacementSearch)
+};
+
 QString inWords(const QRect& rect) {
-  return PlacementSearch::tr("%1 × %2 at (%3, %4)")
-      .arg(rect.width())
-      .arg(rect.height())
-      .arg(rect.x())
-      .arg(rect.y());
+  return Words::tr("%1 × %2 at (%3, %4)").arg(rect.width()).arg(rect.height()).arg(rect.x()).arg(rect.y());
 }
 
 QString sideInWords(EDirection side) {
   switch (side) {
   case Left:
-    return PlacementSearch::tr("left");
+    return Words::tr("left");
   case Top:
-    return PlacementSearch::tr("above");
+    return Words::tr("above");
   case Right:
-    return PlacementSearch::tr("right");
+    return Words::tr("right");
   case Bottom:
-    return PlacementSearch::tr("below");
+    return Words::tr("below");
   default:
-    return PlacementSearch::tr("anywhere");
+    return Words::tr("anywhere");
   }
 }
 
 QString arrowInWords(EArrowPosition arrow) {
   switch (arrow) {
   case ArrowTop:
-    return PlacementSearch::tr("arrow at the top");
+    return Words::tr("arrow at the top");
   case ArrowBottom:
-    return PlacementSearch::tr("arrow at the bottom");
+    return Words::tr("arrow at the bottom");
   case ArrowLeft:
-    return PlacementSearch::tr("arrow at the left");
+    return Words::tr("arrow at the left");
   case ArrowRight:
-    return PlacementSearch::tr("arrow at the right");
+    return Words::tr("arrow at the right");
   case ArrowTopLeft:
-    return PlacementSearch::tr("arrow at the top left");
+    return Words::tr("arrow at the top left");
   case ArrowTopRight:
-    return PlacementSearch::tr("arrow at the top right");
+    return Words::tr("arrow at the top right");
   case ArrowBottomRight:
-    return PlacementSearch::tr("arrow at the bottom right");
+    return Words::tr("arrow at the bottom right");
   case ArrowBottomLeft:
-    return PlacementSearch::tr("arrow at the bottom left");
+    return Words::tr("arrow at the bottom left");
   default:
     return {};
   }
@@ -59,30 +59,30 @@ QString arrowInWords(EArrowPosition arrow) {
 QString outcomeInWords(EPlacementOutcome outcome) {
   switch (outcome) {
   case PlacementAccepted:
-    return PlacementSearch::tr("taken");
+    return Words::tr("taken");
   case PlacementSlid:
-    return PlacementSearch::tr("taken after the arrow was slid");
+    return Words::tr("taken after the arrow was slid");
   case PlacementLastResort:
-    return PlacementSearch::tr("taken as the last resort");
+    return Words::tr("taken as the last resort");
   case PlacementNoLayout:
-    return PlacementSearch::tr("the window has no such arrow");
+    return Words::tr("the window has no such arrow");
   default:
-    return PlacementSearch::tr("refused");
+    return Words::tr("refused");
   }
 }
 
 QStringList faultsInWords(const QMargins& beyond, bool coversReference) {
   QStringList faults;
   if (beyond.left() > 0)
-    faults += PlacementSearch::tr("%1 px too far left").arg(beyond.left());
+    faults += Words::tr("%1 px too far left").arg(beyond.left());
   if (beyond.right() > 0)
-    faults += PlacementSearch::tr("%1 px too far right").arg(beyond.right());
+    faults += Words::tr("%1 px too far right").arg(beyond.right());
   if (beyond.top() > 0)
-    faults += PlacementSearch::tr("%1 px too high").arg(beyond.top());
+    faults += Words::tr("%1 px too high").arg(beyond.top());
   if (beyond.bottom() > 0)
-    faults += PlacementSearch::tr("%1 px too low").arg(beyond.bottom());
+    faults += Words::tr("%1 px too low").arg(beyond.bottom());
   if (coversReference)
-    faults += PlacementSearch::tr("covers the reference");
+    faults += Words::tr("covers the reference");
   return faults;
 }
 
@@ -91,12 +91,12 @@ QString inWords(const PlacementCandidate& candidate, const QMargins& beyond) {
   if (candidate.arrow != NoArrow)
     parts += arrowInWords(candidate.arrow);
   if (candidate.arrowOffset != 0)
-    parts += PlacementSearch::tr("slid by %1 px").arg(candidate.arrowOffset);
+    parts += Words::tr("slid by %1 px").arg(candidate.arrowOffset);
   if (candidate.outcome != PlacementNoLayout)
     parts += inWords(candidate.rect);
   parts += outcomeInWords(candidate.outcome);
   parts += faultsInWords(beyond, candidate.coversReference);
-  return parts.join(PlacementSearch::tr(", "));
+  return parts.join(Words::tr(", "));
 }
 
 } // namespace
@@ -117,10 +117,15 @@ QMargins PlacementSearch::beyond(const PlacementCandidate& candidate) const {
 }
 
 QString PlacementSearch::toString() const {
-  QStringList lines{tr("Reference: %1").arg(inWords(m_reference)),
-                    m_freeArea ? tr("Free area: %1").arg(inWords(*m_freeArea)) : tr("Free area: no limits")};
+  QStringList lines{
+      QCoreApplication::translate("Vela::UiBase::PlacementSearch", "Reference: %1").arg(inWords(m_reference)),
+      m_freeArea ? QCoreApplication::translate("Vela::UiBase::PlacementSearch", "Free area: %1")
+                       .arg(inWords(*m_freeArea))
+                 : QCoreApplication::translate("Vela::UiBase::PlacementSearch", "Free area: no limits")};
   for (qsizetype i = 0; i < m_candidates.size(); ++i)
-    lines += tr("%1. %2").arg(i + 1).arg(inWords(m_candidates[i], beyond(m_candidates[i])));
+    lines += QCoreApplication::translate("Vela::UiBase::PlacementSearch", "%1. %2")
+                 .arg(i + 1)
+                 .arg(inWords(m_candidates[i], beyond(m_candidates[i])));
   return lines.join(QLatin1Char('\n'));
 }
 

@@ -182,7 +182,11 @@ void ToolBarPrivate::setUpSubToolBar(ToolBar& menu, const CommandGroup* group) c
   if (!group)
     return;
   menu.setObjectName(group->objectName());
-  menu.setAccessibleName(group->text().isEmpty() ? group->toolTip() : group->text());
+  const auto nameMenu = [&menu, group] {
+    menu.setAccessibleName(group->text().isEmpty() ? group->toolTip() : group->text());
+  };
+  QObject::connect(group, &QAction::changed, &menu, nameMenu);
+  nameMenu();
   if (group->isGrid())
     menu.SetGridLayout(group->gridSize());
 }

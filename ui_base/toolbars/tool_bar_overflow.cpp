@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tool_bar_overflow.h"
 
+#include <ui_base/core/language.h>
 #include <ui_base/toolbars/tool_button.h>
 #include <vlk_common_res/styles.h>
 
@@ -32,8 +33,10 @@ QString entryText(const ToolButton& button) {
 ToolBarOverflow::ToolBarOverflow(Source source, Chooser chooser, QWidget* parent)
     : QToolButton(parent), m_source(std::move(source)), m_choose(std::move(chooser)) {
   setFocusPolicy(Qt::NoFocus);
-  setAccessibleName(tr("More buttons"));
-  setToolTip(accessibleName());
+  keepTranslated(this, [this] {
+    setAccessibleName(tr("More buttons"));
+    setToolTip(accessibleName());
+  });
   setStyleSheet(Styles::Instance().ToolButtonOnToolPalette());
   connect(&Styles::Instance(), &Styles::changed, this,
           [this] { setStyleSheet(Styles::Instance().ToolButtonOnToolPalette()); });
@@ -47,14 +50,6 @@ void ToolBarOverflow::setOrientation(Qt::Orientation orientation) {
 }
 
 QSize ToolBarOverflow::sizeHint() const { return {length(), length()}; }
-
-void ToolBarOverflow::changeEvent(QEvent* event) {
-  QToolButton::changeEvent(event);
-  if (event->type() == QEvent::LanguageChange) {
-    setAccessibleName(tr("More buttons"));
-    setToolTip(accessibleName());
-  }
-}
 
 void ToolBarOverflow::open() {
   if (m_menu)

@@ -31,7 +31,6 @@ public:
   QSize sizeHint() const override;
 
 protected:
-  void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -90,8 +90,12 @@ void ToolButton::Initialize(QAction* action, ToolBar* toolBar) {
   setDefaultAction(action);
   d->mirror();
   d->wrapIcon();
-  if (action->text().isEmpty())
-    setAccessibleName(action->toolTip());
+  const auto takeName = [this] {
+    if (d->action && d->action->text().isEmpty())
+      setAccessibleName(d->action->toolTip());
+  };
+  connect(action, &QAction::changed, this, takeName);
+  takeName();
   if (const auto* const command = dynamic_cast<const CommandBase*>(action))
     setProperty(CMDID_PROP, command->commandId());
   InitializeTooltipObject();

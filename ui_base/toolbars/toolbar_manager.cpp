@@ -121,7 +121,11 @@ ToolBar* ToolbarManager::getToolbar(CommandGroup& group) {
   auto* const toolbar = new ToolBar(d->mainToolbar->parentWidget(), Qt::BottomToolBarArea);
   toolbar->hide();
   toolbar->setProperty(qPrintable(COMMANDGROUP_PROPERTY), id);
-  toolbar->setAccessibleName(group.toolTip().isEmpty() ? group.text() : group.toolTip());
+  const auto nameBar = [toolbar, &group] {
+    toolbar->setAccessibleName(group.toolTip().isEmpty() ? group.text() : group.toolTip());
+  };
+  connect(&group, &QAction::changed, toolbar, nameBar);
+  nameBar();
   toolbar->CopyAllParametersFrom(d->mainToolbar);
   // The manager places it, and the row is one with the main toolbar.
   toolbar->SetEnableAutoPosition(false);

@@ -12,9 +12,9 @@ namespace Workbench {
 using namespace Vela::UiBase;
 
 AboutCommand::AboutCommand(MeshViewController* controller) : CommandBase(controller) {
-  setText(tr("&About Workbench"));
+  setText({staticMetaObject, QT_TR_NOOP("&About Workbench")});
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("info")));
-  setStatusTip(tr("What the program is, its version and its licence"));
+  setStatusTip({staticMetaObject, QT_TR_NOOP("What the program is, its version and its licence")});
   setMenuRole(QAction::AboutRole);
   setBaseGroupName(HelpSection);
 }

@@ -12,10 +12,10 @@ using namespace Vela::UiBase;
 
 ClearMeasurementsCommand::ClearMeasurementsCommand(MeshViewController* controller)
     : WorkbenchCommand(controller) {
-  setText(tr("&Clear Measurements"));
+  setText({staticMetaObject, QT_TR_NOOP("&Clear Measurements")});
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("clear_measurements")));
   setShortcut(Qt::CTRL | Qt::Key_Backspace);
-  setStatusTip(tr("Take the measured distances away"));
+  setStatusTip({staticMetaObject, QT_TR_NOOP("Take the measured distances away")});
   setBaseGroupName(MeasureSection);
 }
 

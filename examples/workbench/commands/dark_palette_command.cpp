@@ -26,11 +26,11 @@ Vela::Services::ConfigManager& config() {
 } // namespace
 
 DarkPaletteCommand::DarkPaletteCommand(MeshViewController* controller) : CommandBase(controller) {
-  setText(tr("&Dark Palette"));
+  setText({staticMetaObject, QT_TR_NOOP("&Dark Palette")});
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("dark_palette")));
   setIconVisibleInMenu(false); // the menu shows whether it is on in its place
   setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_D);
-  setStatusTip(tr("Light text on a dark background"));
+  setStatusTip({staticMetaObject, QT_TR_NOOP("Light text on a dark background")});
   setBaseGroupName(LookSection);
   setCheckable(true);
   const QSignalBlocker blocker(this);

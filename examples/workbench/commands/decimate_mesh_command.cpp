@@ -14,15 +14,20 @@ namespace Workbench {
 using namespace Vela::UiBase;
 
 DecimateMeshCommand::DecimateMeshCommand(MeshViewController* controller) : MeshOperationCommand(controller) {
-  setText(tr("&Halve Triangles"));
-  setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("decimate")));
+  setText({staticMetaObject, QT_TR_NOOP("&Halve Triangles")});
+  setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("decimate_paid")));
   setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_M);
-  setStatusTip(tr("Reduce the mesh to half of its triangles where that changes the surface least"));
+  setStatusTip(
+      {staticMetaObject,
+       QT_TR_NOOP(
+           "Paid feature: reduce the mesh to half of its triangles where that changes the surface least")});
   setBaseGroupName(MeshSection);
-  setCommandHelp(*this,
-                 {tr("Flat parts lose triangles first; edges, corners and open borders keep their shape. "
-                     "A feature for which a licence is needed."),
-                  QStringLiteral("decimate")});
+  setCommandHelp(
+      *this,
+      {{staticMetaObject,
+        QT_TR_NOOP("Flat parts lose triangles first; edges, corners and open borders keep their shape. "
+                   "A feature for which a licence is needed.")},
+       QStringLiteral("decimate")});
   setIsPaidFeature(true);
 }
 

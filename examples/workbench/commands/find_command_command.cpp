@@ -12,10 +12,10 @@ namespace Workbench {
 using namespace Vela::UiBase;
 
 FindCommandCommand::FindCommandCommand(MeshViewController* controller) : CommandBase(controller) {
-  setText(tr("&Find Command…"));
+  setText({staticMetaObject, QT_TR_NOOP("&Find Command…")});
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("search")));
   setShortcut(Qt::CTRL | Qt::Key_K);
-  setStatusTip(tr("Finds any command by a part of its name, and runs it"));
+  setStatusTip({staticMetaObject, QT_TR_NOOP("Finds any command by a part of its name, and runs it")});
   setBaseGroupName(HelpSection);
 }
 

@@ -11,15 +11,19 @@ namespace Workbench {
 using namespace Vela::UiBase;
 
 UndoCommand::UndoCommand(MeshViewController* controller) : WorkbenchCommand(controller) {
-  setText(tr("&Undo"));
+  setText({staticMetaObject, QT_TR_NOOP("&Undo")});
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("undo")));
   setShortcut(QKeySequence::Undo);
-  setStatusTip(tr("Take back the last step"));
+  setStatusTip({staticMetaObject, QT_TR_NOOP("Take back the last step")});
   setBaseGroupName(EditSection);
   if (MeshDocument* const edited = document())
-    connect(edited->undoStack(), &QUndoStack::undoTextChanged, this, [this](const QString& step) {
-      setText(step.isEmpty() ? tr("&Undo") : tr("&Undo %1").arg(step));
-    });
+    connect(edited->undoStack(), &QUndoStack::undoTextChanged, this, &UndoCommand::showStep);
+}
+
+void UndoCommand::showStep() {
+  const auto step = document() ? document()->undoText() : std::nullopt;
+  setText(step ? Text(staticMetaObject, QT_TR_NOOP("&Undo %1")).arg(*step)
+               : Text(staticMetaObject, QT_TR_NOOP("&Undo")));
 }
 
 QString UndoCommand::obstacle() const {
@@ -35,15 +39,19 @@ bool UndoCommand::onExecuteAsync(bool) {
 }
 
 RedoCommand::RedoCommand(MeshViewController* controller) : WorkbenchCommand(controller) {
-  setText(tr("&Redo"));
+  setText({staticMetaObject, QT_TR_NOOP("&Redo")});
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("redo")));
   setShortcut(QKeySequence::Redo);
-  setStatusTip(tr("Do again what was taken back"));
+  setStatusTip({staticMetaObject, QT_TR_NOOP("Do again what was taken back")});
   setBaseGroupName(EditSection);
   if (MeshDocument* const edited = document())
-    connect(edited->undoStack(), &QUndoStack::redoTextChanged, this, [this](const QString& step) {
-      setText(step.isEmpty() ? tr("&Redo") : tr("&Redo %1").arg(step));
-    });
+    connect(edited->undoStack(), &QUndoStack::redoTextChanged, this, &RedoCommand::showStep);
+}
+
+void RedoCommand::showStep() {
+  const auto step = document() ? document()->redoText() : std::nullopt;
+  setText(step ? Text(staticMetaObject, QT_TR_NOOP("&Redo %1")).arg(*step)
+               : Text(staticMetaObject, QT_TR_NOOP("&Redo")));
 }
 
 QString RedoCommand::obstacle() const {

@@ -15,6 +15,9 @@ public:
 
   QString obstacle() const override;
   bool onExecuteAsync(bool checked) override;
+
+private:
+  void showStep();
 };
 
 /// Does again what UndoCommand took back.
@@ -27,6 +30,9 @@ public:
 
   QString obstacle() const override;
   bool onExecuteAsync(bool checked) override;
+
+private:
+  void showStep();
 };
 
 } // namespace Workbench

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "length_unit_command.h"
 
+#include <ui_base/core/language.h>
 #include <workbench/mesh_view.h>
 
 namespace Workbench {
@@ -8,10 +9,12 @@ namespace Workbench {
 using namespace Vela::UiBase;
 using namespace Vela::Common;
 
-LengthUnitCommand::LengthUnitCommand(MeshViewController* controller, ELengthUnit unit, const QString& text)
+LengthUnitCommand::LengthUnitCommand(MeshViewController* controller, ELengthUnit unit, const Text& text)
     : WorkbenchCommand(controller), m_unit(unit) {
   setText(text);
-  setStatusTip(tr("Show distances in %1; one unit of the mesh is a millimetre").arg(unitName(unit)));
+  keepTranslated(this, [this, unit] {
+    setStatusTip(tr("Show distances in %1; one unit of the mesh is a millimetre").arg(unitName(unit)));
+  });
   setCheckable(true);
   setChecked(unit == Millimetre);
 }

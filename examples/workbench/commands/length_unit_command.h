@@ -11,7 +11,8 @@ class LengthUnitCommand : public WorkbenchCommand {
   Q_OBJECT
 
 public:
-  LengthUnitCommand(MeshViewController* controller, Vela::Common::ELengthUnit unit, const QString& text);
+  LengthUnitCommand(MeshViewController* controller, Vela::Common::ELengthUnit unit,
+                    const Vela::UiBase::Text& text);
 
   static QString idOf(Vela::Common::ELengthUnit unit);
   QString commandId() const override { return idOf(m_unit); }

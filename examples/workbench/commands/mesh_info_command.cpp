@@ -12,10 +12,11 @@ namespace Workbench {
 using namespace Vela::UiBase;
 
 MeshInfoCommand::MeshInfoCommand(MeshViewController* controller) : WorkbenchCommand(controller) {
-  setText(tr("Mesh &Information…"));
+  setText({staticMetaObject, QT_TR_NOOP("Mesh &Information…")});
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("info")));
   setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_I);
-  setStatusTip(tr("Counts, size, surface area and volume of the mesh, and how long its edges are"));
+  setStatusTip({staticMetaObject,
+                QT_TR_NOOP("Counts, size, surface area and volume of the mesh, and how long its edges are")});
   setBaseGroupName(MeshSection);
 }
 

@@ -19,7 +19,7 @@ bool MeshOperationCommand::locksMesh() const { return true; }
 bool MeshOperationCommand::onExecute(bool checked) {
   if (!isAvailable())
     return false;
-  m_edit.begin({iconText(), workingText(),
+  m_edit.begin({translatableText().inSentence(), workingText(),
                 [this](const Mesh& mesh, const TriangleSelection& selection, const RunProgress& progress) {
                   return work(mesh, selection, progress);
                 },

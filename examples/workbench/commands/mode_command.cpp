@@ -16,23 +16,26 @@ ModeCommand::ModeCommand(MeshViewController* controller, EToolMode mode)
   setCheckable(true);
   switch (mode) {
   case PickMode:
-    setText(tr("&Pick"));
+    setText({staticMetaObject, QT_TR_NOOP("&Pick")});
     setIcon(icon("pick"));
     setShortcut(Qt::CTRL | Qt::Key_1);
-    setStatusTip(tr("Select triangles by clicks, connected parts by double clicks"));
+    setStatusTip(
+        {staticMetaObject, QT_TR_NOOP("Select triangles by clicks, connected parts by double clicks")});
     setChecked(true);
     break;
   case MeasureMode:
-    setText(tr("&Measure"));
+    setText({staticMetaObject, QT_TR_NOOP("&Measure")});
     setIcon(icon("measure"));
     setShortcut(Qt::CTRL | Qt::Key_2);
-    setStatusTip(tr("Measure the distance of two points of the surface, by a drag or by two clicks"));
+    setStatusTip(
+        {staticMetaObject,
+         QT_TR_NOOP("Measure the distance of two points of the surface, by a drag or by two clicks")});
     break;
   case RectangleMode:
-    setText(tr("&Rectangle Selection"));
+    setText({staticMetaObject, QT_TR_NOOP("&Rectangle Selection")});
     setIcon(icon("rectangle_selection"));
     setShortcut(Qt::CTRL | Qt::Key_3);
-    setStatusTip(tr("Select the triangles that are seen within a rectangle"));
+    setStatusTip({staticMetaObject, QT_TR_NOOP("Select the triangles that are seen within a rectangle")});
     break;
   }
 }

@@ -40,10 +40,11 @@ QString nameFilters() {
 } // namespace
 
 OpenMeshCommand::OpenMeshCommand(MeshViewController* controller) : WorkbenchCommand(controller) {
-  setText(tr("&Open…"));
+  setText({staticMetaObject, QT_TR_NOOP("&Open…")});
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("open_file")));
   setShortcut(QKeySequence::Open);
-  setStatusTip(tr("Show the mesh of an OBJ, PLY, STL, OFF or glTF file, or photographs"));
+  setStatusTip(
+      {staticMetaObject, QT_TR_NOOP("Show the mesh of an OBJ, PLY, STL, OFF or glTF file, or photographs")});
   setBaseGroupName(FileSection);
   setExecutionQoS(Taren::Core::NormalQoS);
   enableExecutionNotification(true);

@@ -13,9 +13,10 @@ using namespace Vela::UiBase;
 
 PlacementOverlayCommand::PlacementOverlayCommand(MeshViewController* controller)
     : WorkbenchCommand(controller) {
-  setText(tr("Placement &Overlay"));
+  setText({staticMetaObject, QT_TR_NOOP("Placement &Overlay")});
   setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_P);
-  setStatusTip(tr("Draw every place that was tried for the last tooltip or flyout"));
+  setStatusTip(
+      {staticMetaObject, QT_TR_NOOP("Draw every place that was tried for the last tooltip or flyout")});
   setBaseGroupName(LookSection);
   setCheckable(true);
   if (MeshView* const view = meshView())
@@ -43,9 +44,10 @@ bool PlacementOverlayCommand::onExecuteAsync(bool checked) {
 }
 
 PrintPlacementCommand::PrintPlacementCommand(MeshViewController* controller) : WorkbenchCommand(controller) {
-  setText(tr("Pr&int Placement"));
+  setText({staticMetaObject, QT_TR_NOOP("Pr&int Placement")});
   setShortcut(Qt::CTRL | Qt::ALT | Qt::Key_P);
-  setStatusTip(tr("Print to the terminal why the last tooltip or flyout stands where it stands"));
+  setStatusTip({staticMetaObject,
+                QT_TR_NOOP("Print to the terminal why the last tooltip or flyout stands where it stands")});
   setBaseGroupName(LookSection);
 }
 

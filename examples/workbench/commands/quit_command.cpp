@@ -10,7 +10,7 @@ namespace Workbench {
 using namespace Vela::UiBase;
 
 QuitCommand::QuitCommand(MeshViewController* controller) : CommandBase(controller) {
-  setText(tr("&Quit"));
+  setText({staticMetaObject, QT_TR_NOOP("&Quit")});
   setShortcut(Qt::CTRL | Qt::Key_Q);
   setMenuRole(QAction::QuitRole);
   setBaseGroupName(ExitSection);

@@ -11,10 +11,10 @@ namespace Workbench {
 using namespace Vela::UiBase;
 
 ResetViewCommand::ResetViewCommand(MeshViewController* controller) : WorkbenchCommand(controller) {
-  setText(tr("&Reset View"));
+  setText({staticMetaObject, QT_TR_NOOP("&Reset View")});
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("reset_view")));
   setShortcut(Qt::CTRL | Qt::Key_0);
-  setStatusTip(tr("Show all of the mesh from the front"));
+  setStatusTip({staticMetaObject, QT_TR_NOOP("Show all of the mesh from the front")});
   setBaseGroupName(ViewSection);
 }
 

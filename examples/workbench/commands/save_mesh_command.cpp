@@ -42,20 +42,20 @@ SaveMeshCommand::SaveMeshCommand(MeshViewController* controller, ESaving saving)
 void SaveMeshCommand::describe() {
   switch (m_saving) {
   case SaveMesh:
-    setText(tr("&Save"));
+    setText({staticMetaObject, QT_TR_NOOP("&Save")});
     setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("save")));
     setShortcut(Qt::CTRL | Qt::Key_S);
-    setStatusTip(tr("Save the mesh to its file"));
+    setStatusTip({staticMetaObject, QT_TR_NOOP("Save the mesh to its file")});
     break;
   case SaveMeshAs:
-    setText(tr("Save &As…"));
+    setText({staticMetaObject, QT_TR_NOOP("Save &As…")});
     setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
-    setStatusTip(tr("Save the mesh to another file, and go on with that"));
+    setStatusTip({staticMetaObject, QT_TR_NOOP("Save the mesh to another file, and go on with that")});
     break;
   case ExportMesh:
-    setText(tr("&Export…"));
+    setText({staticMetaObject, QT_TR_NOOP("&Export…")});
     setShortcut(Qt::CTRL | Qt::Key_E);
-    setStatusTip(tr("Save a copy of the mesh as OBJ, PLY or STL"));
+    setStatusTip({staticMetaObject, QT_TR_NOOP("Save a copy of the mesh as OBJ, PLY or STL")});
     break;
   }
 }

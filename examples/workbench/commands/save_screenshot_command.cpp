@@ -32,10 +32,10 @@ Vela::Services::ConfigManager& config() {
 } // namespace
 
 SaveScreenshotCommand::SaveScreenshotCommand(MeshViewController* controller) : WorkbenchCommand(controller) {
-  setText(tr("Save S&creenshot…"));
+  setText({staticMetaObject, QT_TR_NOOP("Save S&creenshot…")});
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("screenshot")));
   setShortcut(Qt::CTRL | Qt::ALT | Qt::Key_S);
-  setStatusTip(tr("Save the picture of the mesh to an image file"));
+  setStatusTip({staticMetaObject, QT_TR_NOOP("Save the picture of the mesh to an image file")});
   setBaseGroupName(FileSection);
   setExecutionQoS(Taren::Core::LowQoS);
   enableExecutionNotification(true);

@@ -47,35 +47,37 @@ TriangleSelection selectionAfter(ESelectionChange change, const Mesh& mesh,
 
 SelectionCommand::SelectionCommand(MeshViewController* controller, ESelectionChange change)
     : WorkbenchCommand(controller), m_change(change) {
-  const auto describe = [this](const QString& text, const char* icon, const QKeySequence& key,
-                               const QString& tip) {
-    setText(text);
+  const auto describe = [this](const char* text, const char* icon, const QKeySequence& key, const char* tip) {
+    setText({staticMetaObject, text});
     setIcon(QtUiToolkit::Instance().CreateIcon(QString::fromLatin1(icon)));
     setShortcut(key);
-    setStatusTip(tip);
+    setStatusTip({staticMetaObject, tip});
   };
   setBaseGroupName(SelectSection);
   switch (change) {
   case SelectAll:
-    describe(tr("Select &All"), "select_all", QKeySequence::SelectAll, tr("Select all of the mesh"));
+    describe(QT_TR_NOOP("Select &All"), "select_all", QKeySequence::SelectAll,
+             QT_TR_NOOP("Select all of the mesh"));
     break;
   case InvertSelection:
-    describe(tr("&Invert Selection"), "invert_selection", Qt::CTRL | Qt::Key_I,
-             tr("Select what is not selected, and nothing else"));
+    describe(QT_TR_NOOP("&Invert Selection"), "invert_selection", Qt::CTRL | Qt::Key_I,
+             QT_TR_NOOP("Select what is not selected, and nothing else"));
     break;
   case ClearSelection:
-    describe(tr("Select &None"), "select_none", Qt::CTRL | Qt::SHIFT | Qt::Key_A, tr("Select nothing"));
+    describe(QT_TR_NOOP("Select &None"), "select_none", Qt::CTRL | Qt::SHIFT | Qt::Key_A,
+             QT_TR_NOOP("Select nothing"));
     break;
   case GrowSelection:
-    describe(tr("&Grow Selection"), "grow_selection", Qt::CTRL | Qt::Key_G,
-             tr("Add the triangles around what is selected"));
+    describe(QT_TR_NOOP("&Grow Selection"), "grow_selection", Qt::CTRL | Qt::Key_G,
+             QT_TR_NOOP("Add the triangles around what is selected"));
     break;
   case SelectConnected:
-    describe(tr("Select &Connected"), "select_connected", Qt::CTRL | Qt::Key_L,
-             tr("Add everything that hangs together with what is selected"));
+    describe(QT_TR_NOOP("Select &Connected"), "select_connected", Qt::CTRL | Qt::Key_L,
+             QT_TR_NOOP("Add everything that hangs together with what is selected"));
     break;
   case DeleteSelection:
-    describe(tr("&Delete Selection"), "delete", QKeySequence::Delete, tr("Delete the selected triangles"));
+    describe(QT_TR_NOOP("&Delete Selection"), "delete", QKeySequence::Delete,
+             QT_TR_NOOP("Delete the selected triangles"));
     break;
   }
 }
@@ -101,7 +103,7 @@ bool SelectionCommand::onExecuteAsync(bool) {
   MeshDocument* const edited = document();
   if (!edited || !isAvailable())
     return false;
-  const QString text = iconText();
+  const Text text = translatableText().inSentence();
   if (m_change == DeleteSelection)
     edited->edit(text, withoutTriangles(edited->mesh(), edited->selection()));
   else

@@ -28,14 +28,16 @@ public:
 } // namespace
 
 SetPivotCommand::SetPivotCommand(MeshViewController* controller) : WorkbenchCommand(controller) {
-  setText(tr("Set Rotation &Centre"));
+  setText({staticMetaObject, QT_TR_NOOP("Set Rotation &Centre")});
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("rotation_center")));
   setShortcut(Qt::CTRL | Qt::Key_R);
-  setStatusTip(tr("Click the point of the mesh that the view shall turn around"));
+  setStatusTip({staticMetaObject, QT_TR_NOOP("Click the point of the mesh that the view shall turn around")});
   setBaseGroupName(ViewSection);
-  setCommandHelp(*this, {tr("The camera then turns around that point, which comes to the middle of the view. "
-                            "Drags with the right button turn the view meanwhile."),
-                         QStringLiteral("rotation_center")});
+  setCommandHelp(
+      *this, {{staticMetaObject,
+               QT_TR_NOOP("The camera then turns around that point, which comes to the middle of the view. "
+                          "Drags with the right button turn the view meanwhile.")},
+              QStringLiteral("rotation_center")});
 }
 
 SetPivotCommand::~SetPivotCommand() = default;

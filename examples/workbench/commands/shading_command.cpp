@@ -17,20 +17,20 @@ ShadingCommand::ShadingCommand(MeshViewController* controller, EShading shading)
   setIconVisibleInMenu(false); // the menu shows which one is on in its place
   switch (shading) {
   case SmoothShading:
-    setText(tr("&Smooth"));
+    setText({staticMetaObject, QT_TR_NOOP("&Smooth")});
     setIcon(icon("smooth_shading"));
-    setStatusTip(tr("Show a smooth surface"));
+    setStatusTip({staticMetaObject, QT_TR_NOOP("Show a smooth surface")});
     setChecked(true);
     break;
   case FlatShading:
-    setText(tr("&Flat"));
+    setText({staticMetaObject, QT_TR_NOOP("&Flat")});
     setIcon(icon("flat_shading"));
-    setStatusTip(tr("Show each face of the mesh"));
+    setStatusTip({staticMetaObject, QT_TR_NOOP("Show each face of the mesh")});
     break;
   case FlatShadingWithEdges:
-    setText(tr("Flat with &Edges"));
+    setText({staticMetaObject, QT_TR_NOOP("Flat with &Edges")});
     setIcon(icon("flat_shading_edges"));
-    setStatusTip(tr("Show each face of the mesh and the edges between them"));
+    setStatusTip({staticMetaObject, QT_TR_NOOP("Show each face of the mesh and the edges between them")});
     break;
   }
 }

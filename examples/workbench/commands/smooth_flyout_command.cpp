@@ -28,14 +28,16 @@ SmoothFlyoutCommand::SmoothFlyoutCommand(FlyoutBase* flyout, MeshViewController*
       MeshUser(static_cast<const CommandBase&>(*this)),
       m_panel(panelOf(flyout)),
       m_edit(*this, *this) {
-  setText(tr("Smooth &with Options…"));
+  setText({staticMetaObject, QT_TR_NOOP("Smooth &with Options…")});
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("smooth_options")));
   setShortcut(Qt::CTRL | Qt::ALT | Qt::Key_M);
-  setStatusTip(tr("Choose how much to smooth, and see it at once"));
+  setStatusTip({staticMetaObject, QT_TR_NOOP("Choose how much to smooth, and see it at once")});
   setBaseGroupName(MeshSection);
-  setCommandHelp(*this, {tr("The mesh changes only when the values are applied. With triangles selected, "
-                            "the others stay exactly as they are."),
-                         QStringLiteral("smooth_mesh")});
+  setCommandHelp(*this,
+                 {{staticMetaObject,
+                   QT_TR_NOOP("The mesh changes only when the values are applied. With triangles selected, "
+                              "the others stay exactly as they are.")},
+                  QStringLiteral("smooth_mesh")});
   m_preview.setDelay(PreviewDelay);
   follow();
 }
@@ -93,7 +95,8 @@ bool SmoothFlyoutCommand::onExecute(bool checked) {
     return false;
   m_preview.cancel();
   m_edit.begin(
-      {tr("Smooth"), tr("Smoothing"),
+      {{staticMetaObject, QT_TR_NOOP("Smooth")},
+       tr("Smoothing"),
        [options = options()](const Mesh& mesh, const TriangleSelection&, const RunProgress& progress) {
          return smoothed(mesh, options, progress);
        },

@@ -11,10 +11,11 @@ namespace Workbench {
 using namespace Vela::UiBase;
 
 SmoothMeshCommand::SmoothMeshCommand(MeshViewController* controller) : MeshOperationCommand(controller) {
-  setText(tr("&Smooth Mesh"));
+  setText({staticMetaObject, QT_TR_NOOP("&Smooth Mesh")});
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("smooth_mesh")));
   setShortcut(Qt::CTRL | Qt::Key_M);
-  setStatusTip(tr("Smooth noise away, everywhere or where triangles are selected"));
+  setStatusTip(
+      {staticMetaObject, QT_TR_NOOP("Smooth noise away, everywhere or where triangles are selected")});
   setBaseGroupName(MeshSection);
 }
 

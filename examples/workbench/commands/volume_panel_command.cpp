@@ -22,16 +22,15 @@ Vela::Services::ConfigManager& config() {
 } // namespace
 
 VolumePanelCommand::VolumePanelCommand(MeshViewController* controller) : WorkbenchCommand(controller) {
-  setText(tr("Print &Volume"));
+  setText({staticMetaObject, QT_TR_NOOP("Print &Volume")});
   setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_V);
-  setStatusTip(tr("Show how much material printing the mesh takes, with the supports it needs"));
+  setStatusTip({staticMetaObject,
+                QT_TR_NOOP("Show how much material printing the mesh takes, with the supports it needs")});
   setBaseGroupName(ViewSection);
   setCheckable(true);
   const bool shown = config().value(ShownKey, false).toBool();
-  if (MeshView* const view = meshView()) {
-    m_panel = new VolumePanel(*view);
-    m_panel->setVisible(shown);
-  }
+  if (shown)
+    showPanel(true);
   const QSignalBlocker blocker(this);
   setChecked(shown);
 }
@@ -46,11 +45,19 @@ void VolumePanelCommand::setCommandState(const CommandState& state) {
 }
 
 bool VolumePanelCommand::onExecuteAsync(bool checked) {
-  if (!m_panel)
+  if (!meshView())
     return false;
-  m_panel->setVisible(checked);
+  showPanel(checked);
   config().setValue(ShownKey, checked);
   return true;
+}
+
+void VolumePanelCommand::showPanel(bool shown) {
+  MeshView* const view = meshView();
+  if (!m_panel && shown && view)
+    m_panel = new VolumePanel(*view);
+  if (m_panel)
+    m_panel->setVisible(shown);
 }
 
 } // namespace Workbench

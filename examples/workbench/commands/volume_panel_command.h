@@ -19,13 +19,15 @@ public:
   explicit VolumePanelCommand(MeshViewController* controller);
   ~VolumePanelCommand() override;
 
-  /// Null without a view.
+  /// Null until it was shown first, and without a view.
   VolumePanel* panel() const { return m_panel; }
 
   void setCommandState(const Vela::UiBase::CommandState& state) override;
   bool onExecuteAsync(bool checked) override;
 
 private:
+  void showPanel(bool shown);
+
   QPointer<VolumePanel> m_panel;
 };
 

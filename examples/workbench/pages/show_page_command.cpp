@@ -13,15 +13,15 @@ ShowPageCommand::ShowPageCommand(MeshViewController* controller, EPage page)
   setBaseGroupName(PageSection);
   setCheckable(true);
   if (page == MeshPage) {
-    setText(tr("&Mesh"));
+    setText({staticMetaObject, QT_TR_NOOP("&Mesh")});
     setShortcut(Qt::ALT | Qt::Key_1);
-    setStatusTip(tr("Go to the page of the mesh"));
+    setStatusTip({staticMetaObject, QT_TR_NOOP("Go to the page of the mesh")});
     const QSignalBlocker blocker(this);
     setChecked(true);
   } else {
-    setText(tr("&Photographs"));
+    setText({staticMetaObject, QT_TR_NOOP("&Photographs")});
     setShortcut(Qt::ALT | Qt::Key_2);
-    setStatusTip(tr("Go to the page of the photographs"));
+    setStatusTip({staticMetaObject, QT_TR_NOOP("Go to the page of the photographs")});
   }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "about_dialog.h"
 
+#include <ui_base/core/language.h>
 #include <ui_base/views/qt_ui_toolkit.h>
 
 #include <QCoreApplication>
@@ -8,6 +9,10 @@
 #include <QIcon>
 #include <QLabel>
 #include <QPainter>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <functional>
 
 namespace Workbench {
 
@@ -35,8 +40,9 @@ private:
   const QIcon m_icon;
 };
 
-QLabel* paragraph(const QString& text, QWidget* parent) {
-  auto* const label = new QLabel(text, parent);
+QLabel* paragraph(const std::function<QString()>& text, QWidget* parent) {
+  auto* const label = new QLabel(parent);
+  keepTranslated(label, [label, text] { label->setText(text()); });
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
   label->setFixedWidth(TextWidth);
@@ -47,7 +53,7 @@ QLabel* paragraph(const QString& text, QWidget* parent) {
 } // namespace
 
 AboutDialog::AboutDialog(QWidget* parent) : MDialogBase(parent) {
-  SetTitle(tr("About Workbench"));
+  keepTranslated(this, [this] { SetTitle(tr("About Workbench")); });
   auto* const content = new QWidget;
   auto* const row = new QHBoxLayout(content);
   row->setContentsMargins(0, 0, 0, 0);
@@ -55,20 +61,25 @@ AboutDialog::AboutDialog(QWidget* parent) : MDialogBase(parent) {
   row->addWidget(new Logo(content), 0, Qt::AlignTop);
   auto* const column = new QVBoxLayout;
   row->addLayout(column);
-  auto* const name =
-      paragraph(tr("<b>Workbench %1</b>").arg(QCoreApplication::applicationVersion()), content);
+  auto* const name = paragraph(
+      [] { return tr("<b>Workbench %1</b>").arg(QCoreApplication::applicationVersion()); }, content);
   name->setTextFormat(Qt::RichText);
   column->addWidget(name);
+  column->addWidget(paragraph(
+      [] {
+        return tr("Shows what the vlk_ui_base library is for: a command opens a mesh on another "
+                  "thread, a view shows it, tools and flyouts change it, popups stand beside "
+                  "what opened them, and every step can be undone.");
+      },
+      content));
+  column->addWidget(paragraph([] { return tr("Licence: MIT. © 2026 The vlk_ui_base authors"); }, content));
   column->addWidget(
-      paragraph(tr("Shows what the vlk_ui_base library is for: a command opens a mesh on another "
-                   "thread, a view shows it, tools and flyouts change it, popups stand beside "
-                   "what opened them, and every step can be undone."),
-                content));
-  column->addWidget(paragraph(tr("Licence: MIT. © 2026 The vlk_ui_base authors"), content));
-  column->addWidget(paragraph(tr("Runs with Qt %1").arg(QString::fromLatin1(qVersion())), content));
+      paragraph([] { return tr("Runs with Qt %1").arg(QString::fromLatin1(qVersion())); }, content));
   column->addStretch(1);
   SetContent(content);
-  SetDefaultButton(AddButton(tr("Close"), QDialogButtonBox::RejectRole));
+  QPushButton* const close = AddButton(QString(), QDialogButtonBox::RejectRole);
+  keepTranslated(close, [close] { close->setText(tr("Close")); });
+  SetDefaultButton(close);
 }
 
 } // namespace Workbench

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "command_tooltip.h"
 
+#include <ui_base/core/language.h>
 #include <ui_base/toolbars/tool_button.h>
 #include <ui_base/tooltips/tooltip_ex.h>
 #include <ui_base/tooltips/tooltip_ex_factory.h>
@@ -51,7 +52,7 @@ QWidget* makeSection(const CommandHelp& help) {
   row->setSpacing(10);
   if (!help.picture.isEmpty())
     row->addWidget(new Picture(QtUiToolkit::Instance().CreateIcon(help.picture), section), 0, Qt::AlignTop);
-  auto* const details = new QLabel(help.details, section);
+  auto* const details = new QLabel(help.details.translated(), section);
   details->setTextFormat(Qt::PlainText);
   details->setWordWrap(true);
   details->setFixedWidth(DetailsWidth);
@@ -76,7 +77,10 @@ void giveCommandTooltip(ToolButton& button) {
       content->SetAdvancedWidget(makeSection(help));
     return content;
   };
-  tooltip->SetTooltipFactory(make, TooltipExFactory::Description(command), true);
+  keepTranslated(&button, [&button, make, command = QPointer<const QAction>(command)] {
+    if (TooltipObject* const shown = command ? button.GetTooltipObject() : nullptr)
+      shown->SetTooltipFactory(make, TooltipExFactory::Description(command), true);
+  });
 }
 
 } // namespace Workbench

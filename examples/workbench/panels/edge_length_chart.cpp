@@ -16,7 +16,7 @@ namespace {
 
 constexpr double Width = 360; // px
 constexpr double Height = 116;
-constexpr double Side = 24; // so that the outer numbers have room
+constexpr double Side = 8;  // px
 constexpr double Base = 96; // where the bars stand
 constexpr double Top = 6;
 constexpr double Gap = 2; // between bars
@@ -40,11 +40,11 @@ public:
     number("height", height);
     attribute("fill", color.name());
   }
-  void text(double x, double y, const QString& text, const QColor& color) {
+  void text(double x, double y, const char* anchor, const QString& text, const QColor& color) {
     m_xml.writeStartElement(QStringLiteral("text"));
     number("x", x);
     number("y", y);
-    attribute("text-anchor", QStringLiteral("middle"));
+    attribute("text-anchor", QString::fromLatin1(anchor));
     attribute("font-family", Styles::Instance().FontLabel().family());
     number("font-size", 11);
     attribute("fill", color.name());
@@ -72,17 +72,23 @@ QByteArray edgeLengthChart(const EdgeLengths& lengths, ELengthUnit unit) {
   QByteArray svg;
   {
     SvgWriter writer(svg);
+    const bool overflows = lengths.longest > lengths.end;
     for (std::size_t i = 0; i < lengths.counts.size(); ++i) {
       const double height = double(lengths.counts[i]) / most * (Base - Top);
+      const bool isOverflow = overflows && i + 1 == lengths.counts.size();
       writer.rectangle(Side + double(i) * step + Gap / 2, Base - height, step - Gap, height,
-                       styles.ColorAccent());
+                       isOverflow ? styles.ColorTextLabel() : styles.ColorAccent());
     }
     writer.rectangle(Side, Base, Width - 2 * Side, 1, styles.ColorTextLabel());
-    for (const double part : {0.0, 0.5, 1.0}) {
-      const double length = convert(lengths.end * part, Millimetre, unit);
-      const QString label = part > 0 ? formatNumber(length, QLocale(), 3) : QStringLiteral("0");
-      writer.text(Side + part * (Width - 2 * Side), Base + 15, label, styles.ColorTextLabel());
-    }
+    const auto label = [&](double length) {
+      return formatValue(convert(length, Millimetre, unit), unit, QLocale(), 3);
+    };
+    const QColor color = styles.ColorTextLabel();
+    writer.text(Side, Base + 15, "start", QStringLiteral("0"), color);
+    writer.text(Width / 2, Base + 15, "middle", label(lengths.end / 2), color);
+    const double last = lengths.end * (1 - 1 / double(lengths.counts.size()));
+    writer.text(Width - Side, Base + 15, "end",
+                overflows ? QChar(0x2265) + QStringLiteral(" ") + label(last) : label(lengths.end), color);
   }
   return svg;
 }

@@ -22,6 +22,7 @@ public:
 
 private:
   void takeFigures();
+  void copyFigures();
   void showFigures();
 
   const QPointer<MeshView> m_view;

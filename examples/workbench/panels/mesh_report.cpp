@@ -5,6 +5,7 @@
 #include <vlk_common_res/strings.h>
 #include <workbench/panels/edge_length_chart.h>
 
+#include <QGuiApplication>
 #include <QLocale>
 
 #include <cmath>
@@ -58,41 +59,63 @@ QString pointText(const QVector3D& point, ELengthUnit unit, const QString& betwe
   return parts.join(between) + QChar(QChar::Nbsp) + unitSymbol(unit);
 }
 
+// The names stand where one begins to read; rich text has no mirrored tables.
 QString row(const QString& name, const QString& value) {
-  return QStringLiteral("<tr><th align=\"left\">%1</th><td>%2</td></tr>")
-      .arg(name.toHtmlEscaped(), value.toHtmlEscaped());
+  const QString cells =
+      QGuiApplication::isRightToLeft()
+          ? QStringLiteral("<tr><td align=\"right\">%2</td><th align=\"right\">%1</th></tr>")
+          : QStringLiteral("<tr><th align=\"left\">%1</th><td>%2</td></tr>");
+  return cells.arg(name.toHtmlEscaped(), value.toHtmlEscaped());
 }
 
 } // namespace
 
-QString MeshReport::html(const MeshStatistics& statistics, ELengthUnit unit) {
+MeshReport::Rows MeshReport::rows(const MeshStatistics& statistics, ELengthUnit unit) {
   const double area = convert(statistics.area, SquareMillimetre, squareOf(unit));
   const QString volume =
       statistics.volume
           ? formatValue(convert(std::abs(*statistics.volume), CubicMillimetre, cubeOf(unit)), cubeOf(unit))
           : Vela::Resource::String::NOT_APPLICABLE_LABEL_TEXT();
   const QString list = QStringLiteral("; ");
+  return {{tr("Vertices"), count(statistics.vertices)},
+          {tr("Triangles"), count(statistics.triangles)},
+          {tr("Edges"), count(statistics.edges)},
+          {tr("Size"), pointText(statistics.bounds.size(), unit, QStringLiteral(" × "))},
+          {tr("Lowest corner"), pointText(statistics.bounds.min, unit, list)},
+          {tr("Highest corner"), pointText(statistics.bounds.max, unit, list)},
+          {tr("Surface area"), formatValue(area, squareOf(unit))},
+          {tr("Watertight"), statistics.volume ? tr("Yes") : tr("No")},
+          {tr("Volume"), volume}};
+}
+
+QString MeshReport::edgesText(const EdgeLengths& lengths, ELengthUnit unit) {
+  return tr("From %1 to %2, %3 on average")
+      .arg(lengthText(lengths.shortest, unit), lengthText(lengths.longest, unit),
+           lengthText(lengths.mean, unit));
+}
+
+QString MeshReport::html(const MeshStatistics& statistics, ELengthUnit unit) {
   QString html = QStringLiteral("<table width=\"100%\">");
-  html += row(tr("Vertices"), count(statistics.vertices));
-  html += row(tr("Triangles"), count(statistics.triangles));
-  html += row(tr("Edges"), count(statistics.edges));
-  html += row(tr("Size"), pointText(statistics.bounds.size(), unit, QStringLiteral(" × ")));
-  html += row(tr("Lowest corner"), pointText(statistics.bounds.min, unit, list));
-  html += row(tr("Highest corner"), pointText(statistics.bounds.max, unit, list));
-  html += row(tr("Surface area"), formatValue(area, squareOf(unit)));
-  html += row(tr("Watertight"), statistics.volume ? tr("Yes") : tr("No"));
-  html += row(tr("Volume"), volume);
+  for (const auto& [name, value] : rows(statistics, unit))
+    html += row(name, value);
   html += QStringLiteral("</table>");
   if (statistics.edges == 0)
     return html;
-  const EdgeLengths& lengths = statistics.edgeLengths;
   html += QStringLiteral("<h3>%1</h3><p>%2</p>")
               .arg(tr("Lengths of edges").toHtmlEscaped(),
-                   tr("From %1 to %2, %3 on average")
-                       .arg(lengthText(lengths.shortest, unit), lengthText(lengths.longest, unit),
-                            lengthText(lengths.mean, unit))
-                       .toHtmlEscaped());
-  return html + Vela::UiBase::InfoPanel::Image(edgeLengthChart(lengths, unit));
+                   edgesText(statistics.edgeLengths, unit).toHtmlEscaped());
+  html += Vela::UiBase::InfoPanel::Image(edgeLengthChart(statistics.edgeLengths, unit));
+  return QStringLiteral("<div align=\"%1\">%2</div>")
+      .arg(QGuiApplication::isRightToLeft() ? QLatin1String("right") : QLatin1String("left"), html);
+}
+
+QString MeshReport::text(const MeshStatistics& statistics, ELengthUnit unit) {
+  QStringList lines;
+  for (const auto& [name, value] : rows(statistics, unit))
+    lines += name + u'\t' + value;
+  if (statistics.edges > 0)
+    lines += tr("Lengths of edges") + u'\t' + edgesText(statistics.edgeLengths, unit);
+  return lines.join(u'\n');
 }
 
 } // namespace Workbench

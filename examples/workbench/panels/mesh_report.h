@@ -5,7 +5,10 @@
 #include <workbench/mesh_ops/mesh_statistics.h>
 
 #include <QCoreApplication>
+#include <QList>
 #include <QString>
+
+#include <utility>
 
 namespace Workbench {
 
@@ -19,6 +22,14 @@ public:
 
   /// @param unit what lengths are shown in; areas and volumes in its square and cube.
   static QString html(const MeshStatistics& statistics, Vela::Common::ELengthUnit unit);
+  /// The same for the clipboard: a line for each figure, name and value with a tab between.
+  static QString text(const MeshStatistics& statistics, Vela::Common::ELengthUnit unit);
+
+private:
+  using Rows = QList<std::pair<QString, QString>>;
+
+  static Rows rows(const MeshStatistics& statistics, Vela::Common::ELengthUnit unit);
+  static QString edgesText(const EdgeLengths& lengths, Vela::Common::ELengthUnit unit);
 };
 
 } // namespace Workbench

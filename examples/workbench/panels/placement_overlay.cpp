@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "placement_overlay.h"
 
+#include <ui_base/core/language.h>
 #include <ui_base/popups/widget_pos_calculator.h>
 #include <vlk_common_res/styles.h>
 
@@ -30,7 +31,10 @@ QRect labelRect(const QPainter& painter, const QRect& place, const QString& text
 PlacementOverlay::PlacementOverlay(QWidget& window) : QWidget(&window) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setFocusPolicy(Qt::NoFocus);
-  setAccessibleName(tr("Placement of popups"));
+  Vela::UiBase::keepTranslated(this, [this] {
+    setAccessibleName(tr("Placement of popups"));
+    update();
+  });
   setGeometry(window.rect());
   hide();
   window.installEventFilter(this);

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "smooth_panel.h"
 
+#include <ui_base/core/language.h>
 #include <ui_base/popups/flyout_base.h>
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
 #include <QSlider>
@@ -30,18 +32,14 @@ QSpinBox* makeSpinBox(int most, QWidget* parent) {
 
 SmoothPanel::SmoothPanel(QWidget* parent)
     : QWidget(parent),
+      m_iterationsLabel(new QLabel(this)),
+      m_strengthLabel(new QLabel(this)),
       m_iterations(makeSpinBox(MostIterations, this)),
       m_slider(new QSlider(Qt::Horizontal, this)),
       m_strength(makeSpinBox(100, this)),
-      m_preview(new QCheckBox(tr("&Preview"), this)) {
-  auto* const iterationsLabel = new QLabel(tr("&Iterations"), this);
-  iterationsLabel->setBuddy(m_iterations);
-  auto* const strengthLabel = new QLabel(tr("&Strength"), this);
-  strengthLabel->setBuddy(m_strength);
-  m_iterations->setAccessibleName(tr("Iterations"));
-  m_strength->setAccessibleName(tr("Strength"));
-  m_strength->setSuffix(tr(" %"));
-  m_slider->setAccessibleName(tr("Strength"));
+      m_preview(new QCheckBox(this)) {
+  m_iterationsLabel->setBuddy(m_iterations);
+  m_strengthLabel->setBuddy(m_strength);
   m_slider->setRange(1, 100);
   m_slider->setPageStep(10);
   m_slider->setMinimumWidth(SliderWidth);
@@ -49,20 +47,31 @@ SmoothPanel::SmoothPanel(QWidget* parent)
 
   auto* const grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->addWidget(iterationsLabel, 0, 0);
+  grid->addWidget(m_iterationsLabel, 0, 0);
   grid->addWidget(m_iterations, 0, 2);
-  grid->addWidget(strengthLabel, 1, 0);
+  grid->addWidget(m_strengthLabel, 1, 0);
   grid->addWidget(m_slider, 1, 1);
   grid->addWidget(m_strength, 1, 2);
   grid->addWidget(m_preview, 2, 0, 1, 3);
 
   setStandardValues();
+  Vela::UiBase::keepTranslated(this, [this] { retranslate(); });
   connect(m_slider, &QSlider::valueChanged, m_strength, &QSpinBox::setValue);
   connect(m_strength, &QSpinBox::valueChanged, m_slider, &QSlider::setValue);
   connect(m_strength, &QSpinBox::valueChanged, this, &SmoothPanel::changed);
   connect(m_iterations, &QSpinBox::valueChanged, this, &SmoothPanel::changed);
   connect(m_preview, &QCheckBox::toggled, this, &SmoothPanel::changed);
   connect(this, &SmoothPanel::ResetValues, this, &SmoothPanel::setStandardValues);
+}
+
+void SmoothPanel::retranslate() {
+  m_iterationsLabel->setText(tr("&Iterations"));
+  m_iterations->setAccessibleName(tr("Iterations"));
+  m_strengthLabel->setText(tr("&Strength"));
+  m_strength->setAccessibleName(tr("Strength"));
+  m_strength->setSuffix(tr(" %"));
+  m_slider->setAccessibleName(tr("Strength"));
+  m_preview->setText(tr("&Preview"));
 }
 
 SmoothOptions SmoothPanel::options() const {
@@ -82,8 +91,11 @@ void SmoothPanel::setStandardValues() {
 }
 
 Vela::UiBase::FlyoutBase* makeSmoothFlyout(QWidget* parent) {
-  auto* const flyout = new Vela::UiBase::FlyoutBase(SmoothPanel::tr("Smoothing"), new SmoothPanel, nullptr,
-                                                    true, true, true, false, parent);
+  auto* const flyout =
+      new Vela::UiBase::FlyoutBase(QString(), new SmoothPanel, nullptr, true, true, true, false, parent);
+  Vela::UiBase::keepTranslated(flyout, [flyout] {
+    flyout->SetTitle(QCoreApplication::translate("Workbench::SmoothPanel", "Smoothing"));
+  });
   flyout->hide();
   return flyout;
 }

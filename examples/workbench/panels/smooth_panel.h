@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class QCheckBox;
+class QLabel;
 class QSlider;
 class QSpinBox;
 
@@ -33,7 +34,11 @@ Q_SIGNALS:
   void ResetValues();
 
 private:
+  void retranslate();
   void setStandardValues();
+
+  QLabel* m_iterationsLabel;
+  QLabel* m_strengthLabel;
 
   QSpinBox* m_iterations;
   QSlider* m_slider;

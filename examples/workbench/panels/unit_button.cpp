@@ -2,6 +2,7 @@
 #include "unit_button.h"
 
 #include <ui_base/commands/command_group.h>
+#include <ui_base/core/language.h>
 #include <ui_base/menus/rc_menu_manager.h>
 #include <vlk_common_res/styles.h>
 #include <workbench/commands/length_unit_command.h>
@@ -39,7 +40,6 @@ QToolButton::menu-indicator {
 
 UnitButton::UnitButton(QMainWindow& window, const MeshViewController& controller)
     : QToolButton(&window), m_controller(controller), m_menu(new QMenu(this)) {
-  setToolTip(tr("Unit of distances"));
   setFocusPolicy(Qt::TabFocus);
   connect(m_menu, &QMenu::aboutToShow, this, &UnitButton::fillMenu);
   auto* const manager = new RCMenuManager(&window, MenuGap, false, this);
@@ -49,7 +49,7 @@ UnitButton::UnitButton(QMainWindow& window, const MeshViewController& controller
     connect(&view->measurements(), &Measurements::unitChanged, this, &UnitButton::showUnit);
   connect(&Styles::Instance(), &Styles::changed, this, &UnitButton::dress);
   dress();
-  showUnit();
+  keepTranslated(this, [this] { showUnit(); });
 }
 
 void UnitButton::dress() {
@@ -65,6 +65,7 @@ void UnitButton::dress() {
 void UnitButton::showUnit() {
   MeshView* const view = m_controller.meshView();
   const auto unit = view ? view->measurements().unit() : Vela::Common::Millimetre;
+  setToolTip(tr("Unit of distances"));
   setText(Vela::Common::unitSymbol(unit));
   setAccessibleName(tr("Unit of distances: %1").arg(Vela::Common::unitName(unit)));
 }

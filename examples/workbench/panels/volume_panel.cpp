@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "volume_panel.h"
 
+#include <ui_base/core/language.h>
 #include <ui_toolkit/print_material_info_panel.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/config_manager.h>
@@ -54,7 +55,7 @@ protected:
 VolumePanel::VolumePanel(MeshView& view)
     : FloatingWidget(&view), m_view(view), m_panel(new PrintMaterialInfoPanel) {
   setAlignment(Qt::AlignBottom | Qt::AlignRight); // away from the toolbars and the notifications
-  m_panel->setToolTip(tr("Right click for other units"));
+  Vela::UiBase::keepTranslated(m_panel, [this] { m_panel->setToolTip(tr("Right click for other units")); });
   const int unit = config().value(UnitKey, m_panel->VolumeUnit()).toInt();
   m_panel->SetVolumeUnit(Vela::Common::EVolumeUnit(unit));
   connect(m_panel, &PrintMaterialInfoPanel::VolumeUnitChanged, this,

@@ -12,34 +12,36 @@ using namespace Vela::UiBase;
 PhotoCommand::PhotoCommand(PhotoViewController* controller, EPhotoAction action)
     : CommandBase(controller), m_action(action) {
   // The key stands behind the tab: as a shortcut it would be taken from the view and the toolbar.
-  const auto describe = [this](const QString& text, const char* icon, const QString& tip) {
-    setText(text);
+  const auto describe = [this](const char* text, const char* icon, const char* tip) {
+    setText({staticMetaObject, text});
     setIcon(QtUiToolkit::Instance().CreateIcon(QString::fromLatin1(icon)));
-    setStatusTip(tip);
+    setStatusTip({staticMetaObject, tip});
   };
   setBaseGroupName(PhotoSection);
   switch (action) {
   case ZoomIntoPhoto:
-    describe(tr("Zoom &In\t+"), "zoom_in", tr("Show the photograph larger"));
+    describe(QT_TR_NOOP("Zoom &In\t+"), "zoom_in", QT_TR_NOOP("Show the photograph larger"));
     break;
   case ZoomOutOfPhoto:
-    describe(tr("Zoom &Out\t-"), "zoom_out", tr("Show the photograph smaller"));
+    describe(QT_TR_NOOP("Zoom &Out\t-"), "zoom_out", QT_TR_NOOP("Show the photograph smaller"));
     break;
   case OriginalPhotoSize:
-    describe(tr("Original &Size\tO"), "original_size",
-             tr("Show each pixel of the photograph on one of the screen"));
+    describe(QT_TR_NOOP("Original &Size\tO"), "original_size",
+             QT_TR_NOOP("Show each pixel of the photograph on one of the screen"));
     break;
   case FitPhotoToView:
-    describe(tr("&Fit in View\tF"), "fit_to_view", tr("Show all of the photograph"));
+    describe(QT_TR_NOOP("&Fit in View\tF"), "fit_to_view", QT_TR_NOOP("Show all of the photograph"));
     break;
   case PreviousPhoto:
-    describe(tr("&Previous Photograph\t<"), "previous", tr("Show the photograph before this one"));
+    describe(QT_TR_NOOP("&Previous Photograph\t<"), "previous",
+             QT_TR_NOOP("Show the photograph before this one"));
     break;
   case NextPhoto:
-    describe(tr("&Next Photograph\t>"), "next", tr("Show the photograph after this one"));
+    describe(QT_TR_NOOP("&Next Photograph\t>"), "next", QT_TR_NOOP("Show the photograph after this one"));
     break;
   default:
-    describe(tr("&Close Photograph"), "close", tr("Take the photograph out of the row; its file stays"));
+    describe(QT_TR_NOOP("&Close Photograph"), "close",
+             QT_TR_NOOP("Take the photograph out of the row; its file stays"));
     setShortcut(Qt::CTRL | Qt::Key_W);
     break;
   }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "photo_view.h"
 
+#include <ui_base/core/language.h>
 #include <ui_toolkit/image_viewer_tool_bar.h>
 #include <vlk_common_res/styles.h>
 #include <workbench/photos/photo_footer.h>
@@ -32,7 +33,6 @@ QColor backdrop(const QPalette& palette) {
 } // namespace
 
 PhotoView::PhotoView(QWidget* parent) : BaseView(parent), m_footer(new PhotoFooter(this)) {
-  setAccessibleName(tr("Photograph view"));
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(160, 120);
@@ -46,7 +46,11 @@ PhotoView::PhotoView(QWidget* parent) : BaseView(parent), m_footer(new PhotoFoot
     updateTexts();
     invalidate();
   });
-  updateTexts();
+  Vela::UiBase::keepTranslated(this, [this] {
+    setAccessibleName(tr("Photograph view"));
+    updateTexts();
+    update();
+  });
 }
 
 Vela::UiToolkit::ImageViewerToolBar& PhotoView::toolBar() const { return m_footer->toolBar(); }

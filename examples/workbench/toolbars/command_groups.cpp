@@ -26,9 +26,9 @@ using namespace Vela::UiBase;
 
 namespace {
 
-class ToolBarGroups {
-  Q_DECLARE_TR_FUNCTIONS(Workbench::ToolBarGroups)
+Text text(const char* source) { return {"Workbench::ToolBarGroups", source}; }
 
+class ToolBarGroups {
 public:
   explicit ToolBarGroups(const QList<CommandBase*>& commands) : m_commands(commands) {}
 
@@ -37,7 +37,7 @@ public:
   // Stands in a panel of its own.
   CommandGroup* panel(const char* name, const QList<CommandBase*>& children) const;
   // Stands behind a button.
-  CommandGroup* menu(const char* name, const char* icon, const QString& text, const QString& tip,
+  CommandGroup* menu(const char* name, const char* icon, const Text& text, const Text& tip,
                      const QList<CommandBase*>& children) const;
 
   template <typename Command>
@@ -75,7 +75,7 @@ CommandGroup* ToolBarGroups::panel(const char* name, const QList<CommandBase*>& 
   return group;
 }
 
-CommandGroup* ToolBarGroups::menu(const char* name, const char* icon, const QString& text, const QString& tip,
+CommandGroup* ToolBarGroups::menu(const char* name, const char* icon, const Text& text, const Text& tip,
                                   const QList<CommandBase*>& children) const {
   auto* const group = new CommandGroup(QString::fromLatin1(icon), text, QString::fromLatin1(name));
   group->setText(text);
@@ -95,13 +95,13 @@ void fillToolBarGroups(MeshViewController& controller, const QList<CommandBase*>
        groups.panel("MainView", {groups.one<ResetViewCommand>(), groups.group("Shading")}),
        groups.panel("MainResult", {groups.one<MeshInfoCommand>(), groups.one<SaveScreenshotCommand>()})});
 
-  CommandGroup* const smoothing =
-      groups.menu("Smoothing", "smooth_mesh", ToolBarGroups::tr("Smooth"),
-                  ToolBarGroups::tr("Smooth the mesh, at once or step by step"),
-                  {groups.one<SmoothMeshCommand>(), groups.one<SmoothFlyoutCommand>()});
+  CommandGroup* const smoothing = groups.menu(
+      "Smoothing", "smooth_mesh", text(QT_TRANSLATE_NOOP("Workbench::ToolBarGroups", "Smooth")),
+      text(QT_TRANSLATE_NOOP("Workbench::ToolBarGroups", "Smooth the mesh, at once or step by step")),
+      {groups.one<SmoothMeshCommand>(), groups.one<SmoothFlyoutCommand>()});
   CommandGroup* const selecting = groups.menu(
-      "Selecting", "select_all", ToolBarGroups::tr("Select"),
-      ToolBarGroups::tr("Select without pointing at anything"),
+      "Selecting", "select_all", text(QT_TRANSLATE_NOOP("Workbench::ToolBarGroups", "Select")),
+      text(QT_TRANSLATE_NOOP("Workbench::ToolBarGroups", "Select without pointing at anything")),
       {groups.one(SelectionCommand::idOf(SelectAll)), groups.one(SelectionCommand::idOf(InvertSelection))});
   groups.fill(*controller.ActionPanelGroup(),
               {groups.group("Modes"),

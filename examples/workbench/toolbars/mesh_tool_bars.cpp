@@ -2,6 +2,7 @@
 #include "mesh_tool_bars.h"
 
 #include <ui_base/commands/command_group.h>
+#include <ui_base/core/language.h>
 #include <ui_base/notifications/floating_widget.h>
 #include <ui_base/toolbars/action_panel.h>
 #include <ui_base/toolbars/tool_button_with_button_menu.h>
@@ -31,7 +32,7 @@ MeshToolBars::MeshToolBars(MeshView& view, MeshViewController& controller, QObje
       m_panel(new ActionPanel(&view)),
       m_dynamic(new ToolbarManager(m_main)) {
   dressMainBar();
-  m_panel->setAccessibleName(tr("Actions"));
+  keepTranslated(m_panel, [this] { m_panel->setAccessibleName(tr("Actions")); });
   if (view.isRightToLeft())
     m_panel->SetArea(Qt::RightToolBarArea);
   m_panel->SetTooltipGroup(CommandTooltips);
@@ -39,8 +40,6 @@ MeshToolBars::MeshToolBars(MeshView& view, MeshViewController& controller, QObje
     bar->hide();
     connect(bar, &ToolBar::LayoutChanged, this, &MeshToolBars::dressButtons);
   }
-  m_main->AddCommandGroup(controller.ToolPanelGroup());
-  m_panel->AddCommandGroup(controller.ActionPanelGroup());
   controller.selectionCommands().setDelegate(m_dynamic);
   connect(&controller.events(), &MeshViewEvents::meshShown, this, &MeshToolBars::show);
   view.installEventFilter(this);
@@ -49,7 +48,7 @@ MeshToolBars::MeshToolBars(MeshView& view, MeshViewController& controller, QObje
 MeshToolBars::~MeshToolBars() = default;
 
 void MeshToolBars::dressMainBar() {
-  m_main->setAccessibleName(tr("Main toolbar"));
+  keepTranslated(m_main, [this] { m_main->setAccessibleName(tr("Main toolbar")); });
   ToolBar::ApplyDefaultToolbarParams(m_main, QStringLiteral("main_tool_bar"));
   m_main->SetCentered(true);
   m_main->SetOffset({0, Gap});
@@ -66,6 +65,8 @@ void MeshToolBars::setAnimationDuration(int milliseconds) {
 void MeshToolBars::show() {
   if (std::exchange(m_shown, true))
     return;
+  m_main->AddCommandGroup(m_controller.ToolPanelGroup());
+  m_panel->AddCommandGroup(m_controller.ActionPanelGroup());
   m_dynamic->addDynamicCommandGroup(m_controller.DynamicToolPanelGroup());
   m_panel->PrepareActionPanel();
   dressButtons();

@@ -1,0 +1,873 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>Vela::Common::Units</name>
+    <message>
+        <source>micrometres</source>
+        <translation>Mikrometer</translation>
+    </message>
+    <message>
+        <source>µm</source>
+        <translation>µm</translation>
+    </message>
+    <message>
+        <source>millimetres</source>
+        <translation>Millimeter</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+    <message>
+        <source>centimetres</source>
+        <translation>Zentimeter</translation>
+    </message>
+    <message>
+        <source>cm</source>
+        <translation>cm</translation>
+    </message>
+    <message>
+        <source>metres</source>
+        <translation>Meter</translation>
+    </message>
+    <message>
+        <source>m</source>
+        <translation>m</translation>
+    </message>
+    <message>
+        <source>kilometres</source>
+        <translation>Kilometer</translation>
+    </message>
+    <message>
+        <source>km</source>
+        <translation>km</translation>
+    </message>
+    <message>
+        <source>inches</source>
+        <translation>Zoll</translation>
+    </message>
+    <message>
+        <source>in</source>
+        <translation>in</translation>
+    </message>
+    <message>
+        <source>feet</source>
+        <translation>Fuß</translation>
+    </message>
+    <message>
+        <source>ft</source>
+        <translation>ft</translation>
+    </message>
+    <message>
+        <source>yards</source>
+        <translation>Yard</translation>
+    </message>
+    <message>
+        <source>yd</source>
+        <translation>yd</translation>
+    </message>
+    <message>
+        <source>square millimetres</source>
+        <translation>Quadratmillimeter</translation>
+    </message>
+    <message>
+        <source>mm²</source>
+        <translation>mm²</translation>
+    </message>
+    <message>
+        <source>square centimetres</source>
+        <translation>Quadratzentimeter</translation>
+    </message>
+    <message>
+        <source>cm²</source>
+        <translation>cm²</translation>
+    </message>
+    <message>
+        <source>square metres</source>
+        <translation>Quadratmeter</translation>
+    </message>
+    <message>
+        <source>m²</source>
+        <translation>m²</translation>
+    </message>
+    <message>
+        <source>square inches</source>
+        <translation>Quadratzoll</translation>
+    </message>
+    <message>
+        <source>in²</source>
+        <translation>in²</translation>
+    </message>
+    <message>
+        <source>square feet</source>
+        <translation>Quadratfuß</translation>
+    </message>
+    <message>
+        <source>ft²</source>
+        <translation>ft²</translation>
+    </message>
+    <message>
+        <source>cubic millimetres</source>
+        <translation>Kubikmillimeter</translation>
+    </message>
+    <message>
+        <source>mm³</source>
+        <translation>mm³</translation>
+    </message>
+    <message>
+        <source>cubic centimetres</source>
+        <translation>Kubikzentimeter</translation>
+    </message>
+    <message>
+        <source>cm³</source>
+        <translation>cm³</translation>
+    </message>
+    <message>
+        <source>cubic metres</source>
+        <translation>Kubikmeter</translation>
+    </message>
+    <message>
+        <source>m³</source>
+        <translation>m³</translation>
+    </message>
+    <message>
+        <source>millilitres</source>
+        <translation>Milliliter</translation>
+    </message>
+    <message>
+        <source>ml</source>
+        <translation>ml</translation>
+    </message>
+    <message>
+        <source>litres</source>
+        <translation>Liter</translation>
+    </message>
+    <message>
+        <source>l</source>
+        <translation>l</translation>
+    </message>
+    <message>
+        <source>cubic inches</source>
+        <translation>Kubikzoll</translation>
+    </message>
+    <message>
+        <source>in³</source>
+        <translation>in³</translation>
+    </message>
+    <message>
+        <source>cubic feet</source>
+        <translation>Kubikfuß</translation>
+    </message>
+    <message>
+        <source>ft³</source>
+        <translation>ft³</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::License::LicenseDialog</name>
+    <message>
+        <source>License</source>
+        <translation>Lizenz</translation>
+    </message>
+    <message>
+        <source>License of %1</source>
+        <translation>Lizenz für %1</translation>
+    </message>
+    <message>
+        <source>Product page</source>
+        <translation>Produktseite</translation>
+    </message>
+    <message>
+        <source>License &amp;key:</source>
+        <translation>Lizenz&amp;schlüssel:</translation>
+    </message>
+    <message>
+        <source>License key</source>
+        <translation>Lizenzschlüssel</translation>
+    </message>
+    <message>
+        <source>Paste or type your key</source>
+        <translation>Schlüssel einfügen oder eingeben</translation>
+    </message>
+    <message>
+        <source>Result of the activation</source>
+        <translation>Ergebnis der Aktivierung</translation>
+    </message>
+    <message>
+        <source>&amp;Activate</source>
+        <translation>&amp;Aktivieren</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>Thank you. Your license key has been activated.</source>
+        <translation>Danke. Ihr Lizenzschlüssel ist aktiviert.</translation>
+    </message>
+    <message>
+        <source>The product is licensed. All features are available.</source>
+        <translation>Das Produkt ist lizenziert. Alle Funktionen sind verfügbar.</translation>
+    </message>
+    <message>
+        <source>You are using a trial. Paid features can be tried.</source>
+        <translation>Dies ist eine Testversion. Kostenpflichtige Funktionen können ausprobiert werden.</translation>
+    </message>
+    <message>
+        <source>You are using a trial. Days left: %1.</source>
+        <translation>Dies ist eine Testversion. Verbleibende Tage: %1.</translation>
+    </message>
+    <message>
+        <source>There is no license. Paid features are locked.</source>
+        <translation>Es gibt keine Lizenz. Kostenpflichtige Funktionen sind gesperrt.</translation>
+    </message>
+    <message>
+        <source>Buy a license on the product page</source>
+        <translation>Lizenz auf der Produktseite kaufen</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::License::LicenseService</name>
+    <message>
+        <source>The product is licensed already.</source>
+        <translation>Das Produkt ist schon lizenziert.</translation>
+    </message>
+    <message>
+        <source>Paid Feature</source>
+        <translation>Kostenpflichtige Funktion</translation>
+    </message>
+    <message>
+        <source>Please enter a license key.</source>
+        <translation>Bitte geben Sie einen Lizenzschlüssel ein.</translation>
+    </message>
+    <message>
+        <source>The license key was not accepted.</source>
+        <translation>Der Lizenzschlüssel wurde nicht angenommen.</translation>
+    </message>
+    <message>
+        <source>“%1” is a paid feature.</source>
+        <translation>„%1“ ist eine kostenpflichtige Funktion.</translation>
+    </message>
+    <message>
+        <source>Do you want to use it as part of your trial?</source>
+        <translation>Möchten Sie sie im Rahmen Ihrer Testversion benutzen?</translation>
+    </message>
+    <message>
+        <source>It needs a license. Do you want to activate one now?</source>
+        <translation>Sie braucht eine Lizenz. Möchten Sie jetzt eine aktivieren?</translation>
+    </message>
+    <message>
+        <source>&amp;Activate…</source>
+        <translation>&amp;Aktivieren…</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::Resource::String</name>
+    <message>
+        <source>Actions</source>
+        <translation>Aktionen</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Dynamic Tools</source>
+        <translation>Wechselnde Werkzeuge</translation>
+    </message>
+    <message>
+        <source>N/A</source>
+        <translation>k. A.</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase</name>
+    <message>
+        <source>Show the panel of &quot;%1&quot;</source>
+        <translation>Das Fenster von „%1“ zeigen</translation>
+    </message>
+    <message>
+        <source>Cancel &quot;%1&quot;</source>
+        <translation>„%1“ abbrechen</translation>
+    </message>
+    <message>
+        <source>Run &quot;%1&quot; as soon as it is available</source>
+        <translation>„%1“ ausführen, sobald es verfügbar ist</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::BusyIndicator</name>
+    <message>
+        <source>Working</source>
+        <translation>In Arbeit</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::CmdsViewController</name>
+    <message>
+        <source>%1…</source>
+        <translation>%1…</translation>
+    </message>
+    <message>
+        <source>%1 was cancelled.</source>
+        <translation>%1 wurde abgebrochen.</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::CommandBase</name>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>Es ist nicht genug Speicher da.</translation>
+    </message>
+    <message>
+        <source>unknown error</source>
+        <translation>unbekannter Fehler</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; failed: %2</source>
+        <translation>„%1“ ist fehlgeschlagen: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::CommandCause</name>
+    <message>
+        <source>&quot;%1&quot; is running.</source>
+        <translation>„%1“ läuft.</translation>
+    </message>
+    <message>
+        <source>The panel &quot;%1&quot; is open.</source>
+        <translation>Das Fenster von „%1“ ist offen.</translation>
+    </message>
+    <message>
+        <source>Something else is under way.</source>
+        <translation>Etwas anderes ist im Gange.</translation>
+    </message>
+    <message>
+        <source>The group &quot;%1&quot; is not available.</source>
+        <translation>Die Gruppe „%1“ ist nicht verfügbar.</translation>
+    </message>
+    <message>
+        <source>Not available at present.</source>
+        <translation>Zurzeit nicht verfügbar.</translation>
+    </message>
+    <message>
+        <source>This is a paid feature; it needs a licence.</source>
+        <translation>Dies ist eine kostenpflichtige Funktion; sie braucht eine Lizenz.</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::CommandPalette</name>
+    <message>
+        <source>Find a command</source>
+        <translation>Einen Befehl finden</translation>
+    </message>
+    <message>
+        <source>Find Command…</source>
+        <translation>Befehl finden…</translation>
+    </message>
+    <message>
+        <source>Name of the command</source>
+        <translation>Name des Befehls</translation>
+    </message>
+    <message>
+        <source>Commands found</source>
+        <translation>Gefundene Befehle</translation>
+    </message>
+    <message>
+        <source>No command is called like that.</source>
+        <translation>So heißt kein Befehl.</translation>
+    </message>
+    <message>
+        <source>Do not run &quot;%1&quot; any more</source>
+        <translation>„%1“ nicht mehr ausführen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; runs as soon as it is available.</source>
+        <translation>„%1“ läuft, sobald es verfügbar ist.</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::CommandPaletteModel</name>
+    <message>
+        <source>This command is gone.</source>
+        <translation>Diesen Befehl gibt es nicht mehr.</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::DialogEx</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Do not ask again</source>
+        <translation>Nicht mehr fragen</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::DialogMessage</name>
+    <message>
+        <source>&amp;Details</source>
+        <translation>&amp;Einzelheiten</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Einzelheiten</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::FlyoutBase</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::InfoPanel</name>
+    <message>
+        <source>Information</source>
+        <translation>Informationen</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::MDialogBase</name>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::MenuBarWidget</name>
+    <message>
+        <source>More of the menu bar</source>
+        <translation>Mehr von der Menüleiste</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::MenuBuilder</name>
+    <message>
+        <source>Menu bar</source>
+        <translation>Menüleiste</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::NotificationBar</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Close notification</source>
+        <translation>Meldung schließen</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Einzelheiten</translation>
+    </message>
+    <message>
+        <source>Warning: %1</source>
+        <translation>Warnung: %1</translation>
+    </message>
+    <message>
+        <source>Error: %1</source>
+        <translation>Fehler: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::PlacementSearch</name>
+    <message>
+        <source>%1 × %2 at (%3, %4)</source>
+        <translation>%1 × %2 bei (%3, %4)</translation>
+    </message>
+    <message>
+        <source>left</source>
+        <translation>links</translation>
+    </message>
+    <message>
+        <source>above</source>
+        <translation>oben</translation>
+    </message>
+    <message>
+        <source>right</source>
+        <translation>rechts</translation>
+    </message>
+    <message>
+        <source>below</source>
+        <translation>unten</translation>
+    </message>
+    <message>
+        <source>anywhere</source>
+        <translation>irgendwo</translation>
+    </message>
+    <message>
+        <source>arrow at the top</source>
+        <translation>Pfeil oben</translation>
+    </message>
+    <message>
+        <source>arrow at the bottom</source>
+        <translation>Pfeil unten</translation>
+    </message>
+    <message>
+        <source>arrow at the left</source>
+        <translation>Pfeil links</translation>
+    </message>
+    <message>
+        <source>arrow at the right</source>
+        <translation>Pfeil rechts</translation>
+    </message>
+    <message>
+        <source>arrow at the top left</source>
+        <translation>Pfeil oben links</translation>
+    </message>
+    <message>
+        <source>arrow at the top right</source>
+        <translation>Pfeil oben rechts</translation>
+    </message>
+    <message>
+        <source>arrow at the bottom right</source>
+        <translation>Pfeil unten rechts</translation>
+    </message>
+    <message>
+        <source>arrow at the bottom left</source>
+        <translation>Pfeil unten links</translation>
+    </message>
+    <message>
+        <source>taken</source>
+        <translation>genommen</translation>
+    </message>
+    <message>
+        <source>taken after the arrow was slid</source>
+        <translation>genommen, nachdem der Pfeil verschoben war</translation>
+    </message>
+    <message>
+        <source>taken as the last resort</source>
+        <translation>genommen, weil nichts anderes blieb</translation>
+    </message>
+    <message>
+        <source>the window has no such arrow</source>
+        <translation>das Fenster hat keinen solchen Pfeil</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>abgelehnt</translation>
+    </message>
+    <message>
+        <source>%1 px too far left</source>
+        <translation>%1 px zu weit links</translation>
+    </message>
+    <message>
+        <source>%1 px too far right</source>
+        <translation>%1 px zu weit rechts</translation>
+    </message>
+    <message>
+        <source>%1 px too high</source>
+        <translation>%1 px zu hoch</translation>
+    </message>
+    <message>
+        <source>%1 px too low</source>
+        <translation>%1 px zu tief</translation>
+    </message>
+    <message>
+        <source>covers the reference</source>
+        <translation>verdeckt den Bezug</translation>
+    </message>
+    <message>
+        <source>slid by %1 px</source>
+        <translation>um %1 px verschoben</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>Reference: %1</source>
+        <translation>Bezug: %1</translation>
+    </message>
+    <message>
+        <source>Free area: %1</source>
+        <translation>Freie Fläche: %1</translation>
+    </message>
+    <message>
+        <source>Free area: no limits</source>
+        <translation>Freie Fläche: unbegrenzt</translation>
+    </message>
+    <message>
+        <source>%1. %2</source>
+        <translation>%1. %2</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::ProgressContent</name>
+    <message>
+        <source>Cancelling…</source>
+        <translation>Wird abgebrochen…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Cancelling: %1</source>
+        <translation>Wird abgebrochen: %1</translation>
+    </message>
+    <message>
+        <source>Cancel: %1</source>
+        <translation>Abbrechen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::QtUiDebugger</name>
+    <message>
+        <source>Class: %1</source>
+        <translation>Klasse: %1</translation>
+    </message>
+    <message>
+        <source>Name: %1</source>
+        <translation>Name: %1</translation>
+    </message>
+    <message>
+        <source>Parent Class: %1</source>
+        <translation>Elternklasse: %1</translation>
+    </message>
+    <message>
+        <source>Parent Name: %1</source>
+        <translation>Name des Elternobjekts: %1</translation>
+    </message>
+    <message>
+        <source>Widget Info</source>
+        <translation>Über das Widget</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::RunModel</name>
+    <message>
+        <source>Kept the main thread busy</source>
+        <translation>Hat den Hauptthread aufgehalten</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>Quelle</translation>
+    </message>
+    <message>
+        <source>Waited (ms)</source>
+        <translation>Gewartet (ms)</translation>
+    </message>
+    <message>
+        <source>Took (ms)</source>
+        <translation>Gedauert (ms)</translation>
+    </message>
+    <message>
+        <source>Thread</source>
+        <translation>Thread</translation>
+    </message>
+    <message>
+        <source>Outcome</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Meldung</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::RunRecord</name>
+    <message>
+        <source>Mouse</source>
+        <translation>Maus</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Taste</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>Running</source>
+        <translation>Läuft</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Nothing done</source>
+        <translation>Nichts getan</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Abgebrochen</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Refused</source>
+        <translation>Abgelehnt</translation>
+    </message>
+    <message>
+        <source>Abandoned</source>
+        <translation>Aufgegeben</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::ToolBarOverflow</name>
+    <message>
+        <source>More buttons</source>
+        <translation>Weitere Knöpfe</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::ToolButton</name>
+    <message>
+        <source>This is a paid feature. 
+Please purchase or activate your license first.</source>
+        <translation>Dies ist eine kostenpflichtige Funktion. 
+Bitte kaufen oder aktivieren Sie zuerst Ihre Lizenz.</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::TooltipEx</name>
+    <message>
+        <source>F1 shows more</source>
+        <translation>F1 zeigt mehr</translation>
+    </message>
+    <message>
+        <source>F1 opens the help</source>
+        <translation>F1 öffnet die Hilfe</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiToolkit::ImageViewerToolBar</name>
+    <message>
+        <source>Image Viewer Tool Bar</source>
+        <translation>Werkzeugleiste des Bildbetrachters</translation>
+    </message>
+    <message>
+        <source>Zoom in</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;Zoom in&lt;br /&gt;Shortcut: +&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;Vergrößern&lt;br /&gt;Taste: +&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;Zoom Out&lt;br /&gt;Shortcut: -&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;Verkleinern&lt;br /&gt;Taste: -&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>Show image in its original size</source>
+        <translation>Bild in Originalgröße zeigen</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;Show image in its original size&lt;br /&gt;Shortcut: O&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;Bild in Originalgröße zeigen&lt;br /&gt;Taste: O&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>Fit in the image</source>
+        <translation>Bild einpassen</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;Fit in the image&lt;br/&gt;Shortcut: F&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;Bild einpassen&lt;br/&gt;Taste: F&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>Previous image</source>
+        <translation>Voriges Bild</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;Previous image&lt;br/&gt;Shortcut: &amp;lt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;Voriges Bild&lt;br/&gt;Taste: &amp;lt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>Next image</source>
+        <translation>Nächstes Bild</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;Next image&lt;br/&gt;Shortcut: &amp;gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;Nächstes Bild&lt;br/&gt;Taste: &amp;gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiToolkit::PrintMaterialInfoPanel</name>
+    <message>
+        <source>Volume info</source>
+        <translation>Volumen</translation>
+    </message>
+    <message>
+        <source>Working</source>
+        <translation>In Arbeit</translation>
+    </message>
+    <message>
+        <source>Model:</source>
+        <translation>Modell:</translation>
+    </message>
+    <message>
+        <source>Supports:</source>
+        <translation>Stützen:</translation>
+    </message>
+    <message>
+        <source>Combined:</source>
+        <translation>Zusammen:</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>name of a unit and its symbol</comment>
+        <translation>%1 (%2)</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiToolkit::SampleInnerTooltip</name>
+    <message>
+        <source>Sample Inner Tooltip</source>
+        <translation>Beispiel eines inneren Tooltips</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;This is the advanced part of the tooltip! &lt;br /&gt;&lt;br /&gt;&lt;b&gt;Here is a sample image:&lt;/b&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;head/&gt;&lt;body&gt;&lt;p&gt;Dies ist der ausführliche Teil des Tooltips! &lt;br /&gt;&lt;br /&gt;&lt;b&gt;Hier ist ein Beispielbild:&lt;/b&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>Sample image</source>
+        <translation>Beispielbild</translation>
+    </message>
+</context>
+</TS>
