@@ -12,4 +12,6 @@ install(FILES
   ${PROJECT_BINARY_DIR}/vlk_ui_baseConfig.cmake
   ${PROJECT_BINARY_DIR}/vlk_ui_baseConfigVersion.cmake
   DESTINATION ${package_dir})
+# A program to begin with: docs/first_steps.md.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/template DESTINATION ${CMAKE_INSTALL_DATADIR}/vlk_ui_base)
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -19,8 +19,9 @@ struct ColorScheme {
   QColor textDisabled; ///< Text of what cannot be used now.
   QColor border;       ///< Outlines of fields, buttons and popups.
   QColor separator;    ///< Lines between groups.
-  QColor accent;       ///< Selection and keyboard focus.
+  QColor accent;       ///< Selections.
   QColor accentText;   ///< Text on the accent.
+  QColor focus;        ///< Ring around what has the keyboard; stands out on all backs.
   QColor link;         ///< Links in text, icons under the mouse.
   QColor hover;        ///< Back of a button or entry under the mouse.
   QColor pressed;      ///< Back of a button that is held down.

@@ -39,6 +39,14 @@ run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer_build} 
   -D CMAKE_PREFIX_PATH=${prefix})
 run(${CMAKE_COMMAND} --build ${consumer_build} --config ${CONFIG} --parallel 2)
 
+# The template, as a user would begin with it.
+run(${CMAKE_COMMAND} -S ${prefix}/share/vlk_ui_base/template -B ${WORK_DIR}/template -G ${GENERATOR}
+  -D CMAKE_BUILD_TYPE=${CONFIG}
+  -D CMAKE_CXX_COMPILER=${CXX_COMPILER}
+  -D CMAKE_CXX_COMPILER_LAUNCHER=${CXX_COMPILER_LAUNCHER}
+  -D CMAKE_PREFIX_PATH=${prefix})
+run(${CMAKE_COMMAND} --build ${WORK_DIR}/template --config ${CONFIG})
+
 if(NOT DEFINED ENV{QT_QPA_PLATFORM})
   set(ENV{QT_QPA_PLATFORM} offscreen)
 endif()

@@ -90,6 +90,27 @@ private Q_SLOTS:
                qPrintable(widgets.color(text).name() + widgets.color(back).name()));
   }
 
+  void theFocusRingStandsOut_data() { paletteRows(); }
+
+  void theFocusRingStandsOut() {
+    QFETCH(EPalette, palette);
+    auto& styles = Styles::Instance();
+    styles.setPalette(palette);
+    static const QRegularExpression ring(
+        QStringLiteral(":focus[^{]*\\{[^}]*border[^:]*:[^;]*(#\\w{6}|rgb\\([^)]*\\))"));
+    for (const QString& sheet : {styles.ToolButtonOnToolPalette(), styles.Separator(), styles.DialogGeneral(),
+                                 styles.ToolButtonSystem(), styles.ToolButtonSystemClose()}) {
+      auto found = ring.globalMatch(sheet);
+      QVERIFY(found.hasNext());
+      while (found.hasNext()) {
+        const QColor color(found.next().captured(1));
+        for (const QColor& back : {styles.ColorWindowBack(), styles.ColorToolPaletteMainBack(),
+                                   styles.widgetPalette().color(QPalette::Base)})
+          QVERIFY2(contrast(color, back) >= DISCERNIBLE, qPrintable(sheet));
+      }
+    }
+  }
+
   void styleSheetsAreWhole() {
     auto& styles = Styles::Instance();
     for (const QString& sheet : {styles.ToolButtonOnToolPalette(), styles.MenuMain(), styles.Separator(),
