@@ -282,21 +282,6 @@
     </message>
 </context>
 <context>
-    <name>Vela::UiBase</name>
-    <message>
-        <source>Show the panel of &quot;%1&quot;</source>
-        <translation>Das Fenster von „%1“ zeigen</translation>
-    </message>
-    <message>
-        <source>Cancel &quot;%1&quot;</source>
-        <translation>„%1“ abbrechen</translation>
-    </message>
-    <message>
-        <source>Run &quot;%1&quot; as soon as it is available</source>
-        <translation>„%1“ ausführen, sobald es verfügbar ist</translation>
-    </message>
-</context>
-<context>
     <name>Vela::UiBase::BusyIndicator</name>
     <message>
         <source>Working</source>
@@ -440,6 +425,104 @@
     <message>
         <source>Information</source>
         <translation>Informationen</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::KeyProbe</name>
+    <message>
+        <source>The focus</source>
+        <translation>Der Fokus</translation>
+    </message>
+    <message>
+        <source>Panel</source>
+        <translation>Fenster</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>Bibliothek</translation>
+    </message>
+    <message>
+        <source>What is left</source>
+        <translation>Was übrig bleibt</translation>
+    </message>
+    <message>
+        <source>gets it</source>
+        <translation>bekommt sie</translation>
+    </message>
+    <message>
+        <source>It means several things: nobody gets it.</source>
+        <translation>Sie bedeutet mehreres: Niemand bekommt sie.</translation>
+    </message>
+    <message>
+        <source>Nobody takes it.</source>
+        <translation>Niemand nimmt sie.</translation>
+    </message>
+    <message>
+        <source>Press any key.</source>
+        <translation>Drücken Sie eine beliebige Taste.</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::KeyTaker</name>
+    <message>
+        <source>The focus is not in it.</source>
+        <translation>Der Fokus ist nicht darin.</translation>
+    </message>
+    <message>
+        <source>It wants more keys after these.</source>
+        <translation>Es erwartet nach diesen weitere Tasten.</translation>
+    </message>
+    <message>
+        <source>a shortcut of the window</source>
+        <translation>ein Kürzel des Fensters</translation>
+    </message>
+    <message>
+        <source>It is disabled.</source>
+        <translation>Es ist nicht verfügbar.</translation>
+    </message>
+    <message>
+        <source>There is no toolbar.</source>
+        <translation>Es gibt keine Werkzeugleiste.</translation>
+    </message>
+    <message>
+        <source>Where it stands is not in sight.</source>
+        <translation>Wo es steht, ist nicht zu sehen.</translation>
+    </message>
+    <message>
+        <source>Where it stands is disabled.</source>
+        <translation>Wo es steht, ist nicht verfügbar.</translation>
+    </message>
+    <message>
+        <source>Another view lies over its own.</source>
+        <translation>Eine andere Ansicht liegt über seiner.</translation>
+    </message>
+    <message>
+        <source>The focus is elsewhere.</source>
+        <translation>Der Fokus ist woanders.</translation>
+    </message>
+    <message>
+        <source>It stands in another window.</source>
+        <translation>Es steht in einem anderen Fenster.</translation>
+    </message>
+    <message>
+        <source>It stands nowhere.</source>
+        <translation>Es steht nirgends.</translation>
+    </message>
+    <message>
+        <source>Its menu is disabled.</source>
+        <translation>Sein Menü ist nicht verfügbar.</translation>
+    </message>
+    <message>
+        <source>It is hidden.</source>
+        <translation>Es ist verborgen.</translation>
     </message>
 </context>
 <context>
@@ -746,6 +829,181 @@
     </message>
 </context>
 <context>
+    <name>Vela::UiBase::ShortcutEditor</name>
+    <message>
+        <source>Keyboard shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>The shortcuts were read.</source>
+        <translation>Die Tastenkürzel sind gelesen.</translation>
+    </message>
+    <message>
+        <source>The shortcuts were written.</source>
+        <translation>Die Tastenkürzel sind geschrieben.</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>The page was saved.</source>
+        <translation>Die Seite ist gespeichert.</translation>
+    </message>
+    <message>
+        <source>Find a command</source>
+        <translation>Einen Befehl finden</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>&amp;Use Keys</source>
+        <translation>Tasten &amp;benutzen</translation>
+    </message>
+    <message>
+        <source>&amp;Clear</source>
+        <translation>&amp;Leeren</translation>
+    </message>
+    <message>
+        <source>&amp;Reset</source>
+        <translation>&amp;Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Import…</source>
+        <translation>&amp;Importieren…</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>&amp;Exportieren…</translation>
+    </message>
+    <message>
+        <source>Save &amp;Page…</source>
+        <translation>&amp;Seite speichern…</translation>
+    </message>
+    <message>
+        <source>Reset &amp;All</source>
+        <translation>&amp;Alle zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Press the keys for &quot;%1&quot;:</source>
+        <translation>Drücken Sie die Tasten für „%1“:</translation>
+    </message>
+    <message>
+        <source>No command is called like that.</source>
+        <translation>So heißt kein Befehl.</translation>
+    </message>
+    <message>
+        <source>Take &amp;Over</source>
+        <translation>Ü&amp;bernehmen</translation>
+    </message>
+    <message>
+        <source>These keys belong to %1.</source>
+        <translation>Diese Tasten gehören %1.</translation>
+    </message>
+    <message>
+        <source>These keys are taken: %1. Choose others.</source>
+        <translation>Diese Tasten sind vergeben: %1. Wählen Sie andere.</translation>
+    </message>
+    <message>
+        <source>Import Shortcuts</source>
+        <translation>Tastenkürzel importieren</translation>
+    </message>
+    <message>
+        <source>Shortcuts (*.json)</source>
+        <translation>Tastenkürzel (*.json)</translation>
+    </message>
+    <message>
+        <source>Export Shortcuts</source>
+        <translation>Tastenkürzel exportieren</translation>
+    </message>
+    <message>
+        <source>Save Page</source>
+        <translation>Seite speichern</translation>
+    </message>
+    <message>
+        <source>Pages (*.pdf)</source>
+        <translation>Seiten (*.pdf)</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::ShortcutModel</name>
+    <message>
+        <source>Changed</source>
+        <translation>Geändert</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Shortcut</source>
+        <translation>Kürzel</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::ShortcutScheme</name>
+    <message>
+        <source>%1 means %2: none of them was run.</source>
+        <translation>%1 bedeutet %2: Nichts davon wurde ausgeführt.</translation>
+    </message>
+    <message>
+        <source>This is no file of shortcuts: %1</source>
+        <translation>Dies ist keine Datei mit Tastenkürzeln: %1</translation>
+    </message>
+    <message>
+        <source>This is no file of shortcuts: it has no list of them.</source>
+        <translation>Dies ist keine Datei mit Tastenkürzeln: Sie hat keine Liste davon.</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::ShortcutSheet</name>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::ShortcutUse</name>
+    <message>
+        <source>a shortcut of the window</source>
+        <translation>ein Kürzel des Fensters</translation>
+    </message>
+    <message>
+        <source>Close what is open</source>
+        <translation>Schließen, was offen ist</translation>
+    </message>
+    <message>
+        <source>Go to the next toolbar</source>
+        <translation>Zur nächsten Werkzeugleiste gehen</translation>
+    </message>
+    <message>
+        <source>Go to the toolbar before</source>
+        <translation>Zur vorigen Werkzeugleiste gehen</translation>
+    </message>
+    <message>
+        <source>Go to the menu bar</source>
+        <translation>Zur Menüleiste gehen</translation>
+    </message>
+    <message>
+        <source>Unfold the tooltip</source>
+        <translation>Den Tooltip aufklappen</translation>
+    </message>
+    <message>
+        <source>Open the context menu</source>
+        <translation>Das Kontextmenü öffnen</translation>
+    </message>
+</context>
+<context>
     <name>Vela::UiBase::ToolBarOverflow</name>
     <message>
         <source>More buttons</source>
@@ -770,6 +1028,21 @@ Bitte kaufen oder aktivieren Sie zuerst Ihre Lizenz.</translation>
     <message>
         <source>F1 opens the help</source>
         <translation>F1 öffnet die Hilfe</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::WayOut</name>
+    <message>
+        <source>Show the panel of &quot;%1&quot;</source>
+        <translation>Das Fenster von „%1“ zeigen</translation>
+    </message>
+    <message>
+        <source>Cancel &quot;%1&quot;</source>
+        <translation>„%1“ abbrechen</translation>
+    </message>
+    <message>
+        <source>Run &quot;%1&quot; as soon as it is available</source>
+        <translation>„%1“ ausführen, sobald es verfügbar ist</translation>
     </message>
 </context>
 <context>

@@ -97,15 +97,7 @@ QStringList sharedMnemonics(const QMenu& menu) {
 
 class LanguageBench : public WorkbenchFixture {
 public:
-  bool show() {
-    qputenv("VLK_PLUGIN_PATH", "");
-    if (!start())
-      return false;
-    window().resize(900, 700);
-    controller().showMesh(Test::blob(20), QStringLiteral("blob"));
-    settle();
-    return true;
-  }
+  LanguageBench() : WorkbenchFixture({900, 700}) { show(Test::blob(20)); }
   void speak(QLocale::Language language) {
     controller().findCommand(LanguageCommand::idOf(language))->trigger();
     settle();
@@ -121,8 +113,8 @@ class WorkbenchLanguageTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void initTestCase() {
     for (const char* const file :
-         {"../../translations/vlk_ui_base_de.ts", "../../examples/workbench/translations/workbench_de.ts"})
-      m_english += englishTexts(QFINDTESTDATA(file));
+         {"/translations/vlk_ui_base_de.ts", "/examples/workbench/translations/workbench_de.ts"})
+      m_english += englishTexts(QLatin1String(VLK_SOURCES) + QLatin1String(file));
     QVERIFY(m_english.contains(QStringLiteral("&File")) && m_english.contains(QStringLiteral("Apply")));
     if (!QFile::exists(QStringLiteral(":/workbench/translations/workbench_de.qm")))
       QSKIP("built without lrelease");
@@ -130,7 +122,6 @@ private Q_SLOTS:
 
   void whatIsOpenSurvivesTheSwitch() {
     LanguageBench bench;
-    QVERIFY(bench.show());
     bench.press(Qt::Key_A, Qt::ControlModifier);
     bench.press(Qt::Key_M, Qt::ControlModifier | Qt::AltModifier);
     FlyoutBase& flyout = *bench.command<SmoothFlyoutCommand>()->flyout();
@@ -156,7 +147,6 @@ private Q_SLOTS:
 
   void nothingIsLeftInTheLanguageBefore() {
     LanguageBench bench;
-    QVERIFY(bench.show());
     bench.press(Qt::Key_A, Qt::ControlModifier); // the bar of the selection
     bench.press(Qt::Key_I, Qt::ControlModifier | Qt::ShiftModifier);
     bench.press(Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
@@ -164,7 +154,8 @@ private Q_SLOTS:
     bench.press(Qt::Key_1, Qt::AltModifier);
     settle();
     bench.speak(QLocale::German);
-    QCOMPARE(leftIn(m_english), QStringList());
+    const QStringList left = leftIn(m_english);
+    QVERIFY2(left.isEmpty(), qPrintable(left.join(QLatin1Char('\n'))));
     QStringList shared;
     const auto menus = bench.window().findChildren<QMenu*>();
     for (const QMenu* const menu : menus)
@@ -175,7 +166,6 @@ private Q_SLOTS:
 
   void theLanguageIsRememberedAndTheSourceTextFound() {
     LanguageBench bench;
-    QVERIFY(bench.show());
     bench.speak(QLocale::German);
     Language::restore();
     QCOMPARE(Language::current(), QLocale::German);

@@ -25,7 +25,9 @@ namespace Vela::UiBase {
 
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("Vela::UiBase::KeyTaker", text); }
+struct Texts {
+  Q_DECLARE_TR_FUNCTIONS(Vela::UiBase::KeyTaker)
+};
 
 QString nameOf(QWidget& widget) {
   const auto* const accessible = QAccessible::queryAccessibleInterface(&widget);
@@ -80,7 +82,7 @@ private:
     for (const FlyoutBase* const flyout : flyouts) {
       if (flyout->isVisible())
         add(KeyTaker::Flyout, flyout->Title(),
-            m_focus && flyout->isAncestorOf(m_focus) ? QString() : tr("The focus is not in it."));
+            m_focus && flyout->isAncestorOf(m_focus) ? QString() : Texts::tr("The focus is not in it."));
     }
   }
 
@@ -105,7 +107,7 @@ private:
         const QString why = whySilent(*action);
         const bool lacksKeys = why.isEmpty() && match == QKeySequence::PartialMatch;
         add(KeyTaker::Command, nameInSentence(*action),
-            lacksKeys ? tr("It wants more keys after these.") : why, action);
+            lacksKeys ? Texts::tr("It wants more keys after these.") : why, action);
       }
     }
     const auto shortcuts = m_window.findChildren<QShortcut*>();
@@ -113,8 +115,8 @@ private:
       const auto* const place = qobject_cast<QWidget*>(shortcut->parent());
       if (place && shortcut->keys().contains(m_keys) && libraryName().isEmpty())
         add(KeyTaker::Command,
-            shortcut->whatsThis().isEmpty() ? tr("a shortcut of the window") : shortcut->whatsThis(),
-            shortcut->isEnabled() ? whySilent(*place, shortcut->context()) : tr("It is disabled."));
+            shortcut->whatsThis().isEmpty() ? Texts::tr("a shortcut of the window") : shortcut->whatsThis(),
+            shortcut->isEnabled() ? whySilent(*place, shortcut->context()) : Texts::tr("It is disabled."));
     }
   }
 
@@ -140,37 +142,37 @@ private:
         m_keys == QKeySequence(Qt::Key_F6) || m_keys == QKeySequence(Qt::SHIFT | Qt::Key_F6);
     const auto bars = m_window.findChildren<ToolBar*>();
     const bool hasBar = std::any_of(bars.cbegin(), bars.cend(), [](auto* bar) { return bar->isVisible(); });
-    add(KeyTaker::Library, name, isForBars && !hasBar ? tr("There is no toolbar.") : QString());
+    add(KeyTaker::Library, name, isForBars && !hasBar ? Texts::tr("There is no toolbar.") : QString());
   }
 
   QString whySilent(const QWidget& place, Qt::ShortcutContext context) const {
     if (!place.isVisible())
-      return tr("Where it stands is not in sight.");
+      return Texts::tr("Where it stands is not in sight.");
     if (!place.isEnabled())
-      return tr("Where it stands is disabled.");
+      return Texts::tr("Where it stands is disabled.");
     const auto* const view = qobject_cast<const BaseView*>(&place);
     if (view && Presentation::of(*view)->isCovered(*view))
-      return tr("Another view lies over its own.");
+      return Texts::tr("Another view lies over its own.");
     const bool hasFocus = m_focus == &place;
     const bool isAround = m_focus && place.isAncestorOf(m_focus);
     if ((context == Qt::WidgetShortcut && !hasFocus) ||
         (context == Qt::WidgetWithChildrenShortcut && !hasFocus && !isAround))
-      return tr("The focus is elsewhere.");
+      return Texts::tr("The focus is elsewhere.");
     if (context != Qt::ApplicationShortcut && place.window() != &m_window)
-      return tr("It stands in another window.");
+      return Texts::tr("It stands in another window.");
     return {};
   }
 
   // A menu is where its own action is.
   QString whySilentByPlace(const QAction& action, Qt::ShortcutContext context, int depth = 0) const {
-    QString why = tr("It stands nowhere.");
+    QString why = Texts::tr("It stands nowhere.");
     const auto objects = action.associatedObjects();
     for (QObject* const object : objects) {
       const auto* const menu = qobject_cast<QMenu*>(object);
       const QAction* const entry = menu ? menu->menuAction() : nullptr;
       if (entry && depth < 8)
         why = entry->isEnabled() && entry->isVisible() ? whySilentByPlace(*entry, context, depth + 1)
-                                                       : tr("Its menu is disabled.");
+                                                       : Texts::tr("Its menu is disabled.");
       else if (const auto* const widget = qobject_cast<QWidget*>(object); widget && !menu)
         why = whySilent(*widget, context);
       if (why.isEmpty())
@@ -181,7 +183,7 @@ private:
 
   QString whySilent(const QAction& action) const {
     if (!action.isVisible())
-      return tr("It is hidden.");
+      return Texts::tr("It is hidden.");
     if (action.isEnabled())
       return whySilentByPlace(action, action.shortcutContext());
     const auto* const command = dynamic_cast<const CommandBase*>(&action);
@@ -191,7 +193,7 @@ private:
       for (const CommandCause& cause : causes)
         reasons.append(cause.text);
     }
-    return reasons.isEmpty() ? tr("It is disabled.") : reasons.join(u' ');
+    return reasons.isEmpty() ? Texts::tr("It is disabled.") : reasons.join(u' ');
   }
 
   void chooseReceiver() {

@@ -12,7 +12,9 @@ namespace Vela::UiBase {
 
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("Vela::UiBase::ShortcutSheet", text); }
+struct Texts {
+  Q_DECLARE_TR_FUNCTIONS(Vela::UiBase::ShortcutSheet)
+};
 
 QString rowOf(const QString& name, const QList<QKeySequence>& shortcuts) {
   return QStringLiteral("<tr><td>%1&nbsp;&nbsp;</td><td><b>%2</b></td></tr>")
@@ -31,7 +33,7 @@ QString shortcutSheet(const ShortcutScheme& scheme) {
     if (!shortcuts.isEmpty())
       rows[group ? nameInSentence(*group) : QString()] += rowOf(nameInSentence(*command), shortcuts);
   }
-  QString page = QStringLiteral("<h1>%1</h1>").arg(tr("Keyboard Shortcuts"));
+  QString page = QStringLiteral("<h1>%1</h1>").arg(Texts::tr("Keyboard Shortcuts"));
   for (auto it = rows.cbegin(); it != rows.cend(); ++it) {
     if (!it.key().isEmpty())
       page += QStringLiteral("<h3>%1</h3>").arg(it.key().toHtmlEscaped());

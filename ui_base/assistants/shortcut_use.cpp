@@ -17,7 +17,9 @@ namespace Vela::UiBase {
 
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("Vela::UiBase::ShortcutUse", text); }
+struct Texts {
+  Q_DECLARE_TR_FUNCTIONS(Vela::UiBase::ShortcutUse)
+};
 
 void addPlaces(const QAction& action, QSet<const QAction*>& visited, QList<QPointer<QWidget>>& places) {
   if (visited.contains(&action))
@@ -73,7 +75,7 @@ void addShortcutObjects(const QWidget& window, QList<ShortcutUse>& uses) {
   const auto shortcuts = window.findChildren<QShortcut*>();
   for (const QShortcut* const shortcut : shortcuts) {
     const QString name =
-        shortcut->whatsThis().isEmpty() ? tr("a shortcut of the window") : shortcut->whatsThis();
+        shortcut->whatsThis().isEmpty() ? Texts::tr("a shortcut of the window") : shortcut->whatsThis();
     for (const ShortcutUse& use : withKeys(useOf(*shortcut, name), shortcut->keys())) {
       if (!isLibraryKey(use.keys))
         uses.append(use);
@@ -122,14 +124,14 @@ QList<ShortcutUse> usesBesideCommands(const QWidget& window) {
 }
 
 QList<ShortcutUse> libraryKeys() {
-  return {{Qt::Key_Escape, {}, tr("Close what is open"), Qt::WindowShortcut, {}},
-          {Qt::Key_F6, {}, tr("Go to the next toolbar"), Qt::WindowShortcut, {}},
-          {Qt::SHIFT | Qt::Key_F6, {}, tr("Go to the toolbar before"), Qt::WindowShortcut, {}},
-          {Qt::Key_F10, {}, tr("Go to the menu bar"), Qt::WindowShortcut, {}},
-          {Qt::Key_Alt, {}, tr("Go to the menu bar"), Qt::WindowShortcut, {}},
-          {Qt::Key_F1, {}, tr("Unfold the tooltip"), Qt::WindowShortcut, {}},
-          {Qt::Key_Menu, {}, tr("Open the context menu"), Qt::WindowShortcut, {}},
-          {Qt::SHIFT | Qt::Key_F10, {}, tr("Open the context menu"), Qt::WindowShortcut, {}}};
+  return {{Qt::Key_Escape, {}, Texts::tr("Close what is open"), Qt::WindowShortcut, {}},
+          {Qt::Key_F6, {}, Texts::tr("Go to the next toolbar"), Qt::WindowShortcut, {}},
+          {Qt::SHIFT | Qt::Key_F6, {}, Texts::tr("Go to the toolbar before"), Qt::WindowShortcut, {}},
+          {Qt::Key_F10, {}, Texts::tr("Go to the menu bar"), Qt::WindowShortcut, {}},
+          {Qt::Key_Alt, {}, Texts::tr("Go to the menu bar"), Qt::WindowShortcut, {}},
+          {Qt::Key_F1, {}, Texts::tr("Unfold the tooltip"), Qt::WindowShortcut, {}},
+          {Qt::Key_Menu, {}, Texts::tr("Open the context menu"), Qt::WindowShortcut, {}},
+          {Qt::SHIFT | Qt::Key_F10, {}, Texts::tr("Open the context menu"), Qt::WindowShortcut, {}}};
 }
 
 } // namespace Vela::UiBase

@@ -15,7 +15,9 @@ namespace Vela::UiBase {
 
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("Vela::UiBase", text); }
+struct Texts {
+  Q_DECLARE_TR_FUNCTIONS(Vela::UiBase::WayOut)
+};
 
 QWidget* openPanel(CommandBase& command) {
   const auto* const flyout = dynamic_cast<FlyoutCommand*>(&command);
@@ -35,9 +37,9 @@ void addWayPast(CommandBase& holder, QList<WayOut>& ways) {
   if (std::ranges::any_of(ways, known))
     return;
   if (openPanel(holder))
-    ways.append({WayOut::ShowPanel, id, tr("Show the panel of \"%1\"").arg(nameInSentence(holder))});
+    ways.append({WayOut::ShowPanel, id, Texts::tr("Show the panel of \"%1\"").arg(nameInSentence(holder))});
   if (!stoppableRuns(holder).isEmpty())
-    ways.append({WayOut::CancelRun, id, tr("Cancel \"%1\"").arg(nameInSentence(holder))});
+    ways.append({WayOut::CancelRun, id, Texts::tr("Cancel \"%1\"").arg(nameInSentence(holder))});
 }
 
 } // namespace
@@ -52,8 +54,9 @@ QList<WayOut> waysOut(const CmdMgr& manager, CommandBase& command) {
   }
   const auto passes = [](const CommandCause& cause) { return cause.kind == CommandCause::Layer; };
   if (!causes.isEmpty() && std::ranges::all_of(causes, passes))
-    ways.append(
-        {WayOut::RunWhenFree, {}, tr("Run \"%1\" as soon as it is available").arg(nameInSentence(command))});
+    ways.append({WayOut::RunWhenFree,
+                 {},
+                 Texts::tr("Run \"%1\" as soon as it is available").arg(nameInSentence(command))});
   return ways;
 }
 

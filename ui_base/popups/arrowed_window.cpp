@@ -183,6 +183,9 @@ bool ArrowedWindow::eventFilter(QObject* watched, QEvent* event) {
   case QEvent::StyleChange:
     d->adoptLooks();
     break;
+  case QEvent::LanguageChange:
+    d->adoptDescription();
+    break;
   default:
     break;
   }

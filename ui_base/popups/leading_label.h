@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QEvent>
 #include <QLabel>
 #include <QStyle>
 
@@ -9,18 +10,13 @@ namespace Vela::UiBase {
 /// A label whose text stands where one begins to read in the window, whatever direction the text itself has.
 class LeadingLabel : public QLabel {
 public:
-  using QLabel::QLabel;
+  explicit LeadingLabel(QWidget* parent) : QLabel(parent) { mirror(); }
 
 protected:
   void changeEvent(QEvent* event) override {
     QLabel::changeEvent(event);
     if (event->type() == QEvent::LayoutDirectionChange)
       mirror();
-  }
-  bool event(QEvent* event) override {
-    if (event->type() == QEvent::Polish)
-      mirror();
-    return QLabel::event(event);
   }
 
 private:

@@ -40,12 +40,14 @@ KeyboardCommand::KeyboardCommand(MeshViewController* controller, EKeyboardPage p
     : CommandBase(controller), m_page(page) {
   setBaseGroupName(HelpSection);
   if (page == EditShortcuts) {
-    setText(tr("&Keyboard Shortcuts…"));
+    setText({staticMetaObject, QT_TR_NOOP("&Keyboard Shortcuts…")});
     setShortcut(Qt::CTRL | Qt::ALT | Qt::Key_K);
-    setStatusTip(tr("Shows the keys of all commands, to change, print, or hand on"));
+    setStatusTip(
+        {staticMetaObject, QT_TR_NOOP("Shows the keys of all commands, to change, print, or hand on")});
   } else {
-    setText(tr("&Press Any Key…"));
-    setStatusTip(tr("Shows what a key does here, and why others that want it do not get it"));
+    setText({staticMetaObject, QT_TR_NOOP("&Press Any Key…")});
+    setStatusTip({staticMetaObject,
+                  QT_TR_NOOP("Shows what a key does here, and why others that want it do not get it")});
   }
 }
 

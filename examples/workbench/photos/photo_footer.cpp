@@ -2,6 +2,7 @@
 #include "photo_footer.h"
 
 #include <ui_toolkit/image_viewer_tool_bar.h>
+#include <vlk_common_res/styles.h>
 
 #include <QGridLayout>
 #include <QLabel>
@@ -9,6 +10,9 @@
 #include <QStyle>
 
 namespace Workbench {
+
+using Vela::Resource::Styles;
+
 namespace {
 
 // Labels go by the direction of their text otherwise, which is that of the file's name.
@@ -38,6 +42,19 @@ PhotoFooter::PhotoFooter(QWidget* parent)
   row->addWidget(m_figures, 0, 2);
   row->setColumnStretch(0, 1);
   row->setColumnStretch(2, 1);
+  connect(&Styles::Instance(), &Styles::changed, this, &PhotoFooter::dressToolBar);
+  dressToolBar();
+}
+
+// As the bars over the mesh look.
+void PhotoFooter::dressToolBar() {
+  const Styles& styles = Styles::Instance();
+  const QString bar =
+      QStringLiteral("QWidget#ImageViewerToolBar { background-color: %1; border: 1px solid %2; "
+                     "border-radius: 6px; }\n");
+  m_toolBar->setStyleSheet(
+      bar.arg(styles.ColorToolPaletteMainBack().name(), styles.ColorActionPanelBorder().name()) +
+      styles.ToolButtonOnToolPalette());
 }
 
 void PhotoFooter::setTexts(const QString& name, const QString& figures) {

@@ -29,6 +29,7 @@ protected:
   void resizeEvent(QResizeEvent* event) override;
 
 private:
+  void dressToolBar();
   void fitName();
 
   QLabel* m_name;

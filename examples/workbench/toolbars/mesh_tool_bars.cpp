@@ -40,6 +40,8 @@ MeshToolBars::MeshToolBars(MeshView& view, MeshViewController& controller, QObje
     bar->hide();
     connect(bar, &ToolBar::LayoutChanged, this, &MeshToolBars::dressButtons);
   }
+  m_main->AddCommandGroup(controller.ToolPanelGroup());
+  m_panel->AddCommandGroup(controller.ActionPanelGroup());
   controller.selectionCommands().setDelegate(m_dynamic);
   connect(&controller.events(), &MeshViewEvents::meshShown, this, &MeshToolBars::show);
   view.installEventFilter(this);
@@ -65,8 +67,6 @@ void MeshToolBars::setAnimationDuration(int milliseconds) {
 void MeshToolBars::show() {
   if (std::exchange(m_shown, true))
     return;
-  m_main->AddCommandGroup(m_controller.ToolPanelGroup());
-  m_panel->AddCommandGroup(m_controller.ActionPanelGroup());
   m_dynamic->addDynamicCommandGroup(m_controller.DynamicToolPanelGroup());
   m_panel->PrepareActionPanel();
   dressButtons();

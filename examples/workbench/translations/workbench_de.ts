@@ -12,7 +12,7 @@
     <name>Workbench::AboutCommand</name>
     <message>
         <source>&amp;About Workbench</source>
-        <translation>Ü&amp;ber Workbench</translation>
+        <translation>&amp;Über Workbench</translation>
     </message>
     <message>
         <source>What the program is, its version and its licence</source>
@@ -146,6 +146,37 @@
     <message>
         <source>Finds any command by a part of its name, and runs it</source>
         <translation>Findet jeden Befehl durch einen Teil seines Namens und führt ihn aus</translation>
+    </message>
+</context>
+<context>
+    <name>Workbench::KeyboardCommand</name>
+    <message>
+        <source>&amp;Keyboard Shortcuts…</source>
+        <translation>&amp;Tastenkürzel…</translation>
+    </message>
+    <message>
+        <source>Shows the keys of all commands, to change, print, or hand on</source>
+        <translation>Zeigt die Tasten aller Befehle, zum Ändern, Drucken oder Weitergeben</translation>
+    </message>
+    <message>
+        <source>&amp;Press Any Key…</source>
+        <translation>&amp;Beliebige Taste drücken…</translation>
+    </message>
+    <message>
+        <source>Shows what a key does here, and why others that want it do not get it</source>
+        <translation>Zeigt, was eine Taste hier tut, und warum andere, die sie wollen, sie nicht bekommen</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Press Any Key</source>
+        <translation>Beliebige Taste drücken</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
