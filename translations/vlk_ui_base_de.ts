@@ -342,6 +342,37 @@
     </message>
 </context>
 <context>
+    <name>Vela::UiBase::CommandInspector</name>
+    <message>
+        <source>Layers of contexts: %1</source>
+        <translation>Kontextebenen: %1</translation>
+    </message>
+    <message>
+        <source>It can be used.</source>
+        <translation>Es ist verfügbar.</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>Point at a button or a menu entry.</source>
+        <translation>Zeigen Sie auf einen Knopf oder Menüeintrag.</translation>
+    </message>
+    <message>
+        <source>Commands that cannot be used</source>
+        <translation>Befehle, die nicht verfügbar sind</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>Läufe</translation>
+    </message>
+    <message>
+        <source>&amp;Copy as Text</source>
+        <translation>Als Text &amp;kopieren</translation>
+    </message>
+</context>
+<context>
     <name>Vela::UiBase::CommandPalette</name>
     <message>
         <source>Find a command</source>
@@ -418,6 +449,25 @@
     <message>
         <source>Apply</source>
         <translation>Anwenden</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::GreyCommandModel</name>
+    <message>
+        <source>It is about to be enabled.</source>
+        <translation>Es wird gleich verfügbar.</translation>
+    </message>
+    <message>
+        <source>Cannot be used</source>
+        <translation>Nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>Warum</translation>
+    </message>
+    <message>
+        <source>Since</source>
+        <translation>Seit</translation>
     </message>
 </context>
 <context>

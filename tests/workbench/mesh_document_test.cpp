@@ -26,7 +26,7 @@ private Q_SLOTS:
     const TriangleSelection selection(12, corners);
     document.setSelection(selection);
     document.setSelection(selection); // no step
-    document.edit("Delete", withoutTriangles(document.mesh(), selection));
+    document.edit(QStringLiteral("Delete"), withoutTriangles(document.mesh(), selection));
     QUndoStack& steps = *document.undoStack();
     QCOMPARE(steps.count(), 2);
     QCOMPARE(document.mesh().triangles().size(), std::size_t(10));

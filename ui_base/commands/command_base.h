@@ -140,7 +140,9 @@ public:
   using QAction::setToolTip;
   /// Shows the text in the language of the program from now on, until another text is set.
   void setText(const Text& text);
+  /// The same for the tooltip.
   void setToolTip(const Text& toolTip);
+  /// The same for the status tip.
   void setStatusTip(const Text& statusTip);
   /// The message is looked up when it is asked for.
   void setExecutionNotificationMessage(ENotification notification, const Text& message);

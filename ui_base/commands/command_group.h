@@ -41,7 +41,7 @@ public:
   /// @param toolTip the tooltip.
   /// @param name the object name, from which the identifier is made.
   CommandGroup(const QString& iconName, const QString& toolTip, const QString& name);
-  /// @overload With a tooltip that follows the language of the program.
+  /// The same with a tooltip that follows the language of the program.
   CommandGroup(const QString& iconName, const Text& toolTip, const QString& name);
   ~CommandGroup() override;
 

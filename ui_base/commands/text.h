@@ -41,6 +41,7 @@ public:
   QString translated() const;
   /// In the language of the source code, with its values.
   QString source() const;
+  /// Whether its source has no letters.
   bool isEmpty() const { return m_source.isEmpty(); }
   /// Whether it is the same in every language.
   bool isFixed() const { return m_context.isEmpty() && m_values.isEmpty(); }

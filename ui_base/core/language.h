@@ -52,6 +52,7 @@ public:
   /// Speaks the language of that locale, and makes it the default one for numbers and dates, also in the
   /// widgets that there are. Texts that are not there in it stay as they stand in the source.
   void setLocale(const QLocale& locale);
+  /// The one that was set last.
   QLocale locale() const { return m_locale; }
 
   bool isEmpty() const override;

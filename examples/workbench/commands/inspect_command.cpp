@@ -11,8 +11,9 @@ namespace Workbench {
 using namespace Vela::UiBase;
 
 InspectCommand::InspectCommand(MeshViewController* controller) : CommandBase(controller) {
-  setText(tr("&Inspect Commands…"));
-  setStatusTip(tr("Shows which commands cannot be used, why and since when, and what was run"));
+  setText({staticMetaObject, QT_TR_NOOP("&Inspect Commands…")});
+  setStatusTip({staticMetaObject,
+                QT_TR_NOOP("Shows which commands cannot be used, why and since when, and what was run")});
   setBaseGroupName(HelpSection);
 }
 

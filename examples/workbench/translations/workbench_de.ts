@@ -149,6 +149,17 @@
     </message>
 </context>
 <context>
+    <name>Workbench::InspectCommand</name>
+    <message>
+        <source>&amp;Inspect Commands…</source>
+        <translation>Befehle &amp;untersuchen…</translation>
+    </message>
+    <message>
+        <source>Shows which commands cannot be used, why and since when, and what was run</source>
+        <translation>Zeigt, welche Befehle nicht verfügbar sind, warum und seit wann, und was ausgeführt wurde</translation>
+    </message>
+</context>
+<context>
     <name>Workbench::KeyboardCommand</name>
     <message>
         <source>&amp;Keyboard Shortcuts…</source>
