@@ -30,7 +30,7 @@ QString tellAmbiguousKey(const QKeySequence& keys, ShortcutRules& rules) {
     return {};
   for (const QString& id : std::as_const(ids))
     rules.noteMet(ids.first(), id);
-  const QString message =
+  QString message =
       QCoreApplication::translate("Vela::UiBase::ShortcutScheme", "%1 means %2: none of them was run.")
           .arg(keys.toString(QKeySequence::NativeText), names.join(QLatin1String(", ")));
   if (controller)

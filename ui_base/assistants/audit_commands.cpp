@@ -32,13 +32,14 @@ QString placeOf(const ShortcutUse& use) { return use.commandId.isEmpty() ? use.n
 
 void Audit::lookAtCommands() {
   const QList<CommandBase*> commands = commandsOf(m_manager);
-  for (CommandBase* const command : commands) {
-    if (dynamic_cast<CommandGroup*>(command) || !command->isVisible())
+  for (const CommandBase* const each : commands) {
+    const CommandBase& command = *each;
+    if (dynamic_cast<const CommandGroup*>(&command) || !command.isVisible())
       continue;
-    if (nameInSentence(*command).isEmpty())
-      add(AuditFinding::NoText, command->commandId());
-    if (command->associatedObjects().isEmpty())
-      add(AuditFinding::NoKeyboard, command->commandId());
+    if (nameInSentence(command).isEmpty())
+      add(AuditFinding::NoText, command.commandId());
+    if (command.associatedObjects().isEmpty())
+      add(AuditFinding::NoKeyboard, command.commandId());
   }
   lookAtIdentifiers(commands);
   lookAtShortcuts(commands);

@@ -21,6 +21,8 @@
 #include <QTabBar>
 #include <QTextEdit>
 
+#include <algorithm>
+
 namespace Vela::UiBase {
 
 namespace {

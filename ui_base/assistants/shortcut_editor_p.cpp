@@ -12,6 +12,8 @@
 #include <QItemSelectionModel>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace Vela::UiBase {
 
 namespace {
