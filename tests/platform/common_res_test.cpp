@@ -90,8 +90,7 @@ private Q_SLOTS:
                qPrintable(widgets.color(text).name() + widgets.color(back).name()));
   }
 
-  void theFocusRingStandsOut_data() { paletteRows(); }
-
+  void theFocusRingStandsOut_data() { textIsReadable_data(); }
   void theFocusRingStandsOut() {
     QFETCH(EPalette, palette);
     auto& styles = Styles::Instance();
