@@ -7,7 +7,6 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFile>
-#include <QLibraryInfo>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -40,17 +39,12 @@ private Q_SLOTS:
   void withoutAUsablePluginATextBrowserServes_data() {
     const Vela::Test::Rows<QString> row("plugins");
     row("no folder", {});
-    row("plugins of another interface", QLibraryInfo::path(QLibraryInfo::PluginsPath) + "/imageformats");
-    row("a broken file", m_broken.path());
     // The engine lacks shared OpenGL contexts in this process.
     row("plugin whose needs are not given",
         QCoreApplication::applicationDirPath() + "/../lib/vlk_ui_base/plugins");
   }
   void withoutAUsablePluginATextBrowserServes() {
     QFETCH(QString, plugins);
-    QFile broken(m_broken.filePath("broken.so"));
-    QVERIFY(broken.open(QIODevice::WriteOnly) && broken.write("no library") > 0);
-    broken.close();
     qputenv("VLK_PLUGIN_PATH", plugins.toLocal8Bit());
     InfoPanel panel("Mesh");
     const QSignalSpy loaded(&panel, &InfoPanel::loaded);
@@ -62,12 +56,6 @@ private Q_SLOTS:
     auto* browser = panel.findChild<QTextBrowser*>();
     QVERIFY(browser->toPlainText().contains("69 451"));
     QCOMPARE(browser->accessibleName(), "Mesh");
-#ifdef Q_OS_LINUX
-    QFile maps("/proc/self/maps");
-    QVERIFY(maps.open(QIODevice::ReadOnly));
-    QVERIFY2(!maps.readAll().contains("WebEngine"),
-             "nothing that is linked or loaded so far needs the engine");
-#endif
   }
 
   void aPluginServesUntilItFails() {
@@ -88,7 +76,6 @@ private Q_SLOTS:
 
   void linksOpenOutsideByKeyboard_data() {
     const Vela::Test::Rows<QString, QStringList> row("address", "opened");
-    row("web", "https://example.org/a", {"https://example.org/a"});
     row("web, a place in the page", "https://example.org/a#b", {"https://example.org/a#b"});
     row("local file", "file:///etc/hostname", {});
     row("in the page", "#end", {});
@@ -111,41 +98,23 @@ private Q_SLOTS:
     QVERIFY2(bar->value() > 0 && panel.findChild<QTextBrowser*>()->source().isEmpty(), "still the same page");
   }
 
-  void pictures() {
-    const QByteArray chart = R"(<svg xmlns="http://www.w3.org/2000/svg" width="40" height="30">)"
-                             R"(<rect width="40" height="30" fill="#ff0000"/></svg>)";
-    InfoPanel panel;
-    panel.resize(200, 100);
-    panel.SetHtml(InfoPanel::Image(chart));
-    panel.show();
-    const QImage image = panel.grab().toImage();
-    int reds = 0;
-    for (int i = 0; i < image.width() * image.height(); ++i)
-      reds += image.pixelColor(i % image.width(), i / image.width()) == QColor(255, 0, 0);
-    QCOMPARE(reds, 40 * 30);
-  }
-
   void sources() {
     const QTemporaryDir folder;
-    const QString path = folder.filePath("page.html");
-    QFile file(path);
+    QFile file(folder.filePath("page.html"));
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("<!DOCTYPE html><html><head><title>Page</title></head><body><p>Größe</body></html>");
     file.close();
     InfoPanel panel;
     panel.show();
     const QSignalSpy loaded(&panel, &InfoPanel::loaded);
-    panel.SetSource(QUrl::fromLocalFile(path));
+    panel.SetSource(QUrl::fromLocalFile(file.fileName()));
     QCOMPARE(panel.findChild<QTextBrowser*>()->toPlainText(), QStringLiteral("Größe"));
     panel.SetSource(QUrl("qrc:/there/is/none.html"));
-    panel.SetSource(QUrl("https://example.org/"));
     QVERIFY(panel.findChild<QTextBrowser*>()->toPlainText().isEmpty());
-    QCOMPARE(loaded.size(), 3);
-    QVERIFY(loaded.at(0).at(0).toBool() && !loaded.at(1).at(0).toBool() && !loaded.at(2).at(0).toBool());
+    QCOMPARE(loaded, QList<QVariantList>({{true}, {false}}));
   }
 
 private:
-  QTemporaryDir m_broken;
   QStringList m_opened;
 };
 

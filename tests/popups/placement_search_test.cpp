@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <support/rows.h>
 #include <support/test_case.h>
+#include <ui_base/popups/placement.h>
 #include <ui_base/popups/placement_choice.h>
 
 #include <algorithm>
@@ -11,6 +12,8 @@ using Vela::Test::Rows;
 
 namespace {
 
+constexpr QRect reference(100, 50, 31, 20); // to (130, 69), its centre at (115, 59)
+
 /// A window of a fixed size whose arrow ends at its edge, as far as it can be told without a widget. An arrow
 /// slides while its anchor stays in the window, so the wrong axis takes it inwards.
 class PlainWindow {
@@ -19,7 +22,7 @@ public:
 
   bool layOut(SArrowParam& arrow, QSize& size, QPoint& tip) {
     laidOut.append(arrow);
-    if (refused.contains(arrow.position) || (arrow.offset != 0 && !slides))
+    if (refused.contains(arrow.position))
       return false;
     size = m_size;
     tip = anchor(arrow.position);
@@ -30,14 +33,12 @@ public:
   }
 
   QList<EArrowPosition> refused;
-  bool slides = true;
-  int room = 0; ///< Kept free around it for a shadow.
   QList<SArrowParam> laidOut;
 
 private:
   QPoint anchor(EArrowPosition position) const {
     const auto isOneOf = [position](const QList<EArrowPosition>& list) { return list.contains(position); };
-    const QRect edge = QRect({}, m_size).marginsRemoved({room, room, room, room});
+    const QRect edge({}, m_size);
     return {isOneOf({ArrowLeft, ArrowTopLeft, ArrowBottomLeft})      ? edge.left()
             : isOneOf({ArrowRight, ArrowTopRight, ArrowBottomRight}) ? edge.right()
                                                                      : m_size.width() / 2,
@@ -95,19 +96,46 @@ class PlacementSearchTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void plainSearch_data() {
-    const Rows<QSize, QString, EDirection> row("popup", "outcomes", "side");
-    row("the first side", {20, 20}, "A", Bottom);
-    row("the side that has room", {31, 290}, "rrrA", Right);
-    row("no side", {900, 700}, "rrrL", Right);
+  void plainPositions_data() {
+    const Rows<EDirection, QList<QPoint>> row("side", "startCenterEnd"); // 100 x 41, ten pixels away
+    row("left", Left, {{-10, 50}, {-10, 40}, {-10, 28}});
+    row("above", Top, {{100, -1}, {66, -1}, {30, -1}});
+    row("right", Right, {{140, 50}, {140, 40}, {140, 28}});
+    row("below", Bottom, {{100, 79}, {66, 79}, {30, 79}});
   }
-  void plainSearch() {
-    QFETCH(QSize, popup);
-    Search search{.area = {30, 30, 740, 540}, .target = {.reference = {60, 300, 40, 20}}};
-    const QRect place = search.plain({Bottom, Top, Left, Right}, popup);
-    QTEST(search.outcomes(), "outcomes");
-    QTEST(search.side, "side");
-    QCOMPARE(search.record.taken()->rect, place);
+  void plainPositions() {
+    QFETCH(EDirection, side);
+    QFETCH(QList<QPoint>, startCenterEnd);
+    constexpr QPoint more(3, -5);
+    for (const EWidgetsAlign alignment : {AlignStart, AlignCenter, AlignEnd}) {
+      const Placement::Target target{
+          .reference = reference, .alignment = alignment, .additionalOffset = more};
+      QCOMPARE(Placement::plainPosition(target, side, {100, 41}), startCenterEnd[alignment] + more);
+    }
+  }
+
+  void arrowedPositions_data() {
+    // The tip in a window of 80 x 60.
+    const Rows<EDirection, EArrowPosition, QPoint, QPoint, QPoint> row("side", "position", "tip", "expected",
+                                                                       "fixedAngle");
+    row("below, top", Bottom, ArrowTop, {40, 0}, {75, 79}, {75, 79});
+    row("below, top right", Bottom, ArrowTopRight, {77, 3}, {-87, 76}, {38, 76});
+    row("above, bottom left", Top, ArrowBottomLeft, {2, 57}, {138, -18}, {113, -18});
+    row("right, top left", Right, ArrowTopLeft, {1, 2}, {139, 77}, {139, 57});
+    row("left, bottom right", Left, ArrowBottomRight, {78, 57}, {11, -67}, {11, 2});
+  }
+  void arrowedPositions() {
+    QFETCH(EDirection, side);
+    QFETCH(EArrowPosition, position);
+    QFETCH(QPoint, tip);
+    // The additional offset is not for arrows.
+    const Placement::Target target{.reference = reference, .additionalOffset = {500, 500}};
+    const auto place = [&](bool fixedAngle) {
+      return Placement::arrowedPosition(
+          target, {SArrowParam{.position = position, .fixedAngle = fixedAngle}, side}, {0, 0, 80, 60}, tip);
+    };
+    QTEST(place(false), "expected");
+    QTEST(place(true), "fixedAngle");
   }
 
   void arrowedSearch_data() {
@@ -136,35 +164,12 @@ private Q_SLOTS:
     QTEST(search.side, "side");
   }
 
-  void shadowsDoNotCoverTheReference() {
-    Search search{.area = {30, 30, 740, 540}, .target = {.reference = {40, 300, 40, 20}}, .verifySlid = true};
-    PlainWindow window({200, 100});
-    window.room = 15;
-    QCOMPARE(search.arrowed(pairsOf({ArrowTop, ArrowLeft}), window), QPoint(30, 314));
-    QCOMPARE(search.outcomes(), "rA");
-    search.target.reference.moveLeft(700);
-    QCOMPARE(search.arrowed(pairsOf({ArrowLeft, ArrowRight}), window), QPoint(505, 259));
-    QCOMPARE(search.outcomes(), "rrA");
-    QVERIFY(search.record.candidates()[1].coversReference);
-  }
-
   void arrowsThatCannotBeLaidOut() {
     Search search{.area = {30, 30, 740, 540}, .target = {.reference = {40, 300, 40, 20}}};
     PlainWindow window({200, 100});
-    window.refused = {ArrowTop};
-    QCOMPARE(search.arrowed(pairsOf({ArrowTop, ArrowLeft}), window), QPoint(89, 259));
-    QCOMPARE(search.outcomes(), "-A");
-
     window.refused = {ArrowTop, ArrowLeft};
     QCOMPARE(search.arrowed(pairsOf({ArrowTop, ArrowLeft}), window), QPoint());
     QCOMPARE(search.outcomes(), "---");
-    QCOMPARE(search.record.taken(), nullptr);
-
-    window.refused.clear();
-    window.slides = false; // the first comes once more at the end, as it was given
-    QCOMPARE(search.arrowed(pairsOf({ArrowTop, ArrowBottom}), window), QPoint(-41, 329));
-    QCOMPARE(search.outcomes(), "r-r-L-");
-    QCOMPARE(search.side, Bottom);
   }
 
   void insideWheneverACandidateIs() {

@@ -3,8 +3,6 @@
 #include <support/test_case.h>
 #include <ui_base/popups/placement_sight.h>
 
-#include <array>
-
 using namespace Vela::UiBase;
 using Placement::KeptStance;
 using Placement::Stance;
@@ -44,65 +42,19 @@ class PlacementSightTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void plainPopups_data() {
-    const Rows<QRect, QList<EDirection>, QSize, QRect, QPoint> row("reference", "sides", "size", "expected",
-                                                                   "offset");
-    constexpr QRect middle(140, 90, 20, 20);
-    const QList<EDirection> all{Bottom, Top, Left, Right};
-    row("where it is wanted", middle, all, {40, 30}, {130, 119, 40, 30}, {});
-    row("another side has room", middle, all, {40, 95}, {90, 53, 40, 95}, {});
-    row("moved along the edge", {0, 90, 20, 20}, {Bottom}, {80, 30}, {0, 119, 80, 30}, {});
-    row("moved to the reference", {140, 0, 20, 165}, {Bottom}, {40, 35}, {130, 165, 40, 35}, {});
-    row("never over it", {140, 0, 20, 180}, {Bottom}, {40, 35}, {130, 180, 40, 35}, {});
-    row("the least hidden", {140, 90, 20, 100}, {Bottom, Top}, {400, 95}, {0, -5, 400, 95}, {});
-    row("an offset of its own side", middle, {Bottom, Top}, {40, 30}, {130, 99, 40, 30}, {0, -20});
-    row("not of the others", {140, 180, 20, 20}, {Bottom, Top}, {40, 30}, {130, 150, 40, 30}, {0, 20});
-    row("the reference is out of sight", {-500, 90, 20, 20}, {Left, Right}, {40, 30}, {0, 85, 40, 30}, {});
-  }
   void plainPopups() {
-    QFETCH(QRect, reference);
-    QFETCH(QList<EDirection>, sides);
-    QFETCH(QPoint, offset);
-    QFETCH(QSize, size);
-    const Placement::Target target{.reference = reference, .additionalOffset = offset};
-    const KeptStance kept =
-        Placement::keepInSight(Placement::plainStances(target, sides, size), target, area);
-    QTEST(kept.rect, "expected");
-    QCOMPARE(kept.isWhole(), area.contains(kept.rect));
-  }
-
-  void arrowsSlide_data() {
-    const Rows<QRect, EDirection, QPoint, int> row("reference", "side", "place", "slide");
-    row("fits", {140, 90, 20, 20}, Bottom, {99, 119}, 0);
-    row("slid", {20, 90, 20, 20}, Bottom, {0, 119}, -21);
-    row("points at another spot", {0, 90, 7, 20}, Bottom, {0, 119}, -46);
-    row("at the end of the slide", {290, 90, 10, 20}, Top, {200, 20}, 44);
-    row("cannot leave the reference", {-60, 90, 20, 20}, Bottom, {-45, 119}, -46);
-    row("upright", {100, 190, 20, 10}, Right, {129, 140}, 24);
-  }
-  void arrowsSlide() {
-    QFETCH(QRect, reference);
-    QFETCH(EDirection, side);
-    const Placement::Target target{.reference = reference};
-    const std::array stances{arrowed(target, side)};
-    const KeptStance kept = Placement::keepInSight(stances, target, area);
-    QTEST(kept.rect.topLeft(), "place");
-    QTEST(kept.slide, "slide");
-  }
-
-  void lastResort() {
-    const Placement::Target target{.reference = {10, 10, 280, 170}};
-    const QList<EDirection> sides{Bottom, Top, Left, Right};
-    const auto keep = [&](const QSize& size) {
-      return Placement::keepInside(Placement::plainStances(target, sides, size), target, area).rect;
+    const auto kept = [](const Placement::Target& target, const QList<EDirection>& sides, const QSize& size) {
+      return Placement::keepInSight(Placement::plainStances(target, sides, size), target, area).rect;
     };
-    QCOMPARE(keep({60, 40}), QRect(120, 160, 60, 40)); // covers 20 rows at the bottom, 30 at the top
-    QCOMPARE(keep({400, 300}), QRect(0, 0, 400, 300));
-    QCOMPARE(Placement::keepInSight({}, target, area).index, -1);
-    // An arrow that cannot slide stays where it is on its window.
-    Stance stance = arrowed(target, Right);
-    stance.lastTip = stance.firstTip - 1;
-    QCOMPARE(Placement::keepInside(std::array{stance}, target, area).slide, 0);
+    constexpr QRect middle(140, 90, 20, 20);
+    QCOMPARE(kept({.reference = middle}, {Bottom, Top}, {40, 30}), QRect(130, 119, 40, 30));
+    QCOMPARE(kept({.reference = {140, 0, 20, 180}}, {Bottom}, {40, 35}), QRect(130, 180, 40, 35));
+    // An offset is for the side that was wanted.
+    const QPoint offset(0, 20);
+    QCOMPARE(kept({.reference = middle, .additionalOffset = offset}, {Bottom, Top}, {40, 30}),
+             QRect(130, 139, 40, 30));
+    QCOMPARE(kept({.reference = {140, 180, 20, 20}, .additionalOffset = offset}, {Bottom, Top}, {40, 30}),
+             QRect(130, 150, 40, 30));
   }
 
   // All owners along the edges and in the corners, of windows of all sizes.
