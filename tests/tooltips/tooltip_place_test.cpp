@@ -2,15 +2,19 @@
 #include "tooltip_fixture.h"
 
 #include <support/rows.h>
-
-#include <QScreen>
-#include <QSignalSpy>
-#include <QToolTip>
+#include <ui_base/tooltips/tooltip_wrapper.h>
 
 using namespace Vela::UiBase;
 using Vela::Test::Rows;
 
-/// On which layer and where tooltips stand.
+namespace {
+
+constexpr int AT_ONCE = TooltipFixture::AT_ONCE;
+constexpr int NEVER = TooltipFixture::NEVER;
+
+} // namespace
+
+/// On which layer and where tooltips stand, of widgets and of spots.
 class TooltipPlaceTest : public Vela::Test::TestCase {
   Q_OBJECT
 
@@ -24,7 +28,6 @@ private Q_SLOTS:
     QCOMPARE(manager.getTooltipLayer(f.tooltip), &layer);
     f.tooltip->ShowTooltip();
     QVERIFY(layer.isVisible() && f.shown()->parentWidget() == &layer);
-    manager.SetTooltipLayer("test", nullptr);
 
     // A layer of another window is not where the user looks.
     QWidget elsewhere;
@@ -33,14 +36,6 @@ private Q_SLOTS:
     QCOMPARE(manager.getTooltipLayer(f.tooltip), f.window);
     manager.SetTooltipLayer("test", nullptr);
 
-    // A spot belongs to the window that shows it, whichever is active.
-    elsewhere.show();
-    elsewhere.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&elsewhere));
-    const TooltipObject spot("test", f.window);
-    QCOMPARE(manager.getTooltipLayer(const_cast<TooltipObject*>(&spot)), f.window);
-    elsewhere.hide();
-
     // The widget goes to a window of its own, and its tooltip with it.
     f.widget->setParent(nullptr);
     f.widget->show();
@@ -48,15 +43,6 @@ private Q_SLOTS:
     QCOMPARE(f.shown()->parentWidget(), f.widget);
     f.tooltip->Detach();
     delete f.widget;
-
-    // Nowhere to be shown.
-    f.window->hide();
-    f.other->ShowTooltip();
-    QVERIFY(f.window->isHidden() && !f.other->IsVisible());
-    TooltipObject lost("test");
-    lost.SetTooltipText("x");
-    lost.ShowTooltip();
-    QVERIFY(!manager.getTooltipLayer(nullptr) && !lost.IsVisible());
   }
 
   void types_data() {
@@ -77,7 +63,6 @@ private Q_SLOTS:
     QCOMPARE(f.tooltip->IsHoverEventsEnabled(), rich);
     f.moveTo(f.widget);
     QTRY_VERIFY(f.tooltip->IsVisible());
-    QCOMPARE(f.tooltip->GetPosCalculator()->Direction(0), side);
     const QRect body = f.shown()->geometry();
     QVERIFY(!body.intersects(f.widget->geometry()));
     QCOMPARE(body.bottom() < f.widget->y(), side == Top);
@@ -88,54 +73,67 @@ private Q_SLOTS:
     QCOMPARE(f.tooltip->IsVisible(), rich);
   }
 
-  void qtsOwnToolTipGoesWithTheView() {
-    QWidget view;
-    view.show();
-    TooltipManager& manager = TooltipManager::GetInstance();
-    QSignalSpy changed(&manager, &TooltipManager::viewVisibilityChanged);
-    QToolTip::showText(view.mapToGlobal(QPoint(10, 10)), "tip", &view);
-    manager.onViewVisibilityChange(true);
-    QVERIFY(QToolTip::isVisible());
-    manager.onViewVisibilityChange(false);
-    QTRY_VERIFY(!QToolTip::isVisible());
-    QCOMPARE(changed, QList<QVariantList>({{true}, {false}}));
+  void wrapperShowsAtAPoint() {
+    TooltipFixture f;
+    TooltipWrapper wrapper("spot");
+    wrapper.Show(f.window->mapToGlobal(QPoint(300, 200)), true, ShowUntilHidden);
+    QVERIFY(!wrapper.IsVisible()); // nothing to show
+    wrapper.SetTooltipText("Pick a point");
+    wrapper.Show(f.window->mapToGlobal(QPoint(300, 200)), true, ShowUntilHidden);
+    const ArrowedWindow* const shown = wrapper.GetArrowedWindow();
+    const QPoint tip = shown->mapTo(f.window, shown->GetArrowPoint());
+    QVERIFY(wrapper.IsVisible() && shown->isVisible());
+    QCOMPARE(tip.x(), 300);
+    QVERIFY(tip.y() < 200 && tip.y() > 180);
+    // A longer text grows around the place it points at.
+    const int width = shown->width();
+    wrapper.UpdateText("Pick a point on the surface of the mesh");
+    QVERIFY(shown->width() > width);
+    QCOMPARE(shown->mapTo(f.window, shown->GetArrowPoint()), tip);
   }
 
-  // Owners along the edges and in the corners, in windows of all sizes.
-  void inSightEverywhere_data() {
-    const Rows<QSize, Qt::LayoutDirection> row("window", "layout");
-    row("tiny", {90, 40}, Qt::LeftToRight);
-    row("small, mirrored", {160, 90}, Qt::RightToLeft);
-    row("roomy", {760, 700}, Qt::LeftToRight);
+  void wrapperGoesByItself_data() {
+    const Rows<int, int, bool, bool> row("showDuration", "dismiss", "delayHide", "stays");
+    row("after its duration", AT_ONCE, NEVER, false, false);
+    row("not before", NEVER, AT_ONCE, false, true);
+    row("shortened", NEVER, AT_ONCE, true, false);
+    row("lengthened", AT_ONCE, NEVER, true, true);
   }
-  void inSightEverywhere() {
-    QFETCH(const QSize, window);
-    QFETCH(const Qt::LayoutDirection, layout);
-    TooltipFixture f({NEVER, NEVER, NEVER, NEVER, NEVER});
-    f.window->setLayoutDirection(layout);
-    f.window->resize(window);
-    f.neighbour->hide();
-    f.widget->resize(24, 16);
-    for (int type = QuickTooltip; type <= RichSideTooltip; ++type) {
-      f.tooltip->SetTooltipType(ETooltipType(type));
-      for (int place = 0; place < 9; ++place) {
-        f.tooltip->HideTooltip();
-        f.widget->move((window.width() - 24) * (place % 3) / 2, (window.height() - 16) * (place / 3) / 2);
-        f.tooltip->ShowTooltip();
-        const QRect shown(f.shown()->mapToGlobal(f.tooltip->GetArrowedWindow()->GetBounds().topLeft()),
-                          f.tooltip->GetArrowedWindow()->GetBounds().size());
-        const QRect room = f.shown()->isWindow() ? f.shown()->screen()->geometry() : f.window->geometry();
-        QVERIFY(f.tooltip->IsVisible() && room.contains(shown));
-        const QRect owner(f.widget->mapToGlobal(QPoint()), f.widget->size());
-        QVERIFY(!shown.intersects(owner));
-        const QPoint tip = f.shown()->mapToGlobal(f.tooltip->GetArrowedWindow()->GetArrowPoint());
-        QVERIFY(owner.adjusted(-9, -9, 9, 9).contains(tip));
-      }
+  void wrapperGoesByItself() {
+    QFETCH(const int, showDuration);
+    QFETCH(const int, dismiss);
+    QFETCH(const bool, delayHide);
+    QFETCH(const bool, stays);
+    TooltipFixture f({AT_ONCE, dismiss, NEVER, showDuration, NEVER});
+    TooltipWrapper wrapper("spot");
+    wrapper.SetTooltipText("x");
+    wrapper.Show(f.window->mapToGlobal(QPoint(300, 200)), true, ShowForDuration);
+    if (delayHide)
+      wrapper.DelayHide();
+    Vela::Test::letTimePass(1);
+    QCOMPARE(wrapper.IsVisible(), stays);
+    // The time of one showing does not end the next.
+    wrapper.Show({}, false, ShowUntilHidden);
+    Vela::Test::letTimePass(1);
+    QVERIFY(wrapper.IsVisible());
+  }
+
+  void wrapperGoesWithItsContent() {
+    for (const bool arrowed : {true, false}) {
+      TooltipFixture f;
+      TooltipWrapper wrapper("spot");
+      auto* const content = ATooltipObject::CreateTooltipControl("x");
+      wrapper.SetTooltipControl(content, arrowed);
+      wrapper.Show(f.window->mapToGlobal(QPoint(300, 200)), true, ShowUntilHidden);
+      QVERIFY(content->isVisible() && content->window() == f.window);
+      content->hide(); // whoever hides it
+      QVERIFY(!wrapper.IsVisible());
+      wrapper.Show({}, false, ShowUntilHidden);
+      QVERIFY(wrapper.IsVisible() && content->isVisible());
+      wrapper.HideTooltip();
+      QVERIFY(!content->isVisible());
     }
   }
-
-private:
-  static constexpr int NEVER = TooltipFixture::NEVER;
 };
 
 VELA_TEST_MAIN(TooltipPlaceTest)

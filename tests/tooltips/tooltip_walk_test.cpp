@@ -13,7 +13,6 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
 #include <random>
 #include <utility>
 
@@ -67,6 +66,14 @@ private:
     Walk& m_walk;
   };
 
+  struct Target {
+    TooltipObject& tooltip;
+    QWidget& widget;
+    QWidget& window;
+  };
+  using Act = void (*)(Walk&, const Target&);
+  static const std::array<Act, 32> Acts;
+
   int number(int from, int to) { return std::uniform_int_distribution<>(from, to)(m_random); }
   template <class T>
   T* any(const QList<QPointer<T>>& all) {
@@ -117,7 +124,7 @@ private:
     if (m_acts <= 0)
       return;
     --m_acts;
-    const auto which = std::size_t(number(0, int(m_hits.size()) - 1));
+    const auto which = std::size_t(number(0, int(Acts.size()) - 1));
     ++m_hits.at(which);
     TooltipObject* const tooltip = any(m_tooltips);
     QWidget* const widget = any(m_widgets);
@@ -125,93 +132,7 @@ private:
     const bool inEvent = std::exchange(m_inEvent, true);
     m_deletesLater = inEvent;
     if (tooltip && widget && window)
-      run(int(which), *tooltip, *widget, *window);
-  }
-  void run(int which, TooltipObject& tooltip, QWidget& widget, QWidget& window) {
-    switch (which) {
-    case 0:
-      return tooltip.ShowTooltip();
-    case 1:
-      return tooltip.HideTooltip();
-    case 2:
-      return tooltip.SetEnableTooltip(number(0, 2) > 0);
-    case 3:
-      return tooltip.SetTooltipText(text());
-    case 4:
-      return tooltip.SetTooltipControl(content(), number(0, 1));
-    case 5:
-      return tooltip.SetTooltipFactory(
-          [this] {
-            act();
-            return content();
-          },
-          text(), number(0, 1));
-    case 6:
-      return tooltip.SetTooltipType(ETooltipType(number(0, 4)));
-    case 7:
-      return tooltip.SetTooltipGroup(group());
-    case 8:
-      return tooltip.AttachTo(&widget);
-    case 9:
-      return tooltip.Detach();
-    case 10:
-      return tooltip.SetTooltipLayer(number(0, 1) ? nullptr : &window);
-    default:
-      runOnWidgets(which - 11, tooltip, widget, window);
-    }
-  }
-  void runOnWidgets(int which, TooltipObject& tooltip, QWidget& widget, QWidget& window) {
-    switch (which) {
-    case 0:
-      return QCursor::setPos(widget.mapToGlobal(QPoint(1, 1)));
-    case 1:
-      return QTest::mouseClick(&widget, Qt::LeftButton);
-    case 2:
-      return QTest::keyClick(&widget, Qt::Key_Escape);
-    case 3:
-      return QTest::keyClick(&window, Qt::Key_F1);
-    case 4:
-      return widget.move(number(0, 300), number(0, 200));
-    case 5:
-      return window.resize(number(60, 500), number(30, 400));
-    case 6:
-      return widget.setVisible(number(0, 2) > 0);
-    case 7:
-      widget.setParent(&window);
-      return widget.show();
-    case 8:
-      return window.activateWindow();
-    case 9:
-      return widget.setFocus(Qt::TabFocusReason);
-    case 10:
-      delete &tooltip;
-      return;
-    case 11:
-      return end(widget);
-    case 12:
-      return number(0, 3) == 0 ? end(window) : void();
-    case 13:
-      return tooltip.deleteLater();
-    case 14:
-      return tooltip.TooltipControl() ? end(*tooltip.TooltipControl()) : void();
-    case 15:
-      QEventLoop().processEvents();
-      return;
-    case 16:
-      return TooltipManager::GetInstance().onViewVisibilityChange(false);
-    case 17:
-      return TooltipManager::GetInstance().SetTooltipLayer(group(), number(0, 1) ? nullptr : &window);
-    case 18:
-      m_wrapper->SetTooltipText(text());
-      return m_wrapper->Show(window.mapToGlobal(QPoint(number(0, 300), number(0, 200))), true,
-                             ShowUntilHidden);
-    case 19:
-      window.hide();
-      window.show();
-      return;
-    default:
-      tooltip.GetArrowedWindow()->hide();
-    }
+      Acts.at(which)(*this, {*tooltip, *widget, *window});
   }
   /// A widget may be in the middle of an event that has called.
   void end(QWidget& widget) {
@@ -263,13 +184,7 @@ private:
     const QRect both = seen & room;
     const bool fits = seen.width() <= room.width() && seen.height() <= room.height();
     const bool inSight = both.width() * both.height() * 10 >= seen.width() * seen.height() * 9;
-    QVERIFY2(!fits || inSight, qPrintable(QStringLiteral("%1,%2 %3x%4 in %5x%6")
-                                              .arg(seen.x())
-                                              .arg(seen.y())
-                                              .arg(seen.width())
-                                              .arg(seen.height())
-                                              .arg(room.width())
-                                              .arg(room.height())));
+    QVERIFY(!fits || inSight);
     const QRect ownerRect(owner.mapToGlobal(QPoint()), owner.size());
     QVERIFY(!room.contains(ownerRect) || !seen.intersects(ownerRect) ||
             !hasRoomBeside(ownerRect, room, seen));
@@ -283,11 +198,69 @@ private:
   QList<QPointer<QWidget>> m_widgets;
   QList<QPointer<TooltipObject>> m_tooltips;
   QPointer<TooltipWrapper> m_wrapper = new TooltipWrapper(QStringLiteral("0"));
-  std::array<int, 32> m_hits{};
+  std::array<int, Acts.size()> m_hits{};
   int m_acts = 0;
   bool m_inEvent = true;
   bool m_deletesLater = true;
   int m_shown = 0;
+};
+
+const std::array<Walk::Act, 32> Walk::Acts{
+    [](Walk&, const Target& on) { on.tooltip.ShowTooltip(); },
+    [](Walk&, const Target& on) { on.tooltip.HideTooltip(); },
+    [](Walk& walk, const Target& on) { on.tooltip.SetEnableTooltip(walk.number(0, 2) > 0); },
+    [](Walk& walk, const Target& on) { on.tooltip.SetTooltipText(walk.text()); },
+    [](Walk& walk, const Target& on) { on.tooltip.SetTooltipControl(walk.content(), walk.number(0, 1)); },
+    [](Walk& walk, const Target& on) {
+      const auto make = [&walk] {
+        walk.act();
+        return walk.content();
+      };
+      on.tooltip.SetTooltipFactory(make, walk.text(), walk.number(0, 1));
+    },
+    [](Walk& walk, const Target& on) { on.tooltip.SetTooltipType(ETooltipType(walk.number(0, 4))); },
+    [](Walk& walk, const Target& on) { on.tooltip.SetTooltipGroup(walk.group()); },
+    [](Walk&, const Target& on) { on.tooltip.AttachTo(&on.widget); },
+    [](Walk&, const Target& on) { on.tooltip.Detach(); },
+    [](Walk& walk, const Target& on) {
+      on.tooltip.SetTooltipLayer(walk.number(0, 1) ? nullptr : &on.window);
+    },
+    [](Walk&, const Target& on) { QCursor::setPos(on.widget.mapToGlobal(QPoint(1, 1))); },
+    [](Walk&, const Target& on) { QTest::mouseClick(&on.widget, Qt::LeftButton); },
+    [](Walk&, const Target& on) { QTest::keyClick(&on.widget, Qt::Key_Escape); },
+    [](Walk&, const Target& on) { QTest::keyClick(&on.window, Qt::Key_F1); },
+    [](Walk& walk, const Target& on) { on.widget.move(walk.number(0, 300), walk.number(0, 200)); },
+    [](Walk& walk, const Target& on) { on.window.resize(walk.number(60, 500), walk.number(30, 400)); },
+    [](Walk& walk, const Target& on) { on.widget.setVisible(walk.number(0, 2) > 0); },
+    [](Walk&, const Target& on) {
+      on.widget.setParent(&on.window);
+      on.widget.show();
+    },
+    [](Walk&, const Target& on) { on.window.activateWindow(); },
+    [](Walk&, const Target& on) { on.widget.setFocus(Qt::TabFocusReason); },
+    [](Walk&, const Target& on) { delete &on.tooltip; },
+    [](Walk& walk, const Target& on) { walk.end(on.widget); },
+    [](Walk& walk, const Target& on) { walk.number(0, 3) == 0 ? walk.end(on.window) : void(); },
+    [](Walk&, const Target& on) { on.tooltip.deleteLater(); },
+    [](Walk& walk, const Target& on) {
+      if (QWidget* const content = on.tooltip.TooltipControl())
+        walk.end(*content);
+    },
+    [](Walk&, const Target&) { QEventLoop().processEvents(); },
+    [](Walk&, const Target&) { TooltipManager::GetInstance().onViewVisibilityChange(false); },
+    [](Walk& walk, const Target& on) {
+      TooltipManager::GetInstance().SetTooltipLayer(walk.group(), walk.number(0, 1) ? nullptr : &on.window);
+    },
+    [](Walk& walk, const Target& on) {
+      walk.m_wrapper->SetTooltipText(walk.text());
+      const QPoint spot(walk.number(0, 300), walk.number(0, 200));
+      walk.m_wrapper->Show(on.window.mapToGlobal(spot), true, ShowUntilHidden);
+    },
+    [](Walk&, const Target& on) {
+      on.window.hide();
+      on.window.show();
+    },
+    [](Walk&, const Target& on) { on.tooltip.GetArrowedWindow()->hide(); },
 };
 
 } // namespace
