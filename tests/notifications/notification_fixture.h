@@ -75,7 +75,4 @@ public Q_SLOTS:
     if (then)
       then();
   }
-
-Q_SIGNALS:
-  void actionForwarded();
 };

@@ -40,19 +40,13 @@ class NotificationQueueTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void order_data() {
     const Vela::Test::Rows<QString, QString, QString> row("posts", "shownInTurn", "dropped");
-    row("info replaces a shown info", "i:start i:end", "end", "start");
     row("info replaces a waiting info", "e:a i:start i:end", "a end", "start");
-    row("info replaces an interrupted info", "i:start e:a i:end", "a end", "start");
-    row("warnings keep their order", "w:a w:b w:c", "a b c", "");
     row("info waits behind a warning", "w:a i:b w:c", "a c b", "");
     row("error interrupts, warning returns first", "w:a w:b e:c e:d", "c d a b", "");
-    row("interrupted twice", "i:a w:b e:c", "c b a", "");
     row("endless gives way to its equal", "w*!:a w:b", "b", "a");
     row("endless that can be closed waits for the user", "w*:a w:b", "a b", "");
-    row("endless returns after an interruption", "w*!:a e:b", "b a", "");
     row("repeated while shown", "w:a w:b w:a", "a b", "");
     row("repeated while waiting", "e:x w:a w:b w:a", "x a b", "");
-    row("same text, other severity", "w:a e:a", "a a", "");
     row("oldest of the least severe is dropped", "e:x e:y w:a w:b w:c", "x y b c", "a");
     row("the newcomer is the least severe", "e:a e:b e:c e:d i:i", "a b c d", "i");
   }
