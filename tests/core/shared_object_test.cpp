@@ -40,19 +40,13 @@ private Q_SLOTS:
     {
       const std::shared_ptr<Controller> controller = screen->shared_from_this();
       const std::shared_ptr<Manager> manager = screen->Manager::shared_from_this();
-      QCOMPARE(controller.get(), static_cast<Controller*>(screen.get()));
-      QCOMPARE(manager.get(), static_cast<Manager*>(screen.get()));
       QVERIFY(!controller.owner_before(manager) && !manager.owner_before(controller));
-      QCOMPARE(screen.use_count(), 3L);
     }
     screen.reset();
     QVERIFY(!ScreenController::hasReference);
   }
 
-  void anObjectThatIsNotSharedHasNoReferenceNorHasACopy() {
-    Manager manager;
-    QVERIFY(!manager.sharedOrEmpty());
-    QVERIFY_THROWS_EXCEPTION(std::bad_weak_ptr, manager.shared_from_this());
+  void aCopyHasNoReference() {
     const auto shared = createShared<Manager>();
     Manager copy(*shared);
     copy = *shared;

@@ -68,11 +68,6 @@ private:
   std::atomic<int> m_progress{0};
 };
 
-/// Lets the main thread catch up, as the queue of tasks has no limit.
-void waitForTheMainThread() {
-  dispatchSync([] {}, MainThreadQoS);
-}
-
 } // namespace
 
 class ThreadsTest : public TestCase {
@@ -94,12 +89,11 @@ private Q_SLOTS:
         for (int i = 0; !end.hasExpired(); ++i) {
           body(i);
           if (i % 64 == 0)
-            waitForTheMainThread();
+            dispatchSync([] {}, MainThreadQoS); // the queue of tasks has no limit
         }
         --running;
       });
     };
-    const auto broadcast = [&](int i) { subject.note(i); };
     const auto addAndRemove = [&](int i) {
       const auto listener = std::make_shared<Listener>();
       subject.addObserver(listener, i % 2 == 0);
@@ -117,7 +111,7 @@ private Q_SLOTS:
       static_cast<void>(subject.getDelegate());
     };
     std::vector<std::jthread> threads;
-    threads.push_back(loop(broadcast));
+    threads.push_back(loop([&](int i) { subject.note(i); }));
     threads.push_back(loop(addAndRemove));
     threads.push_back(loop(addAndRemove));
     threads.push_back(loop(replace));
@@ -133,7 +127,6 @@ private Q_SLOTS:
       delete listener;
     }
     settle();
-    QVERIFY(calls > 0);
     QCOMPARE(strayCalls.load(), 0);
   }
 
@@ -158,10 +151,6 @@ private Q_SLOTS:
         ++ran; // itself, last: when as many ran as were handed over, nothing is on its way
       };
     };
-    const auto catchUp = [&] {
-      while (handedOver - ran > backlog)
-        std::this_thread::yield();
-    };
     std::vector<std::jthread> threads;
     for (int thread = 0; thread < 4; ++thread) {
       threads.emplace_back([&, thread] {
@@ -169,16 +158,14 @@ private Q_SLOTS:
           handedOver += 2;
           relay(EQualityOfService(i % 4))();
           dispatchAsync(relay(EQualityOfService(i / 4 % 4)), EQualityOfService(HighQoS + i % 3));
-          catchUp();
+          while (handedOver - ran > backlog)
+            std::this_thread::yield();
         }
         --running;
       });
     }
-    while (running > 0) {
-      ++handedOver;
-      relay(NormalQoS)();
+    while (running > 0)
       QCoreApplication::processEvents();
-    }
     threads.clear();
     QTRY_COMPARE(ran.load(), handedOver.load());
     QVERIFY(ranOnTheMainThread > 0);
@@ -191,16 +178,14 @@ private Q_SLOTS:
     const auto anywhere = std::make_shared<Listener>();
     std::atomic<int> deleted{0};
     int made = 0;
-    while (!end.hasExpired()) {
-      for (int i = 0; i < 20; ++i, ++made) {
-        auto job = Taren::Objects::createShared<Job>(deleted);
-        job->addObserver(onMain);
-        job->addObserver(anywhere, made % 2 == 0);
-        const auto run = [job] { job->run(); };
-        dispatchAsync(run, NormalQoS);
-        if (made % 3 == 0)
-          dispatchAsync(run, HighQoS);
-      }
+    for (; !end.hasExpired(); ++made) {
+      auto job = Taren::Objects::createShared<Job>(deleted);
+      job->addObserver(onMain);
+      job->addObserver(anywhere, made % 2 == 0);
+      dispatchAsync([job] { job->run(); }, NormalQoS);
+      if (made % 3 == 0)
+        dispatchAsync([job] { job->run(); }, HighQoS);
+      job.reset();
       do
         QCoreApplication::processEvents();
       while (made - deleted > backlog);

@@ -9,8 +9,6 @@
 #include <QThread>
 #include <QTimer>
 
-#include <oneapi/tbb/parallel_for.h>
-
 #include <atomic>
 #include <stdexcept>
 #include <thread>
@@ -45,15 +43,6 @@ public:
 };
 
 enum Place { Main, Worker, Plain };
-
-void runAt(Place place, const std::function<void()>& f) {
-  if (place == Main)
-    f();
-  else if (place == Worker)
-    QVERIFY(dispatchSync(f, NormalQoS));
-  else
-    std::thread(f).join();
-}
 
 } // namespace
 
@@ -93,32 +82,6 @@ private Q_SLOTS:
     QCOMPARE(order.join(", "), "first, open, follower, last, queued by it, closed");
   }
 
-  void eventLoopsInEventLoopsStillServeWhatIsQueued() {
-    QStringList order;
-    QEventLoop inner;
-    QEventLoop outer;
-    dispatchAsync(
-        [&] {
-          dispatchAsync(
-              [&] {
-                order << QStringLiteral("queued by the first");
-                inner.quit();
-              },
-              MainThreadQoS);
-          outer.exec();
-          order << QStringLiteral("first ends");
-        },
-        MainThreadQoS);
-    dispatchAsync(
-        [&] {
-          inner.exec(); // inside the loop of the first task
-          order << QStringLiteral("second ends");
-          outer.quit();
-        },
-        MainThreadQoS);
-    QTRY_COMPARE(order.join(", "), "queued by the first, second ends, first ends");
-  }
-
   void aTaskThatQueuesItselfLeavesTheEventLoopRunning() {
     std::function<void()> again;
     bool stop = false;
@@ -145,28 +108,26 @@ private Q_SLOTS:
     QVERIFY(goneBeforeTheNext);
   }
 
-  void syncRunsWhereTheTaskBelongs_data() { placeRows(); }
   void syncRunsWhereTheTaskBelongs() {
-    QFETCH(Place, from);
-    QFETCH(int, qos);
-    std::thread::id caller;
-    std::thread::id runner;
-    std::atomic<bool> done{false};
-    const auto call = [&] {
-      caller = std::this_thread::get_id();
-      if (dispatchSync([&] { runner = std::this_thread::get_id(); }, EQualityOfService(qos)))
-        done = true;
-    };
-    if (from == Plain) {
-      // Its task for the main thread needs an event loop that turns.
-      std::jthread thread(call);
-      QTRY_VERIFY(done);
-    } else {
-      runAt(from, call);
+    for (const Place from : {Main, Worker, Plain}) {
+      for (const int qos : {MainThreadQoS, HighQoS, NormalQoS, LowQoS}) {
+        std::thread::id caller;
+        std::thread::id runner;
+        std::atomic<bool> done{false};
+        const auto call = [&] {
+          caller = std::this_thread::get_id();
+          done = dispatchSync([&] { runner = std::this_thread::get_id(); }, EQualityOfService(qos));
+        };
+        std::jthread thread;
+        if (from == Plain)
+          thread = std::jthread(call);
+        else
+          from == Main ? call() : void(dispatchAsync(call, NormalQoS));
+        QTRY_VERIFY(done);
+        QCOMPARE(caller == runner, from == (qos == MainThreadQoS ? Main : Worker));
+        QCOMPARE(runner == std::this_thread::get_id(), qos == MainThreadQoS);
+      }
     }
-    QVERIFY(done);
-    QCOMPARE(caller == runner, from == (qos == MainThreadQoS ? Main : Worker));
-    QCOMPARE(runner == std::this_thread::get_id(), qos == MainThreadQoS);
   }
 
   void theWaitingMainThreadServesItsQueue() {
@@ -218,22 +179,6 @@ private Q_SLOTS:
     }
   }
 
-  void helpersOfAParallelLoopAreWorkers() {
-#ifdef __SANITIZE_THREAD__
-    QSKIP(
-        "What a loop hands to its helpers passes through oneTBB, where the thread sanitizer cannot follow.");
-#endif
-    std::atomic<int> elsewhere{0};
-    const auto body = [&elsewhere](int) {
-      const auto caller = std::this_thread::get_id();
-      const auto look = [&] { elsewhere += caller != std::this_thread::get_id(); };
-      for (int i = 0; i < 100; ++i)
-        dispatchSync(look, NormalQoS);
-    };
-    QVERIFY(dispatchSync([&] { oneapi::tbb::parallel_for(0, 64, body); }, NormalQoS));
-    QCOMPARE(elsewhere.load(), 0);
-  }
-
   void whatATaskThrowsIsLogged() {
     for (const auto place : {MainThreadQoS, NormalQoS}) {
       QTest::ignoreMessage(QtWarningMsg, "A dispatched task failed: the mesh is empty");
@@ -244,17 +189,6 @@ private Q_SLOTS:
       dispatchAsync(std::function<void()>(), place); // does nothing
       dispatchAsync([&next] { next = true; }, place);
       QTRY_VERIFY(next);
-    }
-  }
-
-private:
-  static void placeRows() {
-    QTest::addColumn<Place>("from");
-    QTest::addColumn<int>("qos");
-    for (const auto& [place, name] : {std::pair(Main, "the main thread"), std::pair(Worker, "a worker"),
-                                      std::pair(Plain, "a plain thread")}) {
-      for (int qos = MainThreadQoS; qos <= LowQoS; ++qos)
-        QTest::addRow("from %s to %d", name, qos) << place << qos;
     }
   }
 };

@@ -38,13 +38,8 @@ private Q_SLOTS:
     // The sign of a - b, 2 when unordered.
     const Vela::Test::Rows<double, double, double, double, int> row("a", "b", "absolute", "relative", "sign");
     row("sum of decimals", 0.1 + 0.2, 0.3, 1e-9, 1e-9, 0);
-    row("below by more", 1.0, 1.1, 0.05, 0, -1);
-    row("relative to the larger", 100.0, 90.0, 0, 0.1, 0);
     row("absolute wins near zero", 1e-12, -1e-12, 1e-9, 1e-9, 0);
-    row("exact", 1.0, 1.0 + 1e-15, 0, 0, -1);
-    row("NaN tolerance counts as zero", 1.0, 2.0, NOT_A_NUMBER, NOT_A_NUMBER, -1);
-    row("same infinity", INFINITE, INFINITE, 0, 0, 0);
-    row("infinity and the largest", INFINITE, LARGEST, 1, 1, 1);
+    row("relative to the larger", 100.0, 90.0, 0, 0.1, 0);
     row("infinite tolerance keeps infinity apart", 0, INFINITE, INFINITE, 0, -1);
     row("difference overflows", -LARGEST, LARGEST, 1, 0.5, -1);
     row("NaN and a number", NOT_A_NUMBER, 1.0, INFINITE, 1, 2);
@@ -60,31 +55,18 @@ private Q_SLOTS:
     QCOMPARE(isLess(a, b, tolerance), sign == -1);
     QCOMPARE(isEqual(a, b, tolerance), sign == 0);
     QCOMPARE(isGreater(a, b, tolerance), sign == 1);
-    QCOMPARE(isLessOrEqual(a, b, tolerance), sign == -1 || sign == 0);
-    QCOMPARE(isGreaterOrEqual(a, b, tolerance), sign == 1 || sign == 0);
     QCOMPARE(isEqual(b, a, tolerance), sign == 0);
     QCOMPARE(isLess(b, a, tolerance), sign == 1);
-  }
-
-  void convertsKnownQuantities() {
-    QCOMPARE(convert(1, Inch, Millimetre), 25.4);
-    QCOMPARE(convert(5, Kilometre, Micrometre), 5e9);
-    QCOMPARE(convert(1, SquareInch, SquareCentimetre), 6.4516);
-    QCOMPARE(convert(1, SquareMetre, SquareMillimetre), 1e6);
-    QCOMPARE(convert(1, CubicInch, Millilitre), 16.387064);
-    QCOMPARE(convert(1, CubicMetre, Litre), 1000.0);
   }
 
   void everyUnitIsComplete() {
     checkAllUnits(lengthUnits());
     checkAllUnits(areaUnits());
     checkAllUnits(volumeUnits());
-  }
-
-  void numberThatIsNoUnitGivesNothing() {
-    const auto none = static_cast<EVolumeUnit>(99);
-    QVERIFY(unitName(none).isEmpty() && unitSymbol(none).isEmpty() && formatValue(1, none).isEmpty());
-    QVERIFY(qIsNaN(convert(1, none, Litre)) && qIsNaN(convert(1, Litre, none)));
+    QCOMPARE(convert(5, Kilometre, Inch), 5e6 / 25.4);
+    QCOMPARE(convert(1, SquareInch, SquareCentimetre), 6.4516);
+    QCOMPARE(convert(1, CubicInch, Millilitre), 16.387064);
+    QVERIFY(qIsNaN(convert(1, static_cast<EVolumeUnit>(99), Litre)));
   }
 
   void formatsNumbers_data() {
@@ -92,16 +74,11 @@ private Q_SLOTS:
     const auto row = [&table](double value, int digits, const char* text) {
       table(text, value, digits, text);
     };
-    row(1.23456, 4, "1.235");
     row(1234567.8, 4, "1,234,568");
-    row(1200.0, 2, "1,200");
     row(9.9996, 4, "10");
-    row(0.0012345, 3, "0.00123");
     row(0.0000462, 4, "4.62\u00a0×\u00a010⁻⁵");
     row(0.1 + 0.2, 15, "0.3");
     row(-0.0, 4, "0");
-    row(1234.4, -7, "1,234");
-    row(0.25, 99, "0.25");
     row(-1.5e17, 3, "-1.5\u00a0×\u00a010¹⁷");
     row(-INFINITE, 4, "-∞");
     row(NOT_A_NUMBER, 4, "");
@@ -116,9 +93,6 @@ private Q_SLOTS:
   void formatsValuesAsTheLocaleWrites() {
     const QLocale german(QLocale::German, QLocale::Germany);
     QCOMPARE(formatValue(1234.56, CubicMillimetre, german, 5), QStringLiteral("1.234,6\u00a0mm³"));
-    QCOMPARE(formatValue(0.5, Inch, QLocale::c()), QStringLiteral("0.5\u00a0in"));
-    QCOMPARE(formatValue(INFINITE, SquareMetre, QLocale::c()), QStringLiteral("∞\u00a0m²"));
-    QVERIFY(formatValue(NOT_A_NUMBER, Litre).isEmpty());
   }
 };
 
