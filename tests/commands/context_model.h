@@ -113,26 +113,6 @@ public:
     set(all);
   }
 
-  void setGround(const QString& id, int enabled, int checked) {
-    States changes;
-    const auto give = [&](const Key& key, int value) {
-      if (value != 2 && handUp(0, key, value))
-        put(changes, key, value);
-    };
-    States ground;
-    for (auto entry = layers.first().saved.cbegin(); entry != layers.first().saved.cend(); ++entry)
-      put(ground, entry.key(), entry.value());
-    const States before = ground;
-    check(ground, id, checked);
-    for (auto entry = before.cbegin(); entry != before.cend(); ++entry) {
-      if (entry.key() != id && entry->second != ground[entry.key()].second)
-        give({entry.key(), Checked}, ground[entry.key()].second);
-    }
-    give({id, Enabled}, enabled);
-    give({id, Checked}, checked);
-    set(changes);
-  }
-
   void add(const QString& id, int enabled, int checked) {
     std::pair<int, int> now(enabled, checked);
     bool ownsChecked = false;

@@ -6,12 +6,8 @@
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/views/base_view.h>
 #include <vlk_app_service/application_service.h>
-#include <vlk_license/license_service.h>
 
-#include <QApplication>
 #include <QThread>
-#include <QTimer>
-#include <QWindow>
 
 inline Vela::Services::ApplicationService& service() {
   return Vela::Services::ApplicationService::GetInstance();
@@ -82,46 +78,4 @@ public:
   TestCommand* command = new TestCommand(QStringLiteral("work"), controller);
   TestCommand* other = new TestCommand(QStringLiteral("other"));
   ExecutionLog log{*command};
-};
-
-/// Sets the licence for the length of a test.
-class LicenseState {
-public:
-  explicit LicenseState(Vela::License::ELicenseState state) {
-    Vela::License::LicenseService::Instance().setProvider(std::make_unique<Provider>(state));
-  }
-  ~LicenseState() { Vela::License::LicenseService::Instance().setProvider(nullptr); }
-  Q_DISABLE_COPY_MOVE(LicenseState)
-
-private:
-  class Provider : public Vela::License::ILicenseProvider {
-  public:
-    explicit Provider(Vela::License::ELicenseState state) : m_state(state) {}
-    Vela::License::ELicenseState state() const override { return m_state; }
-    bool activate(const QString&, QString*) override { return false; }
-
-  private:
-    Vela::License::ELicenseState m_state;
-  };
-};
-
-/// Waits for the question box and answers it as the test says.
-class PaidFeatureBox {
-public:
-  explicit PaidFeatureBox(std::function<void(QWindow*)> answer) {
-    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, answer = std::move(answer)] {
-      // The timer goes on: on Windows a loop that was left under a key of QtTest ends with the next message.
-      QWidget* const box = QApplication::activeModalWidget();
-      if (m_seen || !box || !box->isVisible() || box->windowTitle() != QLatin1String("Paid Feature"))
-        return;
-      ++m_seen;
-      answer(box->windowHandle());
-    });
-    m_timer.start(1);
-  }
-  int seen() const { return m_seen; }
-
-private:
-  QTimer m_timer;
-  int m_seen = 0;
 };

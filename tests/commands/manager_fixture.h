@@ -74,7 +74,6 @@ public:
     return manager->began;
   }
   const Vela::UiBase::CommandBag& bag() const { return std::as_const(*manager).commandBag(); }
-  QString states() const { return textOf(manager->currentContext()); }
   void apply() { dispatcher.runAll(); }
 
   Taren::Core::SteppedDispatcher dispatcher;
