@@ -5,39 +5,24 @@
 
 #include <QStringList>
 
-#include <algorithm>
-#include <functional>
 #include <memory>
 
 namespace Vela::Test {
 
-/// Writes down what it is given and takes wheels, keys and double clicks as told.
+/// Writes down what it is given; declines wheels, keys and double clicks.
 class RecordingTool : public UiBase::InteractiveTool {
 public:
   RecordingTool(QString name, std::shared_ptr<QStringList> journal, UiBase::BaseView* view = nullptr)
       : InteractiveTool(view), m_name(std::move(name)), m_journal(std::move(journal)) {}
 
   const QString& name() const { return m_name; }
-  /// "inactive", "active", "suspended" or "operating".
-  QString state() const {
-    const bool is[] = {isActive(), isSuspended(), isOperating()};
-    const char* const names[] = {"active", "suspended", "operating", "inactive"};
-    return QLatin1String(names[std::find(is, is + 3, true) - is]);
-  }
-
-  /// Called where an operation ends.
-  std::function<void()> onEnd;
-
-  bool takesPresses = true;
-  bool takesOthers = false;
 
   using InteractiveTool::setIdleCursor;
-  using InteractiveTool::setOperatingCursor;
   using InteractiveTool::startOperation;
 
   bool mousePress(QMouseEvent* event) override {
     note("press");
-    return takesPresses && InteractiveTool::mousePress(event);
+    return InteractiveTool::mousePress(event);
   }
   bool mouseMove(QMouseEvent* event) override {
     note("move");
@@ -54,16 +39,13 @@ public:
   void endOperation() override {
     if (isOperating())
       note("end");
-    const bool ends = isOperating();
     InteractiveTool::endOperation();
-    if (const auto act = ends ? onEnd : nullptr)
-      act();
   }
 
 private:
   bool other(const char* what) {
     note(what);
-    return takesOthers;
+    return false;
   }
   void note(const char* what) { m_journal->append(m_name + QLatin1Char(':') + QLatin1String(what)); }
 

@@ -7,6 +7,10 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QStringList>
+#include <QTest>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+#include <QWindow>
 
 #include <functional>
 #include <memory>
@@ -38,33 +42,88 @@ private:
 /// where the window does not hear of it. Words of on() are added to these.
 class ToolScreen {
 public:
-  ToolScreen();
-  ~ToolScreen();
+  ToolScreen() {
+    auto* const layout = new QVBoxLayout(&window);
+    layout->addWidget(edit);
+    layout->addWidget(view, 1);
+    window.resize(300, 300);
+    window.show();
+    window.activateWindow();
+    if (!QTest::qWaitForWindowActive(&window))
+      qFatal("the window does not become active");
+    view->setFocus();
+    push(UiBase::LeftButton, "left");
+    push(UiBase::RightButton, "right");
+    push(UiBase::MiddleButton, "middle");
+    push(UiBase::NoButton, "wheel");
+    play("mv"); // a press elsewhere would bring a move along
+    journal->clear();
+  }
+  ~ToolScreen() {
+    QTestPrivate::qtestMouseButtons = Qt::NoButton;
+    QTest::mouseMove(window.windowHandle(), {5, 5}); // the application forgets the buttons, too
+  }
+  Q_DISABLE_COPY_MOVE(ToolScreen)
 
   void on(const QString& word, std::function<void()> action) { m_actions.insert(word, std::move(action)); }
-  /// What a word of on() does.
-  void act(const QString& word) { m_actions.value(word)(); }
-  void play(const QString& script);
+  void play(const QString& script) {
+    const QStringList words = script.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (const QString& word : words) {
+      if (const auto action = m_actions.value(word))
+        action();
+      else if (word == "key")
+        QTest::keyClick(window.windowHandle(), Qt::Key_K);
+      else
+        mouse(word);
+    }
+  }
   /// What the tools were given since the last call, without moves that reach no operation.
-  QString told();
+  QString told() { return std::exchange(*journal, {}).join(QLatin1Char(' ')); }
   Qt::CursorShape cursor() const { return view->cursor().shape(); }
   std::shared_ptr<RecordingTool> tool(const QString& name) const { return m_tools.value(name); }
-  std::shared_ptr<RecordingTool> makeTool(const QString& name, Qt::CursorShape idle,
-                                          Qt::CursorShape operating);
 
   std::shared_ptr<QStringList> journal = std::make_shared<QStringList>();
   QWidget window;
-  QLineEdit* edit;
-  QPointer<UiBase::BaseView> view;
-  ToolController* controller;
+  QLineEdit* edit = new QLineEdit;
+  QPointer<UiBase::BaseView> view = new UiBase::BaseView;
+  ToolController* controller = new ToolController(view, journal);
 
 private:
-  void mouse(const QString& word);
-  void nextPosition();
+  void push(UiBase::EToolActivationButton button, const QString& name) {
+    const auto made = std::make_shared<RecordingTool>(name, journal, view);
+    made->setIdleCursor(Qt::OpenHandCursor);
+    m_tools.insert(name, made);
+    controller->pushTool(button, made);
+  }
+  void mouse(const QString& word) {
+    if (word == "mv")
+      m_position += QPoint(7, 11);
+    QWindow* const handle = window.windowHandle();
+    const QPoint at = view->mapTo(&window, m_position);
+    const auto button = word.at(0) == 'L'   ? Qt::LeftButton
+                        : word.at(0) == 'R' ? Qt::RightButton
+                                            : Qt::MiddleButton;
+    if (word == "mv") {
+      QTest::mouseMove(handle, at);
+    } else if (word == "wh") {
+      QWheelEvent wheel(m_position, view->mapToGlobal(m_position), {}, {0, 120},
+                        QTestPrivate::qtestMouseButtons, {}, Qt::NoScrollPhase, false);
+      QCoreApplication::sendEvent(view, &wheel);
+    } else if (word.at(1) == '+') {
+      QTest::mousePress(handle, button, {}, at);
+    } else if (word.at(1) == '-') {
+      QTest::mouseRelease(handle, button, {}, at);
+    } else if (word.at(1) == '?') {
+      QTestPrivate::qtestMouseButtons.setFlag(button, false);
+      QTest::lastMouseTimestamp += QTest::mouseDoubleClickInterval; // the next press is no double click
+    } else {
+      QTest::mouseDClick(handle, button, {}, at);
+    }
+  }
 
   QHash<QString, std::shared_ptr<RecordingTool>> m_tools;
   QHash<QString, std::function<void()>> m_actions;
-  QPoint m_position;
+  QPoint m_position{10, 10};
 };
 
 } // namespace Vela::Test
