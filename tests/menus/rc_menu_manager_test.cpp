@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <ui_base/menus/rc_menu_manager.h>
 
 #include <QMainWindow>
 #include <QMenu>
-#include <QPointingDevice>
 #include <QPushButton>
-#include <QScreen>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QToolButton>
@@ -67,53 +66,18 @@ class RCMenuManagerTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void aClickOpensTheMenuUnderItsButton() {
-    Screen screen;
-    QVERIFY(screen.isReady());
-    screen.click(screen.pushButton);
-    QVERIFY(screen.pushMenu.isVisible() && screen.pushMenu.isEnabled());
-    QCOMPARE(screen.pushMenu.pos(), screen.pushButton->mapToGlobal(QPoint(0, 30 + 5)));
-    QCOMPARE(screen.pushButton->styleSheet(), ALTERNATE);
-    screen.click(screen.pushButton);
-    QVERIFY2(!screen.pushMenu.isVisible(), "the second click closes it and does not open it again");
-    QCOMPARE(screen.pushButton->styleSheet(), NORMAL);
-  }
-
-  void aMenuThatHasNoRoomBelowOpensAbove() {
-    Screen screen;
-    QVERIFY(screen.isReady());
-    const QRect desktop = screen.window.screen()->availableGeometry();
-    screen.window.move(100, desktop.bottom() - 60);
-    connect(&screen.toolMenu, &QMenu::aboutToShow, &screen.toolMenu,
-            [&] { screen.toolMenu.addAction(QStringLiteral("&Third")); });
-    screen.click(screen.toolButton);
-    QVERIFY(screen.toolMenu.isVisible());
-    const QRect button(screen.toolButton->mapToGlobal(QPoint()), screen.toolButton->size());
-    QVERIFY(std::abs(button.top() - screen.toolMenu.geometry().bottom() - 5) <= 2);
-    QVERIFY(desktop.contains(screen.toolMenu.geometry()));
-  }
-
   void theStyleIsRestoredHoweverTheMenuCloses_data() {
-    QTest::addColumn<Way>("close");
-    QTest::addColumn<bool>("chosen");
-    const auto row = [](const char* name, const Way& close, bool chosen = false) {
-      QTest::newRow(name) << close << chosen;
-    };
-    const auto first = [](Screen& s) {
-      return s.toolMenu.actionGeometry(s.toolMenu.actions().first()).center();
-    };
-    row(
-        "chosen by mouse",
-        [first](Screen& s) {
-          QTest::mouseMove(s.toolMenu.windowHandle(), first(s));
-          QTest::mouseClick(s.toolMenu.windowHandle(), Qt::LeftButton, {}, first(s));
-        },
-        true);
-    row(
-        "chosen by keyboard", [](Screen& s) { QTest::keyClick(s.toolMenu.windowHandle(), Qt::Key_S); }, true);
+    const Vela::Test::Rows<Way> row("close");
+    row("chosen by mouse", [](Screen& s) {
+      const QPoint first = s.toolMenu.actionGeometry(s.toolMenu.actions().first()).center();
+      QTest::mouseMove(s.toolMenu.windowHandle(), first);
+      QTest::mouseClick(s.toolMenu.windowHandle(), Qt::LeftButton, {}, first);
+    });
+    row("chosen by keyboard", [](Screen& s) { QTest::keyClick(s.toolMenu.windowHandle(), Qt::Key_S); });
     row("escape", [](Screen& s) { QTest::keyClick(s.toolMenu.windowHandle(), Qt::Key_Escape); });
     row("click outside",
         [](Screen& s) { QTest::mouseClick(s.window.windowHandle(), Qt::LeftButton, {}, QPoint(300, 200)); });
+    row("second click", [](Screen& s) { s.click(s.toolButton); });
     row("stop", [](Screen& s) { s.manager.Stop(); });
     row("window resized", [](Screen& s) { s.window.resize(300, 200); });
     row("timer", [](Screen& s) {
@@ -125,50 +89,19 @@ private Q_SLOTS:
   }
   void theStyleIsRestoredHoweverTheMenuCloses() {
     QFETCH(Way, close);
-    QFETCH(bool, chosen);
     Screen screen;
     QVERIFY(screen.isReady());
     screen.manager.SetHideInterval(60000);
     QSignalSpy triggered(&screen.toolMenu, &QMenu::triggered);
     screen.click(screen.toolButton);
     QCOMPARE(screen.toolButton->styleSheet(), ALTERNATE);
+    QCOMPARE(screen.toolMenu.pos(), screen.toolButton->mapToGlobal(QPoint(0, 30 + 5)));
     close(screen);
     QTRY_VERIFY(!screen.toolMenu.isVisible());
     QCOMPARE(screen.toolButton->styleSheet(), NORMAL);
     QVERIFY(!screen.toolButton->isDown());
     QCOMPARE(screen.toolMenu.isEnabled(), !screen.manager.IsStarted());
-    QCOMPARE(triggered.count(), chosen ? 1 : 0);
-  }
-
-  void aButtonThatIsDressedAnewKeepsItsNewLook() {
-    Screen screen;
-    QVERIFY(screen.isReady());
-    for (const bool open : {false, true}) {
-      const QString look = open ? QStringLiteral("color: green") : QStringLiteral("color: blue");
-      if (open)
-        screen.click(screen.toolButton);
-      screen.toolButton->setStyleSheet(look);
-      if (!open)
-        screen.click(screen.toolButton);
-      QVERIFY(screen.toolMenu.isVisible());
-      screen.click(screen.toolButton);
-      QCOMPARE(screen.toolButton->styleSheet(), look);
-    }
-  }
-
-  void aMenuOpenedByTouchStays() {
-    Screen screen;
-    QVERIFY(screen.isReady());
-    screen.moveOutside();
-    screen.manager.SetHideInterval(5);
-    const std::unique_ptr<QPointingDevice> device(QTest::createTouchDevice());
-    const QPoint at = screen.toolButton->geometry().center();
-    QTest::touchEvent(screen.window.windowHandle(), device.get()).press(0, at);
-    QTest::touchEvent(screen.window.windowHandle(), device.get()).release(0, at);
-    QTRY_VERIFY(screen.toolMenu.isVisible());
-    QSignalSpy timeouts(screen.manager.findChild<QTimer*>(), &QTimer::timeout);
-    QTRY_VERIFY(timeouts.count() >= 2);
-    QVERIFY(screen.toolMenu.isVisible());
+    QCOMPARE(triggered.count(), QByteArray(QTest::currentDataTag()).startsWith("chosen") ? 1 : 0);
   }
 
   void aMenuStaysWhileThePointerIsInside() {
@@ -187,21 +120,12 @@ private Q_SLOTS:
     QTRY_VERIFY(!screen.toolMenu.isVisible());
   }
 
-  void theKeyboardOpensAndKeepsAMenu_data() {
-    QTest::addColumn<int>("key");
-    QTest::newRow("space") << int(Qt::Key_Space);
-    QTest::newRow("down") << int(Qt::Key_Down);
-    QTest::newRow("mnemonic") << int(Qt::Key_P);
-  }
   void theKeyboardOpensAndKeepsAMenu() {
-    QFETCH(int, key);
     Screen screen;
     QVERIFY(screen.isReady());
     screen.moveOutside();
     screen.manager.SetHideInterval(5);
-    screen.pushButton->setFocus();
-    QTest::keyClick(screen.window.windowHandle(), Qt::Key(key),
-                    key == Qt::Key_P ? Qt::AltModifier : Qt::NoModifier);
+    QTest::keyClick(screen.window.windowHandle(), Qt::Key_P, Qt::AltModifier);
     QVERIFY(screen.pushMenu.isVisible());
     QCOMPARE(screen.pushMenu.activeAction(), screen.pushMenu.actions().constFirst());
     QSignalSpy timeouts(screen.manager.findChild<QTimer*>(), &QTimer::timeout);
@@ -210,8 +134,7 @@ private Q_SLOTS:
   }
 
   void theManagerMayEndWhileAMenuCloses_data() {
-    QTest::addColumn<Way>("close");
-    const auto row = [](const char* name, const Way& close) { QTest::newRow(name) << close; };
+    const Vela::Test::Rows<Way> row("close");
     row("escape", [](Screen& s) { QTest::keyClick(s.toolMenu.windowHandle(), Qt::Key_Escape); });
     row("second click", [](Screen& s) { s.click(s.toolButton); });
     row("other button", [](Screen& s) { s.end->OpenMenu(s.pushButton); });

@@ -12,24 +12,6 @@ class PendingGroupStatesTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void lastStateOfEachGroupIsTakenOnce() {
-    PendingGroupStates pending;
-    QObject first;
-    QObject second;
-    {
-      QObject dead;
-      pending.append(&dead, true);
-    }
-    pending.append(&first, true);
-    pending.append(&second, true);
-    pending.append(&first, false);
-    const auto taken = pending.takeLatest();
-    QCOMPARE(taken.size(), 2);
-    QVERIFY(taken[0].group == &second && taken[0].began);
-    QVERIFY(taken[1].group == &first && !taken[1].began);
-    QVERIFY(pending.takeLatest().isEmpty());
-  }
-
   void statesOfManyThreadsEndInTheLastOfEachGroup() {
     constexpr int threads = 8;
     PendingGroupStates pending;

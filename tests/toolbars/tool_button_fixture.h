@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "toolbars_fixture.h"
+
+#include <support/input.h>
 #include <support/test_case.h>
 #include <ui_base/commands/flyout_command.h>
 #include <ui_base/popups/arrowed_window.h>
@@ -27,7 +30,6 @@ public:
     setText("Smooth");
   }
   bool onExecuteAsync(bool) override { return true; }
-  using Vela::UiBase::CommandBase::setIsPaidFeature;
 };
 
 class CommandObserver : public Vela::UiBase::CommandStateProtocol {
@@ -37,16 +39,6 @@ public:
   int began = 0;
   int ended = 0;
 };
-
-inline QIcon coloredIcon(Qt::GlobalColor color) {
-  QPixmap pixmap(32, 32);
-  pixmap.fill(color);
-  return QIcon(pixmap);
-}
-
-inline QColor shownColor(const QToolButton& button) {
-  return button.icon().pixmap(32).toImage().pixelColor(16, 16);
-}
 
 /// A view with a toolbar whose buttons are a plain one, one that opens the flyout of a command, and one that
 /// opens a sub-toolbar with a plain button and another flyout.
@@ -77,10 +69,7 @@ struct MenuStage {
     menuButton = bar->AddAction(nullptr, coloredIcon(Qt::red), subBar, true, "Menu");
     menuButton->setCheckable(true);
 
-    window.show();
-    window.activateWindow();
-    if (!QTest::qWaitForWindowActive(&window))
-      qFatal("the window does not become active");
+    Vela::Test::showActive(window);
     bar->ShowMe();
     field->setFocus();
     Vela::Test::settle();

@@ -5,7 +5,9 @@
 #include <ui_base/core/shared_object.h>
 
 #include <QByteArray>
+#include <QIcon>
 #include <QString>
+#include <QToolButton>
 
 #include <memory>
 
@@ -15,12 +17,23 @@ public:
   explicit NamedCommand(const QString& name) : CommandBase(nullptr), m_name(name) { setText(name); }
   QString commandId() const override { return m_name; }
   bool onExecuteAsync(bool) override { return ++runs; }
+  using CommandBase::setIsPaidFeature;
 
   int runs = 0;
 
 private:
   QString m_name;
 };
+
+inline QIcon coloredIcon(Qt::GlobalColor color) {
+  QPixmap pixmap(32, 32);
+  pixmap.fill(color);
+  return QIcon(pixmap);
+}
+
+inline QColor shownColor(const QToolButton& button) {
+  return button.icon().pixmap(32).toImage().pixelColor(16, 16);
+}
 
 inline std::shared_ptr<Vela::UiBase::CommandBase> namedCommand(const QString& name) {
   return Taren::Objects::createShared<NamedCommand>(name);
