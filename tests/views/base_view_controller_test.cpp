@@ -1,122 +1,147 @@
 // SPDX-License-Identifier: MIT
-#include "view_stage.h"
+#include "recording_controller.h"
 
+#include <support/test_case.h>
 #include <ui_base/notifications/notification_bar.h>
 #include <ui_base/tooltips/tooltip_manager.h>
+#include <ui_base/views/base_view.h>
+#include <ui_base/views/tabbed_app.h>
 #include <vlk_app_service/application_service.h>
 
+#include <QPointer>
 #include <QSignalSpy>
 
-#include <stdexcept>
-
 using Vela::Services::ApplicationService;
-using Vela::Test::LocalView;
 using Vela::Test::RecordingController;
 using Vela::Test::settle;
-using Vela::Test::ViewStage;
 using namespace Vela::UiBase;
 
 namespace {
 
-/// Answers presentation requests in the place of the controller that asks.
-class Container : public PresentViewProtocol {
-public:
-  explicit Container(bool answer) : m_answer(answer) {}
-  bool presentViewController(BaseViewController* controller, ETransitionDirection itsDirection) override {
-    presented = controller;
-    direction = itsDirection;
-    return m_answer;
-  }
-  bool dismissViewController() override {
-    ++dismissals;
-    return m_answer;
-  }
+/// A view that is seen in a window of its own, and another one that is not shown yet. Each has a controller
+/// that writes down its calls.
+struct ViewStage {
+  QStringList calls;
+  QStringList otherCalls;
+  QPointer<BaseView> view = new BaseView;
+  QPointer<BaseView> otherView = new BaseView;
+  QPointer<RecordingController> controller = new RecordingController(&calls, view);
+  QPointer<RecordingController> other = new RecordingController(&otherCalls, otherView);
 
-  BaseViewController* presented = nullptr;
-  ETransitionDirection direction = NoTransition;
-  int dismissals = 0;
-
-private:
-  const bool m_answer;
+  ViewStage() {
+    view->show();
+    [[maybe_unused]] const bool exposed = QTest::qWaitForWindowExposed(view);
+    settle();
+    calls.clear();
+  }
+  ~ViewStage() {
+    delete otherView;
+    delete view;
+  }
+  Q_DISABLE_COPY_MOVE(ViewStage)
 };
 
-qsizetype shutdownDelegates() { return ApplicationService::GetInstance().shutdownProtocolDelegateCount(); }
+/// Answers presentation requests in the place of the controller that asks.
+struct Container : PresentViewProtocol {
+  bool presentViewController(BaseViewController* controller, ETransitionDirection) override {
+    presented = controller;
+    return answer;
+  }
+  bool dismissViewController() override { return answer; }
 
-void notify(BaseViewController& controller, const QString& message) {
-  controller.showNotification(message, FadeInOnly, 3000, false, nullptr, nullptr);
-}
+  BaseViewController* presented = nullptr;
+  bool answer = true;
+};
+
+class PageApp : public TabbedApp {
+public:
+  using TabbedApp::setRootViewController;
+  Taren::Core::ERcmStatus Initialize() override { return Taren::Core::RcmSuccess; }
+  QString ServiceName() const override { return QStringLiteral("pages"); }
+};
 
 } // namespace
 
+/// What a controller does for its view, and which of them goes with which, with or without an application.
 class BaseViewControllerTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
+  void lifeIsToldInOrder();
+  void altReleaseIsSynthesizedOnDeactivation();
   void delegateMayPresent();
-  void presentedAgainElsewhereFollowsOnlyNewPresenter();
-  void loadedControllerIsShutdownDelegate();
+  void loadedControllerIsAskedForShutdown();
   void tooltipsHearOfViews();
   void notificationsFollowControllerToItsNextView();
   void notificationWithoutViewIsDeleted();
 
   void heldControllerOutlivesItsView();
   void controllerDeletedByHandTakesParentlessViewAlong();
-  void controllerDeletedWhileQtWorksWithItsViewTakesItAlongLater();
   void viewsShareOneController();
-  void heldControllerDeletedByHandLeavesShutdown();
-  void constructorThatThrowsAfterAttachingLeavesViewFree();
+  void rootControllerDiesOnce();
+  void rootControllerGoesAlthoughOthersHoldIt();
 };
 
-void BaseViewControllerTest::delegateMayPresent() {
-  for (const bool answers : {true, false}) {
+void BaseViewControllerTest::lifeIsToldInOrder() {
+  ViewStage s;
+  s.view->move(s.view->pos() + QPoint(10, 10));
+  s.view->resize(s.view->size() + QSize(10, 10));
+  settle();
+  QVERIFY(s.calls.contains("viewDidMove") && s.calls.contains("viewDidResize"));
+  s.calls.clear();
+  QVERIFY(s.view->close());
+  settle();
+  QVERIFY(!s.view);
+  QCOMPARE(s.calls, QStringList({"viewWillClose", "viewWillDisappear", "~"}));
+}
+
+void BaseViewControllerTest::altReleaseIsSynthesizedOnDeactivation() {
+  for (const auto& [last, synthesized] : {std::pair{Qt::Key_Alt, 1}, {Qt::Key_A, 0}}) {
     ViewStage s;
-    const auto container = std::make_shared<Container>(answers);
-    s.controller->setDelegate(container, false);
-    s.other->setDelegate(container, false);
-    QVERIFY(!s.controller->presentViewController(nullptr, FromLeft));
-    QVERIFY(!s.controller->presentViewController(s.controller, FromLeft));
-    QVERIFY(!container->presented && s.calls.isEmpty());
-    QVERIFY(s.controller->presentViewController(s.other, FromTop));
-    QCOMPARE(container->presented, s.other.data());
-    QCOMPARE(container->direction, FromTop);
-    QCOMPARE(s.otherView->parentWidget(), answers ? nullptr : s.view.data());
-    QCOMPARE(s.other->presenter(), answers ? nullptr : s.controller.data());
-    QVERIFY(s.other->dismissViewController());
-    QCOMPARE(container->dismissals, 1);
-    settle();
-    QCOMPARE(!s.otherView.isNull(), answers);
+    QTest::keyPress(s.view->windowHandle(), Qt::Key_Alt);
+    QTest::keyPress(s.view->windowHandle(), last);
+    QEvent deactivate(QEvent::ApplicationDeactivate);
+    QCoreApplication::sendEvent(QCoreApplication::instance(), &deactivate);
+    QVERIFY(!s.calls.contains("keyRelease")); // it goes through the event queue
+    QCoreApplication::sendPostedEvents(s.view);
+    QCOMPARE(s.calls.count("keyRelease"), synthesized);
   }
 }
 
-void BaseViewControllerTest::presentedAgainElsewhereFollowsOnlyNewPresenter() {
+void BaseViewControllerTest::delegateMayPresent() {
   ViewStage s;
-  LocalView second;
-  auto* const secondController = new RecordingController(nullptr, &second);
-  second.resize(120, 90);
-  second.show();
-  s.controller->presentViewController(s.other, FromLeft);
-  QVERIFY(secondController->presentViewController(s.other, FromRight));
-  s.view->resize(700, 500);
-  QCOMPARE(s.otherView->size(), QSize(120, 90));
-  second.resize(150, 110);
-  QCOMPARE(s.otherView->size(), QSize(150, 110));
-  QCOMPARE(s.other->presenter(), secondController);
+  const auto container = std::make_shared<Container>();
+  s.controller->setDelegate(container, false);
+  s.other->setDelegate(container, false);
+  QVERIFY(s.controller->presentViewController(s.other, FromTop) && s.other->dismissViewController());
+  QCOMPARE(container->presented, s.other.data());
+  QVERIFY(!s.other->presenter());
+  container->answer = false;
+  QVERIFY(s.controller->presentViewController(s.other, FromTop));
+  QCOMPARE(s.other->presenter(), s.controller.data());
 }
 
-void BaseViewControllerTest::loadedControllerIsShutdownDelegate() {
-  for (const bool closes : {true, false}) {
-    const qsizetype before = shutdownDelegates();
-    ViewStage s;
-    s.view->hide();
-    s.view->show();
-    QCOMPARE(shutdownDelegates(), before + 1);
-    const auto held = s.controller->shared_from_this();
-    if (closes)
-      s.view->close();
+void BaseViewControllerTest::loadedControllerIsAskedForShutdown() {
+  struct Asked : RecordingController {
+    using RecordingController::RecordingController;
+    bool mayShutDown() override { return false; }
+  };
+  for (const char* end : {"view closed", "view deleted", "controller deleted"}) {
+    const QPointer<BaseView> view = new BaseView;
+    auto* const controller = new Asked(nullptr, view);
+    const auto held = controller->shared_from_this();
+    view->show();
+    view->hide();
+    view->show();
+    QVERIFY(!ApplicationService::GetInstance().requestShutdown());
+    if (qstrcmp(end, "view closed") == 0)
+      view->close();
+    else if (qstrcmp(end, "view deleted") == 0)
+      delete view;
     else
-      delete s.view;
-    QCOMPARE(shutdownDelegates(), before);
-    QVERIFY(!held->isLoaded());
+      delete controller;
+    QVERIFY2(ApplicationService::GetInstance().requestShutdown(), end);
+    settle();
   }
 }
 
@@ -129,25 +154,24 @@ void BaseViewControllerTest::tooltipsHearOfViews() {
 
 void BaseViewControllerTest::notificationsFollowControllerToItsNextView() {
   ViewStage s;
-  s.controller->hideNotification(); // nothing to hide yet
-  notify(*s.controller, QStringLiteral("Old."));
+  const auto notify = [&s](const QString& message) {
+    s.controller->showNotification(message, FadeInOnly, 3000, false, nullptr, nullptr);
+  };
+  notify(QStringLiteral("Old."));
   QVERIFY(s.controller->isNotificationShowing());
-  LocalView next;
+  BaseView next;
   next.show();
   s.controller->setView(&next);
   QVERIFY(!s.controller->isNotificationShowing());
-  notify(*s.controller, QStringLiteral("New."));
+  notify(QStringLiteral("New."));
   const auto* const bar = next.findChild<NotificationBar*>();
   QVERIFY(bar && bar->isVisible());
   settle();
   QVERIFY(!s.view->findChild<NotificationBar*>());
-  s.controller->hideNotification();
-  QVERIFY(!s.controller->isNotificationShowing());
 }
 
 void BaseViewControllerTest::notificationWithoutViewIsDeleted() {
   BaseViewController controller;
-  notify(controller, QStringLiteral("Nobody can see this"));
   const QPointer<QWidget> content = new QWidget;
   controller.showNotification(content, FadeInOnly, 3000, false, nullptr, nullptr);
   settle();
@@ -158,7 +182,7 @@ void BaseViewControllerTest::heldControllerOutlivesItsView() {
   ViewStage s;
   auto held = s.controller->shared_from_this();
   delete s.view;
-  LocalView next;
+  BaseView next;
   held->setView(&next);
   next.setViewController(new RecordingController(nullptr));
   QVERIFY(!held->getView() && next.getViewController() != held.get());
@@ -178,67 +202,50 @@ void BaseViewControllerTest::controllerDeletedByHandTakesParentlessViewAlong() {
   QVERIFY(!s.view);
 }
 
-void BaseViewControllerTest::controllerDeletedWhileQtWorksWithItsViewTakesItAlongLater() {
-  for (const char* call :
-       {"viewDidLoad", "viewWillAppear", "viewWillDisappear", "viewDidResize", "mouseEnter", "mouseLeave"}) {
-    ViewStage s;
-    s.other->on[QString::fromLatin1(call)] = [&s] { delete s.other; };
-    s.otherView->show();
-    s.otherView->resize(100, 100);
-    QEvent leave(QEvent::Leave);
-    QEnterEvent enter({5, 5}, {5, 5}, {5, 5});
-    QCoreApplication::sendEvent(s.otherView, &enter);
-    QCoreApplication::sendEvent(s.otherView, &leave);
-    s.otherView->hide();
-    settle();
-    QVERIFY2(!s.other && !s.otherView, call);
-  }
-}
-
 void BaseViewControllerTest::viewsShareOneController() {
-  for (const bool byHand : {true, false}) {
+  ViewStage s;
+  s.otherView->setViewController(s.controller);
+  QVERIFY(!s.other); // its view was its only owner
+  QCOMPARE(s.controller->getView(), s.otherView.data());
+  delete s.otherView;
+  QVERIFY(s.controller && !s.controller->getView());
+  delete s.view;
+  QVERIFY(!s.controller);
+}
+
+void BaseViewControllerTest::rootControllerDiesOnce() {
+  for (const QString first : {"app", "view", "controller", "another takes its place"}) {
     ViewStage s;
-    s.otherView->setViewController(s.controller);
-    QVERIFY(!s.other); // its view was its only owner
-    QCOMPARE(s.controller->getView(), s.otherView.data());
-    if (byHand) {
+    auto app = std::make_unique<PageApp>();
+    app->setRootViewController(s.controller);
+    app->setRootViewController(s.controller);
+    QCOMPARE(app->getVC(), s.controller.data());
+    if (first == "view")
+      delete s.view;
+    else if (first == "controller")
       delete s.controller;
-      QVERIFY(!s.otherView); // it was the controller's view
-      QVERIFY(!s.view->getViewController());
-      QTest::mouseClick(s.view->windowHandle(), Qt::LeftButton, {}, QPoint(10, 10));
-      continue;
-    }
-    delete s.otherView;
-    QVERIFY(s.controller && !s.controller->getView());
-    delete s.view;
-    QVERIFY(!s.controller);
+    else if (first != "app")
+      app->setRootViewController(s.other);
+    if (first != "app")
+      QCOMPARE(app->getVC(), first.startsWith("another") ? s.other.data() : nullptr);
+    app.reset();
+    QVERIFY(!s.controller && !s.view);
+    QCOMPARE(s.calls.count(QStringLiteral("~")), 1);
   }
 }
 
-void BaseViewControllerTest::heldControllerDeletedByHandLeavesShutdown() {
-  struct Asked : RecordingController {
-    using RecordingController::RecordingController;
-    bool mayShutDown() override { return false; }
-  };
-  QWidget parent;
-  auto* const controller = new Asked(nullptr, new BaseView(&parent));
-  parent.show();
-  const auto held = controller->shared_from_this();
-  QVERIFY(!ApplicationService::GetInstance().requestShutdown());
-  delete controller;
-  QVERIFY(ApplicationService::GetInstance().requestShutdown());
-}
-
-void BaseViewControllerTest::constructorThatThrowsAfterAttachingLeavesViewFree() {
-  struct Throwing : RecordingController {
-    explicit Throwing(BaseView* view) : RecordingController(nullptr, view) {
-      throw std::runtime_error("no licence");
-    }
-  };
-  QWidget parent;
-  auto* const view = new BaseView(&parent);
-  QVERIFY_THROWS_EXCEPTION(std::runtime_error, new Throwing(view));
-  QVERIFY(!view->getViewController());
+void BaseViewControllerTest::rootControllerGoesAlthoughOthersHoldIt() {
+  ViewStage s;
+  QWidget window;
+  s.otherView->setParent(&window); // not the controller's to delete
+  auto held = s.other->shared_from_this();
+  {
+    PageApp app;
+    app.setRootViewController(s.other);
+  }
+  QVERIFY(s.otherView && !s.otherView->getViewController());
+  held.reset();
+  QCOMPARE(s.otherCalls.count(QStringLiteral("~")), 1);
 }
 
 VELA_TEST_MAIN(BaseViewControllerTest)
