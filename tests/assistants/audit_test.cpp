@@ -10,7 +10,6 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPainter>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -82,15 +81,6 @@ public:
   TestCommand* close;
 };
 
-/// Shows as much of its text as there is room for.
-class ElidingLabel : public QLabel {
-public:
-  using QLabel::QLabel;
-  void paintEvent(QPaintEvent*) override {
-    QPainter(this).drawText(rect(), fontMetrics().elidedText(text(), Qt::ElideRight, width()));
-  }
-};
-
 using Seed = std::function<void(Stage&)>;
 
 void paint(QWidget& widget, QColor color) {
@@ -126,8 +116,6 @@ private Q_SLOTS:
     });
     row("key of the library", Finding::ShortcutsMeet, "F6",
         [](Stage& stage) { stage.open->setShortcut(Qt::Key_F6); });
-    row("only the mouse", Finding::NoKeyboard, "Apply",
-        [](Stage& stage) { stage.button->setFocusPolicy(Qt::NoFocus); });
     row("command nowhere", Finding::NoKeyboard, "open",
         [](Stage& stage) { stage.menu->removeAction(stage.open); });
     row("blank in a bar", Finding::NoIcon, "Close", [](Stage& stage) { stage.close->setIcon({}); });
@@ -140,17 +128,11 @@ private Q_SLOTS:
     row("cut off", Finding::TextCutOff, "Apply", [](Stage& stage) { stage.button->setFixedWidth(14); });
     row("cut off on a hidden page", Finding::TextCutOff, "Hidden at first",
         [](Stage& stage) { stage.label->setFixedWidth(20); });
-    row("shortened", Finding::TextCutOff, "Long", [](Stage& stage) {
-      auto* const label = new ElidingLabel(QStringLiteral("Long text without room"), stage.page);
-      label->setFixedWidth(50);
-      stage.page->layout()->addWidget(label);
-    });
     row("pale", Finding::LowContrast, "Hidden at first",
         [](Stage& stage) { paint(*stage.label, QColor(0xbb, 0xbb, 0xbb)); });
     row("pale but disabled", -1, "", [](Stage& stage) {
       paint(*stage.label, QColor(0xbb, 0xbb, 0xbb));
       stage.label->setEnabled(false);
-      stage.open->setEnabled(false); // in a menu
     });
     row("slow", Finding::SlowCommand, "open", [](Stage& stage) {
       RunLog::Instance().setMainThreadLimit(std::chrono::nanoseconds(1));
@@ -174,16 +156,6 @@ private Q_SLOTS:
     options.waivers = {{Finding::EKind(kind), where, QString()}};
     QCOMPARE(stage.audit(options).size(), 1);
     options.waivers[0].reason = QStringLiteral("It is meant so.");
-    QCOMPARE(stage.audit(options).size(), 0);
-  }
-
-  void modesKeepShortcutsApart() {
-    Stage stage;
-    stage.open->setShortcut(QKeySequence::Open);
-    stage.close->setShortcut(QKeySequence::Open);
-    AuditOptions options;
-    options.shortcuts.addMode(QStringLiteral("a"), {QStringLiteral("open")});
-    options.shortcuts.addMode(QStringLiteral("b"), {QStringLiteral("close")});
     QCOMPARE(stage.audit(options).size(), 0);
   }
 };

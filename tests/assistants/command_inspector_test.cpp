@@ -4,11 +4,7 @@
 #include <ui_base/assistants/command_inspector.h>
 #include <ui_base/views/base_view.h>
 
-#include <QClipboard>
-#include <QLabel>
-#include <QPushButton>
 #include <QTableView>
-#include <QToolButton>
 
 #include <commands/commands_fixture.h>
 
@@ -42,14 +38,6 @@ private Q_SLOTS:
       inspector.show();
       QCOMPARE(rows(), 2);
       QCOMPARE(table->model()->index(1, 1).data().toString(), QStringLiteral("No paper."));
-      QToolButton button(&owner);
-      button.setDefaultAction(one->findCommand(QStringLiteral("smooth")));
-      button.resize(40, 40);
-      button.show();
-      QTest::mouseMove(owner.windowHandle(), QPoint(20, 20));
-      QVERIFY(inspector.findChild<QLabel*>()->text().contains(QStringLiteral("smooth\nNo mesh.")));
-      inspector.findChild<QPushButton*>()->click();
-      QVERIFY(QApplication::clipboard()->text().contains(QStringLiteral("smooth\tNo paper.")));
       one->setGroundState(QStringLiteral("smooth"), {State::On, State::Keep});
       dispatcher.runAll();
       QTRY_COMPARE(rows(), 1);

@@ -4,13 +4,9 @@
 #include "workbench_fixture.h"
 
 #include <support/rows.h>
-#include <workbench/options.h>
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QProcess>
 
 using namespace Workbench;
@@ -31,8 +27,7 @@ class CommandLineTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void initTestCase() { cleanup(); }
-  void cleanup() {
+  void init() {
     m_environment = QProcessEnvironment::systemEnvironment();
     m_environment.insert("XDG_CONFIG_HOME", path("config"));
     m_environment.insert("QT_QPA_PLATFORM", "offscreen");
@@ -50,26 +45,6 @@ private Q_SLOTS:
     const int drawn = Test::meshPixels(normal.copy(40, 40, 220, 160));
     const double ratio = double(Test::meshPixels(sharp.copy(80, 80, 440, 320))) / drawn;
     QVERIFY2(drawn > 4000 && std::abs(ratio - 4) < 0.3, qPrintable(QString("%1 %2").arg(drawn).arg(ratio)));
-  }
-
-  void savesAPhotograph() {
-    QImage image(40, 30, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QVERIFY(image.save(path("red.png")));
-    const QString mesh = write("blob.off", Test::offFile(Test::blob(20)));
-    QCOMPARE(run({mesh, path("red.png"), "--screenshot", path("photo.png"), "--size", "300x240"}).status, 0);
-    QCOMPARE(QImage(path("photo.png")).pixelColor(150, 100), QColor(Qt::red));
-    const Outcome bad = run({write("letter.jpg", "Dear Sir"), "--screenshot", path("photo.png")});
-    QCOMPARE(bad.status, 1);
-    QVERIFY2(bad.errors.contains("letter.jpg: It is no picture"), qPrintable(bad.errors));
-    // Decoders fill up what is missing.
-    QVERIFY(image.scaled(400, 300).save(path("whole.jpg")));
-    QCOMPARE(run({path("whole.jpg"), "--screenshot", path("photo.png")}).status, 0);
-    QFile whole(path("whole.jpg"));
-    QVERIFY(whole.open(QIODevice::ReadWrite) && whole.resize(whole.size() - 2));
-    const Outcome cut = run({path("whole.jpg"), "--screenshot", path("photo.png")});
-    QCOMPARE(cut.status, 1);
-    QVERIFY2(cut.errors.contains("whole.jpg: The file is damaged"), qPrintable(cut.errors));
   }
 
   void aBadFileIsNamedWithTheReason_data() {
@@ -99,55 +74,15 @@ private Q_SLOTS:
     }
   }
 
-  void takesAScreenshotWithoutADisplay() {
-    m_environment.remove("DISPLAY");
-    m_environment.remove("WAYLAND_DISPLAY");
-    m_environment.remove("QT_QPA_PLATFORM");
-    QCOMPARE(run({"--screenshot=" + path("headless.png")}).status, 0);
-    QVERIFY(!QImage(path("headless.png")).isNull());
-  }
-
-  void writesATrace() {
-    const QString mesh = write("blob.off", Test::offFile(Test::blob(20)));
-    QCOMPARE(run({mesh, "--screenshot", path("t.png"), "--trace", path("trace.json")}).status, 0);
-    QFile file(path("trace.json"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QStringList names;
-    for (const QJsonValue& event : QJsonDocument::fromJson(file.readAll())["traceEvents"].toArray())
-      names += event["name"].toString();
-    const QString begin = "CMD BEGIN Workbench::OpenMeshCommand(false)";
-    const QString end = "CMD END   Workbench::OpenMeshCommand(false)";
-    QVERIFY(names.contains(begin));
-    QVERIFY(names.indexOf(end) > names.indexOf(begin));
-
-    const Outcome outcome = run({"--screenshot", path("t.png"), "--trace", path("nowhere/trace.json")});
-    QCOMPARE(outcome.status, 1);
-    QVERIFY2(outcome.errors.contains("nowhere/trace.json"), qPrintable(outcome.errors));
-  }
-
   void answersWithoutADisplay() {
     m_environment.insert("QT_QPA_PLATFORM", "no such platform");
     const Outcome help = run({"-platform", "xcb", "--help"});
     QCOMPARE(help.status, 0);
     QVERIFY(help.output.contains("--screenshot"));
-    QCOMPARE(run({"--version"}).status, 0);
-    const Outcome unknown = run({"--unknown"});
-    QCOMPARE(unknown.status, 1);
-    QVERIFY2(unknown.errors.contains("unknown"), qPrintable(unknown.errors));
-    const Outcome unnamed = run({"a.obj", "--screenshot", ""});
-    QCOMPARE(unnamed.status, 1);
-    QVERIFY2(unnamed.errors.contains("--screenshot"), qPrintable(unnamed.errors));
-  }
-
-  void understandsSizes() {
-    for (const QString text : {"640x480", "640", "0x480", "x", "-1x5", "640x480x2", "99999x99999", "ax b"}) {
-      const Options options = Options::parse({"workbench", "a.obj", "--size", text, "b.obj"});
-      QCOMPARE(options.answer.has_value(), text != "640x480");
-      if (options.answer)
-        QVERIFY(options.answer->status == 1 && options.answer->text.contains(text));
-      else
-        QCOMPARE(options.size, QSize(640, 480));
-      QCOMPARE(options.files, QStringList({"a.obj", "b.obj"}));
+    for (const char* const text : {"0x480", "640x480x2", "99999x99999"}) {
+      const Outcome unknown = run({"--size", text});
+      QCOMPARE(unknown.status, 1);
+      QVERIFY2(unknown.errors.contains(text), qPrintable(unknown.errors));
     }
   }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "mesh_files.h"
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 
@@ -7,21 +8,19 @@
 #include <vlk_app_service/config_manager.h>
 #include <workbench/commands/length_unit_command.h>
 #include <workbench/commands/measurement_command.h>
-#include <workbench/commands/mesh_info_command.h>
+#include <workbench/commands/open_recent_command.h>
 #include <workbench/commands/reset_layout_command.h>
 #include <workbench/pages/workbench_pages.h>
-#include <workbench/panels/mesh_info_dialog.h>
 #include <workbench/window_layout.h>
 
 #include <QApplication>
 #include <QClipboard>
-#include <QPushButton>
 
 using namespace Workbench;
 using Test::WorkbenchFixture;
 using Vela::Test::settle;
 
-/// What the workbench keeps: measurements, figures for elsewhere, the place of its window.
+/// What the workbench keeps: measurements, the place of its window, recent files.
 class WorkbenchKeepingTest : public Vela::Test::TestCase {
   Q_OBJECT
 
@@ -50,21 +49,6 @@ private Q_SLOTS:
     QVERIFY(!bench.isEnabled(MeasurementCommand::idOf(RemoveMeasurement)));
   }
 
-  void figuresOfTheMeshAreCopied() {
-    WorkbenchFixture bench;
-    bench.show(Test::cube(2));
-    bench.command<MeshInfoCommand>()->trigger();
-    const auto* const dialog = bench.window().findChild<MeshInfoDialog*>();
-    QVERIFY(dialog);
-    auto* const copy = dialog->findChild<QPushButton*>(QStringLiteral("copy_button"));
-    const auto copied = [copy] {
-      copy->click();
-      return QApplication::clipboard()->text().contains(QLatin1String("Triangles\t12\n"));
-    };
-    QTRY_VERIFY(copied());
-    QVERIFY(QApplication::clipboard()->text().contains(QLatin1String("Watertight\tYes")));
-  }
-
   void theWindowIsKeptByIdentifiersAndReset() {
     using namespace Vela::Common;
     WorkbenchFixture bench({700, 500});
@@ -81,8 +65,22 @@ private Q_SLOTS:
     QCOMPARE(bench.view().measurements().unit(), Millimetre);
     QVERIFY(bench.window().size() != QSize(700, 500));
     QVERIFY(!config.value(QStringLiteral("measure/unit")).isValid());
-    WindowLayout::restoreContent(bench.window()); // nothing is kept
-    QCOMPARE(bench.view().measurements().unit(), Millimetre);
+  }
+
+  void recentFilesAreOpenedAgain() {
+    WorkbenchFixture bench;
+    const QString files[] = {bench.write("a & b.obj", Test::objFile(Test::cube(2))),
+                             bench.write("c.obj", Test::objFile(Test::square(1)))};
+    for (const QString& file : files)
+      bench.open(file);
+    const auto recent = [&bench](int place) {
+      return bench.controller().findCommand(OpenRecentCommand::idOf(place));
+    };
+    QTRY_VERIFY(recent(1)->isEnabled());
+    QCOMPARE(recent(1)->text(), "&2  a && b.obj");
+    QVERIFY(recent(0)->isVisible() && !recent(2)->isVisible());
+    recent(1)->trigger();
+    QTRY_COMPARE(bench.controller().fileName(), files[0]);
   }
 };
 

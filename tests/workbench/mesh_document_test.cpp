@@ -5,8 +5,6 @@
 #include <workbench/mesh_document.h>
 #include <workbench/mesh_ops/selection.h>
 
-#include <QSignalSpy>
-
 using namespace Workbench;
 
 class MeshDocumentTest : public Vela::Test::TestCase {
@@ -16,8 +14,6 @@ private Q_SLOTS:
   void undoAndRedoRestoreMeshAndSelection() {
     MeshDocument document;
     document.open(Test::cube(1), "cube.off");
-    QSignalSpy meshes(&document, &MeshDocument::meshChanged);
-    QSignalSpy selections(&document, &MeshDocument::selectionChanged);
     // Who hears of the mesh finds a selection that fits it.
     connect(&document, &MeshDocument::meshChanged, this,
             [&document] { QCOMPARE(document.selection().size(), document.mesh().triangles().size()); });
@@ -31,15 +27,12 @@ private Q_SLOTS:
     QCOMPARE(steps.count(), 2);
     QCOMPARE(document.mesh().triangles().size(), std::size_t(10));
     QVERIFY(document.selection().isEmpty());
-    QCOMPARE(meshes.size(), 1);
-    QCOMPARE(selections.size(), 2);
 
     steps.undo();
     QCOMPARE(document.mesh().triangles(), Test::cube(1).triangles());
     QCOMPARE(document.selection(), selection);
     steps.undo();
     QVERIFY(document.selection().isEmpty());
-    QCOMPARE(meshes.size(), 2); // selecting leaves the mesh alone
     steps.redo();
     QCOMPARE(document.selection(), selection);
     steps.redo();
