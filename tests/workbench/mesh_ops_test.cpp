@@ -4,12 +4,10 @@
 #include <support/rows.h>
 #include <support/test_case.h>
 #include <workbench/mesh_ops/decimate.h>
-#include <workbench/mesh_ops/mesh_statistics.h>
 #include <workbench/mesh_ops/selection.h>
 #include <workbench/mesh_ops/smooth.h>
 
 #include <cmath>
-#include <numeric>
 #include <random>
 
 using namespace Workbench;
@@ -26,56 +24,22 @@ Mesh moved(const Mesh& mesh, const std::function<QVector3D(const QVector3D&)>& p
   return {positions, mesh.triangles()};
 }
 
-// The mean square distance of the vertices from the unit sphere, rooted.
-double roughness(const Mesh& mesh) {
-  double sum = 0;
-  for (const QVector3D& p : mesh.positions())
-    sum += std::pow(double(p.length()) - 1, 2);
-  return std::sqrt(sum / double(mesh.positions().size()));
-}
-
-double fromSphere(const QVector3D& p) { return std::abs(double(p.length()) - 1); }
-double fromTorus(const QVector3D& p) {
-  return std::abs(std::hypot(std::hypot(double(p.x()), double(p.z())) - 1, double(p.y())) - 0.4);
-}
-
-using Operation = std::function<Mesh(const Mesh&, const RunProgress&)>;
-using Distance = double (*)(const QVector3D&);
-
 } // namespace
 
 class MeshOpsTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void statisticsOfKnownShapes() {
-    const MeshStatistics cube = meshStatistics(Test::cube(2));
-    QCOMPARE(cube.edges, std::size_t(18));
-    const EdgeLengths& lengths = cube.edgeLengths;
-    QCOMPARE(lengths.shortest, 2.0);
-    QVERIFY(qAbs(lengths.longest - std::sqrt(8.0)) < 1e-6);
-    QVERIFY(qAbs(lengths.mean - (12 * 2 + 6 * std::sqrt(8.0)) / 18) < 1e-6);
-    QCOMPARE(std::accumulate(lengths.counts.begin(), lengths.counts.end(), std::size_t()), cube.edges);
-    QCOMPARE(lengths.counts.back(), std::size_t(6));
-    const MeshStatistics open = meshStatistics(Test::square(1, 3));
-    QCOMPARE(open.vertices + open.triangles, open.edges + 1);
-    QCOMPARE(meshStatistics({}).edges, std::size_t(0));
-    std::stop_source stop;
-    stop.request_stop();
-    QVERIFY_EXCEPTION_THROWN(meshStatistics(Test::cube(2), RunProgress(stop.get_token())), RunCancelled);
-  }
-
   void smoothingTakesNoiseAwayAndKeepsTheVolume() {
     std::mt19937 random(7);
     std::uniform_real_distribution<float> noise(0.99F, 1.01F);
     const Mesh sphere = Test::sphere(60);
     const Mesh rough = moved(sphere, [&](const QVector3D& p) { return p * noise(random); });
     SmoothOptions options;
-    const Mesh smooth = smoothed(rough, options);
-    QVERIFY2(roughness(smooth) < roughness(rough) / 2, qPrintable(QString::number(roughness(smooth))));
     options.iterations = 30;
-    QVERIFY(std::abs(*smoothed(rough, options).volume() / *sphere.volume() - 1) < 0.01);
-    QCOMPARE(smooth.triangles(), rough.triangles());
+    const Mesh smooth = smoothed(rough, options);
+    QVERIFY(smooth.area() - sphere.area() < (rough.area() - sphere.area()) / 2);
+    QVERIFY(std::abs(*smooth.volume() / *sphere.volume() - 1) < 0.01);
   }
 
   void smoothingLeavesBordersAndTheUnselectedAlone() {
@@ -101,31 +65,17 @@ private Q_SLOTS:
     QVERIFY_THROWS_EXCEPTION(std::invalid_argument, smoothed(plate, options));
   }
 
-  void decimationKeepsAClosedSurface_data() {
-    const Rows<Mesh, Distance, int> row("mesh", "distance", "target");
-    row("sphere to a tenth", Test::sphere(70), fromSphere, 966);
-    row("torus to a tenth", Test::torus(70), fromTorus, 980);
-  }
   void decimationKeepsAClosedSurface() {
-    QFETCH(Mesh, mesh);
-    QFETCH(Distance, distance);
-    QFETCH(int, target);
-    const Mesh result = decimated(mesh, std::size_t(target));
-    QCOMPARE(int(result.triangles().size()), target);
+    const Mesh mesh = Test::sphere(70);
+    const Mesh result = decimated(mesh, 966);
+    QCOMPARE(result.triangles().size(), std::size_t(966));
     QVERIFY(result.isClosed());
-    // Every edge belongs to two triangles; the number of handles follows from the three numbers.
-    const auto characteristic = [](const Mesh& m) {
-      return int(m.positions().size()) - int(m.triangles().size()) / 2;
-    };
-    QCOMPARE(characteristic(result), characteristic(mesh));
     QVERIFY(std::abs(*result.volume() / *mesh.volume() - 1) < 0.01);
-    for (const Mesh::Triangle& t : result.triangles()) {
-      const auto& p = result.positions();
-      QVERIFY(distance(p[t[0]]) < 0.01);
-      QVERIFY(distance((p[t[0]] + p[t[1]] + p[t[2]]) / 3) < 0.02);
-    }
-    for (std::size_t i = 0; i < result.triangles().size(); ++i)
+    for (std::size_t i = 0; i < result.triangles().size(); ++i) {
       QVERIFY(result.faceArea(i) > 0);
+      for (const std::uint32_t corner : result.triangles()[i])
+        QVERIFY(std::abs(result.positions()[corner].length() - 1) < 0.01F);
+    }
   }
 
   void decimationCopesWithAnyMesh_data() {
@@ -135,7 +85,6 @@ private Q_SLOTS:
         {{{0, 0, 0}, {0, 0, 1}, {1, 0, 0}, {-1, 1, 0}, {-1, -1, 0}},
          {{0, 1, 2}, {0, 1, 3}, {0, 1, 4}, {1, 1, 2}}},
         3);
-    row("two surfaces", Test::merged(Test::sphere(6), Test::square(1)), 5);
     row("a place that is not a number", {{{std::nanf(""), 0, 0}, {1, 0, 0}, {0, 1, 0}}, {{0, 1, 2}}}, 1);
   }
   void decimationCopesWithAnyMesh() {
@@ -146,34 +95,21 @@ private Q_SLOTS:
     QCOMPARE(result.isClosed(), mesh.isClosed());
   }
 
-  void anOperationTellsItsProgressAndStops_data() {
-    const Rows<Operation> row("operation");
-    row("smooth", [](const Mesh& mesh, const RunProgress& progress) {
-      SmoothOptions options;
-      options.iterations = 500;
-      return smoothed(mesh, options, progress);
-    });
-    row("decimate",
-        [](const Mesh& mesh, const RunProgress& progress) { return decimated(mesh, 20, progress); });
-  }
   void anOperationTellsItsProgressAndStops() {
-    QFETCH(Operation, operation);
     const Mesh mesh = Test::sphere(40);
     std::vector<double> told;
-    operation(mesh, RunProgress({}, [&told](double fraction) { told.push_back(fraction); }));
-    QVERIFY(std::is_sorted(told.begin(), told.end()) && told.size() > 10 && told.size() <= 101);
-    QCOMPARE(told.front(), 0.0);
-    QCOMPARE(told.back(), 1.0);
-
     std::stop_source stop;
-    told.clear();
+    decimated(mesh, 20, RunProgress({}, [&told](double fraction) { told.push_back(fraction); }));
+    QVERIFY(std::is_sorted(told.begin(), told.end()) && told.size() > 10 && told.size() <= 101);
+    QCOMPARE(told.back(), 1.0);
+    SmoothOptions options;
+    options.iterations = 500;
     const RunProgress progress(stop.get_token(), [&](double fraction) {
       told.push_back(fraction);
-      if (fraction > 0.3)
-        stop.request_stop();
+      stop.request_stop();
     });
-    QVERIFY_THROWS_EXCEPTION(RunCancelled, operation(mesh, progress));
-    QVERIFY(told.back() < 0.7);
+    QVERIFY_THROWS_EXCEPTION(RunCancelled, smoothed(mesh, options, progress));
+    QVERIFY(told.back() < 0.5);
   }
 
   void selectionsFollowTheSurface() {
@@ -183,9 +119,6 @@ private Q_SLOTS:
     TriangleSelection plate = cube;
     plate.invert();
     QCOMPARE(selectConnected(mesh, 12 + 49), plate);
-    QVERIFY(std::abs(areaOf(mesh, cube) - 6) < 1e-6);
-    QCOMPARE(shrunk(mesh, plate), plate);
-
     // The cell in the middle of the plate; of the eight around it all but two triangles at its corners touch
     // it.
     const std::uint32_t cell[] = {12 + 24, 12 + 25};

@@ -95,15 +95,6 @@ Mesh sphere(int rings) {
   return {points, triangles};
 }
 
-Mesh torus(int rings) {
-  return grid({rings, rings}, {rings, rings}, [](float row, float column) {
-    const float around = 2 * Pi * row;
-    const float tube = 2 * Pi * column;
-    const float radius = 1 + 0.4F * std::cos(tube);
-    return QVector3D(radius * std::cos(around), 0.4F * std::sin(tube), radius * std::sin(around));
-  });
-}
-
 Mesh merged(const Mesh& first, const Mesh& second) {
   std::vector<QVector3D> positions = first.positions();
   positions.insert(positions.end(), second.positions().begin(), second.positions().end());

@@ -13,9 +13,6 @@ Mesh square(float half, int cells = 1, float z = 0);
 Mesh blob(int rings);
 /// A closed sphere of radius 1 around the origin, of 2 x rings x (rings - 1) triangles.
 Mesh sphere(int rings);
-/// A closed ring around the y axis: radius 1 to the middle of the tube, whose radius is 0.4; 2 x rings x
-/// rings triangles.
-Mesh torus(int rings);
 /// Both meshes, the triangles of @p first first.
 Mesh merged(const Mesh& first, const Mesh& second);
 
