@@ -152,38 +152,11 @@ class ToolBarPlaceTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void slidesBetweenTheEdgeAndOutside_data() {
-    QTest::addColumn<Qt::ToolBarArea>("area");
-    QTest::addColumn<QPoint>("off");
-    QTest::addColumn<QPoint>("on");
-    QTest::addColumn<QPoint>("centered");
-    QTest::addColumn<QPoint>("start");
-    using P = QPoint;
-    QTest::newRow("left") << Qt::LeftToolBarArea << P(-30, 77) << P(5, 77) << P(5, 90) << P(5, 7);
-    QTest::newRow("right") << Qt::RightToolBarArea << P(300, 77) << P(265, 77) << P(265, 90) << P(265, 7);
-    QTest::newRow("top") << Qt::TopToolBarArea << P(55, -20) << P(55, 7) << P(135, 7) << P(5, 7);
-    QTest::newRow("bottom") << Qt::BottomToolBarArea << P(55, 200) << P(55, 173) << P(135, 173) << P(5, 173);
-    QTest::newRow("none") << Qt::NoToolBarArea << P(55, 77) << P(55, 77) << P(55, 77) << P(55, 77);
-  }
-  void slidesBetweenTheEdgeAndOutside() {
-    QFETCH(Qt::ToolBarArea, area);
-    ToolBarPlace place{area, QRect(0, 0, 300, 200), QSize(30, 20), QPoint(5, 7), QPoint(55, 77)};
-    QTEST(place.offScreen(), "off");
-    QTEST(place.onScreen(), "on");
-    QTEST(place.atEdge(true, Qt::LeftToRight), "centered");
-    QTEST(place.atEdge(false, Qt::LeftToRight), "start");
-    place.isFixed = true;
-    QCOMPARE(place.onScreen(), QPoint(55, 77));
-    QTEST(place.offScreen(), "off");
-  }
-
   void endsWhereItBelongs_data() {
     QTest::addColumn<int>("kind");
     QTest::addColumn<Qt::ToolBarArea>("area");
     QTest::newRow("at its edge") << int(Bench::AtItsEdge) << Qt::TopToolBarArea;
-    QTest::newRow("at its right edge") << int(Bench::AtItsEdge) << Qt::RightToolBarArea;
     QTest::newRow("by hand") << int(Bench::ByHand) << Qt::LeftToolBarArea;
-    QTest::newRow("by hand at the bottom") << int(Bench::ByHand) << Qt::BottomToolBarArea;
     QTest::newRow("in a layout") << int(Bench::InALayout) << Qt::TopToolBarArea;
   }
   // Each two steps after each other, with part of a slide between them, then at random.
