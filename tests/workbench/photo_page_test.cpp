@@ -97,7 +97,7 @@ private Q_SLOTS:
     QCOMPARE(viewport.photoPoint(pointer - QPointF(40, 30)), held);
     QTest::mouseMove(target, position - QPoint(5000, 5000)); // the edges stay at those of the view
     QTest::mouseRelease(target, Qt::LeftButton, {}, position - QPoint(5000, 5000));
-    QCOMPARE(viewport.photoRect().bottomRight(), 2 * viewport.middle());
+    QVERIFY((viewport.photoRect().bottomRight() - 2 * viewport.middle()).manhattanLength() < 1);
 
     bench.photos().setFocus();
     for (int i = 0; i < 40 && bench.button("zoom_in_button")->isEnabled(); ++i)
