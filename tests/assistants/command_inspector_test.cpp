@@ -46,7 +46,6 @@ private Q_SLOTS:
       dispatcher.runAll();
     }
     QTRY_COMPARE(rows(), 0);
-    QVERIFY(inspector.report().contains(QStringLiteral("No mesh."))); // what was seen last
   }
 };
 
