@@ -63,6 +63,8 @@ struct Screen {
     const auto underway = RunLog::Instance().runsUnderway();
     for (const CommandRun& run : underway)
       run.requestStop();
+    [[maybe_unused]] const bool ended =
+        QTest::qWaitFor([] { return RunLog::Instance().runsUnderway().isEmpty(); });
     delete view;
     ApplicationService::GetInstance().setAppManager(nullptr);
   }

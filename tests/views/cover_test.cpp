@@ -37,14 +37,14 @@ void CoverTest::inputEndsAtTheFront() {
   } behind;
   Screen screen;
   (new QVBoxLayout(&behind))->addWidget(screen.view("a"));
+  behind.resize(300, 200);
   behind.show();
   QVERIFY(QTest::qWaitForWindowActive(&behind));
   screen.run(QStringLiteral("a>b b>c"));
   screen.calls.clear();
   QTest::mouseClick(behind.windowHandle(), Qt::LeftButton, {}, behind.rect().center());
   QCOMPARE(behind.presses, 1);
-  QVERIFY(screen.calls.contains(QStringLiteral("c mousePress")));
-  QVERIFY(screen.calls.filter(QRegularExpression(QStringLiteral("^[ab] "))).isEmpty());
+  QCOMPARE(screen.calls, QStringList(QStringLiteral("c mousePress")));
   QTest::keyClick(behind.windowHandle(), Qt::Key_Escape);
   QVERIFY(behind.isHidden());
 }

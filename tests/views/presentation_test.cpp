@@ -39,9 +39,7 @@ void PresentationTest::appearingIsToldInOrder_data() {
   row("a>b w_ w= b<", "a -, b load, b +, b -, b +, a +, b close, b -");
   row("a=b", "a -, a lost");
   row("a>b b=c", "a -, b load, b +, b -, b lost");
-  row("a>b c=b", "a -, b load, b +, b -, a +");
   row("a>b c=a a>d", "a -, b load, b +"); // over c, which is hidden: told of a already
-  row("a>b a=b", "a -, b load, b +, b -, b +, a lost");
 }
 
 void PresentationTest::appearingIsToldInOrder() {
