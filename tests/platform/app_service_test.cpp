@@ -37,6 +37,14 @@ private:
   QStringList& m_notes;
 };
 
+/// One owner with two delegate faces.
+struct Screen {
+  struct Left : ShutdownProtocol {};
+  struct Right : ShutdownProtocol {};
+  Left left;
+  Right right;
+};
+
 ApplicationService& service() { return ApplicationService::GetInstance(); }
 
 } // namespace
@@ -71,6 +79,17 @@ private Q_SLOTS:
     QCOMPARE(notes(), "a? b? c? a! b! c!");
   }
 
+  void delegatesAreToldApartByOwner() {
+    const auto screen = std::make_shared<Screen>();
+    const std::shared_ptr<ShutdownProtocol> left(screen, &screen->left);
+    const std::shared_ptr<ShutdownProtocol> right(screen, &screen->right);
+    service().addShutdownProtocolDelegate(left);
+    service().addShutdownProtocolDelegate(right);
+    QCOMPARE(service().shutdownProtocolDelegateCount(), 1);
+    service().removeShutdownProtocolDelegate(right);
+    QCOMPARE(service().shutdownProtocolDelegateCount(), 0);
+  }
+
   void delegatesMayLeaveAndDieMeanwhile() {
     const auto a = added("a");
     auto b = added("b");
@@ -101,16 +120,20 @@ private Q_SLOTS:
       ConfigManager config(path);
       QSignalSpy changes(&config, &ConfigManager::valueChanged);
       QCOMPARE(config.value(key, 7).toInt(), 7);
-      config.setValue(key, QStringLiteral("ä.obj"));
-      config.setValue(key, QStringLiteral("ä.obj"));
+      config.setValue(key, "mm");
+      config.setValue(key, "mm");
+      QCOMPARE(changes.count(), 1);
+      QCOMPARE(changes.first().first().toString(), key);
+      config.setValue("recent", QStringList({QStringLiteral("ä.obj"), "b"}));
       config.setValue("dropped", 1);
       config.remove("dropped");
       config.remove("dropped");
-      QCOMPARE(changes.count(), 3);
+      QCOMPARE(changes.count(), 4);
       QVERIFY(config.save());
     }
     const ConfigManager config(path);
-    QCOMPARE(config.value(key).toString(), QStringLiteral("ä.obj"));
+    QCOMPARE(config.value(key).toString(), "mm");
+    QCOMPARE(config.value("recent").toStringList().first(), QStringLiteral("ä.obj"));
     QVERIFY(!config.contains("dropped"));
   }
 

@@ -4,6 +4,7 @@
 #include <tqm_mesh_kernel/kernel.h>
 
 #include <QCoreApplication>
+#include <QSet>
 
 #include <stdexcept>
 #include <thread>
@@ -35,6 +36,13 @@ private:
   QStringList& m_notes;
 };
 
+QStringList names(const QList<Waypoint>& waypoints) {
+  QStringList result;
+  for (const Waypoint& waypoint : waypoints)
+    result << waypoint.name;
+  return result;
+}
+
 } // namespace
 
 class KernelHostTest : public Vela::Test::TestCase {
@@ -44,6 +52,7 @@ private Q_SLOTS:
   void servicesStartInOrderAndEndInReverse_data() {
     const Vela::Test::Rows<QString, ERcmStatus, QString, QString> row("services", "status", "notes",
                                                                       "warning");
+    row("all start", "a b c", RcmSuccess, "+a +b +c | -c -b -a", {});
     row("one fails half-way", "a b c? d", RcmUnavailable, "+a +b +c? -b -a |", {});
     row("one throws", "a b! c", RcmFailure, "+a +b! -a |", R"(The service "b!" failed to start: no room)");
     row("one throws at its end", "a b~ c", RcmSuccess, "+a +b~ +c | -c -b~ -a",
@@ -70,20 +79,75 @@ private Q_SLOTS:
     QVERIFY(!kernel.isStarted());
   }
 
+  void aServiceMayStopTheKernelThatStartsIt() {
+    class Stopper : public NotingService {
+    public:
+      Stopper(Kernel& kernel, QStringList& notes) : NotingService("s", notes), m_kernel(kernel) {}
+      ERcmStatus Initialize() override {
+        const ERcmStatus status = NotingService::Initialize();
+        m_kernel.stop();
+        return status;
+      }
+
+    private:
+      Kernel& m_kernel;
+    };
+    QStringList notes;
+    Kernel kernel;
+    kernel.registerService(std::make_shared<NotingService>(QStringLiteral("a"), notes));
+    kernel.registerService(std::make_shared<Stopper>(kernel, notes));
+    kernel.registerService(std::make_shared<NotingService>(QStringLiteral("b"), notes));
+    QCOMPARE(kernel.start(), RcmFailure);
+    QVERIFY(!kernel.isStarted());
+    QCOMPARE(notes.join(QLatin1Char(' ')), "+a +s -a -s");
+  }
+
+  void servicesAreRegisteredBeforeTheStart() {
+    QStringList notes;
+    Kernel kernel;
+    const auto a = std::make_shared<NotingService>(QStringLiteral("a"), notes);
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, kernel.registerService(nullptr));
+    kernel.registerService(a);
+    QCOMPARE(kernel.start(), RcmSuccess);
+    QVERIFY_THROWS_EXCEPTION(std::logic_error, kernel.registerService(a));
+    QVERIFY_THROWS_EXCEPTION(std::logic_error, kernel.start());
+    kernel.stop();
+    QCOMPARE(kernel.start(), RcmSuccess);
+    QCOMPARE(notes.join(QLatin1Char(' ')), "+a -a +a");
+  }
+
+  void theNewestWaypointsAreKeptInOrder() {
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, WaypointRing(0));
+    WaypointRing ring(3);
+    for (int i = 1; i <= 7; ++i)
+      ring.record(QString::number(i));
+    QCOMPARE(names(ring.waypoints()), (QStringList{"5", "6", "7"}));
+    ring.clear();
+    ring.record("8");
+    QCOMPARE(names(ring.waypoints()), QStringList{"8"});
+  }
+
   void waypointsComeFromAnyThread() {
+    constexpr int perThread = 2000;
     Kernel kernel(1000);
     {
       std::vector<std::jthread> threads;
       for (int thread = 0; thread < 3; ++thread) {
         threads.emplace_back([&kernel] {
-          for (int i = 0; i < 2000; ++i)
+          for (int i = 0; i < perThread; ++i)
             kernel.ProfilerWaypoint("CMD BEGIN");
         });
       }
+      for (int i = 0; i < 20; ++i)
+        QVERIFY(kernel.waypoints().waypoints().size() <= 1000);
     }
     const QList<Waypoint> kept = kernel.waypoints().waypoints();
     QCOMPARE(kept.size(), 1000);
     QVERIFY(std::ranges::is_sorted(kept, {}, &Waypoint::time));
+    QSet<quint64> numbers;
+    for (const Waypoint& waypoint : kept)
+      numbers.insert(waypoint.thread);
+    QVERIFY(numbers.size() <= 3);
   }
 };
 
