@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace Vela::Test {
 
@@ -23,7 +24,7 @@ using Notes = QStringList;
 /// Writes its name into the notes with each call, then does what it is told to.
 class SharedObserver : public NoteProtocol {
 public:
-  SharedObserver(const QString& name, Notes& notes) : m_name(name), m_notes(notes) {}
+  SharedObserver(QString name, Notes& notes) : m_name(std::move(name)), m_notes(notes) {}
   ~SharedObserver() override {
     if (atEnd)
       atEnd();

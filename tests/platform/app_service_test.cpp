@@ -8,13 +8,15 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
+#include <utility>
+
 using namespace Vela::Services;
 
 namespace {
 
 class Delegate : public ShutdownProtocol {
 public:
-  Delegate(const QString& name, QStringList& notes) : m_name(name), m_notes(notes) {}
+  Delegate(QString name, QStringList& notes) : m_name(std::move(name)), m_notes(notes) {}
 
   bool mayShutDown() override {
     m_notes << m_name + QLatin1Char('?');

@@ -8,6 +8,7 @@
 
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
 using namespace Taren::Core;
 
@@ -16,7 +17,7 @@ namespace {
 /// Notes "+name" when it starts and "-name" when it ends; what it does instead is told by the name's mark.
 class NotingService : public IService {
 public:
-  NotingService(const QString& name, QStringList& notes) : m_name(name), m_notes(notes) {}
+  NotingService(QString name, QStringList& notes) : m_name(std::move(name)), m_notes(notes) {}
 
   ERcmStatus Initialize() override {
     m_notes << QLatin1Char('+') + m_name;
