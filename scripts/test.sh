@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Everything that has to pass before a change goes in: formatting, all tests of a release build (warnings are errors)
-# offscreen and the end-to-end tests on an X server, static analysis of what the last commits changed, all tests under
-# the address and undefined-behaviour sanitizers, and the tests labelled "threads" under the thread sanitizer.
+# offscreen and the end-to-end tests on an X server, all tests under the address and undefined-behaviour sanitizers,
+# and the tests labelled "threads" under the thread sanitizer.
 # Usage: scripts/test.sh [--quick]      --quick stops after the release build and its tests
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
@@ -48,8 +48,6 @@ step "Build release" build release
 step "Test release" ctest --preset release --no-tests=error
 step "Test release on an X server" test_on_display
 $quick && exit 0
-
-step "Analyse what changed" "$root/scripts/lint.sh" --changed 20 24
 
 step "Configure asan" configure asan
 step "Build asan" build asan

@@ -162,7 +162,7 @@ void CmdsViewControllerTest::runIsShownAndCancelled() {
     screen.view->setFocus();
     QVERIFY(QTest::qWaitForWindowActive(screen.view));
     screen.command()->setText(QStringLiteral("&Smooth…"));
-    screen.start(*screen.command());
+    Screen::start(*screen.command());
     QTRY_COMPARE(screen.cancelButtons().size(), 1);
     const auto* const bar = screen.view->findChild<QProgressBar*>();
     QTRY_COMPARE(bar->value(), 30);
@@ -179,8 +179,8 @@ void CmdsViewControllerTest::runIsShownAndCancelled() {
 void CmdsViewControllerTest::eachRunHasARowThatComesBack() {
   const Screen screen;
   NotingCommand* const second = screen.command("second");
-  screen.start(*screen.command());
-  screen.start(*second);
+  Screen::start(*screen.command());
+  Screen::start(*second);
   QTRY_COMPARE(screen.cancelButtons().size(), 2);
   screen.controller->showNotification(QStringLiteral("Saved."), FadeInAndOut, 50, false, nullptr, nullptr);
   QCOMPARE(screen.notification(), QStringLiteral("Saved."));
