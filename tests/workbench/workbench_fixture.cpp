@@ -72,10 +72,14 @@ QString WorkbenchFixture::write(const QString& name, const QByteArray& content) 
 
 void WorkbenchFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
   QWidget* target = &window();
-  if (QWidget* const popup = QApplication::activePopupWidget())
+  if (QWidget* const popup = QApplication::activePopupWidget()) {
     target = popup;
-  else if (QWidget* const dialog = QApplication::activeModalWidget())
+  } else if (QWidget* const dialog = QApplication::activeModalWidget()) {
     target = dialog;
+    // The letters of its buttons work in the active window only, and QWindow takes it for active with its
+    // parent.
+    QVERIFY(QTest::qWaitFor([dialog] { return QApplication::activeWindow() == dialog; }));
+  }
   QTest::keyClick(target->windowHandle(), key, modifiers);
 }
 
