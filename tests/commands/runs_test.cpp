@@ -119,9 +119,11 @@ private Q_SLOTS:
   void eachRunIsStoppedByItself() {
     AsyncFixture f;
     QList<quint64> stopped;
+    QList<bool> parents;
     f.command->work = [&](bool) {
       f.other->onExecute(); // a run within gives way to the outer one
       const CommandRun run = CommandRun::current();
+      parents += newest().parent == run.id();
       if (run.stopToken().stop_requested())
         stopped += run.id();
       run.setProgress(2);
@@ -135,6 +137,7 @@ private Q_SLOTS:
     QVERIFY(runs[1].requestStop() && !runs[1].requestStop());
     f.dispatcher.runAll();
     QCOMPARE(stopped, QList<quint64>{runs[1].id()});
+    QCOMPARE(parents, QList<bool>(2, true));
     QVERIFY(runs[0].canBeStopped() && !runs[0].isUnderway());
     QCOMPARE(runs[0].progress(), 1.0);
   }

@@ -4,6 +4,7 @@
 #include <ui_base/commands/command_bag.h>
 #include <ui_base/commands/command_context.h>
 #include <ui_base/commands/context_hold.h>
+#include <ui_base/commands/context_layer.h>
 #include <ui_base/commands/explain.h>
 #include <ui_base/core/cmd_mgr_protocol.h>
 #include <ui_base/core/command_state_protocol.h>
@@ -129,6 +130,8 @@ public:
   void updateContextInStack(const QString& id, const CommandState& state);
   /// What each push saved, the first one first.
   const QList<CommandContext>& contextStack() const;
+  /// The layers of contexts, the lowest first: for a developer's view of why commands stand as they do.
+  QList<ContextLayer> layers() const;
 
   /// Sets a command's state below all layers, as if they had found it so: it shows at once where no layer
   /// names it, else when those that do have ended. A part that is Keep stays. This is the way to set a state

@@ -38,6 +38,8 @@ CommandContext CmdMgr::statesBeside(const CommandContext& present, const Command
   return beside;
 }
 
+QList<ContextLayer> CmdMgr::layers() const { return d->layers.describe(); }
+
 quint64 CmdMgr::pushLayer(const CommandContext& context, const ContextHolder& holder, bool isHeld) {
   const std::shared_ptr<CmdMgr> self = shared_from_this();
   quint64 layer = 0;

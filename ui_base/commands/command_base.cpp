@@ -113,6 +113,12 @@ Text CommandBase::translatableText() const {
   return d->texts.text(*this, CommandTexts::Label).value_or(Text(text()));
 }
 
+QVariantMap CommandBase::inputs() const { return {}; }
+
+bool CommandBase::setInputs(const QVariantMap& inputs) { return inputs.isEmpty(); }
+
+bool CommandBase::needsInputs() const { return false; }
+
 bool CommandBase::hasCommand(const QString&) const { return false; }
 
 CommandBase* CommandBase::getCommand(const QString&) { return nullptr; }

@@ -13,6 +13,7 @@
 
 #include <QAction>
 #include <QStringList>
+#include <QVariantMap>
 
 #include <memory>
 
@@ -107,6 +108,16 @@ public:
   virtual QString getExecutionNotificationMessage(ENotification notification) const;
   /// See getExecutionNotificationMessage().
   virtual void setExecutionNotificationMessage(ENotification notification, const QString& message);
+  /// What the run that is about to begin works on beyond the state of the application: the file that the user
+  /// chose, the values of a panel. None by default. Asked for at the beginning of each run, for its record;
+  /// numbers, texts, truth values, files as QUrl, and lists and maps of them.
+  virtual QVariantMap inputs() const;
+  /// Gives the next run inputs as inputs() had them, so that it does not ask the user.
+  /// @return whether they are understood; otherwise nothing has changed. By default, whether there are none.
+  virtual bool setInputs(const QVariantMap& inputs);
+  /// Whether the user is asked for something before a run, so that a run without inputs() cannot be done
+  /// again; false by default.
+  virtual bool needsInputs() const;
   /// The command's own work. Runs on the thread that executionQoS() names. What it throws is logged and
   /// shown.
   virtual bool onExecuteAsync(bool checked) = 0;

@@ -29,6 +29,7 @@ RunRecord recordOf(quint64 id, const CommandBase& command, bool checked) {
   record.id = id;
   record.commandId = command.commandId();
   record.checked = checked;
+  record.parent = CommandRun::current().id();
   record.source = InputWatch::source();
   record.begin = Clock::now();
   return record;
@@ -45,6 +46,7 @@ CommandExecution::CommandExecution(CommandBase& command, bool checked)
 
 bool CommandExecution::run() {
   const CurrentRun current(m_run);
+  noteFailure(failureOf([this] { m_record.inputs = m_command.get()->inputs(); }));
   RunLog::Instance().begin(m_record, m_run, *m_command.get());
   recordWaypoint("CMD BEGIN %1(%2)");
   noteFailure(failureOf([this] { tellBegan(); }));

@@ -44,6 +44,13 @@ ContextLayers::Id ContextLayers::push(CommandContext saved, CommandContext besid
   return m_lastId;
 }
 
+QList<ContextLayer> ContextLayers::describe() const {
+  QList<ContextLayer> layers;
+  for (const Layer& layer : m_layers)
+    layers.append({layer.holder, layer.isHeld, layer.asked.states});
+  return layers;
+}
+
 CommandContext ContextLayers::release(Id layer) {
   const qsizetype i = indexOf(layer);
   if (i < 0)

@@ -3,6 +3,7 @@
 
 #include "command_context.h"
 #include "context_hold.h"
+#include "context_layer.h"
 
 #include <QList>
 #include <QSet>
@@ -36,6 +37,8 @@ public:
 
   bool isEmpty() const { return m_layers.empty(); }
   bool contains(Id layer) const { return indexOf(layer) >= 0; }
+  /// The layers, the lowest first.
+  QList<ContextLayer> describe() const;
   /// What each layer saved, the lowest first.
   const QList<CommandContext>& saved() const { return m_saved; }
 

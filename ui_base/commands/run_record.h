@@ -5,6 +5,7 @@
 
 #include <QMetaType>
 #include <QString>
+#include <QVariantMap>
 
 #include <chrono>
 
@@ -34,6 +35,10 @@ struct RunRecord {
   quint64 id = 0; ///< Rises with each run of the program.
   QString commandId;
   bool checked = false;
+  /// What it works on; see CommandBase::inputs().
+  QVariantMap inputs;
+  /// The run in whose work or announcements this one was set off, on the same thread; 0 for none.
+  quint64 parent = 0;
   ERunSource source = RunByProgram;
   ERunOutcome outcome = RunUnderway;
   /// When the run was set off.

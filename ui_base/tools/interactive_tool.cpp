@@ -64,6 +64,8 @@ bool InteractiveTool::mouseRelease(QMouseEvent* event) {
   return true;
 }
 
+bool InteractiveTool::perform(const ToolOperation&) { return false; }
+
 void InteractiveTool::activate() {
   if (d->change(State::Inactive, State::Active))
     report(&ToolStateProtocol::toolActivated);

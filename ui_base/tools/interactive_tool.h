@@ -3,6 +3,7 @@
 
 #include <ui_base/core/tool_state_protocol.h>
 #include <ui_base/tools/mouse_press.h>
+#include <ui_base/tools/tool_operation.h>
 #include <ui_base/views/view_responder.h>
 
 #include <QCursor>
@@ -57,6 +58,11 @@ public:
   bool mousePress(QMouseEvent* event) override;
   /// Ends the operation when it is the release of the button that started it.
   bool mouseRelease(QMouseEvent* event) override;
+
+  /// Does again what the tool told to the OperationLog; asked of the tool that is active for the button of
+  /// the operation.
+  /// @return whether it could; false by default.
+  virtual bool perform(const ToolOperation& operation);
 
   /// @name State changes
   /// Each acts in one state only, and does nothing in any other. So a tool that is deactivated while it
