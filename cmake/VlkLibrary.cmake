@@ -40,12 +40,37 @@ function(vlk_add_library target)
   set_property(GLOBAL APPEND PROPERTY VLK_PUBLIC_HEADERS ${public_headers} ${export_header})
 
   install(TARGETS ${target} EXPORT vlk_ui_base_targets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
-    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT library
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
   foreach(header IN LISTS arg_HEADERS)
     cmake_path(GET header PARENT_PATH folder)
-    install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${arg_INCLUDE_DIR}/${folder})
+    install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${arg_INCLUDE_DIR}/${folder}
+      COMPONENT development)
   endforeach()
-  install(FILES ${export_header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${arg_INCLUDE_DIR})
+  install(FILES ${export_header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${arg_INCLUDE_DIR} COMPONENT development)
+  vlk_install_pkg_config(${target} "${arg_PUBLIC}")
+endfunction()
+
+# vlk_install_pkg_config(<target> <libraries of its link interface>)
+# <target>.pc, which finds the library wherever the tree was unpacked.
+function(vlk_install_pkg_config target libraries)
+  # Qt6::Widgets is Qt6Widgets there; a library of this project is named like its target.
+  string(REPLACE "::" "" requires "${libraries}")
+  list(JOIN requires ", " requires)
+  cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_INCLUDEDIR BASE_DIRECTORY ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig
+    OUTPUT_VARIABLE includes)
+  set(file ${CMAKE_CURRENT_BINARY_DIR}/${target}.pc)
+  file(CONFIGURE OUTPUT ${file} @ONLY CONTENT [[
+libdir=${pcfiledir}/..
+includedir=${pcfiledir}/@includes@
+
+Name: @target@
+Description: @PROJECT_DESCRIPTION@
+Version: @PROJECT_VERSION@
+Requires: @requires@
+Cflags: -I${includedir}
+Libs: -L${libdir} -l@target@
+]])
+  install(FILES ${file} DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
 endfunction()

@@ -52,6 +52,7 @@ void nameApplication() {
   QCoreApplication::setApplicationName(QStringLiteral("workbench"));
   QCoreApplication::setApplicationVersion(QStringLiteral(WORKBENCH_VERSION));
   QCoreApplication::setOrganizationName(QStringLiteral("vlk_ui_base"));
+  QGuiApplication::setDesktopFileName(QStringLiteral("vlk_workbench"));
 }
 
 // What a QApplication takes out of its arguments: "-platform xcb", "-style=fusion", "-reverse".

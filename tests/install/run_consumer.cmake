@@ -1,4 +1,5 @@
-# Installs BUILD_DIR, moves the installed tree, builds consumer/ against it and runs the result.
+# Installs BUILD_DIR, from its Debian packages where they can be made, moves the installed tree, builds consumer/
+# against it and runs the result.
 set(prefix ${WORK_DIR}/prefix)
 set(consumer_build ${WORK_DIR}/build)
 
@@ -8,8 +9,20 @@ endfunction()
 
 # What an earlier run installed must not be found. The tree is moved because a package may be unpacked anywhere.
 file(REMOVE_RECURSE ${prefix} ${WORK_DIR}/staging)
-run(${CMAKE_COMMAND} --install ${BUILD_DIR} --config ${CONFIG} --prefix ${WORK_DIR}/staging)
-file(RENAME ${WORK_DIR}/staging ${prefix})
+find_program(dpkg_deb dpkg-deb)
+find_program(dpkg_shlibdeps dpkg-shlibdeps)
+if(dpkg_deb AND dpkg_shlibdeps)
+  file(REMOVE_RECURSE ${WORK_DIR}/packages)
+  run(${CMAKE_CPACK_COMMAND} -G DEB -C ${CONFIG} -B ${WORK_DIR}/packages --config ${BUILD_DIR}/CPackConfig.cmake)
+  file(GLOB packages ${WORK_DIR}/packages/*.deb)
+  foreach(package IN LISTS packages)
+    run(${dpkg_deb} -x ${package} ${WORK_DIR}/staging)
+  endforeach()
+  file(RENAME ${WORK_DIR}/staging/usr ${prefix})
+else()
+  run(${CMAKE_COMMAND} --install ${BUILD_DIR} --config ${CONFIG} --prefix ${WORK_DIR}/staging)
+  file(RENAME ${WORK_DIR}/staging ${prefix})
+endif()
 
 file(GLOB_RECURSE installed_cmake ${prefix}/*.cmake)
 foreach(file IN LISTS installed_cmake)
@@ -51,3 +64,7 @@ if(NOT DEFINED ENV{QT_QPA_PLATFORM})
   set(ENV{QT_QPA_PLATFORM} offscreen)
 endif()
 run(${consumer_build}/consumer)
+if(EXISTS ${prefix}/bin/vlk_workbench)
+  # The mesh is read by the program beside it.
+  run(${prefix}/bin/vlk_workbench --screenshot ${WORK_DIR}/mesh.png ${SOURCE_DIR}/tests/workbench/meshes/cube_text.ply)
+endif()

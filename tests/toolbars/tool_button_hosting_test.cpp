@@ -23,7 +23,7 @@ struct SharedStage : MenuStage {
     otherWindow.resize(500, 400);
     otherBar = new ToolBar(&otherWindow, Qt::TopToolBarArea);
     otherButton = otherBar->AddAction(command, panel);
-    otherWindow.move(800, 0);
+    otherWindow.move(300, 100);
     otherWindow.show();
     otherBar->ShowMe();
     secondBar = new ToolBar(view, Qt::BottomToolBarArea);
