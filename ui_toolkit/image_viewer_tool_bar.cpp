@@ -46,7 +46,7 @@ ImageViewerToolBar::ImageViewerToolBar(QWidget* parent) : QWidget(parent) {
   UiBase::keepTranslated(this, [this] { retranslate(); });
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   QMetaObject::connectSlotsByName(this);
-  wearToolkitLook(*this);
+  applyToolkitLook(*this);
 }
 
 ImageViewerToolBar::~ImageViewerToolBar() = default;

@@ -179,7 +179,7 @@ PrintMaterialInfoPanel::PrintMaterialInfoPanel(QWidget* parent)
   setContextMenuPolicy(Qt::ActionsContextMenu);
   setFocusPolicy(Qt::TabFocus);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
-  wearToolkitLook(*this);
+  applyToolkitLook(*this);
 }
 
 PrintMaterialInfoPanel::~PrintMaterialInfoPanel() = default;

@@ -23,7 +23,7 @@ SampleInnerTooltip::SampleInnerTooltip(QWidget* parent) : QWidget(parent) {
   m_picture->setAccessibleName(tr("Sample image"));
   column->addWidget(text);
   column->addWidget(m_picture);
-  wearToolkitLook(*this);
+  applyToolkitLook(*this);
   loadPicture();
 }
 

@@ -9,11 +9,11 @@ namespace Vela::UiToolkit {
 
 using Resource::Styles;
 
-void wearToolkitLook(QWidget& widget) {
+void applyToolkitLook(QWidget& widget) {
   widget.setAttribute(Qt::WA_StyledBackground);
-  const auto dress = [&widget] { widget.setStyleSheet(Styles::Instance().UiToolkit()); };
-  QObject::connect(&Styles::Instance(), &Styles::changed, &widget, dress);
-  dress();
+  const auto applyStyles = [&widget] { widget.setStyleSheet(Styles::Instance().UiToolkit()); };
+  QObject::connect(&Styles::Instance(), &Styles::changed, &widget, applyStyles);
+  applyStyles();
 }
 
 } // namespace Vela::UiToolkit

@@ -38,11 +38,11 @@ struct NotificationColors {
 ///
 /// \code
 /// auto& styles = Vela::Resource::Styles::Instance();
-/// const auto dress = [button] {
+/// const auto applyStyles = [button] {
 ///   button->setStyleSheet(Vela::Resource::Styles::Instance().ToolButtonOnToolPalette());
 /// };
-/// connect(&styles, &Vela::Resource::Styles::changed, button, dress);
-/// dress();
+/// connect(&styles, &Vela::Resource::Styles::changed, button, applyStyles);
+/// applyStyles();
 ///
 /// styles.setPalette(Vela::Resource::Dark);
 /// QApplication::setPalette(styles.widgetPalette());

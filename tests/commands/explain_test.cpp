@@ -10,7 +10,9 @@
 
 #include <QAccessible>
 #include <QActionGroup>
+#include <QHelpEvent>
 #include <QMenu>
+#include <QToolTip>
 
 using namespace Vela::UiBase;
 
@@ -103,6 +105,16 @@ private Q_SLOTS:
     const QAccessibleInterface* const heard = QAccessible::queryAccessibleInterface(&menu)->child(0);
     QCOMPARE(heard->text(QAccessible::Description), isRunning);
     QVERIFY(heard->state().disabled);
+
+    const QRect entry = menu.actionGeometry(f.other);
+    QHelpEvent ask(QEvent::ToolTip, entry.center(), menu.mapToGlobal(entry.center()));
+    QCoreApplication::sendEvent(&menu, &ask);
+    const QPointer<ATooltipEx> shown = menu.findChild<ATooltipEx*>();
+    QVERIFY(shown && shown->isVisible() && !QToolTip::isVisible());
+    QCOMPARE(shown->accessibleName(), isRunning);
+    QVERIFY(!shown->window()->geometry().intersects(menu.geometry()));
+    QTest::mouseMove(&menu, menu.actionGeometry(f.command).center());
+    QVERIFY(!shown || !shown->isVisible());
   }
 };
 

@@ -3,6 +3,7 @@
 
 #include <support/input.h>
 #include <support/test_case.h>
+#include <ui_base/menus/menu_builder.h>
 #include <ui_base/popups/flyout_base.h>
 #include <ui_base/toolbars/tool_bar.h>
 #include <ui_base/toolbars/tool_button_with_button_menu.h>
@@ -11,6 +12,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPushButton>
 #include <QSignalSpy>
 
 using namespace Vela::UiBase;
@@ -88,6 +90,74 @@ private Q_SLOTS:
     click(*outer);
     click(*outer);
     QVERIFY(!outer->IsMenuShowing());
+  }
+
+  void whoHearsOfAClickMayChangeGroupsOrEndTheBar() {
+    for (const bool ends : {false, true}) {
+      Screen screen;
+      QAction* const second = screen.button(QStringLiteral("a 1"))->Action();
+      for (const char* const id : {"a 0", "a 1"})
+        screen.bar->AddExclusiveGroupButton(QStringLiteral("x"), screen.button(QString::fromLatin1(id)));
+      second->setCheckable(true);
+      second->setChecked(true);
+      const QPointer<ToolBar> bar(screen.bar);
+      connect(second, &QAction::toggled, &screen.window, [&bar, ends] {
+        for (int i = 0; i < 100; ++i)
+          bar->AddExclusiveGroupButton(QString::number(i), nullptr);
+        if (ends)
+          delete bar;
+      });
+      click(*screen.button(QStringLiteral("a 0")));
+      QCOMPARE(bar.isNull(), ends);
+      QVERIFY(ends || !second->isChecked());
+    }
+  }
+
+  void whoHearsOfARemovalMayEndOtherButtons() {
+    Screen screen;
+    const auto command = namedCommand(QStringLiteral("late"));
+    auto* const menu = qobject_cast<ToolBar*>(screen.opener(*screen.outer)->GetMenu());
+    auto* const panel = new QWidget(&screen.window);
+    ToolButtonWithMenu* const opener = menu->AddAction(command.get(), panel);
+    ToolBar empty(&screen.window, Qt::LeftToolBarArea);
+    const QPointer<QToolButton> last =
+        screen.bar->AddAction(nullptr, coloredIcon(Qt::red), &empty, true, "last");
+    const QPointer<ToolButton> twin = menu->AddAction(command.get());
+    opener->ShowMenu();
+    connect(opener, &ToolButtonWithMenu::ButtonMenuVisibilityChange, &screen.window, [&] {
+      delete last;
+      delete twin;
+    });
+    screen.bar->RemoveCommand(command.get());
+    QVERIFY(!last && !twin && panel->isHidden());
+    QVERIFY(!screen.button(QStringLiteral("late")));
+  }
+
+  void f6LeadsToBarsOfAllKinds() {
+    Screen screen;
+    QWidget footer(&screen.window);
+    QPushButton covered(&footer);
+    covered.setEnabled(false);
+    QPushButton next(QStringLiteral("next"), &footer);
+    ToolBar::AddToFocusCycle(&footer);
+    ToolBar::AddToFocusCycle(nullptr);
+    footer.show();
+    MenuBuilder menus(QStringLiteral("menus"), nullptr, &screen.window);
+    menus.AddMenuBarItem(QStringLiteral("file"), QIcon(), QStringLiteral("&File"));
+    menus.Start();
+    const QList<const QWidget*> stops{screen.button(QStringLiteral("a 0")), &next,
+                                      menus.GetMenuBarItem(QStringLiteral("file")).data(), screen.field};
+    for (const QWidget* const stop : stops) {
+      screen.press(Qt::Key_F6);
+      QCOMPARE(QApplication::focusWidget(), stop);
+    }
+    screen.press(Qt::Key_F10);
+    screen.press(Qt::Key_F6);
+    QVERIFY(screen.field->hasFocus() && menus.CanHide());
+    screen.press(Qt::Key_F6, Qt::ShiftModifier);
+    QVERIFY(stops[2]->hasFocus());
+    screen.press(Qt::Key_Escape);
+    QVERIFY(screen.field->hasFocus());
   }
 
   void worksByKeyboardAlone() {

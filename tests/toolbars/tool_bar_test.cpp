@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "toolbars_fixture.h"
 
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <ui_base/toolbars/tool_bar.h>
 #include <ui_base/toolbars/tool_button_with_button_menu.h>
 
+#include <QMenu>
+#include <QScreen>
 #include <QSignalSpy>
 
 using namespace Vela::UiBase;
@@ -32,8 +35,11 @@ class CountingHandler : public ToolButton::IToolButtonCallbackHandler {
 public:
   bool operator()(QAction*) override {
     ++asked;
+    if (onAsked)
+      onAsked();
     return allowed;
   }
+  std::function<void()> onAsked;
   int asked = 0;
   bool allowed = true;
 };
@@ -143,6 +149,46 @@ private Q_SLOTS:
     handler.allowed = false;
     bar.EnableActions();
     QVERIFY(!watched->isEnabled());
+
+    auto second = std::make_unique<CountingHandler>();
+    handler.allowed = true;
+    bar.AddCallbackHandler(second.get(), watched);
+    handler.onAsked = [&] {
+      bar.RemoveCallbackHandler(second.get());
+      second.reset();
+    };
+    bar.EnableActions();
+    QVERIFY(!second && watched->isEnabled());
+  }
+
+  void listOfWhatDoesNotFitIsInSight_data() {
+    const Vela::Test::Rows<Qt::ToolBarArea, Qt::LayoutDirection> row("area", "direction");
+    row("bottom", Qt::BottomToolBarArea, Qt::LeftToRight);
+    row("right", Qt::RightToolBarArea, Qt::LeftToRight);
+    row("left, mirrored", Qt::LeftToolBarArea, Qt::RightToLeft);
+  }
+  void listOfWhatDoesNotFitIsInSight() {
+    QFETCH(Qt::ToolBarArea, area);
+    QFETCH(Qt::LayoutDirection, direction);
+    QWidget window;
+    window.setLayoutDirection(direction);
+    window.resize(120, 120);
+    ToolBar bar(&window, area);
+    const auto commands = namedGroup("a", 9);
+    bar.AddCommandGroup(commands.get());
+    window.show();
+    bar.ShowMe();
+    const QRect desktop = window.screen()->availableGeometry();
+    const bool atStart = area == Qt::LeftToolBarArea;
+    window.move(atStart ? desktop.topLeft() : desktop.bottomRight() - QPoint(119, 119));
+    settle();
+    const auto buttons = bar.findChildren<QToolButton*>(QString(), Qt::FindDirectChildrenOnly);
+    QToolButton* const more = buttons.value(0);
+    QVERIFY(more && more->isVisible());
+    more->click();
+    const auto* const list = more->findChild<QMenu*>();
+    QVERIFY(list && list->isVisible() && desktop.contains(list->geometry()));
+    QVERIFY(!list->geometry().intersects(QRect(more->mapToGlobal(QPoint()), more->size())));
   }
 
   void whatDiesWithItsGroupGoes() {

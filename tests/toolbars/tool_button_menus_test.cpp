@@ -125,6 +125,19 @@ private Q_SLOTS:
     QVERIFY2(next->isVisible(), "it is not heard any more");
   }
 
+  void actionOfAPanelClosesIt() {
+    MenuStage stage;
+    auto* const panel = new QWidget(stage.view);
+    auto* const done = new QAction("Done", panel);
+    panel->addAction(done);
+    stage.button->SetMenu(panel);
+    stage.button->SetNoHideMenuOnClick(true); // which is about other buttons
+    stage.button->ShowMenu();
+    QVERIFY(panel->isVisible());
+    done->trigger();
+    QVERIFY(!panel->isVisible() && !stage.button->IsMenuShowing());
+  }
+
   void assistiveTechnologyHearsOfTheMenu() {
     MenuStage stage;
     QAccessibleInterface* const button = QAccessible::queryAccessibleInterface(stage.menuButton);
@@ -132,7 +145,8 @@ private Q_SLOTS:
     QVERIFY(button->state().hasPopup && button->state().collapsed && !button->state().expanded);
     button->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     QVERIFY(stage.menuButton->IsMenuShowing() && button->state().expanded && button->state().checked);
-    QCOMPARE(button->text(QAccessible::Name), QString("Menu"));
+    stage.menuButton->setText("Cut && &Paste");
+    QCOMPARE(button->text(QAccessible::Name), QString("Cut & Paste"));
   }
 
   void commandThatCannotOpenItsFlyoutEnds() {

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tool_button_fixture.h"
 
+#include <support/rows.h>
+
+#include <QScreen>
 #include <QSignalSpy>
 
 using namespace Vela::UiBase;
@@ -61,6 +64,51 @@ private Q_SLOTS:
     const bool other = stage.command->isActive(); // a shortcut opened it
     QCOMPARE(other, QByteArray(QTest::currentDataTag()) == "shortcut of a locked one");
     QCOMPARE(stage.bar->GetActiveButton(), other ? stage.button.data() : nullptr);
+  }
+
+  void menusAreInSightAtEveryEdge_data() {
+    const Vela::Test::Rows<Qt::ToolBarArea, bool, QSize> row("area", "mirrored", "size");
+    for (const auto area :
+         {Qt::LeftToolBarArea, Qt::RightToolBarArea, Qt::TopToolBarArea, Qt::BottomToolBarArea}) {
+      for (const bool mirrored : {false, true}) {
+        for (const QSize size : {QSize(90, 40), QSize(300, 200), QSize(3840, 2160)})
+          row(QByteArray::number(area) + (mirrored ? " mirrored " : " ") + QByteArray::number(size.width()),
+              area, mirrored, size);
+      }
+    }
+  }
+  void menusAreInSightAtEveryEdge() {
+    QFETCH(Qt::ToolBarArea, area);
+    QFETCH(bool, mirrored);
+    QFETCH(QSize, size);
+    QWidget window;
+    window.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+    window.resize(size);
+    ToolBar bar(&window, area);
+    bar.SetOffset({7, 3});
+    ToolBar menu(&window, Qt::TopToolBarArea);
+    for (int i = 0; i < 3; ++i)
+      menu.AddAction(new QAction(coloredIcon(Qt::red), QString::number(i), &menu));
+    QWidget panel(&window);
+    panel.setMinimumSize(150, 110);
+    ToolButtonWithMenu* const openers[] = {
+        bar.AddAction(nullptr, coloredIcon(Qt::red), &menu, true, "menu"),
+        bar.AddAction(new QAction(coloredIcon(Qt::red), "panel", &bar), &panel)};
+    Vela::Test::showActive(window);
+    bar.ShowMe();
+    for (ToolButtonWithMenu* const opener : openers) {
+      opener->ShowMenu();
+      Vela::Test::settle();
+      const auto* const arrows = qobject_cast<ArrowedWindow*>(opener->GetMenu()->parentWidget());
+      const QWidget& popup = arrows ? *static_cast<const QWidget*>(arrows) : *opener->GetMenu();
+      const QRect body = arrows ? arrows->GetBounds() : popup.rect();
+      const QRect seen(popup.mapToGlobal(body.topLeft()), body.size());
+      const QRect inWindow(window.mapToGlobal(QPoint()), window.size());
+      QVERIFY((popup.isWindow() ? popup.screen()->availableGeometry() : inWindow).contains(seen));
+      const QRect owner(opener->mapToGlobal(QPoint()), opener->size());
+      QVERIFY(!inWindow.contains(owner) || !seen.intersects(owner));
+      opener->HideMenu();
+    }
   }
 
   void nothingStandsInForNothing() {

@@ -2,6 +2,7 @@
 #include "tooltip_fixture.h"
 
 #include <support/rows.h>
+#include <ui_base/tooltips/tooltip_ex.h>
 #include <ui_base/tooltips/tooltip_wrapper.h>
 
 using namespace Vela::UiBase;
@@ -71,6 +72,21 @@ private Q_SLOTS:
     QCOMPARE(body.right() < f.widget->x(), side == Left);
     f.press(f.shown());
     QCOMPARE(f.tooltip->IsVisible(), rich);
+  }
+
+  void unfoldsInSightAtOnce() {
+    TooltipFixture f;
+    auto* const content = new TooltipEx(QStringLiteral("Smooth"), QStringLiteral("Evens out noise"));
+    auto* const more = new QWidget;
+    more->setFixedSize(150, 120);
+    content->SetAdvancedWidget(more);
+    f.tooltip->SetTooltipControl(content, true);
+    f.widget->move(150, 100); // above it there is room for the title only
+    f.tooltip->ShowTooltip();
+    QVERIFY(f.shown()->geometry().bottom() < f.widget->y());
+    content->SetUnfolded(true);
+    QVERIFY(f.window->rect().contains(f.shown()->geometry()));
+    QVERIFY(f.shown()->y() > f.widget->geometry().bottom());
   }
 
   void wrapperShowsAtAPoint() {

@@ -33,8 +33,8 @@ CommandPalette::CommandPalette(QWidget* parent)
   connect(d->field, &QLineEdit::textChanged, this, [this] { d->search(); });
   const auto chooseClicked = [this] { d->choose(d->list->currentIndex()); };
   connect(d->list, &QListView::clicked, this, chooseClicked, Qt::QueuedConnection);
-  connect(&Styles::Instance(), &Styles::changed, this, [this] { d->dress(); });
-  d->dress();
+  connect(&Styles::Instance(), &Styles::changed, this, [this] { d->applyStyles(); });
+  d->applyStyles();
 }
 
 CommandPalette::~CommandPalette() = default;

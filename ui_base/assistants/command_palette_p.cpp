@@ -51,7 +51,7 @@ CommandPalettePrivate::CommandPalettePrivate(CommandPalette& palette)
   layout->addWidget(nothing, 1);
 }
 
-void CommandPalettePrivate::dress() {
+void CommandPalettePrivate::applyStyles() {
   const auto& styles = Vela::Resource::Styles::Instance();
   q.setPalette(styles.widgetPalette());
   q.setFont(styles.FontLabel());

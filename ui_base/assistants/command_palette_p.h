@@ -24,7 +24,7 @@ public:
 
   explicit CommandPalettePrivate(CommandPalette& palette);
 
-  void dress();
+  void applyStyles();
   void place();
   QList<std::shared_ptr<CmdMgr>> managersToOffer() const;
   void search();

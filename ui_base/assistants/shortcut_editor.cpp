@@ -21,7 +21,7 @@ ShortcutEditor::~ShortcutEditor() = default;
 
 void ShortcutEditor::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  d->dress();
+  d->applyStyles();
 }
 
 bool ShortcutEditor::importFrom(const QString& file) {

@@ -59,7 +59,7 @@ ShortcutEditorPrivate::ShortcutEditorPrivate(ShortcutEditor& editor, ShortcutSch
   list->setCurrentIndex(model.index(0, 0));
 }
 
-void ShortcutEditorPrivate::dress() {
+void ShortcutEditorPrivate::applyStyles() {
   const auto fields = q.findChildren<QLineEdit*>();
   for (QLineEdit* const field : fields)
     makePlaceholderReadable(*field);
@@ -112,7 +112,7 @@ void ShortcutEditorPrivate::connectAll() {
   QObject::connect(keys, &QKeySequenceEdit::keySequenceChanged, &q, [this] { showRecorded(); });
   // When what it stands in has got its sheet.
   QObject::connect(
-      &Vela::Resource::Styles::Instance(), &Vela::Resource::Styles::changed, &q, [this] { dress(); },
+      &Vela::Resource::Styles::Instance(), &Vela::Resource::Styles::changed, &q, [this] { applyStyles(); },
       Qt::QueuedConnection);
   QObject::connect(&scheme, &ShortcutScheme::changed, &q, [this] { showCurrent(); });
 }

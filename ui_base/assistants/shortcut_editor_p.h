@@ -32,7 +32,7 @@ public:
   void askImport();
   void askExport();
   void askSheet();
-  void dress();
+  void applyStyles();
   void say(const QString& text) { message->setText(text); }
 
   ShortcutEditor& q;

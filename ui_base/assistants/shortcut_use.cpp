@@ -3,6 +3,7 @@
 
 #include <ui_base/commands/command_base.h>
 #include <ui_base/commands/command_name.h>
+#include <ui_base/core/language.h>
 #include <ui_base/views/base_view.h>
 
 #include <QAbstractButton>
@@ -88,8 +89,7 @@ void addMnemonics(const QWidget& window, QList<ShortcutUse>& uses) {
   for (QAbstractButton* const button : buttons) {
     if (button->shortcut().isEmpty() || button->window() != &window)
       continue;
-    QString text = button->text().remove(u'&');
-    uses.append({button->shortcut(), {}, text, Qt::WindowShortcut, {button}});
+    uses.append({button->shortcut(), {}, withoutMnemonic(button->text()), Qt::WindowShortcut, {button}});
   }
 }
 

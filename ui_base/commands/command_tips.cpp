@@ -6,14 +6,16 @@
 #include "menu_entry_accessible.h"
 
 #include <tqm_mesh_kernel/dispatch.h>
+#include <ui_base/popups/widget_pos_calculator.h>
 #include <ui_base/tooltips/tooltip_reason.h>
+#include <ui_base/tooltips/tooltip_wrapper.h>
 
 #include <QCoreApplication>
 #include <QHelpEvent>
 #include <QMenu>
-#include <QPointer>
 #include <QToolButton>
-#include <QToolTip>
+
+#include <utility>
 
 namespace Vela::UiBase {
 
@@ -38,6 +40,12 @@ QString reasonOf(const QAction& action) {
   return own.isEmpty() ? first : own;
 }
 
+// One that was made of the text of the entry says nothing new.
+QString ownTipOf(const QAction& entry) {
+  const QString tip = entry.toolTip();
+  return tip == QAction(entry.text()).toolTip() ? QString() : tip;
+}
+
 } // namespace
 
 void CommandTips::start() {
@@ -51,50 +59,84 @@ void CommandTips::start() {
 }
 
 bool CommandTips::eventFilter(QObject* watched, QEvent* event) {
+  if (m_tooltip && watched == m_tooltip->parent())
+    hideFrom(watched, *event);
   if (event->type() != QEvent::ToolTip && event->type() != QEvent::KeyPress)
     return false;
   auto* const menu = qobject_cast<QMenu*>(watched);
   if (event->type() == QEvent::KeyPress) {
     if (menu) // which goes to another entry only now
       QMetaObject::invokeMethod(
-          menu, [menu] { explainActiveEntry(*menu); }, Qt::QueuedConnection);
+          menu, [this, menu] { menu->isVisible() && explainEntry(*menu, menu->activeAction()); },
+          Qt::QueuedConnection);
     return false;
   }
-  const auto& help = *static_cast<QHelpEvent*>(event);
   if (menu)
-    return explainEntry(*menu, help);
+    return explainEntry(*menu, menu->actionAt(static_cast<QHelpEvent*>(event)->pos()));
   // Those of subclasses may have tooltips of their own kind.
   if (watched->metaObject() == &QToolButton::staticMetaObject)
-    return explainButton(static_cast<QToolButton&>(*watched), help);
+    return explainButton(static_cast<QToolButton&>(*watched));
   return false;
 }
 
 QString CommandTips::tipOf(const QMenu& menu, const QAction& entry) {
-  const QString text = menu.toolTipsVisible() ? entry.toolTip() : QString();
+  const QString text = menu.toolTipsVisible() ? ownTipOf(entry) : QString();
   return entry.isEnabled() ? text : TooltipReason::composed(text, TooltipReason::of(entry));
 }
 
-bool CommandTips::explainEntry(QMenu& menu, const QHelpEvent& event) {
-  const QAction* const entry = menu.actionAt(event.pos());
-  if (!entry || entry->isEnabled() || TooltipReason::of(*entry).isEmpty())
+TooltipWrapper& CommandTips::tooltipOf(QWidget& owner) {
+  if (!m_tooltip || m_tooltip->parent() != &owner) {
+    delete m_tooltip;
+    m_tooltip = new TooltipWrapper(QStringLiteral("command tips"), &owner);
+  }
+  return *m_tooltip;
+}
+
+void CommandTips::hideFrom(QObject* owner, const QEvent& event) {
+  switch (event.type()) {
+  case QEvent::MouseMove: {
+    const auto* const menu = qobject_cast<QMenu*>(owner);
+    if (!menu || menu->actionAt(static_cast<const QMouseEvent&>(event).position().toPoint()) == m_entry)
+      return;
+    break;
+  }
+  case QEvent::Leave:
+  case QEvent::Hide:
+  case QEvent::Wheel:
+  case QEvent::MouseButtonPress:
+  case QEvent::KeyPress:
+    break;
+  default:
+    return;
+  }
+  m_tooltip->HideTooltip();
+}
+
+// Beside the menu, so that no entry is covered.
+bool CommandTips::explainEntry(QMenu& menu, const QAction* entry) {
+  const QString tip = entry ? tipOf(menu, *entry) : QString();
+  if (tip.isEmpty())
     return false;
-  QToolTip::showText(event.globalPos(), tipOf(menu, *entry), &menu);
+  m_entry = entry;
+  const QRect area = menu.actionGeometry(const_cast<QAction*>(entry));
+  const bool mirrored = menu.isRightToLeft();
+  TooltipWrapper& tooltip = tooltipOf(menu);
+  tooltip.GetPosCalculator()->SetDirections(mirrored ? QList{Left, Right} : QList{Right, Left});
+  tooltip.UpdateText(tip);
+  const int side = mirrored ? 0 : menu.width();
+  tooltip.Show(menu.mapToGlobal(QPoint(side, area.center().y())), true, ShowForDuration);
   return true;
 }
 
-void CommandTips::explainActiveEntry(QMenu& menu) {
-  QAction* const entry = menu.isVisible() ? menu.activeAction() : nullptr;
-  const bool hasReason = entry && !entry->isEnabled() && !TooltipReason::of(*entry).isEmpty();
-  const QString tip = hasReason ? tipOf(menu, *entry) : QString();
-  const QRect area = entry ? menu.actionGeometry(entry) : QRect();
-  QToolTip::showText(menu.mapToGlobal(area.bottomLeft()), tip, &menu, area);
-}
-
-bool CommandTips::explainButton(QToolButton& button, const QHelpEvent& event) {
+bool CommandTips::explainButton(QToolButton& button) {
   const QString reason = TooltipReason::of(button);
   if (reason.isEmpty())
     return false;
-  QToolTip::showText(event.globalPos(), TooltipReason::composed(button.toolTip(), reason), &button);
+  TooltipWrapper& tooltip = tooltipOf(button);
+  tooltip.GetPosCalculator()->SetRefWidget(&button);
+  tooltip.GetPosCalculator()->SetDirection(Bottom);
+  tooltip.UpdateText(TooltipReason::composed(button.toolTip(), reason));
+  tooltip.Show({}, false, ShowForDuration);
   return true;
 }
 

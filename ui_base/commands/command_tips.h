@@ -2,16 +2,20 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 
 class QAction;
-class QHelpEvent;
 class QMenu;
 class QToolButton;
+class QWidget;
 
 namespace Vela::UiBase {
 
+class TooltipWrapper;
+
 /// Lets tooltips of disabled commands say why: gives tooltip objects the reason, and shows it in menus, for
-/// the mouse and for the keyboard, and on tool buttons of Qt itself.
+/// the mouse and for the keyboard, and on tool buttons of Qt itself. Tooltips of menu entries look like all
+/// others of the library.
 class CommandTips : public QObject {
   Q_OBJECT
 
@@ -28,9 +32,13 @@ protected:
 private:
   using QObject::QObject;
 
-  static bool explainEntry(QMenu& menu, const QHelpEvent& event);
-  static void explainActiveEntry(QMenu& menu);
-  static bool explainButton(QToolButton& button, const QHelpEvent& event);
+  bool explainEntry(QMenu& menu, const QAction* entry);
+  bool explainButton(QToolButton& button);
+  TooltipWrapper& tooltipOf(QWidget& owner);
+  void hideFrom(QObject* owner, const QEvent& event);
+
+  QPointer<TooltipWrapper> m_tooltip; // a child of what it is about
+  QPointer<const QAction> m_entry;    // of a menu, which it is about
 };
 
 } // namespace Vela::UiBase

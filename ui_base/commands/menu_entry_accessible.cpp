@@ -4,6 +4,8 @@
 #include "command_base.h"
 #include "command_tips.h"
 
+#include <ui_base/core/language.h>
+
 #include <QMenu>
 #include <QWindow>
 
@@ -24,13 +26,6 @@ QMenu* menuWith(const QAction& entry) {
     first = first ? first : menu;
   }
   return first;
-}
-
-// As it is read: "&&" is an ampersand, another one marks a letter.
-QString withoutMnemonic(QString text) {
-  for (qsizetype at = text.indexOf(QLatin1Char('&')); at >= 0; at = text.indexOf(QLatin1Char('&'), at + 1))
-    text.remove(at, 1);
-  return text;
 }
 
 } // namespace

@@ -57,6 +57,12 @@ void renewLocaleOfWidgets() {
 
 } // namespace
 
+QString withoutMnemonic(QString text) {
+  for (qsizetype at = text.indexOf(u'&'); at >= 0; at = text.indexOf(u'&', at + 1))
+    text.remove(at, 1);
+  return text;
+}
+
 void keepTranslated(QObject* owner, std::function<void()> translate) {
   if (!translate)
     return;

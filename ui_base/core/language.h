@@ -24,6 +24,9 @@ namespace Vela::UiBase {
 /// @endcode
 UI_BASE_EXPORT void keepTranslated(QObject* owner, std::function<void()> translate);
 
+/// The text of an action or a button as it is read: without the marks of its mnemonic; of "&&" one stays.
+UI_BASE_EXPORT QString withoutMnemonic(QString text);
+
 /// The texts of a program in a language that the user may change while it runs: those of the program, of this
 /// library and of Qt. One translator stands for all of them, so that a change of the language is told once.
 ///

@@ -4,6 +4,8 @@
 #include "menu_bar_menus.h"
 #include "menu_bar_widget.h"
 
+#include <ui_base/core/language.h>
+
 #include <QAccessibleWidget>
 #include <QMenu>
 #include <QToolButton>
@@ -71,8 +73,7 @@ private:
   }
   QToolButton& button() const { return *static_cast<QToolButton*>(widget()); }
   QString plainName() const {
-    QString name = button().text();
-    name.remove(QLatin1Char('&'));
+    const QString name = withoutMnemonic(button().text());
     return name.isEmpty() ? button().toolTip() : name;
   }
 };

@@ -22,18 +22,16 @@ using Resource::Styles;
 
 namespace {
 
-QString plainText(QString text) { return text.remove(QLatin1Char('&')); }
-
 /// The object name; where there is none, the text as it is shown.
 QString nameOr(const QObject& object, const QString& text) {
-  return object.objectName().isEmpty() ? plainText(text) : object.objectName();
+  return object.objectName().isEmpty() ? withoutMnemonic(text) : object.objectName();
 }
 
 /// A tooltip that tells the shortcut.
 QString withShortcut(const QString& tooltip, const QString& text, const QKeySequence& keys) {
   if (keys.isEmpty())
     return tooltip;
-  return QStringLiteral("%1 (%2)").arg(tooltip.isEmpty() ? plainText(text) : tooltip,
+  return QStringLiteral("%1 (%2)").arg(tooltip.isEmpty() ? withoutMnemonic(text) : tooltip,
                                        keys.toString(QKeySequence::NativeText));
 }
 
@@ -174,7 +172,7 @@ void MenuBuilderPrivate::setShortcut(const MenuBarItemPointer& item, const QKeyS
 void MenuBuilderPrivate::follow(const MenuBarItemPointer& item, QAction& action) {
   QToolButton* const button = item->button.data();
   const auto show = [button, source = &action] {
-    const QString own = plainText(source->text()) == source->toolTip() ? QString() : source->toolTip();
+    const QString own = withoutMnemonic(source->text()) == source->toolTip() ? QString() : source->toolTip();
     button->setText(source->text());
     button->setIcon(source->icon());
     button->setToolTip(withShortcut(own, source->text(), source->shortcut()));

@@ -17,7 +17,7 @@ namespace Vela::UiBase {
 
 class RCMenuManagerPrivate;
 
-/// Opens pop-up menus directly under buttons of a main window. While its menu is open a button wears another
+/// Opens pop-up menus directly under buttons of a main window. While its menu is open a button has another
 /// style sheet; menus close when an entry is chosen, like any menu, when the button is disabled or hidden,
 /// and, after a delay, when the mouse has left both button and menu. One that was opened by touch or keyboard
 /// stays.

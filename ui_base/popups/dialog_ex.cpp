@@ -99,7 +99,7 @@ void DialogExPrivate::answer(QPushButton* button, QDialogButtonBox::ButtonRole r
   const Named* const chosen = find(button);
   // One that was appended without a name answers with what it says, which is not for the settings.
   const QString unnamed =
-      button->objectName().isEmpty() ? button->text().remove(QLatin1Char('&')) : button->objectName();
+      button->objectName().isEmpty() ? withoutMnemonic(button->text()) : button->objectName();
   answerName = chosen ? chosen->name : unnamed;
   if (chosen && !rememberKey.isEmpty() && remember->isChecked() && !isRejecting(role))
     config().setValue(rememberKey, chosen->name);

@@ -99,9 +99,6 @@ QLayout* DialogMessage::textColumn() {
 
 void DialogMessage::applyStyles() {
   const Styles& styles = Styles::Instance();
-  m_text->setStyleSheet(QStringLiteral("font-weight: bold"));
-  m_informative->setStyleSheet(
-      QStringLiteral("QLabel:enabled { color: %1 }").arg(styles.ColorTextLabel().name()));
   m_unfold->setFont(styles.FontLabel());
   m_unfold->setStyleSheet(styles.ToolButtonSystem());
   setSeverity(m_severity);

@@ -91,6 +91,31 @@ int moveAlong(QRect& rect, const Stance& stance, const Target& target, const QRe
 
 } // namespace
 
+QPoint pointedAt(const Target& target, const SArrowParam& arrow, EDirection side) {
+  const QRect& reference = target.reference;
+  const QPoint before = reference.topLeft() - QPoint(target.baseOffset + 1, target.baseOffset + 1);
+  const QPoint after = reference.bottomRight() + QPoint(target.baseOffset, target.baseOffset);
+  QPoint point = reference.center();
+  if (side == Left || side == Right)
+    point.setX(side == Left ? before.x() : after.x());
+  else
+    point.setY(side == Bottom ? after.y() : before.y());
+  if (arrow.fixedAngle)
+    return point;
+  switch (arrow.position) {
+  case ArrowTopLeft:
+    return after;
+  case ArrowTopRight:
+    return {before.x(), after.y()};
+  case ArrowBottomLeft:
+    return {after.x(), before.y()};
+  case ArrowBottomRight:
+    return before;
+  default:
+    return point;
+  }
+}
+
 QList<Stance> plainStances(const Target& target, std::span<const EDirection> sides, const QSize& popup) {
   QList<Stance> stances;
   for (const EDirection side : sides) {

@@ -38,6 +38,10 @@ struct KeptStance {
   bool isWhole() const { return index >= 0 && hidden == 0; }
 };
 
+/// Where the tip of an arrow is to be. As the search has it, but arrows at corners meet the reference at all
+/// of its corners.
+UI_BASE_EXPORT QPoint pointedAt(const Target& target, const SArrowParam& arrow, EDirection side);
+
 /// A popup without an arrow on each of `sides`.
 UI_BASE_EXPORT QList<Stance> plainStances(const Target& target, std::span<const EDirection> sides,
                                           const QSize& popup);

@@ -132,33 +132,6 @@ void PopupSight::measure() {
 
 namespace {
 
-/// Where the tip of an arrow is to be. As the search has it, but arrows at corners meet the reference at all
-/// of its corners.
-QPoint pointedAt(const Placement::Target& target, const SArrowParam& arrow, EDirection side) {
-  const QRect& reference = target.reference;
-  const QPoint before = reference.topLeft() - QPoint(target.baseOffset + 1, target.baseOffset + 1);
-  const QPoint after = reference.bottomRight() + QPoint(target.baseOffset, target.baseOffset);
-  QPoint point = reference.center();
-  if (side == Left || side == Right)
-    point.setX(side == Left ? before.x() : after.x());
-  else
-    point.setY(side == Bottom ? after.y() : before.y());
-  if (arrow.fixedAngle)
-    return point;
-  switch (arrow.position) {
-  case ArrowTopLeft:
-    return after;
-  case ArrowTopRight:
-    return {before.x(), after.y()};
-  case ArrowBottomLeft:
-    return {after.x(), before.y()};
-  case ArrowBottomRight:
-    return before;
-  default:
-    return point;
-  }
-}
-
 bool pointsAwayFromAnEdge(const ArrowLayout& layout, EDirection side) {
   const QRect& body = layout.bounds;
   const bool overX = layout.tip.x() >= body.left() && layout.tip.x() <= body.right();
@@ -175,7 +148,8 @@ int along(EDirection side, const QPoint& point) {
 void PopupSight::addArrow(const SArrowParam& arrow, EDirection side) {
   const ArrowLayout layout = m_arrows->d->measure(arrow);
   const QRect shape = layout.bounds | QRect(layout.tip, QSize(1, 1));
-  Stance stance{.side = side, .rect = shape.translated(pointedAt(m_target, arrow, side) - layout.tip)};
+  Stance stance{.side = side,
+                .rect = shape.translated(Placement::pointedAt(m_target, arrow, side) - layout.tip)};
   stance.arrowed = true;
   const int start = along(side, shape.topLeft());
   stance.tip = along(side, layout.tip) - start;
@@ -229,6 +203,9 @@ QList<Room> PopupSight::rooms() const {
   if (m_popup->isWindow() || !parent)
     return {everywhere};
 
+  // A menu is as large as its entries, which nothing is to cover.
+  if (parent->windowType() == Qt::Popup && m_popup->isHidden())
+    return {everywhere};
   QList<Room> rooms;
   const QRect window = globalRect(*parent->window());
   const QRect inWindow = onScreen.intersects(window) ? onScreen & window : window;

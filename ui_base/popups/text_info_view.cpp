@@ -11,8 +11,8 @@ TextInfoView::TextInfoView(QWidget* parent) : InfoView(parent), m_browser(new In
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(m_browser);
-  m_browser->setStyleSheet(
-      QStringLiteral("QTextBrowser { background: transparent; border: none; padding: 0 }"));
+  m_browser->setObjectName(QStringLiteral("info_text")); // which the shared styles know
+  m_browser->viewport()->setAutoFillBackground(false);
   m_browser->document()->setDocumentMargin(0);
   setFocusProxy(m_browser);
   connect(m_browser, &QTextBrowser::anchorClicked, this, &TextInfoView::onAnchorClicked);

@@ -127,8 +127,11 @@ void ActionPanel::InitializeToolBar() {
 void ActionPanel::applyColors() {
   const QColor groupBack = Styles::Instance().ColorActionPanelGroupBack();
   const QColor border = Styles::Instance().ColorActionPanelBorder();
-  const QList<ToolBar*> bars = own()->bars();
-  for (ToolBar* const bar : bars) {
+  const QList<ToolBar*> all = own()->bars();
+  const QList<QPointer<ToolBar>> bars(all.cbegin(), all.cend());
+  for (const QPointer<ToolBar>& bar : bars) {
+    if (!bar)
+      continue;
     if (bar->GroupBackColor() == own()->groupBackColor)
       bar->SetGroupBackColor(groupBack);
     if (bar->BorderColor() == own()->borderColor)
@@ -210,19 +213,26 @@ void ActionPanel::PrepareActionPanel() {
 
 // --- flyouts
 
+void ActionPanel::watchFlyout(const ToolButtonWithMenu& opener) {
+  const auto* const flyout = qobject_cast<FlyoutBase*>(opener.GetMenu());
+  if (!flyout)
+    return;
+  connect(flyout, &FlyoutBase::FlyoutBusy, this, &ActionPanel::OnFlyoutBusy, Qt::UniqueConnection);
+  connect(flyout, &FlyoutBase::FlyoutIdle, this, &ActionPanel::OnFlyoutIdle, Qt::UniqueConnection);
+}
+
 // What works anywhere in the nest locks all of it.
 void ActionPanel::watchFlyouts(const ToolButton* button) {
   const auto* const opener = qobject_cast<const ToolButtonWithMenu*>(button);
   QWidget* const menu = opener ? opener->GetMenu() : nullptr;
   auto* const base = qobject_cast<ActionPanel*>(GetBaseToolBar());
   ActionPanel* const panel = base ? base : this;
-  if (const auto* const flyout = qobject_cast<FlyoutBase*>(menu)) {
-    connect(flyout, &FlyoutBase::FlyoutBusy, panel, &ActionPanel::OnFlyoutBusy, Qt::UniqueConnection);
-    connect(flyout, &FlyoutBase::FlyoutIdle, panel, &ActionPanel::OnFlyoutIdle, Qt::UniqueConnection);
-  } else if (const auto* const bar = qobject_cast<ToolBar*>(menu)) {
-    const QList<ToolButtonWithMenu*> inner = bar->MenuButtons(false);
+  if (opener)
+    panel->watchFlyout(*opener);
+  if (const auto* const bar = qobject_cast<ToolBar*>(menu)) {
+    const QList<ToolButtonWithMenu*> inner = bar->MenuButtons(true);
     for (const ToolButtonWithMenu* const each : inner)
-      watchFlyouts(each);
+      panel->watchFlyout(*each);
   }
   if (panel->IsLocked())
     panel->own()->applyLock(); // also for what has come since

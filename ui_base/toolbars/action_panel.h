@@ -82,6 +82,7 @@ private:
   void applyColors();
   void prepare(ToolButton* button);
   void watchFlyouts(const ToolButton* button);
+  void watchFlyout(const ToolButtonWithMenu& opener);
   void flyoutDied(const QObject* flyout);
   ActionPanelPrivate* own() const;
 };

@@ -144,6 +144,11 @@ void ToolBar::SetActiveButton(ToolButtonWithWidgetMenu* button) {
   GetBaseToolBar()->d->activeButton = button;
 }
 
+void ToolBar::AddToFocusCycle(QWidget* bar) {
+  if (bar)
+    ToolBarFocusCycle::add(*bar);
+}
+
 ToolButtonWithMenu* ToolBar::OwnerButton() const { return d->ownerButton; }
 
 void ToolBar::SetOwnerButton(ToolButtonWithMenu* button) {

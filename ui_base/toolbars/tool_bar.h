@@ -34,10 +34,10 @@ class ToolButtonWithWidgetMenu;
 /// the right. When the bar is shorter than they need, a button at its end lists those that do not fit;
 /// choosing one scrolls it into view and clicks it.
 ///
-/// Keyboard: F6 goes to the first toolbar of the window, from there to the next one and back to where the
-/// focus was; Shift+F6 goes the other way. The arrow keys, Home and End move along the buttons, Space and
-/// Return click, the arrow key that points to a menu opens it and goes in. Escape closes the innermost menu,
-/// then gives the focus back to where it was.
+/// Keyboard: F6 goes to the first toolbar of the window, from there to the next one, to the menu bar of a
+/// MenuBuilder, and back to where the focus was; Shift+F6 goes the other way. The arrow keys, Home and End
+/// move along the buttons, Space and Return click, the arrow key that points to a menu opens it and goes in.
+/// Escape closes the innermost menu, then gives the focus back to where it was.
 ///
 /// Owned by its parent like any widget. It owns its buttons and the sub-toolbars made from groups; a menu
 /// that was handed to it stays its creator's. Main thread only; sizes are in pixels, times in milliseconds.
@@ -124,6 +124,9 @@ public:
   void SetActiveButton(ToolButtonWithWidgetMenu* button);
   /// The outermost toolbar of the nest; this one when it is no menu.
   ToolBar* GetBaseToolBar() const;
+  /// Has F6 lead to a bar of another kind, too, as long as it lives: to the first thing in it that Tab
+  /// reaches. It may stand anywhere, be hidden, and get other windows. Null is ignored.
+  static void AddToFocusCycle(QWidget* bar);
   /// The button whose menu this toolbar is, or null.
   ToolButtonWithMenu* OwnerButton() const;
   /// See OwnerButton().

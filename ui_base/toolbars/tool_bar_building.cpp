@@ -128,22 +128,26 @@ ToolButtonWithButtonMenu* ToolBar::CreateMainToolBarButtonMenu(ToolBar& bar, con
 void ToolBar::RemoveCommand(CommandBase* command) {
   if (!command)
     return;
+  // Who hears of a menu that closes may end the command, the bar and its buttons.
+  const QPointer<ToolBar> self(this);
+  const QPointer<QAction> removed(command);
   const QList<ToolButtonWithMenu*> menus = MenuButtons(false);
-  for (const ToolButtonWithMenu* const button : menus) {
-    if (auto* const subToolBar = qobject_cast<ToolBar*>(button->GetMenu()))
-      subToolBar->RemoveCommand(command);
+  const QList<QPointer<ToolButtonWithMenu>> openers(menus.cbegin(), menus.cend());
+  for (const QPointer<ToolButtonWithMenu>& opener : openers) {
+    if (auto* const menu = opener && removed ? qobject_cast<ToolBar*>(opener->GetMenu()) : nullptr)
+      menu->RemoveCommand(command);
   }
-  if (auto* const group = dynamic_cast<CommandGroup*>(command))
+  if (auto* const group = self && removed ? dynamic_cast<CommandGroup*>(command) : nullptr)
     d->commands->remove(*group);
-  RemoveSingleCommand(command);
+  if (self && removed)
+    RemoveSingleCommand(command);
 }
 
 void ToolBar::RemoveSingleCommand(CommandBase* command) {
-  const QList<ToolButton*> all = Buttons();
-  for (ToolButton* const button : all) {
-    if (actionOf(*button) == command)
-      d->removeButton(*button);
-  }
+  d->forEachButton([this, command](ToolButton& button) {
+    if (actionOf(button) == command)
+      d->removeButton(button);
+  });
 }
 
 } // namespace Vela::UiBase

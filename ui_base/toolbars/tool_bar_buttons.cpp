@@ -21,7 +21,7 @@ namespace {
 constexpr QSize iconLookUpSize(256, 256); // px
 
 /// A letter of a text would be taken from the menu bar.
-QString withoutMnemonic(QString text) { return text.replace(QLatin1Char('&'), QLatin1String("&&")); }
+QString literally(QString text) { return text.replace(QLatin1Char('&'), QLatin1String("&&")); }
 
 bool isExtended(const ToolButtonWithMenu* button) {
   const auto* const opener = qobject_cast<const ToolButtonWithButtonMenu*>(button);
@@ -192,19 +192,21 @@ void ToolBarPrivate::setUpSubToolBar(ToolBar& menu, const CommandGroup* group) c
 }
 
 void ToolBarPrivate::OnButtonClickCheckExclusiveGroups(const ToolButton& button) const {
+  QList<QPointer<QToolButton>> rivals; // who hears of one may change the groups
   for (const QList<QPointer<QToolButton>>& members : exclusiveGroups) {
-    if (!std::any_of(members.cbegin(), members.cend(),
-                     [&button](const auto& member) { return member == &button; }))
+    if (std::any_of(members.cbegin(), members.cend(),
+                    [&button](const auto& member) { return member == &button; }))
+      rivals += members;
+  }
+  rivals.removeIf([&button](const auto& rival) { return rival == &button; });
+  for (const QPointer<QToolButton>& rival : std::as_const(rivals)) {
+    if (!rival || !rival->isChecked())
       continue;
-    for (const QPointer<QToolButton>& member : members) {
-      if (!member || member == &button || !member->isChecked())
-        continue;
-      QAction* const action = member->defaultAction();
-      if (action && action->isCheckable())
-        action->setChecked(false);
-      else
-        member->setChecked(false);
-    }
+    QAction* const action = rival->defaultAction();
+    if (action && action->isCheckable())
+      action->setChecked(false);
+    else
+      rival->setChecked(false);
   }
 }
 
@@ -255,7 +257,7 @@ void ToolBarPrivate::followAction(ToolButton& button) const {
   const QPointer<ToolButton> guarded(&button);
   const QPointer<QAction> followed(action);
   if (!action->text().isEmpty())
-    button.setText(withoutMnemonic(action->iconText()));
+    button.setText(literally(action->iconText()));
   if (!withOwnIcon.contains(&button) && button.d->source.cacheKey() != action->icon().cacheKey())
     button.setIcon(action->icon());
   if (button.toolTip() != action->toolTip()) {

@@ -4,6 +4,8 @@
 #include "tool_bar_overflow.h"
 #include "tool_bar_p.h"
 
+#include <ui_base/menus/menu_bar_keys.h>
+#include <ui_base/menus/menu_bar_widget.h>
 #include <ui_base/toolbars/tool_button_with_button_menu.h>
 
 #include <QApplication>
@@ -36,15 +38,69 @@ int distance(const QRect& from, const QRect& to, int key) {
   }
 }
 
+constexpr const char* barProperty = "vela_bar";
+
+bool isBar(const QWidget& widget) {
+  const auto* const toolBar = qobject_cast<const ToolBar*>(&widget);
+  return toolBar ? !toolBar->OwnerButton() : widget.property(barProperty).isValid();
+}
+
 /// Also while something dies that is asked for nothing any more: of its children some are null.
-void collectBars(const QObject& parent, QList<ToolBar*>& bars) {
+void collectBars(const QObject& parent, QWidgetList& bars, QWidgetList& menuBars) {
   for (QObject* const child : parent.children()) {
-    if (auto* const bar = qobject_cast<ToolBar*>(child))
-      bars.append(bar);
-    if (child)
-      collectBars(*child, bars);
+    auto* const widget = qobject_cast<QWidget*>(child);
+    if (!widget)
+      continue;
+    if (qobject_cast<MenuBarWidget*>(widget))
+      menuBars.append(widget);
+    else if (isBar(*widget))
+      bars.append(widget);
+    collectBars(*widget, bars, menuBars);
   }
 }
+
+/// Whether the focus is in the bar, or in a menu of its buttons.
+bool holdsFocus(const QWidget& bar) {
+  const auto* const toolBar = qobject_cast<const ToolBar*>(&bar);
+  const auto buttons = toolBar ? toolBar->MenuButtons(true) : QList<ToolButtonWithMenu*>();
+  return FocusKeeper::isIn(bar) ||
+         std::any_of(buttons.cbegin(), buttons.cend(), [](const ToolButtonWithMenu* button) {
+           return button->GetMenu() && FocusKeeper::isIn(*button->GetMenu());
+         });
+}
+
+MenuBarKeys* keysOf(const QWidget& menuBar) {
+  return menuBar.findChild<MenuBarKeys*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+/// @return whether there is something in it that takes the focus.
+bool enterBar(QWidget& bar) {
+  if (const auto* const toolBar = qobject_cast<ToolBar*>(&bar))
+    return ToolBarPrivate::of(*toolBar).keys->enter();
+  if (MenuBarKeys* const keys = keysOf(bar)) {
+    keys->enter();
+    return keys->isActive();
+  }
+  for (QWidget* next = bar.nextInFocusChain(); next && next != &bar; next = next->nextInFocusChain()) {
+    if (bar.isAncestorOf(next) && (next->focusPolicy() & Qt::TabFocus) && next->isVisible() &&
+        next->isEnabled()) {
+      next->setFocus(Qt::TabFocusReason);
+      return true;
+    }
+  }
+  return false;
+}
+
+/// Makes what leads the focus, in each window in which a bar comes to show.
+class BarWatch : public QObject {
+public:
+  using QObject::QObject;
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Show)
+      ToolBarFocusCycle::of(*static_cast<QWidget*>(watched)->window());
+    return false;
+  }
+};
 
 /// The arrow key that points from the bar to where the menus of its buttons open.
 int menuKey(const ToolBar& toolBar) {
@@ -90,31 +146,36 @@ ToolBarFocusCycle& ToolBarFocusCycle::of(QWidget& window) {
   return *new ToolBarFocusCycle(window);
 }
 
-QList<ToolBar*> ToolBarFocusCycle::stops() const {
-  QList<ToolBar*> bars;
-  collectBars(m_window, bars);
-  bars.removeIf([this](const ToolBar* bar) {
-    return bar->window() != &m_window || bar->OwnerButton() || !bar->isVisible() || !bar->isEnabled();
+void ToolBarFocusCycle::add(QWidget& bar) {
+  if (qobject_cast<ToolBar*>(&bar) || bar.property(barProperty).isValid())
+    return;
+  bar.setProperty(barProperty, true);
+  bar.installEventFilter(new BarWatch(&bar));
+  if (bar.isVisible())
+    of(*bar.window());
+}
+
+QWidgetList ToolBarFocusCycle::stops() const {
+  QWidgetList bars;
+  QWidgetList menuBars;
+  collectBars(m_window, bars, menuBars);
+  bars += menuBars;
+  bars.removeIf([this](const QWidget* bar) {
+    return bar->window() != &m_window || !bar->isVisible() || !bar->isEnabled();
   });
   return bars;
 }
 
 void ToolBarFocusCycle::step(int direction) {
-  QWidget* const focus = QApplication::focusWidget();
-  const QList<ToolBar*> bars = stops();
-  const auto at = std::find_if(bars.cbegin(), bars.cend(), [focus](ToolBar* bar) {
-    const QList<ToolButtonWithMenu*> buttons = bar->MenuButtons(true);
-    return focus && (bar->isAncestorOf(focus) ||
-                     std::any_of(buttons.cbegin(), buttons.cend(), [focus](const ToolButtonWithMenu* button) {
-                       return button->GetMenu() && button->GetMenu()->isAncestorOf(focus);
-                     }));
-  });
+  const QWidgetList bars = stops();
+  const auto at =
+      std::find_if(bars.cbegin(), bars.cend(), [](const QWidget* bar) { return holdsFocus(*bar); });
   const bool inside = at != bars.cend();
   if (!inside)
     m_focus.keep();
   qsizetype next = inside ? at - bars.cbegin() + direction : (direction > 0 ? 0 : bars.size() - 1);
   while (next >= 0 && next < bars.size()) {
-    if (ToolBarPrivate::of(*bars[next]).keys->enter())
+    if (enterBar(*bars[next]))
       return;
     next += direction;
   }
@@ -124,7 +185,13 @@ void ToolBarFocusCycle::step(int direction) {
 
 void ToolBarFocusCycle::giveFocusBack() {
   QWidget* const focus = QApplication::focusWidget();
-  if (!m_focus.giveBackFrom(m_window) && focus)
+  if (m_focus.giveBackFrom(m_window) || !focus)
+    return;
+  // One that was not come to by F6 knows itself where the focus was.
+  const QWidget* const bar = focus->parentWidget();
+  if (MenuBarKeys* const keys = bar ? keysOf(*bar) : nullptr)
+    keys->leave();
+  else
     focus->clearFocus();
 }
 

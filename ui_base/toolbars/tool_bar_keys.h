@@ -17,8 +17,9 @@ namespace Vela::UiBase {
 class ToolBar;
 class ToolButtonWithMenu;
 
-/// Leads the focus from one toolbar of a window to the next with F6, to the one before with Shift+F6, and at
-/// the end back to where it was. One for each window with toolbars, owned by it.
+/// Leads the focus from one bar of a window to the next with F6, to the one before with Shift+F6, and at the
+/// end back to where it was: to the toolbars, the bars that were added, and last the menu bar. One for each
+/// window with toolbars, owned by it.
 class ToolBarFocusCycle : public QObject {
   Q_OBJECT
 
@@ -26,13 +27,16 @@ public:
   /// The one of the window, made when there is none.
   static ToolBarFocusCycle& of(QWidget& window);
 
-  /// To where it was before it came to a toolbar, or nowhere.
+  /// Has it lead to a bar that is no toolbar, in whatever window that stands.
+  static void add(QWidget& bar);
+
+  /// To where it was before it came to a bar, or nowhere.
   void giveFocusBack();
 
 private:
   explicit ToolBarFocusCycle(QWidget& window);
 
-  QList<ToolBar*> stops() const;
+  QWidgetList stops() const;
   void step(int direction);
 
   QWidget& m_window;

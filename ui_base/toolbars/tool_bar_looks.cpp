@@ -57,14 +57,15 @@ void ToolBar::SetParams(const ToolBarParams& params) {
 void ToolBar::SetButtonStyleSheet(const QString& styleSheet, bool nested) {
   ToolBarParams changed = d->params;
   changed.buttonStyleSheet = styleSheet;
+  const QPointer<ToolBar> self(this);
   SetParams(changed);
-  if (!nested)
+  if (!self || !nested)
     return;
-  const QList<ToolButtonWithMenu*> openers = MenuButtons(false);
-  for (const ToolButtonWithMenu* const opener : openers) {
-    if (auto* const menu = qobject_cast<ToolBar*>(opener->GetMenu()))
+  d->forEachButton([&styleSheet](ToolButton& button) {
+    const auto* const opener = qobject_cast<ToolButtonWithMenu*>(&button);
+    if (auto* const menu = opener ? qobject_cast<ToolBar*>(opener->GetMenu()) : nullptr)
       menu->SetButtonStyleSheet(styleSheet, true);
-  }
+  });
 }
 
 QGraphicsDropShadowEffect* ToolBar::GetShadow() const { return d->shadow; }

@@ -2,7 +2,9 @@
 #include "tool_bar_overflow.h"
 
 #include <ui_base/core/language.h>
+#include <ui_base/popups/placement_sight.h>
 #include <ui_base/toolbars/tool_button.h>
+#include <ui_base/tooltips/tooltip_reason.h>
 #include <vlk_common_res/styles.h>
 
 #include <QAction>
@@ -11,6 +13,9 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QRegularExpression>
+#include <QScreen>
+
+#include <array>
 
 namespace Vela::UiBase {
 
@@ -64,7 +69,19 @@ void ToolBarOverflow::open() {
     addEntry(*menu, *button);
   if (hasFocus())
     menu->setActiveAction(menu->actions().value(0));
-  menu->popup(mapToGlobal(m_orientation == Qt::Horizontal ? rect().bottomLeft() : rect().topRight()));
+  menu->popup(menuPlace(menu->sizeHint()));
+}
+
+// Away from the bar, and never over the button.
+QPoint ToolBarOverflow::menuPlace(const QSize& menu) const {
+  const bool below = m_orientation == Qt::Horizontal;
+  const std::array across{isRightToLeft() ? Left : Right, isRightToLeft() ? Right : Left};
+  const std::array sides = below ? std::array{Bottom, Top} : across;
+  const Placement::Target target{.reference = {mapToGlobal(QPoint(0, 0)), size()},
+                                 .baseOffset = 1,
+                                 .alignment = below && isRightToLeft() ? AlignEnd : AlignStart};
+  const QRect wanted(Placement::plainPosition(target, sides[0], menu), menu);
+  return Placement::plainInSight(wanted, target, sides, screen()->availableGeometry());
 }
 
 void ToolBarOverflow::addEntry(QMenu& menu, ToolButton& button) {
@@ -73,6 +90,10 @@ void ToolBarOverflow::addEntry(QMenu& menu, ToolButton& button) {
   entry->setCheckable(button.isCheckable());
   entry->setChecked(button.isChecked());
   entry->setEnabled(button.isEnabled() && !button.IsLocked());
+  if (const QString reason = TooltipReason::of(button); !reason.isEmpty()) {
+    entry->setToolTip(reason);
+    menu.setToolTipsVisible(true);
+  }
   // After the menu is gone, as the button may open one of its own.
   connect(
       entry, &QAction::triggered, this,

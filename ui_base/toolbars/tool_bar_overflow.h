@@ -36,6 +36,7 @@ protected:
 private:
   void open();
   void addEntry(QMenu& menu, ToolButton& button);
+  QPoint menuPlace(const QSize& menu) const;
 
   const Source m_source;
   const Chooser m_choose;

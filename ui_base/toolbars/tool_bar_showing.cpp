@@ -160,7 +160,8 @@ void ToolBar::OnToolButtonClicked() {
   if (!button)
     return;
   d->OnButtonClickCheckExclusiveGroups(*button);
-  Q_EMIT ToolButtonClicked(button);
+  if (self && button)
+    Q_EMIT ToolButtonClicked(button);
   if (!self || !button)
     return;
   ToolButtonWithWidgetMenu* const active = GetActiveButton();

@@ -206,6 +206,8 @@ void ToolButton::EnableActions() {
   const QPointer<ToolButton> self(this);
   bool enable = true;
   for (IToolButtonCallbackHandler* const handler : handlers) {
+    if (!d->callbackHandlers.value(action).contains(handler))
+      continue; // taken away by one before
     enable = (*handler)(action);
     if (!self || !action)
       return;
@@ -221,7 +223,8 @@ bool ToolButton::IsActionAssociated(QAction*) const { return false; }
 
 void ToolButton::SetShowCallbackHandler(IToolButtonShowCallbackHandler* handler) {
   d->showCallbackHandler = handler;
-  if (handler && !(*handler)(this))
+  const QPointer<ToolButton> self(this);
+  if (handler && !(*handler)(this) && self)
     hide();
 }
 
@@ -231,7 +234,10 @@ void ToolButton::UpdateVisibility() {
 }
 
 void ToolButton::setVisible(bool visible) {
-  QToolButton::setVisible(visible && (!d->showCallbackHandler || (*d->showCallbackHandler)(this)));
+  const QPointer<ToolButton> self(this);
+  const bool shows = visible && (!d->showCallbackHandler || (*d->showCallbackHandler)(this));
+  if (self)
+    QToolButton::setVisible(shows);
 }
 
 void ToolButton::showEvent(QShowEvent* event) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tool_button_accessible.h"
 
+#include <ui_base/core/language.h>
 #include <ui_base/toolbars/tool_button_with_menu.h>
 
 #include <QAccessible>
@@ -24,8 +25,8 @@ public:
     const QString own = QAccessibleWidget::text(text);
     if (text != QAccessible::Name || !own.isEmpty())
       return own;
-    QString name = button().text();
-    return name.isEmpty() ? button().toolTip() : name.remove(QLatin1Char('&'));
+    const QString name = withoutMnemonic(button().text());
+    return name.isEmpty() ? button().toolTip() : name;
   }
 
   QAccessible::State state() const override {

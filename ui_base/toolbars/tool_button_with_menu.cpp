@@ -42,7 +42,7 @@ ToolButtonWithMenu::ToolButtonWithMenu(ToolButtonWithMenuPrivate& state, const Q
   ToolButton::Initialize(nullptr, nullptr);
   setIcon(icon);
   d->wrapIcon();
-  setText(name);
+  setText(QString(name).replace(QLatin1Char('&'), QLatin1String("&&"))); // a name has no mnemonic
   setObjectName(name);
   setToolTip(name);
   d->toolBar = toolBar;
@@ -231,10 +231,7 @@ void ToolButtonWithMenu::OnActionTriggered(bool) {
     ActionTriggeredHandler(action);
 }
 
-void ToolButtonWithMenu::ActionTriggeredHandler(QAction*) {
-  if (!own()->noHideMenuOnClick)
-    HideMenu();
-}
+void ToolButtonWithMenu::ActionTriggeredHandler(QAction*) { HideMenu(); }
 
 // --- place
 

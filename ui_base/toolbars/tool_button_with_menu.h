@@ -36,7 +36,7 @@ public:
   /// Whether the other button stands in the menu, or in a menu of one of its buttons.
   bool IsSubMenuButton(ToolButton* button) const;
 
-  /// Whether the menu stays when one of its actions was triggered, or another button of the toolbar clicked.
+  /// Whether the menu stays when another button of the toolbar is clicked.
   void SetNoHideMenuOnClick(bool noHide);
   /// See SetNoHideMenuOnClick().
   bool NoHideMenuOnClick() const;
@@ -90,7 +90,7 @@ protected:
   void ClickedHandler() override = 0;
   /// The menu goes: unchecks the button.
   virtual void HideMenuEx();
-  /// An action of the menu was triggered: hides the menu, unless SetNoHideMenuOnClick() says otherwise.
+  /// An action of the menu was triggered: hides the menu.
   virtual void ActionTriggeredHandler(QAction* action);
 
   /// The menu is hidden, however it came about: does what is left to do, once.

@@ -57,9 +57,12 @@ ToolbarManager::ToolbarManager(ToolbarManagerPrivate& state, ToolBar* mainToolba
 
 // A click on one of their buttons may be the cause.
 ToolbarManager::~ToolbarManager() {
-  for (ToolBar* const toolbar : d->toolbars()) {
-    toolbar->hide();
-    toolbar->deleteLater();
+  const QList<DynamicToolbar> toolbars = d->dynamicToolbars;
+  for (const DynamicToolbar& each : toolbars) {
+    if (each.toolbar)
+      each.toolbar->hide();
+    if (each.toolbar)
+      each.toolbar->deleteLater();
   }
 }
 
@@ -98,6 +101,7 @@ void ToolbarManager::follow(CommandGroup& group) {
     connect(&group, &QObject::destroyed, this, &ToolbarManager::forgetDeadGroups);
   }
   const QPointer<ToolbarManager> self(this);
+  const QPointer<CommandGroup> guarded(&group);
   const CommandBag commands = group.commandBag(); // a copy, which keeps the commands
   bool shown = false;
   for (int i = 0; i < commands.count() && self; ++i) {
@@ -106,10 +110,10 @@ void ToolbarManager::follow(CommandGroup& group) {
       continue;
     if (auto* const nested = dynamic_cast<CommandGroup*>(command))
       follow(*nested);
-    else if (!std::exchange(shown, true))
+    else if (guarded && !std::exchange(shown, true))
       ToolBarPrivate::of(*getToolbar(group)).commands->follow(group);
   }
-  ToolBar* const toolbar = self && !shown ? findDynamicToolbar(group.commandId()) : nullptr;
+  ToolBar* const toolbar = self && guarded && !shown ? findDynamicToolbar(group.commandId()) : nullptr;
   if (toolbar)
     ToolBarPrivate::of(*toolbar).commands->follow(group);
 }
@@ -157,10 +161,16 @@ void ToolbarManager::removeDynamicCommand(CommandBase* command) {
     return;
   d->removed.insert(command->commandId());
   if (auto* const group = dynamic_cast<CommandGroup*>(command)) {
-    const QList<CommandGroup*> nested = group->commandBag().groups();
-    for (CommandGroup* const each : nested)
-      removeDynamicCommand(each);
-    removeToolbar(group->commandId());
+    const QPointer<ToolbarManager> self(this);
+    const QString id = group->commandId();
+    const QList<CommandGroup*> all = group->commandBag().groups();
+    const QList<QPointer<CommandGroup>> nested(all.cbegin(), all.cend());
+    for (const QPointer<CommandGroup>& each : nested) {
+      if (self && each)
+        removeDynamicCommand(each);
+    }
+    if (self)
+      removeToolbar(id);
     return;
   }
   const QList<ToolBar*> toolbars = d->toolbars();
@@ -230,11 +240,11 @@ void ToolbarManager::applyState(CommandGroup& group, bool began) {
   const QPointer<ToolbarManager> self(this);
   if (began && d->mainToolbar && d->isAdded(id) && !d->removed.contains(id))
     follow(group);
-  ToolBar* const toolbar = self ? findDynamicToolbar(id) : nullptr;
-  if (!toolbar)
-    return;
-  if (began)
+  const QPointer<ToolBar> toolbar = self ? findDynamicToolbar(id) : nullptr;
+  if (toolbar && began)
     ToolBarPrivate::of(*toolbar).commands->followOnly(group);
+  if (!self || !toolbar)
+    return;
   for (DynamicToolbar& each : d->dynamicToolbars) {
     if (each.toolbar == toolbar)
       each.inUse = began;
@@ -254,9 +264,9 @@ void ToolbarManager::setToolbarVisible(ToolBar* toolbar, bool visible) {
     d->row->moveSeparator(); // the main toolbar may have stood before the manager came
   if (count == (visible ? 0 : 1))
     d->row->showSeparator(visible);
-  if (visible)
+  if (visible && self && shown)
     d->row->fit(*toolbar);
-  else
+  else if (shown)
     toolbar->HideAllButtonMenusExcept(false, nullptr);
   if (shown)
     shown->setVisible(visible);

@@ -30,11 +30,11 @@ void ATooltipEx::SetReason(const QString& reason) {
     return;
   if (!m_reason) {
     m_reason = new QLabel(this);
+    m_reason->setObjectName(QStringLiteral("tooltip_reason"));
     m_reason->setTextFormat(Qt::PlainText);
     m_reason->setFocusPolicy(Qt::NoFocus);
     box->addWidget(m_reason);
   }
-  m_reason->setStyleSheet(QStringLiteral("color: %1;").arg(Styles::Instance().ColorTextLabel().name()));
   TooltipText::setWrapped(m_reason, reason);
   m_reason->setVisible(!reason.isEmpty());
   setAccessibleName(TooltipReason::composed(AccessibleText(), reason));

@@ -11,7 +11,7 @@ class QLabel;
 
 namespace Vela::UiBase {
 
-/// The base of what is shown in a tooltip: a widget that takes no focus, is as large as its content, wears
+/// The base of what is shown in a tooltip: a widget that takes no focus, is as large as its content, has
 /// the looks of tooltips in the palette in use, and may point to a page of the help.
 ///
 /// Handed to ATooltipObject::SetTooltipControl(), which takes it over.

@@ -2,7 +2,7 @@
 #include "a_tooltip_object_p.h"
 
 #include <ui_base/popups/popup_sight.h>
-#include <ui_base/tooltips/a_tooltip_ex.h>
+#include <ui_base/tooltips/tooltip_ex.h>
 #include <ui_base/tooltips/tooltip_manager.h>
 #include <ui_base/tooltips/tooltip_text.h>
 #include <vlk_common_res/styles.h>
@@ -189,6 +189,13 @@ void ATooltipObjectPrivate::link() {
   links.append(QObject::connect(tooltip, &ATooltipEx::HelpRequested, object, &ATooltipObject::HelpRequested));
   links.append(QObject::connect(tooltip, &ATooltipEx::HelpRequested, &TooltipManager::GetInstance(),
                                 &TooltipManager::HelpRequested));
+  // At once, as it would be seen at its old place otherwise.
+  const auto placeAnew = [this] {
+    if (visible && !placing && tooltipWindow)
+      place();
+  };
+  if (auto* const unfolding = qobject_cast<TooltipEx*>(tooltip))
+    links.append(QObject::connect(unfolding, &TooltipEx::UnfoldedChanged, object, placeAnew));
 }
 
 // Only our own: an application may have connected the same two.

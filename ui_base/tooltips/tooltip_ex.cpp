@@ -4,7 +4,6 @@
 #include <ui_base/tooltips/tooltip_manager.h>
 #include <ui_base/tooltips/tooltip_picture.h>
 #include <ui_base/tooltips/tooltip_text.h>
-#include <vlk_common_res/styles.h>
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -13,8 +12,6 @@
 #include <QTimer>
 
 namespace Vela::UiBase {
-
-using Vela::Resource::Styles;
 
 namespace {
 
@@ -65,6 +62,9 @@ TooltipExPrivate::TooltipExPrivate(TooltipEx* owner)
   layout->addLayout(head);
   layout->addWidget(text);
   layout->addWidget(hint);
+  title->setObjectName(QStringLiteral("tooltip_title"));
+  shortcut->setObjectName(QStringLiteral("tooltip_shortcut"));
+  hint->setObjectName(QStringLiteral("tooltip_hint"));
   for (QLabel* const label : {title, shortcut, text, hint}) {
     label->setFocusPolicy(Qt::NoFocus);
     label->hide();
@@ -103,7 +103,7 @@ void TooltipExPrivate::updateHint() {
 
 TooltipEx::TooltipEx(const QString& title, const QString& text, QWidget* parent)
     : ATooltipEx(parent), d(std::make_unique<TooltipExPrivate>(this)) {
-  TooltipEx::ApplyLook();
+  ApplyLook();
   SetTitle(title);
   TooltipEx::SetText(text);
 }
@@ -181,16 +181,6 @@ bool TooltipEx::HandleHelpKey() {
     return ATooltipEx::HandleHelpKey();
   SetUnfolded(true);
   return true;
-}
-
-void TooltipEx::ApplyLook() {
-  ATooltipEx::ApplyLook();
-  const Styles& styles = Styles::Instance();
-  const QString secondary = QStringLiteral("color: %1;").arg(styles.ColorTextLabel().name());
-  d->title->setStyleSheet(
-      QStringLiteral("font-weight: bold; color: %1;").arg(styles.ColorTextTitle().name()));
-  d->shortcut->setStyleSheet(secondary);
-  d->hint->setStyleSheet(secondary);
 }
 
 void TooltipEx::changeEvent(QEvent* event) {

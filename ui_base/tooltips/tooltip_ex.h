@@ -72,7 +72,6 @@ Q_SIGNALS:
   void UnfoldedChanged(bool unfolded);
 
 protected:
-  void ApplyLook() override;
   void changeEvent(QEvent* event) override;
   void enterEvent(QEnterEvent* event) override;
   void hideEvent(QHideEvent* event) override;

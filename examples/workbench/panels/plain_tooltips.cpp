@@ -2,6 +2,7 @@
 #include "plain_tooltips.h"
 
 #include <ui_base/toolbars/tool_button.h>
+#include <ui_base/tooltips/tooltip_reason.h>
 #include <workbench/panels/command_tooltip.h>
 
 #include <QCoreApplication>
@@ -52,8 +53,8 @@ bool PlainTooltips::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool PlainTooltips::show(QWidget& widget, const QPoint& position) {
-  const QString text = widget.toolTip();
-  if (text.isEmpty() || !widget.isEnabled() || hasOwnTooltip(widget))
+  const QString text = TooltipReason::composed(widget.toolTip(), TooltipReason::of(widget));
+  if (text.isEmpty() || hasOwnTooltip(widget))
     return false;
   m_widget = &widget;
   m_tooltip.UpdateText(text);

@@ -47,12 +47,12 @@ UnitButton::UnitButton(QMainWindow& window, const MeshViewController& controller
   manager->Start();
   if (MeshView* const view = controller.meshView())
     connect(&view->measurements(), &Measurements::unitChanged, this, &UnitButton::showUnit);
-  connect(&Styles::Instance(), &Styles::changed, this, &UnitButton::dress);
-  dress();
+  connect(&Styles::Instance(), &Styles::changed, this, &UnitButton::applyStyles);
+  applyStyles();
   keepTranslated(this, [this] { showUnit(); });
 }
 
-void UnitButton::dress() {
+void UnitButton::applyStyles() {
   const Styles& styles = Styles::Instance();
   const QString normal = styles.ToolButtonSystem() + arrowStyle(isRightToLeft());
   const QString open = QStringLiteral("QToolButton { border-color: %1; }").arg(styles.ColorAccent().name());

@@ -24,7 +24,7 @@ public:
   UnitButton(QMainWindow& window, const MeshViewController& controller);
 
 private:
-  void dress();
+  void applyStyles();
   void showUnit();
   void fillMenu();
 

@@ -42,12 +42,12 @@ PhotoFooter::PhotoFooter(QWidget* parent)
   row->addWidget(m_figures, 0, 2);
   row->setColumnStretch(0, 1);
   row->setColumnStretch(2, 1);
-  connect(&Styles::Instance(), &Styles::changed, this, &PhotoFooter::dressToolBar);
-  dressToolBar();
+  connect(&Styles::Instance(), &Styles::changed, this, &PhotoFooter::styleToolBar);
+  styleToolBar();
 }
 
 // As the bars over the mesh look.
-void PhotoFooter::dressToolBar() {
+void PhotoFooter::styleToolBar() {
   const Styles& styles = Styles::Instance();
   const QString bar =
       QStringLiteral("QWidget#ImageViewerToolBar { background-color: %1; border: 1px solid %2; "

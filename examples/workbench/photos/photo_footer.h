@@ -29,7 +29,7 @@ protected:
   void resizeEvent(QResizeEvent* event) override;
 
 private:
-  void dressToolBar();
+  void styleToolBar();
   void fitName();
 
   QLabel* m_name;

@@ -2,17 +2,16 @@
 #include "photo_view.h"
 
 #include <ui_base/core/language.h>
+#include <ui_base/toolbars/tool_bar.h>
 #include <ui_toolkit/image_viewer_tool_bar.h>
 #include <vlk_common_res/styles.h>
 #include <workbench/photos/photo_footer.h>
 #include <workbench/view_hint.h>
 
-#include <QApplication>
 #include <QContextMenuEvent>
 #include <QFileInfo>
 #include <QLocale>
 #include <QPainter>
-#include <QToolButton>
 
 #include <cmath>
 
@@ -36,6 +35,7 @@ PhotoView::PhotoView(QWidget* parent) : BaseView(parent), m_footer(new PhotoFoot
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(160, 120);
+  Vela::UiBase::ToolBar::AddToFocusCycle(&toolBar());
   connect(&m_document, &PhotoDocument::photoChanged, this, [this] {
     PhotoViewport viewport = m_viewport;
     viewport.setPhoto(m_document.photo().size());
@@ -67,27 +67,6 @@ void PhotoView::setViewport(const PhotoViewport& viewport) {
 void PhotoView::setDropHighlight(bool on) {
   if (std::exchange(m_dropHighlight, on) != on)
     update();
-}
-
-void PhotoView::switchFocus() {
-  const QList<QToolButton*> buttons = toolBar().findChildren<QToolButton*>();
-  const auto first = std::find_if(buttons.cbegin(), buttons.cend(),
-                                  [](const QToolButton* button) { return button->isEnabled(); });
-  if (toolBar().isAncestorOf(QApplication::focusWidget()) || first == buttons.cend())
-    setFocus(Qt::OtherFocusReason);
-  else
-    (*first)->setFocus(Qt::TabFocusReason);
-}
-
-// The window takes F6 for the bars of the mesh otherwise.
-bool PhotoView::event(QEvent* event) {
-  const bool isKey = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
-  if (!isKey || static_cast<QKeyEvent*>(event)->key() != Qt::Key_F6)
-    return BaseView::event(event);
-  if (event->type() == QEvent::KeyPress)
-    switchFocus();
-  event->accept();
-  return true;
 }
 
 QString PhotoView::nameText() const { return m_footer->name(); }

@@ -57,14 +57,12 @@ Q_SIGNALS:
   void settled();
 
 protected:
-  bool event(QEvent* event) override;
   void changeEvent(QEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
 private:
-  void switchFocus();
   QRect canvasRect() const;
   void updateCanvas();
   void updateTexts();

@@ -31,14 +31,14 @@ MeshToolBars::MeshToolBars(MeshView& view, MeshViewController& controller, QObje
       m_main(new ToolBar(&view, Qt::TopToolBarArea)),
       m_panel(new ActionPanel(&view)),
       m_dynamic(new ToolbarManager(m_main)) {
-  dressMainBar();
+  styleMainBar();
   keepTranslated(m_panel, [this] { m_panel->setAccessibleName(tr("Actions")); });
   if (view.isRightToLeft())
     m_panel->SetArea(Qt::RightToolBarArea);
   m_panel->SetTooltipGroup(CommandTooltips);
   for (ToolBar* const bar : {m_main, static_cast<ToolBar*>(m_panel)}) {
     bar->hide();
-    connect(bar, &ToolBar::LayoutChanged, this, &MeshToolBars::dressButtons);
+    connect(bar, &ToolBar::LayoutChanged, this, &MeshToolBars::styleButtons);
   }
   m_main->AddCommandGroup(controller.ToolPanelGroup());
   m_panel->AddCommandGroup(controller.ActionPanelGroup());
@@ -49,7 +49,7 @@ MeshToolBars::MeshToolBars(MeshView& view, MeshViewController& controller, QObje
 
 MeshToolBars::~MeshToolBars() = default;
 
-void MeshToolBars::dressMainBar() {
+void MeshToolBars::styleMainBar() {
   keepTranslated(m_main, [this] { m_main->setAccessibleName(tr("Main toolbar")); });
   ToolBar::ApplyDefaultToolbarParams(m_main, QStringLiteral("main_tool_bar"));
   m_main->SetCentered(true);
@@ -69,7 +69,7 @@ void MeshToolBars::show() {
     return;
   m_dynamic->addDynamicCommandGroup(m_controller.DynamicToolPanelGroup());
   m_panel->PrepareActionPanel();
-  dressButtons();
+  styleButtons();
   m_view.setFitMargin({clearSide(), clearTop()});
   m_main->ShowAnimated();
   m_panel->ShowAnimated();
@@ -79,10 +79,10 @@ void MeshToolBars::show() {
 }
 
 // All bars of the view, those behind buttons included.
-void MeshToolBars::dressButtons() {
+void MeshToolBars::styleButtons() {
   const auto bars = m_view.findChildren<ToolBar*>(QString(), Qt::FindDirectChildrenOnly);
   for (ToolBar* const bar : bars) {
-    connect(bar, &ToolBar::LayoutChanged, this, &MeshToolBars::dressButtons, Qt::UniqueConnection);
+    connect(bar, &ToolBar::LayoutChanged, this, &MeshToolBars::styleButtons, Qt::UniqueConnection);
     const QList<ToolButton*> buttons = bar->Buttons();
     for (ToolButton* const button : buttons)
       giveCommandTooltip(*button);

@@ -43,8 +43,8 @@ public:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-  void dressMainBar();
-  void dressButtons();
+  void styleMainBar();
+  void styleButtons();
   bool closeMenu();
   // What the bars take of the view, in px, with a gap.
   int clearSide() const;
