@@ -221,6 +221,27 @@ private Q_SLOTS:
     f.manager.reset();
     upper.release();
   }
+
+  void holdsEndInOneAnother() {
+    ManagerFixture f;
+    auto* const first = f.add(checkableCommand(Ids::a));
+    auto* const second = f.add(Ids::b);
+    auto* const third = f.add(Ids::c);
+    auto outer = f.manager->holdContext({{"a", {2, 1}}, {"b", {0, 2}}});
+    auto inner = f.manager->holdContext({{"b", {0, 2}}, {"c", {0, 2}}});
+    f.apply();
+    QVERIFY(first->isChecked() && !second->isEnabled() && !third->isEnabled());
+    connect(first, &QAction::toggled, first, [&] { // while the outer one is half released
+      inner.release();
+      f.manager->pushContext({{"c", {0, 2}}});
+      f.dispatcher.runAll();
+      f.manager->popContext();
+    });
+    outer.release();
+    f.apply();
+    QVERIFY(!first->isChecked() && second->isEnabled() && third->isEnabled());
+    QVERIFY(f.manager->contextStack().isEmpty());
+  }
 };
 
 VELA_TEST_MAIN(ContextLayersTest)

@@ -87,6 +87,7 @@ private Q_SLOTS:
   void operationFollowsItsButton();
   void toolsHearOfTheirPlace_data();
   void toolsHearOfTheirPlace();
+  void resettingFollowsOperationsOfItsReports();
   void clearingReleasesWithoutDeactivating();
   void reportsAndDyingToolsFindAStackThatEnds();
   void laterObserverHearsAToolThatIsGone();
@@ -170,6 +171,22 @@ void ToolStackTest::toolsHearOfTheirPlace() {
   QTEST(held.join(' '), "held");
   for (const auto& tool : std::as_const(tools))
     QVERIFY(tool->getDelegate() || !stack->holds(*tool));
+}
+
+void ToolStackTest::resettingFollowsOperationsOfItsReports() {
+  for (const QString script : {"L+a R+b", "L+a R+b b:startOperation"}) {
+    const auto stack = createShared<RecordingStack>();
+    Tools tools;
+    for (const QString& word : script.split(' '))
+      play(*stack, tools, word);
+    const bool begins = !tools["b"]->isOperating();
+    stack->onReport = [&](const QString& report) {
+      if (report == "a deactivated")
+        play(*stack, tools, begins ? "b:startOperation" : "b:endOperation");
+    };
+    stack->resetTools();
+    QCOMPARE(tools["a"]->isSuspended(), begins);
+  }
 }
 
 void ToolStackTest::clearingReleasesWithoutDeactivating() {

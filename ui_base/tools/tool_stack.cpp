@@ -38,18 +38,29 @@ public:
            std::find(found->second.begin(), found->second.end(), tool) != found->second.end();
   }
 
-  // What hears of it may push another one over it, or take it off.
+  std::shared_ptr<InteractiveTool> operating() const {
+    for (const auto& [button, stack] : tools) {
+      if (!stack.empty() && stack.back()->isOperating())
+        return stack.back();
+    }
+    return {};
+  }
+
+  // What hears of it may push another one over it, take it off, and begin and end operations.
   void reset(EToolActivationButton button, const std::shared_ptr<InteractiveTool>& tool) const {
     const bool wasSuspended = tool->isSuspended();
     const bool waits = wasSuspended && top(button) == tool; // for one of another button
     if (!wasSuspended && !tool->isActive())
       return;
+    const auto before = operating();
     if (wasSuspended)
       tool->resume();
     tool->deactivate();
     if (holds(button, tool))
       tool->activate();
-    if (waits || top(button) != tool)
+    const auto after = operating();
+    const bool waitsNow = after == before ? waits : button == LeftButton && after != nullptr;
+    if (waitsNow || top(button) != tool)
       tool->suspend();
   }
 
@@ -122,13 +133,7 @@ void ToolStack::takeToolOff(EToolActivationButton button, const std::shared_ptr<
 
 std::shared_ptr<InteractiveTool> ToolStack::getTool(EToolActivationButton button) { return d->top(button); }
 
-std::shared_ptr<InteractiveTool> ToolStack::getOperatingTool() const {
-  for (const auto& [button, stack] : d->tools) {
-    if (!stack.empty() && stack.back()->isOperating())
-      return stack.back();
-  }
-  return {};
-}
+std::shared_ptr<InteractiveTool> ToolStack::getOperatingTool() const { return d->operating(); }
 
 QList<HeldTool> ToolStack::heldTools() const {
   QList<HeldTool> held;
