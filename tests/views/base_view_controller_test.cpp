@@ -8,6 +8,8 @@
 #include <ui_base/views/tabbed_app.h>
 #include <vlk_app_service/application_service.h>
 
+#include <QDialog>
+#include <QMenu>
 #include <QPointer>
 #include <QSignalSpy>
 
@@ -69,6 +71,7 @@ class BaseViewControllerTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void lifeIsToldInOrder();
   void altReleaseIsSynthesizedOnDeactivation();
+  void doubleClickWithoutItsReleaseLeavesTheNextPress();
   void delegateMayPresent();
   void loadedControllerIsAskedForShutdown();
   void tooltipsHearOfViews();
@@ -105,6 +108,32 @@ void BaseViewControllerTest::altReleaseIsSynthesizedOnDeactivation() {
     QVERIFY(!s.calls.contains("keyRelease")); // it goes through the event queue
     QCoreApplication::sendPostedEvents(s.view);
     QCOMPARE(s.calls.count("keyRelease"), synthesized);
+  }
+}
+
+void BaseViewControllerTest::doubleClickWithoutItsReleaseLeavesTheNextPress() {
+  for (const QString loss : {"dialog", "menu", "disabled"}) {
+    ViewStage s;
+    QDialog dialog;
+    dialog.setModal(true);
+    QMenu menu;
+    menu.addAction(loss);
+    s.controller->on["mouseDoubleClick"] = [&] {
+      if (loss == "dialog")
+        dialog.show();
+      else if (loss == "menu")
+        menu.popup(s.view->mapToGlobal(s.view->rect().bottomRight()));
+      else
+        s.view->setEnabled(false);
+    };
+    QTest::mouseDClick(s.view->windowHandle(), Qt::LeftButton, {}, {5, 5});
+    dialog.close();
+    menu.close();
+    s.view->setEnabled(true);
+    s.calls.clear();
+    QTest::lastMouseTimestamp += QTest::mouseDoubleClickInterval; // not a third one
+    QTest::mouseClick(s.view->windowHandle(), Qt::LeftButton, {}, {5, 5});
+    QCOMPARE(s.calls.count("mousePress"), 1);
   }
 }
 

@@ -23,6 +23,8 @@ public:
   QHash<QString, std::function<void()>> on;
 
   bool mousePress(QMouseEvent*) override { return !note("mousePress"); }
+  bool mouseDoubleClick(QMouseEvent*) override { return !note("mouseDoubleClick"); }
+  bool keyPress(QKeyEvent*) override { return !note("keyPress"); }
   bool keyRelease(QKeyEvent*) override { return !note("keyRelease"); }
 
   void viewDidLoad() override {

@@ -98,6 +98,7 @@ public:
     return input([=, this] { return UiBase::CmdsViewController::mouseLeave(event); });
   }
   bool hasAppeared() const { return m_told == Appeared; }
+  bool wasTold() const { return m_told != Nothing; }
 
   int presses = 0;
 

@@ -22,8 +22,10 @@ const char* const actNames[ACTS] = {
 
 } // namespace
 
+// One callback in VELA_FUZZ_RATE acts.
 void ViewFuzz::callOut(CmdsViewController* controller, InteractiveTool* itself) {
-  if (m_depth >= MaxDepth || m_bytes.next(4) != 3)
+  static const int rate = qEnvironmentVariable("VELA_FUZZ_RATE", QStringLiteral("4")).toInt();
+  if (m_depth >= MaxDepth || m_bytes.next(rate) != rate - 1)
     return;
   ++m_depth;
   m_caller = controller;

@@ -91,13 +91,13 @@ void ViewFuzz::checkTools(CmdsViewController& controller) {
   }
 }
 
-// Its own, unless it has appeared and its controller has tools.
+// Its own, unless its controller has tools that are in reach.
 void ViewFuzz::checkCursor(const BaseView& view) {
   Qt::CursorShape expected = static_cast<const FuzzView&>(view).ownCursor;
   auto* const controller = dynamic_cast<FuzzController*>(view.getViewController());
-  if (controller) {
-    if (controller->getView() != &view || !controller->hasAppeared())
-      return;
+  if (controller && (controller->getView() != &view || !controller->wasTold()))
+    return;
+  if (controller && controller->hasAppeared()) {
     if (const auto operating = controller->getOperatingTool())
       expected = operating->getOperatingCursor().shape();
     else if (const auto primary = controller->getTool(LeftButton))

@@ -4,6 +4,8 @@
 #include "workbench_fixture.h"
 
 #include <ui_base/assistants/command_palette.h>
+#include <ui_base/views/base_view.h>
+#include <ui_base/views/base_view_controller.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_common_res/styles.h>
 #include <workbench/commands/dark_palette_command.h>
@@ -17,6 +19,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QStatusBar>
 
@@ -278,6 +281,39 @@ private Q_SLOTS:
     QTRY_VERIFY(hasFocus(palette));
     workbench.press(Qt::Key_Escape);
     QVERIFY(hasFocus(&mesh));
+  }
+
+  void whatCoversAViewIsWorkedByKeyboardAlone() {
+    struct Cover : Vela::UiBase::BaseViewController {
+      using BaseViewController::BaseViewController;
+      bool keyPress(QKeyEvent* event) override {
+        return event->key() == Qt::Key_Escape && dismissViewController();
+      }
+    };
+    WorkbenchFixture workbench;
+    const auto focus = [&workbench]() -> QWidget* { return workbench.window().focusWidget(); };
+    QTRY_COMPARE(focus(), &workbench.view());
+    QPointer<Vela::UiBase::BaseView> view = new Vela::UiBase::BaseView;
+    auto* const cover = new Cover(view);
+    auto* const field = new QLineEdit(view);
+    workbench.controller().setDelegate(std::shared_ptr<Vela::UiBase::PresentViewProtocol>(), false);
+    QVERIFY(workbench.controller().presentViewController(cover, Vela::UiBase::FromRight));
+    QCOMPARE(focus(), view);
+    for (int i = 0; i < 20 && focus() != field; ++i) {
+      workbench.press(Qt::Key_Tab);
+      QVERIFY(focus() && focus() != &workbench.view());
+    }
+    workbench.press(Qt::Key_7);
+    QCOMPARE(field->text(), QStringLiteral("7"));
+    workbench.press(Qt::Key_O, Qt::ControlModifier);
+    QVERIFY(workbench.fileDialog());
+    workbench.press(Qt::Key_Escape);
+    QTRY_VERIFY(!QApplication::activeModalWidget());
+    workbench.window().activateWindow(); // which a window manager does
+    QTRY_COMPARE(QApplication::focusWidget(), field);
+    workbench.press(Qt::Key_Escape);
+    QTRY_COMPARE(focus(), &workbench.view());
+    QTRY_VERIFY(!view);
   }
 
   void quits() {

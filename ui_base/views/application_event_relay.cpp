@@ -3,10 +3,14 @@
 
 #include "base_view.h"
 #include "covered_shortcuts.h"
+#include "presentation.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QKeyEvent>
 #include <QPointer>
 #include <QShortcutEvent>
+
+#include <algorithm>
 
 namespace Vela::UiBase {
 
@@ -21,6 +25,8 @@ QPointer<ApplicationEventRelay>& relay() {
 
 ApplicationEventRelay::ApplicationEventRelay(QObject* application) : QObject(application) {
   application->installEventFilter(this);
+  if (const auto* const widgets = qobject_cast<QApplication*>(application))
+    connect(widgets, &QApplication::focusChanged, this, &ApplicationEventRelay::focusChanged);
 }
 
 void ApplicationEventRelay::add(BaseView& view) {
@@ -35,11 +41,44 @@ void ApplicationEventRelay::remove(BaseView& view) {
   relay()->m_views.removeOne(&view);
 }
 
+// It died, was moved or gave the focus away: in the middle of what else may be moving the focus.
+void ApplicationEventRelay::focusChanged(const QWidget* before, const QWidget* now) {
+  if (!before || now)
+    return;
+  const QObject* place = before;
+  while (place && !qobject_cast<const BaseView*>(place))
+    place = place->parent();
+  m_lastFocused = const_cast<BaseView*>(static_cast<const BaseView*>(place));
+  QMetaObject::invokeMethod(this, &ApplicationEventRelay::giveFocusBack, Qt::QueuedConnection);
+}
+
+void ApplicationEventRelay::giveFocusBack() {
+  const QWidget* const window = QApplication::activeWindow();
+  if (!window || window->focusWidget())
+    return;
+  QList<BaseView*> candidates = m_views;
+  candidates.prepend(m_lastFocused.data());
+  for (const BaseView* const view : std::as_const(candidates)) {
+    if (view && view->window() == window && view->isVisible() && view->isEnabled())
+      return Presentation::of(*view)->focusFront();
+  }
+}
+
+bool ApplicationEventRelay::anyCovered() const {
+  return std::any_of(m_views.cbegin(), m_views.cend(),
+                     [](const BaseView* view) { return Presentation::of(*view)->isCovered(*view); });
+}
+
 QList<BaseView*> ApplicationEventRelay::views() { return relay() ? relay()->m_views : QList<BaseView*>(); }
 
 bool ApplicationEventRelay::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Shortcut)
     return handleCoveredShortcut(*watched, *static_cast<QShortcutEvent*>(event));
+  if (event->type() == QEvent::ShortcutOverride && watched == QApplication::focusWidget() && anyCovered() &&
+      isCoveredShortcut(*static_cast<QKeyEvent*>(event))) {
+    event->accept();
+    return true;
+  }
   if (watched != parent())
     return false;
   QList<QPointer<BaseView>> views;

@@ -3,6 +3,9 @@
 
 #include <QList>
 #include <QObject>
+#include <QPointer>
+
+class QWidget;
 
 namespace Vela::UiBase {
 
@@ -10,7 +13,8 @@ class BaseView;
 
 /// The one event filter on the application object for all views. It passes on only the events of the
 /// application object itself: a filter for each view would have each of them see every event of the program.
-/// Shortcuts it keeps from what is covered by a presented view.
+/// Shortcuts it keeps from what is covered by a presented view, and a focus that is lost it gives back to a
+/// view.
 class ApplicationEventRelay : public QObject {
 public:
   /// A view is removed before it dies. Main thread only.
@@ -24,7 +28,12 @@ public:
 private:
   explicit ApplicationEventRelay(QObject* application);
 
+  bool anyCovered() const;
+  void focusChanged(const QWidget* before, const QWidget* now);
+  void giveFocusBack();
+
   QList<BaseView*> m_views;
+  QPointer<BaseView> m_lastFocused; // where a focus that was lost has been
 };
 
 } // namespace Vela::UiBase

@@ -67,7 +67,7 @@ void BaseViewController::takeView(BaseView* view) {
   d->owners.append(view);
   d->view = view;
   d->notifications.drop(); // which lie over the former view
-  viewChanged();
+  viewChanged(isInReach());
 }
 
 void BaseViewController::forgetView(BaseView* view) {
@@ -78,10 +78,16 @@ void BaseViewController::forgetView(BaseView* view) {
   d->notifications.drop();
   if (m_told == Told::Appeared) // the view died
     m_told = Told::Nothing;
-  viewChanged();
+  viewChanged(isInReach());
 }
 
-void BaseViewController::viewChanged() {}
+void BaseViewController::viewChanged(bool) {}
+
+// In the middle of the callback before, the opposite may have been told.
+void BaseViewController::reachChanged() {
+  d->notifications.setVisible(isInReach());
+  viewChanged(isInReach());
+}
 
 void BaseViewController::tellIfViewIsLost() {
   if (d->loaded && !d->view)

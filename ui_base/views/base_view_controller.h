@@ -137,9 +137,12 @@ private:
 
   enum class Told : signed char { Nothing, Appeared, Disappeared };
 
-  /// The view is another one now, or none, and not yet anybody else's.
-  virtual void viewChanged();
+  /// The view is another one now, or none, and not yet anybody else's; or it was told that it appears or
+  /// disappears.
+  virtual void viewChanged(bool inReach);
 
+  bool isInReach() const { return m_told != Told::Disappeared; }
+  void reachChanged();
   void takeView(BaseView* view);
   void forgetView(BaseView* view);
   void tellIfViewIsLost();

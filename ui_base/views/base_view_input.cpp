@@ -3,6 +3,7 @@
 #include "base_view_controller.h"
 #include "base_view_p.h"
 #include "presentation.h"
+#include "view_focus.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -75,6 +76,20 @@ bool isPartOfWalk(const QEvent& event) {
   }
 }
 
+// The release of a button that is held goes to a dialog or a menu, or to nobody.
+bool losesMouse(const QWidget& view, const QEvent& event) {
+  switch (event.type()) {
+  case QEvent::WindowBlocked:
+    return true;
+  case QEvent::FocusOut:
+    return static_cast<const QFocusEvent&>(event).reason() == Qt::PopupFocusReason;
+  case QEvent::EnabledChange:
+    return !view.isEnabled();
+  default:
+    return false;
+  }
+}
+
 // What heard that the view is hidden has shown it again, and afterwards Qt hid its children: they would stay
 // invisible in a view that is seen. They cannot be shown before they count as hidden.
 void showChildrenAgain(BaseView& view) {
@@ -90,6 +105,18 @@ void showChildrenAgain(BaseView& view) {
       continue;
     child->setAttribute(Qt::WA_WState_Hidden);
     child->show();
+  }
+}
+
+// What heard that the view is hidden, in order to be moved, has shown it again: Qt would move it as it is and
+// tell nobody that it is seen no more. Who always does is left to itself.
+void hideForMove(BaseView& view) {
+  constexpr int maxTurns = 4;
+  const QPointer<BaseView> self(&view);
+  for (int turn = 0; turn < maxTurns && self && self->isVisible(); ++turn) {
+    self->hide();
+    if (self)
+      self->setAttribute(Qt::WA_WState_ExplicitShowHide, false); // as Qt does
   }
 }
 
@@ -115,10 +142,18 @@ bool BaseView::event(QEvent* event) {
     event->ignore();
     return false;
   }
+  if (losesMouse(*this, *event))
+    d->forgetClick();
   if (type == QEvent::HideToParent && isVisible()) {
     showChildrenAgain(*this); // which calls out
     return true;
   }
+  if (type == QEvent::HideToParent && holdsFocus(*this)) {
+    window()->focusWidget()->clearFocus(); // of a page that is not seen: Qt leaves it there
+    return true;
+  }
+  if (type == QEvent::ParentAboutToChange)
+    hideForMove(*this);
   if (type != QEvent::ParentChange && type != QEvent::FocusIn && type != QEvent::EnabledChange)
     return QWidget::event(event);
 

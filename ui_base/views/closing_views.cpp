@@ -22,12 +22,15 @@ public:
     const auto controller = view.ownController();
     return controller && controller->isLoaded();
   }
+  // A view that is being asked already is not asked a second question in the middle of the first.
   static bool agrees(BaseView& view) {
+    if (view.d->closing)
+      return false;
     const QPointer<BaseView> guard(&view);
-    const bool outer = std::exchange(view.d->closing, true);
+    view.d->closing = true;
     const bool agreed = view.ownController()->viewWillClose();
     if (guard)
-      guard->d->closing = outer;
+      guard->d->closing = false;
     return agreed;
   }
   static void reload(const Views& agreed) {
@@ -36,7 +39,6 @@ public:
         (*view)->ownController()->viewDidLoad();
     }
   }
-  static void forgetClick(BaseView& view) { view.d->forgetClick(); }
 };
 
 namespace {
@@ -97,14 +99,7 @@ void ViewWindow::watch(QWidget& window) {
 }
 
 bool ViewWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Close && watched == &m_window && !m_passesOn)
-    return close(event);
-  if (event->type() == QEvent::WindowBlocked) {
-    const auto views = m_window.findChildren<BaseView*>();
-    for (BaseView* const view : views)
-      ClosingView::forgetClick(*view);
-  }
-  return false;
+  return event->type() == QEvent::Close && watched == &m_window && !m_passesOn && close(event);
 }
 
 bool ViewWindow::close(QEvent* event) {

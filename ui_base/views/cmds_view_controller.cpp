@@ -85,7 +85,10 @@ void CmdsViewController::viewDidLoad() {
   }
 }
 
-void CmdsViewController::viewChanged() { d->cursors.moveTo(getView()); }
+void CmdsViewController::viewChanged(bool inReach) {
+  d->cursors.moveTo(getView());
+  d->cursors.setInReach(inReach);
+}
 
 void CmdsViewController::viewWasLost() {
   const QPointer<BaseViewController> self(this);

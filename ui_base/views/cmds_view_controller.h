@@ -151,7 +151,7 @@ protected:
   void idleCursorChanged(InteractiveTool& tool) override;
 
 private:
-  void viewChanged() override;
+  void viewChanged(bool inReach) override;
   template <class Event>
   bool offerToCommand(bool (ViewResponder::*handler)(Event*), Event* event);
   std::shared_ptr<InteractiveTool> toolForMove(const QMouseEvent& event);

@@ -167,7 +167,9 @@ void CmdsViewController::toolEndedOperating(InteractiveTool* tool) {
 }
 
 void CmdsViewController::toolCursorChange(InteractiveTool* tool) {
-  if (BaseView* const view = getView(); view && tool && holds(*tool))
+  if (!tool || !holds(*tool) || d->cursors.change(*tool, ViewCursors::Operating, tool->getOperatingCursor()))
+    return;
+  if (BaseView* const view = getView())
     view->setCursor(tool->getOperatingCursor());
 }
 

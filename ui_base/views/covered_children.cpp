@@ -90,6 +90,11 @@ bool CoveredChildren::eventFilter(QObject* watched, QEvent* event) {
   if (type == QEvent::ChildAdded && watched == m_view) {
     if (QWidget* const child = asWidget(static_cast<QChildEvent*>(event)->child()))
       add(*child);
+    if (m_view)
+      Presentation::of(*m_view)->raiseOver(*m_view);
+  } else if (type == QEvent::ZOrderChange && watched != m_view) {
+    if (isCovered(*static_cast<QWidget*>(watched)))
+      Presentation::of(*m_view)->raiseOver(*m_view);
   } else if (type == QEvent::EnabledChange && watched != m_view) {
     if (auto* const child = static_cast<QWidget*>(watched); child->isEnabled() && isCovered(*child))
       disable(*child);

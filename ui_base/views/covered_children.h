@@ -11,8 +11,9 @@ namespace Vela::UiBase {
 
 class BaseView;
 
-/// Keeps the children of a covered view out of reach, except those that lie in front of it: they are disabled
-/// until the view is uncovered. What the application sets meanwhile with setEnabled() holds from then on.
+/// Keeps the children of a covered view out of reach, except those that lie in front of it: they are
+/// disabled, and stay behind the front, until the view is uncovered. What the application sets meanwhile with
+/// setEnabled() holds from then on.
 class CoveredChildren : public QObject {
 public:
   explicit CoveredChildren(BaseView& covered);

@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QShortcut>
 #include <QShortcutEvent>
@@ -43,9 +44,8 @@ bool isCoveredOnly(const QObject& owner) {
 
 /// The actions and shortcuts of a window that a key could mean.
 struct Rivals {
-  QList<QAction*> reachable;
+  QList<QObject*> reachable;
   bool anyCovered = false;
-  bool otherShortcut = false;
 };
 
 Rivals rivalsFor(const QKeySequence& key) {
@@ -67,15 +67,34 @@ Rivals rivalsFor(const QKeySequence& key) {
     }
   }
   const auto shortcuts = window->findChildren<QShortcut*>();
-  for (const QShortcut* const shortcut : shortcuts) {
+  for (QShortcut* const shortcut : shortcuts) {
     if (!shortcut->isEnabled() || !shortcut->keys().contains(key))
       continue;
-    (isCoveredOnly(*shortcut) ? rivals.anyCovered : rivals.otherShortcut) = true;
+    if (isCoveredOnly(*shortcut))
+      rivals.anyCovered = true;
+    else if (isReachable(shortcut->parent()))
+      rivals.reachable.append(shortcut);
   }
   return rivals;
 }
 
+void activate(QObject& owner, const QShortcutEvent& event) {
+  if (auto* const action = qobject_cast<QAction*>(&owner))
+    return action->trigger();
+  QShortcutEvent certain(event.key(), event.shortcutId(), false);
+  QCoreApplication::sendEvent(&owner, &certain);
+}
+
 } // namespace
+
+bool isCoveredShortcut(const QKeyEvent& event) {
+  const auto isCoveredKey = [&event](Qt::KeyboardModifiers ignored) {
+    const Rivals rivals =
+        rivalsFor(QKeySequence(QKeyCombination(event.modifiers() & ~ignored, Qt::Key(event.key()))));
+    return rivals.anyCovered && rivals.reachable.isEmpty();
+  };
+  return isCoveredKey(Qt::KeypadModifier) || isCoveredKey(Qt::KeypadModifier | Qt::ShiftModifier); // "?"
+}
 
 bool handleCoveredShortcut(QObject& owner, const QShortcutEvent& event) {
   const bool covered = isCoveredOnly(owner);
@@ -84,8 +103,8 @@ bool handleCoveredShortcut(QObject& owner, const QShortcutEvent& event) {
   const Rivals rivals = rivalsFor(event.key());
   if (!rivals.anyCovered)
     return false;
-  if (rivals.reachable.size() == 1 && !rivals.otherShortcut) {
-    rivals.reachable.constFirst()->trigger();
+  if (rivals.reachable.size() == 1) {
+    activate(*rivals.reachable.constFirst(), event);
     return true;
   }
   return covered;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+class QKeyEvent;
 class QObject;
 class QShortcutEvent;
 
@@ -11,5 +12,9 @@ namespace Vela::UiBase {
 /// @param owner the action or shortcut that the event is sent to.
 /// @return whether the event is done.
 bool handleCoveredShortcut(QObject& owner, const QShortcutEvent& event);
+
+/// Whether a key is a shortcut of covered views only. It is to be a plain key then, which what is in front
+/// gets: otherwise the shortcut that is taken away would take the key along.
+bool isCoveredShortcut(const QKeyEvent& event);
 
 } // namespace Vela::UiBase

@@ -115,8 +115,6 @@ bool Presentation::present(BaseView& presenter, BaseView& view, ETransitionDirec
     shown->setParent(over); // which ends its presentation elsewhere
   if (over && shown)
     shown->setGeometry(over->rect());
-  if (shown)
-    shown->raise();
   if (!over || !shown || shown->parentWidget() != over || !mayPresent(*over, *shown))
     return false;
   over->installEventFilter(shown);
@@ -126,7 +124,9 @@ bool Presentation::present(BaseView& presenter, BaseView& view, ETransitionDirec
     order->rememberFocus(*front);
   order->insert(of(*shown)->take(*shown), *over, direction);
   const quint64 serial = order->serialOf(*shown);
-  order->tell(*over, Told::Disappeared);
+  order->raiseOver(*over);
+  if (over)
+    order->tell(*over, Told::Disappeared);
   return show(shown, serial);
 }
 
@@ -138,7 +138,7 @@ bool Presentation::show(const QPointer<BaseView>& view, quint64 serial) {
   const bool wasHidden = view->isHidden();
   if (wasHidden)
     view->show();
-  else
+  else if (view->isVisible())
     of(*view)->focusFront();
   if (stands())
     of(*view)->cover();
@@ -245,10 +245,13 @@ void Presentation::tell(BaseView& view, Told what) {
   const std::shared_ptr<BaseViewController> controller = view.ownController();
   if (!controller || std::exchange(controller->m_told, what) == what)
     return;
+  const QPointer<BaseViewController> listener(controller.get()); // it may be deleted by hand
   if (what == Told::Appeared)
     controller->viewWillAppear();
   else
     controller->viewWillDisappear();
+  if (listener)
+    listener->reachChanged();
 }
 
 // Those on their way out are told when they are hidden.
@@ -260,8 +263,8 @@ BaseView* Presentation::leaving() const {
   return nullptr;
 }
 
-/// Tells who is covered that it disappears, and then the front that it appears.
-void Presentation::settle() {
+/// Tells who is covered that it disappears.
+void Presentation::tellCovered() {
   const auto self = shared_from_this();
   const auto appearedBehind = [this]() -> BaseView* {
     const BaseView* const left = leaving();
@@ -275,7 +278,12 @@ void Presentation::settle() {
   };
   while (BaseView* const behind = appearedBehind())
     tell(*behind, Told::Disappeared);
+}
 
+/// Tells who is covered that it disappears, and then the front that it appears.
+void Presentation::settle() {
+  const auto self = shared_from_this();
+  tellCovered();
   BaseView* const front = frontBut(leaving());
   const Layer* const layer = front ? find(*front) : nullptr;
   if (!layer || layer->unmapped || !front->isVisible())

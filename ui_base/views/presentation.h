@@ -65,6 +65,8 @@ public:
 
   /// Gives the focus to the front, where it was there before; not to what lies in a view that goes.
   void focusFront(const BaseView* gone = nullptr);
+  /// Puts what is presented over a view in front of its other children.
+  void raiseOver(const BaseView& presenter) const;
   /// Remembers where in the view the focus is.
   void rememberFocus(BaseView& view);
 
@@ -98,6 +100,7 @@ private:
   void end(BaseView& view);
   static Told told(const BaseView& view);
   void tell(BaseView& view, Told what);
+  void tellCovered();
   void settle();
   void cover();
 

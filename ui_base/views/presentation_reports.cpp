@@ -19,7 +19,7 @@ void Presentation::willShow(BaseView& view, bool takesFocus) {
     focusFront();
   cover();
   if (shown && front() == shown)
-    settle(); // what it covers from now on
+    tellCovered(); // it is told itself when it is loaded
 }
 
 void Presentation::didLoad(BaseView& view) {
@@ -96,6 +96,18 @@ void Presentation::viewDies(BaseView& view) {
   }
   if (own.get() == this && hadFocus)
     passFocusOn(view);
+}
+
+void Presentation::raiseOver(const BaseView& presenter) const {
+  QList<QPointer<BaseView>> views;
+  for (const Layer& layer : m_layers) {
+    if (layer.presenter == &presenter)
+      views.append(layer.view);
+  }
+  for (const QPointer<BaseView>& view : std::as_const(views)) {
+    if (view)
+      view->raise();
+  }
 }
 
 void Presentation::rememberFocus(BaseView& view) {

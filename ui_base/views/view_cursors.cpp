@@ -31,7 +31,7 @@ void ViewCursors::show(const InteractiveTool& tool, Kind kind, const QCursor& cu
 void ViewCursors::takeAway(const InteractiveTool& tool, Kind kind) {
   const auto found = find(tool, kind);
   if (found == m_shown.end()) {
-    if (m_view && m_shown.empty())
+    if (m_view && m_shown.empty() && m_inReach)
       m_view->setCursor(Qt::ArrowCursor);
     return;
   }
@@ -41,13 +41,14 @@ void ViewCursors::takeAway(const InteractiveTool& tool, Kind kind) {
     apply();
 }
 
-void ViewCursors::change(const InteractiveTool& tool, Kind kind, const QCursor& cursor) {
+bool ViewCursors::change(const InteractiveTool& tool, Kind kind, const QCursor& cursor) {
   const auto found = find(tool, kind);
   if (found == m_shown.end())
-    return;
+    return false;
   found->cursor = cursor;
   if (std::next(found) == m_shown.end())
     apply();
+  return true;
 }
 
 void ViewCursors::clear() {
@@ -55,6 +56,17 @@ void ViewCursors::clear() {
     return;
   m_shown.clear();
   apply();
+}
+
+void ViewCursors::setInReach(bool inReach) {
+  if (m_inReach == inReach)
+    return;
+  keepPresent();
+  if (!m_shown.empty() && !inReach)
+    showOwn();
+  m_inReach = inReach;
+  if (!m_shown.empty())
+    apply();
 }
 
 std::vector<ViewCursors::Shown>::iterator ViewCursors::find(const InteractiveTool& tool, Kind kind) {
@@ -68,18 +80,25 @@ std::vector<ViewCursors::Shown>::iterator ViewCursors::find(const InteractiveToo
 void ViewCursors::keepPresent() {
   if (!m_view)
     return;
-  if (!m_shown.empty())
+  if (!m_shown.empty() && m_inReach)
     m_shown.back().cursor = m_view->cursor();
   else
     m_own = m_view->testAttribute(Qt::WA_SetCursor) ? std::optional(m_view->cursor()) : std::nullopt;
 }
 
 void ViewCursors::apply() {
+  if (!m_view || !m_inReach)
+    return;
+  if (m_shown.empty())
+    showOwn();
+  else
+    m_view->setCursor(m_shown.back().cursor);
+}
+
+void ViewCursors::showOwn() {
   if (!m_view)
     return;
-  if (!m_shown.empty())
-    m_view->setCursor(m_shown.back().cursor);
-  else if (m_own)
+  if (m_own)
     m_view->setCursor(*m_own);
   else
     m_view->unsetCursor();

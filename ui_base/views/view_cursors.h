@@ -24,9 +24,11 @@ public:
   void show(const InteractiveTool& tool, Kind kind, const QCursor& cursor);
   /// Puts back what was shown before. The arrow when nothing at all was shown.
   void takeAway(const InteractiveTool& tool, Kind kind);
-  /// Replaces a cursor that is shown, or would be if none lay over it.
-  void change(const InteractiveTool& tool, Kind kind, const QCursor& cursor);
+  /// Replaces a cursor that is shown, or would be if none lay over it. @return whether there is such a one.
+  bool change(const InteractiveTool& tool, Kind kind, const QCursor& cursor);
   void clear();
+  /// While the tools are out of reach the view has its own cursor, which what covers it may show too.
+  void setInReach(bool inReach);
 
 private:
   struct Shown {
@@ -38,10 +40,12 @@ private:
   std::vector<Shown>::iterator find(const InteractiveTool& tool, Kind kind);
   void keepPresent();
   void apply();
+  void showOwn();
 
   QPointer<BaseView> m_view;
   std::optional<QCursor> m_own; // of the view, while others are shown
   std::vector<Shown> m_shown;
+  bool m_inReach = true;
 };
 
 } // namespace Vela::UiBase
