@@ -80,6 +80,17 @@ private Q_SLOTS:
     QVERIFY(!f.manager->removeCommand(child.get()));
   }
 
+  void whatIsDisabledMayBeRemovedByIt() {
+    for (const bool isGroup : {false, true}) {
+      ManagerFixture f;
+      CommandBase* const command =
+          isGroup ? f.add<CommandBase>(groupOf("G", {})) : f.add<CommandBase>(checkableCommand(a));
+      connect(command, &QAction::enabledChanged, command, [&] { f.manager->removeCommand(command); });
+      command->setCommandState({State::Off, State::On});
+      QCOMPARE(f.bag().count(), 0);
+    }
+  }
+
   void delegateRemovesWhatIsAdded() {
     ManagerFixture f;
     auto* const command = new TestCommand(a);

@@ -87,6 +87,10 @@ private Q_SLOTS:
     QCOMPARE(order(*other) + QLatin1Char(' ') + order(*group), QStringLiteral("cbad b"));
     QCOMPARE(other->getCommandRank(a), 2);
     QVERIFY(!group->addCommand(group.get(), 0)); // would hold itself
+    const auto again = adoptShared<CommandBase>(new TestCommand(b));
+    connect(group.get(), &CommandGroup::childrenChanged, group.get(), [&] { group->addCommand(again, 5); });
+    QVERIFY(!group->addCommand(again, 5)); // as the other one moves, it is added
+    QCOMPARE(again->holdingGroups().size(), 1);
   }
 
   void lookUpsFollowEveryChange() {

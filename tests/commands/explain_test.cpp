@@ -47,6 +47,8 @@ private Q_SLOTS:
     ExplainFixture f;
     QCOMPARE(f.causes(), QString());
     f.other->setEnabled(false);
+    f.controller->setContext({{"work", {1, 2}}}); // the context of another one waits
+    QCOMPARE(f.causes(), "Not available at present.");
     f.command->trigger();
     QCOMPARE(f.causes(), isRunning + " Not available at present.");
     f.controller->setGroundState(other, {State::Off, State::Keep}, QStringLiteral("No scanner."));

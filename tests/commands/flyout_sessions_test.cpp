@@ -47,6 +47,8 @@ class Heard : public CommandStateProtocol {
 public:
   void commandBegan(CommandBase*) override {
     ++began;
+    if (atBegin)
+      atBegin();
     if (fails)
       throw std::runtime_error("observer");
   }
@@ -55,6 +57,7 @@ public:
   int began = 0;
   int ended = 0;
   bool fails = false;
+  std::function<void()> atBegin;
 };
 
 struct Session {
@@ -244,6 +247,13 @@ private Q_SLOTS:
     command.trigger();
     QVERIFY(!command.isActive() && stage.controller->contextStack().isEmpty());
     command.atBegin = nullptr;
+    QCOMPARE(stage.first.heard->ended, 0); // as nobody has heard of a beginning
+    stage.first.heard->atBegin = [&] { command.onFinalize(); };
+    command.setChecked(false);
+    command.setChecked(true);
+    QCOMPARE(stage.first.heard->ended, 1);
+    QVERIFY(!stage.controller->runningCommand()); // which hears after it
+    stage.first.heard->atBegin = nullptr;
     stage.first.heard->fails = true;
     command.setChecked(false);
     command.setChecked(true);

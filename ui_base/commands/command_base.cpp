@@ -71,8 +71,13 @@ CommandState CommandBase::defaultCommandState() { return {State::On, State::Off}
 CommandState CommandBase::commandState() { return {State(isEnabled()), State(isChecked())}; }
 
 void CommandBase::setCommandState(const CommandState& state) {
-  if (state.enabled != State::Keep && state.enabled != isEnabled())
+  if (state.enabled != State::Keep && state.enabled != isEnabled()) {
+    const bool mayGoOn = state.checked != State::Keep && isCheckable();
+    const QPointer<CommandBase> self(mayGoOn ? this : nullptr);
     setEnabled(state.enabled);
+    if (!self)
+      return;
+  }
   if (state.checked != State::Keep && isCheckable() && state.checked != isChecked())
     setChecked(state.checked);
 }

@@ -22,11 +22,12 @@ bool holds(const CommandBase& command, const CommandBase& other) {
 CommandBase* CommandGroup::addCommand(const std::shared_ptr<CommandBase>& command, int rank) {
   if (!command || refuses(*command))
     return nullptr;
-  setCommandRank(command->commandId(), rank);
-  d->bag.insertCommand(positionOf(rank), command);
+  const CommandRef self(*this);
+  setCommandRank(command->commandId(), rank); // who hears that others moved may add it too
+  if (!self.get() || !d->bag.insertCommand(positionOf(rank), command))
+    return nullptr;
   attachChild(*command);
   d->observers.tellArrived(*command);
-  const CommandRef self(*this);
   showOnButton();
   if (self.get() && command->isChecked())
     showChildren();

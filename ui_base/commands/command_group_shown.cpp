@@ -23,9 +23,10 @@ bool isNothingEnabled(const CommandBag& children) {
 } // namespace
 
 void CommandGroup::setCommandState(const CommandState& state) {
+  const CommandRef self(*this);
   if (state.enabled != State::Keep && state.enabled != isEnabled())
     setEnabled(state.enabled);
-  if (state.checked != State::Keep && isCheckable() && state.checked != isChecked())
+  if (self.get() && state.checked != State::Keep && isCheckable() && state.checked != isChecked())
     setChecked(state.checked);
 }
 

@@ -67,16 +67,18 @@ QList<CommandCause> CmdMgr::explain(const QString& id) const {
   if (!command)
     return causes;
   // What is handed over but not applied is not in the command's own state yet.
-  const bool isSettled = d->pending.isEmpty();
-  if (!isSettled || !command->isEnabled()) {
+  State enabled = command->isEnabled();
+  for (const auto& pending : std::as_const(d->pending))
+    enabled = pending->left(id).enabled;
+  const bool isDisabled = enabled == State::Off;
+  if (isDisabled) {
     const QList<ContextHolder> holders = holdersDisabling(id);
     causes.reserve(holders.size() + 1);
     for (const ContextHolder& holder : holders)
       causes.append({CommandCause::Layer, holder, sentence(*this, holder)});
   }
-  const bool isDisabled = !causes.isEmpty() || (isSettled && !command->isEnabled());
-  const bool groundIsOff = isDisabled && d->layers.groundPart(id, &CommandState::enabled,
-                                                              State(command->isEnabled())) == State::Off;
+  const bool groundIsOff =
+      isDisabled && d->layers.groundPart(id, &CommandState::enabled, State::Off) == State::Off;
   const QString reason = groundIsOff ? groundReason(id) : QString();
   const QList<CommandCause> groups = isDisabled ? groupsDisabling(*command) : QList<CommandCause>();
   if (isDisabled && reason.isEmpty() && groups.isEmpty() && (groundIsOff || causes.isEmpty()))

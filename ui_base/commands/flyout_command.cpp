@@ -47,9 +47,17 @@ FlyoutHost* hostOf(const FlyoutBase* flyout) {
 
 class FlyoutCommandPrivate {
 public:
+  // From begin to end.
+  struct Session {
+    ContextHold hold; // on the context of the beginning
+    bool isTold = false;
+    bool isBeingTold = false;
+    bool isInterrupted = false; // ended by one of those that are told of its beginning
+  };
+
   QPointer<QWidget> panel;
   bool active = false;
-  std::shared_ptr<ContextHold> session; // from begin to end, with the context of the beginning
+  std::shared_ptr<Session> session;
   struct {
     QPointer<QWidget> before; // when the panel was disabled, in it
     QPointer<QWidget> since;
@@ -73,8 +81,10 @@ FlyoutCommand::FlyoutCommand(QWidget* panel, CmdsViewController* viewController)
 
 FlyoutCommand::~FlyoutCommand() {
   beginDestruction();
-  if (std::exchange(d->session, nullptr))
+  if (const auto ended = std::exchange(d->session, nullptr)) {
+    ended->hold.release();
     close(); // nobody could do so any more
+  }
 }
 
 // By signature: what a flyout offers is known by the names of its signals alone.
@@ -163,18 +173,22 @@ void FlyoutCommand::onBegin() {
   if (d->session)
     return;
   const CommandRef self(*this);
-  const auto session = std::make_shared<ContextHold>();
+  const auto session = std::make_shared<FlyoutCommandPrivate::Session>();
   d->session = session;
   setIsActive(true);
-  const auto contextFailure = failureOf([&] { holdBeginContext(*session); });
+  const auto contextFailure = failureOf([&] { holdBeginContext(session->hold); });
   if (self.get() && d->session == session && contextFailure) {
     onFinalize();
     if (self.get())
       onExecutionFailed(*contextFailure);
     return;
   }
-  if (self.get() && d->session == session)
-    tell(&CommandStateProtocol::commandBegan);
+  if (self.get() && d->session == session) {
+    session->isTold = session->isBeingTold = true;
+    // Who has heard of the end shall not hear of the beginning after it.
+    tell(&CommandStateProtocol::commandBegan, {session, &session->isInterrupted});
+    session->isBeingTold = false;
+  }
   if (self.get() && d->session == session)
     open();
 }
@@ -194,11 +208,13 @@ void FlyoutCommand::holdBeginContext(ContextHold& hold) {
     hold = manager->holdContext(context, ContextHolder::open(id));
 }
 
-void FlyoutCommand::tell(void (CommandStateProtocol::*what)(CommandBase*)) {
+void FlyoutCommand::tell(void (CommandStateProtocol::*what)(CommandBase*),
+                         const std::shared_ptr<const bool>& unless) {
   const CommandRef self(*this);
   const auto failure = failureOf([&] {
-    broadcast([ref = self, what](CommandStateProtocol* observer) {
-      if (CommandBase* const command = ref.get())
+    broadcast([ref = self, what, unless](CommandStateProtocol* observer) {
+      CommandBase* const command = ref.get();
+      if (command && !(unless && *unless))
         (observer->*what)(command);
     });
   });
@@ -221,8 +237,10 @@ void FlyoutCommand::onFinalize() {
   const CommandRef self(*this);
   const auto ended = std::exchange(d->session, nullptr);
   setIsActive(false);
-  ended->release();
-  tell(&CommandStateProtocol::commandEnded);
+  ended->hold.release();
+  ended->isInterrupted = ended->isBeingTold;
+  if (ended->isTold)
+    tell(&CommandStateProtocol::commandEnded);
   if (self.get() && !d->session && isCheckable() && isChecked())
     setChecked(false); // it was closed from the panel
   if (self.get() && !d->session)

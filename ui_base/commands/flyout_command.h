@@ -86,7 +86,7 @@ private:
   void connectFlyout(const FlyoutBase& panel);
   void showEnabled();
   void holdBeginContext(ContextHold& hold);
-  void tell(void (CommandStateProtocol::*what)(CommandBase*));
+  void tell(void (CommandStateProtocol::*what)(CommandBase*), const std::shared_ptr<const bool>& unless = {});
   void open();
   void close();
 

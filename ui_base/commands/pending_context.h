@@ -27,6 +27,12 @@ public:
   bool isEmpty() const { return m_next == end(); }
   /// Of the whole context.
   qsizetype size() const { return m_entries.size(); }
+  /// What is left of a command, Keep in both parts when nothing is.
+  CommandState left(const QString& id) const {
+    const auto found = m_entries.constFind(id);
+    const bool isLeft = found != end() && !isEmpty() && !(found.key() < m_next.key());
+    return isLeft ? *found : CommandState(State::Keep, State::Keep);
+  }
   /// The next entry, which is not left any more. It stays valid.
   Entries::const_iterator take() { return m_next++; }
 
