@@ -98,6 +98,23 @@ private Q_SLOTS:
     }
   }
 
+  void toggleInAnAppliedContextHoldsAnother() {
+    ManagerFixture f;
+    auto* const first = f.add(checkableCommand(a));
+    auto* const second = f.add(b);
+    ContextHold inner;
+    first->work = [&](bool on) {
+      inner = on ? f.manager->holdContext({{b, {0, 2}}}) : ContextHold();
+      return true;
+    };
+    auto outer = f.manager->holdContext({{a, {2, 1}}, {b, {1, 2}}});
+    f.apply();
+    QVERIFY(first->isChecked() && !second->isEnabled());
+    outer.release(); // the first one goes off and lets go in turn
+    f.apply();
+    QVERIFY(!first->isChecked() && second->isEnabled() && f.manager->contextStack().isEmpty());
+  }
+
   void presentStatesAreGatheredForAnotherThread() {
     const auto manager = Taren::Objects::createShared<CmdMgr>();
     manager->addCommand(new TestCommand(a));

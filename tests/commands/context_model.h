@@ -42,12 +42,8 @@ public:
       if (on)
         states[rival].second = 0;
     }
-    if (!groupOf.contains(id))
-      return;
-    int any = 0;
-    for (const QString& child : childrenOf[groupOf[id]])
-      any |= states[child].second == 1;
-    states[groupOf[id]].second = any;
+    if (groupOf.contains(id))
+      follow(states, groupOf[id]);
   }
 
   void set(const States& asked) {
@@ -124,13 +120,53 @@ public:
         layer.saved[{id, Checked}] = ownsChecked ? 2 : now.second;
       }
       const auto [askedEnabled, askedChecked] = layer.asked.value(id, {2, 2});
+      if (askedChecked != 2 && checkable.contains(id) && groupOf.contains(id))
+        layer.named.insert({groupOf[id], Checked});
       now = {askedEnabled == 2 ? now.first : askedEnabled,
              askedChecked == 2 || !checkable.contains(id) ? now.second : askedChecked};
     }
     present[id] = now;
   }
 
+  void leave(const QString& id) {
+    present.remove(id);
+    childrenOf[groupOf[id]].remove(id);
+    follow(present, groupOf[id]);
+  }
+
+  void join(const QString& id, int checked) {
+    add(id, 1, checked);
+    childrenOf[groupOf[id]].insert(id);
+    follow(present, groupOf[id]);
+  }
+
+  void setGround(const QString& id, int enabled, int checked) {
+    States changes;
+    const auto give = [&](const Key& key, int value) {
+      if (value != 2 && handUp(0, key, value))
+        put(changes, key, value);
+    };
+    States ground;
+    for (auto entry = layers.first().saved.cbegin(); entry != layers.first().saved.cend(); ++entry)
+      put(ground, entry.key(), entry.value());
+    const States before = ground;
+    check(ground, id, checked);
+    for (auto entry = before.cbegin(); entry != before.cend(); ++entry) {
+      if (entry.key() != id && entry->second != ground[entry.key()].second)
+        give({entry.key(), Checked}, ground[entry.key()].second);
+    }
+    give({id, Enabled}, enabled);
+    give({id, Checked}, checked);
+    set(changes);
+  }
+
 private:
+  void follow(States& states, const QString& group) const {
+    int any = 0;
+    for (const QString& child : childrenOf[group])
+      any |= states.value(child).second == 1;
+    states[group].second = any;
+  }
   static void put(States& states, const Key& key, int value) {
     if (!states.contains(key.first))
       states[key.first] = {2, 2};
