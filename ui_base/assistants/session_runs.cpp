@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "session_runs.h"
+
+#include <ui_base/commands/command_base.h>
+
+#include <QActionGroup>
+
+namespace Vela::UiBase {
+
+CommandBase* SessionRuns::began(const RunRecord& record) {
+  const auto [manager, command] = m_managers.find(record.commandId);
+  if (!command || !m_subject.isRecorded(*command))
+    return nullptr;
+  const bool isStep = !isPart(record, *manager, *command);
+  m_underway.insert(record.id);
+  return isStep ? command : nullptr;
+}
+
+// Contexts check and uncheck commands; whoever handed them over is the step. One of an exclusive group is
+// unchecked by another one that is checked, which is told afterwards.
+bool SessionRuns::isPart(const RunRecord& record, const CmdMgr& manager, const CommandBase& command) const {
+  const QActionGroup* const group = command.actionGroup();
+  const bool isExclusive = group && group->exclusionPolicy() == QActionGroup::ExclusionPolicy::Exclusive;
+  const bool givesWay = isExclusive && command.isCheckable() && !record.checked;
+  return givesWay || m_underway.contains(record.parent) || manager.isApplyingContext();
+}
+
+} // namespace Vela::UiBase
