@@ -4,7 +4,10 @@
 #include <support/test_case.h>
 #include <ui_base/notifications/notification_bar.h>
 
+#include <stdexcept>
+
 using namespace Vela::UiBase;
+using Taren::Core::MainThreadQoS;
 using Taren::Core::NormalQoS;
 
 namespace {
@@ -77,6 +80,31 @@ private Q_SLOTS:
     QVERIFY(f.log.entries.last() == endedLine && f.other->isEnabled());
     const auto* const bar = f.view->findChild<NotificationBar*>();
     QVERIFY(bar && bar->isVisible() && bar->accessibleName().contains("unknown error"));
+  }
+
+  void whatAnObserverThrowsKeepsNothingFromTheOthers() {
+    for (const auto qos : {MainThreadQoS, NormalQoS}) {
+      AsyncFixture f;
+      QStringList failures;
+      f.command->failed = [&](const QString& reason) { failures += reason; };
+      f.command->setExecutionQoS(qos);
+      f.command->enableExecutionNotification(true);
+      f.view->show();
+      int heard = 0;
+      f.log.observer->ended = [&](CommandBase*, bool) {
+        ++heard;
+        throw std::runtime_error("observer");
+      };
+      for (int later = 0; later < 2; ++later) {
+        f.command->addObserver(f.log.observer, true);
+        QTest::ignoreMessage(QtWarningMsg, "An observer of a command failed: observer");
+      }
+      f.command->trigger();
+      f.dispatcher.runAll();
+      QVERIFY(!QGuiApplication::overrideCursor()); // of the controller, which was added after it
+      QCOMPARE(failures, QStringList{"observer"});
+      QCOMPARE(heard, 3);
+    }
   }
 
   void viewDiesMeanwhile() {

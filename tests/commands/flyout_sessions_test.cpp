@@ -259,6 +259,7 @@ private Q_SLOTS:
     command.setChecked(true);
     QCOMPARE(command.failures, (QStringList{"context", "observer"}));
     QVERIFY(command.isActive() && stage.first.panel->isVisible());
+    QVERIFY(stage.controller->runningCommand()); // which hears all the same
     command.onFinalize();
     QVERIFY(stage.controller->contextStack().isEmpty());
   }

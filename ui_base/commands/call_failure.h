@@ -5,8 +5,11 @@
 #include <QString>
 
 #include <exception>
+#include <memory>
 #include <new>
 #include <optional>
+#include <thread>
+#include <utility>
 
 namespace Vela::UiBase {
 
@@ -23,6 +26,33 @@ std::optional<QString> failureOf(const Call& call) noexcept {
   } catch (...) {
     return QCoreApplication::translate("Vela::UiBase::CommandBase", "unknown error");
   }
+}
+
+/// Calls @p tell with each observer of a broadcaster; what one of them throws keeps nothing from the others.
+/// @return what the first one threw that hears at once; of one that hears later it is logged.
+template <class Broadcaster, class Tell>
+std::optional<QString> failureOfTelling(Broadcaster& broadcaster, Tell tell) noexcept {
+  struct Telling {
+    std::thread::id thread = std::this_thread::get_id();
+    bool isOver = false; // by the thread alone, like the failure
+    std::optional<QString> failure;
+  };
+  std::optional<QString> failure;
+  const auto ownFailure = failureOf([&] {
+    const auto telling = std::make_shared<Telling>();
+    broadcaster.broadcast([telling, tell = std::move(tell)](auto* observer) {
+      const auto thrown = failureOf([&] { tell(*observer); });
+      if (!thrown)
+        return;
+      if (telling->thread != std::this_thread::get_id() || telling->isOver)
+        qWarning("An observer of a command failed: %s", qUtf8Printable(*thrown));
+      else if (!telling->failure)
+        telling->failure = thrown;
+    });
+    telling->isOver = true;
+    failure = telling->failure;
+  });
+  return failure ? failure : ownFailure;
 }
 
 /// Makes several calls of which some may throw, and throws the first of that when all are done.

@@ -49,7 +49,7 @@ bool CommandExecution::run() {
   noteFailure(failureOf([this] { m_record.inputs = m_command.get()->inputs(); }));
   RunLog::Instance().begin(m_record, m_run, *m_command.get());
   recordWaypoint("CMD BEGIN %1(%2)");
-  noteFailure(failureOf([this] { tellBegan(); }));
+  tellBegan();
   CommandBase* const command = m_command.get();
   if (!command || m_failure) {
     finish();
@@ -64,10 +64,11 @@ void CommandExecution::tellBegan() {
   CommandBase* const command = m_command.get();
   if (!command)
     return;
-  command->broadcast([ref = m_command, checked = m_checked](CommandStateProtocol* observer) {
+  const auto tell = [ref = m_command, checked = m_checked](CommandStateProtocol& observer) {
     if (CommandBase* const began = ref.get())
-      observer->commandBeganExecuting(began, checked);
-  });
+      observer.commandBeganExecuting(began, checked);
+  };
+  noteFailure(failureOfTelling(*command, tell));
 }
 
 bool CommandExecution::runNow() {
@@ -150,12 +151,11 @@ void CommandExecution::finish() {
   CommandBase* const command = m_command.get();
   if (!command)
     return;
-  noteFailure(failureOf([&] {
-    command->broadcast([ref = m_command, checked = m_checked](CommandStateProtocol* observer) {
-      if (CommandBase* const ended = ref.get())
-        observer->commandEndedExecuting(ended, checked);
-    });
-  }));
+  const auto tell = [ref = m_command, checked = m_checked](CommandStateProtocol& observer) {
+    if (CommandBase* const ended = ref.get())
+      observer.commandEndedExecuting(ended, checked);
+  };
+  noteFailure(failureOfTelling(*command, tell));
 }
 
 // Before the observers hear of the end, so that they find the outcome.

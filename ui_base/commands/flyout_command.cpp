@@ -211,12 +211,10 @@ void FlyoutCommand::holdBeginContext(ContextHold& hold) {
 void FlyoutCommand::tell(void (CommandStateProtocol::*what)(CommandBase*),
                          const std::shared_ptr<const bool>& unless) {
   const CommandRef self(*this);
-  const auto failure = failureOf([&] {
-    broadcast([ref = self, what, unless](CommandStateProtocol* observer) {
-      CommandBase* const command = ref.get();
-      if (command && !(unless && *unless))
-        (observer->*what)(command);
-    });
+  const auto failure = failureOfTelling(*this, [ref = self, what, unless](CommandStateProtocol& observer) {
+    CommandBase* const command = ref.get();
+    if (command && !(unless && *unless))
+      (observer.*what)(command);
   });
   if (self.get() && failure)
     onExecutionFailed(*failure);
