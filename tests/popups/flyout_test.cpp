@@ -130,7 +130,9 @@ private Q_SLOTS:
     QTRY_COMPARE(stage.command->runs.load(), 1);
     QCOMPARE(stage.spin->value(), 5);
     QTRY_VERIFY(!stage.flyout->IsBusy());
+    stage.button("Apply")->setFocus();
     stage.button("Reset")->setFocus();
+    QVERIFY(stage.button("Apply")->isDefault());
     pressKey(stage.window, Qt::Key_Return); // presses the button, and does not apply
     QCOMPARE(stage.command->hooks, QStringList("reset"));
     pressKey(stage.window, Qt::Key_Escape);

@@ -81,6 +81,7 @@ QLayout* FlyoutBasePrivate::buttonRow(bool apply, bool reset, bool cancel) {
     row->addWidget(applyButton =
                        button(QT_TRANSLATE_NOOP("Vela::UiBase::FlyoutBase", "Apply"), &FlyoutBase::Apply));
     applyButton->setDefault(true);
+    applyButton->setAutoDefault(false); // it would stay the default button only until the focus leaves it
   }
   return row;
 }
