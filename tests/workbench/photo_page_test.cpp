@@ -59,6 +59,7 @@ class PhotoPageTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void goesAlongTheRowByButtonsAndKeys() {
     PhotoBench bench;
+    QVERIFY(!bench.button("fit_to_view_button")->isEnabled()); // there is nothing to fit
     QVERIFY(bench.show({bench.photo("a.png", {300, 200}), bench.photo("b.png", {50, 400}),
                         bench.photo("c.png", {300, 200})}));
     QVERIFY(bench.shows("a.png") && !bench.button("prev_button")->isEnabled());

@@ -96,6 +96,7 @@ Vela::UiBase::FlyoutBase* makeSmoothFlyout(QWidget* parent) {
   Vela::UiBase::keepTranslated(flyout, [flyout] {
     flyout->SetTitle(QCoreApplication::translate("Workbench::SmoothPanel", "Smoothing"));
   });
+  flyout->SetKeepOpenInView(true); // the preview is there to be seen from all sides
   flyout->hide();
   return flyout;
 }

@@ -138,7 +138,7 @@ void PhotoView::paintEvent(QPaintEvent*) {
   else if (!m_document.isLoading())
     paintHint(painter, *this, canvas,
               {QStringLiteral("open_file"), tr("Open photographs (Ctrl+O) or drop them here"),
-               tr("JPEG, PNG and whatever else Qt reads")});
+               tr("JPEG, PNG and others")});
   if (m_document.isLoading())
     paintProgress(painter);
   if (m_dropHighlight)

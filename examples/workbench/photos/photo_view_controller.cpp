@@ -186,6 +186,7 @@ void PhotoViewController::refresh() {
   if (!view)
     return;
   ImageViewerToolBar& bar = view->toolBar();
+  bar.setEnabled(view->document().count() > 0);
   bar.EnableZoomInButton(canPerform(ZoomIntoPhoto));
   bar.EnableZoomOutButton(canPerform(ZoomOutOfPhoto));
   bar.EnablePrevImageButton(canPerform(PreviousPhoto));

@@ -70,6 +70,7 @@ void MeshToolBars::show() {
   m_dynamic->addDynamicCommandGroup(m_controller.DynamicToolPanelGroup());
   m_panel->PrepareActionPanel();
   styleButtons();
+  placePanel();
   m_view.setFitMargin({clearSide(), clearTop()});
   m_main->ShowAnimated();
   m_panel->ShowAnimated();
@@ -93,6 +94,13 @@ void MeshToolBars::styleButtons() {
     if (button->Action() && !button->Action()->isCheckable() && button->isCheckable())
       button->setCheckable(false);
   }
+}
+
+// In the middle of its edge; where it would stand beside the main toolbar there, below that.
+void MeshToolBars::placePanel() {
+  const bool fits = m_panel->sizeHint().height() <= m_view.height() - 2 * clearTop();
+  m_panel->SetCentered(fits);
+  m_panel->SetOffset({m_panel->Offset().x(), fits ? 0 : clearTop()});
 }
 
 int MeshToolBars::clearSide() const { return m_panel->Offset().x() + m_panel->sizeHint().width() + Gap; }
@@ -126,6 +134,8 @@ bool MeshToolBars::eventFilter(QObject* watched, QEvent* event) {
   if (watched == &m_view && event->type() == QEvent::KeyPress &&
       static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && closeMenu())
     return true;
+  if (watched == &m_view && event->type() == QEvent::Resize && m_shown)
+    placePanel();
   if (watched == &m_view && event->type() == QEvent::ChildAdded && m_shown) {
     const auto keepChildClear = [this, child = QPointer(static_cast<QChildEvent*>(event)->child())] {
       if (auto* const widget = qobject_cast<FloatingWidget*>(child.data()))

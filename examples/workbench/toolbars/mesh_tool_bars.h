@@ -45,6 +45,7 @@ public:
 private:
   void styleMainBar();
   void styleButtons();
+  void placePanel();
   bool closeMenu();
   // What the bars take of the view, in px, with a gap.
   int clearSide() const;

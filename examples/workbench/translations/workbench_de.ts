@@ -771,8 +771,8 @@
         <translation>Fotos öffnen (Strg+O) oder hier ablegen</translation>
     </message>
     <message>
-        <source>JPEG, PNG and whatever else Qt reads</source>
-        <translation>JPEG, PNG und was Qt sonst liest</translation>
+        <source>JPEG, PNG and others</source>
+        <translation>JPEG, PNG und andere</translation>
     </message>
 </context>
 <context>
