@@ -23,7 +23,11 @@ packages_for() {
     # Optional: without it information panels use a text browser.
     web) echo qt6-webengine-dev ;;
     # Packing and unpacking Debian packages, and a program that finds the library by pkg-config.
-    test) echo xvfb xauth clang-format dpkg-dev pkgconf ;;
+    test)
+      echo xvfb xauth clang-format dpkg-dev pkgconf
+      # A desktop to drive a program on: window manager, keys and mouse, and what screen readers ask.
+      echo openbox xdotool dbus at-spi2-core libatspi2.0-dev
+      ;;
     # What cross-builds for Windows and runs its programs.
     windows) echo g++-mingw-w64-x86-64-posix wine wine64 xz-utils ;;
     windows-package) echo libz-mingw-w64-dev dpkg-dev patch ;;
