@@ -10,6 +10,7 @@
 using namespace Vela::UiBase;
 
 ToolBar* BarsWorld::anyBar() {
+  listen();
   QList<ToolBar*> bars = all<ToolBar>();
   bars.removeIf([](const ToolBar* bar) { return bar->OwnerButton(); });
   return bars.isEmpty() ? nullptr : bars[pick(int(bars.size()))];

@@ -2,6 +2,10 @@
 #include "bars_world.h"
 
 #include <ui_base/toolbars/action_panel.h>
+#include <ui_base/tooltips/tooltip_manager.h>
+
+#include <QHashFunctions>
+#include <QTimer>
 
 #include <utility>
 
@@ -36,6 +40,9 @@ private:
 
 BarsWorld::BarsWorld(unsigned seed)
     : m_random(seed), m_filter(std::make_unique<Filter>(*this)), m_handler(std::make_unique<Handler>(*this)) {
+  QHashSeed::setDeterministicGlobalSeed();
+  constexpr int never = 600000; // ms
+  TooltipManager::GetInstance().SetTimes({never, never, never, never, never});
   m_root.resize(400, 300);
   m_controller = new CmdsViewController(new BaseView(&m_root));
   m_root.show();
@@ -55,6 +62,7 @@ BarsWorld::~BarsWorld() {
   for (const QPointer<QWidget>& each : std::as_const(m_owned))
     delete each.data();
   Vela::Test::settle();
+  TooltipManager::GetInstance().SetTimes({});
 }
 
 void BarsWorld::doNow(Deed& deed) {
@@ -216,6 +224,8 @@ void BarsWorld::listen() {
       continue;
     bar->setProperty("heard", true);
     bar->SetAnimationDuration(0);
+    for (QTimer* const timer : bar->findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly))
+      timer->setInterval(0); // real time would make each walk another one
     bar->installEventFilter(m_filter.get());
     QObject::connect(bar, &ToolBar::ButtonMenuVisibilityChange, &m_root, [this] { interfere(); });
     QObject::connect(bar, &ToolBar::ToolButtonClicked, &m_root, [this] { interfere(); });

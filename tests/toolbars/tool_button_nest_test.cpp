@@ -111,6 +111,19 @@ private Q_SLOTS:
     }
   }
 
+  void menuOfAnExtendedButtonStaysBesideIt() {
+    MenuStage stage;
+    stage.menuButton->SetExtendMode(true);
+    stage.click(stage.menuButton);
+    const QPoint place = stage.subBar->pos();
+    stage.click(stage.subButton);
+    for (int i = 0; i < 2; ++i) { // again as after a resize
+      stage.menuButton->ShowMenu();
+      QVERIFY(stage.menuButton->IsMenuShowing() && stage.menuButton->IsInExtendMode());
+      QCOMPARE(stage.subBar->pos(), place);
+    }
+  }
+
   void nothingStandsInForNothing() {
     MenuStage stage;
     const ToolButtonWithButtonMenu* const back =

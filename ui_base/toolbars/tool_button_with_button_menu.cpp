@@ -18,8 +18,10 @@ using Resource::Styles;
 
 // --- state
 
+// What stands in the menu cannot say where that stands.
 QWidget* ToolButtonWithButtonMenuPrivate::controller() const {
-  return extendController ? static_cast<QWidget*>(extendController) : nullptr;
+  ToolButtonWithWidgetMenu* const opener = extendController;
+  return opener && !(menu && menu->isAncestorOf(opener)) ? opener : nullptr;
 }
 
 bool ToolButtonWithButtonMenuPrivate::isOpen() const {
