@@ -2,6 +2,7 @@
 #include "presentation_screen.h"
 
 #include <ui_base/notifications/notification_bar.h>
+#include <ui_base/popups/arrowed_window.h>
 
 #include <QAccessible>
 #include <QAction>
@@ -9,6 +10,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -28,6 +31,8 @@ private Q_SLOTS:
   void focusIsRememberedAndGivenBack_data();
   void focusIsRememberedAndGivenBack();
   void tabAndClicksGoToTheFront();
+  void tabSwitchesLeaveTheFocusOnTheTabs();
+  void popupsOfTheFrontLieOverItsWindow();
   void notificationIsSeenOverAppearedViewsOnly();
 };
 
@@ -154,6 +159,40 @@ void CoverTest::tabAndClicksGoToTheFront() {
   delete inside;
   settle();
   QCOMPARE(screen.window.focusWidget(), screen.view("b"));
+}
+
+void CoverTest::tabSwitchesLeaveTheFocusOnTheTabs() {
+  Screen screen;
+  QTabWidget tabs;
+  auto* const page = new QWidget;
+  screen.view("c")->setParent(page);
+  tabs.addTab(screen.view("b"), "b");
+  tabs.addTab(page, "c");
+  tabs.show();
+  tabs.activateWindow();
+  QVERIFY(QTest::qWaitForWindowActive(&tabs));
+  tabs.tabBar()->setFocus();
+  QTest::keyClick(tabs.windowHandle(), Qt::Key_Right);
+  tabs.tabBar()->setFocus(); // a view takes the focus where it is shown first
+  for (const auto& [key, shown] : {std::pair{Qt::Key_Left, "b"}, {Qt::Key_Right, "c"}}) {
+    QTest::keyClick(tabs.windowHandle(), key);
+    QVERIFY(screen.view(shown)->isVisible());
+    QCOMPARE(tabs.focusWidget(), tabs.tabBar());
+  }
+}
+
+void CoverTest::popupsOfTheFrontLieOverItsWindow() {
+  Screen screen;
+  screen.window.layout()->removeWidget(screen.view("a"));
+  screen.view("a")->setParent(nullptr); // a window of its own
+  screen.view("a")->show();
+  screen.run(QStringLiteral("a>b"));
+  auto* const popup = new ArrowedWindow(screen.view("a"));
+  auto* const button = new QPushButton(popup);
+  popup->show();
+  popup->raise();
+  QVERIFY(button->isEnabled());
+  QCOMPARE(screen.view("a")->children().constLast(), popup);
 }
 
 void CoverTest::notificationIsSeenOverAppearedViewsOnly() {

@@ -12,6 +12,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QKeyEvent>
+#include <QStackedWidget>
 
 #include <utility>
 
@@ -33,6 +34,11 @@ private:
   const QPointer<BaseView> m_view;
   BaseViewPrivate& m_d;
 };
+
+// By what it stands in: a hidden page, or tabs that hide it as a page.
+bool isHiddenByPlace(const BaseView& view) {
+  return !view.isHidden() || qobject_cast<QStackedWidget*>(view.parentWidget());
+}
 
 } // namespace
 
@@ -172,7 +178,7 @@ void BaseView::hideEvent(QHideEvent* event) {
   setAcceptDrops(false);
   if (minimised)
     return;
-  d->focusElsewhere = !isHidden() && !hadFocus;
+  d->focusElsewhere = isHiddenByPlace(*this) && !hadFocus;
   clearFocus();
   if (self)
     Presentation::of(*this)->didHide(*this, hadFocus);

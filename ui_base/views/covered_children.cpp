@@ -4,6 +4,8 @@
 #include "base_view.h"
 #include "presentation.h"
 
+#include <ui_base/popups/arrowed_window.h>
+
 #include <QChildEvent>
 
 namespace Vela::UiBase {
@@ -21,6 +23,11 @@ void disable(QWidget& child) {
     guard->setAttribute(Qt::WA_ForceDisabled, false);
 }
 
+// Menus and tooltips, also those of what is in front, lie over the whole window.
+bool isPopup(const QWidget& child) {
+  return child.parentWidget()->isWindow() && qobject_cast<const ArrowedWindow*>(&child);
+}
+
 QWidget* asWidget(QObject* object) {
   return object->isWidgetType() ? static_cast<QWidget*>(object) : nullptr;
 }
@@ -32,7 +39,7 @@ CoveredChildren::CoveredChildren(BaseView& covered) : m_view(&covered) { covered
 CoveredChildren::~CoveredChildren() = default;
 
 bool CoveredChildren::isCovered(const QWidget& child) const {
-  if (!m_view || child.isWindow() || child.parentWidget() != m_view)
+  if (!m_view || child.isWindow() || child.parentWidget() != m_view || isPopup(child))
     return false;
   const auto* const view = qobject_cast<const BaseView*>(&child);
   return !view || Presentation::of(*view) != Presentation::of(*m_view);
@@ -85,16 +92,36 @@ void CoveredChildren::remove(QWidget& child) {
     child.setEnabled(true);
 }
 
+void CoveredChildren::raiseFront() {
+  const QPointer<CoveredChildren> self(this);
+  if (m_view)
+    Presentation::of(*m_view)->raiseOver(*m_view);
+  QList<QPointer<QWidget>> popups;
+  if (self && m_view) {
+    for (QObject* const child : m_view->children()) {
+      if (QWidget* const widget = asWidget(child); widget && isPopup(*widget))
+        popups.append(widget);
+    }
+  }
+  for (const QPointer<QWidget>& popup : std::as_const(popups)) {
+    if (popup)
+      popup->raise();
+  }
+}
+
 bool CoveredChildren::eventFilter(QObject* watched, QEvent* event) {
   const QEvent::Type type = event->type();
   if (type == QEvent::ChildAdded && watched == m_view) {
     if (QWidget* const child = asWidget(static_cast<QChildEvent*>(event)->child()))
       add(*child);
-    if (m_view)
-      Presentation::of(*m_view)->raiseOver(*m_view);
+    raiseFront();
+  } else if (type == QEvent::ChildPolished && watched == m_view) { // what it is was not known before
+    if (QWidget* const child = asWidget(static_cast<QChildEvent*>(event)->child());
+        child && !isCovered(*child))
+      remove(*child);
   } else if (type == QEvent::ZOrderChange && watched != m_view) {
     if (isCovered(*static_cast<QWidget*>(watched)))
-      Presentation::of(*m_view)->raiseOver(*m_view);
+      raiseFront();
   } else if (type == QEvent::EnabledChange && watched != m_view) {
     if (auto* const child = static_cast<QWidget*>(watched); child->isEnabled() && isCovered(*child))
       disable(*child);

@@ -11,9 +11,9 @@ namespace Vela::UiBase {
 
 class BaseView;
 
-/// Keeps the children of a covered view out of reach, except those that lie in front of it: they are
-/// disabled, and stay behind the front, until the view is uncovered. What the application sets meanwhile with
-/// setEnabled() holds from then on.
+/// Keeps the children of a covered view out of reach, except those that lie in front of it, and popups where
+/// it is a window: they are disabled, and stay behind the front, until the view is uncovered. What the
+/// application sets meanwhile with setEnabled() holds from then on.
 class CoveredChildren : public QObject {
 public:
   explicit CoveredChildren(BaseView& covered);
@@ -30,6 +30,7 @@ private:
   bool isCovered(const QWidget& child) const;
   void add(QWidget& child);
   void remove(QWidget& child);
+  void raiseFront();
 
   const QPointer<BaseView> m_view;
   QList<QPointer<QWidget>> m_children;
