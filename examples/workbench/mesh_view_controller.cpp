@@ -60,9 +60,7 @@ QString MeshViewController::fileName() const {
   return view ? view->document().fileName() : QString();
 }
 
-OpenMeshCommand* MeshViewController::openCommand() const {
-  return dynamic_cast<OpenMeshCommand*>(findCommand(OpenMeshCommand::className()));
-}
+OpenMeshCommand* MeshViewController::openCommand() const { return findCommand<OpenMeshCommand>(); }
 
 // What was named last is what is seen in the end.
 void MeshViewController::openFiles(const QStringList& files) {
@@ -260,7 +258,7 @@ void MeshViewController::openMenu(const QPoint& position) {
 }
 
 void MeshViewController::cancelPivot() {
-  if (auto* const pivot = dynamic_cast<SetPivotCommand*>(findCommand(SetPivotCommand::className())))
+  if (auto* const pivot = findCommand<SetPivotCommand>())
     pivot->cancel();
 }
 

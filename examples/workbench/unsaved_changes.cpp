@@ -86,8 +86,7 @@ void UnsavedChanges::answered(const QString& answer) {
     leave();
     return;
   }
-  auto* const command =
-      dynamic_cast<SaveMeshCommand*>(m_controller.findCommand(SaveMeshCommand::idOf(SaveMesh)));
+  auto* const command = m_controller.findCommand<SaveMeshCommand>(SaveMeshCommand::idOf(SaveMesh));
   if (answer == saveAnswer() && command)
     command->save();
   else

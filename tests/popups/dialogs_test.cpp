@@ -102,7 +102,7 @@ private Q_SLOTS:
   }
   void waysToClose() {
     QFETCH(std::function<void(MDialogBase&)>, close);
-    MDialogBase dialog("Smooth", new QLineEdit, true, true, true, true);
+    MDialogBase dialog("Smooth", new QLineEdit, AllPanelButtons);
     const QSignalSpy cancels(&dialog, &MDialogBase::CancelChanges);
     const QSignalSpy closes(&dialog, &MDialogBase::CloseFlyout);
     const QSignalSpy finished(&dialog, &QDialog::finished);

@@ -165,7 +165,7 @@ void BarsWorld::buildPanel() {
   if (one(3)) {
     panel = new QSpinBox(home);
   } else {
-    auto* const flyout = new FlyoutBase("flyout", new QSpinBox, nullptr, true, true, true, true, home);
+    auto* const flyout = new FlyoutBase("flyout", new QSpinBox, AllPanelButtons, home);
     QObject::connect(flyout, &FlyoutBase::CloseFlyout, &m_root, [this] { interfere(); });
     QObject::connect(flyout, &FlyoutBase::FlyoutResized, &m_root, [this] { interfere(); });
     panel = flyout;

@@ -52,7 +52,7 @@ struct MenuStage {
     bar = new Vela::UiBase::ToolBar(view, Qt::TopToolBarArea);
     plain = bar->AddAction(new QAction(coloredIcon(Qt::gray), "Plain", view));
 
-    flyout = new Vela::UiBase::FlyoutBase("Smooth", new QSpinBox, nullptr, true, true, true, true, view);
+    flyout = new Vela::UiBase::FlyoutBase("Smooth", new QSpinBox, Vela::UiBase::AllPanelButtons, view);
     command = new PanelCommand(simple ? simple : flyout.data(), controller);
     command->setCheckable(checkable);
     command->addObserver(observer, false);
@@ -63,7 +63,7 @@ struct MenuStage {
     subBar->SetHideOnClick(true);
     subPlain = subBar->AddAction(new QAction(coloredIcon(Qt::blue), "Inner", view));
     subFlyout =
-        new Vela::UiBase::FlyoutBase("Inner flyout", new QSpinBox, nullptr, true, true, true, true, view);
+        new Vela::UiBase::FlyoutBase("Inner flyout", new QSpinBox, Vela::UiBase::AllPanelButtons, view);
     auto* const subAction = new QAction(coloredIcon(Qt::green), "Inner flyout", view);
     subButton = subBar->AddAction(subAction, subFlyout);
     menuButton = bar->AddAction(nullptr, coloredIcon(Qt::red), subBar, true, "Menu");

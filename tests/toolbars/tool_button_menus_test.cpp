@@ -113,7 +113,7 @@ private Q_SLOTS:
   void replacedFlyoutGoesHome() {
     MenuStage stage;
     stage.click(stage.button);
-    auto* const next = new FlyoutBase("Next", nullptr, nullptr, true, true, true, true, stage.view);
+    auto* const next = new FlyoutBase("Next", nullptr, AllPanelButtons, stage.view);
     stage.button->SetMenu(next);
     QVERIFY(!stage.command->isActive() && !stage.flyout->isVisible());
     QCOMPARE(stage.flyout->parentWidget(), stage.view);

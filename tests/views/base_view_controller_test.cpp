@@ -184,7 +184,7 @@ void BaseViewControllerTest::tooltipsHearOfViews() {
 void BaseViewControllerTest::notificationsFollowControllerToItsNextView() {
   ViewStage s;
   const auto notify = [&s](const QString& message) {
-    s.controller->showNotification(message, FadeInOnly, 3000, false, nullptr, nullptr);
+    s.controller->showNotification(message, FadeInOnly, 3000);
   };
   notify(QStringLiteral("Old."));
   QVERIFY(s.controller->isNotificationShowing());
@@ -202,7 +202,7 @@ void BaseViewControllerTest::notificationsFollowControllerToItsNextView() {
 void BaseViewControllerTest::notificationWithoutViewIsDeleted() {
   BaseViewController controller;
   const QPointer<QWidget> content = new QWidget;
-  controller.showNotification(content, FadeInOnly, 3000, false, nullptr, nullptr);
+  controller.showNotification(content, FadeInOnly, 3000);
   settle();
   QVERIFY(!content && !controller.isNotificationShowing());
 }

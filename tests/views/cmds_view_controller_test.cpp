@@ -69,7 +69,7 @@ struct Screen {
     ApplicationService::GetInstance().setAppManager(nullptr);
   }
   NotingCommand* command(const char* id = "first") const {
-    return dynamic_cast<NotingCommand*>(controller->findCommand(id));
+    return controller->findCommand<NotingCommand>(id);
   }
   static void start(NotingCommand& command) {
     command.setExecutionQoS(Taren::Core::NormalQoS);
@@ -182,7 +182,7 @@ void CmdsViewControllerTest::eachRunHasARowThatComesBack() {
   Screen::start(*screen.command());
   Screen::start(*second);
   QTRY_COMPARE(screen.cancelButtons().size(), 2);
-  screen.controller->showNotification(QStringLiteral("Saved."), FadeInAndOut, 50, false, nullptr, nullptr);
+  screen.controller->showNotification(QStringLiteral("Saved."), FadeInAndOut, 50);
   QCOMPARE(screen.notification(), QStringLiteral("Saved."));
   QTRY_COMPARE(screen.cancelButtons().size(), 2);
   second->requestStop();

@@ -38,7 +38,7 @@ public:
 
   template <typename Command>
   Command* command() {
-    return dynamic_cast<Command*>(controller().findCommand(Command::className()));
+    return controller().findCommand<Command>();
   }
 
   bool isEnabled(const QString& id) { return controller().findCommand(id)->isEnabled(); }

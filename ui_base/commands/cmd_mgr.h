@@ -77,6 +77,16 @@ public:
   /// look-up, however many groups there are. A group that overrides CommandBase::getCommand() is asked for
   /// identifiers that stand in no bag.
   CommandBase* findCommand(const QString& id) const;
+  /// The command of a class, by the identifier that the class gives its commands or another; null when there
+  /// is none, or when it is of another class.
+  /// @code
+  /// if (auto* smooth = manager->findCommand<SmoothMeshCommand>())
+  ///   smooth->setIterations(5);
+  /// @endcode
+  template <class Command>
+  Command* findCommand(const QString& id = Command::className()) const {
+    return dynamic_cast<Command*>(findCommand(id));
+  }
   /// All commands of that identifier in a bag (null: the top level), those in its groups left out.
   QVector<CommandBase*> findCommands(const QString& id, CommandBag* bag = nullptr) const;
 

@@ -70,9 +70,9 @@ public:
   virtual CommandBag& commandBag();
   /// Adds a child at its rank. @return the child, or null when it is null, here already, the group itself, or
   /// a group that holds this one.
-  virtual CommandBase* addCommand(const std::shared_ptr<CommandBase>& command, int rank);
+  virtual CommandBase* addCommand(const std::shared_ptr<CommandBase>& command, int rank = 0);
   /// Takes the plain pointer into shared ownership, unless it is refused.
-  virtual CommandBase* addCommand(CommandBase* command, int rank);
+  virtual CommandBase* addCommand(CommandBase* command, int rank = 0);
   /// Removes the first child of that identifier; the children of child groups are not looked at.
   virtual bool removeCommand(const QString& id);
   /// Removes that child, also when it is not the first of its identifier.

@@ -30,12 +30,16 @@ constexpr int cornerRadius = 6; // px, of a flyout that paints its own backgroun
 
 FlyoutBase::FlyoutBase(const QString& title, QWidget* mainPanel, QWidget* toolButton, bool apply, bool reset,
                        bool cancel, bool close, QWidget* parent)
+    : FlyoutBase(title, mainPanel, panelButtons(apply, reset, cancel, close), parent) {
+  d->toolButton = toolButton;
+}
+
+FlyoutBase::FlyoutBase(const QString& title, QWidget* mainPanel, PanelButtons buttons, QWidget* parent)
     : QWidget(parent), d(std::make_unique<FlyoutBasePrivate>(this)) {
   setProperty(Resource::String::WIDGET_PROPERTY_ISFLYOUT(), true);
   setFocusPolicy(Qt::ClickFocus);
   setMouseTracking(true);
-  d->toolButton = toolButton;
-  d->build(mainPanel, apply, reset, cancel, close);
+  d->build(mainPanel, buttons);
   SetTitle(title);
   d->applyStyles();
   connect(&Styles::Instance(), &Styles::changed, this, [this] { d->applyStyles(); });

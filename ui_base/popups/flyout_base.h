@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ui_base/popups/arrow_param.h>
+#include <ui_base/popups/panel_buttons.h>
 #include <ui_base/ui_base_export.h>
 
 #include <QColor>
@@ -25,7 +26,7 @@ class FlyoutBasePrivate;
 ///
 /// @code
 /// auto* panel = new SmoothingPanel;                 // spin boxes and so on
-/// auto* flyout = new FlyoutBase(tr("Smoothing"), panel, nullptr, true, true, true, true, view);
+/// auto* flyout = new FlyoutBase(tr("Smoothing"), panel, ApplyButton | ResetButton | CancelButton, view);
 /// manager->addCommand(new SmoothCommand(flyout, controller));   // a FlyoutCommand
 /// @endcode
 class UI_BASE_EXPORT FlyoutBase : public QWidget {
@@ -34,6 +35,8 @@ class UI_BASE_EXPORT FlyoutBase : public QWidget {
 public:
   /// @param title shown at the top; also the accessible name.
   /// @param mainPanel the command's controls, taken over; may be null.
+  FlyoutBase(const QString& title, QWidget* mainPanel, PanelButtons buttons, QWidget* parent = nullptr);
+  /// The same for a button.
   /// @param toolButton the button the flyout belongs to, not owned; may be null.
   /// @param apply,reset,cancel,close which buttons there are.
   FlyoutBase(const QString& title, QWidget* mainPanel, QWidget* toolButton, bool apply, bool reset,

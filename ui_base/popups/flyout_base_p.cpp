@@ -67,17 +67,17 @@ QLayout* FlyoutBasePrivate::titleRow(bool close) {
   return row;
 }
 
-QLayout* FlyoutBasePrivate::buttonRow(bool apply, bool reset, bool cancel) {
+QLayout* FlyoutBasePrivate::buttonRow(PanelButtons buttons) {
   auto* const row = new QHBoxLayout;
-  if (reset)
+  if (buttons & ResetButton)
     row->addWidget(resetButton =
                        button(QT_TRANSLATE_NOOP("Vela::UiBase::FlyoutBase", "Reset"), &FlyoutBase::Reset));
   indicator = new BusyIndicator(q);
   row->addStretch(1);
   row->addWidget(indicator);
-  if (cancel)
+  if (buttons & CancelButton)
     row->addWidget(button(QT_TRANSLATE_NOOP("Vela::UiBase::FlyoutBase", "Cancel"), &FlyoutBase::Cancel));
-  if (apply) {
+  if (buttons & ApplyButton) {
     row->addWidget(applyButton =
                        button(QT_TRANSLATE_NOOP("Vela::UiBase::FlyoutBase", "Apply"), &FlyoutBase::Apply));
     applyButton->setDefault(true);
@@ -86,18 +86,18 @@ QLayout* FlyoutBasePrivate::buttonRow(bool apply, bool reset, bool cancel) {
   return row;
 }
 
-void FlyoutBasePrivate::build(QWidget* panel, bool apply, bool reset, bool cancel, bool close) {
+void FlyoutBasePrivate::build(QWidget* panel, PanelButtons buttons) {
   auto* const column = new QVBoxLayout(q);
   column->setContentsMargins(margin, margin, margin, margin);
   column->setSpacing(spacing);
-  column->addLayout(titleRow(close));
+  column->addLayout(titleRow(buttons.testFlag(CloseButton)));
   if (panel) {
     mainPanel = panel;
     scroller = new ContentScroller(q);
     scroller->setContent(panel);
     column->addWidget(scroller, 1);
   }
-  column->addLayout(buttonRow(apply, reset, cancel));
+  column->addLayout(buttonRow(buttons));
 }
 
 void FlyoutBasePrivate::applyStyles() {

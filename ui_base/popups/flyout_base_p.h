@@ -22,9 +22,9 @@ class FlyoutBasePrivate {
 public:
   explicit FlyoutBasePrivate(FlyoutBase* owner) : q(owner), subWidgets(*owner) {}
 
-  void build(QWidget* panel, bool apply, bool reset, bool cancel, bool close);
+  void build(QWidget* panel, PanelButtons buttons);
   QLayout* titleRow(bool close);
-  QLayout* buttonRow(bool apply, bool reset, bool cancel);
+  QLayout* buttonRow(PanelButtons buttons);
   QPushButton* button(const char* text, void (FlyoutBase::*action)());
   void applyStyles();
   void updateEnabled();

@@ -8,7 +8,7 @@ namespace Vela::UiBase {
 InfoDialog::InfoDialog(QWidget* parent) : InfoDialog(QString(), parent) {}
 
 InfoDialog::InfoDialog(const QString& title, QWidget* parent)
-    : MDialogBase(title, nullptr, false, false, false, true, parent), m_panel(new InfoPanel) {
+    : MDialogBase(title, nullptr, CloseButton, parent), m_panel(new InfoPanel) {
   m_panel->setAccessibleName(title);
   SetContent(m_panel);
 }

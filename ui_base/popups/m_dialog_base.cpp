@@ -37,25 +37,28 @@ MDialogBase::MDialogBase(QWidget* parent) : QDialog(parent), d(std::make_unique<
 
 MDialogBase::MDialogBase(const QString& title, QWidget* content, bool apply, bool reset, bool cancel,
                          bool close, QWidget* parent)
+    : MDialogBase(title, content, panelButtons(apply, reset, cancel, close), parent) {}
+
+MDialogBase::MDialogBase(const QString& title, QWidget* content, PanelButtons buttons, QWidget* parent)
     : MDialogBase(parent) {
   SetTitle(title);
   SetContent(content);
-  if (apply) {
+  if (buttons & ApplyButton) {
     d->applyButton = d->ownButton(QT_TR_NOOP("Apply"), QDialogButtonBox::ApplyRole);
     connect(d->applyButton, &QPushButton::clicked, this, &MDialogBase::Apply);
     SetDefaultButton(d->applyButton);
   }
-  if (reset) {
+  if (buttons & ResetButton) {
     d->resetButton = d->ownButton(QT_TR_NOOP("Reset"), QDialogButtonBox::ResetRole);
     connect(d->resetButton, &QPushButton::clicked, this, &MDialogBase::Reset);
   }
-  if (cancel)
+  if (buttons & CancelButton)
     connect(d->ownButton(QT_TR_NOOP("Cancel"), QDialogButtonBox::RejectRole), &QPushButton::clicked, this,
             &MDialogBase::Cancel);
-  if (close) {
+  if (buttons & CloseButton) {
     QPushButton* const closeButton = d->ownButton(QT_TR_NOOP("Close"), QDialogButtonBox::RejectRole);
     connect(closeButton, &QPushButton::clicked, this, &MDialogBase::CloseMe);
-    if (!apply)
+    if (!(buttons & ApplyButton))
       SetDefaultButton(closeButton);
   }
 }

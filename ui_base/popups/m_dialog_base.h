@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/popups/panel_buttons.h>
 #include <ui_base/ui_base_export.h>
 
 #include <QDialog>
@@ -45,6 +46,8 @@ public:
   explicit MDialogBase(QWidget* parent = nullptr);
   /// A dialog that works like a flyout.
   /// @param content the controls, taken over; may be null.
+  MDialogBase(const QString& title, QWidget* content, PanelButtons buttons, QWidget* parent = nullptr);
+  /// The same.
   /// @param apply,reset,cancel,close which buttons there are.
   MDialogBase(const QString& title, QWidget* content, bool apply, bool reset, bool cancel, bool close,
               QWidget* parent = nullptr);

@@ -182,6 +182,11 @@ QPoint WidgetPosCalculator::GetPosition(const QPair<SArrowParam, EDirection>& ar
   return Placement::arrowedPosition(d->target(refRect), arrow, widgetRect, arrowPoint);
 }
 
+std::optional<QPoint> WidgetPosCalculator::Position(bool arrowed) const {
+  QPoint position;
+  return GetPosition(position, QRect(), arrowed, QPoint()) ? std::optional(position) : std::nullopt;
+}
+
 bool WidgetPosCalculator::GetPosition(QPoint& position, const QRect& widgetRect, bool arrowed,
                                       const QPoint& arrowPoint) const {
   QRect refRect;

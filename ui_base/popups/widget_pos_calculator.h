@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class QPoint;
 class QRect;
@@ -38,9 +39,8 @@ class WidgetPosCalculatorPrivate;
 /// m_place->SetRefWidget(this);
 /// m_place->SetDirection(Vela::UiBase::Bottom);
 /// …
-/// QPoint position;
-/// if (m_place->GetPosition(position, QRect(), false, QPoint()))
-///   m_menu->move(position);
+/// if (const auto position = m_place->Position())
+///   m_menu->move(*position);
 /// @endcode
 class UI_BASE_EXPORT WidgetPosCalculator : public QObject {
   Q_OBJECT
@@ -106,6 +106,8 @@ public:
   /// @return false, with `position` untouched, when there is no popup or no reference.
   virtual bool GetPosition(QPoint& position, const QRect& widgetRect, bool arrowed,
                            const QPoint& arrowPoint) const;
+  /// The position of the popup as it is, or nothing: GetPosition() with an answer.
+  std::optional<QPoint> Position(bool arrowed = false) const;
 
   /// Why the popup stands where it stands: what was tried last, and what was wrong with it.
   const PlacementSearch& LastSearch() const;

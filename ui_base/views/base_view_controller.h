@@ -113,11 +113,11 @@ public:
   /// @param durationMs how long, in milliseconds; 0 or less until it is closed or replaced.
   /// @param closable whether the user gets a button to close it.
   /// @param receiver,member what an action button calls, as SLOT() or SIGNAL(); null for no button.
-  void showNotification(const QString& message, ENotificationFadeOption fade, int durationMs, bool closable,
-                        QObject* receiver, const char* member);
+  void showNotification(const QString& message, ENotificationFadeOption fade, int durationMs,
+                        bool closable = false, QObject* receiver = nullptr, const char* member = nullptr);
   /// Shows a widget, which the notification bar owns from now on. Without a view it is deleted.
-  void showNotification(QWidget* content, ENotificationFadeOption fade, int durationMs, bool closable,
-                        QObject* receiver, const char* member);
+  void showNotification(QWidget* content, ENotificationFadeOption fade, int durationMs, bool closable = false,
+                        QObject* receiver = nullptr, const char* member = nullptr);
   /// A message of some severity, for the time that such a message needs.
   void showNotification(const QString& message, ENotificationSeverity severity);
   /// Takes back the message that is shown.

@@ -145,7 +145,7 @@ void CmdsViewController::commandBeganExecuting(CommandBase* command, bool) {
   const CommandRun run = CommandRun::current();
   d->runNotices.began(run, message.isEmpty() ? tr("%1…").arg(run.text()) : message);
   if (!message.isEmpty())
-    showNotification(message, FadeInOnly, notificationDurationMs, false, nullptr, nullptr);
+    showNotification(message, FadeInOnly, notificationDurationMs);
 }
 
 void CmdsViewController::commandEndedExecuting(CommandBase* command, bool) {

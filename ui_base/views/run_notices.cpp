@@ -88,7 +88,7 @@ void RunNotices::refresh() {
   }
   describeContent();
   if (isNew)
-    m_controller.showNotification(m_content, FadeInOnly, 0, false, nullptr, nullptr);
+    m_controller.showNotification(m_content, FadeInOnly, 0);
 }
 
 void RunNotices::updateRow(Entry& entry) {

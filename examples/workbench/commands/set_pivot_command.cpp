@@ -59,8 +59,7 @@ void SetPivotCommand::begin(MeshViewController& controller) {
   broadcast([this](CommandStateProtocol* observer) { observer->commandBegan(this); });
   m_cursor = std::make_shared<PivotCursor>(meshView());
   controller.pushTool(LeftButton, m_cursor);
-  controller.showNotification(tr("Click the point to turn around. Escape cancels."), FadeInAndOut, 0, false,
-                              nullptr, nullptr);
+  controller.showNotification(tr("Click the point to turn around. Escape cancels."), FadeInAndOut, 0);
 }
 
 void SetPivotCommand::cancel() {

@@ -91,8 +91,9 @@ void SmoothPanel::setStandardValues() {
 }
 
 Vela::UiBase::FlyoutBase* makeSmoothFlyout(QWidget* parent) {
+  using namespace Vela::UiBase;
   auto* const flyout =
-      new Vela::UiBase::FlyoutBase(QString(), new SmoothPanel, nullptr, true, true, true, false, parent);
+      new FlyoutBase(QString(), new SmoothPanel, ApplyButton | ResetButton | CancelButton, parent);
   Vela::UiBase::keepTranslated(flyout, [flyout] {
     flyout->SetTitle(QCoreApplication::translate("Workbench::SmoothPanel", "Smoothing"));
   });

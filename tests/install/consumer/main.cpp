@@ -84,7 +84,7 @@ int main(int argc, char** argv) {
   auto* view = new BaseView;
   auto* controller = new CmdsViewController(view);
   view->show();
-  auto* command = dynamic_cast<WorkCommand*>(controller->findCommand(WorkCommand::className()));
+  auto* command = controller->findCommand<WorkCommand>();
   require(command != nullptr, "the command did not reach the controller");
 
   const auto observer = std::make_shared<EndObserver>();
