@@ -28,7 +28,7 @@ class PrintMaterialInfoPanelPrivate;
 ///   panel->SetVolumes(model, supports); // in mm³
 ///   panel->SetBusy(false);
 /// });
-/// connect(panel, &PrintMaterialInfoPanel::VolumeUnitChanged, settings, &Settings::storeVolumeUnit);
+/// connect(panel, &PrintMaterialInfoPanel::VolumeUnitChanged, preferences, &Preferences::storeVolumeUnit);
 /// @endcode
 class UI_BASE_EXPORT PrintMaterialInfoPanel : public QWidget {
   Q_OBJECT

@@ -57,8 +57,10 @@ private:
 /// the main thread the layer ends as a task of that one.
 ///
 /// @code
-/// m_hold = manager->holdContext(manager->disabledContext(), ContextHolder::because(tr("The scanner is
-/// busy"))); … m_hold.release();
+/// m_hold = manager->holdContext(manager->disabledContext(),
+///                               ContextHolder::because(tr("The scanner is busy")));
+/// …
+/// m_hold.release();
 /// @endcode
 class [[nodiscard]] ContextHold {
 public:

@@ -13,7 +13,7 @@ namespace Vela::UiBase {
 /// @code
 /// m_focus.keep();                  // as the panel is shown
 /// …
-/// m_focus.giveBackFrom(m_panel);   // as it is hidden; not if the user has put the focus elsewhere since
+/// m_focus.giveBackFrom(*m_panel);  // as it is hidden; not if the user has put the focus elsewhere since
 /// @endcode
 class UI_BASE_EXPORT FocusKeeper {
 public:

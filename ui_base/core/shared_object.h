@@ -16,6 +16,7 @@ namespace Taren::Objects {
 /// public:
 ///   ~Document() override { beginDestruction(); }
 ///   void save() { queue([self = shared_from_this()] { self->write(); }); }
+///   void write();
 /// };
 /// @endcode
 template <class T>

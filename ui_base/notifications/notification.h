@@ -20,7 +20,7 @@ namespace Vela::UiBase {
 /// notification.actionText = tr("Locate…");
 /// notification.receiver = this;
 /// notification.member = SLOT(locateTexture());
-/// bar->showNotification(notification);
+/// notifications->showNotification(notification);
 /// @endcode
 struct Notification {
   /// Plain text, shown as it is; line breaks are kept.

@@ -69,7 +69,7 @@ constexpr int defaultArrowAngle(EArrowPosition position) noexcept {
 /// Vela::UiBase::SArrowParam arrow;
 /// arrow.position = Vela::UiBase::ArrowLeft; // the window stands to the right of what it points at
 /// arrow.length = 8;
-/// window->SetArrow(arrow);
+/// popup->SetArrow(arrow);
 /// @endcode
 struct SArrowParam {
   EArrowPosition position = ArrowBottom;

@@ -37,7 +37,7 @@ struct SDialogButton {
 /// dialog->AddNamedButton({QStringLiteral("save"), tr("Save")});
 /// dialog->AddNamedButton({QStringLiteral("discard"), tr("Discard"), QDialogButtonBox::DestructiveRole});
 /// dialog->AddNamedButton({QStringLiteral("cancel"), tr("Cancel"), QDialogButtonBox::RejectRole});
-/// connect(dialog, &QDialog::finished, this, [=] { closeMesh(dialog->Answer()); });
+/// connect(dialog, &QDialog::finished, this, [this, dialog] { closeMesh(dialog->Answer()); });
 /// dialog->open();
 /// @endcode
 class UI_BASE_EXPORT DialogEx : public MDialogBase {

@@ -35,7 +35,7 @@ class MDialogBasePrivate;
 /// dialog->SetContent(new ExportPanel);
 /// dialog->AddButton(tr("Cancel"), QDialogButtonBox::RejectRole);
 /// dialog->SetDefaultButton(dialog->AddButton(tr("Export"), QDialogButtonBox::AcceptRole));
-/// connect(dialog, &QDialog::accepted, this, &Exporter::start);
+/// connect(dialog, &QDialog::accepted, exporter, &Exporter::start);
 /// dialog->open();
 /// @endcode
 class UI_BASE_EXPORT MDialogBase : public QDialog {

@@ -18,11 +18,11 @@
 ///
 /// @code
 /// namespace Placement = Vela::UiBase::Placement;
-/// const Placement::Target target{.reference = label, .baseOffset = 4};
-/// const QPoint below = Placement::plainPosition(target, Vela::UiBase::Bottom, note.size());
+/// const Placement::Target target{.reference = label->geometry(), .baseOffset = 4};
+/// const QPoint below = Placement::plainPosition(target, Vela::UiBase::Bottom, note->size());
 /// QPoint adjust;
-/// if (!Placement::verify(note.translated(below), view, adjust))
-///   …
+/// if (Placement::verify(QRect(below, note->size()), view->rect(), adjust))
+///   note->move(below);
 /// @endcode
 namespace Vela::UiBase::Placement {
 
