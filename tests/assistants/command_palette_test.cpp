@@ -39,6 +39,8 @@ public:
     window.show();
     window.activateWindow();
     button->setFocus();
+    palette->open(); // makes them
+    palette->dismiss();
     field = palette->findChild<QLineEdit*>();
     list = palette->findChild<QListView*>();
     dispatcher.runAll();

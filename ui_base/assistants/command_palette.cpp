@@ -22,19 +22,11 @@ CommandPalette::CommandPalette(QWidget* parent)
   keepTranslated(this, [this] {
     setAccessibleName(tr("Find a command"));
     d->openAction->setText(tr("Find Command…"));
-    d->field->setPlaceholderText(tr("Find a command"));
-    d->field->setAccessibleName(tr("Name of the command"));
-    d->list->setAccessibleName(tr("Commands found"));
     dismiss(); // its rows are of the language before
   });
   if (parent)
     parent->addAction(d->openAction);
   connect(d->openAction, &QAction::triggered, this, &CommandPalette::open);
-  connect(d->field, &QLineEdit::textChanged, this, [this] { d->search(); });
-  const auto chooseClicked = [this] { d->choose(d->list->currentIndex()); };
-  connect(d->list, &QListView::clicked, this, chooseClicked, Qt::QueuedConnection);
-  connect(&Styles::Instance(), &Styles::changed, this, [this] { d->applyStyles(); });
-  d->applyStyles();
 }
 
 CommandPalette::~CommandPalette() = default;
@@ -59,6 +51,7 @@ QSize CommandPalette::sizeHint() const { return {560, 320}; }
 void CommandPalette::open() {
   if (isVisible() || !parentWidget() || !parentWidget()->isVisible())
     return;
+  d->build();
   d->focusBefore = window()->focusWidget();
   d->model.setManagers(d->managersToOffer());
   const QSignalBlocker quiet(d->field);

@@ -5,6 +5,7 @@
 #include "readable_placeholder.h"
 
 #include <ui_base/commands/command_name.h>
+#include <ui_base/core/language.h>
 #include <ui_base/views/base_view.h>
 #include <ui_base/views/cmds_view_controller.h>
 #include <vlk_common_res/styles.h>
@@ -29,11 +30,14 @@ bool isInSight(const CmdMgr& manager) {
 } // namespace
 
 CommandPalettePrivate::CommandPalettePrivate(CommandPalette& palette)
-    : q(palette),
-      openAction(new QAction(&palette)),
-      field(new QLineEdit(&palette)),
-      list(new QListView(&palette)),
-      nothing(new QLabel(&palette)) {
+    : q(palette), openAction(new QAction(&palette)) {}
+
+void CommandPalettePrivate::build() {
+  if (field)
+    return;
+  field = new QLineEdit(&q);
+  list = new QListView(&q);
+  nothing = new QLabel(&q);
   list->setModel(&model);
   list->setItemDelegate(new CommandPaletteDelegate(list));
   list->setUniformItemSizes(true);
@@ -43,12 +47,26 @@ CommandPalettePrivate::CommandPalettePrivate(CommandPalette& palette)
   nothing->setAlignment(Qt::AlignCenter);
   nothing->setWordWrap(true);
 
-  auto* const layout = new QVBoxLayout(&palette);
+  auto* const layout = new QVBoxLayout(&q);
   layout->setContentsMargins(8, 8, 8, 8);
   layout->setSpacing(8);
   layout->addWidget(field);
   layout->addWidget(list, 1);
   layout->addWidget(nothing, 1);
+
+  QObject::connect(field, &QLineEdit::textChanged, &q, [this] { search(); });
+  const auto chooseClicked = [this] { choose(list->currentIndex()); };
+  QObject::connect(list, &QListView::clicked, &q, chooseClicked, Qt::QueuedConnection);
+  keepTranslated(&q, [this] { retranslate(); });
+  QObject::connect(&Vela::Resource::Styles::Instance(), &Vela::Resource::Styles::changed, &q,
+                   [this] { applyStyles(); });
+  applyStyles();
+}
+
+void CommandPalettePrivate::retranslate() {
+  field->setPlaceholderText(CommandPalette::tr("Find a command"));
+  field->setAccessibleName(CommandPalette::tr("Name of the command"));
+  list->setAccessibleName(CommandPalette::tr("Commands found"));
 }
 
 void CommandPalettePrivate::applyStyles() {

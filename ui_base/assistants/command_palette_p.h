@@ -24,6 +24,8 @@ public:
 
   explicit CommandPalettePrivate(CommandPalette& palette);
 
+  /// Makes what is in it, when it opens for the first time.
+  void build();
   void applyStyles();
   void place();
   QList<std::shared_ptr<CmdMgr>> managersToOffer() const;
@@ -45,11 +47,12 @@ public:
   QPointer<DeferredRun> awaited;
   // Children of the palette.
   QAction* openAction;
-  QLineEdit* field;
-  QListView* list;
-  QLabel* nothing;
+  QLineEdit* field = nullptr;
+  QListView* list = nullptr;
+  QLabel* nothing = nullptr;
 
 private:
+  void retranslate();
   void run(const std::shared_ptr<CommandBase>& command);
   void offerWaysOut(int row, CommandBase& command, const CmdMgr& manager);
   void take(const WayOut& way, const std::shared_ptr<CommandBase>& command,
