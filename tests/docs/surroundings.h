@@ -3,6 +3,7 @@
 
 // What the examples in the headers take for granted.
 
+#include <ui_base/assistants/session_subject.h>
 #include <ui_base/assistants/shortcut_scheme.h>
 #include <ui_base/commands/cmd_mgr.h>
 #include <ui_base/commands/command_id.h>
@@ -163,6 +164,11 @@ struct HelpWindow : QWidget {
   void open(int index, const QString& keyword);
 };
 
+extern struct Document { Mesh mesh() const; } m_document;
+extern MeshController* m_controller;
+QString hash(const Mesh& mesh);
+void complain(const QString& text);
+
 struct ExportPanel : QWidget {};
 struct SmoothingPanel : QWidget {};
 
@@ -246,6 +252,8 @@ struct SurroundingCommand : CommandBase {
   Delegator<ImportProtocol>& importer = *static_cast<Delegator<ImportProtocol>*>(nullptr);                   \
   std::shared_ptr<ImportProtocol> sharedDelegate;                                                            \
   WidgetPosCalculator* calculator = nullptr;                                                                 \
+  SessionSubject& subject = *static_cast<SessionSubject*>(nullptr);                                          \
+  QString file, error;                                                                                       \
   const Placement::Target target;                                                                            \
   const bool verifySlid = false;                                                                             \
   const auto layOut = [](SArrowParam&, QSize&, QPoint&) { return true; };                                    \

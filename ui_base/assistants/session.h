@@ -42,7 +42,7 @@ struct SessionStep {
 /// which they began, and how the state of the application changed with each. A plain value, and a text that
 /// people read and write; it has no input events and no places in windows.
 ///
-/// @code
+/// @code{.txt}
 /// session 1
 /// start
 ///   page = "mesh"

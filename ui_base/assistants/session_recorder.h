@@ -42,6 +42,7 @@ public:
   bool start(const QString& file);
   /// Ends the session. What happens afterwards is not recorded.
   void stop();
+  /// From start() to stop().
   bool isRecording() const;
   /// Whether the state after the last step is written. What begins before that leaves it unknown.
   bool isUpToDate() const;

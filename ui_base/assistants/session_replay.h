@@ -23,8 +23,8 @@ class SessionSubject;
 /// @code
 /// auto* replay = new SessionReplay(subject, window);
 /// replay->addManager(controller);
-/// connect(replay, &SessionReplay::finished, this, [](bool whole, const QString& why) { … });
-/// replay->start(*Session::fromFile(file, &error));
+/// connect(replay, &SessionReplay::finished, this, [](bool whole, const QString& why) { qInfo() << whole <<
+/// why; }); replay->start(*Session::fromFile(file, &error));
 /// @endcode
 class UI_BASE_EXPORT SessionReplay : public QObject {
   Q_OBJECT
@@ -41,6 +41,7 @@ public:
   void start(const Session& session);
   /// Ends it without a word.
   void stop();
+  /// From start() until finished(), or stop().
   bool isReplaying() const;
   /// How many steps were done and found as they were.
   qsizetype stepsDone() const;
