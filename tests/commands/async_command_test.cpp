@@ -130,13 +130,16 @@ private Q_SLOTS:
     AsyncFixture f;
     int destroyed = 0;
     f.command->atEnd = [&destroyed] { ++destroyed; };
+    const auto kept = f.other->shared_from_this();
     f.command->trigger();
-    QVERIFY(f.controller->removeCommand(f.command));
+    f.drain();
+    QVERIFY(f.controller->removeCommand(f.command) && f.controller->removeCommand(f.other));
+    QVERIFY(!kept->isEnabled()); // as long as the run lasts
     f.dispatcher.step(NormalQoS);
     QCOMPARE(destroyed, 0);
     f.dispatcher.runAll();
     QCOMPARE(destroyed, 1);
-    QVERIFY(f.log.entries.last() == endedLine && f.other->isEnabled());
+    QVERIFY(f.log.entries.last() == endedLine && kept->isEnabled());
   }
 };
 

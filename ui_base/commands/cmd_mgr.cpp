@@ -128,6 +128,8 @@ void CmdMgr::letGo(CommandBase& command) {
     if (d->running.lock().get() == &left)
       d->running.reset();
     d->begun.removeOne(&left);
+    if (!d->layers.isEmpty())
+      d->departed.push_back(left.sharedOrEmpty());
     commandForgotten(left);
   };
   visitWithin(command, forgetUnlessHere);

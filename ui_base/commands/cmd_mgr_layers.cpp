@@ -16,6 +16,22 @@ using Taren::Core::dispatchSync;
 using Taren::Core::isMainThread;
 using Taren::Core::MainThreadQoS;
 
+namespace {
+
+// Who holds a command that was removed under a layer shall be able to use it when the layer has ended.
+void enableDeparted(CmdMgrPrivate& manager, const CommandContext& restored) {
+  for (const auto& weak : std::as_const(manager.departed)) {
+    const auto command = manager.pending.isEmpty() ? nullptr : weak.lock();
+    const QString id = command ? command->commandId() : QString();
+    if (restored.contains(id) && manager.index.find(manager.bag, id).command != command.get())
+      manager.pending.constLast()->keep(command, {restored[id].enabled, State::Keep});
+  }
+  if (manager.layers.isEmpty())
+    manager.departed.clear();
+}
+
+} // namespace
+
 // Of the commands asked for that are in no bag, which an application's group may know.
 CommandContext CmdMgr::statesBeside(const CommandContext& present, const CommandContext& asked) const {
   CommandContext beside;
@@ -84,8 +100,10 @@ void CmdMgr::releaseLayer(quint64 layer) {
     return;
   layOverArrived();
   TooltipReason::refresh();
-  if (const CommandContext changed = d->layers.release(layer); !changed.isEmpty())
+  if (const CommandContext changed = d->layers.release(layer); !changed.isEmpty()) {
     setContext(changed);
+    enableDeparted(*d, changed);
+  }
 }
 
 bool CmdMgr::hasLayer(quint64 layer) const { return d->layers.contains(layer); }
@@ -95,11 +113,14 @@ void CmdMgr::popContext() {
     return;
   layOverArrived();
   TooltipReason::refresh();
-  setContext(d->layers.pop());
+  const CommandContext restored = d->layers.pop();
+  setContext(restored);
+  enableDeparted(*d, restored);
 }
 
 void CmdMgr::resetContext() {
   d->layers.clear();
+  d->departed.clear();
   TooltipReason::refresh();
   setContext(defaultContext());
 }

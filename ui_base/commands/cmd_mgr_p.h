@@ -23,8 +23,9 @@ public:
 
   ContextLayers layers;
   QHash<QString, QString> groundReasons;
-  std::vector<std::weak_ptr<CommandBase>> arrived; // since the layers were looked at last
-  QList<std::shared_ptr<PendingContext>> pending;  // oldest first
+  std::vector<std::weak_ptr<CommandBase>> departed; // while layers stood
+  std::vector<std::weak_ptr<CommandBase>> arrived;  // since the layers were looked at last
+  QList<std::shared_ptr<PendingContext>> pending;   // oldest first
   bool applying = false;
 };
 

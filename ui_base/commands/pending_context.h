@@ -44,6 +44,10 @@ public:
       m_kept.emplace_back(find(entry.key()), entry.value());
     }
   }
+  /// One more command to apply a state to, which is held weakly.
+  void keep(const std::shared_ptr<CommandBase>& command, const CommandState& state) {
+    m_kept.emplace_back(command, state);
+  }
   void applyToKept() const;
 
   /// Its manager dies; one that was deleted by hand may still be referred to, but not be used.
