@@ -879,6 +879,159 @@
     </message>
 </context>
 <context>
+    <name>Vela::UiBase::Session</name>
+    <message>
+        <source>It is too large for a session.</source>
+        <translation>Sie ist zu groß für eine Sitzung.</translation>
+    </message>
+    <message>
+        <source>Something is missing at the end.</source>
+        <translation>Am Ende fehlt etwas.</translation>
+    </message>
+    <message>
+        <source>“%1” has no closing quotation mark.</source>
+        <translation>Bei „%1“ fehlt das schließende Anführungszeichen.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a position such as (1, 0.5, 2).</source>
+        <translation>„%1“ ist keine Stelle wie (1, 0.5, 2).</translation>
+    </message>
+    <message>
+        <source>The values do not stand in braces, as in {&quot;name&quot;: 1}.</source>
+        <translation>Die Werte stehen nicht in Klammern wie in {&quot;name&quot;: 1}.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a value in JSON.</source>
+        <translation>„%1“ ist kein Wert in JSON.</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>Die Datei ist leer.</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>This is no session: it does not begin with “session %1”.</source>
+        <translation>Das ist keine Sitzung: Sie beginnt nicht mit „session %1“.</translation>
+    </message>
+    <message>
+        <source>Sessions of the format “%1” are not known.</source>
+        <translation>Sitzungen im Format „%1“ sind nicht bekannt.</translation>
+    </message>
+    <message>
+        <source>A step begins with “command” or “operation”, not with “%1”.</source>
+        <translation>Ein Schritt beginnt mit „command“ oder „operation“, nicht mit „%1“.</translation>
+    </message>
+    <message>
+        <source>“%1” is neither “on” nor “off”.</source>
+        <translation>„%1“ ist weder „on“ noch „off“.</translation>
+    </message>
+    <message>
+        <source>“%1” is no button of the mouse.</source>
+        <translation>„%1“ ist keine Taste der Maus.</translation>
+    </message>
+    <message>
+        <source>“%1” are no keys such as shift+control.</source>
+        <translation>„%1“ sind keine Tasten wie shift+control.</translation>
+    </message>
+    <message>
+        <source>There is no step before that this belongs to.</source>
+        <translation>Davor steht kein Schritt, zu dem das gehört.</translation>
+    </message>
+    <message>
+        <source>What is compared is written as “name = value”.</source>
+        <translation>Was verglichen wird, steht als „Name = Wert“ da.</translation>
+    </message>
+    <message>
+        <source>“%1” says nothing of a step.</source>
+        <translation>„%1“ sagt nichts über einen Schritt.</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::SessionRecorder</name>
+    <message>
+        <source>“%1” works on something that it does not give: it cannot be replayed.</source>
+        <translation>„%1“ arbeitet mit etwas, was es nicht angibt: Es kann nicht wiederholt werden.</translation>
+    </message>
+    <message>
+        <source>“%1” began while something else ran; replayed it begins afterwards.</source>
+        <translation>„%1“ begann, während etwas anderes lief; wiederholt beginnt es danach.</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::SessionReplay</name>
+    <message>
+        <source>it asks the user (“%1”).</source>
+        <translation>es fragt den Benutzer („%1“).</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
+    </message>
+    <message>
+        <source>%1 does not end: %2</source>
+        <translation>%1 endet nicht: %2</translation>
+    </message>
+    <message>
+        <source>%1 did not run: %2</source>
+        <translation>%1 lief nicht: %2</translation>
+    </message>
+    <message>
+        <source>it declined.</source>
+        <translation>es lehnte ab.</translation>
+    </message>
+    <message>
+        <source>%1 ended otherwise: %2</source>
+        <translation>%1 endete anders: %2</translation>
+    </message>
+    <message>
+        <source>%1 ended otherwise: %2 (%3)</source>
+        <translation>%1 endete anders: %2 (%3)</translation>
+    </message>
+    <message>
+        <source>%1 is %2 and not %3.</source>
+        <translation>%1 ist %2 und nicht %3.</translation>
+    </message>
+    <message>
+        <source>there is no command %1.</source>
+        <translation>es gibt keinen Befehl %1.</translation>
+    </message>
+    <message>
+        <source>%1 is grey.</source>
+        <translation>%1 ist grau.</translation>
+    </message>
+    <message>
+        <source>%1 is grey: %2</source>
+        <translation>%1 ist grau: %2</translation>
+    </message>
+    <message>
+        <source>%1 is on already.</source>
+        <translation>%1 ist schon an.</translation>
+    </message>
+    <message>
+        <source>%1 is off already.</source>
+        <translation>%1 ist schon aus.</translation>
+    </message>
+    <message>
+        <source>%1 does not understand its inputs.</source>
+        <translation>%1 versteht seine Eingaben nicht.</translation>
+    </message>
+    <message>
+        <source>nobody can do “%1” of %2 here.</source>
+        <translation>niemand kann hier „%1“ von %2.</translation>
+    </message>
+    <message>
+        <source>step %1: %2</source>
+        <translation>Schritt %1: %2</translation>
+    </message>
+    <message>
+        <source>before step 1: %1</source>
+        <translation>vor Schritt 1: %1</translation>
+    </message>
+</context>
+<context>
     <name>Vela::UiBase::ShortcutEditor</name>
     <message>
         <source>Keyboard shortcuts</source>
