@@ -149,6 +149,25 @@ private Q_SLOTS:
     QCOMPARE(button->text(QAccessible::Name), QString("Cut & Paste"));
   }
 
+  void commandEndsWithTheButtonThatWasToOpenItAgain() {
+    MenuStage stage;
+    auto* const panel = new QSpinBox(stage.view);
+    panel->hide();
+    const auto command = Taren::Objects::createShared<PanelCommand>(panel, stage.controller);
+    const QPointer<ToolButtonWithWidgetMenu> button = stage.bar->AddAction(command.get(), panel);
+    stage.bar->AddAction(command.get(), panel); // lives on, and was not asked
+    command->trigger();
+    QVERIFY(button->IsMenuShowing());
+    const auto again = [&command](ToolButton*, bool visible) { visible ? void() : command->trigger(); };
+    connect(button, &ToolButtonWithMenu::ButtonMenuVisibilityChange, command.get(), again,
+            Qt::SingleShotConnection);
+    button->HideMenu();
+    button->hide();
+    QVERIFY(command->isActive());
+    delete button;
+    QVERIFY(!command->isActive());
+  }
+
   void commandThatCannotOpenItsFlyoutEnds() {
     MenuStage stage;
     stage.button->SetLocked(true); // as while another one is extended

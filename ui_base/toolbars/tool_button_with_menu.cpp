@@ -57,6 +57,8 @@ ToolButtonWithMenu::~ToolButtonWithMenu() {
   own()->watch(nullptr);
   if (popup)
     popup->hide();
+  if (own()->opensLater)
+    d->endUnopenedFlyout(); // which waits for it
 }
 
 void ToolButtonWithMenu::Initialize() {

@@ -43,9 +43,13 @@ bool ToolButtonWithMenuPrivate::beginShowing(bool) { return true; }
 
 void ToolButtonWithMenuPrivate::endShowing() {}
 
-void ToolButtonWithMenuPrivate::showLater() const {
+void ToolButtonWithMenuPrivate::showLater() {
+  opensLater = true;
   auto* const self = static_cast<ToolButtonWithMenu*>(button);
-  QTimer::singleShot(0, self, [self] { self->ShowMenu(); });
+  QTimer::singleShot(0, self, [this, self] {
+    opensLater = false;
+    self->ShowMenu();
+  });
 }
 
 void ToolButtonWithMenuPrivate::forgetClick() { state.released(); }

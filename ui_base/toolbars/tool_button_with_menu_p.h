@@ -34,7 +34,7 @@ public:
   virtual void endShowing();
 
   /// Shows the menu when nothing is under way any more: not in the event in which the popup is being hidden.
-  void showLater() const;
+  void showLater();
   /// The button if it can be seen, else the first that can of those which open the toolbar it stands in; or
   /// null.
   QWidget* seenPlace() const;
@@ -53,6 +53,7 @@ public:
   const std::unique_ptr<WidgetPosCalculator> posCalculator;
   bool noHideMenuOnClick = false;
   bool saveMenuState = false;
+  bool opensLater = false; // showLater() was called
   QPointer<ToolButtonWithMenu> savedMenuOwner;
 
   MenuState state;
