@@ -149,7 +149,10 @@ bool BaseView::event(QEvent* event) {
     return true;
   }
   if (type == QEvent::HideToParent && holdsFocus(*this)) {
+    const QPointer<BaseView> self(this);
     window()->focusWidget()->clearFocus(); // of a page that is not seen: Qt leaves it there
+    if (self)
+      passFocusOn(*this);
     return true;
   }
   if (type == QEvent::ParentAboutToChange)
