@@ -14,6 +14,8 @@ void applyToolkitLook(QWidget& widget) {
   const auto applyStyles = [&widget] { widget.setStyleSheet(Styles::Instance().UiToolkit()); };
   QObject::connect(&Styles::Instance(), &Styles::changed, &widget, applyStyles);
   applyStyles();
+  // Before its first polish Qt would keep to this sheet, whichever the application sets afterwards.
+  widget.ensurePolished();
 }
 
 } // namespace Vela::UiToolkit

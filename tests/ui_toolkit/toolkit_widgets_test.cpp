@@ -22,6 +22,12 @@ class ToolkitWidgetsTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void cleanup() { Styles::Instance().setPalette(Vela::Resource::Light); }
 
+  void aStyleSheetOfTheApplicationCounts() {
+    ImageViewerToolBar bar;
+    bar.setStyleSheet("QWidget#ImageViewerToolBar { background-color: #ff0000; }");
+    QCOMPARE(bar.grab().toImage().pixelColor(1, 1), QColor(Qt::red));
+  }
+
   void aClickOnAToolBarButtonEmitsItsSignalOnce_data() {
     QTest::addColumn<QByteArray>("signal");
     QTest::addColumn<QString>("toolTip");
