@@ -27,9 +27,25 @@ void addGroupMenu(QMenu& menu, const CommandGroup& group) {
     subMenu->addAction(children.commandAt(i));
 }
 
+// The mesh may change while the menu is open, and with it what was measured.
+void addRemoval(QMenu& menu, MeshView& view, const QPoint& place) {
+  Measurements& measurements = view.measurements();
+  const auto project = [&view](const QVector3D& point) { return view.camera().project(point, view.size()); };
+  const auto index = measurements.nearestTo(place, project);
+  if (!index)
+    return;
+  QAction* const action = menu.addAction(Measurements::tr("Remove &This Distance"));
+  const auto take = [&measurements, which = *index, count = measurements.distances().size()] {
+    if (measurements.distances().size() == count)
+      measurements.remove(which);
+  };
+  QObject::connect(action, &QAction::triggered, &measurements, take);
+  menu.addSeparator();
+}
+
 } // namespace
 
-QMenu* makeContextMenu(const MeshViewController& controller) {
+QMenu* makeContextMenu(const MeshViewController& controller, const QPoint& position) {
   MeshView* const view = controller.meshView();
   if (!view)
     return nullptr;
@@ -42,6 +58,7 @@ QMenu* makeContextMenu(const MeshViewController& controller) {
         menu->addAction(command);
     }
   };
+  addRemoval(*menu, *view, view->mapFromGlobal(position));
   add({ModeCommand::idOf(PickMode), ModeCommand::idOf(MeasureMode), ModeCommand::idOf(RectangleMode)});
   menu->addSeparator();
   if (controller.selectionCommands().isInUse() && controller.mode() != MeasureMode) {

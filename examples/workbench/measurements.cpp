@@ -4,11 +4,25 @@
 #include <vgsobjects/line_object.h>
 #include <vgsobjects/point_object.h>
 
+#include <algorithm>
+#include <cmath>
+
 namespace Workbench {
 
 using namespace Vela::Graphics;
 
 namespace {
+
+constexpr double Reach = 8; // px from a line
+
+double distanceToLine(const QPointF& place, const QPointF& from, const QPointF& to) {
+  const QPointF along = to - from;
+  const double square = QPointF::dotProduct(along, along);
+  const double part =
+      square > 0 ? std::clamp(QPointF::dotProduct(place - from, along) / square, 0.0, 1.0) : 0;
+  const QPointF away = place - from - along * part;
+  return std::hypot(away.x(), away.y());
+}
 
 LineObject lineOf(const Measurements::Distance& distance, Vela::Common::ELengthUnit unit) {
   LineObject line(distance.from, distance.to);
@@ -59,13 +73,18 @@ bool Measurements::takeBack() {
   return true;
 }
 
-void Measurements::removeNewest() {
-  if (m_distances.empty())
+void Measurements::remove(std::size_t index) {
+  if (index >= m_distances.size())
     return;
-  m_distances.pop_back();
-  m_measuredOn.pop_back();
+  m_distances.erase(m_distances.begin() + std::ptrdiff_t(index));
+  m_measuredOn.erase(m_measuredOn.begin() + std::ptrdiff_t(index));
   Q_EMIT changed();
   Q_EMIT distancesChanged();
+}
+
+void Measurements::removeNewest() {
+  if (!m_distances.empty())
+    remove(m_distances.size() - 1);
 }
 
 void Measurements::clear() {
@@ -100,6 +119,21 @@ QString Measurements::list() const {
   for (std::size_t i = 0; i < m_distances.size(); ++i)
     lines += textOf(i);
   return lines.join(u'\n');
+}
+
+std::optional<std::size_t> Measurements::nearestTo(const QPointF& place, const Projection& projection) const {
+  std::optional<std::size_t> nearest;
+  double reach = Reach;
+  for (std::size_t i = 0; i < m_distances.size(); ++i) {
+    const auto from = projection(m_distances[i].from);
+    const auto to = projection(m_distances[i].to);
+    const double away = from && to ? distanceToLine(place, *from, *to) : reach;
+    if (away < reach) {
+      reach = away;
+      nearest = i;
+    }
+  }
+  return nearest;
 }
 
 void Measurements::draw(const AnnotationDevice& device) const {

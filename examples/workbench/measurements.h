@@ -5,9 +5,11 @@
 #include <workbench/mesh.h>
 
 #include <QObject>
+#include <QPointF>
 #include <QString>
 #include <QVector3D>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -55,6 +57,8 @@ public:
   void finish(const QVector3D& to);
   /// Forgets the first point. @return whether there was one.
   bool takeBack();
+  /// Forgets one of them.
+  void remove(std::size_t index);
   /// Forgets the distance that was finished last.
   void removeNewest();
   void clear();
@@ -68,11 +72,15 @@ public:
   QString list() const;
   void draw(const Vela::Graphics::AnnotationDevice& device) const;
 
+  using Projection = std::function<std::optional<QPointF>(const QVector3D& point)>;
+  /// The distance whose line passes a point of the picture within a few pixels, the nearest of several.
+  std::optional<std::size_t> nearestTo(const QPointF& place, const Projection& projection) const;
+
 Q_SIGNALS:
   /// It is drawn another way than before.
   void changed();
   void unitChanged();
-  /// A distance was finished, or all were cleared.
+  /// A distance was finished, or some were removed.
   void distancesChanged();
 
 private:

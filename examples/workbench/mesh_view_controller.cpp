@@ -252,7 +252,7 @@ bool MeshViewController::rightClick(QMouseEvent* release) {
 void MeshViewController::openMenu(const QPoint& position) {
   if (m_menu && m_menu->isVisible())
     return;
-  m_menu = makeContextMenu(*this);
+  m_menu = makeContextMenu(*this, position);
   if (m_menu)
     m_menu->popup(position);
 }

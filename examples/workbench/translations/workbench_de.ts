@@ -237,6 +237,10 @@
         <source>%1 (before an edit)</source>
         <translation>%1 (vor einer Änderung)</translation>
     </message>
+    <message>
+        <source>Remove &amp;This Distance</source>
+        <translation>&amp;Diesen Abstand entfernen</translation>
+    </message>
 </context>
 <context>
     <name>Workbench::MeshDocument</name>
