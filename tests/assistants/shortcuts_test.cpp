@@ -235,9 +235,14 @@ private Q_SLOTS:
   void aKeyThatMeansTwoThingsIsToldOf() {
     Stage stage;
     QSignalSpy spy(&stage.scheme, &ShortcutScheme::ambiguous);
+    QSignalSpy kept(&stage.scheme, &ShortcutScheme::changed);
     stage.measure->setShortcut(ctrlM);
     stage.press(stage.window, Qt::Key_M, Qt::ControlModifier);
     QCOMPARE(spy.size(), 1);
+    QCOMPARE(kept.size(), 1);
+    ShortcutScheme later; // of the next start
+    later.restore(stage.scheme.values());
+    QVERIFY(later.rules().met() == stage.scheme.rules().met() && later.rules().met().size() > 0);
     QVERIFY(stage.controller->isNotificationShowing());
     QCOMPARE(stage.ran, QStringList());
     stage.measure->setEnabled(false);

@@ -37,6 +37,10 @@ void ShortcutModel::find(const QString& typed) {
   for (const auto& manager : managers)
     m_search.collect(manager);
   m_found = m_search.find(typed, CommandUsage());
+  m_found.removeIf([this](const auto& found) {
+    const auto command = m_search.at(found).command.lock();
+    return command && command->hasTag(ShortcutScheme::noShortcutTag());
+  });
   endResetModel();
 }
 

@@ -37,6 +37,8 @@ public:
   void addMode(const QString& name, const QStringList& commandIds);
   /// One key was seen to mean both of these commands.
   void noteMet(const QString& commandId, const QString& otherId);
+  /// The pairs of commands that always meet where their keys do, because that was seen.
+  QSet<std::pair<QString, QString>> met() const { return m_met; }
 
   /// How the two can come into each other's way.
   EMeeting meeting(const ShortcutUse& one, const ShortcutUse& other) const;

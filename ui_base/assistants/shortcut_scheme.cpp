@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QPointer>
 #include <QShortcutEvent>
 
 namespace Vela::UiBase {
@@ -19,6 +20,7 @@ namespace {
 
 constexpr const char* defaultProperty = "vela_default_shortcuts";
 constexpr QLatin1String jsonKey("shortcuts");
+constexpr QLatin1String conflictsKey("always conflict"); // beside identifiers, which have no blanks
 
 QStringList textOf(const QList<QKeySequence>& shortcuts) {
   QStringList texts;
@@ -35,7 +37,25 @@ QList<QKeySequence> keysOf(const QStringList& texts) {
   return shortcuts;
 }
 
+QVariantList conflictsOf(const ShortcutRules& rules) {
+  QVariantList conflicts;
+  const auto met = rules.met();
+  for (const auto& [one, other] : met)
+    conflicts.append(QStringList{one, other});
+  return conflicts;
+}
+
+void noteConflicts(const QVariantList& conflicts, ShortcutRules& rules) {
+  for (const QVariant& pair : conflicts) {
+    const QStringList ids = pair.toStringList();
+    if (ids.size() == 2)
+      rules.noteMet(ids[0], ids[1]);
+  }
+}
+
 } // namespace
+
+QString ShortcutScheme::noShortcutTag() { return QStringLiteral("no_shortcut"); }
 
 ShortcutScheme::ShortcutScheme(QObject* parent) : QObject(parent) { qApp->installEventFilter(this); }
 
@@ -61,7 +81,7 @@ QList<CommandBase*> ShortcutScheme::commands() const {
   QList<CommandBase*> commands;
   QSet<const CommandBase*> seen; // some stand in several groups
   const auto add = [&](CommandBase& command) {
-    if (dynamic_cast<CommandGroup*>(&command) || seen.contains(&command))
+    if (dynamic_cast<CommandGroup*>(&command) || seen.contains(&command) || command.hasTag(noShortcutTag()))
       return;
     seen.insert(&command);
     commands.append(&command);
@@ -108,15 +128,19 @@ QVariantMap ShortcutScheme::values() const {
   QVariantMap values;
   for (auto it = m_changes.cbegin(); it != m_changes.cend(); ++it)
     values.insert(it.key(), it.value());
+  if (const QVariantList conflicts = conflictsOf(m_rules); !conflicts.isEmpty())
+    values.insert(conflictsKey, conflicts);
   return values;
 }
 
 void ShortcutScheme::restore(const QVariantMap& values) {
   m_changes.clear();
+  noteConflicts(values.value(conflictsKey).toList(), m_rules);
   for (auto it = values.cbegin(); it != values.cend(); ++it) {
     const QStringList given = it.value().toStringList();
     const QStringList known = textOf(keysOf(given));
-    if (it.value().canConvert<QStringList>() && known.isEmpty() == given.isEmpty())
+    if (it.key() != conflictsKey && it.value().canConvert<QStringList>() &&
+        known.isEmpty() == given.isEmpty())
       m_changes.insert(it.key(), known);
   }
   applyAll();
@@ -198,16 +222,24 @@ void ShortcutScheme::applyAll() {
   }
 }
 
+bool ShortcutScheme::tellAmbiguous(const QKeySequence& keys) {
+  const auto before = m_rules.met();
+  const QPointer<ShortcutScheme> self(this);
+  const QString message = tellAmbiguousKey(keys, m_rules);
+  if (self && m_rules.met() != before)
+    Q_EMIT changed();
+  if (self && !message.isEmpty())
+    Q_EMIT ambiguous(message);
+  return !message.isEmpty();
+}
+
 bool ShortcutScheme::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::ActionAdded) {
     applyLater(*static_cast<QActionEvent*>(event)->action());
   } else if (event->type() == QEvent::Show && qobject_cast<BaseView*>(watched)) {
     QMetaObject::invokeMethod(this, &ShortcutScheme::applyAll, Qt::QueuedConnection); // it may bring commands
   } else if (event->type() == QEvent::Shortcut && static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
-    const QString message = tellAmbiguousKey(static_cast<QShortcutEvent*>(event)->key(), m_rules);
-    if (!message.isEmpty())
-      Q_EMIT ambiguous(message);
-    return !message.isEmpty();
+    return tellAmbiguous(static_cast<QShortcutEvent*>(event)->key());
   }
   return false;
 }

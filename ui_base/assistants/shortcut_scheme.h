@@ -45,7 +45,11 @@ public:
   void addManager(CmdMgr* manager);
   /// Those that were added and live.
   QList<std::shared_ptr<CmdMgr>> managers() const;
-  /// All commands of the managers, those in groups included; groups themselves are not.
+  /// A tag of commands that get no shortcuts of the user's, as they stand for something else each time:
+  /// recent files.
+  static QString noShortcutTag();
+  /// All commands of the managers that can get shortcuts, those in groups included; groups themselves are
+  /// not.
   QList<CommandBase*> commands() const;
 
   /// The shortcuts of a command, the user's or else the application's.
@@ -62,9 +66,11 @@ public:
   /// Gives every command what the application chose.
   void resetAll();
 
-  /// The differences by identifier, texts that do not depend on the language: to be kept for the next start.
+  /// The differences by identifier, texts that do not depend on the language, and which commands were seen to
+  /// conflict: to be kept for the next start.
   QVariantMap values() const;
   /// Replaces the differences. Those of commands that are not known are kept; what names no keys is left out.
+  /// What conflicted is added to what is known.
   void restore(const QVariantMap& values);
   /// The differences as a JSON text for a file that people exchange.
   QByteArray toJson() const;
@@ -80,7 +86,7 @@ public:
   QList<ShortcutUse> metBy(const CommandBase& command, const QList<QKeySequence>& shortcuts) const;
 
 Q_SIGNALS:
-  /// The differences are others: time to keep values().
+  /// The differences are others, or a conflict was seen: time to keep values().
   void changed();
   /// A key was pressed that means several commands here, so that none ran. The message is shown over the view
   /// of the first that has one.
@@ -93,6 +99,7 @@ private:
   void apply(CommandBase& command);
   void applyLater(QAction& action);
   void applyAll();
+  bool tellAmbiguous(const QKeySequence& keys);
   void put(const CommandBase& command, const QList<QKeySequence>& shortcuts);
 
   QList<std::weak_ptr<CmdMgr>> m_managers;

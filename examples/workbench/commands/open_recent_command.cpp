@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "open_recent_command.h"
 
+#include <ui_base/assistants/shortcut_scheme.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/config_manager.h>
 #include <workbench/mesh_view_controller.h>
@@ -40,6 +41,8 @@ QString OpenRecentCommand::obstacle() const {
 }
 
 bool OpenRecentCommand::needsMeshPage() const { return false; }
+
+QStringList OpenRecentCommand::commandTags() { return {Vela::UiBase::ShortcutScheme::noShortcutTag()}; }
 
 bool OpenRecentCommand::onExecuteAsync(bool) {
   MeshViewController* const controller = meshController();

@@ -18,6 +18,7 @@ public:
   QString commandId() const override { return idOf(m_place); }
   QString obstacle() const override;
   bool needsMeshPage() const override;
+  QStringList commandTags() override;
   bool onExecuteAsync(bool checked) override;
 
 private:
