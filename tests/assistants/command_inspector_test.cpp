@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include <support/input.h>
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/assistants/command_inspector.h>
+#include <ui_base/tools/interactive_tool.h>
 #include <ui_base/views/base_view.h>
 
 #include <QTableView>
+#include <QToolButton>
 
 #include <commands/commands_fixture.h>
 
@@ -41,11 +44,28 @@ private Q_SLOTS:
       one->setGroundState(QStringLiteral("smooth"), {State::On, State::Keep});
       dispatcher.runAll();
       QTRY_COMPARE(rows(), 1);
+      auto* const button = new QToolButton(&owner);
+      button->setDefaultAction(two->findCommand("smooth"));
+      button->show();
+      auto hold =
+          one->holdContext(one->disabledContext(), ContextHolder::because(QStringLiteral("Scanning.")));
+      dispatcher.runAll();
+      two->pushTool(LeftButton, std::make_shared<InteractiveTool>(&second));
+      Vela::Test::moveMouse(*button);
+      QTRY_VERIFY(inspector.report().contains("InteractiveTool\tactive"));
+      const QString report = inspector.report();
+      for (const char* const part :
+           {"No paper.", "It is shown by QToolButton in QWidget", "\tdisabled\tScanning.",
+            "\t1\tScanning.\tits hold\tsmooth off", "BaseView\tnone\thidden"})
+        QVERIFY2(report.contains(part), qPrintable(report));
+      delete button;
       one->removeAllCommands();
       two->removeAllCommands();
       dispatcher.runAll();
     }
     QTRY_COMPARE(rows(), 0);
+    inspector.hide(); // nothing is left that watches
+    QVERIFY(!table->model());
   }
 };
 

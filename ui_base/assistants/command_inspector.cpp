@@ -2,22 +2,28 @@
 #include "command_inspector.h"
 
 #include "grey_command_model.h"
+#include "inspector_sections.h"
+#include "run_timeline.h"
+#include "snapshot_model.h"
+#include "state_history.h"
 
 #include <ui_base/commands/cmd_mgr.h>
 #include <ui_base/commands/command_base.h>
+#include <ui_base/commands/run_log.h>
 #include <ui_base/commands/run_model.h>
 
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
 #include <QLabel>
-#include <QMenu>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTableView>
 #include <QTimer>
-#include <QToolButton>
 #include <QVBoxLayout>
+
+#include <array>
 
 namespace Vela::UiBase {
 
@@ -25,92 +31,119 @@ namespace {
 
 constexpr int lookInterval = 250; // ms
 
-QString tableText(const QAbstractItemModel* model) {
-  QString text;
-  for (int row = 0; model && row < model->rowCount(); ++row) {
+QString tableText(const QString& title, const QAbstractItemModel& model) {
+  QString text = QStringLiteral("== %1\n").arg(title);
+  for (int row = 0; row < model.rowCount(); ++row) {
     QStringList cells;
-    for (int column = 0; column < model->columnCount(); ++column)
-      cells.append(model->index(row, column).data().toString());
+    for (int column = 0; column < model.columnCount(); ++column)
+      cells.append(model.index(row, column).data().toString());
     text += cells.join(u'\t') + u'\n';
   }
   return text;
 }
 
-QAction* actionUnder(QWidget& widget, const QPoint& at) {
-  if (const auto* const menu = qobject_cast<QMenu*>(&widget))
-    return menu->actionAt(at);
-  const auto* const button = qobject_cast<QToolButton*>(&widget);
-  return button ? button->defaultAction() : nullptr;
-}
+/// What an open inspector keeps.
+struct LiveModels {
+  GreyCommandModel grey;
+  StateHistory history;
+  SnapshotModel layers{InspectorSections::layerTitles()};
+  SnapshotModel tools{InspectorSections::toolTitles()};
+  SnapshotModel views{InspectorSections::viewTitles()};
+  SnapshotModel bars{InspectorSections::barTitles()};
+  RunModel runs;
+
+  std::array<QAbstractItemModel*, 7> all() {
+    return {&grey, &history, &layers, &tools, &views, &bars, &runs};
+  }
+};
 
 } // namespace
 
 class CommandInspectorPrivate {
 public:
-  void look() {
-    QList<std::shared_ptr<CmdMgr>> living;
-    QStringList counts;
-    for (const auto& known : std::as_const(managers)) {
-      auto manager = known.lock();
-      if (!manager)
-        continue;
-      counts.append(QString::number(manager->contextStack().size()));
-      living.append(std::move(manager));
+  InspectorSections::Managers living() const {
+    InspectorSections::Managers living;
+    for (const auto& known : managers) {
+      if (auto manager = known.lock())
+        living.append(std::move(manager));
     }
-    grey->look(living);
-    layers->setText(CommandInspector::tr("Layers of contexts: %1").arg(counts.join(QLatin1String(", "))));
+    return living;
   }
 
-  void show(const CommandBase& command) {
-    const QString state =
-        command.isEnabled() ? CommandInspector::tr("It can be used.") : command.whyUnavailable();
-    underMouse->setText(QStringLiteral("%1\n%2").arg(command.commandId(), state));
+  void look() {
+    if (!live)
+      return;
+    const auto now = living();
+    live->history.follow(now);
+    live->grey.look(now);
+    live->layers.setRows(InspectorSections::layers(now));
+    live->tools.setRows(InspectorSections::tools(now));
+    live->views.setRows(InspectorSections::views());
+    live->bars.setRows(InspectorSections::bars(now));
+    timeline->setRecords(RunLog::Instance().records());
   }
 
-  static QTableView* addTable(QWidget& parent, const QString& name) {
-    auto* const table = new QTableView(&parent);
+  void show(QWidget& widget, const QPoint& at) const {
+    const CommandBase* const command = InspectorSections::commandAt(widget, at);
+    QStringList lines;
+    if (command) {
+      lines = InspectorSections::describe(*command);
+      const QTime since = live->history.since(*command);
+      if (since.isValid())
+        lines[1] += QLatin1Char(' ') +
+                    CommandInspector::tr("Since %1.").arg(since.toString(QStringLiteral("HH:mm:ss")));
+    }
+    lines += InspectorSections::describe(widget);
+    underMouse->setText(lines.join(u'\n'));
+  }
+
+  void addPage(QTabWidget& pages, const QString& name) {
+    auto* const table = new QTableView(&pages);
     table->setAccessibleName(name);
     table->setTabKeyNavigation(false);
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->verticalHeader()->hide();
     table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 6);
     table->setWordWrap(false);
+    table->horizontalHeader()->setStretchLastSection(true);
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    parent.layout()->addWidget(table);
-    return table;
+    pages.addTab(table, name);
+    tables.append(table);
   }
 
   QList<std::weak_ptr<CmdMgr>> managers;
-  // While it is open.
-  std::unique_ptr<GreyCommandModel> grey;
-  std::unique_ptr<RunModel> runs;
+  std::unique_ptr<LiveModels> live; // while it is open
   QTimer timer;
   // Children of the inspector.
   QLabel* underMouse = nullptr;
-  QLabel* layers = nullptr;
-  QTableView* greyTable = nullptr;
-  QTableView* runTable = nullptr;
+  RunTimeline* timeline = nullptr;
+  QList<QTableView*> tables;
 };
 
 CommandInspector::CommandInspector(QWidget* parent)
     : QWidget(parent, Qt::Tool), d(std::make_unique<CommandInspectorPrivate>()) {
   setWindowTitle(tr("Commands"));
   auto* const layout = new QVBoxLayout(this);
-  d->underMouse = new QLabel(tr("Point at a button or a menu entry."), this);
-  d->layers = new QLabel(this);
-  for (QLabel* const label : {d->underMouse, d->layers}) {
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    layout->addWidget(label);
-  }
-  d->greyTable = d->addTable(*this, tr("Commands that cannot be used"));
-  d->runTable = d->addTable(*this, tr("Runs"));
+  d->underMouse = new QLabel(tr("Point at anything in the program."), this);
+  d->underMouse->setTextFormat(Qt::PlainText);
+  d->underMouse->setWordWrap(true);
+  d->underMouse->setMinimumHeight(6 * fontMetrics().lineSpacing());
+  d->underMouse->setAlignment(Qt::AlignTop | Qt::AlignLeading);
+  layout->addWidget(d->underMouse);
+  auto* const pages = new QTabWidget(this);
+  pages->setAccessibleName(tr("What is shown"));
+  for (const QString& name :
+       {tr("Grey"), tr("Changes"), tr("Layers"), tr("Tools"), tr("Views"), tr("Bars and Groups"), tr("Runs")})
+    d->addPage(*pages, name);
+  layout->addWidget(pages);
+  d->timeline = new RunTimeline(this);
+  layout->addWidget(d->timeline);
   auto* const copy = new QPushButton(tr("&Copy as Text"), this);
   layout->addWidget(copy);
   connect(copy, &QPushButton::clicked, this, [this] { QApplication::clipboard()->setText(report()); });
   d->timer.setInterval(lookInterval);
   connect(&d->timer, &QTimer::timeout, this, [this] { d->look(); });
-  resize(560, 480);
+  resize(720, 540);
 }
 
 CommandInspector::~CommandInspector() = default;
@@ -121,9 +154,12 @@ void CommandInspector::addManager(CmdMgr* manager) {
 }
 
 QString CommandInspector::report() const {
-  return QStringList{d->underMouse->text(), d->layers->text(), tableText(d->greyTable->model()),
-                     tableText(d->runTable->model())}
-      .join(u'\n');
+  QStringList parts{d->underMouse->text() + QLatin1Char('\n')};
+  for (const QTableView* const table : std::as_const(d->tables)) {
+    if (table->model())
+      parts.append(tableText(table->accessibleName(), *table->model()));
+  }
+  return parts.join(u'\n');
 }
 
 bool CommandInspector::eventFilter(QObject* watched, QEvent* event) {
@@ -131,23 +167,19 @@ bool CommandInspector::eventFilter(QObject* watched, QEvent* event) {
   auto* const widget = type == QEvent::MouseMove || type == QEvent::Enter || type == QEvent::HoverMove
                            ? qobject_cast<QWidget*>(watched)
                            : nullptr;
-  if (widget && widget->window() != this) {
-    const QPoint at = static_cast<QSinglePointEvent*>(event)->position().toPoint();
-    if (const auto* const command = dynamic_cast<CommandBase*>(actionUnder(*widget, at)))
-      d->show(*command);
-  }
+  if (widget && d->live && widget->window() != this)
+    d->show(*widget, static_cast<QSinglePointEvent*>(event)->position().toPoint());
   return false;
 }
 
 void CommandInspector::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  if (event->spontaneous())
+  if (event->spontaneous() || d->live)
     return; // the window was minimised
-  d->grey = std::make_unique<GreyCommandModel>();
-  d->runs = std::make_unique<RunModel>();
-  d->greyTable->setModel(d->grey.get());
-  d->greyTable->horizontalHeader()->setSectionResizeMode(GreyCommandModel::WhyColumn, QHeaderView::Stretch);
-  d->runTable->setModel(d->runs.get());
+  d->live = std::make_unique<LiveModels>();
+  const auto models = d->live->all();
+  for (qsizetype i = 0; i < d->tables.size(); ++i)
+    d->tables[i]->setModel(models.at(std::size_t(i)));
   d->look();
   d->timer.start();
   qApp->installEventFilter(this);
@@ -158,8 +190,7 @@ void CommandInspector::hideEvent(QHideEvent* event) {
   if (event->spontaneous())
     return;
   d->timer.stop();
-  d->grey.reset();
-  d->runs.reset();
+  d->live.reset();
   qApp->removeEventFilter(this);
 }
 

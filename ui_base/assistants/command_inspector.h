@@ -12,10 +12,13 @@ namespace Vela::UiBase {
 class CmdMgr;
 class CommandInspectorPrivate;
 
-/// A window for the developers of an application: which command is under the mouse, which commands cannot be
-/// used, why and since when, and what was run. All of it can be copied as text, for a report.
+/// A window for the developers of an application. Of what is under the mouse it tells the command, how it
+/// stands, why and since when, where it is shown and by what it is placed. It lists the commands that cannot
+/// be used, the last 200 changes of states, layers of contexts, tools, views, bars, menus and groups, and the
+/// runs of commands, also over time. All of it can be copied as text, for a report.
 ///
-/// Managers are held weakly; whatever is shown may die. While the window is closed it watches nothing.
+/// Managers are held weakly; whatever is shown may die. While the window is closed it watches nothing:
+/// changes count from when it was opened.
 ///
 /// @code
 /// auto* inspector = new CommandInspector(window);
