@@ -344,10 +344,6 @@
 <context>
     <name>Vela::UiBase::CommandInspector</name>
     <message>
-        <source>Layers of contexts: %1</source>
-        <translation>Kontextebenen: %1</translation>
-    </message>
-    <message>
         <source>It can be used.</source>
         <translation>Es ist verfügbar.</translation>
     </message>
@@ -356,20 +352,251 @@
         <translation>Befehle</translation>
     </message>
     <message>
-        <source>Point at a button or a menu entry.</source>
-        <translation>Zeigen Sie auf einen Knopf oder Menüeintrag.</translation>
-    </message>
-    <message>
-        <source>Commands that cannot be used</source>
-        <translation>Befehle, die nicht verfügbar sind</translation>
-    </message>
-    <message>
         <source>Runs</source>
         <translation>Läufe</translation>
     </message>
     <message>
         <source>&amp;Copy as Text</source>
         <translation>Als Text &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>Since %1.</source>
+        <translation>Seit %1.</translation>
+    </message>
+    <message>
+        <source>Point at anything in the program.</source>
+        <translation>Zeigen Sie auf irgendetwas im Programm.</translation>
+    </message>
+    <message>
+        <source>What is shown</source>
+        <translation>Was gezeigt wird</translation>
+    </message>
+    <message>
+        <source>Grey</source>
+        <translation>Grau</translation>
+    </message>
+    <message>
+        <source>Changes</source>
+        <translation>Änderungen</translation>
+    </message>
+    <message>
+        <source>Layers</source>
+        <translation>Schichten</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Views</source>
+        <translation>Ansichten</translation>
+    </message>
+    <message>
+        <source>Bars and Groups</source>
+        <translation>Leisten und Gruppen</translation>
+    </message>
+    <message>
+        <source>%1 runs</source>
+        <translation>%1 läuft</translation>
+    </message>
+    <message>
+        <source>%1 is open</source>
+        <translation>%1 ist offen</translation>
+    </message>
+    <message>
+        <source>not said</source>
+        <translation>nicht gesagt</translation>
+    </message>
+    <message>
+        <source>left</source>
+        <translation>links</translation>
+    </message>
+    <message>
+        <source>right</source>
+        <translation>rechts</translation>
+    </message>
+    <message>
+        <source>middle</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>wheel</source>
+        <translation>Rad</translation>
+    </message>
+    <message>
+        <source>operates</source>
+        <translation>arbeitet</translation>
+    </message>
+    <message>
+        <source>active</source>
+        <translation>aktiv</translation>
+    </message>
+    <message>
+        <source>suspended</source>
+        <translation>ruht</translation>
+    </message>
+    <message>
+        <source>inactive</source>
+        <translation>inaktiv</translation>
+    </message>
+    <message>
+        <source>put there by the application or a layout</source>
+        <translation>von der Anwendung oder einem Layout dorthin gesetzt</translation>
+    </message>
+    <message>
+        <source>at its edge</source>
+        <translation>an seinem Rand</translation>
+    </message>
+    <message>
+        <source>%1, %2 % slid out</source>
+        <translation>%1, zu %2 % hinausgeglitten</translation>
+    </message>
+    <message>
+        <source>closed</source>
+        <translation>zu</translation>
+    </message>
+    <message>
+        <source>open</source>
+        <translation>offen</translation>
+    </message>
+    <message>
+        <source>bar</source>
+        <translation>Leiste</translation>
+    </message>
+    <message>
+        <source>hidden</source>
+        <translation>versteckt</translation>
+    </message>
+    <message>
+        <source>shown</source>
+        <translation>gezeigt</translation>
+    </message>
+    <message>
+        <source>menu</source>
+        <translation>Menü</translation>
+    </message>
+    <message numerus="yes">
+        <source>of %n button(s), last of %1</source>
+        <translation>
+            <numerusform>von einer Taste, zuletzt von %1</numerusform>
+            <numerusform>von %n Tasten, zuletzt von %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keins</translation>
+    </message>
+    <message>
+        <source>without a view</source>
+        <translation>ohne Ansicht</translation>
+    </message>
+    <message>
+        <source>Commands of</source>
+        <translation>Befehle von</translation>
+    </message>
+    <message>
+        <source>Layer</source>
+        <translation>Schicht</translation>
+    </message>
+    <message>
+        <source>Holder</source>
+        <translation>Halter</translation>
+    </message>
+    <message>
+        <source>Ends with</source>
+        <translation>Endet mit</translation>
+    </message>
+    <message>
+        <source>Names</source>
+        <translation>Nennt</translation>
+    </message>
+    <message>
+        <source>its hold</source>
+        <translation>seinem Griff</translation>
+    </message>
+    <message>
+        <source>Tools of</source>
+        <translation>Werkzeuge von</translation>
+    </message>
+    <message>
+        <source>Button</source>
+        <translation>Taste</translation>
+    </message>
+    <message>
+        <source>Tool</source>
+        <translation>Werkzeug</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Base view</source>
+        <translation>Grundansicht</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>Presented by</source>
+        <translation>Gezeigt von</translation>
+    </message>
+    <message>
+        <source>Stands</source>
+        <translation>Steht</translation>
+    </message>
+    <message>
+        <source>covered</source>
+        <translation>verdeckt</translation>
+    </message>
+    <message>
+        <source>in front</source>
+        <translation>vorn</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Platz</translation>
+    </message>
+    <message>
+        <source>group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>enabled</source>
+        <translation>benutzbar</translation>
+    </message>
+    <message>
+        <source>disabled</source>
+        <translation>grau</translation>
+    </message>
+    <message>
+        <source>It belongs to %1.</source>
+        <translation>Er gehört zu %1.</translation>
+    </message>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1 in %2</translation>
+    </message>
+    <message>
+        <source>It is shown by %1.</source>
+        <translation>Er wird von %1 gezeigt.</translation>
+    </message>
+    <message>
+        <source>the bar rests at %1</source>
+        <translation>die Leiste ruht bei %1</translation>
+    </message>
+    <message>
+        <source>%1 opens at %2.</source>
+        <translation>%1 öffnet sich an %2.</translation>
     </message>
 </context>
 <context>
@@ -879,11 +1106,25 @@
     </message>
 </context>
 <context>
-    <name>Vela::UiBase::Session</name>
+    <name>Vela::UiBase::RunTimeline</name>
     <message>
-        <source>It is too large for a session.</source>
-        <translation>Sie ist zu groß für eine Sitzung.</translation>
+        <source>Runs over time</source>
+        <translation>Läufe über die Zeit</translation>
     </message>
+    <message numerus="yes">
+        <source>%n run(s)</source>
+        <translation>
+            <numerusform>ein Lauf</numerusform>
+            <numerusform>%n Läufe</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: waited %2 ms, took %3 ms, %4</source>
+        <translation>%1: wartete %2 ms, dauerte %3 ms, %4</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::Session</name>
     <message>
         <source>Something is missing at the end.</source>
         <translation>Am Ende fehlt etwas.</translation>
@@ -947,6 +1188,10 @@
     <message>
         <source>“%1” says nothing of a step.</source>
         <translation>„%1“ sagt nichts über einen Schritt.</translation>
+    </message>
+    <message>
+        <source>It is too large for a session.</source>
+        <translation>Sie ist zu groß für eine Sitzung.</translation>
     </message>
 </context>
 <context>
@@ -1204,6 +1449,41 @@
     <message>
         <source>Open the context menu</source>
         <translation>Das Kontextmenü öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>Vela::UiBase::StateHistory</name>
+    <message>
+        <source>enabled</source>
+        <translation>benutzbar</translation>
+    </message>
+    <message>
+        <source>disabled</source>
+        <translation>grau</translation>
+    </message>
+    <message>
+        <source>checked</source>
+        <translation>an</translation>
+    </message>
+    <message>
+        <source>unchecked</source>
+        <translation>aus</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Became</source>
+        <translation>Wurde</translation>
+    </message>
+    <message>
+        <source>Because</source>
+        <translation>Weil</translation>
     </message>
 </context>
 <context>

@@ -69,6 +69,13 @@ double Camera::distanceShowing(const std::vector<QVector3D>& points, const QSize
   return (distance > m_sceneRadius * NearestDistance ? distance : m_sceneRadius * 4) * FitMargin;
 }
 
+void Camera::place(const QVector3D& target, double yaw, double pitch, double distance) {
+  m_target = target;
+  m_yaw = yaw;
+  m_pitch = pitch;
+  m_distance = distance;
+}
+
 void Camera::orbit(double yaw, double pitch) {
   m_yaw = wrapDegrees(m_yaw + yaw);
   m_pitch = std::clamp(m_pitch + pitch, -90.0, 90.0);

@@ -59,6 +59,9 @@ public:
   /// picture. Ignores a factor that is not positive; the distance stays within the limits of the scene.
   void zoomAt(double factor, const QVector3D& anchor);
 
+  /// Stands where another one did, by its target(), yaw(), pitch() and distance().
+  void place(const QVector3D& target, double yaw, double pitch, double distance);
+
   /// The point of the plane through the target, facing the camera, that is seen at @p position.
   QVector3D pointInTargetPlane(const QPointF& position, const QSizeF& viewport) const;
   Ray rayThrough(const QPointF& position, const QSizeF& viewport) const;

@@ -81,11 +81,12 @@ std::optional<Options::Answer> answerWithoutDisplay(int argc, char** argv) {
   return Options::parse(withoutQtOptions(QCoreApplication::arguments())).answer;
 }
 
-// A screenshot can be taken where there is no display.
+// A screenshot can be taken, and a session be done again, where there is no display.
 void choosePlatform([[maybe_unused]] int argc, [[maybe_unused]] char** argv) {
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
-  if (hasArgument(argc, argv, "--screenshot") && qEnvironmentVariableIsEmpty("DISPLAY") &&
-      qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+  if ((hasArgument(argc, argv, "--screenshot") || hasArgument(argc, argv, "--replay")) &&
+      qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+      !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
 #endif
 }

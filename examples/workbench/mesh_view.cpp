@@ -139,6 +139,20 @@ TriangleSelection MeshView::trianglesIn(const QRectF& rectangle) {
   return {mesh().triangles().size(), m_renderer.trianglesIn(pixels.toAlignedRect())};
 }
 
+MeshView::Frame MeshView::frame() {
+  if (!mesh().isEmpty())
+    renderIfNeeded();
+  return {deviceSize(), m_samples};
+}
+
+TriangleSelection MeshView::trianglesIn(const QRect& pixels, const Camera& camera, const Frame& frame) const {
+  if (mesh().isEmpty())
+    return {};
+  Renderer renderer;
+  renderer.render(shownMesh(), camera, frame.size, RenderStyle::forPalette(palette()), frame.samples);
+  return {mesh().triangles().size(), renderer.trianglesIn(pixels)};
+}
+
 QImage MeshView::picture() {
   renderMesh(2);
   return m_renderer.image();
@@ -196,6 +210,7 @@ void MeshView::renderMesh(int oversampling) {
   m_style = RenderStyle::forPalette(palette());
   m_style.shading = m_shading;
   m_renderer.render(shownMesh(), m_camera, deviceSize(), m_style, oversampling, m_document.selection());
+  m_samples = oversampling;
   m_outdated = false;
 }
 

@@ -68,6 +68,14 @@ public:
   std::optional<Renderer::Hit> pick(const QPoint& position);
   /// The triangles that are seen within a rectangle.
   TriangleSelection trianglesIn(const QRectF& rectangle);
+  /// The frame that trianglesIn() looks at, for finding the same triangles in a view of another size.
+  struct Frame {
+    QSize size; ///< Device pixels.
+    int samples = 1;
+  };
+  Frame frame();
+  /// What trianglesIn() finds for a rectangle in device pixels of such a frame, seen by such a camera.
+  TriangleSelection trianglesIn(const QRect& pixels, const Camera& camera, const Frame& frame) const;
   /// The view's picture in device pixels, without what lies over it.
   QImage picture();
   /// The numbers of the mesh, for a status bar; empty without a mesh.
@@ -117,6 +125,7 @@ private:
   bool m_dropHighlight = false;
 
   Renderer m_renderer;
+  int m_samples = 1;   // of its frame
   RenderStyle m_style; // of the frame in the renderer
   bool m_outdated = true;
   bool m_settled = false;

@@ -12,12 +12,10 @@
 #include <workbench/mesh_view.h>
 #include <workbench/photos/photo_loader.h>
 #include <workbench/recent_files.h>
-#include <workbench/tools/camera_keys.h>
 #include <workbench/tools/mesh_tool.h>
 
 #include <QDropEvent>
 #include <QFileInfo>
-#include <QKeyEvent>
 #include <QMenu>
 
 namespace Workbench {
@@ -260,50 +258,6 @@ void MeshViewController::openMenu(const QPoint& position) {
 void MeshViewController::cancelPivot() {
   if (auto* const pivot = findCommand<SetPivotCommand>())
     pivot->cancel();
-}
-
-bool MeshViewController::keyPress(QKeyEvent* event) {
-  const bool isEscape = event->key() == Qt::Key_Escape;
-  if (isEscape && getOperatingTool()) {
-    endRunningOperation();
-    return true;
-  }
-  if (CmdsViewController::keyPress(event))
-    return true;
-  if (isEscape)
-    return escape();
-  if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier && meshView()) {
-    meshView()->requestMenu(meshView()->mapToGlobal(meshView()->rect().center()));
-    return true;
-  }
-  return moveCamera(*event);
-}
-
-// One thing at a time, what is most likely meant first.
-bool MeshViewController::escape() {
-  if (cancelWork())
-    return true;
-  CommandBase* const pick = findCommand(ModeCommand::idOf(PickMode));
-  if (pick && m_mode != PickMode) {
-    pick->setChecked(true);
-    return true;
-  }
-  MeshView* const view = meshView();
-  if (!view || view->document().selection().isEmpty())
-    return false;
-  view->document().setSelection(TriangleSelection(view->mesh().triangles().size()));
-  return true;
-}
-
-// Not during a drag, which goes by the camera at its beginning.
-bool MeshViewController::moveCamera(const QKeyEvent& event) {
-  MeshView* const view = meshView();
-  if (!view || view->mesh().isEmpty() || getOperatingTool())
-    return false;
-  const auto moved = movedByKey(view->camera(), event, view->size());
-  if (moved)
-    view->setCamera(*moved);
-  return moved.has_value();
 }
 
 bool MeshViewController::mouseDragEnter(QDragEnterEvent* event) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/tools/tool_operation.h>
 #include <ui_base/views/cmds_view_controller.h>
 #include <workbench/mesh.h>
 #include <workbench/mesh_view_events.h>
@@ -70,6 +71,10 @@ public:
   void leaveMode(EToolMode mode);
   /// A tool operates, and the mouse has been moved so far that it is no click.
   bool isDragging() const;
+
+  /// Does again what the view told to the OperationLog: what keys do with the camera and the selection.
+  /// @return whether it could.
+  bool performOnView(const Vela::UiBase::ToolOperation& operation);
 
   /// Whether the view is the page that is seen, as at first. While it is not, work on the mesh that can be
   /// cancelled goes on, but no command for the mesh can be used.

@@ -40,12 +40,22 @@ Options Options::parse(const QStringList& arguments) {
       QStringLiteral("trace"),
       OptionText::tr("Save when commands began and ended as <file>, in the Chrome trace-event format."),
       OptionText::tr("file"));
+  const QCommandLineOption record(
+      QStringLiteral("record"),
+      OptionText::tr("Write down what is done, as the session <file>, which people can read."),
+      OptionText::tr("file"));
+  const QCommandLineOption replay(
+      QStringLiteral("replay"),
+      OptionText::tr(
+          "Do the session <file> again, and end. The exit status is 1 when a step does not come out as "
+          "it was recorded."),
+      OptionText::tr("file"));
   // For main(), which has to know before the application object is there.
   const QCommandLineOption webPanels(
       QStringLiteral("web-panels"),
       OptionText::tr(
           "Show information in a web view where QtWebEngine is installed. The start takes longer."));
-  parser.addOptions({screenshot, size, trace, webPanels});
+  parser.addOptions({screenshot, size, trace, record, replay, webPanels});
   const QCommandLineOption help = parser.addHelpOption();
   const QCommandLineOption version = parser.addVersionOption();
   parser.addPositionalArgument(QStringLiteral("files"),
@@ -63,6 +73,11 @@ Options Options::parse(const QStringList& arguments) {
                             0};
   } else if (parser.isSet(screenshot) && parser.value(screenshot).isEmpty()) {
     options.answer = Answer{OptionText::tr("--screenshot needs the name of an image file.\n"), 1};
+  } else if ((parser.isSet(record) && parser.value(record).isEmpty()) ||
+             (parser.isSet(replay) && parser.value(replay).isEmpty())) {
+    options.answer = Answer{OptionText::tr("--record and --replay need the name of a session file.\n"), 1};
+  } else if (parser.isSet(screenshot) && (parser.isSet(record) || parser.isSet(replay))) {
+    options.answer = Answer{OptionText::tr("--screenshot goes with neither --record nor --replay.\n"), 1};
   } else if (parser.isSet(size)) {
     options.size = parseSize(parser.value(size));
     if (options.size.isEmpty())
@@ -71,6 +86,8 @@ Options Options::parse(const QStringList& arguments) {
   }
   options.files = parser.positionalArguments();
   options.screenshot = parser.value(screenshot);
+  options.record = parser.value(record);
+  options.replay = parser.value(replay);
   options.trace = parser.value(trace);
   return options;
 }

@@ -13,6 +13,8 @@ namespace Workbench {
 struct Options {
   QStringList files;
   QString screenshot;    ///< The image file to write before the program ends; empty for none.
+  QString record;        ///< The session file to write while the program is used; empty for none.
+  QString replay;        ///< The session file to do again before the program ends; empty for none.
   QString trace;         ///< The trace file to write at the end; empty for none.
   QSize size{1280, 800}; ///< Of the window, in logical pixels.
 

@@ -15,6 +15,7 @@
 #include <workbench/panels/command_tooltip.h>
 #include <workbench/photos/photo_view.h>
 #include <workbench/screenshot_run.h>
+#include <workbench/session/session_run.h>
 #include <workbench/toolbars/mesh_tool_bars.h>
 #include <workbench/window_layout.h>
 #include <workbench/workbench_app_manager.h>
@@ -40,6 +41,8 @@ bool WorkbenchApp::Init() {
   Services::ApplicationService::GetInstance().setAppManager(std::make_unique<WorkbenchAppManager>());
   UiBase::WidgetPosCalculator::SetVerifySlidArrowByDefault(true);
   UiBase::TooltipManager::GetInstance().SetShowNextAtOnce(CommandTooltips, true);
+  if (!m_options.replay.isEmpty())
+    SessionRun::useOwnSettings();
   Language::restore();
   DarkPaletteCommand::restorePalette();
   QApplication::setFont(Resource::Styles::Instance().FontLabel());
@@ -55,13 +58,7 @@ bool WorkbenchApp::Init() {
 void WorkbenchApp::showWindow() {
   m_window->resize(m_options.size);
   if (m_options.screenshot.isEmpty()) {
-    if (m_options.size == Options().size)
-      WindowLayout::restorePlace(*m_window);
-    m_window->show();
-    WindowLayout::restoreContent(*m_window);
-    QObject::connect(&m_window->controller()->events(), &MeshViewEvents::layoutResetAsked, m_window.get(),
-                     [window = m_window.get()] { WindowLayout::reset(*window, Options().size); });
-    m_window->controller()->openFiles(m_options.files);
+    showForUser();
     return;
   }
   UiBase::NotificationBar::setDefaultFadeDuration(0);
@@ -71,12 +68,31 @@ void WorkbenchApp::showWindow() {
   m_screenshot->start(m_options.files);
 }
 
-int WorkbenchApp::status() const { return m_screenshot ? m_screenshot->status() : 0; }
+void WorkbenchApp::showForUser() {
+  if (m_options.size == Options().size)
+    WindowLayout::restorePlace(*m_window);
+  m_window->show();
+  WindowLayout::restoreContent(*m_window);
+  QObject::connect(&m_window->controller()->events(), &MeshViewEvents::layoutResetAsked, m_window.get(),
+                   [window = m_window.get()] { WindowLayout::reset(*window, Options().size); });
+  if (!m_options.record.isEmpty() || !m_options.replay.isEmpty())
+    m_session = std::make_unique<SessionRun>(*m_window);
+  if (!m_options.record.isEmpty())
+    m_session->record(m_options.record);
+  m_window->controller()->openFiles(m_options.files);
+  if (!m_options.replay.isEmpty())
+    m_session->replay(m_options.replay);
+}
+
+int WorkbenchApp::status() const {
+  return m_screenshot ? m_screenshot->status() : m_session ? m_session->status() : 0;
+}
 
 void WorkbenchApp::Terminate() {
   if (m_window && getVC() && !m_screenshot)
     WindowLayout::save(*m_window);
   m_screenshot.reset();
+  m_session.reset();
   m_window.reset();
 }
 

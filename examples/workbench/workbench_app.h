@@ -10,6 +10,7 @@ namespace Workbench {
 
 class MainWindow;
 class ScreenshotRun;
+class SessionRun;
 
 /// The workbench as a service of the kernel: it makes the window when it starts and takes it away when it
 /// ends. Its root view controller is that of the mesh view, which owns the controller too and dies with the
@@ -30,15 +31,17 @@ public:
 
   /// Null before the start and after the end.
   MainWindow* window() const noexcept { return m_window.get(); }
-  /// What the program ends with: 1 when it was to save a picture, and did not.
+  /// What the program ends with: 1 when it was to save a picture or to do a session again, and did not.
   int status() const;
 
 private:
   void showWindow();
+  void showForUser();
 
   Options m_options;
   std::unique_ptr<MainWindow> m_window;
   std::unique_ptr<ScreenshotRun> m_screenshot;
+  std::unique_ptr<SessionRun> m_session;
 };
 
 } // namespace Workbench

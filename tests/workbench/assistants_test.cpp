@@ -15,6 +15,7 @@
 #include <workbench/commands/keyboard_command.h>
 #include <workbench/commands/mesh_info_command.h>
 #include <workbench/commands/smooth_mesh_command.h>
+#include <workbench/language.h>
 #include <workbench/pages/workbench_pages.h>
 #include <workbench/photos/photo_view.h>
 #include <workbench/photos/photo_view_controller.h>
@@ -54,19 +55,28 @@ private Q_SLOTS:
   }
 
   void nothingIsAmissForAnybody_data() {
-    const Vela::Test::Rows<EPalette, Qt::LayoutDirection> row("palette", "direction");
-    row("light", Vela::Resource::Light, Qt::LeftToRight);
-    row("dark", Vela::Resource::Dark, Qt::LeftToRight);
-    row("dark, mirrored", Vela::Resource::Dark, Qt::RightToLeft);
+    const Vela::Test::Rows<QLocale::Language, EPalette, Qt::LayoutDirection> row("language", "palette",
+                                                                                 "direction");
+    for (const auto language : {QLocale::English, QLocale::German}) {
+      for (const auto palette : {Vela::Resource::Light, Vela::Resource::Dark}) {
+        for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft})
+          row(QStringLiteral("%1 %2 %3").arg(language).arg(palette).arg(direction).toUtf8(), language,
+              palette, direction);
+      }
+    }
   }
   void nothingIsAmissForAnybody() {
+    QFETCH(QLocale::Language, language);
     QFETCH(EPalette, palette);
     QFETCH(Qt::LayoutDirection, direction);
     QApplication::setLayoutDirection(direction);
     WorkbenchFixture bench({1000, 700});
     Styles::Instance().setPalette(palette);
-    const auto asBefore = qScopeGuard([] { // while there is a window that hands it on
+    Language::choose(language);
+    QApplication::setLayoutDirection(direction); // the language brought its own
+    const auto asBefore = qScopeGuard([] {       // while there is a window that hands it on
       Styles::Instance().setPalette(Vela::Resource::Light);
+      Language::choose(QLocale::English);
       QApplication::setLayoutDirection(Qt::LeftToRight);
     });
     bench.show(Test::blob(20));

@@ -11,6 +11,7 @@
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
 #include <workbench/photos/photo_loader.h>
+#include <workbench/session/file_inputs.h>
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -76,6 +77,17 @@ void OpenMeshCommand::cancel() {
 }
 
 QList<OpenMeshCommand::Failure> OpenMeshCommand::takeFailures() { return std::exchange(m_failures, {}); }
+
+QVariantMap OpenMeshCommand::inputs() const { return FileInputs::of(m_files); }
+
+bool OpenMeshCommand::setInputs(const QVariantMap& inputs) {
+  const QStringList files = FileInputs::files(inputs);
+  if (!m_running)
+    m_waiting += files;
+  return !files.isEmpty() || inputs.isEmpty();
+}
+
+bool OpenMeshCommand::needsInputs() const { return true; }
 
 bool OpenMeshCommand::onExecute(bool checked) {
   if (m_running)

@@ -36,6 +36,11 @@ public:
   /// The failures of the last run, handed out once.
   QList<Failure> takeFailures();
 
+  /// The files.
+  QVariantMap inputs() const override;
+  bool setInputs(const QVariantMap& inputs) override;
+  bool needsInputs() const override;
+
   QString obstacle() const override;
   bool needsMeshPage() const override;
   bool locksMesh() const override;

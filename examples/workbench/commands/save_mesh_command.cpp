@@ -11,6 +11,7 @@
 #include <workbench/mesh_view_controller.h>
 #include <workbench/mesh_writer.h>
 #include <workbench/recent_files.h>
+#include <workbench/session/file_inputs.h>
 
 #include <QDir>
 #include <QFileDialog>
@@ -78,6 +79,15 @@ bool SaveMeshCommand::locksMesh() const { return true; }
 bool SaveMeshCommand::makesResult() const { return false; }
 
 void SaveMeshCommand::save() { onExecute(); }
+
+QVariantMap SaveMeshCommand::inputs() const { return m_run ? FileInputs::of(m_run->file) : QVariantMap(); }
+
+bool SaveMeshCommand::setInputs(const QVariantMap& inputs) {
+  const QStringList files = FileInputs::files(inputs);
+  return inputs.isEmpty() || (files.size() == 1 && prepare(files.constFirst()));
+}
+
+bool SaveMeshCommand::needsInputs() const { return true; }
 
 bool SaveMeshCommand::onExecute(bool checked) {
   if (m_run || !hasMesh())
@@ -165,16 +175,20 @@ void SaveMeshCommand::askForFile() {
   dialog->open();
 }
 
-void SaveMeshCommand::saveTo(const QString& file) {
+bool SaveMeshCommand::prepare(const QString& file) {
   const MeshDocument* const edited = document();
   if (!edited || file.isEmpty() || m_run)
-    return;
+    return false;
   if (m_saving == ExportMesh)
     config().setValue(ExportFolderKey, QFileInfo(file).absolutePath());
   m_next = Job{file, edited->mesh(), false, {}};
   setExecutionNotificationMessage(StartNotification, tr("Saving %1…").arg(QFileInfo(file).fileName()));
   setExecutionNotificationMessage(EndNotification, {});
-  if (!onExecute())
+  return true;
+}
+
+void SaveMeshCommand::saveTo(const QString& file) {
+  if (prepare(file) && !onExecute())
     tellFinished(false);
 }
 

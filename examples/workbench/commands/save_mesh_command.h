@@ -31,6 +31,11 @@ public:
   /// Saves, or asks for the file first, also when the command is disabled. Does nothing while it saves.
   void save();
 
+  /// The file.
+  QVariantMap inputs() const override;
+  bool setInputs(const QVariantMap& inputs) override;
+  bool needsInputs() const override;
+
   QString obstacle() const override;
   bool locksMesh() const override;
   bool makesResult() const override;
@@ -53,6 +58,7 @@ private:
 
   void describe();
   void askForFile();
+  bool prepare(const QString& file);
   void saveTo(const QString& file);
   void finish();
   QString suggestedFile() const;

@@ -8,6 +8,7 @@
 #include <workbench/command_menus.h>
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
+#include <workbench/session/file_inputs.h>
 
 #include <QDir>
 #include <QFileDialog>
@@ -44,6 +45,17 @@ SaveScreenshotCommand::SaveScreenshotCommand(MeshViewController* controller) : W
 QString SaveScreenshotCommand::obstacle() const {
   return m_run ? tr("A picture is being saved.") : needMesh();
 }
+
+QVariantMap SaveScreenshotCommand::inputs() const {
+  return m_run ? FileInputs::of(m_run->file) : QVariantMap();
+}
+
+bool SaveScreenshotCommand::setInputs(const QVariantMap& inputs) {
+  const QStringList files = FileInputs::files(inputs);
+  return inputs.isEmpty() || (files.size() == 1 && prepare(files.constFirst()));
+}
+
+bool SaveScreenshotCommand::needsInputs() const { return true; }
 
 bool SaveScreenshotCommand::onExecute(bool checked) {
   if (m_run)
@@ -107,13 +119,18 @@ void SaveScreenshotCommand::askForFile() {
   dialog->open();
 }
 
-void SaveScreenshotCommand::save(const QString& file) {
+bool SaveScreenshotCommand::prepare(const QString& file) {
   MeshView* const view = meshView();
   if (!view || file.isEmpty() || m_run)
-    return;
+    return false;
   config().setValue(FolderKey, QFileInfo(file).absolutePath());
   m_next = Shot{file, view->picture(), {}};
-  onExecute();
+  return true;
+}
+
+void SaveScreenshotCommand::save(const QString& file) {
+  if (prepare(file))
+    onExecute();
 }
 
 QString SaveScreenshotCommand::suggestedFile() const {

@@ -18,6 +18,11 @@ class SaveScreenshotCommand : public WorkbenchCommand {
 public:
   explicit SaveScreenshotCommand(MeshViewController* controller);
 
+  /// The file.
+  QVariantMap inputs() const override;
+  bool setInputs(const QVariantMap& inputs) override;
+  bool needsInputs() const override;
+
   QString obstacle() const override;
   void executionEnded() override;
   bool onExecuteAsync(bool checked) override;
@@ -39,6 +44,7 @@ private:
 
   void askForFile();
   void tellSaved();
+  bool prepare(const QString& file);
   void save(const QString& file);
   QString suggestedFile() const;
 

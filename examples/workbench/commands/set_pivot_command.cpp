@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "set_pivot_command.h"
 
+#include <ui_base/tools/operation_log.h>
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <workbench/command_menus.h>
 #include <workbench/commands/command_help.h>
@@ -11,19 +12,35 @@
 
 #include <QKeyEvent>
 
+#include <functional>
+
 namespace Workbench {
 
 using namespace Vela::UiBase;
 
 namespace {
 
+constexpr QLatin1String ClickAction("click");
+constexpr QLatin1String GiveUpAction("give_up");
+
 // Gets no input, as the command takes it all.
 class PivotCursor : public MeshTool {
 public:
-  explicit PivotCursor(MeshView* view) : MeshTool(view) {
+  using Perform = std::function<bool(const ToolOperation&)>;
+
+  PivotCursor(MeshView* view, Perform perform) : MeshTool(view), m_perform(std::move(perform)) {
     setIdleCursor(crosshairCursor(QStringLiteral("rotation_center")));
   }
+
+  bool perform(const ToolOperation& operation) override { return m_perform(operation); }
+
+private:
+  const Perform m_perform;
 };
+
+void tell(QLatin1String action, const QList<QVector3D>& positions) {
+  OperationLog::Instance().tell({SetPivotCommand::className(), action, Qt::LeftButton, {}, positions, {}});
+}
 
 } // namespace
 
@@ -57,7 +74,8 @@ bool SetPivotCommand::onExecuteAsync(bool) {
 
 void SetPivotCommand::begin(MeshViewController& controller) {
   broadcast([this](CommandStateProtocol* observer) { observer->commandBegan(this); });
-  m_cursor = std::make_shared<PivotCursor>(meshView());
+  m_cursor = std::make_shared<PivotCursor>(
+      meshView(), [this](const ToolOperation& operation) { return perform(operation); });
   controller.pushTool(LeftButton, m_cursor);
   controller.showNotification(tr("Click the point to turn around. Escape cancels."), FadeInAndOut, 0);
 }
@@ -84,10 +102,34 @@ bool SetPivotCommand::mousePress(QMouseEvent* event) {
   const auto hit = view ? view->pick(event->position().toPoint()) : std::nullopt;
   if (!hit)
     return true;
-  Camera camera = view->camera();
-  camera.lookAt(hit->point);
-  view->setCamera(camera);
+  tell(ClickAction, {hit->point});
+  lookAt(hit->point);
+  return true;
+}
+
+void SetPivotCommand::lookAt(const QVector3D& point) {
+  if (MeshView* const view = meshView()) {
+    Camera camera = view->camera();
+    camera.lookAt(point);
+    view->setCamera(camera);
+  }
   end();
+}
+
+void SetPivotCommand::giveUp() {
+  tell(GiveUpAction, {});
+  end();
+}
+
+// It is the cursor that is asked, and which then goes.
+bool SetPivotCommand::perform(const ToolOperation& operation) {
+  const bool isClick = operation.action == ClickAction && operation.positions.size() == 1;
+  if (!isExecuting() || operation.command != className() || (!isClick && operation.action != GiveUpAction))
+    return false;
+  if (isClick)
+    lookAt(operation.positions.constFirst());
+  else
+    end();
   return true;
 }
 
@@ -101,7 +143,7 @@ bool SetPivotCommand::mouseRelease(QMouseEvent* event) {
   if (!isExecuting() || !controller || event->button() != Qt::RightButton || controller->isDragging())
     return false;
   controller->endRunningOperation();
-  end();
+  giveUp();
   return true;
 }
 
@@ -110,7 +152,7 @@ bool SetPivotCommand::mouseDoubleClick(QMouseEvent*) { return isExecuting(); }
 bool SetPivotCommand::keyPress(QKeyEvent* event) {
   if (!isExecuting() || event->key() != Qt::Key_Escape)
     return false;
-  end();
+  giveUp();
   return true;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/tools/tool_operation.h>
 #include <ui_base/views/view_responder.h>
 #include <workbench/commands/workbench_command.h>
 
@@ -39,6 +40,9 @@ public:
 
 private:
   void begin(MeshViewController& controller);
+  void lookAt(const QVector3D& point);
+  void giveUp();
+  bool perform(const Vela::UiBase::ToolOperation& operation);
   void end();
 
   std::shared_ptr<Vela::UiBase::InteractiveTool> m_cursor; // lies over the left button's tools meanwhile

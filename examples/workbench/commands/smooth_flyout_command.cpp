@@ -16,6 +16,9 @@ using namespace Vela::UiBase;
 namespace {
 
 constexpr int PreviewDelay = 120; // ms without another value
+constexpr QLatin1String IterationsKey("iterations");
+constexpr QLatin1String InwardsKey("inwards");
+constexpr QLatin1String OutwardsKey("outwards");
 
 SmoothPanel* panelOf(const FlyoutBase* flyout) {
   return flyout ? qobject_cast<SmoothPanel*>(flyout->MainPanel()) : nullptr;
@@ -90,14 +93,38 @@ void SmoothFlyoutCommand::onFinalize() {
 
 void SmoothFlyoutCommand::onESCKeyReleased() { requestStop(); }
 
+QVariantMap SmoothFlyoutCommand::inputs() const {
+  return {{IterationsKey, m_applying.iterations},
+          {InwardsKey, m_applying.inwards},
+          {OutwardsKey, m_applying.outwards}};
+}
+
+bool SmoothFlyoutCommand::setInputs(const QVariantMap& inputs) {
+  SmoothOptions given;
+  given.iterations = inputs.value(IterationsKey, given.iterations).toInt();
+  given.inwards = inputs.value(InwardsKey, given.inwards).toDouble();
+  given.outwards = inputs.value(OutwardsKey, given.outwards).toDouble();
+  const auto isStep = [](double step) { return step > 0 && step <= 1; };
+  const bool good =
+      given.iterations > 0 && given.iterations <= 1000 && isStep(given.inwards) && isStep(given.outwards);
+  if (good)
+    m_given = given;
+  return good;
+}
+
+bool SmoothFlyoutCommand::needsInputs() const { return true; }
+
 bool SmoothFlyoutCommand::onExecute(bool checked) {
-  if (!isActive() || !hasMesh() || m_edit.isRunning())
+  const bool isGiven = m_given && isAvailable();
+  if (!(isActive() || isGiven) || !hasMesh() || m_edit.isRunning())
     return false;
   m_preview.cancel();
+  m_applying = options();
+  m_given.reset();
   m_edit.begin(
       {{staticMetaObject, QT_TR_NOOP("Smooth")},
        tr("Smoothing"),
-       [options = options()](const Mesh& mesh, const TriangleSelection&, const RunProgress& progress) {
+       [options = m_applying](const Mesh& mesh, const TriangleSelection&, const RunProgress& progress) {
          return smoothed(mesh, options, progress);
        },
        [](const Mesh&, const Mesh&) { return tr("Smoothed the mesh"); }});
@@ -117,7 +144,7 @@ CommandContext SmoothFlyoutCommand::getBeginCommandContext() {
 CommandContext SmoothFlyoutCommand::getExecutionCommandContext() { return getBeginCommandContext(); }
 
 SmoothOptions SmoothFlyoutCommand::options() const {
-  SmoothOptions options = m_panel ? m_panel->options() : SmoothOptions();
+  SmoothOptions options = m_given ? *m_given : m_panel ? m_panel->options() : SmoothOptions();
   const MeshDocument* const edited = document();
   if (edited && !edited->selection().isEmpty())
     options.selection = edited->selection();

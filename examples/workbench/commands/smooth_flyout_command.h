@@ -25,6 +25,11 @@ public:
   SmoothFlyoutCommand(Vela::UiBase::FlyoutBase* flyout, MeshViewController* controller);
   ~SmoothFlyoutCommand() override;
 
+  /// The values of the panel. With given ones it is applied without its panel.
+  QVariantMap inputs() const override;
+  bool setInputs(const QVariantMap& inputs) override;
+  bool needsInputs() const override;
+
   QString obstacle() const override;
   bool locksMesh() const override;
   /// Stops what is being applied, or else closes the flyout.
@@ -52,6 +57,8 @@ private:
   const QPointer<SmoothPanel> m_panel;
   MeshEdit m_edit;
   LatestTask m_preview;
+  std::optional<SmoothOptions> m_given; // for the next run, in place of the panel's
+  SmoothOptions m_applying;             // of the run
   bool m_applied = false;
 };
 

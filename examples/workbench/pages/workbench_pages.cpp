@@ -1,16 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "workbench_pages.h"
 
+#include <ui_base/tools/operation_log.h>
 #include <workbench/failure_notice.h>
 #include <workbench/mesh_loader.h>
 #include <workbench/mesh_view_controller.h>
 #include <workbench/pages/show_page_command.h>
 #include <workbench/photos/photo_view.h>
 #include <workbench/photos/photo_view_controller.h>
+#include <workbench/session/file_inputs.h>
 
 namespace Workbench {
 
 using namespace Vela::UiBase;
+
+namespace {
+
+constexpr QLatin1String OpenAction("open");
+
+} // namespace
 
 WorkbenchPages::WorkbenchPages(MeshViewController& mesh, PhotoViewController& photos, QObject* parent)
     : QObject(parent), m_mesh(mesh), m_photos(photos) {
@@ -49,12 +57,25 @@ void WorkbenchPages::updateCurrent() {
 }
 
 void WorkbenchPages::openPhotos(const QStringList& files) {
+  OperationLog::Instance().tell(
+      {PhotoDocument::operationName(), OpenAction, {}, {}, {}, FileInputs::of(files)});
   show(PhotoPage);
   PhotoView* const view = m_photos.photoView();
   if (!view)
     return;
   clearMessages(*view);
   view->document().open(files);
+}
+
+bool WorkbenchPages::perform(const ToolOperation& operation) {
+  PhotoView* const view = m_photos.photoView();
+  if (!view || operation.command != PhotoDocument::operationName())
+    return false;
+  const QStringList files = FileInputs::files(operation.values);
+  if (operation.action != OpenAction || files.isEmpty())
+    return view->document().perform(operation.action);
+  openPhotos(files);
+  return true;
 }
 
 // What is no mesh either is told of here, where it was dropped.

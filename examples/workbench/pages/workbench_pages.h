@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/tools/tool_operation.h>
+
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
@@ -33,6 +35,8 @@ public:
 
   EPage current() const noexcept { return m_current; }
   void show(EPage page);
+  /// Does again what was done with the photographs and told to the OperationLog. @return whether it could.
+  bool perform(const Vela::UiBase::ToolOperation& operation);
 
 Q_SIGNALS:
   void currentChanged();

@@ -2,12 +2,25 @@
 #include "photo_document.h"
 
 #include <tqm_mesh_kernel/dispatch.h>
+#include <ui_base/tools/operation_log.h>
 #include <workbench/photos/photo_loader.h>
 
 #include <QFileInfo>
 #include <QPointer>
 
 namespace Workbench {
+
+namespace {
+
+constexpr QLatin1String NextAction("next");
+constexpr QLatin1String PreviousAction("previous");
+constexpr QLatin1String CloseAction("close");
+
+void tell(QLatin1String action) {
+  Vela::UiBase::OperationLog::Instance().tell({PhotoDocument::operationName(), action, {}, {}, {}, {}});
+}
+
+} // namespace
 
 PhotoDocument::PhotoDocument(QObject* parent) : QObject(parent) {}
 
@@ -27,18 +40,35 @@ void PhotoDocument::open(const QStringList& files) {
 }
 
 void PhotoDocument::showNext() {
-  if (hasNext())
-    goTo(m_wanted + 1, Direction::Forwards);
+  if (!hasNext())
+    return;
+  tell(NextAction);
+  goTo(m_wanted + 1, Direction::Forwards);
 }
 
 void PhotoDocument::showPrevious() {
-  if (hasPrevious())
-    goTo(m_wanted - 1, Direction::Backwards);
+  if (!hasPrevious())
+    return;
+  tell(PreviousAction);
+  goTo(m_wanted - 1, Direction::Backwards);
+}
+
+bool PhotoDocument::perform(const QString& action) {
+  if (action == NextAction && hasNext())
+    showNext();
+  else if (action == PreviousAction && hasPrevious())
+    showPrevious();
+  else if (action == CloseAction && count() > 0)
+    closeCurrent();
+  else
+    return false;
+  return true;
 }
 
 void PhotoDocument::closeCurrent() {
   if (m_wanted < 0)
     return;
+  tell(CloseAction);
   m_task.cancel();
   m_files.removeAt(m_wanted);
   m_shown = m_shown == m_wanted ? -1 : m_shown - (m_shown > m_wanted ? 1 : 0);

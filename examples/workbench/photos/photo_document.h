@@ -28,12 +28,17 @@ public:
 
   /// Adds files at the end of the row, but none twice, and goes to the first of them.
   void open(const QStringList& files);
+  /// These three are told to the OperationLog.
   void showNext();
   void showPrevious();
   bool hasNext() const { return m_wanted + 1 < m_files.size(); }
   bool hasPrevious() const { return m_wanted > 0; }
   /// Takes the current photograph out of the row; the file stays.
   void closeCurrent();
+  /// The name that the document goes by in the OperationLog.
+  static QString operationName() { return QStringLiteral("Photographs"); }
+  /// Does again what was told. @return whether there is such an action, and something to do for it.
+  bool perform(const QString& action);
 
   /// How many there are.
   qsizetype count() const { return m_files.size(); }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "measure_tool.h"
 
+#include <workbench/commands/mode_command.h>
 #include <workbench/mesh_view.h>
 #include <workbench/tools/tool_cursors.h>
 
@@ -8,6 +9,8 @@
 
 namespace Workbench {
 namespace {
+
+constexpr QLatin1String MeasureAction("measure");
 
 std::optional<QVector3D> surfaceAt(MeshView& view, const QMouseEvent& event) {
   const auto hit = view.pick(event.position().toPoint());
@@ -49,8 +52,28 @@ bool MeasureTool::mouseRelease(QMouseEvent* event) {
   const auto point = surfaceAt(*view, *event);
   m_keepsPoint = isFirstClick || !m_beganHere;
   if (point && !isFirstClick)
-    view->measurements().finish(*point);
+    finish(*view, *point, event->modifiers());
   return MeshTool::mouseRelease(event);
+}
+
+void MeasureTool::finish(MeshView& view, const QVector3D& point, Qt::KeyboardModifiers modifiers) {
+  Measurements& measurements = view.measurements();
+  const std::size_t before = measurements.distances().size();
+  measurements.finish(point);
+  if (measurements.distances().size() == before)
+    return;
+  const Measurements::Distance& measured = measurements.distances().back();
+  tell(ModeCommand::idOf(MeasureMode), MeasureAction, modifiers, {measured.from, measured.to});
+}
+
+bool MeasureTool::perform(const Vela::UiBase::ToolOperation& operation) {
+  MeshView* const view = meshView();
+  if (!view || operation.command != ModeCommand::idOf(MeasureMode) || operation.action != MeasureAction ||
+      operation.positions.size() != 2 || view->mesh().isEmpty())
+    return false;
+  view->measurements().begin(operation.positions[0]);
+  view->measurements().finish(operation.positions[1]);
+  return true;
 }
 
 bool MeasureTool::mouseDoubleClick(QMouseEvent*) { return true; }

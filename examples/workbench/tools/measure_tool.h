@@ -20,6 +20,8 @@ public:
   bool mouseMove(QMouseEvent* event) override;
   bool mouseRelease(QMouseEvent* event) override;
   bool mouseDoubleClick(QMouseEvent* event) override;
+  /// Measures from the first position to the second.
+  bool perform(const Vela::UiBase::ToolOperation& operation) override;
   /// Escape takes back the first point.
   bool keyPress(QKeyEvent* event) override;
 
@@ -30,6 +32,7 @@ protected:
   void endOperation() override;
 
 private:
+  static void finish(MeshView& view, const QVector3D& point, Qt::KeyboardModifiers modifiers);
   bool takeBack();
 
   bool m_beganHere = false; // the press of this operation set the first point

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ui_base/tools/interactive_tool.h>
+#include <workbench/camera.h>
 
 #include <QPointF>
 
@@ -21,14 +22,21 @@ public:
 
 protected:
   void startOperation() override;
+  /// Tells where the camera has come to.
+  void endOperation() override;
 
   /// The view, or null when it is gone.
   MeshView* meshView() const;
+  /// Tells whoever records a session what was done with the mouse.
+  /// @param command  the command that has brought the tool
+  static void tell(const QString& command, const QString& action, Qt::KeyboardModifiers modifiers,
+                   const QList<QVector3D>& positions, const QVariantMap& values = {});
   /// Where the drag began to count, in the view: a little way from the press, in the direction of the drag.
   const QPointF& dragOrigin() const noexcept { return m_origin; }
 
 private:
   bool m_dragging = false;
+  std::optional<Camera> m_before; // of the operation
   QPointF m_origin;
 };
 

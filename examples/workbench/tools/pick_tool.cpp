@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pick_tool.h"
 
-#include <workbench/mesh_ops/selection.h>
+#include <workbench/commands/mode_command.h>
 #include <workbench/mesh_view.h>
 #include <workbench/tools/selecting.h>
 
@@ -16,25 +16,28 @@ bool PickTool::mouseRelease(QMouseEvent* event) {
   const bool isClick = isOperating() && !isDragging();
   if (!MeshTool::mouseRelease(event))
     return false;
-  if (MeshView* const view = meshView(); view && isClick)
-    selectAt(*view, event->position().toPoint(), event->modifiers());
+  if (MeshView* const view = meshView(); view && isClick) {
+    const auto hit = view->pick(event->position().toPoint());
+    Selecting::click(*view, hit, event->modifiers());
+    Selecting::tellClick(ModeCommand::idOf(PickMode), hit, event->modifiers());
+  }
   return true;
 }
 
-// The click before has dealt with the triangle; what became of it is done with all of the part.
+// The click before has dealt with the triangle.
 bool PickTool::mouseDoubleClick(QMouseEvent* event) {
   MeshView* const view = meshView();
   const auto hit = view ? view->pick(event->position().toPoint()) : std::nullopt;
   if (!hit)
     return false;
-  const TriangleSelection part = selectConnected(view->mesh(), hit->triangle);
-  TriangleSelection selection = view->document().selection();
-  if (selection.contains(hit->triangle))
-    selection |= part;
-  else
-    selection -= part;
-  view->document().setSelection(selection);
+  Selecting::clickAgain(*view, *hit);
+  Selecting::tellClickAgain(ModeCommand::idOf(PickMode), *hit);
   return true;
+}
+
+bool PickTool::perform(const Vela::UiBase::ToolOperation& operation) {
+  MeshView* const view = meshView();
+  return view && operation.command == ModeCommand::idOf(PickMode) && Selecting::perform(*view, operation);
 }
 
 } // namespace Workbench

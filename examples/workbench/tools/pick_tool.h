@@ -13,6 +13,7 @@ public:
 
   bool mouseRelease(QMouseEvent* event) override;
   bool mouseDoubleClick(QMouseEvent* event) override;
+  bool perform(const Vela::UiBase::ToolOperation& operation) override;
 };
 
 } // namespace Workbench

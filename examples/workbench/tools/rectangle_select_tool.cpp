@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "rectangle_select_tool.h"
 
+#include <workbench/commands/mode_command.h>
 #include <workbench/mesh_view.h>
 #include <workbench/tools/selecting.h>
 #include <workbench/tools/tool_cursors.h>
@@ -29,11 +30,22 @@ bool RectangleSelectTool::mouseRelease(QMouseEvent* event) {
   MeshView* const view = meshView();
   if (!view || view->mesh().isEmpty())
     return true;
-  if (isClick)
-    selectAt(*view, event->position().toPoint(), modifiers);
-  else
-    selectWithin(*view, rectangle, modifiers);
+  const QString command = ModeCommand::idOf(RectangleMode);
+  if (isClick) {
+    const auto hit = view->pick(event->position().toPoint());
+    Selecting::tellClick(command, hit, modifiers);
+    Selecting::click(*view, hit, modifiers);
+  } else {
+    Selecting::tellWithin(command, *view, rectangle, modifiers);
+    Selecting::within(*view, rectangle, modifiers);
+  }
   return true;
+}
+
+bool RectangleSelectTool::perform(const Vela::UiBase::ToolOperation& operation) {
+  MeshView* const view = meshView();
+  return view && operation.command == ModeCommand::idOf(RectangleMode) &&
+         Selecting::perform(*view, operation);
 }
 
 void RectangleSelectTool::endOperation() {

@@ -13,6 +13,7 @@ public:
 
   bool mouseMove(QMouseEvent* event) override;
   bool mouseRelease(QMouseEvent* event) override;
+  bool perform(const Vela::UiBase::ToolOperation& operation) override;
 
 protected:
   void endOperation() override;

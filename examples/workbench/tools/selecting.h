@@ -1,20 +1,38 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/tools/tool_operation.h>
 #include <workbench/mesh_ops/triangle_selection.h>
+#include <workbench/renderer.h>
 
-#include <QPoint>
-#include <Qt>
+#include <optional>
 
 namespace Workbench {
 
 class MeshView;
 
-/// Selects the triangle that is seen at a position: alone, in addition (Shift), or toggles it (Ctrl). Where
-/// none is seen nothing is selected any more, unless a modifier is held.
-void selectAt(MeshView& view, const QPoint& position, Qt::KeyboardModifiers modifiers);
+/// What a click and a rectangle select, by the keys that were held: with Shift it is added, with Control a
+/// click takes a triangle in or out and a rectangle takes away. All of it can be told as an operation, and
+/// done again.
+namespace Selecting {
 
-/// Selects what is seen within a rectangle: alone, in addition (Shift), or takes it away (Ctrl).
-void selectWithin(MeshView& view, const QRectF& rectangle, Qt::KeyboardModifiers modifiers);
+/// A click on a triangle; on nothing it selects nothing.
+void click(MeshView& view, const std::optional<Renderer::Hit>& hit, Qt::KeyboardModifiers modifiers);
+/// A second click: what became of the triangle is done with all that hangs together with it.
+void clickAgain(MeshView& view, const Renderer::Hit& hit);
+/// The triangles that are seen within a rectangle.
+void within(MeshView& view, const QRectF& rectangle, Qt::KeyboardModifiers modifiers);
 
+/// @name Operations, told with the command that has brought the tool
+/// @{
+void tellClick(const QString& command, const std::optional<Renderer::Hit>& hit,
+               Qt::KeyboardModifiers modifiers);
+void tellClickAgain(const QString& command, const Renderer::Hit& hit);
+void tellWithin(const QString& command, MeshView& view, const QRectF& rectangle,
+                Qt::KeyboardModifiers modifiers);
+/// @return false for another operation, and for one that does not go with the mesh.
+bool perform(MeshView& view, const Vela::UiBase::ToolOperation& operation);
+/// @}
+
+} // namespace Selecting
 } // namespace Workbench

@@ -2,6 +2,7 @@
 #include "zoom_tool.h"
 
 #include <workbench/mesh_view.h>
+#include <workbench/session/camera_values.h>
 
 #include <QWheelEvent>
 
@@ -33,6 +34,7 @@ bool ZoomTool::mouseWheel(QWheelEvent* event) {
   m_camera = view->camera();
   m_camera.zoomAt(std::pow(FactorPerNotch, notches), m_anchor);
   view->setCamera(m_camera);
+  tellLook(*view);
   return true;
 }
 

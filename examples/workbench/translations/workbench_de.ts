@@ -634,6 +634,26 @@
         <translation>„%1“ ist keine Größe wie 1280x800.
 </translation>
     </message>
+    <message>
+        <source>Write down what is done, as the session &lt;file&gt;, which people can read.</source>
+        <translation>Schreibt mit, was getan wird, als Sitzung &lt;Datei&gt;, die man lesen kann.</translation>
+    </message>
+    <message>
+        <source>Do the session &lt;file&gt; again, and end. The exit status is 1 when a step does not come out as it was recorded.</source>
+        <translation>Wiederholt die Sitzung &lt;Datei&gt; und endet. Der Rückgabewert ist 1, wenn ein Schritt anders ausgeht als aufgezeichnet.</translation>
+    </message>
+    <message>
+        <source>--record and --replay need the name of a session file.
+</source>
+        <translation>--record und --replay brauchen den Namen einer Sitzungsdatei.
+</translation>
+    </message>
+    <message>
+        <source>--screenshot goes with neither --record nor --replay.
+</source>
+        <translation>--screenshot geht weder mit --record noch mit --replay.
+</translation>
+    </message>
 </context>
 <context>
     <name>Workbench::PaletteItem</name>
@@ -1080,6 +1100,23 @@
     <message>
         <source>Nothing is selected.</source>
         <translation>Es ist nichts ausgewählt.</translation>
+    </message>
+</context>
+<context>
+    <name>Workbench::SessionRun</name>
+    <message numerus="yes">
+        <source>%n step(s) replayed
+</source>
+        <translation>
+            <numerusform>ein Schritt wiederholt
+</numerusform>
+            <numerusform>%n Schritte wiederholt
+</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, line %2</source>
+        <translation>%1, Zeile %2</translation>
     </message>
 </context>
 <context>
