@@ -23,7 +23,9 @@ private Q_SLOTS:
     QWidget owner;
     owner.show();
     CommandInspector inspector(&owner);
-    const auto* const table = inspector.findChild<QTableView*>();
+    const auto tables = inspector.findChildren<QTableView*>();
+    const auto* const table = *std::find_if(
+        tables.cbegin(), tables.cend(), [](const auto* known) { return known->accessibleName() == "Grey"; });
     const auto rows = [table] { return table->model()->rowCount(); };
     {
       BaseView first;

@@ -58,6 +58,7 @@ private:
 void workAWhile(RecordedBench& bench, const QString& mesh, const QString& exported) {
   bench.press(Qt::Key_O, Qt::ControlModifier);
   QVERIFY(bench.chooseFile(mesh));
+  Vela::Test::showActive(bench.window()); // no window manager gives it back
   QTRY_COMPARE(bench.triangles(), std::size_t(800));
   bench.rest();
   for (int round = 0; round < 4; ++round) {
