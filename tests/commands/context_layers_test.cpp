@@ -28,8 +28,7 @@ CommandContext toContext(const ContextModel::States& states) {
 class PanelCommand : public FlyoutCommand {
 public:
   PanelCommand(QString commandIdentifier, CmdsViewController* controller, QWidget* host)
-      : FlyoutCommand(new FlyoutBase("Panel", new QSpinBox, nullptr, true, true, true, true, host),
-                      controller),
+      : FlyoutCommand(new FlyoutBase("Panel", new QSpinBox, AllPanelButtons, host), controller),
         id(std::move(commandIdentifier)) {
     simpleFlyout()->hide();
   }
@@ -287,14 +286,11 @@ class ContextLayersTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  // VELA_MODEL_STEPS and VELA_MODEL_SEED make it longer or repeat one.
+  // VELA_MODEL_STEPS and VELA_MODEL_SEED make it longer or another one.
   void layersFollowTheModel() {
-    bool isLonger = false;
-    const int asked = qEnvironmentVariableIntValue("VELA_MODEL_STEPS", &isLonger);
-    const int steps = isLonger ? asked : 1000;
-    bool isRepeated = false;
-    const int given = qEnvironmentVariableIntValue("VELA_MODEL_SEED", &isRepeated);
-    const unsigned seed = isRepeated ? unsigned(given) : std::random_device()();
+    const int asked = qEnvironmentVariableIntValue("VELA_MODEL_STEPS");
+    const int steps = asked > 0 ? asked : 1000;
+    const auto seed = unsigned(qEnvironmentVariableIntValue("VELA_MODEL_SEED"));
     qInfo("seed %u", seed);
     for (int round = 0; round < steps / 200; ++round) {
       Duel duel(seed + unsigned(round));

@@ -301,8 +301,7 @@ void PopupSight::settle(const QPoint& wanted) {
   const std::optional<KeptStance> kept = stanceIn(0, wanted);
   if (!kept)
     return;
-  const QRect area = areaOf(rooms().constFirst());
-  move(kept->isWhole() ? *kept : Placement::keepInside(m_stances, m_target, area));
+  move(kept->isWhole() ? *kept : Placement::keepInside(m_stances, m_target, areaOf(rooms().constFirst())));
 }
 
 void PopupSight::move(const KeptStance& kept) {
