@@ -173,9 +173,7 @@ private Q_SLOTS:
   }
 
   void insideWheneverACandidateIs() {
-    const unsigned seed = std::random_device()();
-    qInfo("seed %u", seed);
-    std::mt19937 random(seed);
+    std::mt19937 random(1); // of a fixed seed
     const auto number = [&](int from, int to) { return std::uniform_int_distribution<>(from, to)(random); };
     const QList<EDirection> sides = Placement::fullPriorityList({EDirection(number(0, 3))});
     const QList<ArrowPair> pairs = Placement::arrowPairs({}, true, sides);
