@@ -34,7 +34,7 @@ QSet<QString> englishTexts(const QString& file) {
     if (xml.isStartElement() && xml.name() == QLatin1String("source"))
       source = xml.readElementText();
     else if (xml.isStartElement() && xml.name() == QLatin1String("translation")) {
-      const QString translation = xml.readElementText();
+      const QString translation = xml.readElementText(QXmlStreamReader::IncludeChildElements); // plurals
       if (translation != source && !source.contains(QLatin1Char('%')))
         texts.insert(source);
     }
