@@ -56,6 +56,7 @@ private Q_SLOTS:
       Vela::Test::moveMouse(*button);
       QTRY_VERIFY(inspector.report().contains("InteractiveTool\tactive"));
       const QString report = inspector.report();
+      QVERIFY2(!report.startsWith("QWidget"), qPrintable(report)); // the window of the button
       for (const char* const part :
            {"No paper.", "It is shown by QToolButton in QWidget", "\tdisabled\tScanning.",
             "\t1\tScanning.\tits hold\tsmooth off", "BaseView\tnone\thidden"})

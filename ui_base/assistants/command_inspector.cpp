@@ -167,8 +167,11 @@ bool CommandInspector::eventFilter(QObject* watched, QEvent* event) {
   auto* const widget = type == QEvent::MouseMove || type == QEvent::Enter || type == QEvent::HoverMove
                            ? qobject_cast<QWidget*>(watched)
                            : nullptr;
-  if (widget && d->live && widget->window() != this)
-    d->show(*widget, static_cast<QSinglePointEvent*>(event)->position().toPoint());
+  if (!widget || !d->live || widget->window() == this)
+    return false;
+  const QPoint at = static_cast<QSinglePointEvent*>(event)->position().toPoint();
+  if (!widget->childAt(at)) // what a child did not want comes by too
+    d->show(*widget, at);
   return false;
 }
 
