@@ -17,12 +17,14 @@ CommandBase* SessionRuns::began(const RunRecord& record) {
 }
 
 // Contexts check and uncheck commands; whoever handed them over is the step. One of an exclusive group is
-// unchecked by another one that is checked, which is told afterwards.
+// unchecked by another one that is checked, which is told afterwards. What the program does while a step is
+// underway follows from it, also by way of an event.
 bool SessionRuns::isPart(const RunRecord& record, const CmdMgr& manager, const CommandBase& command) const {
   const QActionGroup* const group = command.actionGroup();
   const bool isExclusive = group && group->exclusionPolicy() == QActionGroup::ExclusionPolicy::Exclusive;
   const bool givesWay = isExclusive && command.isCheckable() && !record.checked;
-  return givesWay || m_underway.contains(record.parent) || manager.isApplyingContext();
+  const bool follows = record.source == RunByProgram && isAnyUnderway();
+  return givesWay || follows || m_underway.contains(record.parent) || manager.isApplyingContext();
 }
 
 } // namespace Vela::UiBase
