@@ -10,8 +10,9 @@ namespace Vela::UiBase {
 
 namespace {
 
-// A task may leave an event, and that another task: contexts that follow from states, for instance.
-constexpr int quietTurns = 4;
+// A task may leave an event, and that another task: the end of a run, the layer that ends with it, contexts
+// that follow from states. Longer than any such chain; a turn costs next to nothing.
+constexpr int quietTurns = 16;
 constexpr int busyInterval = 10; // ms
 
 } // namespace
