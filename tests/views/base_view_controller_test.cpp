@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QPointer>
 #include <QSignalSpy>
+#include <QWindow>
 
 using Vela::Services::ApplicationService;
 using Vela::Test::RecordingController;
@@ -70,6 +71,7 @@ class BaseViewControllerTest : public Vela::Test::TestCase {
 
 private Q_SLOTS:
   void lifeIsToldInOrder();
+  void windowHiddenWhileItIsShownIsNotMapped();
   void altReleaseIsSynthesizedOnDeactivation();
   void doubleClickWithoutItsReleaseLeavesTheNextPress();
   void delegateMayPresent();
@@ -96,6 +98,21 @@ void BaseViewControllerTest::lifeIsToldInOrder() {
   settle();
   QVERIFY(!s.view);
   QCOMPARE(s.calls, QStringList({"viewWillClose", "viewWillDisappear", "~"}));
+}
+
+void BaseViewControllerTest::windowHiddenWhileItIsShownIsNotMapped() {
+  for (const char* call : {"viewDidLoad", "viewWillAppear"}) {
+    ViewStage s;
+    s.other->on[call] = [&s] { s.otherView->hide(); };
+    s.otherView->show();
+    QVERIFY2(!s.otherView->windowHandle()->isVisible(), call);
+    s.otherView->setParent(s.view);
+    QVERIFY2(!s.otherView->isVisible(), call);
+    s.other->on.clear();
+    s.otherView->setParent(nullptr);
+    s.otherView->show();
+    QVERIFY2(s.otherView->windowHandle()->isVisible(), call);
+  }
 }
 
 void BaseViewControllerTest::altReleaseIsSynthesizedOnDeactivation() {

@@ -103,7 +103,6 @@ private:
   void reparent(UiBase::BaseView& view);
   void openDialog();
   void openMenu();
-  bool mayHide(const UiBase::BaseView* view) const;
   void deleteView(UiBase::BaseView* view);
   void deleteController(UiBase::CmdsViewController* controller);
   void pushTool(UiBase::CmdsViewController& controller, UiBase::EToolActivationButton button);

@@ -49,9 +49,6 @@ void ViewFuzz::deleteController(CmdsViewController* controller) {
   delete controller;
 }
 
-// Qt shows a window that is hidden in its own show event.
-bool ViewFuzz::mayHide(const BaseView* view) const { return !view || m_events == 0 || !view->isWindow(); }
-
 void ViewFuzz::takeOff(InteractiveTool& tool) {
   const auto* const controller = dynamic_cast<FuzzController*>(tool.getDelegate());
   const QList<HeldTool> held = controller ? controller->heldTools() : QList<HeldTool>();
@@ -104,13 +101,12 @@ void ViewFuzz::act(Act act, CmdsViewController* controller, InteractiveTool* its
   case Menu:
     return openMenu();
   case CloseView:
-    if (mayHide(view))
-      controller->close();
+    controller->close();
     return;
   case HideOrShow:
     if (!view || !view->isVisible())
       controller->show();
-    else if (mayHide(view))
+    else
       controller->hide();
     return;
   case PushTool:

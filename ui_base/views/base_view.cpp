@@ -40,6 +40,16 @@ bool isHiddenByPlace(const BaseView& view) {
   return !view.isHidden() || qobject_cast<QStackedWidget*>(view.parentWidget());
 }
 
+// Qt goes on to map a window that is hidden in its own show event, and shows the widget again when that
+// window is moved into another one.
+void keepUnmapped(BaseView& view, BaseViewPrivate& d) {
+  const bool inShowEvent = d.showingOrHiding > 1;
+  if (!inShowEvent || !view.isWindow() || view.testAttribute(Qt::WA_DontShowOnScreen) || view.isVisible())
+    return;
+  view.setAttribute(Qt::WA_DontShowOnScreen);
+  d.keptUnmapped = true;
+}
+
 } // namespace
 
 BaseView::BaseView(QWidget* parent, Qt::WindowFlags flags)
@@ -130,6 +140,8 @@ void BaseView::deleteSafely() {
 void BaseView::showEvent(QShowEvent* event) {
   const QPointer<BaseView> self(this);
   const EventScope scope(*this, *d);
+  if (std::exchange(d->keptUnmapped, false))
+    setAttribute(Qt::WA_DontShowOnScreen, false);
   const bool leavesFocus = std::exchange(d->focusElsewhere, false) && window()->focusWidget();
   const bool takesFocus = !event->spontaneous() && !leavesFocus;
   Presentation::of(*this)->willShow(*this, takesFocus);
@@ -170,6 +182,8 @@ void BaseView::hideEvent(QHideEvent* event) {
   Presentation::of(*this)->willHide(*this, minimised);
   if (!self)
     return;
+  if (!minimised)
+    keepUnmapped(*this, *d);
   d->forgetClick();
   QWidget::hideEvent(event);
   if (!minimised && isVisible()) // what heard of it shows the view again
