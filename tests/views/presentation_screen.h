@@ -58,8 +58,8 @@ public:
 
   /// Does steps: "a>b" (a presents b), "b<" (dismiss), "b^" (hide), "bv" (show), "b/" (into the other
   /// window), "b!" (refuses to close from now on), "bx" (delete the view), "bX" (the controller), "bq"
-  /// (close), "b~" (is kept when it is closed), "b=c" (its view gets the controller c), "w^", "wv", "w_",
-  /// "w=" (hide, show, minimise and restore the window).
+  /// (close), "b~" (is kept when it is closed), "b=c" (its view gets the controller c), "b@c" (lies in c),
+  /// "w^", "wv", "w_", "w=" (hide, show, minimise and restore the window).
   void run(const QString& steps) {
     const QStringList list = steps.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     for (const QString& each : list) {
@@ -107,6 +107,9 @@ private:
     case '^':
     case 'v':
       return itsView.setVisible(what == 'v');
+    case '@':
+      itsView.setParent(view(whom));
+      return itsView.show();
     case '/':
       return itsView.setParent(&other);
     case '!':

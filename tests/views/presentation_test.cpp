@@ -36,6 +36,11 @@ void PresentationTest::appearingIsToldInOrder_data() {
   row("a>b b>c b! b<", "a -, b load, b +, b -, c load, c +, a +, c close, b close, c load, a -");
   row("a>b a>c b< c<", "a -, b load, b +, b -, c load, c +, b close, a +, c close, c -");
   row("a>b d>b", "a -, b load, b +, b -, a +, d -");
+  row("c@a a>b b<", "c load, c +, a -, c -, b load, b +, a +, b close, b -, c +");
+  row("a>b c@a c^ cv b<", "a -, b load, b +, c load, a +, b close, b -, c +");
+  row("a>b c@b b^", "a -, b load, b +, c load, c +, b -, c -, a +");
+  row("c@a c>d a>b d< b<",
+      "c load, c +, c -, d load, d +, a -, d -, b load, b +, d close, a +, b close, b -, c +");
   row("w^ a>b b< wv", "a -, a +");
   row("a>b w_ w= b<", "a -, b load, b +, b -, b +, a +, b close, b -");
   row("a=b", "a -, a lost");

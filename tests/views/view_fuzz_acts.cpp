@@ -150,10 +150,15 @@ void ViewFuzz::reattach(CmdsViewController& controller) {
   controller.setView(view);
 }
 
-// Into a tab, or on its own.
+// Into a tab, some of them into a view there, or on its own.
 void ViewFuzz::reparent(BaseView& view) {
   const QPointer<BaseView> alive(&view);
-  QWidget* const place = m_bytes.next(3) ? m_tabs->widget(m_bytes.next(2)) : nullptr;
+  QWidget* place = m_bytes.next(3) ? m_tabs->widget(m_bytes.next(2)) : nullptr;
+  const bool isInner = static_cast<FuzzView&>(view).number % 3 == 0;
+  if (auto* const outer =
+          place ? place->findChild<BaseView*>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
+      isInner && outer && outer != &view && !view.isAncestorOf(outer))
+    place = outer;
   note(QLatin1String(place ? "…into a tab" : "…into a window of its own"));
   view.setParent(place);
   if (alive)

@@ -38,11 +38,15 @@ CoveredChildren::CoveredChildren(BaseView& covered) : m_view(&covered) { covered
 
 CoveredChildren::~CoveredChildren() = default;
 
-bool CoveredChildren::isCovered(const QWidget& child) const {
-  if (!m_view || child.isWindow() || child.parentWidget() != m_view || isPopup(child))
+bool CoveredChildren::isBehind(const BaseView& covered, const QWidget& child) {
+  if (child.isWindow() || isPopup(child))
     return false;
   const auto* const view = qobject_cast<const BaseView*>(&child);
-  return !view || Presentation::of(*view) != Presentation::of(*m_view);
+  return !view || Presentation::of(*view) != Presentation::of(covered);
+}
+
+bool CoveredChildren::isCovered(const QWidget& child) const {
+  return m_view && child.parentWidget() == m_view && isBehind(*m_view, child);
 }
 
 void CoveredChildren::update() {

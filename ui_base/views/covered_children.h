@@ -20,6 +20,10 @@ public:
   /// Children of a view that dies are left as they are.
   ~CoveredChildren() override;
 
+  /// Whether a child of a view lies behind what covers the view: it is no window, no popup, and has no place
+  /// in that order itself.
+  static bool isBehind(const BaseView& covered, const QWidget& child);
+
   /// Takes in new children, and lets go of those that lie in front now.
   void update();
   void release();

@@ -51,6 +51,18 @@ BaseView* Presentation::base() const { return m_layers.empty() ? nullptr : m_lay
 
 bool Presentation::isBase(const BaseView& view) const { return base() == &view; }
 
+// In a view that another one covers, without a place in that order.
+bool Presentation::liesCovered() const {
+  const QWidget* inner = base();
+  while (inner && !inner->isWindow() && inner->parentWidget()) {
+    const auto* const outer = qobject_cast<const BaseView*>(inner->parentWidget());
+    if (outer && of(*outer)->isCovered(*outer) && CoveredChildren::isBehind(*outer, *inner))
+      return true;
+    inner = inner->parentWidget();
+  }
+  return false;
+}
+
 quint64 Presentation::serialOf(const BaseView& view) const {
   const Layer* const layer = find(view);
   return layer ? layer->serial : 0;
@@ -81,15 +93,17 @@ ETransitionDirection Presentation::directionOf(const BaseView& view) const {
 
 bool Presentation::mayNotify(const BaseView& view) const {
   const Layer* const layer = find(view);
-  return layer && (told(view) == Told::Appeared || (told(view) == Told::Nothing && !isCovered(view)));
+  const bool mayAppear = told(view) == Told::Nothing && !isCovered(view) && !liesCovered();
+  return layer && (told(view) == Told::Appeared || mayAppear);
 }
 
 QList<PresentedView> Presentation::describe() const {
   QList<PresentedView> views;
+  const bool allCovered = liesCovered();
   for (const Layer& layer : m_layers) {
     if (const BaseView* const view = layer.view)
       views.append({layer.view, view->getViewController(), layer.presenter, layer.direction,
-                    told(*view) == Told::Appeared, isCovered(*view)});
+                    told(*view) == Told::Appeared, allCovered || isCovered(*view)});
   }
   return views;
 }
@@ -158,7 +172,8 @@ bool Presentation::dismiss(BaseView& view) {
   const ETransitionDirection direction = order->directionOf(view);
   const quint64 serial = order->serialOf(view);
   presenter->removeEventFilter(shown);
-  if (BaseView* const next = order->frontBut(shown); next && (next == presenter || next->isVisible()))
+  BaseView* const next = order->frontBut(shown);
+  if (next && (next == presenter || next->isVisible()) && !order->liesCovered())
     order->tell(*next, Told::Appeared);
   if (!shown)
     return true;
@@ -233,87 +248,6 @@ void Presentation::end(BaseView& view) {
       focusFront(left);
   }
   settle();
-}
-
-// A controller that was given to another view hears of that one.
-Presentation::Told Presentation::told(const BaseView& view) {
-  const auto controller = view.ownController();
-  return controller ? controller->m_told : Told::Nothing;
-}
-
-void Presentation::tell(BaseView& view, Told what) {
-  const std::shared_ptr<BaseViewController> controller = view.ownController();
-  if (!controller || std::exchange(controller->m_told, what) == what)
-    return;
-  const QPointer<BaseViewController> listener(controller.get()); // it may be deleted by hand
-  if (what == Told::Appeared)
-    controller->viewWillAppear();
-  else
-    controller->viewWillDisappear();
-  if (listener)
-    listener->reachChanged();
-}
-
-// Those on their way out are told when they are hidden.
-BaseView* Presentation::leaving() const {
-  for (std::size_t i = 1; i < m_layers.size(); ++i) {
-    if (!m_layers[i].presenter)
-      return m_layers[i].view;
-  }
-  return nullptr;
-}
-
-/// Tells who is covered that it disappears.
-void Presentation::tellCovered() {
-  const auto self = shared_from_this();
-  const auto appearedBehind = [this]() -> BaseView* {
-    const BaseView* const left = leaving();
-    const BaseView* const front = frontBut(left);
-    for (const Layer& layer : m_layers) {
-      if (layer.view && layer.view != front && told(*layer.view) == Told::Appeared &&
-          !(left && isWithin(layer.view, left)))
-        return layer.view;
-    }
-    return nullptr;
-  };
-  while (BaseView* const behind = appearedBehind())
-    tell(*behind, Told::Disappeared);
-}
-
-/// Tells who is covered that it disappears, and then the front that it appears.
-void Presentation::settle() {
-  const auto self = shared_from_this();
-  tellCovered();
-  BaseView* const front = frontBut(leaving());
-  const Layer* const layer = front ? find(*front) : nullptr;
-  if (!layer || layer->unmapped || !front->isVisible())
-    return;
-  const auto controller = front->ownController();
-  if (told(*front) == Told::Disappeared || (controller && controller->isLoaded()))
-    tell(*front, Told::Appeared);
-}
-
-void Presentation::cover() {
-  const auto self = shared_from_this();
-  QList<QPointer<BaseView>> views;
-  for (const Layer& layer : m_layers)
-    views.append(layer.view);
-  for (const QPointer<BaseView>& view : std::as_const(views)) {
-    Layer* const layer = view ? find(*view) : nullptr;
-    if (!layer)
-      continue;
-    if (isCovered(*view)) {
-      if (!layer->cover)
-        layer->cover = std::make_unique<CoveredChildren>(*view);
-      layer->cover->update();
-    } else if (const auto cover = std::exchange(layer->cover, nullptr)) {
-      cover->release();
-    }
-  }
-  const BaseView* const back = base();
-  const BaseView* const top = front();
-  if (top != back && holdsFocus(*back) && !holdsFocus(*top))
-    focusFront();
 }
 
 } // namespace Vela::UiBase

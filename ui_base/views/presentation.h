@@ -19,8 +19,9 @@ class CoveredChildren;
 /// appears, who takes input, and where the focus goes. A view that presents nothing and is not presented is
 /// a presentation of its own.
 ///
-/// The last view that is not hidden is the front; it covers all others. Each view in the order is a child of
-/// the one that presented it, so what is presented over a view moves, hides and dies with it.
+/// The last view that is not hidden is the front; it covers all others, with the views that lie in them. Each
+/// view in the order is a child of the one that presented it, so what is presented over a view moves, hides
+/// and dies with it.
 ///
 /// Shared by its views. Everything but the queries calls out to controllers and widgets, which may do
 /// anything, also to this presentation: hold it by of() meanwhile.
@@ -91,6 +92,7 @@ private:
   const Layer* find(const BaseView& view) const;
   BaseView* base() const;
   bool isBase(const BaseView& view) const;
+  bool liesCovered() const;
   quint64 serialOf(const BaseView& view) const;
   BaseView* frontBut(const BaseView* left) const;
   BaseView* leaving() const;
@@ -103,6 +105,7 @@ private:
   void tellCovered();
   void settle();
   void cover();
+  static void settleWithin(const BaseView& place);
 
   static bool mayPresent(const BaseView& presenter, const BaseView& view);
   static bool show(const QPointer<BaseView>& view, quint64 serial);

@@ -24,7 +24,7 @@ void Presentation::willShow(BaseView& view, bool takesFocus) {
 
 void Presentation::didLoad(BaseView& view) {
   const auto self = shared_from_this();
-  if (front() == &view && view.isVisible())
+  if (front() == &view && view.isVisible() && !liesCovered())
     tell(view, Told::Appeared);
   settle();
 }
@@ -38,8 +38,9 @@ void Presentation::willHide(BaseView& view, bool unmapped) {
     return other.view && other.view->isVisible() && !isWithin(other.view, &view);
   };
   const auto above = m_layers.cbegin() + (layer - m_layers.data()) + 1;
-  if (told(view) == Told::Appeared ||
-      (told(view) == Told::Nothing && std::none_of(above, m_layers.cend(), behind)))
+  const bool mayAppear =
+      told(view) == Told::Nothing && std::none_of(above, m_layers.cend(), behind) && !liesCovered();
+  if (told(view) == Told::Appeared || mayAppear)
     tell(view, Told::Disappeared);
 }
 
@@ -96,6 +97,108 @@ void Presentation::viewDies(BaseView& view) {
   }
   if (own.get() == this && hadFocus)
     passFocusOn(view);
+}
+
+// A controller that was given to another view hears of that one.
+Presentation::Told Presentation::told(const BaseView& view) {
+  const auto controller = view.ownController();
+  return controller ? controller->m_told : Told::Nothing;
+}
+
+void Presentation::tell(BaseView& view, Told what) {
+  const std::shared_ptr<BaseViewController> controller = view.ownController();
+  if (!controller || std::exchange(controller->m_told, what) == what)
+    return;
+  const QPointer<BaseViewController> listener(controller.get()); // it may be deleted by hand
+  if (what == Told::Appeared)
+    controller->viewWillAppear();
+  else
+    controller->viewWillDisappear();
+  if (listener)
+    listener->reachChanged();
+}
+
+// Those on their way out are told when they are hidden.
+BaseView* Presentation::leaving() const {
+  for (std::size_t i = 1; i < m_layers.size(); ++i) {
+    if (!m_layers[i].presenter)
+      return m_layers[i].view;
+  }
+  return nullptr;
+}
+
+/// Tells who is covered that it disappears.
+void Presentation::tellCovered() {
+  const auto self = shared_from_this();
+  const auto appearedBehind = [this]() -> BaseView* {
+    const BaseView* const left = leaving();
+    const BaseView* const front = liesCovered() ? nullptr : frontBut(left);
+    for (const Layer& layer : m_layers) {
+      if (layer.view && layer.view != front && told(*layer.view) == Told::Appeared &&
+          !(left && isWithin(layer.view, left)))
+        return layer.view;
+    }
+    return nullptr;
+  };
+  while (BaseView* const behind = appearedBehind())
+    tell(*behind, Told::Disappeared);
+}
+
+/// Tells who is covered that it disappears, and then the front that it appears.
+void Presentation::settle() {
+  const auto self = shared_from_this();
+  tellCovered();
+  BaseView* const front = frontBut(leaving());
+  const Layer* const layer = front ? find(*front) : nullptr;
+  if (!layer || layer->unmapped || !front->isVisible() || liesCovered())
+    return;
+  const auto controller = front->ownController();
+  if (told(*front) == Told::Disappeared || (controller && controller->isLoaded()))
+    tell(*front, Told::Appeared);
+}
+
+void Presentation::cover() {
+  const auto self = shared_from_this();
+  QList<QPointer<BaseView>> views;
+  for (const Layer& layer : m_layers)
+    views.append(layer.view);
+  QList<QPointer<BaseView>> changed;
+  for (const QPointer<BaseView>& view : std::as_const(views)) {
+    Layer* const layer = view ? find(*view) : nullptr;
+    if (!layer)
+      continue;
+    if (isCovered(*view) != bool(layer->cover))
+      changed.append(view);
+    if (isCovered(*view)) {
+      if (!layer->cover)
+        layer->cover = std::make_unique<CoveredChildren>(*view);
+      layer->cover->update();
+    } else if (const auto cover = std::exchange(layer->cover, nullptr)) {
+      cover->release();
+    }
+  }
+  const BaseView* const back = base();
+  const BaseView* const top = front();
+  if (top != back && holdsFocus(*back) && !holdsFocus(*top))
+    focusFront();
+  for (const QPointer<BaseView>& view : std::as_const(changed)) {
+    if (view)
+      settleWithin(*view);
+  }
+}
+
+/// Tells the views that lie in another one, but are not presented there, that it was covered or uncovered.
+void Presentation::settleWithin(const BaseView& place) {
+  QList<QPointer<BaseView>> inner;
+  const auto views = place.findChildren<BaseView*>();
+  for (BaseView* const view : views) {
+    if (of(*view) != of(place) && of(*view)->isBase(*view))
+      inner.append(view);
+  }
+  for (const QPointer<BaseView>& view : std::as_const(inner)) {
+    if (view)
+      of(*view)->settle();
+  }
 }
 
 void Presentation::raiseOver(const BaseView& presenter) const {
