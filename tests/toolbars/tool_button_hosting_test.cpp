@@ -2,6 +2,7 @@
 #include "tool_button_fixture.h"
 
 #include <support/rows.h>
+#include <ui_base/popups/m_dialog_base.h>
 #include <ui_base/toolbars/menu_state.h>
 
 #include <QAbstractItemView>
@@ -9,6 +10,8 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QMessageBox>
+
+#include <functional>
 
 using namespace Vela::UiBase;
 using Vela::Test::click;
@@ -45,6 +48,20 @@ struct SharedStage : MenuStage {
   QPointer<ToolButtonWithWidgetMenu> otherButton;
   QPointer<ToolBar> secondBar;
   QPointer<ToolButtonWithWidgetMenu> secondButton;
+};
+
+/// Calls back when what it filters is hidden.
+class OnHide : public QObject {
+public:
+  explicit OnHide(std::function<void()> act) : m_act(std::move(act)) {}
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::HideToParent)
+      m_act();
+    return false;
+  }
+
+private:
+  const std::function<void()> m_act;
 };
 
 } // namespace
@@ -144,6 +161,52 @@ private Q_SLOTS:
     other.reset();
     QVERIFY2(stage->flyout->parentWidget() == stage->view, "the application's, as before");
     QVERIFY(stage->flyout->isHidden() && !stage->flyout->ToolButton());
+  }
+
+  void dialogMayGoWhoseFlyoutAButtonShows() {
+    MenuStage stage;
+    auto dialog = std::make_unique<MDialogBase>();
+    dialog->SetContent(stage.flyout);
+    stage.button->ShowMenu();
+    QVERIFY(stage.flyout->isVisible());
+    dialog.reset();
+    QVERIFY(!stage.flyout && stage.button->MenuPhase() == MenuState::Closed);
+  }
+
+  void dyingWindowOpensNothing() {
+    MenuStage stage;
+    auto other = std::make_unique<QWidget>();
+    auto* const bar = new ToolBar(other.get(), Qt::TopToolBarArea);
+    ToolButtonWithWidgetMenu* const opener = bar->AddAction(stage.command, stage.flyout);
+    other->show();
+    bar->ShowMe();
+    opener->ShowMenu();
+    QVERIFY(stage.flyout->isVisible());
+    connect(opener, &ToolButtonWithMenu::ButtonMenuVisibilityChange, opener, [&] { opener->ShowMenu(); });
+    other.reset();
+    QVERIFY(stage.flyout && !stage.flyout->isVisible() && !stage.command->isActive());
+  }
+
+  void menuIsExchangedWhileItDies_data() {
+    QTest::addColumn<bool>("panelDies");
+    QTest::newRow("panel") << true;
+    QTest::newRow("arrowed window") << false;
+  }
+  void menuIsExchangedWhileItDies() {
+    QFETCH(bool, panelDies);
+    QSpinBox other;
+    auto panel = std::make_unique<QSpinBox>();
+    MenuStage stage(true, panel.get()); // the command is the first to hear of its end
+    stage.click(stage.button);
+    QVERIFY(panel->isVisible());
+    OnHide exchange([&] { stage.button->SetMenu(panelDies ? nullptr : &other, false); });
+    panel->installEventFilter(&exchange);
+    if (panelDies)
+      panel.reset();
+    else
+      delete stage.button->GetArrowedWindow();
+    QCOMPARE(stage.button->MenuPhase(), MenuState::Closed);
+    QVERIFY(stage.button->GetMenu() == (panelDies ? nullptr : &other) && !stage.command->isActive());
   }
 
   void panelGoesToTheHomeItHasNow_data() {

@@ -111,6 +111,16 @@ private Q_SLOTS:
     }
   }
 
+  void buttonStandsInForOneThatIsOpenAlready() {
+    MenuStage stage;
+    stage.subButton->ShowMenu();
+    stage.subButton->SetExtendController(stage.menuButton);
+    stage.subButton->OnRequestShowMenu();
+    QCOMPARE(stage.menuButton->ExtendedButton(), stage.subButton.data());
+    stage.subButton->HideMenu();
+    QVERIFY(!stage.menuButton->IsInExtendMode() && !stage.plain->IsLocked());
+  }
+
   void menuOfAnExtendedButtonStaysBesideIt() {
     MenuStage stage;
     stage.menuButton->SetExtendMode(true);

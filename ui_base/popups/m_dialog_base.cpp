@@ -63,7 +63,11 @@ MDialogBase::MDialogBase(const QString& title, QWidget* content, PanelButtons bu
   }
 }
 
-MDialogBase::~MDialogBase() = default;
+// The flyout closes when its content goes, after this has.
+MDialogBase::~MDialogBase() {
+  if (FlyoutBase* const flyout = Flyout())
+    flyout->disconnect(this);
+}
 
 QString MDialogBase::Title() const { return d->title->text(); }
 

@@ -219,7 +219,8 @@ void Hosting::windowDies(const QObject* window) {
 }
 
 void Hosting::goHome() {
-  if (!m_window.remains() || !m_widget)
+  // A dying widget is no longer in the focus chain, and cannot be given another parent.
+  if (!m_window.remains() || !m_widget || isDying(*m_widget))
     return;
   const QPointer<QWidget> widget(m_widget);
   widget->hide();

@@ -16,7 +16,6 @@ void PanelSession::begin(ToolButtonWithWidgetMenu& button, const std::shared_ptr
   m_command = hosting->command();
   m_flyout = qobject_cast<FlyoutBase*>(button.GetMenu());
   m_toolBar = button.OwningToolBar();
-  m_controller = button.ExtendController();
   if (auto* const controller = qobject_cast<ToolButtonWithButtonMenu*>(button.ExtendController());
       controller && controller->IsInExtendMode())
     controller->RecordExtendedButton(&button);
@@ -55,8 +54,10 @@ void PanelSession::leaveToolBar() const {
 }
 
 void PanelSession::leaveController() const {
-  auto* const controller = qobject_cast<ToolButtonWithButtonMenu*>(m_controller.data());
-  if (controller && m_button && controller->ExtendedButton() == m_button)
+  // Another one may have been asked to stand in since; it tells the one before itself.
+  QWidget* const now = m_button ? m_button->ExtendController() : nullptr;
+  auto* const controller = qobject_cast<ToolButtonWithButtonMenu*>(now);
+  if (controller && controller->ExtendedButton() == m_button)
     controller->OnExitExtendMode();
 }
 

@@ -42,7 +42,6 @@ private:
   std::weak_ptr<Hosting> m_hosting;
   QPointer<FlyoutCommand> m_command; // of a panel that is no flyout; may get one only later
   LivePointer<ToolBar> m_toolBar;
-  QPointer<QWidget> m_controller;
 };
 
 } // namespace Vela::UiBase

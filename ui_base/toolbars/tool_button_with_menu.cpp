@@ -4,6 +4,8 @@
 #include "tool_button_accessible.h"
 #include "tool_button_with_menu_p.h"
 
+#include <ui_base/popups/popup_sight.h>
+
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -127,7 +129,7 @@ ToolButtonWithMenu* ToolButtonWithMenu::SavedMenuOwner() const { return own()->s
 
 void ToolButtonWithMenu::ShowMenu() {
   const QPointer<ToolButtonWithMenu> self(this);
-  if (own()->state.beginReopening())
+  if (isDying(*window()) || own()->state.beginReopening())
     return;
   if (isCheckable() && !isChecked() && own()->popup()) {
     // What that starts is not to click the button in turn.
@@ -156,6 +158,7 @@ void ToolButtonWithMenu::ShowMenu() {
 void ToolButtonWithMenu::PlaceAndShow(bool opens) {
   const QPointer<ToolButtonWithMenu> self(this);
   const QPointer<QWidget> popup(own()->popup());
+  own()->comeIntoSight();
   own()->movePopup();
   if (!self || !popup || !own()->state.isShown())
     return;
@@ -178,7 +181,8 @@ void ToolButtonWithMenu::PlaceAndShow(bool opens) {
 }
 
 void ToolButtonWithMenu::HideMenu() {
-  if (!own()->popup())
+  // The window of a menu that is open may be half gone.
+  if (!own()->popup() && !own()->state.isShown())
     return;
   const QPointer<ToolButtonWithMenu> self(this);
   const bool keepOwner = own()->saveMenuState;

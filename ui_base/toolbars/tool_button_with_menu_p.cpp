@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tool_button_with_menu_p.h"
 
+#include "tool_bar_p.h"
+
 #include <ui_base/popups/popup_sight.h>
 
 #include <QApplication>
@@ -87,6 +89,13 @@ QPoint ToolButtonWithMenuPrivate::place() const {
   posCalculator->SetRefWidget(anchor());
   posCalculator->GetPosition(position, popup()->rect(), false, QPoint());
   return position;
+}
+
+// A bar may have no room for the button at the moment.
+void ToolButtonWithMenuPrivate::comeIntoSight() const {
+  const auto* const place = qobject_cast<const ToolButton*>(anchor());
+  if (const ToolBar* const bar = place ? place->OwningToolBar() : nullptr)
+    ToolBarPrivate::of(*bar).ensureVisible(*place);
 }
 
 void ToolButtonWithMenuPrivate::movePopup() {

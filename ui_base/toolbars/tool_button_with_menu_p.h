@@ -44,6 +44,8 @@ public:
   /// Moves the popup to the place that the button gives it, or to where it can be seen. The button may be
   /// gone afterwards.
   virtual void movePopup();
+  /// Has the bar show what the menu opens beside.
+  void comeIntoSight() const;
   /// The menu closes: looks whether a press on the button did it.
   void noteClosing();
   /// Goes into a menu that was opened by keyboard.

@@ -67,6 +67,7 @@ bool ToolButtonWithWidgetMenuPrivate::beginShowing(bool opens) {
     return isMine();
   }
   ensureWindow();
+  followLayer(); // now, too: the one before may be dying
   host->standIn(*window);
   if (!isMine() || !window)
     return false;
