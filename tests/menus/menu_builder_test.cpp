@@ -44,6 +44,24 @@ private Q_SLOTS:
     QVERIFY2(undone.count() == 2 && recent.count() == 2, "those of disabled items and menus do not");
   }
 
+  void shortcutsLiveWhileWhatTheBarStandsInIsHidden() {
+    QMainWindow window;
+    auto* const header = new QWidget(&window);
+    Builder builder(id("bar"), &window, header);
+    QAction save;
+    save.setShortcut(Qt::CTRL | Qt::Key_S);
+    QSignalSpy saved(&save, &QAction::triggered);
+    builder.AddMenuBarItem(id("file"), QIcon(), id("&File"));
+    builder.AddDropDownMenu(id("file"), {&save}, nullptr);
+    builder.Start();
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    header->hide();
+    settle();
+    QTest::keyClick(window.windowHandle(), Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(saved.count(), 1);
+  }
+
   void takingOverAMenuBarKeepsEveryAction() {
     QMainWindow window;
     QMenuBar* const own = window.menuBar();
@@ -152,6 +170,17 @@ private Q_SLOTS:
     kept->click();
     kept.clear();
     settle();
+  }
+
+  void theBuilderMayEndWhileAMenuOpens() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    const QPointer<Builder> end = screen.builder;
+    const QPointer<QMenu> menu = screen.menu("file");
+    connect(menu, &QMenu::aboutToShow, &screen.window, [&] { delete end; });
+    screen.click("file");
+    settle();
+    QVERIFY(!end && !menu && !QApplication::activePopupWidget());
   }
 
   void theBuilderMayEndWhileAMenuCloses_data() {

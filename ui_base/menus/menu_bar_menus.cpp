@@ -94,9 +94,14 @@ void MenuBarMenus::open(QToolButton* item, bool byKeyboard) {
   menu->setAttribute(Qt::WA_NoMouseReplay, false);
   Q_EMIT opened(item, byKeyboard);
   const QPointer<MenuBarMenus> self = this;
+  m_opening = menu;
   menu->popup(positionFor(*item, menu->sizeHint()));
-  if (!self || !menu)
+  if (!self || !menu) {
+    if (menu)
+      menu->close(); // the bar has ended
     return;
+  }
+  m_opening.clear();
   if (item != m_openItem || menu != menuOf(item)) {
     menu->close(); // replaced by who heard that it would be shown
     return;
@@ -123,6 +128,10 @@ void MenuBarMenus::end() {
   menuHidden();
   if (menu)
     menu->close();
+  if (m_opening && m_opening->parent() == m_bar) {
+    m_opening->setParent(nullptr);
+    m_opening->deleteLater();
+  }
 }
 
 QPoint MenuBarMenus::positionFor(const QToolButton& item, const QSize& menu) const {

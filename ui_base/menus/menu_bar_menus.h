@@ -73,6 +73,7 @@ private:
   MenuBarOverflow* const m_overflow; // the bar's
   QHash<const QToolButton*, LivePointer<QMenu>> m_menus;
   LivePointer<QToolButton> m_openItem;
+  LivePointer<QMenu> m_opening; // which Qt is in the middle of showing
   QPoint m_position;
   QPoint m_pointer; // where it was last
   QTimer m_closeTimer;

@@ -51,7 +51,7 @@ void MenuBuilderPrivate::createMenuBar(const QString& name, const QString& title
   bar->hide();
   menus = new MenuBarMenus(bar);
   keys = new MenuBarKeys(bar, menus, mainWindow);
-  shortcuts = new MenuShortcuts(owner ? owner : bar.data(), [this] { return wantedShortcuts(); });
+  shortcuts = new MenuShortcuts([this] { return shortcutHome(); }, [this] { return wantedShortcuts(); });
   bar->overflowButton()->installEventFilter(q);
   menus->overflowMenu()->installEventFilter(q);
   QObject::connect(bar, &MenuBarWidget::goes, q, [this] {
@@ -317,6 +317,15 @@ MenuContents MenuBuilderPrivate::contents() {
 void MenuBuilderPrivate::refreshShortcuts() {
   if (shortcuts)
     static_cast<MenuShortcuts*>(shortcuts.data())->refreshLater();
+}
+
+// What the bar stands in may be hidden, as in full screen.
+QWidget* MenuBuilderPrivate::shortcutHome() const {
+  QWidget* const window = mainWindow;
+  QWidget* const owner = parent ? parent.data() : window;
+  if (window && owner->window() == window)
+    return window;
+  return owner ? owner : bar.data();
 }
 
 QList<QAction*> MenuBuilderPrivate::wantedShortcuts() {

@@ -56,6 +56,7 @@ public:
   void applyStyles();
   MenuContents contents();
   void refreshShortcuts();
+  QWidget* shortcutHome() const;
   QList<QAction*> wantedShortcuts();
 
   MenuBuilder* q = nullptr;

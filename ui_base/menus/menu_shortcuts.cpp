@@ -7,8 +7,8 @@
 
 namespace Vela::UiBase {
 
-MenuShortcuts::MenuShortcuts(QWidget* window, std::function<QList<QAction*>()> wanted)
-    : QWidget(window), m_wanted(std::move(wanted)) {
+MenuShortcuts::MenuShortcuts(std::function<QWidget*()> home, std::function<QList<QAction*>()> wanted)
+    : QWidget(home()), m_home(std::move(home)), m_wanted(std::move(wanted)) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setFocusPolicy(Qt::NoFocus);
   setFixedSize(0, 0);
@@ -23,6 +23,10 @@ void MenuShortcuts::refreshLater() {
 
 void MenuShortcuts::refresh() {
   m_asked = false;
+  if (QWidget* const home = m_home(); home && home != parentWidget()) {
+    setParent(home);
+    show();
+  }
   const QList<QAction*> wanted = m_wanted();
   const QList<QPointer<QAction>> before = std::exchange(m_held, {wanted.cbegin(), wanted.cend()});
   for (const auto& action : before) {
