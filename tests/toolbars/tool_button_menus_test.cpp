@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tool_button_fixture.h"
 
+#include <ui_base/popups/m_dialog_base.h>
+
 #include <QAccessible>
 #include <QSignalSpy>
 
@@ -138,6 +140,17 @@ private Q_SLOTS:
     QVERIFY(!panel->isVisible() && !stage.button->IsMenuShowing());
   }
 
+  void buttonComesIntoSightWithItsMenu() {
+    MenuStage stage;
+    for (int i = 0; i < 40; ++i)
+      stage.bar->AddAction(new QAction("more", stage.view), QString(), 0);
+    Vela::Test::settle();
+    QVERIFY(stage.button->visibleRegion().isEmpty());
+    stage.command->trigger();
+    Vela::Test::settle();
+    QVERIFY(stage.flyout->isVisible() && !stage.button->visibleRegion().isEmpty());
+  }
+
   void assistiveTechnologyHearsOfTheMenu() {
     MenuStage stage;
     QAccessibleInterface* const button = QAccessible::queryAccessibleInterface(stage.menuButton);
@@ -147,6 +160,47 @@ private Q_SLOTS:
     QVERIFY(stage.menuButton->IsMenuShowing() && button->state().expanded && button->state().checked);
     stage.menuButton->setText("Cut && &Paste");
     QCOMPARE(button->text(QAccessible::Name), QString("Cut & Paste"));
+    QCOMPARE(QAccessible::queryAccessibleInterface(stage.subBar)->text(QAccessible::Name),
+             QString("Cut & Paste"));
+  }
+
+  void assistiveTechnologyHearsWhatAButtonIs() {
+    MenuStage stage;
+    stage.plain->Action()->setShortcut(Qt::CTRL | Qt::Key_K);
+    stage.plain->Action()->setToolTip("Plain");
+    const QAccessibleInterface* const button = QAccessible::queryAccessibleInterface(stage.plain);
+    QCOMPARE(button->text(QAccessible::Accelerator), QString("Ctrl+K"));
+    QVERIFY2(button->text(QAccessible::Description).isEmpty(), "its name is not said twice");
+    QVERIFY(button->state().focusable && !button->state().offscreen);
+    stage.plain->SetLocked(true);
+    stage.plain->setToolTip("<b>Paid</b>");
+    QCOMPARE(button->text(QAccessible::Description), QString("Paid"));
+    QVERIFY(button->state().disabled && !button->state().focusable);
+    for (int i = 0; i < 40; ++i)
+      stage.bar->AddAction(new QAction("more", stage.view));
+    Vela::Test::settle();
+    QVERIFY(QAccessible::queryAccessibleInterface(stage.bar->Buttons().constLast())->state().offscreen);
+    for (QToolButton* const each : stage.bar->findChildren<QToolButton*>()) {
+      QAccessibleInterface* const list = QAccessible::queryAccessibleInterface(each);
+      if (list->text(QAccessible::Name) != "More buttons")
+        continue;
+      QCOMPARE(list->role(), QAccessible::ButtonMenu);
+      QVERIFY(list->state().collapsed);
+      list->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+      QVERIFY(list->state().expanded);
+      QApplication::activePopupWidget()->close();
+    }
+    stage.click(stage.button);
+    stage.flyout->SetBusy(true);
+    const QAccessibleInterface* const flyout = QAccessible::queryAccessibleInterface(stage.flyout);
+    QVERIFY(flyout->role() == QAccessible::Dialog && flyout->state().busy);
+    MDialogBase dialog;
+    auto* const content = new FlyoutBase("Content", nullptr, ApplyButton);
+    dialog.SetContent(content);
+    QCOMPARE(QAccessible::queryAccessibleInterface(content)->role(), QAccessible::Grouping);
+    const QWidget* const tooltip = stage.plain->GetTooltipObject()->TooltipControl();
+    QCOMPARE(QAccessible::queryAccessibleInterface(const_cast<QWidget*>(tooltip))->role(),
+             QAccessible::ToolTip);
   }
 
   void commandEndsWithTheButtonThatWasToOpenItAgain() {

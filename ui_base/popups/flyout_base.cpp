@@ -36,6 +36,7 @@ FlyoutBase::FlyoutBase(const QString& title, QWidget* mainPanel, QWidget* toolBu
 
 FlyoutBase::FlyoutBase(const QString& title, QWidget* mainPanel, PanelButtons buttons, QWidget* parent)
     : QWidget(parent), d(std::make_unique<FlyoutBasePrivate>(this)) {
+  FlyoutBasePrivate::makeAccessible();
   setProperty(Resource::String::WIDGET_PROPERTY_ISFLYOUT(), true);
   setFocusPolicy(Qt::ClickFocus);
   setMouseTracking(true);
@@ -132,6 +133,7 @@ void FlyoutBase::SetBusy(bool busy) {
   if (!self)
     return;
   d->indicator->setVisible(busy);
+  d->announceBusy();
   if (QWidget* const before = busy ? nullptr : std::exchange(d->focusBeforeBusy, nullptr);
       before && hasFocus())
     before->setFocus();

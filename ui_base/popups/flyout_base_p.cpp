@@ -6,9 +6,12 @@
 #include "leading_label.h"
 #include "own_button_text.h"
 
+#include <ui_base/popups/m_dialog_base.h>
 #include <vlk_common_res/icons.h>
 #include <vlk_common_res/styles.h>
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -38,7 +41,46 @@ QWidget* firstFocusable(QWidget* root) {
   return nullptr;
 }
 
+/// A dialog, or a group in the dialog whose content it is.
+class FlyoutAccessible : public QAccessibleWidget {
+public:
+  explicit FlyoutAccessible(FlyoutBase* flyout) : QAccessibleWidget(flyout, QAccessible::Dialog) {}
+
+  QAccessible::Role role() const override {
+    const auto* const dialog = qobject_cast<const MDialogBase*>(flyout().window());
+    return dialog && dialog->Flyout() == &flyout() ? QAccessible::Grouping : QAccessible::Dialog;
+  }
+
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.busy = flyout().IsBusy();
+    return state;
+  }
+
+private:
+  const FlyoutBase& flyout() const { return *static_cast<const FlyoutBase*>(widget()); }
+};
+
+QAccessibleInterface* makeInterface(const QString& className, QObject* object) {
+  auto* const flyout =
+      className == QLatin1String("Vela::UiBase::FlyoutBase") ? qobject_cast<FlyoutBase*>(object) : nullptr;
+  return flyout ? new FlyoutAccessible(flyout) : nullptr;
+}
+
 } // namespace
+
+void FlyoutBasePrivate::makeAccessible() {
+  [[maybe_unused]] static const bool installed = (QAccessible::installFactory(makeInterface), true);
+}
+
+void FlyoutBasePrivate::announceBusy() const {
+  if (!QAccessible::isActive())
+    return;
+  QAccessible::State changed;
+  changed.busy = true;
+  QAccessibleStateChangeEvent event(q, changed);
+  QAccessible::updateAccessibility(&event);
+}
 
 QPushButton* FlyoutBasePrivate::button(const char* text, void (FlyoutBase::*action)()) {
   auto* const made = new QPushButton(q);

@@ -22,6 +22,10 @@ class FlyoutBasePrivate {
 public:
   explicit FlyoutBasePrivate(FlyoutBase* owner) : q(owner), subWidgets(*owner) {}
 
+  /// Assistive technologies take flyouts for dialogs from now on, and hear which are busy.
+  static void makeAccessible();
+  void announceBusy() const;
+
   void build(QWidget* panel, PanelButtons buttons);
   QLayout* titleRow(bool close);
   QLayout* buttonRow(PanelButtons buttons);

@@ -6,13 +6,12 @@
 #include "tool_bar_keys.h"
 #include "tool_bar_p.h"
 #include "tool_bar_placer.h"
+#include "tool_button_accessible.h"
 
 #include <ui_base/commands/command_id.h>
 #include <vlk_common_res/styles.h>
 #include <vlk_license/license_service.h>
 
-#include <QAccessible>
-#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -24,16 +23,6 @@ namespace Vela::UiBase {
 
 using License::LicenseService;
 using Resource::Styles;
-
-namespace {
-
-QAccessibleInterface* makeAccessible(const QString& className, QObject* object) {
-  auto* const toolBar =
-      className == QLatin1String("Vela::UiBase::ToolBar") ? qobject_cast<ToolBar*>(object) : nullptr;
-  return toolBar ? new QAccessibleWidget(toolBar, QAccessible::ToolBar) : nullptr;
-}
-
-} // namespace
 
 ToolBar::ToolBar(int autoPositionInterval, bool hideOnClick, QWidget* parent, Qt::ToolBarArea area)
     : ToolBar(*new ToolBarPrivate, parent, area, autoPositionInterval, hideOnClick) {}
@@ -58,7 +47,7 @@ ToolBar::~ToolBar() {
 }
 
 void ToolBar::Initialize(Qt::ToolBarArea area, int autoPositionInterval, bool hideOnClick) {
-  [[maybe_unused]] static const bool accessible = (QAccessible::installFactory(makeAccessible), true);
+  makeToolBarsAccessible();
   setFocusPolicy(Qt::NoFocus);
   d->content = new ToolBarContent(this);
   d->content->setLayoutListener([this] { d->contentChanged(); });

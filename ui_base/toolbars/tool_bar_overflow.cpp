@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tool_bar_overflow.h"
 
+#include "tool_button_accessible.h"
+
 #include <ui_base/core/language.h>
 #include <ui_base/popups/placement_sight.h>
 #include <ui_base/toolbars/tool_button.h>
@@ -69,7 +71,11 @@ void ToolBarOverflow::open() {
     addEntry(*menu, *button);
   if (hasFocus())
     menu->setActiveAction(menu->actions().value(0));
+  connect(menu, &QMenu::aboutToHide, this, [this] { announceMenuState(*this); });
+  const QPointer<ToolBarOverflow> self(this);
   menu->popup(menuPlace(menu->sizeHint()));
+  if (self)
+    announceMenuState(*this);
 }
 
 // Away from the bar, and never over the button.

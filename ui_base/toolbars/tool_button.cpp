@@ -67,7 +67,7 @@ ToolButton::ToolButton(ToolButtonPrivate& state, QWidget* parent) : QToolButton(
 ToolButton::~ToolButton() = default;
 
 void ToolButton::Initialize(QAction* action, ToolBar* toolBar) {
-  makeToolButtonsAccessible();
+  makeToolBarsAccessible();
   setFocusPolicy(Qt::NoFocus);
   setMenu(nullptr);
   setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Preferred);

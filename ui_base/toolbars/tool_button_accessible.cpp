@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "tool_button_accessible.h"
 
+#include "tool_bar_overflow.h"
+
 #include <ui_base/core/language.h>
+#include <ui_base/toolbars/tool_bar.h>
 #include <ui_base/toolbars/tool_button_with_menu.h>
+#include <ui_base/tooltips/tooltip_text.h>
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -20,13 +24,16 @@ public:
   }
 
   QString text(QAccessible::Text text) const override {
-    if (text == QAccessible::Accelerator)
-      return button().shortcut().toString(QKeySequence::NativeText);
-    const QString own = QAccessibleWidget::text(text);
-    if (text != QAccessible::Name || !own.isEmpty())
-      return own;
-    const QString name = withoutMnemonic(button().text());
-    return name.isEmpty() ? button().toolTip() : name;
+    switch (text) {
+    case QAccessible::Accelerator:
+      return keys().toString(QKeySequence::NativeText);
+    case QAccessible::Name:
+      return name();
+    case QAccessible::Description:
+      return description();
+    default:
+      return QAccessibleWidget::text(text);
+    }
   }
 
   QAccessible::State state() const override {
@@ -35,6 +42,8 @@ public:
     state.checked = button().isChecked();
     state.pressed = button().isDown();
     state.disabled = state.disabled || button().IsLocked();
+    state.focusable = !state.disabled; // by the bar's keys
+    state.offscreen = button().isVisible() && button().visibleRegion().isEmpty();
     return state;
   }
 
@@ -51,6 +60,26 @@ public:
 
 protected:
   ToolButton& button() const { return *static_cast<ToolButton*>(widget()); }
+
+private:
+  QKeySequence keys() const {
+    const QAction* const action = button().Action();
+    return action && !action->shortcut().isEmpty() ? action->shortcut() : button().shortcut();
+  }
+
+  QString name() const {
+    if (const QString given = QAccessibleWidget::text(QAccessible::Name); !given.isEmpty())
+      return given;
+    const QString shown = withoutMnemonic(button().text());
+    return shown.isEmpty() ? button().toolTip() : shown;
+  }
+
+  // Why it is locked comes first. What the name says need not be heard twice.
+  QString description() const {
+    const QString text = button().IsLocked() ? TooltipText::plain(button().toolTip())
+                                             : QAccessibleWidget::text(QAccessible::Description);
+    return text == name() ? QString() : text;
+  }
 };
 
 class MenuButtonAccessible : public ButtonAccessible {
@@ -70,7 +99,51 @@ public:
   }
 };
 
+class BarAccessible : public QAccessibleWidget {
+public:
+  explicit BarAccessible(ToolBar* bar) : QAccessibleWidget(bar, QAccessible::ToolBar) {}
+
+  QString text(QAccessible::Text text) const override {
+    const QString own = QAccessibleWidget::text(text);
+    ToolButtonWithMenu* const opener = static_cast<ToolBar*>(widget())->OwnerButton();
+    if (text != QAccessible::Name || !own.isEmpty() || !opener)
+      return own;
+    const QAccessibleInterface* const button = QAccessible::queryAccessibleInterface(opener);
+    return button ? button->text(QAccessible::Name) : own;
+  }
+};
+
+class OverflowAccessible : public QAccessibleWidget {
+public:
+  explicit OverflowAccessible(ToolBarOverflow* button) : QAccessibleWidget(button, QAccessible::ButtonMenu) {}
+
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.hasPopup = true;
+    state.expandable = true;
+    state.expanded = button().menu() && button().menu()->isVisible();
+    state.collapsed = !state.expanded;
+    return state;
+  }
+  QStringList actionNames() const override { return {pressAction()}; }
+  void doAction(const QString& name) override {
+    if (name == pressAction())
+      button().click();
+  }
+
+private:
+  ToolBarOverflow& button() const { return *static_cast<ToolBarOverflow*>(widget()); }
+};
+
 QAccessibleInterface* makeAccessible(const QString& className, QObject* object) {
+  if (className == QLatin1String("Vela::UiBase::ToolBar")) {
+    auto* const bar = qobject_cast<ToolBar*>(object);
+    return bar ? new BarAccessible(bar) : nullptr;
+  }
+  if (className == QLatin1String("Vela::UiBase::ToolBarOverflow")) {
+    auto* const overflow = qobject_cast<ToolBarOverflow*>(object);
+    return overflow ? new OverflowAccessible(overflow) : nullptr;
+  }
   if (className == QLatin1String("Vela::UiBase::ToolButtonWithMenu")) {
     auto* const opener = qobject_cast<ToolButtonWithMenu*>(object);
     return opener ? new MenuButtonAccessible(opener) : nullptr;
@@ -89,11 +162,11 @@ void announce(QWidget& button, const QAccessible::State& changed) {
 
 } // namespace
 
-void makeToolButtonsAccessible() {
+void makeToolBarsAccessible() {
   [[maybe_unused]] static const bool installed = (QAccessible::installFactory(makeAccessible), true);
 }
 
-void announceMenuState(ToolButtonWithMenu& button) {
+void announceMenuState(QToolButton& button) {
   QAccessible::State changed;
   changed.expanded = true;
   changed.collapsed = true;

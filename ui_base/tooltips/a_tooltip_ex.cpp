@@ -5,6 +5,8 @@
 #include <ui_base/tooltips/tooltip_text.h>
 #include <vlk_common_res/styles.h>
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QLabel>
 #include <QPalette>
 #include <QVBoxLayout>
@@ -13,7 +15,18 @@ namespace Vela::UiBase {
 
 using Vela::Resource::Styles;
 
+namespace {
+
+QAccessibleInterface* makeAccessible(const QString& className, QObject* object) {
+  auto* const tooltip =
+      className == QLatin1String("Vela::UiBase::ATooltipEx") ? qobject_cast<ATooltipEx*>(object) : nullptr;
+  return tooltip ? new QAccessibleWidget(tooltip, QAccessible::ToolTip) : nullptr;
+}
+
+} // namespace
+
 ATooltipEx::ATooltipEx(QWidget* parent) : QWidget(parent) {
+  [[maybe_unused]] static const bool accessible = (QAccessible::installFactory(makeAccessible), true);
   setFocusPolicy(Qt::NoFocus);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   setAttribute(Qt::WA_StyledBackground);
