@@ -101,11 +101,11 @@ void BaseViewControllerTest::lifeIsToldInOrder() {
 }
 
 void BaseViewControllerTest::windowHiddenWhileItIsShownIsNotMapped() {
-  for (const char* call : {"viewDidLoad", "viewWillAppear"}) {
+  for (const char* call : {"viewDidLoad", "viewWillAppear", "viewDidMove", "viewDidResize"}) {
     ViewStage s;
     s.other->on[call] = [&s] { s.otherView->hide(); };
     s.otherView->show();
-    QVERIFY2(!s.otherView->windowHandle()->isVisible(), call);
+    QVERIFY2(!s.otherView->isVisible() && !s.otherView->windowHandle()->isVisible(), call);
     s.otherView->setParent(s.view);
     QVERIFY2(!s.otherView->isVisible(), call);
     s.other->on.clear();

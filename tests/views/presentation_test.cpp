@@ -18,6 +18,7 @@ private Q_SLOTS:
   void presentationCanBeAskedFor();
   void requestsSayWhetherTheyWereDone();
   void dismissalWaitsForTheAnswer();
+  void viewHiddenBeforeItIsSeenDoesNotCover();
   void closingWindowAsksItsViews_data();
   void closingWindowAsksItsViews();
 };
@@ -98,6 +99,16 @@ void PresentationTest::dismissalWaitsForTheAnswer() {
   b->on["viewWillClose"] = [&] { inner = b->dismissViewController() || screen.window.close(); };
   QVERIFY(b->dismissViewController() && !inner);
   QCOMPARE(screen.story(), QStringLiteral("a -, b load, b +, a +, b close, b -"));
+}
+
+void PresentationTest::viewHiddenBeforeItIsSeenDoesNotCover() {
+  for (const char* call : {"viewDidMove", "viewDidResize"}) {
+    Screen screen;
+    screen.controller("b")->on[call] = [&] { screen.view("b")->hide(); };
+    screen.run(QStringLiteral("a>b"));
+    QVERIFY(!screen.view("b")->isVisible());
+    QCOMPARE(screen.story(), QStringLiteral("a -, b -, a +"));
+  }
 }
 
 void PresentationTest::closingWindowAsksItsViews_data() {

@@ -40,6 +40,15 @@ bool isHiddenByPlace(const BaseView& view) {
   return !view.isHidden() || qobject_cast<QStackedWidget*>(view.parentWidget());
 }
 
+// What heard of its new place and size, before it was seen, has hidden the view: Qt goes on to show it.
+bool hideAgain(BaseView& view) {
+  if (!view.isHidden() || !view.isVisible())
+    return false;
+  view.setAttribute(Qt::WA_WState_Hidden, false);
+  view.hide();
+  return true;
+}
+
 // Qt goes on to map a window that is hidden in its own show event, and shows the widget again when that
 // window is moved into another one.
 void keepUnmapped(BaseView& view, BaseViewPrivate& d) {
@@ -142,6 +151,8 @@ void BaseView::showEvent(QShowEvent* event) {
   const EventScope scope(*this, *d);
   if (std::exchange(d->keptUnmapped, false))
     setAttribute(Qt::WA_DontShowOnScreen, false);
+  if (hideAgain(*this))
+    return;
   const bool leavesFocus = std::exchange(d->focusElsewhere, false) && window()->focusWidget();
   const bool takesFocus = !event->spontaneous() && !leavesFocus;
   Presentation::of(*this)->willShow(*this, takesFocus);
