@@ -12,7 +12,7 @@ namespace {
 
 constexpr int usualRounds = 20;
 constexpr int timeLimit = 20000; // ms
-constexpr double timeAim = 1.5;
+constexpr double timeAim = 1.4;
 constexpr double memoryAim = 12.0;
 
 struct Program {

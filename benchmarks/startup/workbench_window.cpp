@@ -3,6 +3,7 @@
 
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <vlk_app_service/application_service.h>
+#include <vlk_common_res/styles.h>
 #include <workbench/commands/dark_palette_command.h>
 #include <workbench/main_window.h>
 #include <workbench/mesh_view_controller.h>
@@ -16,6 +17,7 @@ int main(int argc, char** argv) {
   Vela::UiBase::QtUiToolkit::Instance().IconProvider(new WorkbenchIconProvider);
   Vela::Services::ApplicationService::GetInstance().setAppManager(std::make_unique<WorkbenchAppManager>());
   DarkPaletteCommand::restorePalette();
+  QApplication::setFont(Vela::Resource::Styles::Instance().FontLabel()); // as the program does
   MainWindow window;
   window.resize(1280, 800);
   new Vela::Benchmarks::FirstPaint(&window);

@@ -42,7 +42,7 @@ public:
            QFileInfo(document().fileName()).fileName() == QLatin1String(name);
   }
   QToolButton* button(const char* objectName) {
-    return photos().toolBar().findChild<QToolButton*>(QLatin1String(objectName));
+    return photos().toolBar()->findChild<QToolButton*>(QLatin1String(objectName));
   }
   void turnWheel(const QPointF& at) {
     QWheelEvent event(at, photos().mapToGlobal(at), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
@@ -59,7 +59,8 @@ class PhotoPageTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void goesAlongTheRowByButtonsAndKeys() {
     PhotoBench bench;
-    QVERIFY(!bench.button("fit_to_view_button")->isEnabled()); // there is nothing to fit
+    bench.press(Qt::Key_2, Qt::AltModifier);
+    QVERIFY(bench.isShown() && !bench.button("fit_to_view_button")->isEnabled()); // there is nothing to fit
     QVERIFY(bench.show({bench.photo("a.png", {300, 200}), bench.photo("b.png", {50, 400}),
                         bench.photo("c.png", {300, 200})}));
     QVERIFY(bench.shows("a.png") && !bench.button("prev_button")->isEnabled());

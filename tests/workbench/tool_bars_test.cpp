@@ -45,8 +45,8 @@ private Q_SLOTS:
       return nullptr;
     };
     QTRY_VERIFY(selectionBar() && selectionBar()->isVisible());
-    QTRY_COMPARE(bench.bars().mainBar().x(), (bench.view().width() - bench.bars().mainBar().width()) / 2);
-    QList<const QWidget*> floating{&bench.bars().mainBar(), &bench.bars().panel(), selectionBar()};
+    QTRY_COMPARE(bench.bars().mainBar()->x(), (bench.view().width() - bench.bars().mainBar()->width()) / 2);
+    QList<const QWidget*> floating{bench.bars().mainBar(), bench.bars().panel(), selectionBar()};
     for (const FloatingWidget* const widget : bench.view().findChildren<FloatingWidget*>())
       floating += widget;
     QCOMPARE(floating.size(), 5);

@@ -3,7 +3,6 @@
 
 #include <support/input.h>
 #include <ui_base/notifications/notification_bar.h>
-#include <ui_base/toolbars/toolbar_manager.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/config_manager.h>
 #include <vlk_app_service/i_app_manager.h>
@@ -32,8 +31,7 @@ WorkbenchFixture::WorkbenchFixture(const QSize& size) {
   m_kernel.registerService(m_app);
   if (m_kernel.start() != Taren::Core::RcmSuccess)
     qFatal("the workbench does not start");
-  bars().setAnimationDuration(0);
-  bars().dynamicBars().setGatheringTime(0);
+  window().toolBars().setAnimationDuration(0);
   Vela::Test::showActive(window());
 }
 

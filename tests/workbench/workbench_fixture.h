@@ -27,7 +27,7 @@ public:
 
   WorkbenchApp& app() { return *m_app; }
   MainWindow& window() { return *m_app->window(); }
-  MeshToolBars& bars() { return window().toolBars(); }
+  const MeshToolBars& bars() { return window().toolBars(); }
   MeshView& view() { return *window().view(); }
   MeshViewController& controller() { return *window().controller(); }
   void end() { m_kernel.stop(); }

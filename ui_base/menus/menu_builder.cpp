@@ -28,6 +28,14 @@ constexpr int ICON_FRAME = 4;      // px that an item without text is larger tha
 constexpr int MIN_TEXT_WIDTH = 50; // px of an item with a text
 constexpr int MAX_TEXT_WIDTH = std::numeric_limits<int>::max();
 
+/// Also for a menu of a menu: each is a window, at which QWidget::isAncestorOf() ends.
+bool belongsTo(const QObject& menu, const QObject& bar) {
+  const QObject* parent = menu.parent();
+  while (parent && parent != &bar)
+    parent = parent->parent();
+  return parent;
+}
+
 } // namespace
 
 MenuBuilder::MenuBuilder(const QString& name, QMainWindow* mainWindow, QWidget* parent,
@@ -267,7 +275,8 @@ QAction* MenuBuilder::FindAction(const QString& menuName, const QString& text) {
 void MenuBuilder::SetDropDownMenuStyle(QMenu* menu) {
   if (!menu)
     return;
-  menu->setStyleSheet(Styles::Instance().MenuMain());
+  if (!d->bar || !belongsTo(*menu, *d->bar)) // else it has that of the bar
+    menu->setStyleSheet(Styles::Instance().MenuMain());
   if (!menu->windowFlags().testFlag(Qt::NoDropShadowWindowHint))
     menu->setWindowFlag(Qt::NoDropShadowWindowHint);
   if constexpr (HAS_CLASS_DROP_SHADOW)
@@ -289,10 +298,14 @@ void MenuBuilder::SetMenuBarItemButtonStyle(QSharedPointer<QToolButton>& item, Q
 void MenuBuilder::SetMenuBarItemStyle(QSharedPointer<QToolButton>& item, bool split) {
   if (!item)
     return;
+  const auto mode = split ? QToolButton::MenuButtonPopup : QToolButton::InstantPopup;
+  const QString sheet = Styles::Instance().Separator();
   item->setAutoRaise(true);
-  item->setPopupMode(split ? QToolButton::MenuButtonPopup : QToolButton::InstantPopup);
-  item->setStyleSheet(Styles::Instance().Separator());
   item->setFont(Styles::Instance().FontLabel()); // that of the menus
+  if (item->popupMode() == mode && item->styleSheet() == sheet)
+    return;
+  item->setPopupMode(mode);
+  item->setStyleSheet(sheet); // the same one too: its rules ask for the mode
 }
 
 bool MenuBuilder::eventFilter(QObject* watched, QEvent* event) {

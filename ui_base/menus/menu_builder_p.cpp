@@ -49,6 +49,7 @@ void MenuBuilderPrivate::createMenuBar(const QString& name, const QString& title
     bar->setAccessibleName(title.isEmpty() ? MenuBuilder::tr("Menu bar") : title);
   });
   bar->hide();
+  bar->setStyleSheet(Styles::Instance().MenuMain()); // parsed once for all menus
   menus = new MenuBarMenus(bar);
   keys = new MenuBarKeys(bar, menus, mainWindow);
   shortcuts = new MenuShortcuts([this] { return shortcutHome(); }, [this] { return wantedShortcuts(); });
@@ -86,14 +87,16 @@ MenuBarItemPointer MenuBuilderPrivate::addOrInsert(bool insert, int index, const
   button->setAccessibleName(accessibleName);
   button->setToolButtonStyle(style);
   items[name] = item;
+  q->SetMenuBarItemButtonStyle(item->button, style);
+  applyStyle(item); // not after it is shown, which would be twice the work
+  if (!bar)
+    return {};
   bar->insertItem(insert ? index : place, item->button);
   button->installEventFilter(q);
   for (const auto& filter : std::as_const(filters)) {
     if (filter)
       button->installEventFilter(filter);
   }
-  q->SetMenuBarItemButtonStyle(item->button, style);
-  applyStyle(item);
   return bar && items.value(name) == item ? item : MenuBarItemPointer();
 }
 
@@ -297,6 +300,7 @@ void MenuBuilderPrivate::applyStyles() {
   }
   if (!bar)
     return;
+  bar->setStyleSheet(Styles::Instance().MenuMain());
   const QList<QMenu*> made = bar->findChildren<QMenu*>();
   const QList<LivePointer<QMenu>> guarded(made.cbegin(), made.cend());
   for (const LivePointer<QMenu>& menu : guarded) {

@@ -42,8 +42,10 @@ FlyoutBase::FlyoutBase(const QString& title, QWidget* mainPanel, PanelButtons bu
   setMouseTracking(true);
   d->build(mainPanel, buttons);
   SetTitle(title);
-  d->applyStyles();
-  connect(&Styles::Instance(), &Styles::changed, this, [this] { d->applyStyles(); });
+  connect(&Styles::Instance(), &Styles::changed, this, [this] {
+    if (d->styled)
+      d->applyStyles();
+  });
   connect(this, &FlyoutBase::ESCKeyReleased, this, &FlyoutBase::OnESCKeyReleased);
   connect(this, &FlyoutBase::CloseFlyout, this, [this] { d->open = false; });
 }
@@ -93,8 +95,20 @@ void FlyoutBase::ShowSubWidget(QWidget* widget, bool show) {
 }
 
 void FlyoutBase::SetSizeLimit(const QSize& limit) {
-  if (d->scroller && std::exchange(d->sizeLimit, limit) != limit)
-    d->scroller->setLimitWithin(*layout(), limit);
+  if (!d->scroller || std::exchange(d->sizeLimit, limit) == limit)
+    return;
+  d->ensureStyled();
+  d->scroller->setLimitWithin(*layout(), limit);
+}
+
+QSize FlyoutBase::sizeHint() const {
+  d->ensureStyled();
+  return QWidget::sizeHint();
+}
+
+QSize FlyoutBase::minimumSizeHint() const {
+  d->ensureStyled();
+  return QWidget::minimumSizeHint();
 }
 
 bool FlyoutBase::IsSubWidgetVisible() const { return isVisible() && d->subWidgets.isAnyShown(); }
@@ -225,6 +239,8 @@ void FlyoutBase::setVisible(bool visible) {
   const QPointer<FlyoutBase> self(this);
   if (!visible && isVisible())
     d->giveFocusBack();
+  if (visible)
+    d->ensureStyled();
   if (self)
     QWidget::setVisible(visible);
 }

@@ -97,6 +97,8 @@ public:
   void SetBusy(bool busy);
 
   void setVisible(bool visible) override;
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
 
 public Q_SLOTS:
   /// What the buttons do; also for programs.

@@ -18,6 +18,8 @@
 #include <QPushButton>
 #include <QToolButton>
 
+#include <utility>
+
 namespace Vela::UiBase {
 
 using Resource::Styles;
@@ -140,6 +142,12 @@ void FlyoutBasePrivate::build(QWidget* panel, PanelButtons buttons) {
     column->addWidget(scroller, 1);
   }
   column->addLayout(buttonRow(buttons));
+}
+
+// A style sheet that the application has given it stays.
+void FlyoutBasePrivate::ensureStyled() {
+  if (!std::exchange(styled, true) && q->styleSheet().isEmpty())
+    applyStyles();
 }
 
 void FlyoutBasePrivate::applyStyles() {

@@ -30,6 +30,8 @@ public:
   QLayout* titleRow(bool close);
   QLayout* buttonRow(PanelButtons buttons);
   QPushButton* button(const char* text, void (FlyoutBase::*action)());
+  /// Before the flyout is measured or seen first; one that never is costs no style sheets.
+  void ensureStyled();
   void applyStyles();
   void updateEnabled();
   void giveFocusBack();
@@ -56,6 +58,7 @@ public:
   bool busy = false;
   bool keepOpenInView = false;
   bool open = false;
+  bool styled = false;
   FocusKeeper focus;                 // from before the flyout was shown
   QPointer<QWidget> focusBeforeBusy; // in the flyout
   QPointer<QWidget> escapeTarget;    // has Escape held down

@@ -59,7 +59,6 @@ void UnitButton::applyStyles() {
   setProperty(qPrintable(RCMenuManager::BUTTON_ORIGINAL_STYLE), normal);
   setProperty(qPrintable(RCMenuManager::BUTTON_ALTERNATE_STYLE), normal + open);
   setStyleSheet(normal);
-  m_menu->setStyleSheet(styles.MenuMain());
 }
 
 void UnitButton::showUnit() {
@@ -72,6 +71,7 @@ void UnitButton::showUnit() {
 
 void UnitButton::fillMenu() {
   m_menu->clear();
+  m_menu->setStyleSheet(Styles::Instance().MenuMain());
   const CommandBase* const any = m_controller.findCommand(LengthUnitCommand::idOf(Vela::Common::Millimetre));
   const CommandGroup* const units = any ? any->commandGroup() : nullptr;
   for (int i = 0; units && i < units->commandBag().count(); ++i)

@@ -31,11 +31,10 @@ QColor backdrop(const QPalette& palette) {
 
 } // namespace
 
-PhotoView::PhotoView(QWidget* parent) : BaseView(parent), m_footer(new PhotoFooter(this)) {
+PhotoView::PhotoView(QWidget* parent) : BaseView(parent) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(160, 120);
-  Vela::UiBase::ToolBar::AddToFocusCycle(&toolBar());
   connect(&m_document, &PhotoDocument::photoChanged, this, [this] {
     PhotoViewport viewport = m_viewport;
     viewport.setPhoto(m_document.photo().size());
@@ -53,7 +52,18 @@ PhotoView::PhotoView(QWidget* parent) : BaseView(parent), m_footer(new PhotoFoot
   });
 }
 
-Vela::UiToolkit::ImageViewerToolBar& PhotoView::toolBar() const { return m_footer->toolBar(); }
+void PhotoView::makeFooter() {
+  m_footer = new PhotoFooter(this);
+  Vela::UiBase::ToolBar::AddToFocusCycle(toolBar());
+  updateTexts();
+  updateCanvas();
+  m_footer->show();
+  Q_EMIT toolBarMade();
+}
+
+Vela::UiToolkit::ImageViewerToolBar* PhotoView::toolBar() const {
+  return m_footer ? &m_footer->toolBar() : nullptr;
+}
 
 void PhotoView::setViewport(const PhotoViewport& viewport) {
   if (m_viewport == viewport)
@@ -69,9 +79,9 @@ void PhotoView::setDropHighlight(bool on) {
     update();
 }
 
-QString PhotoView::nameText() const { return m_footer->name(); }
+QString PhotoView::nameText() const { return m_footer ? m_footer->name() : QString(); }
 
-QString PhotoView::figuresText() const { return m_footer->figures(); }
+QString PhotoView::figuresText() const { return m_footer ? m_footer->figures() : QString(); }
 
 QSize PhotoView::sizeHint() const { return {960, 640}; }
 
@@ -89,7 +99,8 @@ void PhotoView::updateTexts() {
     figures = tr("%1 × %2 px").arg(size.width()).arg(size.height()) + separator +
               tr("%1 %", "zoom").arg(std::lround(m_viewport.zoom() * 100));
   }
-  m_footer->setTexts(name, figures);
+  if (m_footer)
+    m_footer->setTexts(name, figures);
   setAccessibleDescription(name.isEmpty() ? QString() : name + separator + figures);
 }
 
@@ -111,9 +122,19 @@ void PhotoView::resizeEvent(QResizeEvent* event) {
   updateCanvas();
 }
 
-QRect PhotoView::canvasRect() const { return {0, 0, width(), std::max(0, m_footer->y())}; }
+void PhotoView::showEvent(QShowEvent* event) {
+  if (!m_footer)
+    makeFooter();
+  BaseView::showEvent(event);
+}
+
+QRect PhotoView::canvasRect() const {
+  return {0, 0, width(), m_footer ? std::max(0, m_footer->y()) : height()};
+}
 
 void PhotoView::updateCanvas() {
+  if (!m_footer)
+    return;
   const int footerHeight = m_footer->sizeHint().height();
   m_footer->setGeometry(0, height() - footerHeight, width(), footerHeight);
   PhotoViewport viewport = m_viewport;

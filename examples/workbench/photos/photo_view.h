@@ -32,7 +32,8 @@ public:
 
   PhotoDocument& document() noexcept { return m_document; }
   const PhotoDocument& document() const noexcept { return m_document; }
-  Vela::UiToolkit::ImageViewerToolBar& toolBar() const;
+  /// Made when the view is first shown; null before.
+  Vela::UiToolkit::ImageViewerToolBar* toolBar() const;
 
   /// Which part of the photograph is seen. Another photograph is shown as a whole.
   const PhotoViewport& viewport() const noexcept { return m_viewport; }
@@ -49,6 +50,8 @@ public:
   QSize sizeHint() const override;
 
 Q_SIGNALS:
+  /// toolBar() is there.
+  void toolBarMade();
   /// The viewport is another.
   void viewportChanged();
   /// The user asks for the menu of the view, with the keyboard. @p position is on the screen.
@@ -61,8 +64,10 @@ protected:
   void contextMenuEvent(QContextMenuEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
 private:
+  void makeFooter();
   QRect canvasRect() const;
   void updateCanvas();
   void updateTexts();
@@ -72,7 +77,7 @@ private:
 
   PhotoDocument m_document;
   PhotoViewport m_viewport;
-  PhotoFooter* m_footer;
+  PhotoFooter* m_footer = nullptr; // until it is shown
   bool m_dropHighlight = false;
   bool m_settled = false;
 };

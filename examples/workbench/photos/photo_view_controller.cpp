@@ -92,7 +92,7 @@ void PhotoViewController::follow(PhotoView& view) {
                    [this](const QString&, const QString&, const QString& message) {
                      showNotification(message, NotificationError);
                    });
-  followToolBar(view);
+  QObject::connect(&view, &PhotoView::toolBarMade, &m_events, [this, &view] { followToolBar(view); });
   refresh();
 }
 
@@ -106,8 +106,8 @@ void PhotoViewController::followToolBar(PhotoView& view) {
       {&ImageViewerToolBar::NextImage, NextPhoto},
   };
   for (const auto& [signal, action] : buttons)
-    QObject::connect(&view.toolBar(), signal, &m_events, [this, action = action] { perform(action); });
-  QObject::connect(&view.toolBar(), &ImageViewerToolBar::KeyReleased, &m_events,
+    QObject::connect(view.toolBar(), signal, &m_events, [this, action = action] { perform(action); });
+  QObject::connect(view.toolBar(), &ImageViewerToolBar::KeyReleased, &m_events,
                    [this](Qt::Key key) { keyReleased(key); });
 }
 
@@ -185,12 +185,13 @@ void PhotoViewController::refresh() {
   PhotoView* const view = photoView();
   if (!view)
     return;
-  ImageViewerToolBar& bar = view->toolBar();
-  bar.setEnabled(view->document().count() > 0);
-  bar.EnableZoomInButton(canPerform(ZoomIntoPhoto));
-  bar.EnableZoomOutButton(canPerform(ZoomOutOfPhoto));
-  bar.EnablePrevImageButton(canPerform(PreviousPhoto));
-  bar.EnableNextImageButton(canPerform(NextPhoto));
+  if (ImageViewerToolBar* const bar = view->toolBar()) {
+    bar->setEnabled(view->document().count() > 0);
+    bar->EnableZoomInButton(canPerform(ZoomIntoPhoto));
+    bar->EnableZoomOutButton(canPerform(ZoomOutOfPhoto));
+    bar->EnablePrevImageButton(canPerform(PreviousPhoto));
+    bar->EnableNextImageButton(canPerform(NextPhoto));
+  }
   for (const EPhotoAction action : PhotoActions) {
     if (CommandBase* const command = findCommand(PhotoCommand::idOf(action)))
       refreshCommand(*command, obstacle(action));
@@ -200,10 +201,9 @@ void PhotoViewController::refresh() {
 
 // At once, for the next key; and as the state that lasts, with the reason for the tooltip.
 void PhotoViewController::refreshCommand(CommandBase& command, const QString& obstacle) {
-  const QString id = command.commandId();
   command.setEnabled(obstacle.isEmpty());
-  if (groundReason(id) != obstacle)
-    setGroundState(id, {State(obstacle.isEmpty()), State::Keep}, obstacle);
+  if (groundReason(command.commandId()) != obstacle)
+    setGroundState(command.commandId(), {State(obstacle.isEmpty()), State::Keep}, obstacle);
 }
 
 // The cursor shows whether there is something to shift.

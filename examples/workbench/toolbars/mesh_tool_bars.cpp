@@ -25,29 +25,32 @@ constexpr int Gap = 8; // px
 } // namespace
 
 MeshToolBars::MeshToolBars(MeshView& view, MeshViewController& controller, QObject* parent)
-    : QObject(parent),
-      m_view(view),
-      m_controller(controller),
-      m_main(new ToolBar(&view, Qt::TopToolBarArea)),
-      m_panel(new ActionPanel(&view)),
-      m_dynamic(new ToolbarManager(m_main)) {
+    : QObject(parent), m_view(view), m_controller(controller) {
+  connect(&controller.events(), &MeshViewEvents::meshShown, this, &MeshToolBars::show);
+  view.installEventFilter(this);
+}
+
+MeshToolBars::~MeshToolBars() = default;
+
+void MeshToolBars::make() {
+  m_main = new ToolBar(&m_view, Qt::TopToolBarArea);
+  m_panel = new ActionPanel(&m_view);
+  m_dynamic = new ToolbarManager(m_main);
   styleMainBar();
   keepTranslated(m_panel, [this] { m_panel->setAccessibleName(tr("Actions")); });
-  if (view.isRightToLeft())
+  if (m_view.isRightToLeft())
     m_panel->SetArea(Qt::RightToolBarArea);
   m_panel->SetTooltipGroup(CommandTooltips);
   for (ToolBar* const bar : {m_main, static_cast<ToolBar*>(m_panel)}) {
     bar->hide();
     connect(bar, &ToolBar::LayoutChanged, this, &MeshToolBars::styleButtons);
   }
-  m_main->AddCommandGroup(controller.ToolPanelGroup());
-  m_panel->AddCommandGroup(controller.ActionPanelGroup());
-  controller.selectionCommands().setDelegate(m_dynamic);
-  connect(&controller.events(), &MeshViewEvents::meshShown, this, &MeshToolBars::show);
-  view.installEventFilter(this);
+  applyAnimationDuration();
+  m_main->AddCommandGroup(m_controller.ToolPanelGroup());
+  m_panel->AddCommandGroup(m_controller.ActionPanelGroup());
+  m_dynamic->addDynamicCommandGroup(m_controller.DynamicToolPanelGroup());
+  m_controller.selectionCommands().setDelegate(m_dynamic);
 }
-
-MeshToolBars::~MeshToolBars() = default;
 
 void MeshToolBars::styleMainBar() {
   keepTranslated(m_main, [this] { m_main->setAccessibleName(tr("Main toolbar")); });
@@ -60,14 +63,24 @@ void MeshToolBars::styleMainBar() {
 }
 
 void MeshToolBars::setAnimationDuration(int milliseconds) {
-  m_main->SetAnimationDuration(milliseconds);
-  m_panel->SetAnimationDuration(milliseconds);
+  m_animationDuration = milliseconds;
+  if (m_main)
+    applyAnimationDuration();
+}
+
+void MeshToolBars::applyAnimationDuration() {
+  if (!m_animationDuration)
+    return;
+  m_main->SetAnimationDuration(*m_animationDuration);
+  m_panel->SetAnimationDuration(*m_animationDuration);
+  if (*m_animationDuration == 0)
+    m_dynamic->setGatheringTime(0);
 }
 
 void MeshToolBars::show() {
-  if (std::exchange(m_shown, true))
+  if (m_main)
     return;
-  m_dynamic->addDynamicCommandGroup(m_controller.DynamicToolPanelGroup());
+  make();
   m_panel->PrepareActionPanel();
   styleButtons();
   placePanel();
@@ -117,6 +130,8 @@ void MeshToolBars::keepClear(FloatingWidget& widget) const {
 
 // A menu that was opened with the mouse leaves the focus with the view.
 bool MeshToolBars::closeMenu() {
+  if (!m_main)
+    return false;
   QList<ToolButton*> buttons = m_main->Buttons();
   buttons += m_panel->Buttons();
   for (ToolButton* const each : std::as_const(buttons)) {
@@ -134,9 +149,9 @@ bool MeshToolBars::eventFilter(QObject* watched, QEvent* event) {
   if (watched == &m_view && event->type() == QEvent::KeyPress &&
       static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && closeMenu())
     return true;
-  if (watched == &m_view && event->type() == QEvent::Resize && m_shown)
+  if (watched == &m_view && event->type() == QEvent::Resize && m_main)
     placePanel();
-  if (watched == &m_view && event->type() == QEvent::ChildAdded && m_shown) {
+  if (watched == &m_view && event->type() == QEvent::ChildAdded && m_main) {
     const auto keepChildClear = [this, child = QPointer(static_cast<QChildEvent*>(event)->child())] {
       if (auto* const widget = qobject_cast<FloatingWidget*>(child.data()))
         keepClear(*widget);

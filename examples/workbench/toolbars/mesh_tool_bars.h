@@ -2,7 +2,8 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
+
+#include <optional>
 
 namespace Vela::UiBase {
 class ActionPanel;
@@ -17,7 +18,8 @@ class MeshView;
 class MeshViewController;
 
 /// The bars over the view of the mesh: the main toolbar at the top, after it the toolbars of what is
-/// selected, and the action panel at the left. They slide in when the view shows its first mesh.
+/// selected, and the action panel at the left. They are made, and slide in, when the view shows its first
+/// mesh.
 ///
 /// The bars belong to the view; what else floats over it keeps clear of them. See fillToolBarGroups() for
 /// what stands in them.
@@ -32,10 +34,12 @@ public:
   MeshToolBars(MeshView& view, MeshViewController& controller, QObject* parent = nullptr);
   ~MeshToolBars() override;
 
-  Vela::UiBase::ToolBar& mainBar() const { return *m_main; }
-  Vela::UiBase::ActionPanel& panel() const { return *m_panel; }
-  Vela::UiBase::ToolbarManager& dynamicBars() const { return *m_dynamic; }
-  /// How long the bars slide, in ms; 0 shows them at once.
+  /// Null before the first mesh.
+  Vela::UiBase::ToolBar* mainBar() const { return m_main; }
+  /// Null before the first mesh.
+  Vela::UiBase::ActionPanel* panel() const { return m_panel; }
+  /// How long the bars slide, in ms, from the first time on; with 0 they show at once, also those of what is
+  /// selected.
   void setAnimationDuration(int milliseconds);
   /// Has the bars slide in, unless they are there.
   void show();
@@ -43,7 +47,9 @@ public:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+  void make();
   void styleMainBar();
+  void applyAnimationDuration();
   void styleButtons();
   void placePanel();
   bool closeMenu();
@@ -54,10 +60,10 @@ private:
 
   MeshView& m_view;
   MeshViewController& m_controller;
-  Vela::UiBase::ToolBar* m_main;
-  Vela::UiBase::ActionPanel* m_panel;
-  Vela::UiBase::ToolbarManager* m_dynamic;
-  bool m_shown = false;
+  Vela::UiBase::ToolBar* m_main = nullptr; // the view's, like the next two
+  Vela::UiBase::ActionPanel* m_panel = nullptr;
+  Vela::UiBase::ToolbarManager* m_dynamic = nullptr;
+  std::optional<int> m_animationDuration;
 };
 
 } // namespace Workbench

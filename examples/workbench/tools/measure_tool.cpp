@@ -19,9 +19,11 @@ std::optional<QVector3D> surfaceAt(MeshView& view, const QMouseEvent& event) {
 
 } // namespace
 
-MeasureTool::MeasureTool(MeshView* view) : MeshTool(view) {
-  setIdleCursor(crosshairCursor(QStringLiteral("measure")));
-  setOperatingCursor(Qt::CrossCursor);
+MeasureTool::MeasureTool(MeshView* view) : MeshTool(view) { setOperatingCursor(Qt::CrossCursor); }
+
+void MeasureTool::activate() {
+  setIdleCursor(crosshairCursor(QStringLiteral("measure"))); // not before: an icon takes time
+  MeshTool::activate();
 }
 
 bool MeasureTool::mousePress(QMouseEvent* event) {

@@ -25,6 +25,7 @@ public:
   /// Escape takes back the first point.
   bool keyPress(QKeyEvent* event) override;
 
+  void activate() override;
   /// Takes back the first point.
   void deactivate() override;
 

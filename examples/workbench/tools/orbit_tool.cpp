@@ -11,14 +11,12 @@ constexpr double DegreesPerPixel = 0.4;
 
 } // namespace
 
-OrbitTool::OrbitTool(MeshView* view) : MeshTool(view) {
-  setIdleCursor(Qt::ArrowCursor);
-  setOperatingCursor(iconCursor(QStringLiteral("orbit")));
-}
+OrbitTool::OrbitTool(MeshView* view) : MeshTool(view) { setIdleCursor(Qt::ArrowCursor); }
 
 void OrbitTool::startOperation() {
   if (const MeshView* const view = meshView())
     m_start = view->camera();
+  setOperatingCursor(iconCursor(QStringLiteral("orbit"))); // not before: an icon takes time
   MeshTool::startOperation();
 }
 

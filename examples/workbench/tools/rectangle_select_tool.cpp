@@ -9,8 +9,12 @@
 namespace Workbench {
 
 RectangleSelectTool::RectangleSelectTool(MeshView* view) : MeshTool(view) {
-  setIdleCursor(crosshairCursor(QStringLiteral("rectangle_selection")));
   setOperatingCursor(Qt::CrossCursor);
+}
+
+void RectangleSelectTool::activate() {
+  setIdleCursor(crosshairCursor(QStringLiteral("rectangle_selection"))); // not before: an icon takes time
+  MeshTool::activate();
 }
 
 bool RectangleSelectTool::mouseMove(QMouseEvent* event) {

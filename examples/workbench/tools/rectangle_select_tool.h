@@ -15,6 +15,8 @@ public:
   bool mouseRelease(QMouseEvent* event) override;
   bool perform(const Vela::UiBase::ToolOperation& operation) override;
 
+  void activate() override;
+
 protected:
   void endOperation() override;
 };
