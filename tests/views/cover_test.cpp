@@ -109,6 +109,16 @@ void CoverTest::screenReadersFindOnlyTheFront() {
   QCOMPARE(a->child(0)->object(), screen.view("c"));
   const QPoint centre = screen.view("a")->mapToGlobal(screen.view("a")->rect().center());
   QCOMPARE(a->childAt(centre.x(), centre.y())->object(), screen.view("c"));
+  // And what each is.
+  QCOMPARE(a->role(), QAccessible::Canvas);
+  screen.view("a")->setWindowTitle("Scan[*]");
+  QCOMPARE(a->text(QAccessible::Name), QStringLiteral("Scan"));
+  screen.view("a")->setAccessibleName("Mesh view");
+  QCOMPARE(a->text(QAccessible::Name), QStringLiteral("Mesh view"));
+  new QVBoxLayout(screen.view("a"));
+  QCOMPARE(a->role(), QAccessible::Pane);
+  BaseView window;
+  QCOMPARE(QAccessible::queryAccessibleInterface(&window)->role(), QAccessible::Window);
 }
 
 void CoverTest::focusIsRememberedAndGivenBack_data() {

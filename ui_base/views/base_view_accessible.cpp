@@ -12,7 +12,21 @@ namespace {
 
 class ViewAccessible : public QAccessibleWidget {
 public:
-  explicit ViewAccessible(BaseView* view) : QAccessibleWidget(view, QAccessible::Client) {}
+  explicit ViewAccessible(BaseView* view) : QAccessibleWidget(view) {}
+
+  // What has no layout paints itself.
+  QAccessible::Role role() const override {
+    if (view().isWindow())
+      return QAccessible::Window;
+    return view().layout() ? QAccessible::Pane : QAccessible::Canvas;
+  }
+
+  QString text(QAccessible::Text kind) const override {
+    const QString text = QAccessibleWidget::text(kind);
+    if (kind != QAccessible::Name || !text.isEmpty())
+      return text;
+    return view().windowTitle().remove(QLatin1String("[*]"));
+  }
 
   int childCount() const override {
     return isCovered() ? (inFront() ? 1 : 0) : QAccessibleWidget::childCount();
