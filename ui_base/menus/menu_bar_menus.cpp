@@ -87,6 +87,8 @@ void MenuBarMenus::open(QToolButton* item, bool byKeyboard) {
       return menuHidden();
   }
   m_openItem = item;
+  m_bar->window()->installEventFilter(this);
+  m_barPlace = m_bar->mapToGlobal(QPoint());
   m_pointer = QCursor::pos();
   m_keepsBar = false;
   m_pointerWasInside = false;
@@ -263,6 +265,14 @@ bool MenuBarMenus::filterMenu(QMenu* menu, QEvent* event) {
   default:
     return false;
   }
+}
+
+bool MenuBarMenus::eventFilter(QObject* watched, QEvent* event) {
+  // Window systems tell of a move once more when it is done.
+  if (event->type() == QEvent::Move && watched == m_bar->window() &&
+      m_bar->mapToGlobal(QPoint()) != m_barPlace)
+    close();
+  return false;
 }
 
 bool MenuBarMenus::opensOnPress(const QToolButton& item, const QPoint& position) const {

@@ -53,6 +53,8 @@ public:
   bool filterMenu(QMenu* menu, QEvent* event);
   /// For the filter on an item.
   bool filterItem(QToolButton* item, QEvent* event);
+  /// A menu does not stay behind when its window moves, to another screen for instance.
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
   void opened(QToolButton* item, bool byKeyboard);
@@ -75,7 +77,8 @@ private:
   LivePointer<QToolButton> m_openItem;
   LivePointer<QMenu> m_opening; // which Qt is in the middle of showing
   QPoint m_position;
-  QPoint m_pointer; // where it was last
+  QPoint m_barPlace; // on the desktop, when the menu opened
+  QPoint m_pointer;  // where it was last
   QTimer m_closeTimer;
   int m_closeDelay = 1000;
   bool m_switches = false;
