@@ -2,6 +2,7 @@
 #include <support/input.h>
 #include <support/test_case.h>
 #include <ui_base/commands/flyout_command.h>
+#include <ui_base/core/focus_keeper.h>
 #include <ui_base/popups/arrowed_window.h>
 #include <ui_base/popups/flyout_base.h>
 #include <ui_base/views/base_view.h>
@@ -90,6 +91,20 @@ class FlyoutTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
+  void focusIsNotGivenToWhatIsDying() {
+    QWidget window;
+    QLineEdit taker(&window);
+    auto* const before = new QLineEdit(&window);
+    Vela::Test::showActive(window);
+    before->setFocus();
+    FocusKeeper keeper;
+    keeper.keep();
+    taker.setFocus();
+    connect(before, &QObject::destroyed, &taker, [&] { QVERIFY(!keeper.giveBackFrom(taker)); });
+    delete before;
+    QCOMPARE(window.focusWidget(), &taker);
+  }
+
   void plainPanelIsOnlyShown() {
     Stage stage;
     QWidget plain;

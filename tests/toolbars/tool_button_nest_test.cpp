@@ -111,6 +111,18 @@ private Q_SLOTS:
     }
   }
 
+  void buttonThatComesWhileTheExtendModeIsLeftIsFree() {
+    MenuStage stage;
+    stage.menuButton->SetExtendMode(true);
+    stage.subButton->OnRequestShowMenu();
+    QVERIFY(stage.menuButton->IsInExtendMode());
+    const ToolButton* late = nullptr;
+    connect(stage.subButton, &ToolButtonWithMenu::ButtonMenuVisibilityChange, stage.bar,
+            [&] { late = stage.bar->AddAction(new QAction("late", stage.view)); });
+    stage.menuButton->SetExtendMode(false);
+    QVERIFY(late && !late->IsLocked());
+  }
+
   void buttonStandsInForOneThatIsOpenAlready() {
     MenuStage stage;
     stage.subButton->ShowMenu();

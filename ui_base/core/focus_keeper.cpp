@@ -11,7 +11,8 @@ void FocusKeeper::keep() { m_before = QApplication::focusWidget(); }
 
 bool FocusKeeper::giveBackFrom(const QWidget& taker, Qt::FocusReason reason) {
   QWidget* const before = std::exchange(m_before, nullptr);
-  if (!before || !before->isVisible() || !before->isEnabled() || !isIn(taker))
+  // One that is being destroyed has left the focus chain; the window would keep it as its focus.
+  if (!before || !before->nextInFocusChain() || !before->isVisible() || !before->isEnabled() || !isIn(taker))
     return false;
   before->setFocus(reason);
   return true;

@@ -4,6 +4,7 @@
 #include "tool_bar_keys.h"
 #include "tool_bar_p.h"
 #include "tool_button_p.h"
+#include "tool_button_with_button_menu_p.h"
 
 #include <ui_base/commands/command_group.h>
 #include <ui_base/tooltips/tooltip_object.h>
@@ -22,11 +23,6 @@ constexpr QSize iconLookUpSize(256, 256); // px
 
 /// A letter of a text would be taken from the menu bar.
 QString literally(QString text) { return text.replace(QLatin1Char('&'), QLatin1String("&&")); }
-
-bool isExtended(const ToolButtonWithMenu* button) {
-  const auto* const opener = qobject_cast<const ToolButtonWithButtonMenu*>(button);
-  return opener && opener->IsInExtendMode();
-}
 
 /// A button shows while its action does.
 class ShownWithAction : public ToolButton::IToolButtonShowCallbackHandler {
@@ -61,7 +57,11 @@ void ToolBarPrivate::OnButtonCreated(ToolButton& button, const QString& group, b
   }
   followAction(button);
   const QList<ToolButtonWithMenu*> openers = toolBar->MenuButtons(false);
-  if (std::any_of(openers.cbegin(), openers.cend(), isExtended))
+  const auto locksOthers = [](const ToolButtonWithMenu* each) {
+    const auto* const opener = qobject_cast<const ToolButtonWithButtonMenu*>(each);
+    return opener && opener->own()->locksOthers();
+  };
+  if (std::any_of(openers.cbegin(), openers.cend(), locksOthers))
     button.d->lockForExtendMode(true);
   content->insert(button, group, index);
   InitializeButtonShowCallbackHandler(button);

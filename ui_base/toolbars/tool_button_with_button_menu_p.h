@@ -28,6 +28,8 @@ public:
   void showSubIcon(const QIcon& icon);
   /// What the extend mode keeps from the user, and gives back.
   void lockOthers(bool lock);
+  /// No more while it leaves the extend mode: a button that comes then is free.
+  bool locksOthers() const { return extend == Extended; }
   void clearSelection();
   void endStandingIn();
 
