@@ -52,7 +52,7 @@ private Q_SLOTS:
     QVERIFY(m_program.start(QCoreApplication::applicationDirPath() + "/workbench"));
     WAIT_UNTIL(title() == "Workbench");
     WAIT_UNTIL(m_program.window().has(ATSPI_STATE_ACTIVE));
-    m_view = m_program.await(ATSPI_ROLE_FILLER, "Mesh view");
+    m_view = m_program.await(ATSPI_ROLE_CANVAS, "Mesh view");
     WAIT_UNTIL(m_view.has(ATSPI_STATE_FOCUSED));
   }
 
@@ -158,7 +158,7 @@ private Q_SLOTS:
     const QImage photo(qEnvironmentVariable(TourPhotoVariable));
     QVERIFY((photo.isNull() ? m_program.picture(m_view.rect()) : photo).save(m_program.path("photo.png")));
     Hands::press({"alt+2"});
-    const Accessible view = m_program.await(ATSPI_ROLE_FILLER, "Photograph view");
+    const Accessible view = m_program.await(ATSPI_ROLE_CANVAS, "Photograph view");
     WAIT_UNTIL(view.has(ATSPI_STATE_FOCUSED));
     openFile(m_program.path("photo.png"));
     WAIT_UNTIL(title() == "photo.png – Workbench");
