@@ -187,6 +187,15 @@ void ToolStackTest::resettingFollowsOperationsOfItsReports() {
     stack->resetTools();
     QCOMPARE(tools["a"]->isSuspended(), begins);
   }
+  const auto stack = createShared<RecordingStack>();
+  Tools tools;
+  play(*stack, tools, "L+a");
+  stack->onReport = [&](const QString& report) {
+    if (report == "a activated" && stack->popTool(LeftButton))
+      stack->pushTool(MiddleButton, tools["a"]);
+  };
+  stack->resetTools();
+  QVERIFY(stack->getTool(MiddleButton) == tools["a"] && tools["a"]->isActive());
 }
 
 void ToolStackTest::clearingReleasesWithoutDeactivating() {

@@ -87,7 +87,11 @@ void ViewFuzz::checkTools(CmdsViewController& controller) {
     const bool waits = entry.button == LeftButton && operating > 0;
     const bool rests = controller.getTool(entry.button) == entry.tool && !waits;
     if (!entry.tool->isOperating() && entry.tool->isActive() != rests)
-      report(QStringLiteral("a tool is %1").arg(QLatin1String(rests ? "not active" : "active")));
+      report(QStringLiteral("the tool of button %1 is %2")
+                 .arg(entry.button)
+                 .arg(QLatin1String(!rests                      ? "active"
+                                    : entry.tool->isSuspended() ? "suspended"
+                                                                : "inactive")));
   }
 }
 

@@ -46,18 +46,22 @@ public:
     return {};
   }
 
-  // What hears of it may push another one over it, take it off, and begin and end operations.
+  // What hears of it may push another one over it, take it off and push it elsewhere, and begin and end
+  // operations.
   void reset(EToolActivationButton button, const std::shared_ptr<InteractiveTool>& tool) const {
     const bool wasSuspended = tool->isSuspended();
     const bool waits = wasSuspended && top(button) == tool; // for one of another button
-    if (!wasSuspended && !tool->isActive())
+    if (!holds(button, tool) || (!wasSuspended && !tool->isActive()))
       return;
     const auto before = operating();
     if (wasSuspended)
       tool->resume();
-    tool->deactivate();
+    if (holds(button, tool))
+      tool->deactivate();
     if (holds(button, tool))
       tool->activate();
+    if (!holds(button, tool))
+      return;
     const auto after = operating();
     const bool waitsNow = after == before ? waits : button == LeftButton && after != nullptr;
     if (waitsNow || top(button) != tool)

@@ -77,10 +77,10 @@ void CmdsViewController::keepToolsWaiting() {
   for (const HeldTool& entry : held) {
     if (!self || !holds(*entry.tool))
       continue;
-    const bool isTop = getTool(entry.button) == entry.tool;
-    if (!isTop)
-      endOperation(entry.tool);
-    if (self && (!isTop || (entry.button == LeftButton && getOperatingTool())))
+    const auto isTop = [&] { return getTool(entry.button) == entry.tool; };
+    if (!isTop())
+      endOperation(entry.tool); // what hears of it may take off those above
+    if (self && (!isTop() || (entry.button == LeftButton && getOperatingTool())))
       entry.tool->suspend(); // unless it operates itself
   }
 }
