@@ -174,7 +174,7 @@ bool BaseView::event(QEvent* event) {
 
 // Not by a click policy: Qt would give it the focus for presses on its toolbars too, which take none.
 void BaseView::takeFocusOfPress() {
-  if (!hasFocus() && (focusPolicy() & Qt::TabFocus))
+  if (isVisible() && !hasFocus() && (focusPolicy() & Qt::TabFocus))
     setFocus(Qt::MouseFocusReason);
 }
 
