@@ -40,10 +40,12 @@ ToolBar::ToolBar(ToolBarPrivate& state, QWidget* parent, Qt::ToolBarArea area, i
 ToolBar::~ToolBar() {
   d->placer->stop();
   setGraphicsEffect(nullptr);
+  // Before what this is made of, for the same reason.
+  const auto subToolBars = std::exchange(d->ownSubToolBars, {});
+  for (const QPointer<ToolBar>& subToolBar : subToolBars)
+    delete subToolBar.data();
   delete d->commands;
   delete d->content;
-  for (const QPointer<ToolBar>& subToolBar : std::as_const(d->ownSubToolBars))
-    delete subToolBar.data();
 }
 
 void ToolBar::Initialize(Qt::ToolBarArea area, int autoPositionInterval, bool hideOnClick) {
