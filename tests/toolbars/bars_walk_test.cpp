@@ -35,7 +35,8 @@ void BarsWorld::clickOn(QWidget* target) {
 }
 
 void BarsWorld::key(Qt::Key key) {
-  if (QWidget* const window = QApplication::activeWindow(); window && window->windowHandle())
+  QWidget* const window = QApplication::activeWindow();
+  if (window && window->windowHandle() && window->nextInFocusChain()) // else it is being destroyed
     QTest::keyClick(window->windowHandle(), key);
 }
 
