@@ -129,6 +129,7 @@ private Q_SLOTS:
     row("malformed", "command\n", 1, "Line 2: ");
     row("grey", "\ncommand Workbench::SmoothMeshCommand\n", 1,
         "line 3: step 1: Smooth Mesh is grey: No mesh is open.");
+    row("ended", "command Workbench::QuitCommand\n", 1, "The program ended before the session did.");
     row("no such triangle", "operation Workbench::ModeCommand0 click left {\"triangle\":7}\n", 1,
         "nobody can do");
   }

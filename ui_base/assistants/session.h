@@ -29,6 +29,7 @@ struct SessionStep {
   /// @name Of a command
   /// @{
   QString command;
+  int manager = 0; ///< The first manager that has such a command; else the number of the manager, from 1 on.
   std::optional<bool> checked; ///< Only of commands that can be checked.
   QVariantMap inputs;
   ERunOutcome outcome = RunSucceeded;

@@ -2,9 +2,10 @@
 #pragma once
 
 #include <ui_base/commands/cmd_mgr.h>
+#include <ui_base/commands/run_log.h>
 
+#include <algorithm>
 #include <memory>
-#include <utility>
 
 namespace Vela::UiBase {
 
@@ -17,14 +18,28 @@ public:
       m_managers.append(manager->shared_from_this());
   }
 
-  /// The first command of that identifier, and its manager; nulls when there is none.
-  std::pair<std::shared_ptr<CmdMgr>, CommandBase*> find(const QString& id) const {
-    for (const auto& known : m_managers) {
-      auto manager = known.lock();
-      if (CommandBase* const command = manager ? manager->findCommand(id) : nullptr)
-        return {std::move(manager), command};
-    }
-    return {};
+  struct Found {
+    std::shared_ptr<CmdMgr> manager;
+    CommandBase* command = nullptr;
+    int number = 0; ///< As SessionStep::manager.
+  };
+
+  /// The command of that identifier in a manager, or in the first one that has it; nulls when there is none.
+  Found find(const QString& id, int number = 0) const {
+    const QList<Found> all = findAll(id);
+    const auto found = std::ranges::find(all, number, &Found::number);
+    return found == all.end() ? Found() : *found;
+  }
+
+  /// The one that runs: two windows have their commands under the same identifiers.
+  Found findRun(const RunRecord& record) const {
+    const QList<Found> all = findAll(record.commandId);
+    const auto runs = [&](const Found& found) {
+      const auto underway = RunLog::Instance().runsUnderway(*found.command);
+      return std::ranges::find(underway, record.id, &CommandRun::id) != underway.end();
+    };
+    const auto found = all.size() < 2 ? all.begin() : std::ranges::find_if(all, runs);
+    return found == all.end() ? all.value(0) : *found;
   }
 
   /// Those that live.
@@ -38,6 +53,16 @@ public:
   }
 
 private:
+  QList<Found> findAll(const QString& id) const {
+    QList<Found> all;
+    for (qsizetype i = 0; i < m_managers.size(); ++i) {
+      auto manager = m_managers[i].lock();
+      if (CommandBase* const command = manager ? manager->findCommand(id) : nullptr)
+        all.append({std::move(manager), command, all.isEmpty() ? 0 : int(i + 1)});
+    }
+    return all;
+  }
+
   QList<std::weak_ptr<CmdMgr>> m_managers;
 };
 

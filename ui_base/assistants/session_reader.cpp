@@ -9,6 +9,7 @@
 #include <QJsonObject>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Vela::UiBase {
@@ -34,6 +35,8 @@ public:
   explicit Line(const QString& text) : m_rest(text.trimmed()) {}
 
   bool atEnd() const { return m_rest.isEmpty(); }
+  QString rest() const { return m_rest; }
+  bool beginsWith(QLatin1String text) const { return m_rest.startsWith(text); }
   QChar next() const { return m_rest.isEmpty() ? QChar() : m_rest.front(); }
 
   /// Up to the next blank, or what stands in quotes.
@@ -127,7 +130,25 @@ void SessionReader::readFirst(Line& line) {
   const QString format = line.word();
   if (format != QString::number(Session::format))
     throw Malformed{Sentences::tr("Sessions of the format “%1” are not known.").arg(quoted(format))};
+  expectEnd(line);
   m_begun = true;
+}
+
+void SessionReader::expectEnd(const Line& line) {
+  if (!line.atEnd())
+    throw Malformed{Sentences::tr("“%1” is too much.").arg(quoted(line.rest()))};
+}
+
+// A command, and of which manager.
+void SessionReader::readName(Line& line, QString& command, int& manager) {
+  command = line.word();
+  if (!line.beginsWith(QLatin1String("in ")))
+    return;
+  line.word();
+  const QString number = line.word();
+  manager = number.toInt();
+  if (manager < 1)
+    throw Malformed{Sentences::tr("“%1” is no number of a manager, such as 2.").arg(quoted(number))};
 }
 
 void SessionReader::readStep(const QString& kind, Line& line) {
@@ -136,6 +157,7 @@ void SessionReader::readStep(const QString& kind, Line& line) {
   if (kind == QLatin1String("start") && m_session.steps.isEmpty() && !m_started) {
     m_started = true;
     m_session.startLine = m_line;
+    expectEnd(line);
   } else if (kind == QLatin1String("command")) {
     readCommand(line, step);
     m_session.steps.append(step);
@@ -150,7 +172,7 @@ void SessionReader::readStep(const QString& kind, Line& line) {
 }
 
 void SessionReader::readCommand(Line& line, SessionStep& step) const {
-  step.command = line.word();
+  readName(line, step.command, step.manager);
   if (!line.atEnd() && line.next() != u'{') {
     const QString checked = line.word();
     if (checked != QLatin1String("on") && checked != QLatin1String("off"))
@@ -186,19 +208,39 @@ void SessionReader::readDetail(Line& line) {
   SessionStep* const step = m_session.steps.isEmpty() ? nullptr : &m_session.steps.last();
   if (!step && !m_started)
     throw Malformed{Sentences::tr("There is no step before that this belongs to.")};
+  const auto outcome = SessionText::outcome(name);
+  if (step && outcome && !line.atEnd() && line.next() != u'=') {
+    readOutcome(line, *outcome);
+    return;
+  }
   if (!line.atEnd()) {
     if (line.word() != QLatin1String("=") || line.atEnd())
       throw Malformed{Sentences::tr("What is compared is written as “name = value”.")};
     (step ? step->changes : m_session.start).insert(name, line.value());
     return;
   }
-  const auto outcome = SessionText::outcome(name);
   if (step && name == QLatin1String("unknown"))
     step->isCompared = false;
   else if (step && outcome)
     step->outcome = *outcome;
   else
     throw Malformed{Sentences::tr("“%1” says nothing of a step.").arg(quoted(name))};
+}
+
+// How a step before the last one ended.
+void SessionReader::readOutcome(Line& line, ERunOutcome outcome) {
+  QString command;
+  int manager = 0;
+  readName(line, command, manager);
+  expectEnd(line);
+  const auto isIt = [&](const SessionStep& step) {
+    return step.kind == SessionStep::Command && step.command == command && step.manager == manager;
+  };
+  auto& steps = m_session.steps;
+  const auto found = std::find_if(steps.rbegin(), steps.rend(), isIt);
+  if (found == steps.rend())
+    throw Malformed{Sentences::tr("There is no step before that runs “%1”.").arg(quoted(command))};
+  found->outcome = outcome;
 }
 
 } // namespace Vela::UiBase

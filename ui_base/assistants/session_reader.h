@@ -22,6 +22,9 @@ private:
   void readCommand(Line& line, SessionStep& step) const;
   void readOperation(Line& line, ToolOperation& operation) const;
   void readDetail(Line& line);
+  void readOutcome(Line& line, ERunOutcome outcome);
+  static void readName(Line& line, QString& command, int& manager);
+  static void expectEnd(const Line& line);
 
   QDir m_folder;
   Session m_session;

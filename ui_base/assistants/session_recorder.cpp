@@ -14,6 +14,8 @@
 #include <QFileInfo>
 #include <QPointer>
 
+#include <algorithm>
+
 namespace Vela::UiBase {
 
 class SessionRecorderPrivate {
@@ -27,6 +29,7 @@ public:
   void rested();
 
   void warnOf(const RunRecord& record, const CommandBase& command, bool overlaps);
+  void warnOfLost(const QString& name, const QVariantMap& values);
   void writeStep(const SessionStep& step);
   void warn(const QString& sentence);
   void write(const QString& text);
@@ -37,21 +40,31 @@ public:
   SessionRuns runs{managers, subject};
   SessionRest rest;
   QFile file;
+  qint64 whole = 0; // bytes of it
   QDir folder;
   QString error;
   SessionState state;
-  bool started = false; // the state at the start is written
-  bool isOpen = false;  // the last step waits for its state
-  quint64 run = 0;      // of the last step
+  bool started = false;              // the state at the start is written
+  bool isOpen = false;               // the last step waits for its state
+  quint64 run = 0;                   // of the last step
+  QHash<quint64, int> stepsUnderway; // runs of steps, with their managers
   QList<QMetaObject::Connection> connections;
 };
 
 void SessionRecorderPrivate::write(const QString& text) {
   if (!file.isOpen())
     return;
-  if (file.write(text.toUtf8()) >= 0 && file.flush())
+  QByteArray left = text.toUtf8();
+  const qint64 size = left.size();
+  for (qint64 done = 1; done > 0 && !left.isEmpty(); left.remove(0, std::max<qint64>(0, done)))
+    done = file.write(left); // a full disk takes a part at first, and only then says why not more
+  if (left.isEmpty()) {
+    whole += size;
     return;
+  }
   error = file.errorString();
+  file.resize(whole); // half a line would make all of it unreadable
+  isOpen = false;
   q.stop();
   const auto tell = [&recorder = q, why = error] { Q_EMIT recorder.failed(why); };
   QMetaObject::invokeMethod(&q, tell, Qt::QueuedConnection); // it may be deleted in there
@@ -71,6 +84,8 @@ void SessionRecorderPrivate::writeStep(const SessionStep& step) {
     write(QStringLiteral("  unknown\n"));
   const QString line = SessionText::line(step, folder);
   write(line);
+  if (!file.isOpen())
+    return;
   isOpen = true;
   run = 0;
   rest.await();
@@ -86,11 +101,25 @@ void SessionRecorderPrivate::warnOf(const RunRecord& record, const CommandBase& 
   if (overlaps && self)
     warn(
         SessionRecorder::tr("“%1” began while something else ran; replayed it begins afterwards.").arg(name));
+  if (self)
+    warnOfLost(name, record.inputs);
+}
+
+void SessionRecorderPrivate::warnOfLost(const QString& name, const QVariantMap& values) {
+  QStringList lost;
+  for (auto entry = values.cbegin(); entry != values.cend(); ++entry) {
+    if (!SessionText::canBeWritten(*entry))
+      lost.append(entry.key());
+  }
+  if (!lost.isEmpty())
+    warn(SessionRecorder::tr("“%1” works on something that has no form as text (%2): it cannot be replayed.")
+             .arg(name, lost.join(QLatin1String(", "))));
 }
 
 void SessionRecorderPrivate::runBegan(const RunRecord& record) {
   const bool overlaps = runs.isAnyUnderway();
-  const QPointer<CommandBase> command = runs.began(record);
+  const SessionManagers::Found began = runs.began(record);
+  const QPointer<CommandBase> command = began.command;
   if (!command)
     return;
   const QPointer<SessionRecorder> self(&q);
@@ -99,22 +128,34 @@ void SessionRecorderPrivate::runBegan(const RunRecord& record) {
     return;
   SessionStep step;
   step.command = record.commandId;
+  step.manager = began.number;
   step.inputs = record.inputs;
   if (command->isCheckable())
     step.checked = record.checked;
   writeStep(step);
-  if (self)
-    run = record.id;
+  if (!self)
+    return;
+  run = record.id;
+  stepsUnderway.insert(run, step.manager);
 }
 
 void SessionRecorderPrivate::runEnded(const RunRecord& record) {
-  if (!runs.ended(record) || record.outcome == RunSucceeded)
+  runs.ended(record);
+  const bool isStep = stepsUnderway.contains(record.id);
+  const int manager = stepsUnderway.take(record.id);
+  if (!isStep || record.outcome == RunSucceeded || !isOpen)
     return;
-  if (record.id == run && isOpen)
-    write(QStringLiteral("  %1\n").arg(SessionText::outcomeName(record.outcome)));
+  QString line = SessionText::outcomeName(record.outcome);
+  if (record.id != run) // of a step before the last one
+    line += u' ' + SessionText::commandName(record.commandId, manager);
+  write(QStringLiteral("  %1\n").arg(line));
 }
 
 void SessionRecorderPrivate::operationTold(const ToolOperation& operation) {
+  const QPointer<SessionRecorder> self(&q);
+  warnOfLost(operation.command, operation.values);
+  if (!self || !file.isOpen())
+    return;
   SessionStep step;
   step.kind = SessionStep::Operation;
   step.operation = operation;
@@ -142,14 +183,18 @@ SessionRecorder::~SessionRecorder() { stop(); }
 void SessionRecorder::addManager(CmdMgr* manager) { d->managers.add(manager); }
 
 bool SessionRecorder::start(const QString& file) {
-  if (isRecording())
+  if (isRecording()) {
+    d->error = tr("A session is being recorded already.");
     return false;
+  }
   d->file.setFileName(file);
   d->folder = QFileInfo(file).absoluteDir();
   d->error.clear();
   d->started = d->isOpen = false;
   d->runs.clear();
-  if (!d->file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+  d->stepsUnderway.clear();
+  d->whole = 0;
+  if (!d->file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
     d->error = d->file.errorString();
     return false;
   }
@@ -160,7 +205,8 @@ bool SessionRecorder::start(const QString& file) {
       connect(&OperationLog::Instance(), &OperationLog::told, this,
               [this](const ToolOperation& operation) { d->operationTold(operation); })};
   d->write(QStringLiteral("session %1\n").arg(Session::format));
-  d->rest.await();
+  if (isRecording())
+    d->rest.await();
   return isRecording();
 }
 

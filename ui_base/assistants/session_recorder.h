@@ -34,7 +34,7 @@ public:
   explicit SessionRecorder(SessionSubject& subject, QObject* parent = nullptr);
   ~SessionRecorder() override;
 
-  /// Its commands are recorded. Held weakly; null is ignored.
+  /// Its commands are recorded, those of two windows with where they belong. Held weakly; null is ignored.
   /// @throws std::bad_weak_ptr when the manager is not shared.
   void addManager(CmdMgr* manager);
   /// Begins with the state that the application rests in next; a file that is there is written over.
@@ -46,13 +46,14 @@ public:
   bool isRecording() const;
   /// Whether the state after the last step is written. What begins before that leaves it unknown.
   bool isUpToDate() const;
-  /// Why the file was not written.
+  /// Why the file was not written, or not begun.
   QString error() const;
 
 Q_SIGNALS:
   /// A step was written.
   void stepRecorded(const QString& line);
-  /// Something cannot be replayed as it was done: a command gives no inputs, or began while another one ran.
+  /// Something cannot be replayed as it was done: a command gives no inputs, or some that cannot be written,
+  /// or began while another one ran.
   /// A sentence for the user, which also stands in the file.
   void warned(const QString& sentence);
   /// The file cannot be written any more; see error().

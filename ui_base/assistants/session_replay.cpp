@@ -14,6 +14,7 @@
 
 #include <QApplication>
 #include <QPointer>
+#include <QProgressDialog>
 #include <QTimer>
 #include <QWidget>
 
@@ -32,7 +33,7 @@ struct Differs {
 
 QString dialogOpen() {
   const QWidget* const dialog = QApplication::activeModalWidget();
-  if (!dialog)
+  if (!dialog || qobject_cast<const QProgressDialog*>(dialog)) // which ends by itself
     return {};
   const QString title = dialog->windowTitle().isEmpty() ? dialog->accessibleName() : dialog->windowTitle();
   return SessionReplay::tr("it asks the user (“%1”).").arg(title);
@@ -46,8 +47,13 @@ QString shown(const QJsonValue& value) {
 
 class SessionReplayPrivate {
 public:
-  SessionReplayPrivate(SessionReplay& replay, SessionSubject& sessionSubject)
-      : q(replay), subject(sessionSubject), rest(sessionSubject) {}
+  struct Begun {
+    RunRecord run;
+    int manager;
+  };
+
+  SessionReplayPrivate(SessionReplay& owner, SessionSubject& sessionSubject)
+      : q(owner), subject(sessionSubject), rest(sessionSubject) {}
 
   void rested();
   void lookForQuestion();
@@ -63,6 +69,7 @@ public:
   void trigger(CommandBase& command, const SessionStep& step);
   void perform(const ToolOperation& operation);
   bool takeRun(const SessionStep& step, bool withInputs);
+  bool isPresent(quint64 which) const { return isReplaying && which == replay; }
   void end(const QString& why);
 
   SessionReplay& q;
@@ -70,46 +77,54 @@ public:
   SessionManagers managers;
   SessionRuns runs{managers, subject};
   SessionRest rest;
-  QTimer questions; // looks for dialogs while a trigger has not come back
+  QTimer questions;              // looks for dialogs while a command runs
+  QPointer<QWidget> modalBefore; // one that was open before the step
   Session session;
   SessionState expected;
   qsizetype at = -1; // the step under way; -1 is the start
   bool isReplaying = false;
   bool isTriggering = false;
-  QList<RunRecord> begun;           // since a step began, of the step itself and of those that follow
+  QList<Begun> begun;               // since a step began, of the step itself and of those that follow
   std::optional<RunRecord> outcome; // of the step, where its run is known
-  quint64 serial = 0;               // another one for each step
+  quint64 replay = 0;               // another one for each start, and for each stop
 };
 
 void SessionReplayPrivate::runBegan(const RunRecord& record) {
-  if (isReplaying && runs.began(record))
-    begun.append(record);
+  if (!isReplaying)
+    return;
+  if (const auto found = runs.began(record); found.command)
+    begun.append({record, found.number});
 }
 
 void SessionReplayPrivate::runEnded(const RunRecord& record) {
   runs.ended(record);
-  const auto known = std::ranges::find(begun, record.id, &RunRecord::id);
-  if (known != begun.end())
-    *known = record;
+  for (Begun& known : begun) {
+    if (known.run.id == record.id)
+      known.run = record;
+  }
 }
 
 // Whether a run of the step began, of itself or because of a step before; it is then taken.
 bool SessionReplayPrivate::takeRun(const SessionStep& step, bool withInputs) {
   const auto json = [](const QVariantMap& inputs) { return SessionText::toJson(inputs, QDir::root()); };
-  const auto found = std::ranges::find_if(begun, [&](const RunRecord& record) {
-    return record.commandId == step.command && record.checked == step.checked.value_or(record.checked) &&
-           (!withInputs || json(record.inputs) == json(step.inputs));
+  const auto found = std::ranges::find_if(begun, [&](const Begun& known) {
+    const RunRecord& run = known.run;
+    return run.commandId == step.command && known.manager == step.manager &&
+           run.checked == step.checked.value_or(run.checked) &&
+           (!withInputs || json(run.inputs) == json(step.inputs));
   });
   if (found == begun.end())
     return false;
-  outcome = *found;
+  outcome = found->run;
   begun.erase(found);
   return true;
 }
 
-// A step that waits for the user within its own trigger does not come to an end by itself.
+// A step that waits for the user, within its own trigger or from a thread, does not come to an end by itself.
 void SessionReplayPrivate::lookForQuestion() {
-  const QString question = isTriggering && isReplaying ? dialogOpen() : QString();
+  const bool isRunning = isTriggering || !RunLog::Instance().runsUnderway().isEmpty();
+  const bool isAnother = QApplication::activeModalWidget() != modalBefore;
+  const QString question = isReplaying && isRunning && isAnother ? dialogOpen() : QString();
   if (!question.isEmpty())
     end(SessionReplay::tr("%1 does not end: %2").arg(session.steps[at].command, question));
 }
@@ -118,12 +133,14 @@ void SessionReplayPrivate::rested() {
   if (!isReplaying || isTriggering)
     return;
   const QPointer<SessionReplay> self(&q);
+  const quint64 present = replay;
+  questions.stop();
   try {
     checkStep();
-    if (self && isReplaying)
+    if (self && isPresent(present))
       next();
   } catch (const Differs& differs) {
-    if (self)
+    if (self && isPresent(present)) // it may be another one by now
       end(differs.why);
   }
 }
@@ -174,24 +191,27 @@ void SessionReplayPrivate::next() {
   outcome.reset();
   const SessionStep step = session.steps[at];
   const QPointer<SessionReplay> self(&q);
-  const quint64 present = ++serial;
+  const quint64 present = replay;
   Q_EMIT q.stepBegan(int(at + 1), SessionText::line(step, QDir::root()).trimmed());
-  if (self && isReplaying && present == serial)
+  if (self && isPresent(present))
     begin(step);
 }
 
 void SessionReplayPrivate::begin(const SessionStep& step) {
   const QPointer<SessionReplay> self(&q);
+  const quint64 present = replay;
+  modalBefore = QApplication::activeModalWidget();
+  questions.start();
   if (step.kind == SessionStep::Operation)
     perform(step.operation);
   else if (!takeRun(step, true))
     runCommand(step);
-  if (self && isReplaying)
+  if (self && isPresent(present))
     rest.await();
 }
 
 void SessionReplayPrivate::runCommand(const SessionStep& step) {
-  const auto [manager, command] = managers.find(step.command);
+  const auto [manager, command, number] = managers.find(step.command, step.manager);
   if (!command)
     throw Differs{SessionReplay::tr("there is no command %1.").arg(step.command)};
   const QString name = nameInSentence(*command);
@@ -206,10 +226,11 @@ void SessionReplayPrivate::runCommand(const SessionStep& step) {
                                        : SessionReplay::tr("%1 is off already.").arg(name)};
   const CommandRef ref(*command);
   const QPointer<SessionReplay> self(&q);
+  const quint64 present = replay;
   if (!command->setInputs(step.inputs))
     throw Differs{SessionReplay::tr("%1 does not understand its inputs.").arg(name)};
   CommandBase* const ready = ref.get();
-  if (self && ready)
+  if (self && ready && isPresent(present))
     trigger(*ready, step);
 }
 
@@ -217,28 +238,27 @@ void SessionReplayPrivate::runCommand(const SessionStep& step) {
 void SessionReplayPrivate::trigger(CommandBase& command, const SessionStep& step) {
   begun.clear();
   const QPointer<SessionReplay> self(&q);
+  const quint64 present = replay;
   isTriggering = true;
-  questions.start();
   if (dynamic_cast<FlyoutCommand*>(&command))
     command.onExecute(step.checked.value_or(false));
   else
     command.trigger();
-  if (!self)
-    return;
-  isTriggering = false;
-  questions.stop();
+  if (self && present == replay) // else another one triggers, or none
+    isTriggering = false;
 }
 
 void SessionReplayPrivate::perform(const ToolOperation& operation) {
   begun.clear();
   const QPointer<SessionReplay> self(&q);
+  const quint64 present = replay;
   const auto living = managers.living();
   for (const auto& manager : living) {
     auto* const stack = dynamic_cast<ToolStack*>(manager.get());
     const auto tool = stack ? stack->getTool(EToolActivationButton(operation.button)) : nullptr;
     if (tool && tool->isActive() && tool->perform(operation))
       return;
-    if (!self)
+    if (!self || !isPresent(present))
       return;
   }
   if (!subject.perform(operation) && self)
@@ -252,9 +272,7 @@ void SessionReplayPrivate::end(const QString& why) {
   const int line = last ? last->line : session.startLine;
   const QString place = last ? SessionReplay::tr("step %1: %2").arg(at + 1).arg(why)
                              : SessionReplay::tr("before step 1: %1").arg(why);
-  isReplaying = false;
-  questions.stop();
-  rest.cancel();
+  q.stop();
   Q_EMIT q.finished(isWhole, isWhole ? QString() : place, isWhole ? 0 : line);
 }
 
@@ -287,7 +305,7 @@ void SessionReplay::start(const Session& session) {
 void SessionReplay::stop() {
   d->isReplaying = d->isTriggering = false;
   d->questions.stop();
-  ++d->serial;
+  ++d->replay;
   d->rest.cancel();
 }
 

@@ -34,10 +34,12 @@ public:
   explicit SessionReplay(SessionSubject& subject, QObject* parent = nullptr);
   ~SessionReplay() override;
 
-  /// Its commands are found, and its tools where it is a ToolStack. Held weakly; null is ignored.
+  /// Its commands are found, and its tools where it is a ToolStack. Of several managers, in the order in
+  /// which they were recorded. Held weakly; null is ignored.
   /// @throws std::bad_weak_ptr when the manager is not shared.
   void addManager(CmdMgr* manager);
-  /// Begins once the application rests. What was being replayed ends without a word.
+  /// Begins once the application rests, and so not within a run that waits for it. What was being replayed
+  /// ends without a word.
   void start(const Session& session);
   /// Ends it without a word.
   void stop();

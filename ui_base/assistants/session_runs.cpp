@@ -7,13 +7,13 @@
 
 namespace Vela::UiBase {
 
-CommandBase* SessionRuns::began(const RunRecord& record) {
-  const auto [manager, command] = m_managers.find(record.commandId);
-  if (!command || !m_subject.isRecorded(*command))
-    return nullptr;
-  const bool isStep = !isPart(record, *manager, *command);
+SessionManagers::Found SessionRuns::began(const RunRecord& record) {
+  const SessionManagers::Found found = m_managers.findRun(record);
+  if (!found.command || !m_subject.isRecorded(*found.command))
+    return {};
+  const bool isStep = !isPart(record, *found.manager, *found.command);
   m_underway.insert(record.id);
-  return isStep ? command : nullptr;
+  return isStep ? found : SessionManagers::Found();
 }
 
 // Contexts check and uncheck commands; whoever handed them over is the step. One of an exclusive group is

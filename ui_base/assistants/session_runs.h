@@ -16,10 +16,9 @@ public:
   SessionRuns(const SessionManagers& managers, const SessionSubject& subject)
       : m_managers(managers), m_subject(subject) {}
 
-  /// @return the command of a run that begins, if that is a step.
-  CommandBase* began(const RunRecord& record);
-  /// @return whether the run was a step, or a part of one.
-  bool ended(const RunRecord& record) { return m_underway.remove(record.id); }
+  /// @return the command of a run that begins, if that is a step; nulls if not.
+  SessionManagers::Found began(const RunRecord& record);
+  void ended(const RunRecord& record) { m_underway.remove(record.id); }
   bool isAnyUnderway() const { return !m_underway.isEmpty(); }
   void clear() { m_underway.clear(); }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "session_values.h"
 
+#include "session_types.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -45,7 +47,23 @@ QString fileText(const QString& path, const QDir& folder) {
 QJsonValue urlToJson(const QUrl& url, const QDir& folder) {
   if (url.isLocalFile())
     return QJsonObject{{SessionText::FileKey, fileText(url.toLocalFile(), folder)}};
-  return QJsonObject{{SessionText::UrlKey, url.toString()}};
+  return QJsonObject{{SessionText::UrlKey, QString::fromLatin1(url.toEncoded())}};
+}
+
+// A map that looks like one of the special forms is written within one.
+QJsonObject mapToJson(const QVariantMap& map, const QDir& folder) {
+  QJsonObject object;
+  for (auto entry = map.cbegin(); entry != map.cend(); ++entry)
+    object.insert(entry.key(), SessionText::toJson(*entry, folder));
+  const bool looksSpecial = object.size() == 1 && object.begin().key().startsWith(u'$');
+  return looksSpecial ? QJsonObject{{SessionText::MapKey, object}} : object;
+}
+
+QVariantMap mapFromJson(const QJsonObject& object, const QDir& folder) {
+  QVariantMap map;
+  for (auto entry = object.begin(); entry != object.end(); ++entry)
+    map.insert(entry.key(), SessionText::fromJson(entry.value(), folder));
+  return map;
 }
 
 QString number(float value) { return QString::number(double(value), 'g', 9); }
@@ -53,7 +71,7 @@ QString number(float value) { return QString::number(double(value), 'g', 9); }
 void flatten(const QString& prefix, const QVariantMap& values, SessionState& state) {
   for (auto entry = values.cbegin(); entry != values.cend(); ++entry) {
     const QString name = prefix + entry.key();
-    if (entry->typeId() == QMetaType::QVariantMap)
+    if (entry->typeId() != QMetaType::QString && entry->canConvert<QVariantMap>())
       flatten(name + u'.', entry->toMap(), state);
     else if (const QJsonValue value = SessionText::toJson(*entry, QDir::root()); !value.isNull())
       state.insert(name, value);
@@ -65,15 +83,13 @@ void flatten(const QString& prefix, const QVariantMap& values, SessionState& sta
 QJsonValue SessionText::toJson(const QVariant& value, const QDir& folder) {
   if (value.typeId() == QMetaType::QUrl)
     return urlToJson(value.toUrl(), folder);
-  if (value.typeId() == QMetaType::QVariantMap) {
-    QJsonObject object;
-    const QVariantMap map = value.toMap();
-    for (auto entry = map.cbegin(); entry != map.cend(); ++entry)
-      object.insert(entry.key(), toJson(*entry, folder));
-    return object;
-  }
-  const bool isText = value.typeId() == QMetaType::QString || value.typeId() == QMetaType::QByteArray;
-  if (!isText && value.canConvert<QVariantList>()) {
+  if (const auto object = SessionTypes::toJson(value))
+    return *object;
+  if (value.typeId() == QMetaType::QString)
+    return value.toString();
+  if (value.canConvert<QVariantMap>())
+    return mapToJson(value.toMap(), folder);
+  if (value.canConvert<QVariantList>()) {
     QJsonArray array;
     const QVariantList list = value.toList();
     for (const QVariant& element : list)
@@ -81,6 +97,18 @@ QJsonValue SessionText::toJson(const QVariant& value, const QDir& folder) {
     return array;
   }
   return QJsonValue::fromVariant(value);
+}
+
+bool SessionText::canBeWritten(const QVariant& value) {
+  const auto all = [](const auto& values) {
+    return std::all_of(values.cbegin(), values.cend(), &SessionText::canBeWritten);
+  };
+  if (value.typeId() != QMetaType::QString && value.canConvert<QVariantMap>())
+    return all(value.toMap());
+  if (value.typeId() != QMetaType::QString && !SessionTypes::toJson(value) &&
+      value.canConvert<QVariantList>())
+    return all(value.toList());
+  return value.isNull() || !toJson(value, QDir::root()).isNull();
 }
 
 QVariant SessionText::fromJson(const QJsonValue& value, const QDir& folder) {
@@ -97,11 +125,11 @@ QVariant SessionText::fromJson(const QJsonValue& value, const QDir& folder) {
   if (object.size() == 1 && object[FileKey].isString())
     return QUrl::fromLocalFile(QDir::cleanPath(folder.absoluteFilePath(object[FileKey].toString())));
   if (object.size() == 1 && object[UrlKey].isString())
-    return QUrl(object[UrlKey].toString());
-  QVariantMap map;
-  for (auto entry = object.begin(); entry != object.end(); ++entry)
-    map.insert(entry.key(), fromJson(entry.value(), folder));
-  return map;
+    return QUrl::fromEncoded(object[UrlKey].toString().toLatin1());
+  if (const auto typed = SessionTypes::fromJson(object))
+    return *typed;
+  const bool isQuoted = object.size() == 1 && object[MapKey].isObject();
+  return mapFromJson(isQuoted ? object[MapKey].toObject() : object, folder);
 }
 
 QString SessionText::text(const QJsonValue& value) {
@@ -117,12 +145,16 @@ QString SessionText::word(const QString& name) {
   return plain ? name : text(name);
 }
 
+QString SessionText::commandName(const QString& id, int manager) {
+  return manager == 0 ? word(id) : QStringLiteral("%1 in %2").arg(word(id), QString::number(manager));
+}
+
 QString SessionText::line(const SessionStep& step, const QDir& folder) {
   const bool isCommand = step.kind == SessionStep::Command;
   const ToolOperation& operation = step.operation;
   QStringList words;
   if (isCommand) {
-    words = {QStringLiteral("command"), word(step.command)};
+    words = {QStringLiteral("command"), commandName(step.command, step.manager)};
     if (step.checked)
       words += *step.checked ? QStringLiteral("on") : QStringLiteral("off");
   } else {
@@ -149,7 +181,7 @@ QString SessionText::lines(const SessionState& state) {
 SessionState SessionText::changes(const SessionState& before, const SessionState& after) {
   SessionState changed;
   for (auto entry = before.cbegin(); entry != before.cend(); ++entry) {
-    if (!after.contains(entry.key()))
+    if (!entry->isNull() && !after.contains(entry.key()))
       changed.insert(entry.key(), QJsonValue());
   }
   for (auto entry = after.cbegin(); entry != after.cend(); ++entry) {
@@ -159,14 +191,7 @@ SessionState SessionText::changes(const SessionState& before, const SessionState
   return changed;
 }
 
-void SessionText::apply(const SessionState& changes, SessionState& state) {
-  for (auto entry = changes.cbegin(); entry != changes.cend(); ++entry) {
-    if (entry->isNull())
-      state.remove(entry.key());
-    else
-      state.insert(entry.key(), *entry);
-  }
-}
+void SessionText::apply(const SessionState& changes, SessionState& state) { state.insert(changes); }
 
 QString SessionText::buttonName(Qt::MouseButton button) {
   const auto found = std::ranges::find(buttonNames, button, &ButtonName::button);

@@ -10,22 +10,27 @@ namespace SessionText {
 
 inline constexpr QLatin1String FileKey("$file");
 inline constexpr QLatin1String UrlKey("$url");
+inline constexpr QLatin1String MapKey("$map");
 
 /// Files of the folder, or below it, become relative to it.
 QJsonValue toJson(const QVariant& value, const QDir& folder);
 QVariant fromJson(const QJsonValue& value, const QDir& folder);
+/// Whether all of a value has a form; what has none becomes null.
+bool canBeWritten(const QVariant& value);
 
 /// One line of JSON.
 QString text(const QJsonValue& value);
 /// A name as one word of a line: in quotes where it needs them.
 QString word(const QString& name);
 
+/// A command, and where several managers have one of that name, which.
+QString commandName(const QString& id, int manager);
 /// The line of a step, without its state.
 QString line(const SessionStep& step, const QDir& folder);
 /// The lines of a state, or of what changed in it.
 QString lines(const SessionState& state);
 
-/// What differs, for SessionStep::changes.
+/// What differs, for SessionStep::changes; null, for what is gone, is the same as nothing.
 SessionState changes(const SessionState& before, const SessionState& after);
 void apply(const SessionState& changes, SessionState& state);
 

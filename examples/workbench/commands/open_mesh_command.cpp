@@ -101,7 +101,7 @@ bool OpenMeshCommand::onExecute(bool checked) {
   const QString name = QFileInfo(m_files.constFirst()).fileName();
   const QString message = m_files.size() == 1
                               ? tr("Opening %1…").arg(name)
-                              : tr("Opening %1 and %2 more…").arg(name).arg(m_files.size() - 1);
+                              : tr("Opening %1 and %2 more…").arg(name, QString::number(m_files.size() - 1));
   setExecutionNotificationMessage(StartNotification, message);
   setExecutionNotificationMessage(EndNotification, {});
   if (const MeshView* const view = meshView())

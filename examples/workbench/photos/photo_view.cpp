@@ -90,8 +90,9 @@ void PhotoView::updateTexts() {
   QString name;
   if (m_document.count() > 0) {
     const QString file = QFileInfo(m_document.fileName()).fileName();
-    name = m_document.isLoading() ? tr("Opening %1… %2 %").arg(file).arg(int(m_document.progress() * 100))
-                                  : file;
+    name = m_document.isLoading()
+               ? tr("Opening %1… %2 %").arg(file, QString::number(int(m_document.progress() * 100)))
+               : file;
     name += separator + tr("%1 of %2").arg(m_document.position() + 1).arg(m_document.count());
   }
   QString figures;

@@ -32,18 +32,26 @@ SessionRun::SessionRun(MainWindow& window) : m_subject(window), m_recorder(m_sub
   m_replay.addManager(window.controller());
   connect(&m_recorder, &SessionRecorder::warned, this,
           [this](const QString& sentence) { printError(m_file, sentence); });
-  connect(&m_recorder, &SessionRecorder::failed, this,
-          [this](const QString& error) { printError(m_file, error); });
+  connect(&m_recorder, &SessionRecorder::failed, this, [this, &window](const QString& error) {
+    printError(m_file, error);
+    window.controller()->showNotification(tr("The session is recorded no more: %1").arg(error),
+                                          NotificationWarning);
+  });
   connect(&m_replay, &SessionReplay::finished, this, &SessionRun::finished);
 }
 
-bool SessionRun::record(const QString& file) {
+SessionRun::~SessionRun() {
+  if (m_replay.isReplaying())
+    printError(m_file, tr("The program ended before the session did."));
+}
+
+void SessionRun::record(const QString& file) {
   m_file = file;
   if (m_recorder.start(file))
-    return true;
+    return;
   m_status = 1;
   printError(file, m_recorder.error());
-  return false;
+  endProgram();
 }
 
 void SessionRun::replay(const QString& file) {
@@ -55,6 +63,10 @@ void SessionRun::replay(const QString& file) {
     return;
   }
   printError(file, error);
+  endProgram();
+}
+
+void SessionRun::endProgram() {
   QMetaObject::invokeMethod(
       this, [] { QCoreApplication::exit(1); }, Qt::QueuedConnection);
 }
@@ -64,7 +76,7 @@ void SessionRun::finished(bool isWhole, const QString& why, int line) {
     m_status = 0;
     print(tr("%n step(s) replayed\n", nullptr, int(m_replay.stepsDone())));
   } else {
-    printError(tr("%1, line %2").arg(m_file).arg(line), why);
+    printError(tr("%1, line %2").arg(m_file, QString::number(line)), why);
   }
   QCoreApplication::exit(m_status);
 }

@@ -22,13 +22,16 @@ public:
   /// @param window  shown already; outlives the run
   explicit SessionRun(MainWindow& window);
 
-  /// @return false, after telling why, when the file cannot be written.
-  bool record(const QString& file);
+  ~SessionRun() override;
+
+  /// Ends the program, after telling why, when the file cannot be written.
+  void record(const QString& file);
   void replay(const QString& file);
   /// What the program ends with: 1 until the replay is whole.
   int status() const noexcept { return m_status; }
 
 private:
+  void endProgram();
   void finished(bool isWhole, const QString& why, int line);
 
   WorkbenchSubject m_subject;

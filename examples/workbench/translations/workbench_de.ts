@@ -1118,6 +1118,14 @@
         <source>%1, line %2</source>
         <translation>%1, Zeile %2</translation>
     </message>
+    <message>
+        <source>The session is recorded no more: %1</source>
+        <translation>Die Sitzung wird nicht weiter aufgezeichnet: %1</translation>
+    </message>
+    <message>
+        <source>The program ended before the session did.</source>
+        <translation>Das Programm endete vor der Sitzung.</translation>
+    </message>
 </context>
 <context>
     <name>Workbench::SetPivotCommand</name>
