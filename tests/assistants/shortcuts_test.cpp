@@ -219,7 +219,14 @@ private Q_SLOTS:
   }
 
   void filesAndThePageToPrint() {
+    Stage another; // a window with the same commands
     EditorStage stage;
+    stage.scheme.addManager(another.controller.get());
+    stage.choose(QStringLiteral("smooth mesh"));
+    QCOMPARE(stage.editor->findChild<QTreeView*>()->model()->rowCount(), 1);
+    const QString sheet = shortcutSheet(stage.scheme);
+    QVERIFY2(sheet.count(QStringLiteral("Smooth Mesh")) == 1 && sheet.contains(QStringLiteral(">F6<")),
+             qPrintable(sheet));
     QTemporaryDir folder;
     stage.scheme.setShortcuts(*stage.smooth, {QKeySequence(Qt::CTRL | Qt::Key_B)});
     QVERIFY(stage.editor->exportTo(folder.filePath(QStringLiteral("keys.json"))));
@@ -228,6 +235,12 @@ private Q_SLOTS:
     QCOMPARE(stage.smooth->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_B));
     QVERIFY(!stage.editor->importFrom(folder.filePath(QStringLiteral("missing.json"))));
     QCOMPARE(stage.smooth->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_B));
+    QFile broken(folder.filePath(QStringLiteral("broken.json")));
+    QVERIFY(broken.open(QIODevice::WriteOnly));
+    QVERIFY(broken.write(R"({"shortcuts": {"measure": ["Ctrl+L"], "smooth": ["Ctrl+Quark"]}})") > 0);
+    broken.close();
+    QVERIFY(!stage.editor->importFrom(broken.fileName()) && stage.says(QStringLiteral("“smooth”")));
+    QCOMPARE(stage.measure->shortcut(), ctrlJ);
     QVERIFY(stage.editor->saveSheet(folder.filePath(QStringLiteral("keys.pdf"))));
     QVERIFY(!stage.editor->saveSheet(folder.filePath(QStringLiteral("no/keys.pdf"))));
   }

@@ -135,7 +135,7 @@ void ShortcutEditorPrivate::showCurrent() {
                         : ShortcutEditor::tr("No command is called like that."));
   clearButton->setEnabled(!present.isEmpty());
   resetButton->setEnabled(command && scheme.isChanged(command->commandId()));
-  resetAllButton->setEnabled(!scheme.values().isEmpty());
+  resetAllButton->setEnabled(scheme.isAnyChanged());
   showRecorded();
 }
 
@@ -176,9 +176,14 @@ void ShortcutEditorPrivate::use() {
   const auto met = scheme.metBy(*command, wanted);
   if (!areCommands(met))
     return;
-  for (const ShortcutUse& use : met)
-    takeAway(use, wanted.first());
-  scheme.setShortcuts(*command, wanted);
+  const QPointer<ShortcutEditor> self(&q); // what hears of a change may close it
+  ShortcutScheme& shortcuts = scheme;
+  for (const ShortcutUse& use : met) {
+    if (self)
+      takeAway(use, wanted.first());
+  }
+  if (self)
+    shortcuts.setShortcuts(*command, wanted);
 }
 
 void ShortcutEditorPrivate::clear() {

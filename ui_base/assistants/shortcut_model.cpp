@@ -9,6 +9,7 @@
 
 #include <QFont>
 #include <QPixmap>
+#include <QSet>
 
 namespace Vela::UiBase {
 
@@ -37,9 +38,13 @@ void ShortcutModel::find(const QString& typed) {
   for (const auto& manager : managers)
     m_search.collect(manager);
   m_found = m_search.find(typed, CommandUsage());
-  m_found.removeIf([this](const auto& found) {
+  QSet<QString> seen; // two windows have the same commands
+  m_found.removeIf([this, &seen](const auto& found) {
     const auto command = m_search.at(found).command.lock();
-    return command && command->hasTag(ShortcutScheme::noShortcutTag());
+    const QString id = m_search.at(found).id;
+    const bool isKnown = seen.contains(id);
+    seen.insert(id);
+    return isKnown || (command && command->hasTag(ShortcutScheme::noShortcutTag()));
   });
   endResetModel();
 }

@@ -37,6 +37,12 @@ QList<QKeySequence> keysOf(const QStringList& texts) {
   return shortcuts;
 }
 
+/// Whether a value of a file is a list of keys, and each of them is known; it may be empty.
+bool hasKeys(const QVariant& value) {
+  const QStringList given = value.toStringList();
+  return value.canConvert<QStringList>() && textOf(keysOf(given)).size() == given.size();
+}
+
 QVariantList conflictsOf(const ShortcutRules& rules) {
   QVariantList conflicts;
   const auto met = rules.met();
@@ -159,7 +165,12 @@ QString ShortcutScheme::readJson(const QByteArray& json) {
   const QJsonValue shortcuts = document.object().value(jsonKey);
   if (!shortcuts.isObject())
     return tr("This is no file of shortcuts: it has no list of them.");
-  restore(shortcuts.toObject().toVariantMap());
+  const QVariantMap values = shortcuts.toObject().toVariantMap();
+  for (auto it = values.cbegin(); it != values.cend(); ++it) {
+    if (it.key() != conflictsKey && !hasKeys(*it))
+      return tr("This is no file of shortcuts: what stands at “%1” are no keys.").arg(it.key());
+  }
+  restore(values);
   return {};
 }
 

@@ -58,6 +58,8 @@ public:
   QList<QKeySequence> shortcuts(const CommandBase& command) const;
   /// Whether the user has chosen something else than the application.
   bool isChanged(const QString& commandId) const { return m_changes.contains(commandId); }
+  /// Whether that is so for any command.
+  bool isAnyChanged() const { return !m_changes.isEmpty(); }
   /// The user's choice for a command; an empty list for no shortcut. The application's own choice is no
   /// difference.
   void setShortcuts(const CommandBase& command, const QList<QKeySequence>& shortcuts);
