@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "comparison.h"
 
+#include <tqm_mesh_kernel/stepped_dispatcher.h>
+#include <ui_base/assistants/command_inspector.h>
 #include <ui_base/assistants/command_palette.h>
 #include <ui_base/commands/cmd_mgr.h>
 #include <ui_base/commands/command_base.h>
@@ -16,6 +18,7 @@
 #include <benchmark/benchmark.h>
 
 #include <utility>
+#include <vector>
 
 using namespace Vela::UiBase;
 
@@ -30,6 +33,9 @@ public:
   }
   QString commandId() const override { return m_id; }
   bool onExecuteAsync(bool) override { return true; }
+  void announce() {
+    broadcast([this](CommandStateProtocol* observer) { observer->commandBegan(this); });
+  }
 
 private:
   QString m_id;
@@ -120,11 +126,57 @@ void Filter_Letter(benchmark::State& state) {
 }
 BENCHMARK(Filter_Letter)->Unit(benchmark::kMillisecond);
 
+/// Commands that an inspector was never opened for, or that it has looked at and was closed.
+class InspectedCommands {
+public:
+  explicit InspectedCommands(bool wasOpen) {
+    for (int i = 0; i < 1000; ++i)
+      commands.push_back(new PlainCommand(QStringLiteral("Command %1").arg(i)));
+    for (PlainCommand* const command : commands) {
+      manager->addCommand(command);
+      contexts[0].overwrite(command->commandId(), {State::Off, State::Keep});
+      contexts[1].overwrite(command->commandId(), {State::On, State::Keep});
+    }
+    inspector.addManager(manager.get());
+    inspector.setVisible(wasOpen);
+    manager->setContext(contexts[0]);
+    dispatcher.runAll();
+    inspector.hide();
+  }
+
+  Taren::Core::SteppedDispatcher dispatcher;
+  Taren::Core::ScopedDispatcher installed{dispatcher};
+  std::shared_ptr<CmdMgr> manager = Taren::Objects::createShared<CmdMgr>();
+  std::vector<PlainCommand*> commands; // owned by the manager
+  CommandContext contexts[2];
+  CommandInspector inspector{nullptr};
+};
+
+void Context_Inspected(benchmark::State& state) {
+  InspectedCommands stage(state.range(0) == 1);
+  int next = 0;
+  for ([[maybe_unused]] auto _ : state) {
+    stage.manager->setContext(stage.contexts[next = 1 - next]);
+    stage.dispatcher.runAll();
+  }
+}
+BENCHMARK(Context_Inspected)->ArgName("opened")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
+
+void Broadcast_Inspected(benchmark::State& state) {
+  InspectedCommands stage(state.range(0) == 1);
+  for ([[maybe_unused]] auto _ : state)
+    stage.commands.front()->announce();
+}
+BENCHMARK(Broadcast_Inspected)->ArgName("opened")->Arg(0)->Arg(1);
+
 } // namespace
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
-  return Vela::Benchmarks::run(
-      argc, argv, {{"Palette_FirstLetter", "Filter_Letter"}, {"Palette_NextLetter", "Filter_Letter"}});
+  return Vela::Benchmarks::run(argc, argv,
+                               {{"Palette_FirstLetter", "Filter_Letter"},
+                                {"Palette_NextLetter", "Filter_Letter"},
+                                {"Context_Inspected/opened:1", "Context_Inspected/opened:0", 1.1},
+                                {"Broadcast_Inspected/opened:1", "Broadcast_Inspected/opened:0", 1.1}});
 }

@@ -1193,6 +1193,18 @@
         <source>It is too large for a session.</source>
         <translation>Sie ist zu groß für eine Sitzung.</translation>
     </message>
+    <message>
+        <source>“%1” is too much.</source>
+        <translation>„%1“ ist zu viel.</translation>
+    </message>
+    <message>
+        <source>“%1” is no number of a manager, such as 2.</source>
+        <translation>„%1“ ist keine Nummer einer Verwaltung, wie 2.</translation>
+    </message>
+    <message>
+        <source>There is no step before that runs “%1”.</source>
+        <translation>Davor gibt es keinen Schritt, der „%1“ ausführt.</translation>
+    </message>
 </context>
 <context>
     <name>Vela::UiBase::SessionRecorder</name>
@@ -1203,6 +1215,14 @@
     <message>
         <source>“%1” began while something else ran; replayed it begins afterwards.</source>
         <translation>„%1“ begann, während etwas anderes lief; wiederholt beginnt es danach.</translation>
+    </message>
+    <message>
+        <source>“%1” works on something that has no form as text (%2): it cannot be replayed.</source>
+        <translation>„%1“ arbeitet mit etwas, das sich nicht als Text schreiben lässt (%2): Es lässt sich nicht wiederholen.</translation>
+    </message>
+    <message>
+        <source>A session is being recorded already.</source>
+        <translation>Es wird schon eine Sitzung aufgezeichnet.</translation>
     </message>
 </context>
 <context>
@@ -1412,12 +1432,20 @@
         <source>This is no file of shortcuts: it has no list of them.</source>
         <translation>Dies ist keine Datei mit Tastenkürzeln: Sie hat keine Liste davon.</translation>
     </message>
+    <message>
+        <source>This is no file of shortcuts: what stands at “%1” are no keys.</source>
+        <translation>Das ist keine Datei mit Tastenkürzeln: Bei „%1“ stehen keine Tasten.</translation>
+    </message>
 </context>
 <context>
     <name>Vela::UiBase::ShortcutSheet</name>
     <message>
         <source>Keyboard Shortcuts</source>
         <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Everywhere</source>
+        <translation>Überall</translation>
     </message>
 </context>
 <context>
@@ -1484,6 +1512,14 @@
     <message>
         <source>Because</source>
         <translation>Weil</translation>
+    </message>
+    <message>
+        <source>It runs.</source>
+        <translation>Er läuft.</translation>
+    </message>
+    <message>
+        <source>No more: %1</source>
+        <translation>Nicht mehr: %1</translation>
     </message>
 </context>
 <context>

@@ -4,6 +4,7 @@
 #include <ui_base/assistants/audit.h>
 #include <ui_base/commands/command_group.h>
 #include <ui_base/commands/run_log.h>
+#include <ui_base/popups/flyout_base.h>
 #include <ui_base/toolbars/tool_bar.h>
 #include <ui_base/views/base_view.h>
 
@@ -130,11 +131,17 @@ private Q_SLOTS:
         [](Stage& stage) { stage.label->setFixedWidth(20); });
     row("pale", Finding::LowContrast, "Hidden at first",
         [](Stage& stage) { paint(*stage.label, QColor(0xbb, 0xbb, 0xbb)); });
+    row("nameless in an open panel", Finding::NoAccessibleName, "FlyoutBase", [](Stage& stage) {
+      auto* const panel = new FlyoutBase(QStringLiteral("Now"), new QPushButton, {}, &stage.window);
+      panel->setWindowFlag(Qt::Tool);
+      panel->show();
+    });
     row("pale but disabled", -1, "", [](Stage& stage) {
       paint(*stage.label, QColor(0xbb, 0xbb, 0xbb));
       stage.label->setEnabled(false);
     });
-    row("slow", Finding::SlowCommand, "open", [](Stage& stage) {
+    row("slow", Finding::SlowCommand, "%1%2: ", [](Stage& stage) {
+      stage.open->id = QStringLiteral("%1%2");
       RunLog::Instance().setMainThreadLimit(std::chrono::nanoseconds(1));
       stage.open->trigger();
       RunLog::Instance().setMainThreadLimit(RunLog::defaultMainThreadLimit);
@@ -146,7 +153,18 @@ private Q_SLOTS:
     QFETCH(QString, where);
     Stage stage;
     seed(stage);
+    const auto sizes = [&stage] {
+      QList<std::pair<QSize, bool>> all;
+      const auto widgets = stage.window.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+      for (const QWidget* const widget : widgets + stage.pages->findChildren<QWidget*>())
+        all.append({widget->size(), widget->testAttribute(Qt::WA_Resized)});
+      return all;
+    };
+    stage.dispatcher.runAll();
+    Vela::Test::settle();
+    const auto before = sizes();
     const auto findings = stage.audit();
+    QVERIFY(sizes() == before);
     QVERIFY2(findings.size() == (kind < 0 ? 0 : 1), qPrintable(auditReport(findings)));
     if (kind < 0)
       return;

@@ -3,11 +3,16 @@
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/assistants/command_inspector.h>
+#include <ui_base/commands/run_log.h>
 #include <ui_base/tools/interactive_tool.h>
+#include <ui_base/tooltips/default_tooltip.h>
 #include <ui_base/views/base_view.h>
 
+#include <QHelpEvent>
+#include <QSignalSpy>
 #include <QTableView>
 #include <QToolButton>
+#include <QToolTip>
 
 #include <commands/commands_fixture.h>
 
@@ -16,10 +21,25 @@ using namespace Vela::UiBase;
 class CommandInspectorTest : public Vela::Test::TestCase {
   Q_OBJECT
 
+  static void theTooltipIsThatOfTheLibrary(CommandInspector& inspector) {
+    const auto parts = inspector.findChildren<QWidget*>();
+    QWidget* const timeline = *std::find_if(
+        parts.cbegin(), parts.cend(), [](auto* part) { return part->accessibleName() == "Runs over time"; });
+    QTRY_VERIFY(timeline->accessibleDescription().contains(QLatin1Char('1')));
+    const QPoint at(0, timeline->fontMetrics().height() / 2);
+    QHelpEvent help(QEvent::ToolTip, at, timeline->mapToGlobal(at));
+    QCoreApplication::sendEvent(timeline, &help);
+    const auto* const tip = inspector.findChild<DefaultTooltip*>();
+    QVERIFY(tip && tip->isVisible() && !QToolTip::isVisible());
+    QVERIFY2(tip->AccessibleText().startsWith("%2 <b>&%1 ") && tip->AccessibleText().contains("took"),
+             qPrintable(tip->AccessibleText()));
+  }
+
 private Q_SLOTS:
   void itTellsOfTwoWindowsAndSurvivesThem() {
     Taren::Core::SteppedDispatcher dispatcher;
     const Taren::Core::ScopedDispatcher installed{dispatcher};
+    RunLog::Instance().clear();
     QWidget owner;
     owner.show();
     CommandInspector inspector(&owner);
@@ -42,13 +62,17 @@ private Q_SLOTS:
       dispatcher.runAll();
       inspector.show();
       QCOMPARE(rows(), 2);
+      QSignalSpy resets(table->model(), &QAbstractItemModel::modelReset);
+      QVERIFY(!resets.wait(600)); // nothing has changed, in neither window
       QCOMPARE(table->model()->index(1, 1).data().toString(), QStringLiteral("No paper."));
+      one->addCommand(new TestCommand(QStringLiteral("%2 <b>&%1 ").repeated(60), one.get()));
       one->setGroundState(QStringLiteral("smooth"), {State::On, State::Keep});
       dispatcher.runAll();
       QTRY_COMPARE(rows(), 1);
       auto* const button = new QToolButton(&owner);
       button->setDefaultAction(two->findCommand("smooth"));
       button->show();
+      const int width = inspector.width();
       auto hold =
           one->holdContext(one->disabledContext(), ContextHolder::because(QStringLiteral("Scanning.")));
       dispatcher.runAll();
@@ -59,8 +83,16 @@ private Q_SLOTS:
       QVERIFY2(!report.startsWith("QWidget"), qPrintable(report)); // the window of the button
       for (const char* const part :
            {"No paper.", "It is shown by QToolButton in QWidget", "\tdisabled\tScanning.",
-            "\t1\tScanning.\tits hold\tsmooth off", "BaseView\tnone\thidden"})
+            "\t1\tScanning.\tits hold\t", "smooth off", "BaseView\tnone\thidden"})
         QVERIFY2(report.contains(part), qPrintable(report));
+      QVERIFY2(report.contains("\tenabled\tNo more: No mesh."), qPrintable(report));
+      button->setDefaultAction(std::as_const(*one).commandBag().commandAt(1));
+      Vela::Test::moveMouse(*button, QPoint(3, 3));
+      QTRY_VERIFY(inspector.report().startsWith("%2 <b>%1 "));
+      static_cast<TestCommand*>(button->defaultAction())->onExecute(false);
+      dispatcher.runAll();
+      QCOMPARE(inspector.width(), width);
+      theTooltipIsThatOfTheLibrary(inspector);
       delete button;
       one->removeAllCommands();
       two->removeAllCommands();

@@ -69,6 +69,7 @@ void Audit::lookAtShortcuts(const QList<CommandBase*>& commands) {
 }
 
 void Audit::lookAtRuns(const QList<CommandBase*>& commands) {
+  using std::chrono::milliseconds;
   QSet<QString> ids;
   for (const CommandBase* const command : commands)
     ids.insert(command->commandId());
@@ -77,8 +78,7 @@ void Audit::lookAtRuns(const QList<CommandBase*>& commands) {
     if (record.blockedMainThread && ids.remove(record.commandId))
       add(AuditFinding::SlowCommand,
           QStringLiteral("%1: %2 ms")
-              .arg(record.commandId)
-              .arg(std::chrono::duration_cast<std::chrono::milliseconds>(record.duration).count()));
+              .arg(record.commandId, QString::number(duration_cast<milliseconds>(record.duration).count())));
   }
 }
 

@@ -23,7 +23,10 @@ const QWidget* stackAround(const QWidget& page) {
   return stack && stack->indexOf(&page) >= 0 ? parent : nullptr;
 }
 
-bool isShownLater(const QWidget& widget) {
+/// What is painted by itself: a window that is open, or what is hidden at present.
+bool isSurface(const QWidget& widget) {
+  if (widget.isVisible())
+    return widget.isWindow() && widget.windowType() != Qt::ToolTip;
   if (!widget.isHidden())
     return false;
   if (const auto* const menu = qobject_cast<const QMenu*>(&widget))
@@ -49,16 +52,44 @@ QList<QPointer<QWidget>> auditedRoots(const CmdMgr& manager, QWidget& window) {
   QList<QPointer<QWidget>> roots{&window};
   const auto widgets = window.findChildren<QWidget*>();
   for (QWidget* const widget : widgets) {
-    if (isShownLater(*widget))
+    if (isSurface(*widget))
       roots.append(widget);
   }
   visitCommands(manager.commandBag(), [&roots](CommandBase& command) {
     const auto* const flyout = dynamic_cast<FlyoutCommand*>(&command);
     QWidget* const panel = flyout ? flyout->simpleFlyout() : nullptr;
-    if (panel && panel->isHidden() && !roots.contains(panel))
+    if (panel && (panel->isHidden() || panel->isWindow()) && !roots.contains(panel))
       roots.append(panel);
   });
   return roots;
+}
+
+KeptPlaces::KeptPlaces(const QList<QPointer<QWidget>>& roots) {
+  for (const auto& root : roots) {
+    const auto within = root->findChildren<QWidget*>();
+    for (QWidget* const widget : within + QList<QWidget*>{root})
+      keep(*widget);
+  }
+}
+
+void KeptPlaces::keep(QWidget& widget) {
+  if (!widget.isVisible()) // else nothing becomes of it
+    m_places.append({&widget, widget.geometry(), widget.testAttribute(Qt::WA_Resized),
+                     widget.testAttribute(Qt::WA_Moved)});
+}
+
+// One that counted as resized would no more take its size hint when it is shown.
+void KeptPlaces::giveBack() const {
+  for (const Place& place : m_places) {
+    if (!place.widget)
+      continue;
+    if (place.widget->geometry() != place.geometry)
+      place.widget->setGeometry(place.geometry);
+    if (place.widget) {
+      place.widget->setAttribute(Qt::WA_Resized, place.isResized);
+      place.widget->setAttribute(Qt::WA_Moved, place.isMoved);
+    }
+  }
 }
 
 AuditSurface surfaceOf(QWidget& root) {

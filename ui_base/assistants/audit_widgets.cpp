@@ -149,7 +149,7 @@ void Audit::lookAtTexts(QWidget& widget, const AuditSurface& surface) {
       continue;
     const double contrast = contrastOn(surface.image, seen, painted.color);
     if (contrast < m_options.leastContrast)
-      pale = QStringLiteral("%1 (%2 : 1)").arg(painted.text).arg(contrast, 0, 'f', 1);
+      pale = QStringLiteral("%1 (%2 : 1)").arg(painted.text, QString::number(contrast, 'f', 1));
   }
   if (!cutOff.isEmpty())
     add(AuditFinding::TextCutOff, pathOf(widget) + QLatin1String(": ") + cutOff);

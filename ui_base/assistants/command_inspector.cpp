@@ -3,6 +3,7 @@
 
 #include "grey_command_model.h"
 #include "inspector_sections.h"
+#include "point_tips.h"
 #include "run_timeline.h"
 #include "snapshot_model.h"
 #include "state_history.h"
@@ -36,10 +37,18 @@ QString tableText(const QString& title, const QAbstractItemModel& model) {
   for (int row = 0; row < model.rowCount(); ++row) {
     QStringList cells;
     for (int column = 0; column < model.columnCount(); ++column)
-      cells.append(model.index(row, column).data().toString());
+      cells.append(model.index(row, column).data().toString().simplified()); // a line is a row
     text += cells.join(u'\t') + u'\n';
   }
   return text;
+}
+
+/// What a table has no room to show.
+QString cutOffText(const QTableView& table, const QPoint& at) {
+  const QModelIndex index = table.indexAt(at);
+  const QString text = index.data().toString();
+  const bool fits = table.sizeHintForIndex(index).width() <= table.visualRect(index).width();
+  return index.isValid() && !fits ? text : QString();
 }
 
 /// What an open inspector keeps.
@@ -107,6 +116,7 @@ public:
     table->setWordWrap(false);
     table->horizontalHeader()->setStretchLastSection(true);
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    new PointTips(*table->viewport(), [table](const QPoint& at) { return cutOffText(*table, at); });
     pages.addTab(table, name);
     tables.append(table);
   }
@@ -127,6 +137,7 @@ CommandInspector::CommandInspector(QWidget* parent)
   d->underMouse = new QLabel(tr("Point at anything in the program."), this);
   d->underMouse->setTextFormat(Qt::PlainText);
   d->underMouse->setWordWrap(true);
+  d->underMouse->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // names may be long
   d->underMouse->setMinimumHeight(6 * fontMetrics().lineSpacing());
   d->underMouse->setAlignment(Qt::AlignTop | Qt::AlignLeading);
   layout->addWidget(d->underMouse);

@@ -9,17 +9,18 @@
 
 namespace Vela::UiBase {
 
-GreyCommandModel::Row GreyCommandModel::rowFor(const CmdMgr& manager, const QString& id) const {
+GreyCommandModel::Row GreyCommandModel::rowFor(const CmdMgr& manager, const CommandBase& command) const {
+  const QString id = command.commandId();
   QStringList reasons;
   const auto causes = manager.explain(id);
   for (const CommandCause& cause : causes)
     reasons.append(cause.text);
   if (reasons.isEmpty())
     reasons.append(tr("It is about to be enabled."));
-  Row row{id, reasons.join(u' '), QTime::currentTime()};
-  const auto before =
-      std::find_if(m_rows.cbegin(), m_rows.cend(), [&](const Row& known) { return known.id == id; });
-  if (before != m_rows.cend() && before->why == row.why)
+  Row row{&command, id, reasons.join(u' '), QTime::currentTime()};
+  const auto before = std::find_if(m_rows.cbegin(), m_rows.cend(),
+                                   [&](const Row& known) { return known.command == &command; });
+  if (before != m_rows.cend() && before->id == id && before->why == row.why)
     row.since = before->since;
   return row;
 }
@@ -29,7 +30,7 @@ void GreyCommandModel::look(const QList<std::shared_ptr<CmdMgr>>& managers) {
   for (const auto& manager : managers) {
     visitCommands(std::as_const(*manager).commandBag(), [&](const CommandBase& command) {
       if (!command.isEnabled() && !dynamic_cast<const CommandGroup*>(&command))
-        rows.append(rowFor(*manager, command.commandId()));
+        rows.append(rowFor(*manager, command));
     });
   }
   if (rows == m_rows)

@@ -10,6 +10,7 @@
 namespace Vela::UiBase {
 
 class CmdMgr;
+class CommandBase;
 
 /// The commands that cannot be used, with all causes and the time from which on they were seen like that.
 class GreyCommandModel : public QAbstractTableModel {
@@ -30,13 +31,14 @@ public:
 
 private:
   struct Row {
+    const CommandBase* command = nullptr; // two windows have the same identifiers; not followed
     QString id;
     QString why;
     QTime since;
     bool operator==(const Row&) const = default;
   };
 
-  Row rowFor(const CmdMgr& manager, const QString& id) const;
+  Row rowFor(const CmdMgr& manager, const CommandBase& command) const;
 
   QList<Row> m_rows;
 };

@@ -29,20 +29,6 @@ struct Sentences {
   Q_DECLARE_TR_FUNCTIONS(Vela::UiBase::CommandInspector)
 };
 
-QString textOf(const ContextHolder& holder) {
-  switch (holder.kind()) {
-  case ContextHolder::RunningCommand:
-    return Sentences::tr("%1 runs").arg(holder.commandId());
-  case ContextHolder::OpenCommand:
-    return Sentences::tr("%1 is open").arg(holder.commandId());
-  case ContextHolder::Reason:
-    return holder.reason();
-  case ContextHolder::Nobody:
-    break;
-  }
-  return Sentences::tr("not said");
-}
-
 QString textOf(const CommandContext& context) {
   QStringList names;
   for (auto entry = context.get().cbegin(); entry != context.get().cend(); ++entry) {
@@ -143,6 +129,20 @@ InspectorSections::Rows rowsOfHosting() {
 
 } // namespace
 
+QString InspectorSections::holderText(const ContextHolder& holder) {
+  switch (holder.kind()) {
+  case ContextHolder::RunningCommand:
+    return Sentences::tr("%1 runs").arg(holder.commandId());
+  case ContextHolder::OpenCommand:
+    return Sentences::tr("%1 is open").arg(holder.commandId());
+  case ContextHolder::Reason:
+    return holder.reason();
+  case ContextHolder::Nobody:
+    break;
+  }
+  return Sentences::tr("not said");
+}
+
 QString InspectorSections::nameOf(const QWidget* widget) {
   if (!widget)
     return Sentences::tr("none");
@@ -166,7 +166,7 @@ InspectorSections::Rows InspectorSections::layers(const Managers& managers) {
     int height = 0;
     const auto layers = manager->layers();
     for (const ContextLayer& layer : layers)
-      rows.append({nameOf(*manager), QString::number(++height), textOf(layer.holder),
+      rows.append({nameOf(*manager), QString::number(++height), holderText(layer.holder),
                    layer.isHeld ? Sentences::tr("its hold") : QStringLiteral("popContext()"),
                    textOf(layer.asked)});
   }

@@ -13,6 +13,7 @@ namespace Vela::UiBase {
 
 class CmdMgr;
 class CommandBase;
+class ContextHolder;
 
 /// What a CommandInspector shows, gathered afresh each time it looks: rows of texts, which keep nothing
 /// alive.
@@ -23,6 +24,8 @@ using Rows = QList<QStringList>;
 
 /// A widget by its class and, where it has one, its object name.
 QString nameOf(const QWidget* widget);
+/// Who holds a layer of contexts.
+QString holderText(const ContextHolder& holder);
 /// A manager by its view.
 QString nameOf(const CmdMgr& manager);
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "run_timeline.h"
 
-#include <QHelpEvent>
+#include "point_tips.h"
+
 #include <QPainter>
-#include <QToolTip>
 
 #include <algorithm>
 
@@ -28,6 +28,7 @@ Milliseconds endOf(const RunRecord& record) {
 RunTimeline::RunTimeline(QWidget* parent) : QWidget(parent) {
   setAccessibleName(tr("Runs over time"));
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  new PointTips(*this, [this](const QPoint& at) { return textAt(at); });
 }
 
 void RunTimeline::setRecords(const QList<RunRecord>& records) {
@@ -56,7 +57,7 @@ RunTimeline::Bar RunTimeline::barOf(const RunRecord& record) const {
     last = std::max(last, endOf(each));
   const double scale = width() / std::max(1.0, (last - first).count());
   const double from = (Milliseconds(record.begin.time_since_epoch()) - first).count() * scale;
-  const double begin = from + Milliseconds(record.wait).count() * scale;
+  const double begin = std::min(from + Milliseconds(record.wait).count() * scale, width() - leastWidth);
   const double end = std::max(begin + leastWidth, (endOf(record) - first).count() * scale);
   const double height = rowHeight();
   const double y = double(m_threads.indexOf(record.thread)) * height;
@@ -77,27 +78,20 @@ void RunTimeline::paintEvent(QPaintEvent*) {
 const RunRecord* RunTimeline::recordAt(const QPointF& at) const {
   const auto found = std::find_if(m_records.crbegin(), m_records.crend(), [&](const RunRecord& record) {
     const Bar bar = barOf(record);
-    return bar.worked.contains(at) || bar.waited.contains(at);
+    return bar.worked.united(bar.waited).contains(at); // the thin part is hard to hit
   });
   return found == m_records.crend() ? nullptr : &*found;
 }
 
-bool RunTimeline::event(QEvent* event) {
-  if (event->type() != QEvent::ToolTip)
-    return QWidget::event(event);
-  const auto* const help = static_cast<QHelpEvent*>(event);
-  const RunRecord* const record = recordAt(help->pos());
-  if (record)
-    QToolTip::showText(help->globalPos(),
-                       tr("%1: waited %2 ms, took %3 ms, %4")
-                           .arg(record->commandId)
-                           .arg(Milliseconds(record->wait).count(), 0, 'f', 1)
-                           .arg(Milliseconds(record->duration).count(), 0, 'f', 1)
-                           .arg(runOutcomeText(record->outcome)),
-                       this);
-  else
-    QToolTip::hideText();
-  return true;
+QString RunTimeline::textAt(const QPoint& at) const {
+  const RunRecord* const record = recordAt(at);
+  const auto text = [](std::chrono::nanoseconds time) {
+    return QString::number(Milliseconds(time).count(), 'f', 1);
+  };
+  return record ? tr("%1: waited %2 ms, took %3 ms, %4")
+                      .arg(record->commandId, text(record->wait), text(record->duration),
+                           runOutcomeText(record->outcome))
+                : QString();
 }
 
 } // namespace Vela::UiBase

@@ -20,7 +20,6 @@ public:
   QSize sizeHint() const override;
 
 protected:
-  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -31,6 +30,7 @@ private:
 
   int rowHeight() const;
   Bar barOf(const RunRecord& record) const;
+  QString textAt(const QPoint& at) const;
   const RunRecord* recordAt(const QPointF& at) const;
 
   QList<RunRecord> m_records;

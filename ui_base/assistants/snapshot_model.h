@@ -28,8 +28,7 @@ public:
     return parent.isValid() ? 0 : int(m_titles.size());
   }
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override {
-    const bool isShown = role == Qt::DisplayRole || role == Qt::ToolTipRole;
-    return isShown ? QVariant(m_rows.value(index.row()).value(index.column())) : QVariant();
+    return role == Qt::DisplayRole ? QVariant(m_rows.value(index.row()).value(index.column())) : QVariant();
   }
   QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override {
     const bool isTitle = orientation == Qt::Horizontal && role == Qt::DisplayRole;

@@ -44,6 +44,7 @@ private:
   struct Known {
     bool isEnabled = false;
     bool isChecked = false;
+    QString why; // it is disabled
     QTime since;
   };
 
