@@ -67,12 +67,10 @@ QList<AuditFinding> audit(const CmdMgr& manager, QWidget& window, const AuditOpt
   Audit audit(manager, window, options);
   audit.lookAtCommands();
   const auto roots = auditedRoots(manager, window);
-  const KeptPlaces places(roots);
   for (const auto& root : roots) { // laying out and painting calls out
     if (root)
       audit.lookAt(surfaceOf(*root));
   }
-  places.giveBack();
   return audit.findings();
 }
 

@@ -64,34 +64,6 @@ QList<QPointer<QWidget>> auditedRoots(const CmdMgr& manager, QWidget& window) {
   return roots;
 }
 
-KeptPlaces::KeptPlaces(const QList<QPointer<QWidget>>& roots) {
-  for (const auto& root : roots) {
-    const auto within = root->findChildren<QWidget*>();
-    for (QWidget* const widget : within + QList<QWidget*>{root})
-      keep(*widget);
-  }
-}
-
-void KeptPlaces::keep(QWidget& widget) {
-  if (!widget.isVisible()) // else nothing becomes of it
-    m_places.append({&widget, widget.geometry(), widget.testAttribute(Qt::WA_Resized),
-                     widget.testAttribute(Qt::WA_Moved)});
-}
-
-// One that counted as resized would no more take its size hint when it is shown.
-void KeptPlaces::giveBack() const {
-  for (const Place& place : m_places) {
-    if (!place.widget)
-      continue;
-    if (place.widget->geometry() != place.geometry)
-      place.widget->setGeometry(place.geometry);
-    if (place.widget) {
-      place.widget->setAttribute(Qt::WA_Resized, place.isResized);
-      place.widget->setAttribute(Qt::WA_Moved, place.isMoved);
-    }
-  }
-}
-
 AuditSurface surfaceOf(QWidget& root) {
   giveSize(root);
   if (!root.isVisible())

@@ -16,25 +16,6 @@ struct AuditSurface {
   QImage image;
 };
 
-/// Where what is hidden in some widgets stood. To paint one lays out what is hidden in it.
-class KeptPlaces {
-public:
-  explicit KeptPlaces(const QList<QPointer<QWidget>>& roots);
-  void giveBack() const;
-
-private:
-  struct Place {
-    QPointer<QWidget> widget;
-    QRect geometry;
-    bool isResized;
-    bool isMoved;
-  };
-
-  void keep(QWidget& widget);
-
-  QList<Place> m_places;
-};
-
 /// A window, the menus, flyouts and dialogs that it has open, and those of its menus, flyouts, toolbars and
 /// pages that are hidden.
 QList<QPointer<QWidget>> auditedRoots(const CmdMgr& manager, QWidget& window);
