@@ -82,7 +82,7 @@ template <bool withObject>
 void makeWidgets(benchmark::State& state) {
   constexpr int count = 1000;
   const QString group = QStringLiteral("benchmark");
-  const QString text = nextText();
+  const QString& text = nextText();
   std::size_t bytes = 0;
   for (auto _ : state) {
     const std::size_t before = mallinfo2().uordblks;

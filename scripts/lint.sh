@@ -38,21 +38,44 @@ generate_sources() {
     xargs -0 -P "$(nproc)" -I{} cmake -E cmake_autogen {} Debug >/dev/null
 }
 
-run_tidy() { xargs -P "$(nproc)" -n 1 clang-tidy -p build/clang --quiet <"$list"; }
+# batches_of <name>: joins the sources named on standard input, so that Qt's headers are gone through less often, and
+# prints the names of what it wrote. Tests stay apart: what is local to them bears the same names.
+batches=build/clang/batches
+batches_of() {
+  local most=8
+  [ "$1" != tests ] || most=1
+  "$root/scripts/lint_batches.py" join build/clang $batches/"$1" $most
+}
+name_places() { "$root/scripts/lint_batches.py" name; }
 
-# clazy_on <checks>: on the files named on standard input. Its exit status does not tell whether it found something,
-# and what it finds in a header it tells once for each file.
+library_list() { grep -vE '^(tests|benchmarks)/' "$list" || true; }
+tests_list() { grep -E '^(tests|benchmarks)/' "$list" || true; }
+
+# tidy_on <name> and clazy_on <name> <checks>: on the sources named on standard input.
+tidy_on() {
+  batches_of "$1" | xargs -r -P "$(nproc)" -n 1 clang-tidy -p "$batches/$1" --config-file=.clang-tidy --quiet 2>&1 |
+    sed '/ warnings\? generated\.$/d' | name_places
+}
+
+# Its exit status does not tell whether it found something, and what it finds in a header it tells once for each file.
 clazy_on() {
   local folders='(platform|ui_base|ui_toolkit|examples|tests|benchmarks)' found
-  found=$(xargs -r -P "$(nproc)" -n 4 clazy-standalone -p build/clang --checks="$1" \
-    --header-filter="^$root/$folders/.*" 2>&1 | grep -E 'warning:|error:|Error' | sort -u) || true
+  found=$(batches_of "$1" | xargs -r -P "$(nproc)" -n 1 clazy-standalone -p "$batches/$1" --checks="$2" \
+    --header-filter="^$root/$folders/.*" 2>&1 | grep -E 'warning:|error:' | name_places | sort -u) || true
   [ -z "$found" ] || { say "$found"; return 1; }
+}
+
+run_tidy() {
+  local status=0
+  library_list | tidy_on library || status=1
+  tests_list | tidy_on tests || status=1
+  return $status
 }
 
 run_clazy() {
   local status=0
-  { grep -vE '^(tests|benchmarks)/' "$list" || true; } | clazy_on "$clazy_checks" || status=1
-  { grep -E '^(tests|benchmarks)/' "$list" || true; } | clazy_on "$clazy_checks,no-non-pod-global-static" || status=1
+  library_list | clazy_on library "$clazy_checks" || status=1
+  tests_list | clazy_on tests "$clazy_checks,no-non-pod-global-static" || status=1
   return $status
 }
 

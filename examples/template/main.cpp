@@ -122,7 +122,7 @@ int main(int argc, char** argv) {
 
   // Step 4: a bar with the command.
   auto* bar = new ToolBar(view, Qt::TopToolBarArea);
-  bar->setAccessibleName(view->tr("Main toolbar"));
+  bar->setAccessibleName(SpiralView::tr("Main toolbar"));
   bar->SetCentered(true);
   bar->SetOffset({0, 8}); // px from the edge
   bar->SetToolButtonStyle(Qt::ToolButtonTextOnly);

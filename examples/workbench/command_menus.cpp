@@ -116,13 +116,14 @@ void CommandMenus::commandRemoved(CmdMgr*, QString id) {
   for (QAction* const action : actions) {
     if (!action || !m_menus)
       continue;
-    if (QMenu* const subMenu = action->menu())
+    if (QMenu* const subMenu = action->menu()) {
       delete subMenu;
-    else
-      for (const Section& section : std::as_const(m_sections)) {
-        if (QMenu* const menu = m_menus->GetMenu(section.menu))
-          menu->removeAction(action);
-      }
+      continue;
+    }
+    for (const Section& section : std::as_const(m_sections)) {
+      if (QMenu* const menu = m_menus->GetMenu(section.menu))
+        menu->removeAction(action);
+    }
   }
   showUsedItems();
 }

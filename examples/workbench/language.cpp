@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "language.h"
 
-#include <vlk_app_service/application_service.h>
-#include <vlk_app_service/config_manager.h>
+#include <workbench/config.h>
 
 #include <QCoreApplication>
 #include <QPointer>
@@ -14,10 +13,6 @@ using Vela::UiBase::LanguageTranslator;
 namespace {
 
 constexpr QLatin1String LanguageKey("look/language");
-
-Vela::Services::ConfigManager& config() {
-  return Vela::Services::ApplicationService::GetInstance().GetConfigManager();
-}
 
 LanguageTranslator& translator() {
   static QPointer<QObject> made; // a child of the application object

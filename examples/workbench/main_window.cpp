@@ -8,9 +8,9 @@
 #include <ui_base/menus/menu_builder.h>
 #include <ui_base/views/qt_ui_toolkit.h>
 #include <vlk_app_service/application_service.h>
-#include <vlk_app_service/config_manager.h>
 #include <vlk_common_res/styles.h>
 #include <workbench/command_menus.h>
+#include <workbench/config.h>
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
 #include <workbench/pages/page_stack.h>
@@ -36,10 +36,6 @@ namespace {
 constexpr QSize LeastSize(400, 300); // px: bars with what scrolls in them, and something of the mesh
 constexpr QLatin1String UsageKey("commands/usage");
 constexpr QLatin1String ShortcutsKey("commands/shortcuts");
-
-Vela::Services::ConfigManager& config() {
-  return Vela::Services::ApplicationService::GetInstance().GetConfigManager();
-}
 
 } // namespace
 

@@ -13,6 +13,7 @@
 #include <cstring>
 #include <span>
 #include <type_traits>
+#include <utility>
 
 namespace Workbench {
 namespace {
@@ -135,11 +136,11 @@ Mesh decode(const Bytes& stream) {
 
 } // namespace
 
-MeshLoadError::MeshLoadError(const QString& fileName, const QString& reason, const QString& details)
+MeshLoadError::MeshLoadError(const QString& fileName, const QString& reason, QString details)
     : std::runtime_error(QStringLiteral("%1: %2").arg(fileName, reason).toStdString()),
       m_fileName(fileName),
       m_reason(reason),
-      m_details(details) {}
+      m_details(std::move(details)) {}
 
 QString MeshLoadError::message() const {
   return MeshText::tr("Cannot open “%1”. %2").arg(QFileInfo(m_fileName).fileName(), m_reason);

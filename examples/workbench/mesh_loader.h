@@ -13,7 +13,7 @@ namespace Workbench {
 /// Why a mesh file was not loaded, in words for the user.
 class MeshLoadError : public std::runtime_error {
 public:
-  MeshLoadError(const QString& fileName, const QString& reason, const QString& details = {});
+  MeshLoadError(const QString& fileName, const QString& reason, QString details = {});
 
   const QString& fileName() const noexcept { return m_fileName; } ///< As it was given.
   const QString& reason() const noexcept { return m_reason; }

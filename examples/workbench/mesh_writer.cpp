@@ -130,10 +130,11 @@ const std::array<Format, 3>& formats() {
 
 const Format* formatOf(const QString& fileName) {
   const QString suffix = QFileInfo(fileName).suffix();
-  const auto found = std::find_if(formats().begin(), formats().end(), [&suffix](const Format& format) {
-    return suffix.compare(format.suffix, Qt::CaseInsensitive) == 0;
-  });
-  return found == formats().end() ? nullptr : &*found;
+  for (const Format& format : formats()) {
+    if (suffix.compare(format.suffix, Qt::CaseInsensitive) == 0)
+      return &format;
+  }
+  return nullptr;
 }
 
 // What can be said without writing.

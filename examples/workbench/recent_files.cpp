@@ -1,20 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "recent_files.h"
 
-#include <vlk_app_service/application_service.h>
-#include <vlk_app_service/config_manager.h>
+#include <workbench/config.h>
 
 #include <QFileInfo>
 
 namespace Workbench {
-
-namespace {
-
-Vela::Services::ConfigManager& config() {
-  return Vela::Services::ApplicationService::GetInstance().GetConfigManager();
-}
-
-} // namespace
 
 QString RecentFiles::key() { return QStringLiteral("files/recent"); }
 

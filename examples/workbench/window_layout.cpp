@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "window_layout.h"
 
-#include <vlk_app_service/application_service.h>
-#include <vlk_app_service/config_manager.h>
 #include <workbench/commands/length_unit_command.h>
 #include <workbench/commands/volume_panel_command.h>
+#include <workbench/config.h>
 #include <workbench/main_window.h>
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
@@ -31,10 +30,6 @@ constexpr std::pair<ELengthUnit, QLatin1String> Units[] = {{Millimetre, QLatin1S
                                                            {Foot, QLatin1String("ft")}};
 constexpr QLatin1String MeshName("mesh");
 constexpr QLatin1String PhotosName("photographs");
-
-Vela::Services::ConfigManager& config() {
-  return Vela::Services::ApplicationService::GetInstance().GetConfigManager();
-}
 
 void showUnit(const MainWindow& window, ELengthUnit unit) {
   if (auto* const command = window.controller()->findCommand(LengthUnitCommand::idOf(unit)))

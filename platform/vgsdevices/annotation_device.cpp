@@ -4,10 +4,12 @@
 #include <QPaintDevice>
 #include <QPainter>
 
+#include <utility>
+
 namespace Vela::Graphics {
 
-AnnotationDevice::AnnotationDevice(QPainter& painter, const QPalette& palette, Projection projection)
-    : m_painter(painter), m_palette(palette), m_projection(std::move(projection)) {}
+AnnotationDevice::AnnotationDevice(QPainter& painter, QPalette palette, Projection projection)
+    : m_painter(painter), m_palette(std::move(palette)), m_projection(std::move(projection)) {}
 
 qreal AnnotationDevice::devicePixelRatio() const { return m_painter.device()->devicePixelRatioF(); }
 

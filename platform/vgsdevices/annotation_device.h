@@ -34,7 +34,7 @@ public:
   using Projection = std::function<std::optional<QPointF>(const QVector3D& point)>;
 
   /// Draws with @p painter, which must outlive the device, in the colours of @p palette.
-  AnnotationDevice(QPainter& painter, const QPalette& palette, Projection projection);
+  AnnotationDevice(QPainter& painter, QPalette palette, Projection projection);
 
   /// What annotations draw with, in the coordinates of the view.
   QPainter& painter() const noexcept { return m_painter; }

@@ -3,9 +3,12 @@
 
 #include "halo.h"
 
+#include <utility>
+
 namespace Vela::Graphics {
 
-TextObject::TextObject(const QVector3D& position, const QString& text) : m_position(position), m_text(text) {}
+TextObject::TextObject(const QVector3D& position, QString text)
+    : m_position(position), m_text(std::move(text)) {}
 
 TextObject::~TextObject() = default;
 

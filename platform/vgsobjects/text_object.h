@@ -13,7 +13,7 @@ namespace Vela::Graphics {
 class VGS_OBJECTS_EXPORT TextObject : public AnnotationObject {
 public:
   /// A text beside a point of the scene.
-  TextObject(const QVector3D& position, const QString& text);
+  TextObject(const QVector3D& position, QString text);
   ~TextObject() override;
 
   void draw(const AnnotationDevice& device) const override;

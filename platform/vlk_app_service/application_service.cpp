@@ -96,7 +96,7 @@ qsizetype ApplicationService::shutdownProtocolDelegateCount() const {
 
 std::shared_ptr<ShutdownProtocol> ApplicationService::firstNotIn(const QList<WeakDelegate>& asked) const {
   for (const WeakDelegate& weak : m_shutdownDelegates) {
-    const auto delegate = weak.lock();
+    auto delegate = weak.lock();
     if (delegate && std::none_of(asked.cbegin(), asked.cend(), isOwnedLike(delegate)))
       return delegate;
   }

@@ -34,7 +34,7 @@ void Audit::lookAtCommands() {
   const QList<CommandBase*> commands = commandsOf(m_manager);
   for (const CommandBase* const each : commands) {
     const CommandBase& command = *each;
-    if (dynamic_cast<const CommandGroup*>(&command) || !command.isVisible())
+    if (qobject_cast<const CommandGroup*>(&command) || !command.isVisible())
       continue;
     if (nameInSentence(command).isEmpty())
       add(AuditFinding::NoText, command.commandId());

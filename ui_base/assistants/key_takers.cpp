@@ -25,7 +25,7 @@ namespace Vela::UiBase {
 
 namespace {
 
-struct Texts {
+struct TakerTexts {
   Q_DECLARE_TR_FUNCTIONS(Vela::UiBase::KeyTaker)
 };
 
@@ -82,7 +82,7 @@ private:
     for (const FlyoutBase* const flyout : flyouts) {
       if (flyout->isVisible())
         add(KeyTaker::Flyout, flyout->Title(),
-            m_focus && flyout->isAncestorOf(m_focus) ? QString() : Texts::tr("The focus is not in it."));
+            m_focus && flyout->isAncestorOf(m_focus) ? QString() : TakerTexts::tr("The focus is not in it."));
     }
   }
 
@@ -107,7 +107,7 @@ private:
         const QString why = whySilent(*action);
         const bool lacksKeys = why.isEmpty() && match == QKeySequence::PartialMatch;
         add(KeyTaker::Command, nameInSentence(*action),
-            lacksKeys ? Texts::tr("It wants more keys after these.") : why, action);
+            lacksKeys ? TakerTexts::tr("It wants more keys after these.") : why, action);
       }
     }
     const auto shortcuts = m_window.findChildren<QShortcut*>();
@@ -115,8 +115,10 @@ private:
       const auto* const place = qobject_cast<QWidget*>(shortcut->parent());
       if (place && shortcut->keys().contains(m_keys) && libraryName().isEmpty())
         add(KeyTaker::Command,
-            shortcut->whatsThis().isEmpty() ? Texts::tr("a shortcut of the window") : shortcut->whatsThis(),
-            shortcut->isEnabled() ? whySilent(*place, shortcut->context()) : Texts::tr("It is disabled."));
+            shortcut->whatsThis().isEmpty() ? TakerTexts::tr("a shortcut of the window")
+                                            : shortcut->whatsThis(),
+            shortcut->isEnabled() ? whySilent(*place, shortcut->context())
+                                  : TakerTexts::tr("It is disabled."));
     }
   }
 
@@ -142,37 +144,37 @@ private:
         m_keys == QKeySequence(Qt::Key_F6) || m_keys == QKeySequence(Qt::SHIFT | Qt::Key_F6);
     const auto bars = m_window.findChildren<ToolBar*>();
     const bool hasBar = std::any_of(bars.cbegin(), bars.cend(), [](auto* bar) { return bar->isVisible(); });
-    add(KeyTaker::Library, name, isForBars && !hasBar ? Texts::tr("There is no toolbar.") : QString());
+    add(KeyTaker::Library, name, isForBars && !hasBar ? TakerTexts::tr("There is no toolbar.") : QString());
   }
 
   QString whySilent(const QWidget& place, Qt::ShortcutContext context) const {
     if (!place.isVisible())
-      return Texts::tr("Where it stands is not in sight.");
+      return TakerTexts::tr("Where it stands is not in sight.");
     if (!place.isEnabled())
-      return Texts::tr("Where it stands is disabled.");
+      return TakerTexts::tr("Where it stands is disabled.");
     const auto* const view = qobject_cast<const BaseView*>(&place);
     if (view && Presentation::of(*view)->isCovered(*view))
-      return Texts::tr("Another view lies over its own.");
+      return TakerTexts::tr("Another view lies over its own.");
     const bool hasFocus = m_focus == &place;
     const bool isAround = m_focus && place.isAncestorOf(m_focus);
     if ((context == Qt::WidgetShortcut && !hasFocus) ||
         (context == Qt::WidgetWithChildrenShortcut && !hasFocus && !isAround))
-      return Texts::tr("The focus is elsewhere.");
+      return TakerTexts::tr("The focus is elsewhere.");
     if (context != Qt::ApplicationShortcut && place.window() != &m_window)
-      return Texts::tr("It stands in another window.");
+      return TakerTexts::tr("It stands in another window.");
     return {};
   }
 
   // A menu is where its own action is.
   QString whySilentByPlace(const QAction& action, Qt::ShortcutContext context, int depth = 0) const {
-    QString why = Texts::tr("It stands nowhere.");
+    QString why = TakerTexts::tr("It stands nowhere.");
     const auto objects = action.associatedObjects();
     for (QObject* const object : objects) {
       const auto* const menu = qobject_cast<QMenu*>(object);
       const QAction* const entry = menu ? menu->menuAction() : nullptr;
       if (entry && depth < 8)
         why = entry->isEnabled() && entry->isVisible() ? whySilentByPlace(*entry, context, depth + 1)
-                                                       : Texts::tr("Its menu is disabled.");
+                                                       : TakerTexts::tr("Its menu is disabled.");
       else if (const auto* const widget = qobject_cast<QWidget*>(object); widget && !menu)
         why = whySilent(*widget, context);
       if (why.isEmpty())
@@ -183,7 +185,7 @@ private:
 
   QString whySilent(const QAction& action) const {
     if (!action.isVisible())
-      return Texts::tr("It is hidden.");
+      return TakerTexts::tr("It is hidden.");
     if (action.isEnabled())
       return whySilentByPlace(action, action.shortcutContext());
     const auto* const command = dynamic_cast<const CommandBase*>(&action);
@@ -193,7 +195,7 @@ private:
       for (const CommandCause& cause : causes)
         reasons.append(cause.text);
     }
-    return reasons.isEmpty() ? Texts::tr("It is disabled.") : reasons.join(u' ');
+    return reasons.isEmpty() ? TakerTexts::tr("It is disabled.") : reasons.join(u' ');
   }
 
   void chooseReceiver() {

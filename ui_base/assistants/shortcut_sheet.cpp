@@ -7,6 +7,7 @@
 #include <ui_base/commands/command_group.h>
 #include <ui_base/commands/command_name.h>
 
+#include <QCoreApplication>
 #include <QMap>
 #include <QSet>
 
@@ -14,7 +15,7 @@ namespace Vela::UiBase {
 
 namespace {
 
-struct Texts {
+struct SheetTexts {
   Q_DECLARE_TR_FUNCTIONS(Vela::UiBase::ShortcutSheet)
 };
 
@@ -38,7 +39,7 @@ QString shortcutSheet(const ShortcutScheme& scheme) {
     if (!shortcuts.isEmpty() && !isKnown)
       rows[group ? nameInSentence(*group) : QString()] += rowOf(nameInSentence(*command), shortcuts);
   }
-  QString page = QStringLiteral("<h1>%1</h1>").arg(Texts::tr("Keyboard Shortcuts"));
+  QString page = QStringLiteral("<h1>%1</h1>").arg(SheetTexts::tr("Keyboard Shortcuts"));
   for (auto it = rows.cbegin(); it != rows.cend(); ++it) {
     if (!it.key().isEmpty())
       page += QStringLiteral("<h3>%1</h3>").arg(it.key().toHtmlEscaped());

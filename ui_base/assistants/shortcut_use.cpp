@@ -18,7 +18,7 @@ namespace Vela::UiBase {
 
 namespace {
 
-struct Texts {
+struct UseTexts {
   Q_DECLARE_TR_FUNCTIONS(Vela::UiBase::ShortcutUse)
 };
 
@@ -76,7 +76,7 @@ void addShortcutObjects(const QWidget& window, QList<ShortcutUse>& uses) {
   const auto shortcuts = window.findChildren<QShortcut*>();
   for (const QShortcut* const shortcut : shortcuts) {
     const QString name =
-        shortcut->whatsThis().isEmpty() ? Texts::tr("a shortcut of the window") : shortcut->whatsThis();
+        shortcut->whatsThis().isEmpty() ? UseTexts::tr("a shortcut of the window") : shortcut->whatsThis();
     for (const ShortcutUse& use : withKeys(useOf(*shortcut, name), shortcut->keys())) {
       if (!isLibraryKey(use.keys))
         uses.append(use);
@@ -124,14 +124,14 @@ QList<ShortcutUse> usesBesideCommands(const QWidget& window) {
 }
 
 QList<ShortcutUse> libraryKeys() {
-  return {{Qt::Key_Escape, {}, Texts::tr("Close what is open"), Qt::WindowShortcut, {}},
-          {Qt::Key_F6, {}, Texts::tr("Go to the next toolbar"), Qt::WindowShortcut, {}},
-          {Qt::SHIFT | Qt::Key_F6, {}, Texts::tr("Go to the toolbar before"), Qt::WindowShortcut, {}},
-          {Qt::Key_F10, {}, Texts::tr("Go to the menu bar"), Qt::WindowShortcut, {}},
-          {Qt::Key_Alt, {}, Texts::tr("Go to the menu bar"), Qt::WindowShortcut, {}},
-          {Qt::Key_F1, {}, Texts::tr("Unfold the tooltip"), Qt::WindowShortcut, {}},
-          {Qt::Key_Menu, {}, Texts::tr("Open the context menu"), Qt::WindowShortcut, {}},
-          {Qt::SHIFT | Qt::Key_F10, {}, Texts::tr("Open the context menu"), Qt::WindowShortcut, {}}};
+  return {{Qt::Key_Escape, {}, UseTexts::tr("Close what is open"), Qt::WindowShortcut, {}},
+          {Qt::Key_F6, {}, UseTexts::tr("Go to the next toolbar"), Qt::WindowShortcut, {}},
+          {Qt::SHIFT | Qt::Key_F6, {}, UseTexts::tr("Go to the toolbar before"), Qt::WindowShortcut, {}},
+          {Qt::Key_F10, {}, UseTexts::tr("Go to the menu bar"), Qt::WindowShortcut, {}},
+          {Qt::Key_Alt, {}, UseTexts::tr("Go to the menu bar"), Qt::WindowShortcut, {}},
+          {Qt::Key_F1, {}, UseTexts::tr("Unfold the tooltip"), Qt::WindowShortcut, {}},
+          {Qt::Key_Menu, {}, UseTexts::tr("Open the context menu"), Qt::WindowShortcut, {}},
+          {Qt::SHIFT | Qt::Key_F10, {}, UseTexts::tr("Open the context menu"), Qt::WindowShortcut, {}}};
 }
 
 } // namespace Vela::UiBase

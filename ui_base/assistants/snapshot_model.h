@@ -4,6 +4,8 @@
 #include <QAbstractTableModel>
 #include <QStringList>
 
+#include <utility>
+
 namespace Vela::UiBase {
 
 /// Rows of texts that are replaced as a whole.
@@ -11,7 +13,7 @@ class SnapshotModel : public QAbstractTableModel {
   Q_OBJECT
 
 public:
-  explicit SnapshotModel(const QStringList& titles) : m_titles(titles) {}
+  explicit SnapshotModel(QStringList titles) : m_titles(std::move(titles)) {}
 
   void setRows(const QList<QStringList>& rows) {
     if (rows == m_rows)

@@ -15,7 +15,7 @@ namespace Vela::UiBase {
 
 namespace {
 
-struct Texts {
+struct WayOutTexts {
   Q_DECLARE_TR_FUNCTIONS(Vela::UiBase::WayOut)
 };
 
@@ -37,9 +37,10 @@ void addWayPast(CommandBase& holder, QList<WayOut>& ways) {
   if (std::ranges::any_of(ways, known))
     return;
   if (openPanel(holder))
-    ways.append({WayOut::ShowPanel, id, Texts::tr("Show the panel of \"%1\"").arg(nameInSentence(holder))});
+    ways.append(
+        {WayOut::ShowPanel, id, WayOutTexts::tr("Show the panel of \"%1\"").arg(nameInSentence(holder))});
   if (!stoppableRuns(holder).isEmpty())
-    ways.append({WayOut::CancelRun, id, Texts::tr("Cancel \"%1\"").arg(nameInSentence(holder))});
+    ways.append({WayOut::CancelRun, id, WayOutTexts::tr("Cancel \"%1\"").arg(nameInSentence(holder))});
 }
 
 } // namespace
@@ -56,7 +57,7 @@ QList<WayOut> waysOut(const CmdMgr& manager, CommandBase& command) {
   if (!causes.isEmpty() && std::ranges::all_of(causes, passes))
     ways.append({WayOut::RunWhenFree,
                  {},
-                 Texts::tr("Run \"%1\" as soon as it is available").arg(nameInSentence(command))});
+                 WayOutTexts::tr("Run \"%1\" as soon as it is available").arg(nameInSentence(command))});
   return ways;
 }
 

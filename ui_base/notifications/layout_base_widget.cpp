@@ -101,7 +101,7 @@ void LayoutBaseWidget::childEvent(QChildEvent* event) {
   if (!event->removed())
     return;
   // It may be half destroyed, so only its address counts.
-  const auto gone = std::find(d->widgets.begin(), d->widgets.end(), event->child());
+  const auto gone = std::find(d->widgets.cbegin(), d->widgets.cend(), event->child());
   if (gone == d->widgets.end())
     return;
   d->widgets.erase(gone);

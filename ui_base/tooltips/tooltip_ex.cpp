@@ -15,7 +15,7 @@ namespace Vela::UiBase {
 
 namespace {
 
-constexpr int MARGIN = 8;
+constexpr int BORDER = 8;
 constexpr int SPACING = 6;
 constexpr int TITLE_GAP = 16;
 
@@ -52,7 +52,7 @@ TooltipExPrivate::TooltipExPrivate(TooltipEx* owner)
       shortcut(new QLabel(owner)),
       text(new QLabel(owner)),
       hint(new QLabel(owner)) {
-  layout->setContentsMargins(MARGIN, MARGIN, MARGIN, MARGIN);
+  layout->setContentsMargins(BORDER, BORDER, BORDER, BORDER);
   layout->setSpacing(SPACING);
   layout->setSizeConstraint(QLayout::SetFixedSize);
   auto* const head = new QHBoxLayout;

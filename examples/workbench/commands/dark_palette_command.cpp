@@ -2,10 +2,9 @@
 #include "dark_palette_command.h"
 
 #include <ui_base/views/qt_ui_toolkit.h>
-#include <vlk_app_service/application_service.h>
-#include <vlk_app_service/config_manager.h>
 #include <vlk_common_res/styles.h>
 #include <workbench/command_menus.h>
+#include <workbench/config.h>
 #include <workbench/mesh_view_controller.h>
 
 #include <QGuiApplication>
@@ -18,10 +17,6 @@ using Vela::Resource::Styles;
 namespace {
 
 constexpr QLatin1String DarkKey("look/dark");
-
-Vela::Services::ConfigManager& config() {
-  return Vela::Services::ApplicationService::GetInstance().GetConfigManager();
-}
 
 } // namespace
 

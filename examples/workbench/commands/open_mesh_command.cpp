@@ -3,9 +3,8 @@
 
 #include <tqm_mesh_kernel/dispatch.h>
 #include <ui_base/views/qt_ui_toolkit.h>
-#include <vlk_app_service/application_service.h>
-#include <vlk_app_service/config_manager.h>
 #include <workbench/command_menus.h>
+#include <workbench/config.h>
 #include <workbench/failure_notice.h>
 #include <workbench/mesh_loader.h>
 #include <workbench/mesh_view.h>
@@ -24,11 +23,7 @@ using Taren::Core::dispatchAsync;
 
 namespace {
 
-constexpr QLatin1String FolderKey("files/folder");
-
-Vela::Services::ConfigManager& config() {
-  return Vela::Services::ApplicationService::GetInstance().GetConfigManager();
-}
+constexpr QLatin1String OpenFolderKey("files/folder");
 
 QString nameFilters() {
   const QString separator = QStringLiteral(";;");
@@ -162,11 +157,11 @@ CommandContext OpenMeshCommand::getExecutionCommandContext() {
 void OpenMeshCommand::askForFiles() {
   const BaseView* const view = getView();
   auto* const dialog = new QFileDialog(view ? view->window() : nullptr, tr("Open"),
-                                       config().value(FolderKey).toString(), nameFilters());
+                                       config().value(OpenFolderKey).toString(), nameFilters());
   dialog->setAttribute(Qt::WA_DeleteOnClose);
   dialog->setFileMode(QFileDialog::ExistingFiles);
   connect(dialog, &QFileDialog::filesSelected, this, [this](const QStringList& files) {
-    config().setValue(FolderKey, QFileInfo(files.constFirst()).absolutePath());
+    config().setValue(OpenFolderKey, QFileInfo(files.constFirst()).absolutePath());
     if (MeshViewController* const controller = meshController())
       controller->openFiles(files);
   });

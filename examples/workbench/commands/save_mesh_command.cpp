@@ -3,9 +3,8 @@
 
 #include <tqm_mesh_kernel/dispatch.h>
 #include <ui_base/views/qt_ui_toolkit.h>
-#include <vlk_app_service/application_service.h>
-#include <vlk_app_service/config_manager.h>
 #include <workbench/command_menus.h>
+#include <workbench/config.h>
 #include <workbench/mesh_document.h>
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
@@ -25,10 +24,6 @@ using namespace Vela::UiBase;
 namespace {
 
 constexpr QLatin1String ExportFolderKey("export/folder");
-
-Vela::Services::ConfigManager& config() {
-  return Vela::Services::ApplicationService::GetInstance().GetConfigManager();
-}
 
 } // namespace
 
@@ -68,7 +63,7 @@ QString SaveMeshCommand::idOf(ESaving saving) {
 QString SaveMeshCommand::obstacle() const {
   if (m_run)
     return tr("The mesh is being saved.");
-  const QString missing = needFreeMesh();
+  QString missing = needFreeMesh();
   if (!missing.isEmpty() || m_saving != SaveMesh)
     return missing;
   return document()->isModified() ? QString() : tr("There are no changes to save.");

@@ -3,9 +3,8 @@
 
 #include <tqm_mesh_kernel/dispatch.h>
 #include <ui_base/views/qt_ui_toolkit.h>
-#include <vlk_app_service/application_service.h>
-#include <vlk_app_service/config_manager.h>
 #include <workbench/command_menus.h>
+#include <workbench/config.h>
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
 #include <workbench/session/file_inputs.h>
@@ -24,11 +23,7 @@ using namespace Vela::UiBase;
 
 namespace {
 
-constexpr QLatin1String FolderKey("screenshots/folder");
-
-Vela::Services::ConfigManager& config() {
-  return Vela::Services::ApplicationService::GetInstance().GetConfigManager();
-}
+constexpr QLatin1String PictureFolderKey("screenshots/folder");
 
 } // namespace
 
@@ -123,7 +118,7 @@ bool SaveScreenshotCommand::prepare(const QString& file) {
   MeshView* const view = meshView();
   if (!view || file.isEmpty() || m_run)
     return false;
-  config().setValue(FolderKey, QFileInfo(file).absolutePath());
+  config().setValue(PictureFolderKey, QFileInfo(file).absolutePath());
   m_next = Shot{file, view->picture(), {}};
   return true;
 }
@@ -137,7 +132,7 @@ QString SaveScreenshotCommand::suggestedFile() const {
   const MeshViewController* const controller = meshController();
   const QString mesh = controller ? QFileInfo(controller->fileName()).completeBaseName() : QString();
   const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
-  return QDir(config().value(FolderKey, pictures).toString())
+  return QDir(config().value(PictureFolderKey, pictures).toString())
       .filePath((mesh.isEmpty() ? tr("screenshot") : mesh) + QStringLiteral(".png"));
 }
 

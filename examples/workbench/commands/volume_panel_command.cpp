@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "volume_panel_command.h"
 
-#include <vlk_app_service/application_service.h>
-#include <vlk_app_service/config_manager.h>
 #include <workbench/command_menus.h>
+#include <workbench/config.h>
 #include <workbench/mesh_view.h>
 #include <workbench/panels/volume_panel.h>
 
@@ -14,10 +13,6 @@ using namespace Vela::UiBase;
 namespace {
 
 constexpr QLatin1String ShownKey("volume/shown");
-
-Vela::Services::ConfigManager& config() {
-  return Vela::Services::ApplicationService::GetInstance().GetConfigManager();
-}
 
 } // namespace
 

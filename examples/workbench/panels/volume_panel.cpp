@@ -3,9 +3,8 @@
 
 #include <ui_base/core/language.h>
 #include <ui_toolkit/print_material_info_panel.h>
-#include <vlk_app_service/application_service.h>
-#include <vlk_app_service/config_manager.h>
 #include <vlk_common_res/styles.h>
+#include <workbench/config.h>
 #include <workbench/mesh_ops/support_volume.h>
 #include <workbench/mesh_view.h>
 
@@ -24,10 +23,6 @@ namespace {
 constexpr QLatin1String UnitKey("volume/unit");
 constexpr int PanelWidth = 210; // px
 constexpr double Corner = 6;    // px
-
-Vela::Services::ConfigManager& config() {
-  return Vela::Services::ApplicationService::GetInstance().GetConfigManager();
-}
 
 // What keeps the panel readable over the mesh.
 class Card : public QWidget {
