@@ -27,20 +27,20 @@ std::optional<Session> Session::fromText(const QString& text, const QDir& folder
   return SessionReader(folder).read(text, error);
 }
 
-std::optional<Session> Session::fromFile(const QString& name, QString* error) {
-  QFile file(name);
-  if (!file.open(QIODevice::ReadOnly)) {
-    *error = file.errorString();
+std::optional<Session> Session::fromFile(const QString& file, QString* error) {
+  QFile device(file);
+  if (!device.open(QIODevice::ReadOnly)) {
+    *error = device.errorString();
     return std::nullopt;
   }
-  const QByteArray content = file.read(mostBytes + 1);
-  if (file.error() != QFileDevice::NoError || content.size() > mostBytes) {
-    *error = file.error() != QFileDevice::NoError
-                 ? file.errorString()
+  const QByteArray content = device.read(mostBytes + 1);
+  if (device.error() != QFileDevice::NoError || content.size() > mostBytes) {
+    *error = device.error() != QFileDevice::NoError
+                 ? device.errorString()
                  : QCoreApplication::translate("Vela::UiBase::Session", "It is too large for a session.");
     return std::nullopt;
   }
-  return fromText(QString::fromUtf8(content), QFileInfo(name).absoluteDir(), error);
+  return fromText(QString::fromUtf8(content), QFileInfo(file).absoluteDir(), error);
 }
 
 QString Session::toText(const QDir& folder) const {

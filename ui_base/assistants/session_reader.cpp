@@ -69,7 +69,7 @@ public:
 
   /// All that is left, one JSON value.
   QJsonValue value() {
-    const QJsonValue value = json(m_rest);
+    QJsonValue value = json(m_rest);
     m_rest.clear();
     return value;
   }

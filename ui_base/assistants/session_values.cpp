@@ -115,7 +115,7 @@ QVariant SessionText::fromJson(const QJsonValue& value, const QDir& folder) {
   if (value.isArray()) {
     QVariantList list;
     const QJsonArray array = value.toArray();
-    for (const QJsonValue& element : array)
+    for (const auto& element : array)
       list.append(fromJson(element, folder));
     return list;
   }

@@ -17,7 +17,7 @@ namespace Vela::UiBase {
 
 class ShortcutEditorPrivate {
 public:
-  ShortcutEditorPrivate(ShortcutEditor& editor, ShortcutScheme& scheme);
+  ShortcutEditorPrivate(ShortcutEditor& editor, ShortcutScheme& shortcuts);
 
   std::shared_ptr<CommandBase> current() const;
   /// The command that was chosen in the list, with the keys it has.
@@ -54,7 +54,7 @@ private:
   void connectAll();
   QPushButton* addButton(QBoxLayout& row, const QString& text, void (ShortcutEditorPrivate::*act)());
   QList<QKeySequence> recorded() const;
-  void takeAway(const ShortcutUse& use, const QKeySequence& recorded);
+  void takeAway(const ShortcutUse& use, const QKeySequence& wanted);
 };
 
 } // namespace Vela::UiBase

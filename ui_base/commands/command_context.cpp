@@ -10,9 +10,6 @@ CommandContext::CommandContext(std::initializer_list<std::pair<QString, CommandS
   for (const auto& [id, state] : entries)
     overwrite(id, state);
 }
-CommandContext::CommandContext(const CommandContext&) = default;
-CommandContext& CommandContext::operator=(const CommandContext&) = default;
-CommandContext::~CommandContext() = default;
 
 CommandState& CommandContext::operator[](const QString& id) { return m_states[id]; }
 

@@ -13,7 +13,7 @@
 namespace Vela::UiBase {
 
 /// How a set of commands shall look: a map from command identifier to CommandState, ordered by identifier. A
-/// value type; CmdMgr applies, pushes and pops it.
+/// value type, whose copies share nothing; CmdMgr applies, pushes and pops it.
 ///
 /// @code
 /// CommandContext whileSmoothing = manager->disabledContext();
@@ -25,10 +25,6 @@ public:
   CommandContext();
   /// Of several entries of one identifier the last one counts.
   CommandContext(std::initializer_list<std::pair<QString, CommandState>> entries);
-  /// A copy shares nothing with the original.
-  CommandContext(const CommandContext&);
-  CommandContext& operator=(const CommandContext&);
-  ~CommandContext();
 
   /// The states by the identifier of the command.
   const QMap<QString, CommandState>& get() const { return m_states; }

@@ -64,6 +64,7 @@ CommandIndex::Found CommandIndex::find(const CommandBag& root, const QString& id
   }
   if (const Found found = findDirectly(root, id); found.command || !hasGroups)
     return found;
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): asking a group may change them
   const QList<CommandGroup*> groups = root.groups();
   for (CommandGroup* const group : groups) {
     ++m_askedSince;

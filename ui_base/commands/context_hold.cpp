@@ -9,8 +9,8 @@ namespace Vela::UiBase {
 
 ContextHold::ContextHold() noexcept = default;
 
-ContextHold::ContextHold(const std::weak_ptr<CmdMgr>& manager, quint64 layer, const ContextHolder& holder)
-    : m_manager(manager), m_layer(layer), m_holder(holder) {}
+ContextHold::ContextHold(std::weak_ptr<CmdMgr> manager, quint64 layer, ContextHolder holder)
+    : m_manager(std::move(manager)), m_layer(layer), m_holder(std::move(holder)) {}
 
 ContextHold::ContextHold(ContextHold&& other) noexcept
     : m_manager(std::move(other.m_manager)),

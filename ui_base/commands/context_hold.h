@@ -80,7 +80,7 @@ public:
 
 private:
   friend class CmdMgr;
-  ContextHold(const std::weak_ptr<CmdMgr>& manager, quint64 layer, const ContextHolder& holder);
+  ContextHold(std::weak_ptr<CmdMgr> manager, quint64 layer, ContextHolder holder);
 
   std::weak_ptr<CmdMgr> m_manager;
   quint64 m_layer = 0;

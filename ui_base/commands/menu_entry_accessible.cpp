@@ -58,8 +58,8 @@ QAccessibleInterface* MenuEntryAccessible::child(int index) const {
   return index == 0 && childCount() > 0 ? QAccessible::queryAccessibleInterface(m_entry->menu()) : nullptr;
 }
 
-int MenuEntryAccessible::indexOfChild(const QAccessibleInterface* candidate) const {
-  return candidate && candidate == child(0) ? 0 : -1;
+int MenuEntryAccessible::indexOfChild(const QAccessibleInterface* child) const {
+  return child && child == this->child(0) ? 0 : -1;
 }
 
 QAccessibleInterface* MenuEntryAccessible::childAt(int x, int y) const {

@@ -11,9 +11,8 @@ CmdMgrProtocol& CmdMgrProtocol::operator=(const CmdMgrProtocol&) = default;
 CmdMgrProtocol::~CmdMgrProtocol() = default;
 
 void CmdMgrProtocol::commandAdded(CmdMgr*, CommandBase*) {}
-// NOLINTNEXTLINE(performance-unnecessary-value-param): overriders keep their own copy, as the task that calls
-// them ends
-void CmdMgrProtocol::commandRemoved(CmdMgr*, QString) {}
+// Overriders keep their own copy, as the task that calls them ends.
+void CmdMgrProtocol::commandRemoved(CmdMgr*, QString) {} // NOLINT(performance-unnecessary-value-param)
 
 } // namespace Vela::UiBase
 

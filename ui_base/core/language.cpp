@@ -112,7 +112,7 @@ bool LanguageTranslator::isEmpty() const { return m_texts.empty(); }
 QString LanguageTranslator::translate(const char* context, const char* sourceText, const char* disambiguation,
                                       int n) const {
   for (const auto& texts : m_texts) {
-    const QString found = texts->translate(context, sourceText, disambiguation, n);
+    QString found = texts->translate(context, sourceText, disambiguation, n);
     if (!found.isNull())
       return found;
   }

@@ -29,7 +29,7 @@ void MenuBarLayout::setGeometry(const QRect& rect) {
 }
 
 void MenuBarLayout::placeWhatFits(const QRect& rect) {
-  QLayout::setGeometry(rect);
+  QLayout::setGeometry(rect); // NOLINT(bugprone-parent-virtual-call): the row is not laid out by the box
   const Qt::LayoutDirection direction = parentWidget()->layoutDirection();
   const int buttonWidth = std::min(m_button->sizeHint().width(), rect.width());
   const int end = rect.width() - buttonWidth;

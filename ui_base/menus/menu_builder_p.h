@@ -43,7 +43,7 @@ public:
   void addOfSpecifier(bool insert, int index, const AppMenuItemSpecifier& specifier,
                       const QString& accessibleName, const QString& styleSheet);
   void connectClick(const MenuBarItemPointer& item, const char* slot);
-  void setShortcut(const MenuBarItemPointer& item, const QKeySequence& keys);
+  void setShortcut(const MenuBarItemPointer& item, const QKeySequence& sequence);
   void follow(const MenuBarItemPointer& item, QAction& action);
   void takeOver(QMenuBar& source, QAction& action);
   QString freeName(const QString& wanted) const;

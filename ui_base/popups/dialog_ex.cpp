@@ -217,7 +217,7 @@ QString DialogEx::Ask(QWidget* parent, EDialogSeverity severity, const QString& 
   dialog->exec();
   if (!dialog)
     return {};
-  const QString answer = dialog->Answer();
+  QString answer = dialog->Answer();
   delete dialog;
   return answer;
 }

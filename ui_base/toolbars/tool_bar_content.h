@@ -34,13 +34,13 @@ public:
   void setGroupMargins(const QMargins& margins);
 
   /// The widget in which the buttons of a group stand, made when needed.
-  QWidget* panel(const QString& group);
+  QWidget* panel(const QString& name);
   /// Rows of so many buttons for this group only; 0 as for the others.
-  void setGroupColumns(const QString& group, int columns);
+  void setGroupColumns(const QString& name, int columns);
   /// Puts a new button into a group, at the end when the index is negative or too large.
-  void insert(ToolButton& button, const QString& group, int index);
+  void insert(ToolButton& button, const QString& name, int index);
   /// Moves a button inside of its group.
-  void move(ToolButton& button, const QString& group, int index);
+  void move(ToolButton& button, const QString& name, int index);
   /// Forgets a button, and its group when that was the last one.
   void take(const QObject* button);
 
@@ -48,7 +48,7 @@ public:
   void updatePanels();
 
   QList<ToolButton*> buttons() const;
-  QList<ToolButton*> buttons(const QString& group) const;
+  QList<ToolButton*> buttons(const QString& name) const;
   QList<ToolBarGroupRects> rects() const;
   /// What all buttons need.
   QSize neededSize() const;

@@ -85,7 +85,7 @@ public:
   /// The content has changed its size, or the order of what it shows.
   void contentChanged();
   void fitContent();
-  QSize sizeFor(const QSize& content) const;
+  QSize sizeFor(const QSize& needed) const;
   /// The length that the bar may have in its parent.
   QSize limited(QSize size) const;
   void followParent();

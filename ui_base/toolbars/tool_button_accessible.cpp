@@ -104,7 +104,7 @@ public:
   explicit BarAccessible(ToolBar* bar) : QAccessibleWidget(bar, QAccessible::ToolBar) {}
 
   QString text(QAccessible::Text text) const override {
-    const QString own = QAccessibleWidget::text(text);
+    QString own = QAccessibleWidget::text(text);
     ToolButtonWithMenu* const opener = static_cast<ToolBar*>(widget())->OwnerButton();
     if (text != QAccessible::Name || !own.isEmpty() || !opener)
       return own;

@@ -257,7 +257,9 @@ void ToolButtonWithButtonMenu::paintEvent(QPaintEvent* event) {
 }
 
 // The action that the button carries is no native menu, however long the button is pressed.
-void ToolButtonWithButtonMenu::timerEvent(QTimerEvent* event) { QAbstractButton::timerEvent(event); }
+void ToolButtonWithButtonMenu::timerEvent(QTimerEvent* event) {
+  QAbstractButton::timerEvent(event); // NOLINT(bugprone-parent-virtual-call)
+}
 
 void ToolButtonWithButtonMenu::resizeEvent(QResizeEvent* event) {
   ToolButtonWithMenu::resizeEvent(event);

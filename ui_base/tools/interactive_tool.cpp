@@ -8,6 +8,7 @@
 #include <QPixmap>
 #include <QPointer>
 #include <QScopedPointer>
+#include <QWidget>
 
 namespace Vela::UiBase {
 

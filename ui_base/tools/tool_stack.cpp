@@ -103,6 +103,7 @@ void ToolStack::clearTools() {
   const auto released = std::exchange(d->tools, {}); // a tool that dies finds the stack empty
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): it lives while it is told, whoever lets go of it
 void ToolStack::pushTool(EToolActivationButton button, std::shared_ptr<InteractiveTool> tool) {
   if (!tool)
     return;
@@ -117,7 +118,7 @@ void ToolStack::pushTool(EToolActivationButton button, std::shared_ptr<Interacti
 }
 
 std::shared_ptr<InteractiveTool> ToolStack::popTool(EToolActivationButton button) {
-  const auto tool = d->top(button);
+  auto tool = d->top(button);
   if (!tool)
     return {};
   const std::shared_ptr<ToolStack> self = sharedOrEmpty(); // an observer of the reports may let go of it

@@ -49,7 +49,8 @@ void TooltipManager::SetTooltipLayer(const QString& group, QWidget* layer) {
 
 void TooltipManager::HideAllTooltipsInGroupExcept(ATooltipObject* tooltip, const QString& group) {
   const auto shown = m_shown;
-  const QString name = group; // whose owner may end
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the owner of the name may end
+  const QString name = group;
   for (ATooltipObject* const other : shown) {
     // Hiding one may end another.
     if (other != tooltip && m_shown.contains(other) && m_groups.value(other) == name)

@@ -3,9 +3,11 @@
 
 #include <QPainter>
 
+#include <utility>
+
 namespace Vela::UiBase {
 
-TooltipPicture::TooltipPicture(const QIcon& picture, const QSize& size) : m_picture(picture) {
+TooltipPicture::TooltipPicture(QIcon picture, const QSize& size) : m_picture(std::move(picture)) {
   setFixedSize(size);
 }
 

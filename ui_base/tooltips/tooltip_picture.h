@@ -9,7 +9,7 @@ namespace Vela::UiBase {
 /// A picture of a fixed size, drawn at the pixel ratio of the screen it is on.
 class TooltipPicture : public QWidget {
 public:
-  TooltipPicture(const QIcon& picture, const QSize& size);
+  TooltipPicture(QIcon picture, const QSize& size);
 
 protected:
   void paintEvent(QPaintEvent* event) override;

@@ -87,7 +87,7 @@ void CmdsViewController::keepToolsWaiting() {
 
 // A tool may take itself off its stack, or push another one, when its operation ends. Itself only afterwards.
 std::shared_ptr<InteractiveTool> CmdsViewController::popTool(EToolActivationButton button) {
-  const auto top = getTool(button);
+  auto top = getTool(button);
   if (!top)
     return {};
   const QPointer<BaseViewController> self(this);
