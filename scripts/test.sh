@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 # Everything that has to pass before a change goes in: formatting, all tests of a release build (warnings are errors)
 # offscreen and the end-to-end tests on an X server, all tests under the address and undefined-behaviour sanitizers,
-# and the tests labelled "threads" under the thread sanitizer.
+# the tests labelled "threads" under the thread sanitizer, and static analysis of what changed last.
 # Usage: scripts/test.sh [--quick]      --quick stops after the release build and its tests
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
@@ -56,5 +56,7 @@ step "Test asan" ctest --preset asan --no-tests=error
 step "Configure tsan" configure tsan
 step "Build tsan" build_thread_tests
 step "Test tsan" without_randomisation ctest --preset tsan --no-tests=error
+
+step "Analysis" "$root/scripts/lint.sh" --changed 20 24
 
 say "== All of it: $SECONDS s"
