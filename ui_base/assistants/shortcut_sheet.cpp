@@ -49,7 +49,7 @@ QString shortcutSheet(const ShortcutScheme& scheme) {
   const auto keys = libraryKeys();
   for (const ShortcutUse& use : keys)
     everywhere += rowOf(use.name, {use.keys});
-  page += QStringLiteral("<h3>%1</h3><table>%2</table>").arg(Texts::tr("Everywhere"), everywhere);
+  page += QStringLiteral("<h3>%1</h3><table>%2</table>").arg(SheetTexts::tr("Everywhere"), everywhere);
   return page;
 }
 
