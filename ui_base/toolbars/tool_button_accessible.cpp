@@ -68,7 +68,7 @@ private:
   }
 
   QString name() const {
-    if (const QString given = QAccessibleWidget::text(QAccessible::Name); !given.isEmpty())
+    if (QString given = QAccessibleWidget::text(QAccessible::Name); !given.isEmpty())
       return given;
     const QString shown = withoutMnemonic(button().text());
     return shown.isEmpty() ? button().toolTip() : shown;
