@@ -209,7 +209,7 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QGuiApplication application(argc, argv);
   std::vector<Vela::Benchmarks::Comparison> comparisons;
-  for (const std::string count : {"/100", "/1000", "/10000"}) {
+  for (const std::string& count : {std::string("/100"), std::string("/1000"), std::string("/10000")}) {
     comparisons.push_back({"LookUp_Bag" + count, "LookUp_QHash" + count, 1.5});
     comparisons.push_back({"LookUp_Manager" + count, "LookUp_QHash" + count, 1.5});
     comparisons.push_back({"LookUp_Groups" + count, "LookUp_QHash" + count, 1.5});
@@ -217,7 +217,7 @@ int main(int argc, char** argv) {
   comparisons.push_back({"LookUp_Groups/10000", "LookUp_Groups/1000"});
   comparisons.push_back({"LookUpWhileAdding_Groups/10000", "Miss_AskEachGroup/10000"});
   comparisons.push_back({"Miss_Groups/10000", "Miss_AskEachGroup/10000", 1.0});
-  for (const std::string count : {"/1000", "/10000"}) {
+  for (const std::string& count : {std::string("/1000"), std::string("/10000")}) {
     comparisons.push_back({"Apply_AllChange" + count, "BareLoop" + count, 1.7});
     comparisons.push_back({"Apply_AllChangeInGroups" + count, "BareLoop_InGroups" + count, 1.7});
     comparisons.push_back({"BareLoop" + count, "BareLoop_PlainActions" + count});

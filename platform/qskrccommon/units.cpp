@@ -136,7 +136,8 @@ constexpr double LARGEST_PLAIN = 1e15;
 QString superscript(int number) {
   static const QString digits = QStringLiteral("⁰¹²³⁴⁵⁶⁷⁸⁹");
   QString text = number < 0 ? QStringLiteral("⁻") : QString();
-  for (const QChar digit : QString::number(std::abs(number)))
+  const QString plain = QString::number(std::abs(number));
+  for (const QChar digit : plain)
     text += digits[digit.digitValue()];
   return text;
 }

@@ -50,8 +50,8 @@ struct AuditOptions {
 /// Looks a window and its commands over as a user would, for the tests of an application: those of the
 /// commands in the manager that a user sees, and all that the window shows or can show. Menus, flyouts,
 /// sub-toolbars and pages that are hidden are looked at too, without being shown, in the size that they would
-/// have. Text and contrast are measured on what is painted. What is
-/// disabled may be pale. Runs are judged by the RunLog.
+/// have. Text and contrast are measured on what is painted. What is disabled may be pale. Runs are judged by
+/// the RunLog.
 ///
 /// @code
 /// const auto findings = audit(*controller, *window);

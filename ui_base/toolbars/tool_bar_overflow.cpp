@@ -26,12 +26,13 @@ using Resource::Styles;
 namespace {
 
 QString entryText(const ToolButton& button) {
+  static const QRegularExpression tags(QStringLiteral("<[^>]*>"));
   const QAction* const action = button.Action();
   QString text = action ? action->text() : button.text();
   if (text.isEmpty())
     text = button.accessibleName();
   if (text.isEmpty())
-    text = button.toolTip().remove(QRegularExpression(QStringLiteral("<[^>]*>")));
+    text = button.toolTip().remove(tags);
   return text;
 }
 

@@ -314,12 +314,15 @@ bool ToolbarManager::eventFilter(QObject* watched, QEvent* event) {
   case QEvent::Hide:
     setToolbarsVisible(false);
     break;
-  case QEvent::EnabledChange:
-    for (const QPointer<ToolBar> toolbar : d->toolbars()) {
+  case QEvent::EnabledChange: {
+    const QList<ToolBar*> toolbars = d->toolbars();
+    const QList<LivePointer<ToolBar>> guarded(toolbars.cbegin(), toolbars.cend()); // one may end another
+    for (const LivePointer<ToolBar>& toolbar : guarded) {
       if (self && toolbar && d->mainToolbar)
         toolbar->setEnabled(d->mainToolbar->isEnabled());
     }
     break;
+  }
   default:
     break;
   }

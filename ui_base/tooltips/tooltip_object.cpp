@@ -300,6 +300,7 @@ bool TooltipObject::eventFilter(QObject* watched, QEvent* event) {
     return false;
   }
   if (isWidget && event->type() == QEvent::ChildPolished) {
+    // clazy:excludeall=child-event-qobject-cast (it is whole when it is polished)
     if (auto* const child = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child());
         child && own()->mouseInside)
       own()->watchPart(*child);
