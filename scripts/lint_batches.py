@@ -43,6 +43,9 @@ def join(build, folder, most):
     os.makedirs(folder, exist_ok=True)
     sources = [line.strip() for line in sys.stdin]
     commands = compile_commands(build)
+    for source in sources:
+        if source not in commands:
+            print(f'{source} is not built here and not analysed', file=sys.stderr)
     entries = []
     for origin, flags, directory, files in batches([s for s in sources if s in commands], commands, most):
         path = os.path.abspath(os.path.join(folder, f'batch_{len(entries)}.cpp'))

@@ -97,17 +97,14 @@ void PhotoViewController::follow(PhotoView& view) {
 }
 
 void PhotoViewController::followToolBar(PhotoView& view) {
-  const std::pair<void (ImageViewerToolBar::*)(), EPhotoAction> buttons[] = {
-      {&ImageViewerToolBar::ZoomIn, ZoomIntoPhoto},
-      {&ImageViewerToolBar::ZoomOut, ZoomOutOfPhoto},
-      {&ImageViewerToolBar::OriginalSize, OriginalPhotoSize},
-      {&ImageViewerToolBar::FitToView, FitPhotoToView},
-      {&ImageViewerToolBar::PrevImage, PreviousPhoto},
-      {&ImageViewerToolBar::NextImage, NextPhoto},
-  };
-  for (const auto& [signal, action] : buttons)
-    QObject::connect(view.toolBar(), signal, &m_events, [this, action = action] { perform(action); });
-  QObject::connect(view.toolBar(), &ImageViewerToolBar::KeyReleased, &m_events,
+  const ImageViewerToolBar* const bar = view.toolBar();
+  QObject::connect(bar, &ImageViewerToolBar::ZoomIn, &m_events, [this] { perform(ZoomIntoPhoto); });
+  QObject::connect(bar, &ImageViewerToolBar::ZoomOut, &m_events, [this] { perform(ZoomOutOfPhoto); });
+  QObject::connect(bar, &ImageViewerToolBar::OriginalSize, &m_events, [this] { perform(OriginalPhotoSize); });
+  QObject::connect(bar, &ImageViewerToolBar::FitToView, &m_events, [this] { perform(FitPhotoToView); });
+  QObject::connect(bar, &ImageViewerToolBar::PrevImage, &m_events, [this] { perform(PreviousPhoto); });
+  QObject::connect(bar, &ImageViewerToolBar::NextImage, &m_events, [this] { perform(NextPhoto); });
+  QObject::connect(bar, &ImageViewerToolBar::KeyReleased, &m_events,
                    [this](Qt::Key key) { keyReleased(key); });
 }
 
