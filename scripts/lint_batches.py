@@ -52,9 +52,10 @@ def join(build, folder, most):
         write_batch(path, files)
         entries.append({'directory': directory, 'file': path,
                         'command': f'{flags} -iquote {os.path.abspath(origin)} -c {path}'})
-        print(path)
     with open(os.path.join(folder, 'compile_commands.json'), 'w') as file:
         json.dump(entries, file)
+    for entry in entries: # now that they can be looked up
+        print(entry['file'])
 
 
 def origins(batch):
