@@ -12,8 +12,9 @@
 
 namespace Vela::Benchmarks {
 
-/// Ends the program when a window has been painted for the first time, and prints the memory it has by then,
-/// in kilobytes. Which of its widgets is painted first is the window's affair: one may cover another.
+/// When a window has been painted for the first time, prints the memory that the program has by then, in
+/// kilobytes, and ends it. Which of its widgets is painted first is the window's affair: one may cover
+/// another.
 class FirstPaint : public QObject {
 public:
   explicit FirstPaint(QWidget* window) : QObject(window), m_window(window) { qApp->installEventFilter(this); }

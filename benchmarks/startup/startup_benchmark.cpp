@@ -25,9 +25,12 @@ struct Program {
     QElapsedTimer timer;
     timer.start();
     process.start(path, QStringList());
+    if (!process.waitForReadyRead(timeLimit)) // its ending does not count
+      return false;
+    const double elapsed = static_cast<double>(timer.nsecsElapsed()) / 1e6;
     if (!process.waitForFinished(timeLimit) || process.exitCode() != 0)
       return false;
-    milliseconds.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    milliseconds.push_back(elapsed);
     megabytes.push_back(process.readAllStandardOutput().trimmed().toDouble() / 1024);
     return true;
   }
