@@ -127,7 +127,8 @@ void CoverTest::focusIsRememberedAndGivenBack_data() {
     QTest::newRow(steps) << "a edit";
   for (const char* steps : {"a>b", "a>b b=c b<", "a>b b>c c<", "b! a>b b<", "w^ a>b wv"})
     QTest::newRow(steps) << "b";
-  QTest::newRow("a^ a>b a>b") << "beside"; // nothing of it is seen
+  for (const char* steps : {"a^ a>b a>b", "a^ a>b bf bx", "a^ c@b b@a cf c/"})
+    QTest::newRow(steps) << "beside"; // nothing of it is seen
 }
 
 void CoverTest::focusIsRememberedAndGivenBack() {
@@ -146,6 +147,7 @@ void CoverTest::focusIsRememberedAndGivenBack() {
   QCOMPARE(screen.window.focusWidget(), expected);
   screen.run(QStringLiteral("ax"));
   QCOMPARE(screen.window.focusWidget(), beside);
+  QVERIFY(!screen.lostFocus);
 }
 
 void CoverTest::tabAndClicksGoToTheFront() {

@@ -59,7 +59,7 @@ public:
   /// Does steps: "a>b" (a presents b), "b<" (dismiss), "b^" (hide), "bv" (show), "b/" (into the other
   /// window), "b!" (refuses to close from now on), "bx" (delete the view), "bX" (the controller), "bq"
   /// (close), "b~" (is kept when it is closed), "b=c" (its view gets the controller c), "b@c" (lies in c),
-  /// "w^", "wv", "w_", "w=" (hide, show, minimise and restore the window).
+  /// "bf" (takes the focus), "w^", "wv", "w_", "w=" (hide, show, minimise and restore the window).
   void run(const QString& steps) {
     const QStringList list = steps.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     for (const QString& each : list) {
@@ -68,6 +68,7 @@ public:
         windowStep(each.at(1));
       else if (view(who) && controller(who))
         step(*view(who), *controller(who), each.at(1), each.mid(2));
+      lostFocus |= window.isActiveWindow() && !window.focusWidget();
       settle();
     }
   }
@@ -77,7 +78,8 @@ public:
   QStringList calls;
   QHash<QString, QPointer<UiBase::BaseView>> views;
   QHash<QString, QPointer<RecordingController>> controllers;
-  bool answer = false; // of the last request to present or dismiss
+  bool answer = false;    // of the last request to present or dismiss
+  bool lostFocus = false; // of the window, after some step
 
 private:
   void windowStep(QChar what) {
@@ -112,6 +114,8 @@ private:
       return itsView.show();
     case '/':
       return itsView.setParent(&other);
+    case 'f':
+      return itsView.setFocus();
     case '!':
       itself.mayClose = false;
       break;

@@ -7,6 +7,7 @@
 #include <QDialog>
 #include <QMenu>
 
+using Vela::Test::RecordingTool;
 using Vela::Test::ToolScreen;
 using namespace Vela::UiBase;
 
@@ -69,6 +70,7 @@ private Q_SLOTS:
   void operationEndsWithItsMouse_data();
   void operationEndsWithItsMouse();
   void movingTheMouseLeavesTheFocus();
+  void toolsWaitForAnotherOne();
 
   void executingCommandComesFirst_data();
   void executingCommandComesFirst();
@@ -177,6 +179,26 @@ void ToolRoutingTest::movingTheMouseLeavesTheFocus() {
   screen.edit->setFocus();
   screen.play("mv mv wh");
   QVERIFY(screen.edit->hasFocus());
+}
+
+void ToolRoutingTest::toolsWaitForAnotherOne() {
+  for (const char* script : {"R+ mv push", "push R+ mv pop"}) {
+    ToolScreen screen;
+    const auto left = screen.tool("left");
+    screen.on("push", [&] {
+      screen.controller->pushTool(LeftButton, std::make_shared<RecordingTool>("over", screen.journal));
+    });
+    screen.on("pop", [&] { screen.controller->popTool(LeftButton); });
+    screen.play(script);
+    QVERIFY2(screen.controller->getTool(LeftButton)->isSuspended(), script);
+    screen.play("R-");
+    QVERIFY2(screen.controller->getTool(LeftButton)->isActive(), script);
+    screen.play("push");
+    left->resume();
+    left->startOperation();
+    left->endOperation();
+    QVERIFY(left->isSuspended()); // below the top
+  }
 }
 
 void ToolRoutingTest::executingCommandComesFirst_data() {

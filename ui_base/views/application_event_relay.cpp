@@ -54,10 +54,10 @@ void ApplicationEventRelay::focusChanged(const QWidget* before, const QWidget* n
 
 void ApplicationEventRelay::giveFocusBack() {
   const QWidget* const window = QApplication::activeWindow();
-  if (!window || window->focusWidget())
+  if (!relay() || !window || window->focusWidget())
     return;
-  QList<BaseView*> candidates = m_views;
-  candidates.prepend(m_lastFocused.data());
+  QList<BaseView*> candidates = views();
+  candidates.prepend(relay()->m_lastFocused.data());
   for (const BaseView* const view : std::as_const(candidates)) {
     if (view && view->window() == window && view->isVisible() && view->isEnabled())
       return Presentation::of(*view)->focusFront();

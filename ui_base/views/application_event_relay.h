@@ -22,6 +22,8 @@ public:
   static void remove(BaseView& view);
   /// All views that live.
   static QList<BaseView*> views();
+  /// Gives the focus of the active window to a view in it, where nothing has it.
+  static void giveFocusBack();
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -30,7 +32,6 @@ private:
 
   bool anyCovered() const;
   void focusChanged(const QWidget* before, const QWidget* now);
-  void giveFocusBack();
 
   QList<BaseView*> m_views;
   QPointer<BaseView> m_lastFocused; // where a focus that was lost has been

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "application_event_relay.h"
 #include "base_view.h"
 #include "base_view_p.h"
 #include "covered_children.h"
@@ -58,6 +59,7 @@ void Presentation::reparented(BaseView& view) {
   const Layer* const layer = find(view);
   if (layer && !isBase(view) && (!layer->presenter || layer->presenter != view.parentWidget()))
     end(view);
+  ApplicationEventRelay::giveFocusBack(); // Qt took it from a view in a page that is not seen
 }
 
 // Qt takes the focus away from what is disabled and does not give it back.
@@ -83,7 +85,6 @@ void Presentation::controllerChanged(BaseView& view) {
 }
 
 void Presentation::viewDies(BaseView& view) {
-  const bool hadFocus = holdsFocus(view); // also in a page that is not seen
   if (!isBase(view))
     end(view);
   const std::shared_ptr<Presentation> own = of(view);
@@ -95,7 +96,7 @@ void Presentation::viewDies(BaseView& view) {
     layer->cover = nullptr;
     layer->view = nullptr;
   }
-  if (own.get() == this && hadFocus)
+  if (holdsFocus(view)) // also in a page that is not seen
     passFocusOn(view);
 }
 
