@@ -43,11 +43,23 @@ void Frame_Mesh(benchmark::State& state) {
   Camera camera;
   camera.fit(mesh, size);
   const RenderStyle style = RenderStyle::forPalette(QPalette());
+  const FrameRequest request{mesh, camera, size, style, static_cast<int>(state.range(0)), {}};
   Renderer renderer;
+  Frame frame;
   for (auto _ : state)
-    renderer.render(mesh, camera, size, style, static_cast<int>(state.range(0)));
+    renderer.draw(frame, request);
 }
 BENCHMARK(Frame_Mesh)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// What is under the mouse while the frame of that is still being drawn.
+void Pick_Mesh(benchmark::State& state) {
+  FrameRequest request{loadMesh(meshFile), {}, QSize(1280, 800), RenderStyle::forPalette(QPalette()), 1, {}};
+  request.camera.fit(request.mesh, request.size);
+  const QPoint middle(640, 400);
+  for (auto _ : state)
+    benchmark::DoNotOptimize(Renderer::find(request, QRect(middle, QSize(1, 1))).pick(middle));
+}
+BENCHMARK(Pick_Mesh)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void Frame_Background(benchmark::State& state) {
   QImage image(1280, 800, QImage::Format_RGB32);
@@ -95,6 +107,7 @@ int main(int argc, char** argv) {
                                {{"Load_Mesh/real_time", "Load_Bytes/real_time"},
                                 {"Frame_Mesh/1/real_time", "Frame_Background/real_time"},
                                 {"Frame_Mesh/2/real_time", "Frame_Background/real_time"},
+                                {"Pick_Mesh/real_time", "Frame_Mesh/1/real_time"},
                                 {"Smooth_Mesh/real_time", "Copy_Mesh/real_time"},
                                 {"Decimate_Mesh/real_time", "Copy_Mesh/real_time"}});
 }

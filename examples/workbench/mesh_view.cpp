@@ -5,6 +5,7 @@
 #include <vgsdevices/annotation_device.h>
 #include <vgsobjects/point_object.h>
 #include <vgsobjects/rectangle_object.h>
+#include <workbench/renderer.h>
 #include <workbench/view_hint.h>
 
 #include <QContextMenuEvent>
@@ -25,7 +26,8 @@ MeshView::MeshView(QWidget* parent) : BaseView(parent) {
   setMinimumSize(160, 120);
   m_rest.setSingleShot(true);
   m_rest.setInterval(RestTime);
-  connect(&m_rest, &QTimer::timeout, this, [this] { invalidate(Change::Once); });
+  connect(&m_rest, &QTimer::timeout, this, [this] { update(); });
+  connect(&m_frames, &FrameDrawer::ready, this, [this] { update(); });
   followDocument();
   Vela::UiBase::keepTranslated(this, [this] {
     setAccessibleName(tr("Mesh view"));
@@ -123,39 +125,33 @@ void MeshView::setDropHighlight(bool on) {
   update();
 }
 
-std::optional<Renderer::Hit> MeshView::pick(const QPoint& position) {
+std::optional<Frame::Hit> MeshView::pick(const QPoint& position) const {
   if (mesh().isEmpty())
     return std::nullopt;
-  renderIfNeeded();
-  return m_renderer.pick((QPointF(position) * devicePixelRatioF()).toPoint());
+  const QPoint pixel = (QPointF(position) * devicePixelRatioF()).toPoint();
+  if (isDrawn())
+    return m_frames.frame().pick(pixel);
+  return Renderer::find(request(1), QRect(pixel, QSize(1, 1))).pick(pixel);
 }
 
-TriangleSelection MeshView::trianglesIn(const QRectF& rectangle) {
-  if (mesh().isEmpty())
-    return {};
-  renderIfNeeded();
+TriangleSelection MeshView::trianglesIn(const QRectF& rectangle) const {
   const qreal ratio = devicePixelRatioF();
-  const QRectF pixels(rectangle.topLeft() * ratio, rectangle.size() * ratio);
-  return {mesh().triangles().size(), m_renderer.trianglesIn(pixels.toAlignedRect())};
+  const QRect pixels = QRectF(rectangle.topLeft() * ratio, rectangle.size() * ratio).toAlignedRect();
+  if (mesh().isEmpty() || !isDrawn())
+    return trianglesIn(pixels, m_camera, frameSize());
+  return {mesh().triangles().size(), m_frames.frame().trianglesIn(pixels)};
 }
 
-MeshView::Frame MeshView::frame() {
-  if (!mesh().isEmpty())
-    renderIfNeeded();
-  return {deviceSize(), m_samples};
+MeshView::FrameSize MeshView::frameSize() const {
+  return {deviceSize(), isDrawn() ? m_frames.shown().samples : 1};
 }
 
-TriangleSelection MeshView::trianglesIn(const QRect& pixels, const Camera& camera, const Frame& frame) const {
+TriangleSelection MeshView::trianglesIn(const QRect& pixels, const Camera& camera,
+                                        const FrameSize& frame) const {
   if (mesh().isEmpty())
     return {};
-  Renderer renderer;
-  renderer.render(shownMesh(), camera, frame.size, RenderStyle::forPalette(palette()), frame.samples);
-  return {mesh().triangles().size(), renderer.trianglesIn(pixels)};
-}
-
-QImage MeshView::picture() {
-  renderMesh(2);
-  return m_renderer.image();
+  const FrameRequest request{shownMesh(), camera, frame.size, {}, frame.samples, {}};
+  return {mesh().triangles().size(), Renderer::find(request, pixels).trianglesIn(pixels)};
 }
 
 QString MeshView::statusText() const {
@@ -194,10 +190,10 @@ void MeshView::resizeEvent(QResizeEvent* event) {
   invalidate(m_settled ? Change::Ongoing : Change::Once);
 }
 
+// Changes that come quicker than frames with smooth edges are drawn go on, too.
 void MeshView::invalidate(Change change) {
-  m_outdated = true;
   m_settled = false;
-  if (change == Change::Ongoing)
+  if (change == Change::Ongoing || m_frames.isDrawing())
     m_rest.start();
   else
     m_rest.stop();
@@ -206,44 +202,55 @@ void MeshView::invalidate(Change change) {
 
 QSize MeshView::deviceSize() const { return (QSizeF(size()) * devicePixelRatioF()).toSize(); }
 
-void MeshView::renderMesh(int oversampling) {
-  m_style = RenderStyle::forPalette(palette());
-  m_style.shading = m_shading;
-  m_renderer.render(shownMesh(), m_camera, deviceSize(), m_style, oversampling, m_document.selection());
-  m_samples = oversampling;
-  m_outdated = false;
+FrameRequest MeshView::request(int samples) const {
+  RenderStyle style = RenderStyle::forPalette(palette());
+  style.shading = m_shading;
+  return {shownMesh(), m_camera, deviceSize(), style, samples, m_document.selection()};
 }
 
-void MeshView::renderIfNeeded() {
-  if (!m_outdated && m_renderer.image().size() == deviceSize())
-    return;
-  // At a high resolution the steps at the edges are too small to be seen.
-  const bool quick = m_rest.isActive() || devicePixelRatioF() > 1.5;
-  renderMesh(quick ? 1 : 2);
+// The last frame shows each triangle where it is now.
+bool MeshView::isDrawn() const {
+  const FrameRequest& shown = m_frames.shown();
+  return shown.mesh.isCopyOf(shownMesh()) && shown.camera == m_camera && shown.size == deviceSize();
 }
 
 void MeshView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  if (mesh().isEmpty()) {
+  // At a high resolution the steps at the edges are too small to be seen.
+  const bool quick = m_rest.isActive() || devicePixelRatioF() > 1.5;
+  const bool current = mesh().isEmpty() || m_frames.draw(request(quick ? 1 : 2));
+  if (mesh().isEmpty() || m_frames.frame().image().isNull()) {
     paintHint(painter);
   } else {
-    renderIfNeeded();
-    painter.drawImage(QRectF(QPointF(), QSizeF(m_renderer.image().size()) / devicePixelRatioF()),
-                      m_renderer.image());
+    paintFrame(painter);
     paintAnnotations(painter);
   }
   if (m_dropHighlight)
     paintDropHighlight(painter, *this, rect());
-  if (!m_settled && !m_rest.isActive()) {
+  if (current && !m_settled && !m_rest.isActive()) {
     m_settled = true;
     QMetaObject::invokeMethod(this, &MeshView::tellSettled, Qt::QueuedConnection);
   }
 }
 
+// A frame of another size stands in the middle, as large as what is seen in it will be.
+void MeshView::paintFrame(QPainter& painter) const {
+  const QImage& image = m_frames.frame().image();
+  QRectF place(QPointF(), QSizeF(image.size()) / devicePixelRatioF());
+  if (image.size() != deviceSize()) {
+    paintBackground(painter);
+    place.setSize(place.size() * (Camera::focalLength(size()) / Camera::focalLength(place.size())));
+    place.moveCenter(QRectF(rect()).center());
+  }
+  painter.drawImage(place, image);
+}
+
 void MeshView::paintAnnotations(QPainter& painter) const {
   using namespace Vela::Graphics;
-  const AnnotationDevice device(painter, palette(),
-                                [this](const QVector3D& point) { return m_camera.project(point, size()); });
+  // By the camera of the frame, which may be behind: what was measured keeps to the mesh that is seen.
+  const AnnotationDevice device(painter, palette(), [this](const QVector3D& point) {
+    return m_frames.shown().camera.project(point, size());
+  });
   m_measurements.draw(device);
   if (m_pivotShown)
     PointObject(m_camera.target()).draw(device);
@@ -259,13 +266,17 @@ void MeshView::tellSettled() {
     Q_EMIT settled();
 }
 
-// Without the renderer: an empty workbench starts without its threads and buffers.
-void MeshView::paintHint(QPainter& painter) const {
+void MeshView::paintBackground(QPainter& painter) const {
   const RenderStyle style = RenderStyle::forPalette(palette());
   QLinearGradient gradient(0, 0, 0, height());
   gradient.setColorAt(0, style.backgroundTop);
   gradient.setColorAt(1, style.backgroundBottom);
   painter.fillRect(rect(), gradient);
+}
+
+// Without the renderer: an empty workbench starts without its threads and buffers.
+void MeshView::paintHint(QPainter& painter) const {
+  paintBackground(painter);
   Workbench::paintHint(painter, *this, rect(),
                        {QStringLiteral("open_file"), tr("Open a mesh (Ctrl+O) or drop a file here"),
                         tr("OBJ, PLY, STL, OFF, glTF")});

@@ -3,9 +3,9 @@
 
 #include <ui_base/views/base_view.h>
 #include <workbench/camera.h>
+#include <workbench/frame_drawer.h>
 #include <workbench/measurements.h>
 #include <workbench/mesh_document.h>
-#include <workbench/renderer.h>
 
 #include <QTimer>
 
@@ -17,7 +17,8 @@ namespace Workbench {
 /// what was measured.
 ///
 /// Draws in device pixels, in the colours of its palette, and only when something changed: quickly while the
-/// camera or the size is changing, with smooth edges once they rest. Positions are in logical pixels.
+/// camera or the size is changing, with smooth edges once they rest. What takes longer than a moment is drawn
+/// on another thread, and the picture before stays until then. Positions are in logical pixels.
 ///
 /// @code
 /// auto* view = new MeshView(window);
@@ -64,20 +65,22 @@ public:
   /// Marks the view as the place where what is being dragged can be dropped.
   void setDropHighlight(bool on);
 
-  /// What is seen at a position; nothing on the background.
-  std::optional<Renderer::Hit> pick(const QPoint& position);
+  /// What is seen at a position by the camera as it is now, whether or not that was drawn already; nothing on
+  /// the background.
+  std::optional<Frame::Hit> pick(const QPoint& position) const;
   /// The triangles that are seen within a rectangle.
-  TriangleSelection trianglesIn(const QRectF& rectangle);
+  TriangleSelection trianglesIn(const QRectF& rectangle) const;
   /// The frame that trianglesIn() looks at, for finding the same triangles in a view of another size.
-  struct Frame {
+  struct FrameSize {
     QSize size; ///< Device pixels.
     int samples = 1;
   };
-  Frame frame();
+  FrameSize frameSize() const;
   /// What trianglesIn() finds for a rectangle in device pixels of such a frame, seen by such a camera.
-  TriangleSelection trianglesIn(const QRect& pixels, const Camera& camera, const Frame& frame) const;
-  /// The view's picture in device pixels, without what lies over it.
-  QImage picture();
+  TriangleSelection trianglesIn(const QRect& pixels, const Camera& camera, const FrameSize& frame) const;
+  /// The view's picture with smooth edges in device pixels, without what lies over it: imageOf() draws it, on
+  /// any thread.
+  FrameRequest picture() const { return request(2); }
   /// The numbers of the mesh, for a status bar; empty without a mesh.
   QString statusText() const;
   /// Whether the mesh and the camera as they are now were painted, with smooth edges.
@@ -107,8 +110,10 @@ private:
   void invalidate(Change change);
   void fitCamera();
   QSize deviceSize() const;
-  void renderMesh(int oversampling);
-  void renderIfNeeded();
+  FrameRequest request(int samples) const;
+  bool isDrawn() const;
+  void paintBackground(QPainter& painter) const;
+  void paintFrame(QPainter& painter) const;
   void paintAnnotations(QPainter& painter) const;
   void paintHint(QPainter& painter) const;
   void tellSettled();
@@ -124,10 +129,7 @@ private:
   EShading m_shading = SmoothShading;
   bool m_dropHighlight = false;
 
-  Renderer m_renderer;
-  int m_samples = 1;   // of its frame
-  RenderStyle m_style; // of the frame in the renderer
-  bool m_outdated = true;
+  FrameDrawer m_frames;
   bool m_settled = false;
   QTimer m_rest; // runs while changes are going on
 };

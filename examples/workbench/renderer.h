@@ -1,67 +1,42 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <workbench/camera.h>
-#include <workbench/mesh.h>
-#include <workbench/mesh_ops/triangle_selection.h>
-#include <workbench/render/projection.h>
-#include <workbench/render/render_style.h>
+#include <workbench/render/frame.h>
 #include <workbench/render/screen_geometry.h>
 
-#include <QImage>
-#include <QPoint>
-#include <QRect>
-#include <QSize>
-
-#include <cstdint>
-#include <optional>
-#include <vector>
+#include <stop_token>
 
 namespace Workbench {
 
 /// A small software renderer with a z-buffer.
 ///
-/// Draws on all processors at once into an image and keeps for every pixel what was drawn there. The same
-/// mesh, camera, size and style give the same image on any number of threads. An object is used by one
-/// thread at a time; images handed out stay as they are.
+/// Draws on all processors at once. The same request gives the same image on any number of threads. An object
+/// is used by one thread at a time, whichever; it keeps nothing but storage, which makes the next frame
+/// quicker.
 ///
 /// @code
 /// Renderer renderer;
-/// renderer.render(mesh, camera, QSize(1280, 800), RenderStyle::forPalette(palette));
-/// if (const auto hit = renderer.pick(QPoint(640, 400)))
+/// Frame frame;
+/// renderer.draw(frame, {mesh, camera, QSize(1280, 800), RenderStyle::forPalette(palette)});
+/// if (const auto hit = frame.pick(QPoint(640, 400)))
 ///   mark(hit->point);
 /// @endcode
 class Renderer {
 public:
-  /// What lies under a pixel.
-  struct Hit {
-    std::uint32_t triangle = 0; ///< Index in the mesh.
-    QVector3D point;            ///< In the scene, on the triangle, at the middle of the pixel.
-  };
-
-  /// Draws a frame of @p size device pixels; nothing is kept of the frame before.
-  /// @param oversampling  samples along either side of a pixel: 1 is quick, 2 smooths the edges
-  /// @param selection  the triangles drawn as selected; only looked at during the call
-  void render(const Mesh& mesh, const Camera& camera, const QSize& size, const RenderStyle& style,
-              int oversampling = 1, const TriangleSelection& selection = {});
-
-  /// The last frame; null before the first. Its device pixel ratio is 1.
-  const QImage& image() const noexcept { return m_image; }
-  /// What was drawn at a pixel of the last frame; nothing on the background and outside the frame.
-  std::optional<Hit> pick(const QPoint& pixel) const;
-  /// The triangles that pick() finds within a rectangle of the last frame: each once, ascending. What reaches
-  /// beyond the frame is ignored.
-  std::vector<std::uint32_t> trianglesIn(const QRect& devicePixels) const;
+  /// Draws over a frame, whose storage is used again; images handed out stay as they are.
+  /// @return false when it was stopped: the frame is not to be looked at then.
+  bool draw(Frame& frame, const FrameRequest& request, const std::stop_token& stop = {});
+  /// Finds what a frame would show in a part of it, without drawing one: a fraction of the work. There is no
+  /// image, and outside the part nothing is found.
+  static Frame find(const FrameRequest& request, const QRect& part);
 
 private:
-  class Frame;
+  class Painting;
 
-  QImage m_image;
-  Projection m_projection; // of the samples
-  int m_oversampling = 1;
   ScreenGeometry m_geometry;
-  std::vector<float> m_inverseDepth; // one value a pixel
-  std::vector<std::uint32_t> m_triangle;
 };
+
+/// The image of a frame, drawn here and now. On any thread.
+QImage imageOf(const FrameRequest& request);
 
 } // namespace Workbench

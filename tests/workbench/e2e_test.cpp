@@ -15,6 +15,7 @@
 #include <workbench/commands/shading_command.h>
 #include <workbench/panels/about_dialog.h>
 #include <workbench/photos/photo_view.h>
+#include <workbench/renderer.h>
 #include <workbench/screenshot_run.h>
 
 #include <QApplication>
@@ -53,7 +54,7 @@ private Q_SLOTS:
     QTRY_COMPARE(workbench.notification(), "Opened cube.obj");
     QVERIFY(workbench.window().statusBar()->currentMessage().isEmpty());
     QTRY_VERIFY(workbench.view().isSettled());
-    QVERIFY(Test::meshPixels(workbench.view().picture()) > 3000);
+    QVERIFY(Test::meshPixels(imageOf(workbench.view().picture())) > 3000);
   }
 
   void opensAMeshByMenu() {
@@ -221,11 +222,11 @@ private Q_SLOTS:
   void switchesThePalette() {
     WorkbenchFixture workbench;
     workbench.open(workbench.write("cube.obj", cubeFile()));
-    const QColor light = workbench.view().picture().pixelColor(5, 5);
+    const QColor light = imageOf(workbench.view().picture()).pixelColor(5, 5);
     workbench.press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(Vela::Resource::Styles::Instance().palette(), Vela::Resource::Dark);
     QTRY_VERIFY(workbench.view().palette().color(QPalette::Window).lightness() < 100);
-    QVERIFY(workbench.view().picture().pixelColor(5, 5).lightness() < light.lightness() - 100);
+    QVERIFY(imageOf(workbench.view().picture()).pixelColor(5, 5).lightness() < light.lightness() - 100);
     // Remembered for the next start.
     Vela::Resource::Styles::Instance().setPalette(Vela::Resource::Light);
     DarkPaletteCommand::restorePalette();

@@ -26,11 +26,13 @@ Camera frontCamera(const QSize& size, double scale) {
 }
 
 /// A mesh looked at from the front.
-class Picture : public Renderer {
+class Picture : public Frame {
 public:
-  Picture(const Mesh& mesh, const QSize& size, double scale, int oversampling = 1) {
-    render(mesh, frontCamera(size, scale), size, lightStyle(), oversampling, {});
+  Picture(const Mesh& mesh, const QSize& size, double scale, int samples = 1)
+      : request{mesh, frontCamera(size, scale), size, lightStyle(), samples, {}} {
+    Renderer().draw(*this, request);
   }
+  const FrameRequest request;
   int drawnPixels() const {
     int count = 0;
     for (int y = 0; y < image().height(); ++y) {
@@ -58,6 +60,8 @@ private Q_SLOTS:
     QFETCH(int, oversampling);
     const QSize size(200, 160);
     const Picture picture(Test::square(1, cells), size, 40.2, oversampling);
+    const QRect part(100, 50, 90, 70);
+    QCOMPARE(Renderer::find(picture.request, part).trianglesIn(part), picture.trianglesIn(part));
     for (int y = 0; y < size.height(); ++y) {
       for (int x = 0; x < size.width(); ++x) {
         const bool inside = x >= 60 && x < 140 && y >= 40 && y < 120;
@@ -111,12 +115,12 @@ private Q_SLOTS:
     const Control moreThanProcessors(Control::max_allowed_parallelism, 8);
     QImage first;
     for (const int threads : {1, 2, 5, 8}) {
-      Renderer renderer;
+      QImage image;
       oneapi::tbb::task_arena arena(threads);
-      arena.execute([&] { renderer.render(mesh, camera, size, style); });
+      arena.execute([&] { image = imageOf({mesh, camera, size, style, 1, {}}); });
       if (first.isNull())
-        first = renderer.image();
-      QVERIFY(renderer.image() == first);
+        first = image;
+      QVERIFY(image == first);
     }
   }
 };

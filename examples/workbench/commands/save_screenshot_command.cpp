@@ -7,6 +7,7 @@
 #include <workbench/config.h>
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
+#include <workbench/renderer.h>
 #include <workbench/session/file_inputs.h>
 
 #include <QDir>
@@ -78,7 +79,7 @@ bool SaveScreenshotCommand::onExecuteAsync(bool) {
   const QByteArray format = QFileInfo(m_run->file).suffix().toLatin1();
   if (!QImageWriter::supportedImageFormats().contains(format.toLower()))
     m_run->failure = tr("The format is not known; PNG and JPEG are.");
-  else if (!file.open(QIODevice::WriteOnly) || !QImageWriter(&file, format).write(m_run->picture) ||
+  else if (!file.open(QIODevice::WriteOnly) || !QImageWriter(&file, format).write(imageOf(m_run->picture)) ||
            !file.commit())
     m_run->failure = tr("It cannot be written: %1.").arg(file.errorString());
   return m_run->failure.isEmpty();

@@ -2,15 +2,14 @@
 #pragma once
 
 #include <workbench/commands/workbench_command.h>
-
-#include <QImage>
+#include <workbench/render/frame.h>
 
 #include <optional>
 
 namespace Workbench {
 
-/// Saves the view's picture to an image file. Asks for the file, takes the picture, and writes it on a thread
-/// of the dispatcher; it is disabled meanwhile.
+/// Saves the view's picture to an image file. Asks for the file, and draws and writes the picture of then on
+/// a thread of the dispatcher; it is disabled meanwhile.
 class SaveScreenshotCommand : public WorkbenchCommand {
   Q_OBJECT
   COMMAND_ID(SaveScreenshotCommand)
@@ -36,7 +35,7 @@ protected:
 private:
   struct Shot {
     QString file;
-    QImage picture;
+    FrameRequest picture;
     QString failure;
 
     QString name() const;

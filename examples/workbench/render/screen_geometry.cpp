@@ -116,10 +116,12 @@ Polygon clip(const Polygon& polygon, Plane plane, float nearDistance) {
 
 } // namespace
 
-void ScreenGeometry::build(const Mesh& mesh, const Projection& projection, const QSize& samples) {
-  m_samples = samples;
-  m_columns = (samples.width() + TileSize - 1) / TileSize;
-  m_rows = (samples.height() + TileSize - 1) / TileSize;
+void ScreenGeometry::build(const Mesh& mesh, const Projection& projection, const QSize& samples,
+                           const QRect& tiles) {
+  const QRect all(0, 0, (samples.width() + TileSize - 1) / TileSize,
+                  (samples.height() + TileSize - 1) / TileSize);
+  m_tiles = tiles.isNull() ? all : tiles.intersected(all);
+  m_samples = QRect(m_tiles.topLeft() * TileSize, m_tiles.size() * TileSize) & QRect(QPoint(), samples);
   transformVertices(mesh, projection);
 
   m_chunks.resize(ChunkCount);
@@ -148,7 +150,7 @@ void ScreenGeometry::transformVertices(const Mesh& mesh, const Projection& proje
 
 void ScreenGeometry::sortChunk(Chunk& chunk, const Mesh& mesh, const Projection& projection,
                                std::uint32_t begin, std::uint32_t end) const {
-  chunk.resize(std::size_t(m_columns) * std::size_t(m_rows));
+  chunk.resize(std::size_t(m_tiles.width()) * std::size_t(m_tiles.height()));
   for (std::vector<ScreenTriangle>& tile : chunk)
     tile.clear();
   for (std::uint32_t id = begin; id != end; ++id) {
@@ -184,15 +186,15 @@ void ScreenGeometry::addToTiles(Chunk& chunk, const ScreenTriangle& triangle) co
   const auto [top, bottom] = std::minmax({a.y, b.y, c.y});
   // The samples whose centres lie in the bounding box; most triangles of a dense scan hold none.
   constexpr int Half = SubSamples / 2;
-  const int firstX = std::max((left + Half - 1) >> SubSampleBits, 0);
-  const int firstY = std::max((top + Half - 1) >> SubSampleBits, 0);
-  const int lastX = std::min((right - Half) >> SubSampleBits, m_samples.width() - 1);
-  const int lastY = std::min((bottom - Half) >> SubSampleBits, m_samples.height() - 1);
+  const int firstX = std::max((left + Half - 1) >> SubSampleBits, m_samples.left());
+  const int firstY = std::max((top + Half - 1) >> SubSampleBits, m_samples.top());
+  const int lastX = std::min((right - Half) >> SubSampleBits, m_samples.right());
+  const int lastY = std::min((bottom - Half) >> SubSampleBits, m_samples.bottom());
   if (firstX > lastX || firstY > lastY)
     return;
   for (int row = firstY / TileSize; row <= lastY / TileSize; ++row) {
     for (int column = firstX / TileSize; column <= lastX / TileSize; ++column)
-      chunk[std::size_t(row) * std::size_t(m_columns) + std::size_t(column)].push_back(triangle);
+      chunk[indexOf(column, row)].push_back(triangle);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <workbench/mesh.h>
 #include <workbench/render/projection.h>
 
+#include <QRect>
 #include <QSize>
 
 #include <array>
@@ -35,15 +36,17 @@ public:
   static constexpr int SubSamples = 1 << SubSampleBits;
   static constexpr int TileSize = 64; ///< Samples along an edge of a tile.
 
-  void build(const Mesh& mesh, const Projection& projection, const QSize& samples);
+  /// @param tiles  the columns and rows that are of interest: the others stay empty. All when it is null.
+  void build(const Mesh& mesh, const Projection& projection, const QSize& samples, const QRect& tiles = {});
 
-  int tileColumns() const noexcept { return m_columns; }
-  int tileRows() const noexcept { return m_rows; }
+  /// The columns and rows that are sorted into.
+  const QRect& tiles() const noexcept { return m_tiles; }
 
-  /// Calls @p visit with every ScreenTriangle that may touch a tile, in the order of the mesh's triangles.
+  /// Calls @p visit with every ScreenTriangle that may touch one of the tiles(), in the order of the mesh's
+  /// triangles.
   template <typename Visitor>
   void visitTile(int column, int row, Visitor&& visit) const {
-    const std::size_t tile = std::size_t(row) * std::size_t(m_columns) + std::size_t(column);
+    const std::size_t tile = indexOf(column, row);
     for (const Chunk& chunk : m_chunks) {
       for (const ScreenTriangle& triangle : chunk[tile])
         visit(triangle);
@@ -61,15 +64,18 @@ private:
   // triangles themselves, so filling it reads memory in order; their storage is kept from frame to frame.
   using Chunk = std::vector<std::vector<ScreenTriangle>>;
 
+  std::size_t indexOf(int column, int row) const {
+    return std::size_t(row - m_tiles.top()) * std::size_t(m_tiles.width()) +
+           std::size_t(column - m_tiles.left());
+  }
   void transformVertices(const Mesh& mesh, const Projection& projection);
   void sortChunk(Chunk& chunk, const Mesh& mesh, const Projection& projection, std::uint32_t begin,
                  std::uint32_t end) const;
   void addClipped(Chunk& chunk, const Mesh& mesh, const Projection& projection, std::uint32_t id) const;
   void addToTiles(Chunk& chunk, const ScreenTriangle& triangle) const;
 
-  QSize m_samples;
-  int m_columns = 0;
-  int m_rows = 0;
+  QRect m_tiles;
+  QRect m_samples; // that they cover
   std::vector<Vertex> m_vertices;
   std::vector<Chunk> m_chunks;
 };

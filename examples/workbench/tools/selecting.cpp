@@ -41,12 +41,12 @@ void selectThese(MeshView& view, const TriangleSelection& seen, Qt::KeyboardModi
 }
 
 /// Nothing where the operation names no triangle, or one that is not there.
-std::optional<Renderer::Hit> hitOf(const ToolOperation& operation, const MeshView& view) {
+std::optional<Frame::Hit> hitOf(const ToolOperation& operation, const MeshView& view) {
   bool isNumber = false;
   const uint triangle = operation.values.value(TriangleKey).toUInt(&isNumber);
   if (!isNumber || triangle >= view.mesh().triangles().size())
     return std::nullopt;
-  return Renderer::Hit{triangle, operation.positions.value(0)};
+  return Frame::Hit{triangle, operation.positions.value(0)};
 }
 
 // Corners that were whole pixels are so again, whatever the way through the scene has added.
@@ -60,7 +60,7 @@ bool performWithin(MeshView& view, const ToolOperation& operation) {
   const auto camera = cameraFrom(operation.values.value(CameraKey).toMap(), view.camera());
   if (!camera || numbers.size() != 3 || operation.positions.size() != 2 || view.mesh().isEmpty())
     return false;
-  const MeshView::Frame frame{QSize(numbers[0].toInt(), numbers[1].toInt()), numbers[2].toInt()};
+  const MeshView::FrameSize frame{QSize(numbers[0].toInt(), numbers[1].toInt()), numbers[2].toInt()};
   const QRect whole(QPoint(), QSize(LargestFrame, LargestFrame));
   if (frame.size.isEmpty() || !whole.contains(QRect(QPoint(), frame.size)) || frame.samples < 1 ||
       frame.samples > 2)
@@ -76,8 +76,7 @@ bool performWithin(MeshView& view, const ToolOperation& operation) {
 
 } // namespace
 
-void Selecting::click(MeshView& view, const std::optional<Renderer::Hit>& hit,
-                      Qt::KeyboardModifiers modifiers) {
+void Selecting::click(MeshView& view, const std::optional<Frame::Hit>& hit, Qt::KeyboardModifiers modifiers) {
   const bool adds = modifiers.testFlag(Qt::ShiftModifier);
   const bool toggles = modifiers.testFlag(Qt::ControlModifier) && !adds;
   MeshDocument& document = view.document();
@@ -89,7 +88,7 @@ void Selecting::click(MeshView& view, const std::optional<Renderer::Hit>& hit,
   document.setSelection(selection);
 }
 
-void Selecting::clickAgain(MeshView& view, const Renderer::Hit& hit) {
+void Selecting::clickAgain(MeshView& view, const Frame::Hit& hit) {
   const TriangleSelection part = selectConnected(view.mesh(), hit.triangle);
   TriangleSelection selection = view.document().selection();
   if (selection.contains(hit.triangle))
@@ -103,7 +102,7 @@ void Selecting::within(MeshView& view, const QRectF& rectangle, Qt::KeyboardModi
   selectThese(view, view.trianglesIn(rectangle), modifiers);
 }
 
-void Selecting::tellClick(const QString& command, const std::optional<Renderer::Hit>& hit,
+void Selecting::tellClick(const QString& command, const std::optional<Frame::Hit>& hit,
                           Qt::KeyboardModifiers modifiers) {
   if (hit)
     tell(command, ClickAction, modifiers, {hit->point}, {{TriangleKey, hit->triangle}});
@@ -111,7 +110,7 @@ void Selecting::tellClick(const QString& command, const std::optional<Renderer::
     tell(command, ClickAction, modifiers, {}, {});
 }
 
-void Selecting::tellClickAgain(const QString& command, const Renderer::Hit& hit) {
+void Selecting::tellClickAgain(const QString& command, const Frame::Hit& hit) {
   tell(command, ClickAgainAction, {}, {hit.point}, {{TriangleKey, hit.triangle}});
 }
 
@@ -120,7 +119,7 @@ void Selecting::tellWithin(const QString& command, MeshView& view, const QRectF&
   if (!OperationLog::Instance().isHeard())
     return;
   const Camera& camera = view.camera();
-  const MeshView::Frame frame = view.frame();
+  const MeshView::FrameSize frame = view.frameSize();
   tell(command, WithinAction, modifiers,
        {camera.pointInTargetPlane(rectangle.topLeft(), view.size()),
         camera.pointInTargetPlane(rectangle.bottomRight(), view.size())},

@@ -3,7 +3,7 @@
 
 #include <ui_base/tools/tool_operation.h>
 #include <workbench/mesh_ops/triangle_selection.h>
-#include <workbench/renderer.h>
+#include <workbench/render/frame.h>
 
 #include <optional>
 
@@ -17,17 +17,16 @@ class MeshView;
 namespace Selecting {
 
 /// A click on a triangle; on nothing it selects nothing.
-void click(MeshView& view, const std::optional<Renderer::Hit>& hit, Qt::KeyboardModifiers modifiers);
+void click(MeshView& view, const std::optional<Frame::Hit>& hit, Qt::KeyboardModifiers modifiers);
 /// A second click: what became of the triangle is done with all that hangs together with it.
-void clickAgain(MeshView& view, const Renderer::Hit& hit);
+void clickAgain(MeshView& view, const Frame::Hit& hit);
 /// The triangles that are seen within a rectangle.
 void within(MeshView& view, const QRectF& rectangle, Qt::KeyboardModifiers modifiers);
 
 /// @name Operations, told with the command that has brought the tool
 /// @{
-void tellClick(const QString& command, const std::optional<Renderer::Hit>& hit,
-               Qt::KeyboardModifiers modifiers);
-void tellClickAgain(const QString& command, const Renderer::Hit& hit);
+void tellClick(const QString& command, const std::optional<Frame::Hit>& hit, Qt::KeyboardModifiers modifiers);
+void tellClickAgain(const QString& command, const Frame::Hit& hit);
 void tellWithin(const QString& command, MeshView& view, const QRectF& rectangle,
                 Qt::KeyboardModifiers modifiers);
 /// @return false for another operation, and for one that does not go with the mesh.
