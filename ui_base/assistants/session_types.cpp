@@ -148,7 +148,7 @@ std::optional<QVariant> SessionTypes::fromJson(const QJsonObject& object) {
     return QByteArray::fromBase64(object[bytesKey].toString().toLatin1());
   Numbers numbers;
   const QJsonArray array = object.begin()->toArray();
-  for (const QJsonValue& value : array) {
+  for (const auto& value : array) {
     if (const auto number = toNumber(value))
       numbers.append(*number);
     else

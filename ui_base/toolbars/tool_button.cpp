@@ -125,8 +125,7 @@ void ToolButton::SuppressClickedHandler(bool suppress) { d->suppressClickedHandl
 bool ToolButton::ClickedHandlerRequested() const { return d->clickedHandlerRequested; }
 
 void ToolButton::RequestClick() {
-  const auto click = [this] {
-    const QPointer<ToolButton> self(this);
+  const auto click = [this, self = QPointer(this)] {
     d->leaveExtendModes();
     if (self)
       OnClicked(false);

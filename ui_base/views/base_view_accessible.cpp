@@ -22,7 +22,7 @@ public:
   }
 
   QString text(QAccessible::Text kind) const override {
-    const QString text = QAccessibleWidget::text(kind);
+    QString text = QAccessibleWidget::text(kind);
     if (kind != QAccessible::Name || !text.isEmpty())
       return text;
     return view().windowTitle().remove(QLatin1String("[*]"));
