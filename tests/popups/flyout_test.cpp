@@ -105,6 +105,13 @@ private Q_SLOTS:
     QCOMPARE(window.focusWidget(), &taker);
   }
 
+  void hiddenAsItIsShownItLeavesNoWindow() {
+    FlyoutBase flyout("Smooth", new QSpinBox, AllPanelButtons);
+    connect(&flyout, &FlyoutBase::FlyoutResized, &flyout, &QWidget::hide);
+    flyout.show();
+    QVERIFY(flyout.isHidden() && !flyout.windowHandle()->isVisible());
+  }
+
   void plainPanelIsOnlyShown() {
     Stage stage;
     QWidget plain;

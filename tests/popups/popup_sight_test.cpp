@@ -242,6 +242,17 @@ private Q_SLOTS:
     }
   }
 
+  void windowForgetsTheFocusOfWhatLeavesIt() {
+    Stage stage({640, 480}, {30, 10, 20, 10}, true);
+    stage.popup->show();
+    stage.content->setFocus();
+    stage.popup->hide(); // in a window that is not active it keeps the focus for the next time
+    QCOMPARE(stage.window.focusWidget(), stage.content.data());
+    stage.window.resize(90, 40);
+    stage.place();
+    QVERIFY(stage.popup->isWindow() && !stage.window.focusWidget());
+  }
+
   void sideWidgetsAreKeptInSightToo() {
     Stage stage({640, 480}, {300, 360, 40, 20}, false);
     QWidget side(&stage.window);

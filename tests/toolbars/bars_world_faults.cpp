@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "bars_world.h"
 
+#include <ui_base/popups/widget_pos_calculator.h>
+
 #include <QDebug>
 #include <QScreen>
 
@@ -157,17 +159,15 @@ QString BarsWorld::placeFault() const {
 
 QString BarsWorld::sightFault() const {
   for (const ToolButtonWithMenu* const button : all<ToolButtonWithMenu>()) {
-    const auto* const hosting = qobject_cast<const Button*>(button);
     const QWidget* popup = button->IsMenuShowing() ? button->GetMenu() : nullptr;
     if (!popup)
       continue;
     if (const auto* const around = qobject_cast<const ArrowedWindow*>(popup->parentWidget()))
       popup = around;
-    const QWidget* const controller = hosting ? hosting->ExtendController() : nullptr;
-    const QWidget* const anchor = controller ? controller : button;
+    const QWidget* const anchor = button->GetPosCalculator()->RefWidget(); // or what stands in for the button
     if (isCutOff(*popup))
       return "an open menu is out of sight: " + told(*popup);
-    if (anchor->isVisible() && covers(*popup, *anchor))
+    if (anchor && anchor->isVisible() && covers(*popup, *anchor))
       return "an open menu covers its button: " + told(*popup) + told(*anchor);
   }
   return {};

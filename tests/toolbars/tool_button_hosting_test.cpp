@@ -187,6 +187,35 @@ private Q_SLOTS:
     QVERIFY(stage.flyout && !stage.flyout->isVisible() && !stage.command->isActive());
   }
 
+  void panelLeavesADyingWindow() {
+    MenuStage stage;
+    auto other = std::make_unique<QWidget>();
+    auto* const controller = new QWidget(other.get());
+    stage.button->SetExtendController(controller);
+    other->resize(600, 500);
+    other->show();
+    stage.button->ShowMenu();
+    QCOMPARE(stage.flyout->window(), other.get());
+    stage.button->HideMenu();
+    connect(controller, &QObject::destroyed, stage.button, [&] { stage.button->ShowMenu(); });
+    other.reset();
+    QVERIFY(stage.flyout->isVisible() && stage.flyout->window() == &stage.window);
+  }
+
+  void commandEndsThatBeganAsItsPanelCloses() {
+    QSpinBox panel;
+    MenuStage stage(false, &panel);
+    stage.click(stage.button);
+    connect(stage.button, &ToolButtonWithMenu::ButtonMenuVisibilityChange, stage.button, [&] {
+      stage.command->trigger();
+      stage.button->HideMenu();
+    });
+    stage.button->HideMenu();
+    Vela::Test::settle();
+    QVERIFY(!panel.isVisible() && !stage.command->isActive());
+    QCOMPARE(stage.observer->ended, 2);
+  }
+
   void menuIsExchangedWhileItDies_data() {
     QTest::addColumn<bool>("panelDies");
     QTest::newRow("panel") << true;

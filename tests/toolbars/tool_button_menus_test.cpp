@@ -110,6 +110,15 @@ private Q_SLOTS:
     QVERIFY(distance.x() == 0 && qAbs(distance.y() - 7) <= 1);
     stage.menuButton->move(stage.menuButton->pos() + QPoint(25, 3));
     QCOMPARE(gap(), distance);
+    stage.menuButton->HideMenu();
+    stage.window.resize(130, 500);
+    Vela::Test::settle();
+    stage.menuButton->ShowMenu();
+    const QPoint scrolled = stage.subBar->pos();
+    stage.plain->setFocus();
+    stage.key(Qt::Key_Home);
+    Vela::Test::settle();
+    QVERIFY(stage.subBar->pos() != scrolled);
   }
 
   void replacedFlyoutGoesHome() {
@@ -125,6 +134,11 @@ private Q_SLOTS:
     Q_EMIT stage.flyout->CloseFlyout();
     Q_EMIT stage.flyout->CancelChanges();
     QVERIFY2(next->isVisible(), "it is not heard any more");
+    stage.button->SetMenu(stage.flyout);
+    stage.command->trigger();
+    stage.button->SetMenu(next);
+    Vela::Test::settle();
+    QVERIFY2(!stage.command->isActive(), "the click that was to open it opens another one");
   }
 
   void actionOfAPanelClosesIt() {

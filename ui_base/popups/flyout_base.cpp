@@ -5,6 +5,7 @@
 #include "content_scroller.h"
 #include "flyout_base_p.h"
 #include "flyout_host.h"
+#include "popup_window.h"
 
 #include <vlk_common_res/strings.h>
 #include <vlk_common_res/styles.h>
@@ -243,6 +244,8 @@ void FlyoutBase::setVisible(bool visible) {
     d->ensureStyled();
   if (self)
     QWidget::setVisible(visible);
+  if (self && visible)
+    hideLeftWindow(*this);
 }
 
 void FlyoutBase::hideEvent(QHideEvent* event) {

@@ -5,6 +5,7 @@
 #include "arrowed_window.h"
 #include "arrowed_window_p.h"
 #include "placement_sight.h"
+#include "popup_window.h"
 #include "sub_widgets.h"
 #include "widget_pos_calculator.h"
 #include "widget_pos_calculator_p.h"
@@ -30,12 +31,6 @@ struct PopupHome {
   QMetaObject::Connection parentDeath = {};
 };
 
-} // namespace Vela::UiBase
-
-Q_DECLARE_METATYPE(Vela::UiBase::PopupHome)
-
-namespace Vela::UiBase {
-
 namespace {
 
 using Placement::KeptStance;
@@ -50,6 +45,7 @@ void leaveFor(QWidget& popup, QWidget* refuge, Qt::WindowFlags flags) {
   PopupHome home{parent, refuge, popup.windowFlags()};
   // A bar or a panel would take the activation along.
   popup.setAttribute(Qt::WA_ShowWithoutActivating);
+  leaveFocus(popup);
   popup.setParent(refuge, flags);
   // It belongs to its parent all the same.
   home.parentDeath = QObject::connect(parent, &QObject::destroyed, &popup, [&popup] {
@@ -333,8 +329,10 @@ void bringHome(QWidget& popup) {
   QObject::disconnect(home.parentDeath);
   popup.setProperty(homeProperty, QVariant());
   // Who has given it another parent meanwhile wants it there.
-  if (home.parent && !isDying(*home.parent) && popup.parentWidget() == home.refuge)
-    popup.setParent(home.parent, home.flags);
+  if (!home.parent || isDying(*home.parent) || popup.parentWidget() != home.refuge)
+    return;
+  leaveFocus(popup);
+  popup.setParent(home.parent, home.flags);
 }
 
 void placeInSight(WidgetPosCalculator& calculator, const std::function<QPoint()>& position,

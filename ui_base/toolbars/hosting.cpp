@@ -5,6 +5,7 @@
 
 #include <ui_base/commands/flyout_command.h>
 #include <ui_base/popups/popup_sight.h>
+#include <ui_base/popups/popup_window.h>
 
 #include <QEvent>
 #include <QHash>
@@ -255,6 +256,9 @@ bool Hosting::eventFilter(QObject* watched, QEvent* event) {
   ToolButtonWithWidgetMenu* const button = m_turn;
   const bool shown = button && button->MenuPhase() != MenuState::Closed;
   switch (watched == m_widget ? event->type() : QEvent::None) {
+  case QEvent::ParentAboutToChange:
+    leaveFocus(*m_widget);
+    break;
   case QEvent::ParentChange:
     onParentChange();
     break;

@@ -136,8 +136,21 @@ void ToolBarPrivate::followParentSize() {
 }
 
 void ToolBarPrivate::ensureVisible(const QAbstractButton& button) {
-  if (&button != overflow && content->scrollTo(button))
-    pathsChanged();
+  if (&button == overflow || !content->scrollTo(button))
+    return;
+  pathsChanged();
+  // The buttons do not move in what holds them. Who scrolls is about to place a menu, or to click.
+  QMetaObject::invokeMethod(
+      toolBar, [this] { placeMenus(); }, Qt::QueuedConnection);
+}
+
+void ToolBarPrivate::placeMenus() const {
+  const QList<ToolButtonWithMenu*> menus = toolBar->MenuButtons(true);
+  const QList<QPointer<ToolButtonWithMenu>> buttons(menus.cbegin(), menus.cend());
+  for (const QPointer<ToolButtonWithMenu>& button : buttons) {
+    if (button)
+      button->RecalcMenuPosAndMove();
+  }
 }
 
 // What shows the hidden buttons lies behind them.

@@ -91,6 +91,8 @@ public:
   void followParent();
   void followParentSize();
   void ensureVisible(const QAbstractButton& button);
+  /// The menus that are open follow their buttons.
+  void placeMenus() const;
   QRect unscrolledRect(const QAbstractButton& button) const;
   /// @}
 

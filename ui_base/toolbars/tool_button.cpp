@@ -125,7 +125,9 @@ void ToolButton::SuppressClickedHandler(bool suppress) { d->suppressClickedHandl
 bool ToolButton::ClickedHandlerRequested() const { return d->clickedHandlerRequested; }
 
 void ToolButton::RequestClick() {
+  ++d->pendingClicks;
   const auto click = [this, self = QPointer(this)] {
+    --d->pendingClicks;
     d->leaveExtendModes();
     if (self)
       OnClicked(false);

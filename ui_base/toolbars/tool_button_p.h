@@ -77,6 +77,7 @@ public:
   bool hideMenuWhenUnchecked = false;
   bool suppressClickedHandler = false;
   bool clickedHandlerRequested = false;
+  int pendingClicks = 0; // that were requested
   QPointer<QLabel> lockLabel;
 
   QString styleSheet; // the shared one that the button was given

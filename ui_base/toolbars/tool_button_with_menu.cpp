@@ -5,6 +5,7 @@
 #include "tool_button_with_menu_p.h"
 
 #include <ui_base/popups/popup_sight.h>
+#include <ui_base/popups/popup_window.h>
 
 #include <QKeyEvent>
 
@@ -162,7 +163,7 @@ void ToolButtonWithMenu::PlaceAndShow(bool opens) {
   own()->movePopup();
   if (!self || !popup || !own()->state.isShown())
     return;
-  popup->show();
+  showPopup(*popup);
   if (!self || !own()->state.isShown())
     return;
   if (popup && !popup->isWindow())
@@ -201,8 +202,12 @@ void ToolButtonWithMenu::HideMenuEx() {
 }
 
 void ToolButtonWithMenu::MenuHidden() {
-  if (!own()->state.beginClosing())
+  const bool reopening = own()->state.phase() == MenuState::Reopening;
+  if (!own()->state.beginClosing()) {
+    if (reopening)
+      d->endUnopenedFlyout(); // for which it was to open once more
     return;
+  }
   own()->noteClosing();
   const QPointer<ToolButtonWithMenu> self(this);
   if (own()->watched)

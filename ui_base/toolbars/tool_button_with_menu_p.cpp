@@ -31,7 +31,7 @@ QWidget* ToolButtonWithMenuPrivate::popup() const { return menu; }
 QWidget* ToolButtonWithMenuPrivate::controller() const { return nullptr; }
 
 QWidget* ToolButtonWithMenuPrivate::anchor() const {
-  if (QWidget* const other = controller())
+  if (QWidget* const other = controller(); other && !isDying(*other))
     return other;
   QWidget* const seen = seenPlace();
   return seen ? seen : button;

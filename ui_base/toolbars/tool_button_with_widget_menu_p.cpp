@@ -183,6 +183,12 @@ void ToolButtonWithWidgetMenuPrivate::takeMenu(QWidget& widget) {
 
 void ToolButtonWithWidgetMenuPrivate::releaseMenu() {
   auto* const self = static_cast<ToolButtonWithWidgetMenu*>(button);
+  const QPointer<ToolButtonWithWidgetMenu> guard(self);
+  const QPointer<QWidget> released(menu);
+  if ((pendingClicks > 0 || clickedHandlerRequested) && !isShownByAnother())
+    endUnopenedFlyout(); // which a click was to open
+  if (!guard || menu != released)
+    return;
   watch(nullptr);
   disconnectMenu();
   partialBackground = QRect();

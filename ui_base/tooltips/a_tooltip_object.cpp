@@ -4,6 +4,7 @@
 #include "a_tooltip_object_p.h"
 
 #include <ui_base/popups/popup_sight.h>
+#include <ui_base/popups/popup_window.h>
 #include <ui_base/tooltips/default_tooltip.h>
 #include <ui_base/tooltips/tooltip_look.h>
 #include <ui_base/tooltips/tooltip_manager.h>
@@ -60,7 +61,7 @@ void ATooltipObject::ShowTooltip() {
   if (!self || !d->tooltipWindow)
     return;
   d->visible = true;
-  d->tooltipWindow->show();
+  showPopup(*d->tooltipWindow);
   if (!self || !d->visible || !d->tooltipWindow)
     return;
   d->tooltipWindow->raise();
