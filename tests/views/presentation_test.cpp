@@ -2,6 +2,7 @@
 #include "presentation_screen.h"
 
 #include <QDialog>
+#include <QTabWidget>
 #include <QVBoxLayout>
 
 using Vela::Test::settle;
@@ -86,6 +87,13 @@ void PresentationTest::requestsSayWhetherTheyWereDone() {
     QVERIFY2(screen.answer == answer, steps);
   }
   Screen screen;
+  QTabWidget tabs;
+  for (const char* name : {"b", "c"})
+    tabs.addTab(screen.view(name), name);
+  tabs.show();
+  screen.controller("c")->on["viewWillAppear"] = [&] { screen.run("d>b"); }; // as b leaves the tabs
+  QVERIFY(screen.controller("a")->presentViewController(screen.controller("b"), FromLeft) && !screen.answer);
+  QVERIFY(!screen.view("d")->children().contains(screen.view("b")));
   const auto held = screen.controller("b")->shared_from_this();
   screen.view("b")->close(); // it is about to be deleted
   QVERIFY(!screen.controller("a")->presentViewController(screen.controller("b"), FromLeft));

@@ -179,7 +179,7 @@ void ViewFuzz::widgetStep() {
   case 0:
     return makeView();
   case 1:
-    return m_tabs->setCurrentIndex(1 - m_tabs->currentIndex());
+    return m_tabs->setCurrentIndex((m_tabs->currentIndex() + 1) % m_tabs->count());
   case 2:
     return m_edit->setFocus();
   case 3:

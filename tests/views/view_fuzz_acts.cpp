@@ -140,8 +140,11 @@ void ViewFuzz::present(BaseViewController& controller, CmdsViewController* calle
   CmdsViewController* const other = caller && m_bytes.next(2) ? caller : anyController();
   note(QStringLiteral("…this one:"), other);
   const bool isWindow = other && other->getView() && other->getView()->isWindow();
-  if (other && !(keepsWindows && isWindow))
-    controller.presentViewController(other, FromRight);
+  const QPointer<BaseView> view = other ? other->getView() : nullptr;
+  const QPointer<BaseView> over = controller.getView();
+  if (other && !(keepsWindows && isWindow) && controller.presentViewController(other, FromRight) &&
+      !(view && over && view->parentWidget() == over && view->presentation().size() > 1))
+    report(QStringLiteral("said to be presented"));
 }
 
 void ViewFuzz::reattach(CmdsViewController& controller) {
@@ -150,17 +153,21 @@ void ViewFuzz::reattach(CmdsViewController& controller) {
   controller.setView(view);
 }
 
-// Into a tab, some of them into a view there, or on its own.
+// Into a tab, some of them into a view there or as a tab, or on its own.
 void ViewFuzz::reparent(BaseView& view) {
   const QPointer<BaseView> alive(&view);
   QWidget* place = m_bytes.next(3) ? m_tabs->widget(m_bytes.next(2)) : nullptr;
-  const bool isInner = static_cast<FuzzView&>(view).number % 3 == 0;
+  const int number = static_cast<FuzzView&>(view).number;
+  const bool isInner = number % 3 == 0;
   if (auto* const outer =
           place ? place->findChild<BaseView*>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
       isInner && outer && outer != &view && !view.isAncestorOf(outer))
     place = outer;
   note(QLatin1String(place ? "…into a tab" : "…into a window of its own"));
-  view.setParent(place);
+  if (place && number % 4 == 1)
+    m_tabs->addTab(&view, QStringLiteral("view"));
+  else
+    view.setParent(place);
   if (alive)
     view.show();
 }

@@ -155,11 +155,15 @@ bool BaseView::event(QEvent* event) {
       passFocusOn(*this);
     return true;
   }
-  if (type == QEvent::ParentAboutToChange)
+  if (type == QEvent::ParentAboutToChange) {
+    ++d->moves;
     hideForMove(*this);
+  }
   if (type != QEvent::ParentChange && type != QEvent::FocusIn && type != QEvent::EnabledChange)
     return QWidget::event(event);
 
+  if (type == QEvent::ParentChange && d->moves > 0) // none was announced for a view never seen
+    --d->moves;
   const QPointer<BaseView> self(this);
   const bool handled = QWidget::event(event);
   const auto presentation = self ? d->presentation : nullptr;

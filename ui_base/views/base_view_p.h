@@ -49,6 +49,7 @@ public:
   bool dragEntered = false; // a drag, likewise
 
   int showingOrHiding = 0;     // Qt still works with the view when the event has been handled
+  int moves = 0;               // to another parent, that Qt is in the middle of
   bool keptUnmapped = false;   // until it is shown again: it was hidden in its own show event
   bool closing = false;        // it is being asked whether it may close
   bool closed = false;         // it agreed, and is deleted soon

@@ -108,12 +108,23 @@ QList<PresentedView> Presentation::describe() const {
   return views;
 }
 
+// What hears of the move, as the tabs that show another page instead, must not move it again: Qt would keep
+// it as a child of two parents.
+bool Presentation::isBeingMoved(const BaseView& view) {
+  for (const QWidget* place = &view; place; place = place->parentWidget()) {
+    if (const auto* const outer = qobject_cast<const BaseView*>(place); outer && outer->d->moves > 0)
+      return true;
+  }
+  return false;
+}
+
 bool Presentation::mayPresent(const BaseView& presenter, const BaseView& view) {
   const bool ends = view.d->dying || view.d->closing || (view.d->closed && view.isHidden());
   const bool presenterEnds = presenter.d->dying || (presenter.d->closed && presenter.isHidden());
   // Qt cannot move a widget out of its own show or hide event, which may be that of another move.
   const bool mayMove = view.parentWidget() == &presenter || !view.d->showingOrHiding;
-  return !ends && !presenterEnds && mayMove && !isWithin(&presenter, &view);
+  return !ends && !presenterEnds && mayMove && view.d->moves == 0 && !isBeingMoved(presenter) &&
+         !isWithin(&presenter, &view);
 }
 
 bool Presentation::present(BaseView& presenter, BaseView& view, ETransitionDirection direction) {

@@ -107,6 +107,7 @@ private:
   void cover();
   static void settleWithin(const BaseView& place);
 
+  static bool isBeingMoved(const BaseView& view);
   static bool mayPresent(const BaseView& presenter, const BaseView& view);
   static bool show(const QPointer<BaseView>& view, quint64 serial);
   static bool close(const QPointer<BaseView>& view);
