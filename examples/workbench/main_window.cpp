@@ -14,6 +14,7 @@
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
 #include <workbench/pages/page_stack.h>
+#include <workbench/pages/page_strip.h>
 #include <workbench/pages/workbench_pages.h>
 #include <workbench/panels/plain_tooltips.h>
 #include <workbench/panels/unit_button.h>
@@ -26,6 +27,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QStatusBar>
+#include <QVBoxLayout>
 
 namespace Workbench {
 
@@ -68,13 +70,25 @@ MainWindow::MainWindow(QWidget* parent)
 MainWindow::~MainWindow() { config().setValue(UsageKey, m_palette->usage().values()); }
 
 void MainWindow::makePages() {
-  auto* const stack = new PageStack(this);
+  auto* const area = new QWidget(this);
+  auto* const stack = new PageStack(area);
+  auto* const layout = new QVBoxLayout(area);
+  layout->setContentsMargins({});
+  layout->setSpacing(0);
+  layout->addWidget(stack);
   stack->addWidget(m_view);
   stack->addWidget(m_photoView);
   m_controller->setDelegate(static_cast<Vela::UiBase::PresentViewProtocol*>(stack));
   m_photos->setDelegate(static_cast<Vela::UiBase::PresentViewProtocol*>(stack));
-  setCentralWidget(stack);
+  setCentralWidget(area);
   m_view->setFocus();
+}
+
+void MainWindow::makeStrip() {
+  if (m_strip || m_photoView->document().count() == 0)
+    return;
+  m_strip = new PageStrip(*m_pages, *m_controller, *m_photoView, centralWidget());
+  centralWidget()->layout()->addWidget(m_strip);
 }
 
 void MainWindow::makePalette() {
@@ -105,6 +119,7 @@ void MainWindow::connectEvents() {
   connect(&events, &MeshViewEvents::meshShown, this, &MainWindow::showFileName);
   connect(&m_view->document(), &MeshDocument::savedStateChanged, this, &MainWindow::showFileName);
   connect(&m_photoView->document(), &PhotoDocument::changed, this, &MainWindow::showFileName);
+  connect(&m_photoView->document(), &PhotoDocument::changed, this, &MainWindow::makeStrip);
   connect(m_pages, &WorkbenchPages::currentChanged, this, &MainWindow::showPage);
   connect(m_view, &MeshView::statusTextChanged, m_numbers,
           [this] { m_numbers->setText(m_view->statusText()); });

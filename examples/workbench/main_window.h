@@ -18,12 +18,14 @@ class CommandMenus;
 class MeshToolBars;
 class MeshView;
 class MeshViewController;
+class PageStrip;
 class PhotoView;
 class PhotoViewController;
 class WorkbenchPages;
 
 /// The window of the workbench: the pages of the mesh and of the photographs, with a menu bar of their
-/// commands, and a status bar. Over the mesh there are toolbars.
+/// commands, a strip of what is open once that is more than the mesh, and a status bar. Over the mesh there
+/// are toolbars.
 ///
 /// Needs the application manager to be set before it is shown.
 class MainWindow : public QMainWindow {
@@ -44,6 +46,7 @@ protected:
 
 private:
   void makePages();
+  void makeStrip();
   void makePalette();
   void makeShortcuts();
   void connectEvents();
@@ -57,6 +60,7 @@ private:
   PhotoView* m_photoView;
   PhotoViewController* m_photos; // owned by its view
   WorkbenchPages* m_pages;
+  PageStrip* m_strip = nullptr; // until a photograph is open
   MeshToolBars* m_toolBars;
   std::shared_ptr<CommandMenus> m_commands;
   QLabel* m_numbers;

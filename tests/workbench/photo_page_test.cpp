@@ -4,6 +4,7 @@
 
 #include <support/input.h>
 #include <ui_toolkit/image_viewer_tool_bar.h>
+#include <workbench/pages/page_strip.h>
 #include <workbench/pages/workbench_pages.h>
 #include <workbench/photos/photo_view.h>
 
@@ -57,6 +58,34 @@ class PhotoPageTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
+  void aStripShowsWhatIsOpenAndLeadsThere() {
+    PhotoBench bench;
+    QVERIFY(!bench.window().findChild<PageStrip*>()); // there is nothing to choose from
+    QVERIFY(bench.show({bench.photo("a.png", {300, 200}), bench.photo("b.png", {50, 400})}));
+    auto* const strip = bench.window().findChild<PageStrip*>();
+    QVERIFY(strip && strip->isVisible() && strip->count() == 3 && strip->currentRow() == 1);
+    const auto middle = [strip] {
+      const QImage icon = strip->item(2)->icon().pixmap(strip->iconSize()).toImage();
+      return icon.pixelColor(icon.rect().center());
+    };
+    QTRY_COMPARE(middle(), QColor(Qt::red));
+    const QPoint mesh = strip->visualItemRect(strip->item(0)).center();
+    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {},
+                      strip->viewport()->mapTo(&bench.window(), mesh));
+    QTRY_VERIFY(bench.window().pages().current() == MeshPage && bench.view().hasFocus());
+    for (int i = 0; i < 5 && !strip->hasFocus(); ++i)
+      bench.press(Qt::Key_F6);
+    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Return})
+      bench.press(key);
+    QVERIFY(bench.isShown() && bench.shows("b.png") && bench.photos().hasFocus());
+    bench.resize({500, 330});
+    QVERIFY(!strip->isVisible());
+    bench.resize({500, 600});
+    for (int i = 0; i < 2; ++i)
+      bench.press(Qt::Key_W, Qt::ControlModifier);
+    QTRY_VERIFY(!strip->isVisible());
+  }
+
   void goesAlongTheRowByButtonsAndKeys() {
     PhotoBench bench;
     bench.press(Qt::Key_2, Qt::AltModifier);

@@ -81,14 +81,17 @@ bool enterBar(QWidget& bar) {
     keys->enter();
     return keys->isActive();
   }
+  const auto take = [](QWidget& widget) {
+    const bool takes = (widget.focusPolicy() & Qt::TabFocus) && widget.isVisible() && widget.isEnabled();
+    if (takes)
+      widget.setFocus(Qt::TabFocusReason);
+    return takes;
+  };
   for (QWidget* next = bar.nextInFocusChain(); next && next != &bar; next = next->nextInFocusChain()) {
-    if (bar.isAncestorOf(next) && (next->focusPolicy() & Qt::TabFocus) && next->isVisible() &&
-        next->isEnabled()) {
-      next->setFocus(Qt::TabFocusReason);
+    if (bar.isAncestorOf(next) && take(*next))
       return true;
-    }
   }
-  return false;
+  return take(bar); // a list, for instance
 }
 
 /// Makes what leads the focus, in each window in which a bar comes to show.

@@ -35,6 +35,8 @@ public:
 
   EPage current() const noexcept { return m_current; }
   void show(EPage page);
+  /// Goes to the first of these photographs; those that are not open are opened. Told to the OperationLog.
+  void openPhotos(const QStringList& files);
   /// Does again what was done with the photographs and told to the OperationLog. @return whether it could.
   bool perform(const Vela::UiBase::ToolOperation& operation);
 
@@ -43,7 +45,6 @@ Q_SIGNALS:
 
 private:
   void updateCurrent();
-  void openPhotos(const QStringList& files);
   void openDropped(const QStringList& files);
 
   MeshViewController& m_mesh;

@@ -40,6 +40,8 @@ public:
   /// Does again what was told. @return whether there is such an action, and something to do for it.
   bool perform(const QString& action);
 
+  /// In the order of the row.
+  const QStringList& files() const noexcept { return m_files; }
   /// How many there are.
   qsizetype count() const { return m_files.size(); }
   /// The place in the row of the one that is shown, or is to be shown next; -1 when there is none.

@@ -656,6 +656,25 @@
     </message>
 </context>
 <context>
+    <name>Workbench::PageStrip</name>
+    <message>
+        <source>Open pages</source>
+        <translation>Offene Seiten</translation>
+    </message>
+    <message>
+        <source>Mesh</source>
+        <translation>Netz</translation>
+    </message>
+    <message>
+        <source>Mesh %1</source>
+        <translation>Netz %1</translation>
+    </message>
+    <message>
+        <source>Photograph %1</source>
+        <translation>Foto %1</translation>
+    </message>
+</context>
+<context>
     <name>Workbench::PaletteItem</name>
     <message>
         <source>Dark palette</source>
