@@ -106,6 +106,10 @@ private Q_SLOTS:
     QVERIFY(!stage.plainButton()->isEnabled() && !opener->isEnabled());
     flyout.SetBusy(false);
     QVERIFY(stage.plainButton()->isEnabled() && opener->isEnabled());
+    FlyoutBase other("At work", new QLabel("other"), nullptr, true, true, true, true, &stage.window);
+    other.SetBusy(true);
+    stage.flyoutButton()->SetMenu(&other);
+    QVERIFY(!stage.plainButton()->isEnabled() && !opener->isEnabled());
   }
 
   void aGroupThatChangesLeavesItsFlyoutOpen() {

@@ -119,6 +119,14 @@ private Q_SLOTS:
     stage.key(Qt::Key_Home);
     Vela::Test::settle();
     QVERIFY(stage.subBar->pos() != scrolled);
+    QWidget other;
+    other.resize(500, 400);
+    stage.bar->setParent(&other);
+    other.show();
+    stage.bar->ShowMe();
+    stage.menuButton->ShowMenu();
+    QVERIFY(stage.subBar->isVisible() && stage.subBar->window() == &other);
+    delete stage.bar;
   }
 
   void replacedFlyoutGoesHome() {

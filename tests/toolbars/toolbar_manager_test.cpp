@@ -147,6 +147,11 @@ private Q_SLOTS:
     QVERIFY2(row.bar(2)->isHidden(), "there is nothing to stand beside");
     row.main->show();
     QVERIFY(!row.bar(0)->isHidden() && row.bar(1)->isHidden() && !row.bar(2)->isHidden());
+    QWidget other;
+    row.main->setParent(&other);
+    other.show();
+    row.main->show();
+    QVERIFY(!row.bar(0) && row.main->parentWidget()->findChildren<ToolBar*>().size() == 4);
   }
 
   void longRowEndsInTheWindow() {

@@ -56,6 +56,12 @@ void ActionPanelPrivate::applyLock() {
   }
 }
 
+// One that is being destroyed is no action panel any more.
+void ActionPanelPrivate::panelCame(const ToolButtonWithMenu& opener) {
+  if (auto* const panel = qobject_cast<ActionPanel*>(toolBar))
+    panel->watchFlyouts(&opener);
+}
+
 QList<ToolBar*> ActionPanelPrivate::bars() const {
   QList<ToolBar*> all{toolBar};
   const QList<ToolButtonWithMenu*> openers = toolBar->MenuButtons(true);
@@ -219,6 +225,8 @@ void ActionPanel::watchFlyout(const ToolButtonWithMenu& opener) {
     return;
   connect(flyout, &FlyoutBase::FlyoutBusy, this, &ActionPanel::OnFlyoutBusy, Qt::UniqueConnection);
   connect(flyout, &FlyoutBase::FlyoutIdle, this, &ActionPanel::OnFlyoutIdle, Qt::UniqueConnection);
+  if (flyout->IsBusy())
+    noteBusy(*flyout);
 }
 
 // What works anywhere in the nest locks all of it.
@@ -234,7 +242,7 @@ void ActionPanel::watchFlyouts(const ToolButton* button) {
     for (const ToolButtonWithMenu* const each : inner)
       panel->watchFlyout(*each);
   }
-  if (panel->IsLocked())
+  if (panel->IsLocked() || !panel->own()->busy.isEmpty())
     panel->own()->applyLock(); // also for what has come since
 }
 
@@ -245,11 +253,13 @@ void ActionPanel::OnFlyoutBusy() {
     SetEnabled(false);
     return;
   }
-  if (!own()->busy.contains(flyout)) {
-    own()->busy.insert(flyout);
-    connect(flyout, &QObject::destroyed, this, &ActionPanel::flyoutDied, Qt::UniqueConnection);
-  }
+  noteBusy(*flyout);
   own()->applyLock();
+}
+
+void ActionPanel::noteBusy(const QObject& flyout) {
+  own()->busy.insert(&flyout);
+  connect(&flyout, &QObject::destroyed, this, &ActionPanel::flyoutDied, Qt::UniqueConnection);
 }
 
 void ActionPanel::OnFlyoutIdle() {

@@ -83,8 +83,10 @@ private:
   void prepare(ToolButton* button);
   void watchFlyouts(const ToolButton* button);
   void watchFlyout(const ToolButtonWithMenu& opener);
+  void noteBusy(const QObject& flyout);
   void flyoutDied(const QObject* flyout);
   ActionPanelPrivate* own() const;
+  friend class ActionPanelPrivate;
 };
 
 } // namespace Vela::UiBase

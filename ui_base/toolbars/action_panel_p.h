@@ -18,6 +18,7 @@ public:
   QList<ToolBar*> bars() const;
   /// Locks the nest, or no longer.
   void applyLock();
+  void panelCame(const ToolButtonWithMenu& opener) override;
 
   bool isDisabled = false;
   QSet<const QObject*> busy; // the flyouts that work

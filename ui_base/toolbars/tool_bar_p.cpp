@@ -77,6 +77,8 @@ void ToolBarPrivate::changeNest(ToolButtonWithMenu* owner) {
     other->HideMenu();
 }
 
+void ToolBarPrivate::panelCame(const ToolButtonWithMenu&) {}
+
 bool ToolBarPrivate::dismissLeaf() {
   const QList<ToolButtonWithMenu*> menus = toolBar->MenuButtons(false);
   for (ToolButtonWithMenu* const button : menus) {

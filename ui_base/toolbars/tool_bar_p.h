@@ -66,6 +66,8 @@ public:
   }
   /// Takes a button out, closes its menu, and deletes both later.
   void removeButton(ToolButton& button);
+  /// A button of the nest has got a panel.
+  virtual void panelCame(const ToolButtonWithMenu& opener);
   /// Makes the bar the owner of a sub-toolbar.
   void adopt(ToolBar* subToolBar);
   /// Makes a fresh toolbar fit as the menu of a button of this one, with the looks of this one.

@@ -4,6 +4,8 @@
 #include "tool_button_arrow.h"
 #include "tool_button_with_button_menu_p.h"
 
+#include <ui_base/popups/popup_sight.h>
+#include <ui_base/popups/popup_window.h>
 #include <vlk_common_res/styles.h>
 
 #include <QEnterEvent>
@@ -51,6 +53,20 @@ void ToolButtonWithButtonMenuPrivate::letGoOf(ToolBar& bar) {
   bar.HideAllButtonMenusExcept(false, nullptr); // also those that opened when it was hidden
   if (bar.OwnerButton() == button)
     bar.SetOwnerButton(nullptr);
+}
+
+void ToolButtonWithButtonMenuPrivate::followBar() const {
+  ToolBar* const bar = subToolBar();
+  const ToolBar* const outer = liveToolBar();
+  QWidget* const place = outer ? outer->GetBaseToolBar()->parentWidget() : nullptr;
+  if (!place || isDying(*place) || !bar || !bar->isHidden() || bar->isAncestorOf(place))
+    return;
+  bringHome(*bar);
+  const QWidget* const before = bar->parentWidget();
+  if (!before || before->window() == place->window())
+    return; // a window, or where it may have been put
+  leaveFocus(*bar);
+  bar->setParent(place);
 }
 
 void ToolButtonWithButtonMenuPrivate::rebuildArrow() {
@@ -193,6 +209,7 @@ void ToolButtonWithButtonMenu::ShowMenu() {
   if (!menu)
     return;
   menu->SetEnableAutoPosition(false);
+  own()->followBar();
   own()->controlSubButtons();
   const QPointer<ToolButtonWithButtonMenu> self(this);
   ToolButtonWithMenu::ShowMenu();

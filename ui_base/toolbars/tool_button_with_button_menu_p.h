@@ -24,6 +24,8 @@ public:
   void controlSubButtons();
   void letSubButtonsGo();
   void letGoOf(ToolBar& bar);
+  /// The menu moves to the window that the toolbar has moved to.
+  void followBar() const;
   void rebuildArrow();
   void showSubIcon(const QIcon& icon);
   /// What the extend mode keeps from the user, and gives back.

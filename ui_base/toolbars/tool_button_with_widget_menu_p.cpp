@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tool_button_with_widget_menu_p.h"
 
+#include "tool_bar_p.h"
 #include "tool_button_with_button_menu.h"
 
 #include <ui_base/commands/flyout_command.h>
@@ -160,6 +161,10 @@ void ToolButtonWithWidgetMenuPrivate::takeMenu(QWidget& widget) {
   const auto isMine = [&] { return guard && menu && hosting == host; };
   host->join(*self);
   connectMenu(widget);
+  if (const ToolBar* const bar = liveToolBar())
+    ToolBarPrivate::of(*bar->GetBaseToolBar()).panelCame(*self);
+  if (!isMine())
+    return;
   if (arrowed)
     ensureWindow();
   if (!isShownByAnother()) {

@@ -71,9 +71,7 @@ void ToolbarManager::initialize(ToolBar* mainToolbar) {
   d->row = std::make_unique<ToolbarRow>(mainToolbar);
   if (mainToolbar) {
     mainToolbar->installEventFilter(this);
-    d->parent = mainToolbar->parentWidget();
-    if (d->parent)
-      d->parent->installEventFilter(this);
+    d->followParent(*this);
   }
   d->actionTimer = new QTimer(this);
   d->actionTimer->setSingleShot(true);
@@ -289,6 +287,23 @@ int ToolbarManager::visibleToolbarCount() const {
                            [](const ToolBar* toolbar) { return !toolbar->isHidden(); }));
 }
 
+// The row stands where the main toolbar does.
+void ToolbarManagerPrivate::followParent(QObject& manager) {
+  if (parent == mainToolbar->parentWidget())
+    return;
+  if (parent)
+    parent->removeEventFilter(&manager);
+  parent = mainToolbar->parentWidget();
+  if (parent)
+    parent->installEventFilter(&manager);
+  const QList<ToolBar*> all = toolbars();
+  const QList<LivePointer<ToolBar>> guarded(all.cbegin(), all.cend());
+  for (const LivePointer<ToolBar>& toolbar : guarded) {
+    if (toolbar && parent)
+      toolbar->setParent(parent);
+  }
+}
+
 void ToolbarManager::placeRow() {
   d->row->moveSeparator();
   d->row->place(d->toolbars());
@@ -301,6 +316,9 @@ bool ToolbarManager::eventFilter(QObject* watched, QEvent* event) {
   if (!self || !d->mainToolbar || watched != d->mainToolbar)
     return false;
   switch (event->type()) {
+  case QEvent::ParentChange:
+    d->followParent(*this);
+    break;
   case QEvent::Move:
   case QEvent::Resize:
   case QEvent::LayoutDirectionChange:

@@ -37,6 +37,9 @@ public:
   bool isAdded(const QString& id) const;
   bool isAdded(const CommandGroup& group) const;
 
+  /// The row goes where the main toolbar has gone, hidden; the manager filters that place.
+  void followParent(QObject& manager);
+
   QList<DynamicToolbar> dynamicToolbars;
   QList<std::pair<QString, QPointer<CommandGroup>>> groups; // those that were added
   QSet<QString> removed; // the identifiers of what was removed, though it may still be in its group
