@@ -123,7 +123,7 @@ void PresentationTest::closingWindowAsksItsViews_data() {
   QTest::addColumn<QString>("kind");
   QTest::addColumn<QString>("refusing");
   QTest::addColumn<QString>("story");
-  for (const char* kind : {"window", "dialog", "view"}) {
+  for (const char* kind : {"window", "dialog", "escaped dialog", "view"}) {
     const auto row = [&](const char* refusing, const char* story) {
       QTest::addRow("%s: %s", kind, refusing) << kind << refusing << story;
     };
@@ -147,9 +147,9 @@ void PresentationTest::closingWindowAsksItsViews() {
     }
   } refusal;
   Screen screen;
-  const std::unique_ptr<QWidget> window(kind == "dialog" ? new QDialog
-                                        : kind == "view" ? new BaseView
-                                                         : new QWidget);
+  const std::unique_ptr<QWidget> window(kind.endsWith("dialog") ? new QDialog
+                                        : kind == "view"        ? new BaseView
+                                                                : new QWidget);
   window->setAttribute(Qt::WA_DeleteOnClose, false);
   (new QVBoxLayout(window.get()))->addWidget(screen.view("a"));
   if (refusing == "window")
@@ -159,7 +159,10 @@ void PresentationTest::closingWindowAsksItsViews() {
   if (screen.controllers.contains(refusing))
     screen.controller(refusing)->mayClose = false;
   screen.calls.clear();
-  QCOMPARE(window->close(), refusing == "nobody");
+  if (kind.startsWith("escaped"))
+    QTest::keyClick(window->windowHandle(), Qt::Key_Escape);
+  else
+    QCOMPARE(window->close(), refusing == "nobody");
   settle();
   QTEST(screen.story(), "story");
   QCOMPARE(window->isVisible(), refusing != "nobody");

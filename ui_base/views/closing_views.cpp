@@ -8,6 +8,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDialog>
+#include <QKeyEvent>
 
 #include <utility>
 
@@ -79,6 +80,12 @@ bool ask(QWidget& widget, Views& agreed) {
   return true;
 }
 
+// Which hides it without a close event.
+bool isEscape(const QWidget& window, const QEvent& event) {
+  return event.type() == QEvent::KeyPress && qobject_cast<const QDialog*>(&window) &&
+         static_cast<const QKeyEvent&>(event).matches(QKeySequence::Cancel);
+}
+
 } // namespace
 
 bool mayClose(QWidget& widget) {
@@ -99,7 +106,8 @@ void ViewWindow::watch(QWidget& window) {
 }
 
 bool ViewWindow::eventFilter(QObject* watched, QEvent* event) {
-  return event->type() == QEvent::Close && watched == &m_window && !m_passesOn && close(event);
+  const bool closes = event->type() == QEvent::Close || isEscape(m_window, *event);
+  return closes && watched == &m_window && !m_passesOn && close(event);
 }
 
 bool ViewWindow::close(QEvent* event) {

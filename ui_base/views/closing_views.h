@@ -19,7 +19,7 @@ bool mayClose(QWidget& widget);
 
 /// Watches a window with views that is no view itself. They are asked when it closes: after the window's own
 /// answer, which may ask the shutdown delegates that the views are until they agree. The close event of a
-/// dialog ends the dialog at once, so there the views come first.
+/// dialog, and Escape, end the dialog at once, so there the views come first.
 class ViewWindow : public QObject {
   Q_OBJECT
 
