@@ -26,8 +26,8 @@ namespace {
 constexpr QSize ThumbnailSize(96, 60);                                 // px
 constexpr int Padding = 6;                                             // px
 constexpr QSize IconSize(ThumbnailSize + QSize(2 * Padding, Padding)); // with what is clear around it
-constexpr int LeastArea = 450; // px; in a lower one the pages need all the room
-constexpr int RingWidth = 2;   // px
+constexpr int LeastWindow = 480; // px; in a lower one the pages need all the room
+constexpr int RingWidth = 2;     // px
 
 // In the middle of an icon, so that all names stand at one height. Not tinted when it is selected.
 QIcon iconOf(const QPixmap& thumbnail) {
@@ -140,7 +140,8 @@ void PageStrip::showCurrent() {
   setCurrentRow(isMesh ? 0 : int(m_photos.document().position()) + 1);
 }
 
-void PageStrip::showIfRoom() { setVisible(!m_files.isEmpty() && m_area.height() >= LeastArea); }
+// By the window: a page may have a status bar, and the strip stays where it is from page to page.
+void PageStrip::showIfRoom() { setVisible(!m_files.isEmpty() && window()->height() >= LeastWindow); }
 
 // By the ways that can be recorded and done again.
 void PageStrip::open(int row) {

@@ -24,7 +24,7 @@ class PageStrip : public QListWidget {
   Q_OBJECT
 
 public:
-  /// @param area  what it is in, whose height tells whether there is room.
+  /// @param area  what it is in
   PageStrip(WorkbenchPages& pages, MeshViewController& mesh, PhotoView& photos, QWidget* area);
 
   QSize sizeHint() const override;
