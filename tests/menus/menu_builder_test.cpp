@@ -120,7 +120,9 @@ private Q_SLOTS:
     about->setText(id("&Info"));
     QVERIFY(!screen.item("About")->isEnabled());
     QCOMPARE(screen.item("About")->text(), id("&Info"));
-    delete about;
+    about->setCheckable(true);
+    connect(screen.item("About"), &QToolButton::toggled, &screen.receiver, [about] { delete about; });
+    about->setChecked(true);
     QVERIFY(screen.item("About")->isHidden());
   }
 

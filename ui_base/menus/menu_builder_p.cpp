@@ -174,15 +174,19 @@ void MenuBuilderPrivate::setShortcut(const MenuBarItemPointer& item, const QKeyS
 
 void MenuBuilderPrivate::follow(const MenuBarItemPointer& item, QAction& action) {
   QToolButton* const button = item->button.data();
-  const auto show = [button, source = &action] {
+  const auto show = [button = QPointer(button), source = QPointer(&action)] {
+    if (!button || !source)
+      return;
     const QString own = withoutMnemonic(source->text()) == source->toolTip() ? QString() : source->toolTip();
     button->setText(source->text());
     button->setIcon(source->icon());
     button->setToolTip(withShortcut(own, source->text(), source->shortcut()));
     button->setCheckable(source->isCheckable());
-    button->setChecked(source->isChecked());
-    button->setEnabled(source->isEnabled());
-    button->setVisible(source->isVisible());
+    button->setChecked(source->isChecked()); // who hears of it may end the action or the button
+    if (button && source)
+      button->setEnabled(source->isEnabled());
+    if (button && source)
+      button->setVisible(source->isVisible());
   };
   QObject::connect(&action, &QAction::changed, button, show);
   QObject::connect(&action, &QAction::changed, q, [this] { refreshShortcuts(); });
@@ -197,12 +201,8 @@ void MenuBuilderPrivate::follow(const MenuBarItemPointer& item, QAction& action)
   }
   item->hasClick = true;
   item->keys = &action;
-  QObject::connect(button, &QToolButton::clicked, &action,
-                   [show, source = guard, target = QPointer<QToolButton>(button)] {
-                     source->trigger();
-                     if (source && target)
-                       show(); // a checked action of a group stays checked
-                   });
+  QObject::connect(button, &QToolButton::clicked, &action, &QAction::trigger);
+  QObject::connect(button, &QToolButton::clicked, &action, show); // a checked action of a group stays checked
   refreshShortcuts();
 }
 

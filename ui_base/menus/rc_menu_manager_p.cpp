@@ -232,7 +232,7 @@ bool RCMenuManagerPrivate::filterButton(RCMenuLink& pair, QEvent& event) {
   case QEvent::MouseButtonPress:
   case QEvent::MouseButtonDblClick:
     // The button's own handling would wait inside the press until the menu closes.
-    if (static_cast<QMouseEvent&>(event).button() != Qt::LeftButton)
+    if (static_cast<QMouseEvent&>(event).button() != Qt::LeftButton || !pair.button->isEnabled())
       return false;
     pair.button->setDown(true);
     return true;
