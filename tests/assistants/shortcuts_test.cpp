@@ -255,7 +255,7 @@ private Q_SLOTS:
     QCOMPARE(kept.size(), 1);
     ShortcutScheme later; // of the next start
     later.restore(stage.scheme.values());
-    QVERIFY(later.rules().met() == stage.scheme.rules().met() && later.rules().met().size() > 0);
+    QVERIFY(later.rules().met() == stage.scheme.rules().met() && !later.rules().met().isEmpty());
     QVERIFY(stage.controller->isNotificationShowing());
     QCOMPARE(stage.ran, QStringList());
     stage.measure->setEnabled(false);
