@@ -210,12 +210,14 @@ void CoverTest::popupsOfTheFrontLieOverItsWindow() {
 void CoverTest::notificationIsSeenOverAppearedViewsOnly() {
   Screen screen;
   screen.run(QStringLiteral("a>b"));
-  screen.controller("a")->showNotification(QStringLiteral("Saved."), FadeInOnly, 3000, false, nullptr,
-                                           nullptr);
-  const auto* const bar = screen.view("a")->findChild<NotificationBar*>();
-  QVERIFY(!bar->isVisible());
+  for (const char* name : {"a", "c"})
+    screen.controller(name)->showNotification(QStringLiteral("Saved."), FadeInOnly, 3000);
+  const auto bars =
+      screen.view("a")->findChildren<NotificationBar*>() + screen.view("c")->findChildren<NotificationBar*>();
+  screen.run(QStringLiteral("c@a"));
+  QVERIFY(!bars[0]->isVisible() && !bars[1]->isVisible());
   screen.run(QStringLiteral("b<"));
-  QVERIFY(bar->isVisible());
+  QVERIFY(bars[0]->isVisible() && bars[1]->isVisible());
 }
 
 VELA_TEST_MAIN(CoverTest)

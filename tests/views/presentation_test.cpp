@@ -88,12 +88,11 @@ void PresentationTest::requestsSayWhetherTheyWereDone() {
   }
   Screen screen;
   QTabWidget tabs;
-  for (const char* name : {"b", "c"})
-    tabs.addTab(screen.view(name), name);
+  tabs.addTab(screen.view("b"), "b");
+  tabs.addTab(screen.view("c"), "c");
   tabs.show();
   screen.controller("c")->on["viewWillAppear"] = [&] { screen.run("d>b"); }; // as b leaves the tabs
   QVERIFY(screen.controller("a")->presentViewController(screen.controller("b"), FromLeft) && !screen.answer);
-  QVERIFY(!screen.view("d")->children().contains(screen.view("b")));
   const auto held = screen.controller("b")->shared_from_this();
   screen.view("b")->close(); // it is about to be deleted
   QVERIFY(!screen.controller("a")->presentViewController(screen.controller("b"), FromLeft));

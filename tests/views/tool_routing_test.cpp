@@ -7,7 +7,6 @@
 #include <QDialog>
 #include <QMenu>
 
-using Vela::Test::RecordingTool;
 using Vela::Test::ToolScreen;
 using namespace Vela::UiBase;
 
@@ -185,9 +184,8 @@ void ToolRoutingTest::toolsWaitForAnotherOne() {
   for (const char* script : {"R+ mv push", "push R+ mv pop"}) {
     ToolScreen screen;
     const auto left = screen.tool("left");
-    screen.on("push", [&] {
-      screen.controller->pushTool(LeftButton, std::make_shared<RecordingTool>("over", screen.journal));
-    });
+    const auto over = std::make_shared<Vela::Test::RecordingTool>("over", screen.journal);
+    screen.on("push", [&] { screen.controller->pushTool(LeftButton, over); });
     screen.on("pop", [&] { screen.controller->popTool(LeftButton); });
     screen.play(script);
     QVERIFY2(screen.controller->getTool(LeftButton)->isSuspended(), script);

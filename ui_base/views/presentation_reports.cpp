@@ -25,9 +25,15 @@ void Presentation::willShow(BaseView& view, bool takesFocus) {
 
 void Presentation::didLoad(BaseView& view) {
   const auto self = shared_from_this();
+  const QPointer<BaseView> loaded(&view);
   if (front() == &view && view.isVisible() && !liesCovered())
     tell(view, Told::Appeared);
   settle();
+  const auto controller = loaded ? loaded->ownController() : nullptr;
+  if (!controller || told(*loaded) != Told::Nothing || of(*loaded)->mayNotify(*loaded))
+    return;
+  controller->m_told = Told::Disappeared; // it is covered, and there is nothing to tell
+  controller->reachChanged();
 }
 
 void Presentation::willHide(BaseView& view, bool unmapped) {
