@@ -202,20 +202,6 @@ private Q_SLOTS:
     QVERIFY(stage.flyout->isVisible() && stage.flyout->window() == &stage.window);
   }
 
-  void commandEndsThatBeganAsItsPanelCloses() {
-    QSpinBox panel;
-    MenuStage stage(false, &panel);
-    stage.click(stage.button);
-    connect(stage.button, &ToolButtonWithMenu::ButtonMenuVisibilityChange, stage.button, [&] {
-      stage.command->trigger();
-      stage.button->HideMenu();
-    });
-    stage.button->HideMenu();
-    Vela::Test::settle();
-    QVERIFY(!panel.isVisible() && !stage.command->isActive());
-    QCOMPARE(stage.observer->ended, 2);
-  }
-
   void menuIsExchangedWhileItDies_data() {
     QTest::addColumn<bool>("panelDies");
     QTest::newRow("panel") << true;
