@@ -74,7 +74,7 @@ Accessible Accessible::find(const Condition& condition) const {
       continue;
     if (condition(child))
       return child;
-    if (const Accessible below = child.find(condition))
+    if (Accessible below = child.find(condition))
       return below;
   }
   return {};

@@ -4,7 +4,6 @@
 #include <QScreen>
 
 using namespace Vela::UiBase;
-using Vela::Test::settle;
 
 /// How a menu bar is used, with the mouse and with the keyboard.
 class MenuBarTest : public Vela::Test::TestCase {

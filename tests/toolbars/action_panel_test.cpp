@@ -90,6 +90,17 @@ private Q_SLOTS:
     QCOMPARE(enabledButtons(), 4 + 3 - 2);
   }
 
+  void aPanelThatDiesAtWorkLeavesTheBarsOfOthersFree() {
+    Stage stage;
+    ToolBar own(&stage.window, Qt::LeftToolBarArea);
+    const ToolButton* const button = own.AddAction(new QAction(coloredIcon(Qt::red), "Own", &own));
+    stage.menuButton()->SetMenu(&own);
+    stage.outer->SetBusy(true);
+    QVERIFY(!button->isEnabled());
+    delete stage.panel;
+    QVERIFY(button->isEnabled());
+  }
+
   void panelsInsideOfPanelsArePanels() {
     Stage stage;
     const auto deep = namedGroup("deep", 1);

@@ -65,7 +65,7 @@ QString BarsWorld::fault() {
     return m_tooltipFault;
   for (const auto found : {&BarsWorld::menuFault, &BarsWorld::nestFault, &BarsWorld::lockFault,
                            &BarsWorld::commandFault, &BarsWorld::placeFault, &BarsWorld::sightFault}) {
-    if (const QString fault = (this->*found)(); !fault.isEmpty())
+    if (QString fault = (this->*found)(); !fault.isEmpty())
       return fault;
   }
   return {};

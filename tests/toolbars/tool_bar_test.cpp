@@ -164,6 +164,7 @@ private Q_SLOTS:
   void listOfWhatDoesNotFitIsInSight_data() {
     const Vela::Test::Rows<Qt::ToolBarArea, Qt::LayoutDirection> row("area", "direction");
     row("bottom", Qt::BottomToolBarArea, Qt::LeftToRight);
+    row("bottom, mirrored", Qt::BottomToolBarArea, Qt::RightToLeft);
     row("right", Qt::RightToolBarArea, Qt::LeftToRight);
     row("left, mirrored", Qt::LeftToolBarArea, Qt::RightToLeft);
   }
@@ -189,6 +190,14 @@ private Q_SLOTS:
     const auto* const list = more->findChild<QMenu*>();
     QVERIFY(list && list->isVisible() && desktop.contains(list->geometry()));
     QVERIFY(!list->geometry().intersects(QRect(more->mapToGlobal(QPoint()), more->size())));
+    if (area != Qt::BottomToolBarArea)
+      return;
+    const QImage picture = more->grab().toImage();
+    const QPoint centre = more->rect().center();
+    const auto ink = [&](int x) {
+      return qAbs(qGray(picture.pixel(centre + QPoint(x, 0))) - qGray(picture.pixel(centre + QPoint(x, 6))));
+    };
+    QVERIFY2((ink(4) > ink(-4)) == (direction == Qt::LeftToRight), "where its tips point");
   }
 
   void whatDiesWithItsGroupGoes() {

@@ -118,6 +118,9 @@ private Q_SLOTS:
     stage.bar->ShowMe();
     stage.menuButton->ShowMenu();
     QVERIFY(stage.subBar->isVisible() && stage.subBar->window() == &other);
+    stage.button->SetMenuParameters(true, {}, Bottom, 60, AlignStart);
+    stage.button->ShowMenu();
+    QVERIFY(stage.flyout->mapTo(&other, QPoint()).y() > stage.button->mapTo(&other, QPoint()).y() + 60);
     delete stage.bar;
   }
 
