@@ -233,6 +233,7 @@ private Q_SLOTS:
     ActionReceiver receiver;
     receiver.then = [&] { delete f.bar; };
     f.bar->setFadeDuration(fadeMs);
+    QCOMPARE(f.bar->showNotification(f.host, FadeInAndOut, 0), 0); // it lies in that
     f.bar->showNotification(new QLabel("content"), FadeInAndOut, 0, true, &receiver, SLOT(onAction()));
     settle();
     end(f, receiver);

@@ -50,7 +50,7 @@ LayoutBaseWidget::LayoutBaseWidget(QWidget* parent)
 LayoutBaseWidget::~LayoutBaseWidget() = default;
 
 void LayoutBaseWidget::addWidget(QWidget* widget) {
-  if (!widget || widget == this || d->widgets.contains(widget))
+  if (!widget || widget == this || widget->isAncestorOf(this) || d->widgets.contains(widget))
     return;
   const bool staysHidden = widget->isHidden() && widget->testAttribute(Qt::WA_WState_ExplicitShowHide);
   widget->setParent(this);

@@ -38,8 +38,8 @@ public:
   explicit LayoutBaseWidget(QWidget* parent = nullptr);
   ~LayoutBaseWidget() override;
 
-  /// Appends a widget and takes it over. It is shown unless it was hidden on purpose. Null, the widget itself
-  /// and what it has already are ignored.
+  /// Appends a widget and takes it over. It is shown unless it was hidden on purpose. Null, the widget
+  /// itself, what it lies in and what it has already are ignored.
   void addWidget(QWidget* widget);
   /// The contents in their order, the hidden ones too.
   QList<QWidget*> widgets() const;

@@ -51,8 +51,8 @@ public:
                            bool closable = false, QObject* receiver = nullptr, const char* member = nullptr);
 
   /// The same for a widget, which the bar takes over and deletes when the notification has ended. A content
-  /// that deletes itself ends its notification. Returns 0 for null and for a content that the bar already
-  /// has.
+  /// that deletes itself ends its notification. Returns 0 for null, for a content that the bar already has,
+  /// and for one that the bar lies in.
   quint64 showNotification(QWidget* content, ENotificationFadeOption fade, int durationMs,
                            bool closable = false, QObject* receiver = nullptr, const char* member = nullptr);
 

@@ -36,7 +36,8 @@ NotificationBarPrivate::NotificationBarPrivate(NotificationBar* owner)
 quint64 NotificationBarPrivate::accept(const Notification& notification) {
   const QWidget* content = notification.content;
   const bool isNothing = !content && notification.message.isEmpty();
-  if (isNothing || content == bar || (content && content->parentWidget() == bar))
+  if (isNothing ||
+      (content && (content == bar || content->isAncestorOf(bar) || content->parentWidget() == bar)))
     return 0;
   return post(makeEntry(notification));
 }
