@@ -42,8 +42,8 @@ public:
   }
   Q_DISABLE_COPY_MOVE(TooltipFixture)
 
-  static void moveTo(const QWidget* target) { moveTo(target, target->rect().center()); }
-  static void moveTo(const QWidget* target, const QPoint& position) {
+  void moveTo(const QWidget* target) const { moveTo(target, target->rect().center()); }
+  void moveTo(const QWidget* target, const QPoint& position) const {
     QCursor::setPos(target->mapToGlobal(position));
     QCoreApplication::processEvents();
   }

@@ -79,7 +79,7 @@ private Q_SLOTS:
         f.tooltip->SetNormalStateCallbackHandler(&handler);
       else
         f.tooltip->SetHoveredStateCallbackHandler(&handler);
-      TooltipFixture::moveTo(f.widget);
+      f.moveTo(f.widget);
       f.moveAway();
       QVERIFY(!f.tooltip);
     }
@@ -91,7 +91,7 @@ private Q_SLOTS:
       f.tooltip->SetTooltipType(QuickTooltip);
       f.widget->setFocus();
       QTRY_VERIFY(f.tooltip->IsVisible());
-      TooltipFixture::moveTo(f.shown());
+      f.moveTo(f.shown());
       f.tooltip->SetNormalStateCallbackHandler(&handler);
       if (pressed)
         f.press(f.shown());
