@@ -14,7 +14,6 @@
 
 using namespace Vela::UiToolkit;
 using Vela::Resource::Styles;
-using Vela::Test::settle;
 
 class ToolkitWidgetsTest : public Vela::Test::TestCase {
   Q_OBJECT

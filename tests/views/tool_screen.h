@@ -65,7 +65,7 @@ public:
   }
   Q_DISABLE_COPY_MOVE(ToolScreen)
 
-  void on(const QString& word, std::function<void()> action) { m_actions.insert(word, std::move(action)); }
+  void on(const QString& word, const std::function<void()>& action) { m_actions.insert(word, action); }
   void play(const QString& script) {
     const QStringList words = script.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     for (const QString& word : words) {

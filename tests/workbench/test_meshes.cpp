@@ -19,9 +19,10 @@ struct Count {
 /// the last ones are those between the last points and the first.
 Mesh grid(Count points, Count cells, const std::function<QVector3D(float row, float column)>& place) {
   std::vector<QVector3D> positions;
-  for (int i = 0; i < points.rows * points.columns; ++i)
-    positions.push_back(place(float(i / points.columns) / float(cells.rows),
-                              float(i % points.columns) / float(cells.columns)));
+  for (int row = 0; row < points.rows; ++row) {
+    for (int column = 0; column < points.columns; ++column)
+      positions.push_back(place(float(row) / float(cells.rows), float(column) / float(cells.columns)));
+  }
   const auto at = [points](int row, int column) {
     return std::uint32_t(row % points.rows * points.columns + column % points.columns);
   };

@@ -124,8 +124,9 @@ public:
   void SetActiveButton(ToolButtonWithWidgetMenu* button);
   /// The outermost toolbar of the nest; this one when it is no menu.
   ToolBar* GetBaseToolBar() const;
-  /// Has F6 lead to a bar of another kind, too, as long as it lives: to the first thing in it that Tab
-  /// reaches. It may stand anywhere, be hidden, and get other windows. Null is ignored.
+  /// Has F6 lead to a bar of another kind, too, as long as it lives: to the bar itself where Tab
+  /// reaches it, else to the first thing in it. It may stand anywhere, be hidden, and get other windows. Null
+  /// is ignored.
   static void AddToFocusCycle(QWidget* bar);
   /// The button whose menu this toolbar is, or null.
   ToolButtonWithMenu* OwnerButton() const;
