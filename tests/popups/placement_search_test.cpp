@@ -12,7 +12,7 @@ using Vela::Test::Rows;
 
 namespace {
 
-constexpr QRect reference(100, 50, 31, 20); // to (130, 69), its centre at (115, 59)
+constexpr QRect owner(100, 50, 31, 20); // to (130, 69), its centre at (115, 59)
 
 /// A window of a fixed size whose arrow ends at its edge, as far as it can be told without a widget. An arrow
 /// slides while its anchor stays in the window, so the wrong axis takes it inwards.
@@ -108,8 +108,7 @@ private Q_SLOTS:
     QFETCH(QList<QPoint>, startCenterEnd);
     constexpr QPoint more(3, -5);
     for (const EWidgetsAlign alignment : {AlignStart, AlignCenter, AlignEnd}) {
-      const Placement::Target target{
-          .reference = reference, .alignment = alignment, .additionalOffset = more};
+      const Placement::Target target{.reference = owner, .alignment = alignment, .additionalOffset = more};
       QCOMPARE(Placement::plainPosition(target, side, {100, 41}), startCenterEnd[alignment] + more);
     }
   }
@@ -129,7 +128,7 @@ private Q_SLOTS:
     QFETCH(EArrowPosition, position);
     QFETCH(QPoint, tip);
     // The additional offset is not for arrows.
-    const Placement::Target target{.reference = reference, .additionalOffset = {500, 500}};
+    const Placement::Target target{.reference = owner, .additionalOffset = {500, 500}};
     const auto place = [&](bool fixedAngle) {
       return Placement::arrowedPosition(
           target, {SArrowParam{.position = position, .fixedAngle = fixedAngle}, side}, {0, 0, 80, 60}, tip);

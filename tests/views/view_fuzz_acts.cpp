@@ -163,7 +163,7 @@ void ViewFuzz::reparent(BaseView& view) {
           place ? place->findChild<BaseView*>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
       isInner && outer && outer != &view && !view.isAncestorOf(outer))
     place = outer;
-  note(QLatin1String(place ? "…into a tab" : "…into a window of its own"));
+  note(place ? QStringLiteral("…into a tab") : QStringLiteral("…into a window of its own"));
   if (place && number % 4 == 1)
     m_tabs->addTab(&view, QStringLiteral("view"));
   else
