@@ -24,7 +24,7 @@ packages_for() {
     web) echo qt6-webengine-dev ;;
     # Packing and unpacking Debian packages, and a program that finds the library by pkg-config.
     test)
-      echo xvfb xauth clang-format dpkg-dev pkgconf
+      echo xvfb xauth clang-format dpkg-dev file pkgconf
       # A desktop to drive a program on: window manager, keys and mouse, and what screen readers ask.
       echo openbox xdotool dbus at-spi2-core libatspi2.0-dev
       ;;
