@@ -18,7 +18,7 @@ public Q_SLOTS:
   void setValue(int newValue) { value = newValue; }
 
 Q_SIGNALS:
-  void turned(int newValue);
+  void turned(int);
 };
 
 } // namespace
