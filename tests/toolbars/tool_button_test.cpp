@@ -4,7 +4,7 @@
 #include <support/input.h>
 #include <support/test_case.h>
 #include <ui_base/toolbars/tool_bar.h>
-#include <ui_base/toolbars/tool_button_with_button_menu.h>
+#include <ui_base/toolbars/tool_button.h>
 #include <ui_base/tooltips/tooltip_object.h>
 #include <vlk_license/license_service.h>
 
@@ -112,11 +112,6 @@ private Q_SLOTS:
     Vela::Test::moveMouse(*stage.button);
     Vela::Test::settle();
     QCOMPARE(shownColor(*stage.button), QColor(Qt::red));
-    ToolButtonWithButtonMenu named(twoPictures(), stage.bar, nullptr, "Named", stage.bar);
-    named.setGeometry(100, 10, 40, 40);
-    named.show();
-    Vela::Test::moveMouse(named);
-    QTRY_COMPARE(shownColor(named), QColor(Qt::green));
   }
 
   void whatIsSetOnTheButtonLasts() {
@@ -183,9 +178,6 @@ private Q_SLOTS:
     stage.button->SetLocked(false);
     QTest::keyClick(stage.window.windowHandle(), Qt::Key_Space);
     QVERIFY(stage.action.isChecked() && stage.button->GetTooltipObject()->IsTooltipEnabled());
-    QTest::mousePress(stage.window.windowHandle(), Qt::LeftButton, {}, Vela::Test::inWindow(*stage.button));
-    stage.button->setEnabled(false);
-    QVERIFY(!stage.button->isDown());
   }
 
   void licenseLocksPaidCommands() {
