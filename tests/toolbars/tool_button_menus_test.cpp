@@ -121,7 +121,10 @@ private Q_SLOTS:
     stage.button->SetMenuParameters(true, {}, Bottom, 60, AlignStart);
     stage.button->ShowMenu();
     QVERIFY(stage.flyout->mapTo(&other, QPoint()).y() > stage.button->mapTo(&other, QPoint()).y() + 60);
-    delete stage.bar;
+    stage.bar->setParent(stage.view);
+    new EndsAnother(stage.subBar, QEvent::ParentChange, stage.menuButton);
+    stage.menuButton->ShowMenu();
+    QVERIFY(!stage.menuButton && !stage.subBar->isVisible());
   }
 
   void replacedFlyoutGoesHome() {

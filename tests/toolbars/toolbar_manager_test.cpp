@@ -48,20 +48,6 @@ struct Row {
   std::vector<std::shared_ptr<CommandGroup>> groups;
 };
 
-/// Ends another widget when one hears that it is enabled or disabled.
-class EndsAnother : public QObject {
-public:
-  EndsAnother(QWidget* one, QWidget* other) : QObject(one), m_other(other) { one->installEventFilter(this); }
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::EnabledChange)
-      delete m_other;
-    return false;
-  }
-
-private:
-  QPointer<QWidget> m_other;
-};
-
 /// Counts the showings and hidings of a widget.
 class Visibility : public QObject {
 public:
@@ -229,10 +215,13 @@ private Q_SLOTS:
     for (int i = 0; i < 3; ++i)
       row.begin(i);
     Vela::Test::settle();
-    new EndsAnother(row.bar(0), row.bar(1));
+    new EndsAnother(row.bar(0), QEvent::EnabledChange, row.bar(1));
     row.main->setEnabled(false);
     QVERIFY(!row.bar(1));
     QVERIFY(!row.bar(0)->isEnabled() && !row.bar(2)->isEnabled());
+    QWidget other;
+    new EndsAnother(row.bar(0), QEvent::ParentChange, row.manager);
+    row.main->setParent(&other);
   }
 };
 

@@ -5,7 +5,9 @@
 #include <ui_base/core/shared_object.h>
 
 #include <QByteArray>
+#include <QEvent>
 #include <QIcon>
+#include <QPointer>
 #include <QString>
 #include <QToolButton>
 
@@ -47,3 +49,20 @@ inline std::shared_ptr<Vela::UiBase::CommandGroup> namedGroup(const QByteArray& 
     group->addCommand(namedCommand(QStringLiteral("%1 %2").arg(text).arg(i)), i);
   return group;
 }
+
+/// Ends another object when one gets such an event.
+class EndsAnother : public QObject {
+public:
+  EndsAnother(QWidget* one, QEvent::Type when, QObject* other) : QObject(one), m_when(when), m_other(other) {
+    one->installEventFilter(this);
+  }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == m_when)
+      delete m_other;
+    return false;
+  }
+
+private:
+  QEvent::Type m_when;
+  QPointer<QObject> m_other;
+};

@@ -56,17 +56,18 @@ void ToolButtonWithButtonMenuPrivate::letGoOf(ToolBar& bar) {
 }
 
 void ToolButtonWithButtonMenuPrivate::followBar() const {
-  ToolBar* const bar = subToolBar();
+  const LivePointer<ToolBar> bar = subToolBar();
   const ToolBar* const outer = liveToolBar();
-  QWidget* const place = outer ? outer->GetBaseToolBar()->parentWidget() : nullptr;
+  const QPointer<QWidget> place = outer ? outer->GetBaseToolBar()->parentWidget() : nullptr;
   if (!place || isDying(*place) || !bar || !bar->isHidden() || bar->isAncestorOf(place))
     return;
   bringHome(*bar);
-  const QWidget* const before = bar->parentWidget();
-  if (!before || before->window() == place->window())
+  const QWidget* const before = bar ? bar->parentWidget() : nullptr;
+  if (!before || !place || before->window() == place->window())
     return; // a window, or where it may have been put
   leaveFocus(*bar);
-  bar->setParent(place);
+  if (bar && place)
+    bar->setParent(place);
 }
 
 void ToolButtonWithButtonMenuPrivate::rebuildArrow() {
@@ -208,10 +209,12 @@ void ToolButtonWithButtonMenu::ShowMenu() {
   ToolBar* const menu = GetMenu();
   if (!menu)
     return;
+  const QPointer<ToolButtonWithButtonMenu> self(this);
   menu->SetEnableAutoPosition(false);
   own()->followBar();
+  if (!self)
+    return;
   own()->controlSubButtons();
-  const QPointer<ToolButtonWithButtonMenu> self(this);
   ToolButtonWithMenu::ShowMenu();
   if (self)
     own()->rebuildArrow();

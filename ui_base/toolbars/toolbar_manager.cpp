@@ -293,14 +293,15 @@ void ToolbarManagerPrivate::followParent(QObject& manager) {
     return;
   if (parent)
     parent->removeEventFilter(&manager);
-  parent = mainToolbar->parentWidget();
-  if (parent)
-    parent->installEventFilter(&manager);
+  const QPointer<QWidget> place = parent = mainToolbar->parentWidget();
+  if (place)
+    place->installEventFilter(&manager);
   const QList<ToolBar*> all = toolbars();
   const QList<LivePointer<ToolBar>> guarded(all.cbegin(), all.cend());
+  const QPointer<QObject> guard(&manager); // who hears of a move may end it, or move the main toolbar again
   for (const LivePointer<ToolBar>& toolbar : guarded) {
-    if (toolbar && parent)
-      toolbar->setParent(parent);
+    if (guard && toolbar && place && parent == place)
+      toolbar->setParent(place);
   }
 }
 
