@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "bars_world.h"
 
+#include <ui_base/core/dying.h>
+
 #include <QApplication>
 #include <QEventLoop>
 #include <QTimer>
@@ -36,7 +38,7 @@ void BarsWorld::clickOn(QWidget* target) {
 
 void BarsWorld::key(Qt::Key key) {
   QWidget* const window = QApplication::activeWindow();
-  if (window && window->windowHandle() && window->nextInFocusChain()) // else it is being destroyed
+  if (window && window->windowHandle() && !isDying(*window))
     QTest::keyClick(window->windowHandle(), key);
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "focus_keeper.h"
 
+#include "dying.h"
+
 #include <QApplication>
 
 #include <utility>
@@ -11,8 +13,8 @@ void FocusKeeper::keep() { m_before = QApplication::focusWidget(); }
 
 bool FocusKeeper::giveBackFrom(const QWidget& taker, Qt::FocusReason reason) {
   QWidget* const before = std::exchange(m_before, nullptr);
-  // One that is being destroyed has left the focus chain; the window would keep it as its focus.
-  if (!before || !before->nextInFocusChain() || !before->isVisible() || !before->isEnabled() || !isIn(taker))
+  // The window would keep one that is being destroyed as its focus.
+  if (!before || isDying(*before) || !before->isVisible() || !before->isEnabled() || !isIn(taker))
     return false;
   before->setFocus(reason);
   return true;

@@ -10,6 +10,8 @@
 #include "widget_pos_calculator.h"
 #include "widget_pos_calculator_p.h"
 
+#include <ui_base/core/dying.h>
+
 #include <QApplication>
 #include <QPointer>
 #include <QScreen>
@@ -319,8 +321,6 @@ void PopupSight::move(const KeptStance& kept) {
   const QPoint position = kept.rect.topLeft() - seenOfPopup().topLeft();
   m_popup->move(m_popup->isWindow() ? position : position - m_popup->parentWidget()->mapToGlobal(QPoint()));
 }
-
-bool isDying(const QWidget& widget) { return !widget.nextInFocusChain(); }
 
 void bringHome(QWidget& popup) {
   const PopupHome home = homeOf(popup);

@@ -42,7 +42,4 @@ UI_BASE_EXPORT void placeInSight(WidgetPosCalculator& calculator, const std::fun
 /// that is shown, or that was given another parent since.
 UI_BASE_EXPORT void bringHome(QWidget& popup);
 
-/// Whether a widget is being destroyed: it has left the focus chain, and nobody can be taken into it.
-UI_BASE_EXPORT bool isDying(const QWidget& widget);
-
 } // namespace Vela::UiBase

@@ -4,6 +4,7 @@
 #include "tool_button_arrow.h"
 #include "tool_button_with_button_menu_p.h"
 
+#include <ui_base/core/dying.h>
 #include <ui_base/popups/popup_sight.h>
 #include <ui_base/popups/popup_window.h>
 #include <vlk_common_res/styles.h>

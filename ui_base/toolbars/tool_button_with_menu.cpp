@@ -4,7 +4,7 @@
 #include "tool_button_accessible.h"
 #include "tool_button_with_menu_p.h"
 
-#include <ui_base/popups/popup_sight.h>
+#include <ui_base/core/dying.h>
 #include <ui_base/popups/popup_window.h>
 
 #include <QKeyEvent>

@@ -3,6 +3,7 @@
 
 #include "tool_bar_p.h"
 
+#include <ui_base/core/dying.h>
 #include <ui_base/popups/popup_sight.h>
 
 #include <QApplication>

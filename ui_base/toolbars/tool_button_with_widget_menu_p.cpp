@@ -5,6 +5,7 @@
 #include "tool_button_with_button_menu.h"
 
 #include <ui_base/commands/flyout_command.h>
+#include <ui_base/core/dying.h>
 #include <ui_base/popups/popup_sight.h>
 #include <vlk_common_res/styles.h>
 
