@@ -4,9 +4,8 @@
 #include "interactive_tool.h"
 
 #include <algorithm>
-#include <deque>
-#include <map>
 #include <utility>
+#include <vector>
 
 template class Taren::Objects::SharedObject<Vela::UiBase::ToolStack>;
 
@@ -14,28 +13,42 @@ namespace Vela::UiBase {
 
 class ToolStackPrivate {
 public:
-  using Stack = std::deque<std::shared_ptr<InteractiveTool>>; // the top is at the back
+  using Stack = std::vector<std::shared_ptr<InteractiveTool>>; // the top is at the back
 
-  std::map<EToolActivationButton, Stack> tools;
+  // In the order of the buttons. A list, as every move of the mouse goes through it.
+  std::vector<std::pair<EToolActivationButton, Stack>> tools;
   bool alive = true;
+
+  Stack& stackOf(EToolActivationButton button) {
+    const auto place = std::find_if(tools.begin(), tools.end(),
+                                    [button](const auto& entry) { return entry.first >= button; });
+    if (place != tools.end() && place->first == button)
+      return place->second;
+    return tools.insert(place, {button, Stack()})->second;
+  }
+
+  const Stack* find(EToolActivationButton button) const {
+    const auto found = std::find_if(tools.begin(), tools.end(),
+                                    [button](const auto& entry) { return entry.first == button; });
+    return found == tools.end() ? nullptr : &found->second;
+  }
 
   // Observers of its reports may have pushed another one over it, or emptied the stack.
   void remove(EToolActivationButton button, const std::shared_ptr<InteractiveTool>& tool) {
-    Stack& stack = tools[button];
+    Stack& stack = stackOf(button);
     const auto found = std::find(stack.rbegin(), stack.rend(), tool);
     if (found != stack.rend())
       stack.erase(std::prev(found.base()));
   }
 
   std::shared_ptr<InteractiveTool> top(EToolActivationButton button) const {
-    const auto found = tools.find(button);
-    return found == tools.end() || found->second.empty() ? nullptr : found->second.back();
+    const Stack* const stack = find(button);
+    return !stack || stack->empty() ? nullptr : stack->back();
   }
 
   bool holds(EToolActivationButton button, const std::shared_ptr<InteractiveTool>& tool) const {
-    const auto found = tools.find(button);
-    return found != tools.end() &&
-           std::find(found->second.begin(), found->second.end(), tool) != found->second.end();
+    const Stack* const stack = find(button);
+    return stack && std::find(stack->begin(), stack->end(), tool) != stack->end();
   }
 
   std::shared_ptr<InteractiveTool> operating() const {
@@ -112,7 +125,7 @@ void ToolStack::pushTool(EToolActivationButton button, std::shared_ptr<Interacti
   data->suspendTop(button);
   if (!data->alive)
     return;
-  data->tools[button].push_back(tool);
+  data->stackOf(button).push_back(tool);
   tool->setDelegate(self, false);
   tool->activate();
 }

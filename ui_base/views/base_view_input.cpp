@@ -126,6 +126,8 @@ bool BaseView::event(QEvent* event) {
   const QEvent::Type type = event->type();
   if (d->dying) // of an event loop that runs in what its destructor calls
     return false;
+  if (type == QEvent::MouseMove && !d->presentation->isCovered(*this))
+    return QWidget::event(event); // none comes as often
   std::optional<ViewsInUse> inUse;
   if (isPartOfWalk(*event))
     inUse.emplace();
