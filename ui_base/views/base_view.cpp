@@ -184,6 +184,8 @@ void BaseView::loadController() {
 }
 
 void BaseView::hideEvent(QHideEvent* event) {
+  if (!testAttribute(Qt::WA_WState_Created)) // never seen: Qt 6.8 tells of that too
+    return QWidget::hideEvent(event);
   const QPointer<BaseView> self(this);
   const EventScope scope(*this, *d);
   const bool minimised = event->spontaneous();
