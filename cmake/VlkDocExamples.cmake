@@ -27,7 +27,7 @@ function(vlk_doc_examples target)
   set_target_properties(${target} PROPERTIES AUTOMOC OFF UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
   if(NOT MSVC)
     # Examples name things only to show how they come about.
-    target_compile_options(${target} PRIVATE -O0 -g0 -Wall -Wextra -Wno-unused)
+    target_compile_options(${target} PRIVATE -O0 -g0 -Wall -Wextra -Wno-unused -Wno-misleading-indentation)
   endif()
   if(VLK_WARNINGS_AS_ERRORS)
     set_target_properties(${target} PROPERTIES COMPILE_WARNING_AS_ERROR ON)

@@ -23,7 +23,7 @@ function(vlk_header_examples target surroundings)
   set_target_properties(${target} PROPERTIES AUTOMOC OFF)
   if(NOT MSVC)
     # Examples name things only to show how they come about, and leave out what does not matter.
-    target_compile_options(${target} PRIVATE -O0 -g0 -Wall -Wextra -Wno-unused -Wno-return-type)
+    target_compile_options(${target} PRIVATE -O0 -g0 -Wall -Wextra -Wno-unused -Wno-return-type -Wno-misleading-indentation)
   endif()
 endfunction()
 
