@@ -27,6 +27,12 @@ CommandBase* firstOf(const CommandBag& bag, const QString& id) {
   return found;
 }
 
+class BeginCounter : public QObject, public CommandStateProtocol {
+public:
+  void commandBegan(CommandBase*) override { ++begun; }
+  int begun = 0;
+};
+
 } // namespace
 
 /// What a group shows, holds and passes on, and how it is cycled.
@@ -52,6 +58,29 @@ private Q_SLOTS:
     button.reset();
     QVERIFY(!group->toolButton());
     child->setChecked(true);
+  }
+
+  void observersHearWhatIsAddedWhileTheyObserve() {
+    ManagerFixture f;
+    QObject owner;
+    auto* const guarded = new BeginCounter;
+    guarded->setParent(&owner);
+    const auto weak = std::make_shared<BeginCounter>();
+    const auto group = adoptShared(groupOf(QStringLiteral("G"), {}));
+    const auto begun = [&](QLatin1String id) {
+      auto* const command = new TestCommand(id);
+      group->addCommand(command, 0);
+      command->begin();
+      f.apply(); // guarded ones are told by the dispatcher
+      return std::pair(std::exchange(guarded->begun, 0), std::exchange(weak->begun, 0));
+    };
+    group->addObserver(guarded);
+    group->addObserver(weak, false);
+    QCOMPARE(begun(a), std::pair(1, 1));
+    group->removeObserver(guarded);
+    QCOMPARE(begun(b), std::pair(0, 1));
+    group->removeObserver(weak);
+    QCOMPARE(begun(c), std::pair(0, 0));
   }
 
   void cyclingChecksTheNextThatIsEnabled() {

@@ -32,6 +32,23 @@ private Q_SLOTS:
     }
   }
 
+  void contextsCombineByIdentifier() {
+    using Entries = QMap<QString, CommandState>;
+    const CommandContext left{{"a", {1, 2}}, {"b", {0, 1}}};
+    const CommandContext right{{"a", {0, 1}}, {"c", {1, 1}}};
+    QCOMPARE((!left).get(), (Entries{{"a", {0, 2}}, {"b", {1, 0}}}));
+    QCOMPARE((left & right).get(), (Entries{{"a", {0, 1}}, {"b", {0, 1}}}));
+    QCOMPARE((left | right).get(), (Entries{{"a", {1, 1}}, {"b", {0, 1}}}));
+    CommandContext changed(left);
+    changed.overwrite(right);
+    QCOMPARE(changed.get(), (Entries{{"a", {0, 1}}, {"b", {0, 1}}, {"c", {1, 1}}}));
+    changed.update({2, 0});
+    QCOMPARE(changed.get(), (Entries{{"a", {0, 0}}, {"b", {0, 0}}, {"c", {1, 0}}}));
+    changed.overwrite({2, 1});
+    changed.update(QStringLiteral("a"), {0, 2});
+    QCOMPARE(changed.get(), (Entries{{"a", {0, 1}}, {"b", {2, 1}}, {"c", {2, 1}}}));
+  }
+
   void plainPointerHasOneOwner() {
     int destroyed = 0;
     QObject parent;

@@ -7,6 +7,7 @@
 #include <ui_base/toolbars/tool_button.h>
 #include <ui_base/tooltips/a_tooltip_ex.h>
 #include <ui_base/tooltips/tooltip_object.h>
+#include <ui_base/tooltips/tooltip_reason.h>
 
 #include <QAccessible>
 #include <QActionGroup>
@@ -67,6 +68,11 @@ private Q_SLOTS:
     f.other->setCheckable(true);
     group->addCommand(f.other, 0);
     f.controller->addCommand(group);
+    f.other->setEnabled(false);
+    QCOMPARE(TooltipReason::of(*group), f.other->whyUnavailable());
+    group->addCommand(new TestCommand(QStringLiteral("can be used")), 0);
+    QCOMPARE(TooltipReason::of(*group), QString());
+    f.other->setEnabled(true);
     group->groupActionGroup()->setEnabled(false);
     QCOMPARE(f.causes(), "The group \"Shading\" is not available.");
   }
@@ -91,6 +97,8 @@ private Q_SLOTS:
       QCOMPARE(button->accessibleDescription(), text + "\nScanning.");
       QCOMPARE(tooltip->TooltipControl()->accessibleName(), button->accessibleDescription());
     }
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(tooltip->TooltipControl()->accessibleName(), text + "\n" + isRunning);
     f.dispatcher.runAll(); // while it is shown
     QCOMPARE(tooltip->TooltipControl()->accessibleName(), text);
     QCOMPARE(button->accessibleDescription(), text);
@@ -107,6 +115,7 @@ private Q_SLOTS:
     const QAccessibleInterface* const heard = QAccessible::queryAccessibleInterface(&menu)->child(0);
     QCOMPARE(heard->text(QAccessible::Description), isRunning);
     QVERIFY(heard->state().disabled);
+    QVERIFY(QAccessible::queryAccessibleInterface(&menu)->child(0)->actionInterface()->actionNames().isEmpty());
 
     const QRect entry = menu.actionGeometry(f.other);
     QHelpEvent ask(QEvent::ToolTip, entry.center(), menu.mapToGlobal(entry.center()));

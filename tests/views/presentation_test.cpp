@@ -73,6 +73,8 @@ void PresentationTest::presentationCanBeAskedFor() {
   screen.run(QStringLiteral("b/"));
   QCOMPARE(screen.view("a")->presentation().size(), 1);
   QCOMPARE(screen.view("c")->presentation().size(), 2);
+  screen.run(QStringLiteral("a>d dX")); // nobody could dismiss it
+  QCOMPARE(screen.view("a")->presentation().size(), 1);
   QCOMPARE(screen.controller("c")->presenter(), screen.controller("b"));
   QVERIFY(!screen.controller("b")->presenter());
 }

@@ -4,6 +4,7 @@
 #include <ui_base/commands/command_group.h>
 #include <ui_base/core/language.h>
 #include <ui_base/menus/rc_menu_manager.h>
+#include <vlk_common_res/icons.h>
 #include <vlk_common_res/styles.h>
 #include <workbench/commands/length_unit_command.h>
 #include <workbench/mesh_view.h>
@@ -11,29 +12,28 @@
 
 #include <QMainWindow>
 #include <QMenu>
+#include <QPainter>
+#include <QStyle>
 
 namespace Workbench {
 
 using namespace Vela::UiBase;
+using Vela::Resource::Icons;
 using Vela::Resource::Styles;
 
 namespace {
 
 constexpr int MenuGap = 2; // px
 
-// Style sheets mirror places, but not the sides of a padding.
+constexpr int ArrowSize = 12; // px
+constexpr int ArrowRoom = 18;
+
+// Style sheets mirror places, but not the sides of a padding. The arrow is painted below: an image in a style
+// sheet has Qt look through all plugins for images, at every start.
 QString arrowStyle(bool mirrored) {
-  return QStringLiteral(R"(
-QToolButton { padding-%1: 18px; }
-QToolButton::menu-indicator {
-  height: 12px;
-  image: url(:/resources/images/arrow_down.svg);
-  padding: 0 3px;
-  subcontrol-origin: border;
-  subcontrol-position: center right;
-  width: 12px;
-})")
-      .arg(mirrored ? QLatin1String("left") : QLatin1String("right"));
+  return QStringLiteral("QToolButton { padding-%1: %2px; } QToolButton::menu-indicator { image: none; }")
+      .arg(mirrored ? QLatin1String("left") : QLatin1String("right"))
+      .arg(ArrowRoom);
 }
 
 } // namespace
@@ -59,6 +59,18 @@ void UnitButton::applyStyles() {
   setProperty(qPrintable(RCMenuManager::BUTTON_ORIGINAL_STYLE), normal);
   setProperty(qPrintable(RCMenuManager::BUTTON_ALTERNATE_STYLE), normal + open);
   setStyleSheet(normal);
+}
+
+void UnitButton::paintEvent(QPaintEvent* event) {
+  QToolButton::paintEvent(event);
+  QRect room = rect();
+  room.setLeft(room.right() - ArrowRoom + 1);
+  QRect arrow(0, 0, ArrowSize, ArrowSize);
+  arrow.moveCenter(room.center());
+  QPainter painter(this);
+  Icons::icon(QStringLiteral("arrow_down"))
+      .paint(&painter, QStyle::visualRect(layoutDirection(), rect(), arrow), Qt::AlignCenter,
+             isEnabled() ? QIcon::Normal : QIcon::Disabled);
 }
 
 void UnitButton::showUnit() {

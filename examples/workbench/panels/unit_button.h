@@ -23,6 +23,9 @@ public:
   /// @param window whose status bar it is in.
   UnitButton(QMainWindow& window, const MeshViewController& controller);
 
+protected:
+  void paintEvent(QPaintEvent* event) override;
+
 private:
   void applyStyles();
   void showUnit();
