@@ -116,6 +116,7 @@ void CmdsViewControllerTest::eachViewLoadsTheCommandsOnce() {
   QCOMPARE(bag.commandAt(1)->commandId(), QStringLiteral("second"));
   const auto held = screen.controller->shared_from_this();
   delete screen.view;
+  QVERIFY(!held->isLoaded()); // nor asked for a shutdown
   BaseView next;
   held->setView(&next);
   next.show();

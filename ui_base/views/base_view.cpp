@@ -149,6 +149,7 @@ void BaseView::deleteSafely() {
 void BaseView::showEvent(QShowEvent* event) {
   const QPointer<BaseView> self(this);
   const EventScope scope(*this, *d);
+  d->shown = true;
   if (std::exchange(d->keptUnmapped, false))
     setAttribute(Qt::WA_DontShowOnScreen, false);
   if (hideAgain(*this))
@@ -184,11 +185,12 @@ void BaseView::loadController() {
 }
 
 void BaseView::hideEvent(QHideEvent* event) {
-  if (!testAttribute(Qt::WA_WState_Created)) // never seen: Qt 6.8 tells of that too
+  if (!d->shown && !testAttribute(Qt::WA_WState_Created)) // Qt 6.8 tells of what was never seen too
     return QWidget::hideEvent(event);
   const QPointer<BaseView> self(this);
   const EventScope scope(*this, *d);
   const bool minimised = event->spontaneous();
+  d->shown &= minimised;
   const bool hadFocus = !minimised && holdsFocus(*this);
   if (hadFocus)
     Presentation::of(*this)->rememberFocus(*this);

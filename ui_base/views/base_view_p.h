@@ -48,6 +48,7 @@ public:
   bool entered = false;     // the mouse, and the controller heard of it
   bool dragEntered = false; // a drag, likewise
 
+  bool shown = false;          // since it was hidden last
   int showingOrHiding = 0;     // Qt still works with the view when the event has been handled
   int moves = 0;               // to another parent, that Qt is in the middle of
   bool keptUnmapped = false;   // until it is shown again: it was hidden in its own show event

@@ -127,6 +127,14 @@ bool Presentation::mayPresent(const BaseView& presenter, const BaseView& view) {
          !isWithin(&presenter, &view);
 }
 
+// Qt announces only the move of a view that has been seen: what it leaves may call out too, as tabs do.
+void Presentation::moveInto(BaseView* presenter, const QPointer<BaseView>& view) {
+  const int before = view->d->moves++;
+  view->setParent(presenter);
+  if (view)
+    view->d->moves = before;
+}
+
 bool Presentation::present(BaseView& presenter, BaseView& view, ETransitionDirection direction) {
   if (!mayPresent(presenter, view))
     return false;
@@ -137,7 +145,7 @@ bool Presentation::present(BaseView& presenter, BaseView& view, ETransitionDirec
   if (!over || !shown || !mayPresent(*over, *shown))
     return false;
   if (shown->parentWidget() != over)
-    shown->setParent(over); // which ends its presentation elsewhere
+    moveInto(over, shown); // which ends its presentation elsewhere
   if (over && shown)
     shown->setGeometry(over->rect());
   if (!over || !shown || shown->parentWidget() != over || !mayPresent(*over, *shown))

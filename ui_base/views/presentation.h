@@ -109,6 +109,7 @@ private:
 
   static bool isBeingMoved(const BaseView& view);
   static bool mayPresent(const BaseView& presenter, const BaseView& view);
+  static void moveInto(BaseView* presenter, const QPointer<BaseView>& view);
   static bool show(const QPointer<BaseView>& view, quint64 serial);
   static bool close(const QPointer<BaseView>& view);
 
