@@ -115,7 +115,8 @@ private Q_SLOTS:
     const QAccessibleInterface* const heard = QAccessible::queryAccessibleInterface(&menu)->child(0);
     QCOMPARE(heard->text(QAccessible::Description), isRunning);
     QVERIFY(heard->state().disabled);
-    QVERIFY(QAccessible::queryAccessibleInterface(&menu)->child(0)->actionInterface()->actionNames().isEmpty());
+    QVERIFY(
+        QAccessible::queryAccessibleInterface(&menu)->child(0)->actionInterface()->actionNames().isEmpty());
 
     const QRect entry = menu.actionGeometry(f.other);
     QHelpEvent ask(QEvent::ToolTip, entry.center(), menu.mapToGlobal(entry.center()));

@@ -7,12 +7,25 @@
 #include <QGraphicsEffect>
 #include <QLabel>
 #include <QSignalSpy>
+#include <QTranslator>
 
 using namespace Vela::UiBase;
 using namespace Vela::Test;
 
 using Act = std::function<void(NotificationFixture&)>;
 using Ending = std::function<void(NotificationFixture&, ActionReceiver&)>;
+
+namespace {
+
+class Capitals : public QTranslator {
+public:
+  bool isEmpty() const override { return false; }
+  QString translate(const char*, const char* text, const char*, int) const override {
+    return QString::fromUtf8(text).toUpper();
+  }
+};
+
+} // namespace
 
 class NotificationBarTest : public Vela::Test::TestCase {
   Q_OBJECT
@@ -123,6 +136,12 @@ private Q_SLOTS:
     f.post(NotificationWarning, "text", 0);
     settle();
     QCOMPARE(QAccessible::queryAccessibleInterface(f.bar)->role(), QAccessible::AlertMessage);
+    QCOMPARE(f.button(QString())->toolTip(), "Close");
+    Capitals language;
+    QCoreApplication::installTranslator(&language);
+    settle();
+    QCOMPARE(f.button(QString())->toolTip(), "CLOSE");
+    QCoreApplication::removeTranslator(&language);
     click(*f.button(QString()));
     QVERIFY(!f.bar->isNotificationShowing());
     QVERIFY(f.work->hasFocus());

@@ -130,10 +130,11 @@ private Q_SLOTS:
     stage.command->trigger();
     stage.command->mayFinish.acquire(1000);
     Vela::Test::click(*stage.button("Apply"));
-    QVERIFY(stage.flyout->IsBusy() && !stage.panel->isEnabled());
+    QVERIFY(stage.flyout->IsBusy() && !stage.panel->isEnabled() && !stage.button("Reset")->isEnabled());
     stage.flyout->Apply(); // one at a time
     stage.command->mayFinish.release();
     QTRY_VERIFY(!stage.flyout->IsBusy());
+    QVERIFY(stage.panel->isEnabled() && stage.button("Reset")->isEnabled());
     stage.command->mayRun = false;
     Vela::Test::click(*stage.button("Apply"));
     QVERIFY(!stage.flyout->IsBusy());

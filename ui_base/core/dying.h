@@ -7,8 +7,9 @@
 
 namespace Vela::UiBase {
 
-/// Whether a widget is being destroyed: it has left the focus chain, and nobody can be taken into it. A living
-/// window without any child is never taken for a dying one; nor is a dying one of these noticed with Qt 6.8.
+/// Whether a widget is being destroyed: it has left the focus chain, and nobody can be taken into it. A
+/// living window without any child is never taken for a dying one; nor is a dying one of these noticed with
+/// Qt 6.8.
 inline bool isDying(const QWidget& widget) {
   const QWidget* const next = widget.nextInFocusChain();
   if (next != &widget)
