@@ -187,7 +187,7 @@ private Q_SLOTS:
       auto what = std::make_shared<int>(7);
       const std::weak_ptr<int> thrown = what;
       QVERIFY(dispatchSync([] { throw std::runtime_error("the mesh is empty"); }, place));
-      dispatchAsync([what = std::move(what)] { throw what; }, place);
+      dispatchAsync([what = std::move(what)] { throw std::shared_ptr<int>(what); }, place);
       dispatchAsync(std::function<void()>(), place); // does nothing
       dispatchAsync([&next] { next = true; }, place);
       QTRY_VERIFY(next);

@@ -215,6 +215,19 @@ private Q_SLOTS:
     QCOMPARE(stage.popup->parentWidget(), &layer);
   }
 
+  void whatIsTooLargeIsAskedToBeSmaller() {
+    Stage stage({640, 480}, {300, 200, 40, 20}, false);
+    stage.popup->resize(400, 460);
+    const auto fit = [&stage](const QSize& room) {
+      stage.popup->resize(stage.popup->size().boundedTo(room));
+    };
+    placeInSight(
+        stage.calculator, [&stage] { return stage.answer(); }, Qt::Tool, fit);
+    QVERIFY(!stage.popup->isWindow() && stage.room().contains(stage.seen()));
+    QVERIFY(!stage.seen().intersects(stage.reference()));
+    QVERIFY(stage.popup->width() >= 200 && stage.popup->height() >= 200); // no smaller than it must
+  }
+
   void awayFromItsParentItStillDiesWithIt() {
     Stage stage({90, 40}, {0, 0, 40, 20}, false);
     const QPointer<QWidget> home(new QWidget(&stage.window));

@@ -53,10 +53,12 @@ bool CmdsViewController::mousePress(QMouseEvent* event) {
 bool CmdsViewController::mouseMove(QMouseEvent* event) {
   if (event->spontaneous() && !event->buttons().testFlag(Qt::RightButton))
     takeRightPress();
-  const auto before = d->executing.takesInput() ? getOperatingTool() : nullptr;
-  if (offerToCommand(&ViewResponder::mouseMove, event)) {
-    endLostOperation(before, *event);
-    return true;
+  if (d->executing.takesInput()) {
+    const auto before = getOperatingTool();
+    if (offerToCommand(&ViewResponder::mouseMove, event)) {
+      endLostOperation(before, *event);
+      return true;
+    }
   }
   const auto tool = toolForMove(*event);
   const bool taken = tool && tool->mouseMove(event);
