@@ -1,13 +1,33 @@
 // SPDX-License-Identifier: MIT
 #include "presentation_screen.h"
 
+#include <QChildEvent>
 #include <QDialog>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <functional>
+#include <utility>
+
 using Vela::Test::settle;
 using Screen = Vela::Test::PresentationScreen;
 using namespace Vela::UiBase;
+
+namespace {
+
+/// Calls back once when something in it is taken away.
+class Place : public QWidget {
+public:
+  std::function<void()> left;
+
+protected:
+  void childEvent(QChildEvent* event) override {
+    if (event->removed() && left)
+      std::exchange(left, nullptr)();
+  }
+};
+
+} // namespace
 
 /// Who is told what when views are presented, and what the calls answer.
 class PresentationTest : public Vela::Test::TestCase {
@@ -16,6 +36,7 @@ class PresentationTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void appearingIsToldInOrder_data();
   void appearingIsToldInOrder();
+  void whatAViewLeavesCannotPresentOverIt();
   void presentationCanBeAskedFor();
   void requestsSayWhetherTheyWereDone();
   void dismissalWaitsForTheAnswer();
@@ -57,6 +78,18 @@ void PresentationTest::appearingIsToldInOrder() {
     held.push_back(controller->shared_from_this());
   screen.run(QTest::currentDataTag());
   QTEST(screen.story(), "story");
+}
+
+void PresentationTest::whatAViewLeavesCannotPresentOverIt() {
+  const Screen screen;
+  Place place;
+  screen.view("b")->setParent(&place); // never seen: Qt does not announce that it is moved
+  place.left = [&screen] {
+    QVERIFY(!screen.controller("b")->presentViewController(screen.controller("a"), FromLeft));
+  };
+  QVERIFY(screen.controller("a")->presentViewController(screen.controller("b"), FromLeft));
+  QVERIFY(!place.left);
+  QCOMPARE(screen.view("b")->parentWidget(), screen.view("a"));
 }
 
 void PresentationTest::presentationCanBeAskedFor() {

@@ -127,9 +127,11 @@ bool Presentation::mayPresent(const BaseView& presenter, const BaseView& view) {
          !isWithin(&presenter, &view);
 }
 
-// Qt announces only the move of a view that has been seen: what it leaves may call out too, as tabs do.
+// Qt announces only the move of a view that has been seen; what another one leaves may call out too, as tabs
+// do.
 void Presentation::moveInto(BaseView* presenter, const QPointer<BaseView>& view) {
-  const int before = view->d->moves++;
+  const int before = view->d->moves;
+  view->d->moves += !view->testAttribute(Qt::WA_WState_Created);
   view->setParent(presenter);
   if (view)
     view->d->moves = before;

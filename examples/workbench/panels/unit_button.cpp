@@ -39,7 +39,10 @@ QString arrowStyle(bool mirrored) {
 } // namespace
 
 UnitButton::UnitButton(QMainWindow& window, const MeshViewController& controller)
-    : QToolButton(&window), m_controller(controller), m_menu(new QMenu(this)) {
+    : QToolButton(&window),
+      m_controller(controller),
+      m_menu(new QMenu(this)),
+      m_arrow(Icons::icon(QStringLiteral("arrow_down"))) {
   setFocusPolicy(Qt::TabFocus);
   connect(m_menu, &QMenu::aboutToShow, this, &UnitButton::fillMenu);
   auto* const manager = new RCMenuManager(&window, MenuGap, false, this);
@@ -68,9 +71,8 @@ void UnitButton::paintEvent(QPaintEvent* event) {
   QRect arrow(0, 0, ArrowSize, ArrowSize);
   arrow.moveCenter(room.center());
   QPainter painter(this);
-  Icons::icon(QStringLiteral("arrow_down"))
-      .paint(&painter, QStyle::visualRect(layoutDirection(), rect(), arrow), Qt::AlignCenter,
-             isEnabled() ? QIcon::Normal : QIcon::Disabled);
+  m_arrow.paint(&painter, QStyle::visualRect(layoutDirection(), rect(), arrow), Qt::AlignCenter,
+                isEnabled() ? QIcon::Normal : QIcon::Disabled);
 }
 
 void UnitButton::showUnit() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QIcon>
 #include <QToolButton>
 
 class QMainWindow;
@@ -33,6 +34,7 @@ private:
 
   const MeshViewController& m_controller;
   QMenu* m_menu;
+  const QIcon m_arrow;
 };
 
 } // namespace Workbench
