@@ -63,7 +63,7 @@ MainWindow::MainWindow(QWidget* parent)
   setWindowIcon(Vela::UiBase::QtUiToolkit::Instance().CreateIcon(QStringLiteral("smooth_shading")));
   connectEvents();
   Vela::UiBase::keepTranslated(this, [this] { showFileName(); });
-  connect(&Styles::Instance(), &Styles::changed, this, &MainWindow::applyPalette);
+  connect(&Styles::Instance(), &Styles::widgetPaletteChanged, this, &MainWindow::applyPalette);
   applyPalette();
 }
 

@@ -30,6 +30,7 @@ void Styles::setPalette(EPalette palette) {
     return;
   m_palette = palette;
   m_sheets.clear();
+  Q_EMIT widgetPaletteChanged(widgetPalette());
   Q_EMIT changed();
 }
 

@@ -44,8 +44,9 @@ struct NotificationColors {
 /// connect(&styles, &Vela::Resource::Styles::changed, button, applyStyles);
 /// applyStyles();
 ///
+/// connect(&styles, &Vela::Resource::Styles::widgetPaletteChanged, qApp,
+///         [](const QPalette& palette) { QApplication::setPalette(palette); });
 /// styles.setPalette(Vela::Resource::Dark);
-/// QApplication::setPalette(styles.widgetPalette());
 /// \endcode
 class COMMON_RES_EXPORT Styles : public QObject {
   Q_OBJECT
@@ -56,7 +57,8 @@ public:
 
   /// The palette in use; Light at first.
   EPalette palette() const;
-  /// Switches the palette. Emits changed() when this is another palette than before.
+  /// Switches the palette. Emits widgetPaletteChanged() and changed() when this is another palette than
+  /// before.
   void setPalette(EPalette palette);
   /// The palette that suits other widgets drawn with \a widgetPalette: Dark where text is lighter than its
   /// background. Given the application's palette this tells what the desktop uses.
@@ -139,6 +141,10 @@ public:
   /// @}
 
 Q_SIGNALS:
+  /// The colours for widgets without a style sheet have changed; comes before changed(), so that an
+  /// application which hands them to QApplication::setPalette() does so before style sheets are set anew: a
+  /// widget that has one passes the palette on to its children only then.
+  void widgetPaletteChanged(const QPalette& palette);
   /// The palette is another one; everything returned before is out of date.
   void changed();
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <support/screen_record.h>
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/assistants/command_palette.h>
@@ -146,6 +147,7 @@ private Q_SLOTS:
     stage.measuring->setVisible(false);
     stage.type({});
     QCOMPARE(stage.rows(), QStringList({QStringLiteral("Smooth Mesh"), QStringLiteral("Öffnen")}));
+    VELA_COMPARE_SCREEN("palette");
     stage.press(Qt::Key_Escape);
     stage.view->hide();
     stage.type({});
@@ -165,6 +167,7 @@ private Q_SLOTS:
     QCOMPARE(stage.rows(reasonRole), QStringList(QStringLiteral("\"Smooth Mesh\" is running.")));
     QTest::keyClick(stage.window.windowHandle(), Qt::Key_Return);
     QCOMPARE(stage.rows().last(), QStringLiteral("Run \"Distanz messen\" as soon as it is available"));
+    VELA_COMPARE_SCREEN("grey_in_the_palette");
     QTest::keyClick(stage.window.windowHandle(), Qt::Key_Up); // round to the last one
     QTest::keyClick(stage.window.windowHandle(), Qt::Key_Return);
     QCOMPARE(stage.palette->awaitedCommand(), stage.measuring);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <support/screen_record.h>
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/assistants/key_probe.h>
@@ -198,6 +199,7 @@ private Q_SLOTS:
     stage.record(Qt::Key_M, Qt::Key_O); // the keys of the other one
     QTRY_COMPARE(stage.measure->shortcut(), ctrlM);
     QVERIFY(stage.smooth->shortcuts().isEmpty());
+    VELA_COMPARE_SCREEN("shortcuts");
     stage.press(*stage.editor, Qt::Key_R, Qt::AltModifier);
     QTRY_COMPARE(stage.measure->shortcut(), ctrlJ);
     stage.press(*stage.editor, Qt::Key_A, Qt::AltModifier);
@@ -276,6 +278,7 @@ private Q_SLOTS:
              qPrintable(probe->text()));
     QVERIFY2(probe->text().contains(QStringLiteral("Command: Measure – No mesh.")),
              qPrintable(probe->text()));
+    VELA_COMPARE_SCREEN("key_probe");
     stage.press(*probe, Qt::Key_Escape);
     QVERIFY(probe->isVisible() && probe->text().contains(QStringLiteral("Library: Close what is open")));
     QCOMPARE(stage.ran, QStringList());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "menu_fixture.h"
 
+#include <support/screen_record.h>
 #include <QScreen>
 
 using namespace Vela::UiBase;
@@ -21,6 +22,7 @@ private Q_SLOTS:
     QTRY_VERIFY(more->isVisible());
     QVERIFY(bar->rect().contains(more->geometry()) && bar->rect().contains(screen.item("file")->geometry()));
     QVERIFY(!bar->rect().intersects(screen.item("edit")->geometry()));
+    VELA_COMPARE_SCREEN("narrow_menu_bar");
     screen.key(Qt::Key_F10);
     screen.key(Qt::Key_End);
     QVERIFY(more->hasFocus());
@@ -117,6 +119,7 @@ private Q_SLOTS:
     screen.key(Qt::Key_Up);
     screen.key(Qt::Key_Right);
     QTRY_VERIFY(screen.menu("recent")->isVisible());
+    VELA_COMPARE_SCREEN("sub_menu");
     screen.key(Qt::Key_Right);
     QVERIFY2(screen.isOnlyOpen("edit"), "from a sub-menu to the next menu");
     screen.key(Qt::Key_Escape);
@@ -138,6 +141,7 @@ private Q_SLOTS:
     };
     alt();
     QVERIFY(screen.item("file")->hasFocus() && !screen.builder->CanHide());
+    VELA_COMPARE_SCREEN("focused_menu_bar");
     screen.builder->HideMe();
     QVERIFY(screen.builder->IsMenuVisible());
     alt();

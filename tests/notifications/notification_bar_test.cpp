@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "notification_fixture.h"
 
+#include <support/screen_record.h>
 #include <support/test_case.h>
 
 #include <QAccessible>
@@ -124,6 +125,7 @@ private Q_SLOTS:
 
     f.bar->showNotification("again", FadeInAndOut, 0, false, &receiver, SLOT(onAction()));
     f.key(Qt::Key_Tab);
+    VELA_COMPARE_SCREEN("notification_with_action");
     f.key(Qt::Key_Escape);
     QVERIFY2(f.bar->isNotificationShowing(), "not closable");
     f.key(Qt::Key_Return);
@@ -137,6 +139,7 @@ private Q_SLOTS:
     settle();
     QCOMPARE(QAccessible::queryAccessibleInterface(f.bar)->role(), QAccessible::AlertMessage);
     QCOMPARE(f.button(QString())->toolTip(), "Close");
+    VELA_COMPARE_SCREEN("warning");
     Capitals language;
     QCoreApplication::installTranslator(&language);
     settle();
@@ -168,6 +171,7 @@ private Q_SLOTS:
       QVERIFY(f.view->rect().contains(f.host->geometry()));
       QVERIFY(f.bar->rect().contains(f.button(QString())->geometry()));
       QVERIFY(f.bar->height() < 150);
+      VELA_COMPARE_SCREEN(QStringLiteral("long_notification_%1").arg(width));
     }
     QCOMPARE(f.reading(), QStringLiteral("Error: ") + text);
   }

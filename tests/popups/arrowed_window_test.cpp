@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <support/rows.h>
+#include <support/screen_record.h>
 #include <support/test_case.h>
 #include <ui_base/popups/arrowed_window.h>
 
@@ -97,6 +98,8 @@ private Q_SLOTS:
     QVERIFY(window.GetCurrentArrowParam(current));
     QTEST(current.angle, "angle");
     QCOMPARE(current.anchor - content->pos(), anchor);
+    window.show();
+    VELA_COMPARE_SCREEN(QStringLiteral("arrow, ") + QTest::currentDataTag());
   }
 
   void tipAndBodyArePaintedWhereTheyAreSaidToBe_data() {
@@ -222,6 +225,8 @@ private Q_SLOTS:
     QVERIFY(!window.graphicsEffect());
     window.EnableShadow(true);
     QCOMPARE(window.GetBounds(), inside.translated(9, 9));
+    window.show();
+    VELA_COMPARE_SCREEN("shadow");
     window.setGraphicsEffect(new QGraphicsOpacityEffect);
     window.EnableShadow(false);
     QVERIFY2(window.graphicsEffect(), "somebody else's effect stays");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <support/input.h>
 #include <support/rows.h>
+#include <support/screen_record.h>
 #include <support/test_case.h>
 #include <ui_base/popups/dialog_ex.h>
 #include <ui_base/popups/flyout_base.h>
@@ -73,6 +74,7 @@ private Q_SLOTS:
     pressKey(*dialog, Qt::Key_Return);
     QCOMPARE(edit->text(), "12");
     QVERIFY2(dialog->isVisible(), "applying leaves it open");
+    VELA_COMPARE_SCREEN("flyout_dialog");
     dialog->EnableApplyButton(false);
     pressKey(*dialog, Qt::Key_Return);
     dialog->Apply();
@@ -219,6 +221,7 @@ private Q_SLOTS:
     openDialog(dialog);
     dialog.Buttons().at(2)->click();
     QVERIFY2(dialog.isVisible() && dialog.Answer().isEmpty(), "help is no answer");
+    VELA_COMPARE_SCREEN("question");
     dialog.Buttons().at(0)->click();
     QCOMPARE(dialog.Answer(), "Yes");
     openDialog(dialog);
@@ -273,6 +276,7 @@ private Q_SLOTS:
     parent->show();
     const QPointer<MDialogBase> dialog(new InfoDialog("About", parent));
     dialog->open();
+    VELA_COMPARE_SCREEN("information_dialog");
     dialog->SetBusy(true);
     delete parent;
     QVERIFY(!dialog);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <support/input.h>
+#include <support/screen_record.h>
 #include <support/test_case.h>
 #include <ui_base/commands/flyout_command.h>
 #include <ui_base/core/focus_keeper.h>
@@ -149,6 +150,7 @@ private Q_SLOTS:
     pressKey(stage.window, Qt::Key_5);
     pressKey(stage.window, Qt::Key_Tab);
     QVERIFY(stage.edit->hasFocus());
+    VELA_COMPARE_SCREEN("flyout");
     pressKey(stage.window, Qt::Key_Return);
     QTRY_COMPARE(stage.command->runs.load(), 1);
     QCOMPARE(stage.spin->value(), 5);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <support/rows.h>
+#include <support/screen_record.h>
 #include <support/test_case.h>
 #include <ui_base/popups/info_panel.h>
 #include <ui_base/popups/info_view.h>
@@ -56,6 +57,7 @@ private Q_SLOTS:
     auto* browser = panel.findChild<QTextBrowser*>();
     QVERIFY(browser->toPlainText().contains("69 451"));
     QCOMPARE(browser->accessibleName(), "Mesh");
+    VELA_COMPARE_SCREEN("information");
   }
 
   void aPluginServesUntilItFails() {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "test_case.h"
 
+#include <vlk_common_res/styles.h>
+
 #include <QApplication>
 #include <QRegularExpression>
 #include <QSettings>
@@ -51,7 +53,13 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
   QSettings::setDefaultFormat(QSettings::IniFormat); // not in the registry of Windows
   QCoreApplication::setOrganizationName(QStringLiteral("vlk_ui_base_tests"));
   QCoreApplication::setApplicationName(QStringLiteral("vlk_ui_base_tests"));
-  return std::make_unique<QApplication>(argc, argv);
+  auto application = std::make_unique<QApplication>(argc, argv);
+  QApplication::setCursorFlashTime(0);
+  auto& styles = Resource::Styles::Instance();
+  QApplication::setPalette(styles.widgetPalette());
+  QObject::connect(&styles, &Resource::Styles::widgetPaletteChanged, application.get(),
+                   [](const QPalette& palette) { QApplication::setPalette(palette); });
+  return application;
 }
 
 void settle() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tool_button_fixture.h"
 
+#include <support/screen_record.h>
 #include <ui_base/toolbars/action_panel.h>
 
 #include <QLabel>
@@ -61,6 +62,7 @@ private Q_SLOTS:
     Vela::Test::click(*stage.flyoutButton());
     QVERIFY(stage.outer->isVisible() && menu->isHidden() && stage.flyoutButton()->isChecked());
     QVERIFY(stage.outer->mapTo(&stage.window, QPoint()).x() > stage.panel->geometry().right());
+    VELA_COMPARE_SCREEN("action_panel");
   }
 
   void busyFlyoutLocksTheButtons() {

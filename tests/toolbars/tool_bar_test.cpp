@@ -2,6 +2,7 @@
 #include "toolbars_fixture.h"
 
 #include <support/rows.h>
+#include <support/screen_record.h>
 #include <support/test_case.h>
 #include <ui_base/toolbars/tool_bar.h>
 #include <ui_base/toolbars/tool_button_with_button_menu.h>
@@ -71,6 +72,7 @@ private Q_SLOTS:
     bar.show();
     QVERIFY(bar.width() > before);
     QCOMPARE(bar.size(), bar.sizeHint());
+    VELA_COMPARE_SCREEN("centred_bar");
   }
 
   void aSlideMayBeginAsAnotherOneEnds() {
@@ -117,6 +119,7 @@ private Q_SLOTS:
     inner->setText(QStringLiteral("Ot&her"));
     inner->setEnabled(false);
     QTRY_VERIFY(opener->text() == QStringLiteral("Other") && !opener->isEnabled());
+    VELA_COMPARE_SCREEN("bar_with_menu");
 
     const auto d = deep->commandBag().getSharedCommand(QStringLiteral("deep 0"));
     bar.RemoveCommand(d.get());
@@ -189,6 +192,7 @@ private Q_SLOTS:
     more->click();
     const auto* const list = more->findChild<QMenu*>();
     QVERIFY(list && list->isVisible() && desktop.contains(list->geometry()));
+    VELA_COMPARE_SCREEN(QStringLiteral("overflow, ") + QTest::currentDataTag());
     QVERIFY(!list->geometry().intersects(QRect(more->mapToGlobal(QPoint()), more->size())));
     if (area != Qt::BottomToolBarArea)
       return;

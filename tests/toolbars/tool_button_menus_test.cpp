@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tool_button_fixture.h"
 
+#include <support/screen_record.h>
 #include <ui_base/popups/m_dialog_base.h>
 
 #include <QAccessible>
@@ -108,6 +109,7 @@ private Q_SLOTS:
     };
     const QPoint distance = gap();
     QVERIFY(distance.x() == 0 && qAbs(distance.y() - 7) <= 1);
+    VELA_COMPARE_SCREEN("menu_of_a_button");
     stage.menuButton->move(stage.menuButton->pos() + QPoint(25, 3));
     QCOMPARE(gap(), distance);
     stage.menuButton->HideMenu();

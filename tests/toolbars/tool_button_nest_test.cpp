@@ -2,6 +2,7 @@
 #include "tool_button_fixture.h"
 
 #include <support/rows.h>
+#include <support/screen_record.h>
 
 #include <QScreen>
 #include <QSignalSpy>
@@ -46,6 +47,7 @@ private Q_SLOTS:
     QVERIFY(stage.subFlyout->isVisible() && !stage.subBar->isVisible());
     QCOMPARE(shownColor(*stage.menuButton), QColor(Qt::green));
     QVERIFY(stage.plain->IsLocked() && stage.button->IsLocked() && !stage.menuButton->IsLocked());
+    VELA_COMPARE_SCREEN("extended_button");
     const ToolButton* const late = stage.bar->AddAction(new QAction("Late", stage.view));
     Vela::Test::settle();
     QVERIFY(late->IsLocked());
@@ -107,6 +109,8 @@ private Q_SLOTS:
       QVERIFY((popup.isWindow() ? popup.screen()->availableGeometry() : inWindow).contains(seen));
       const QRect owner(opener->mapToGlobal(QPoint()), opener->size());
       QVERIFY(!inWindow.contains(owner) || !seen.intersects(owner));
+      if (size.width() == 300)
+        VELA_COMPARE_SCREEN(QStringLiteral("%1, area %2").arg(opener->text(), QTest::currentDataTag()));
       opener->HideMenu();
     }
   }

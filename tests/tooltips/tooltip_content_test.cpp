@@ -2,6 +2,7 @@
 #include "tooltip_fixture.h"
 
 #include <support/rows.h>
+#include <support/screen_record.h>
 #include <ui_base/tooltips/tooltip_ex.h>
 #include <ui_base/tooltips/tooltip_ex_factory.h>
 
@@ -49,7 +50,9 @@ private Q_SLOTS:
     QFETCH(const Act, act);
     TooltipFixture f;
     auto* const tooltip = new TooltipEx("Smooth", "Evens out noise.");
-    tooltip->SetAdvancedPicture(QIcon(QPixmap(100, 80)), {100, 80});
+    QPixmap picture(100, 80);
+    picture.fill(Qt::red);
+    tooltip->SetAdvancedPicture(picture, {100, 80});
     f.tooltip->SetTooltipControl(tooltip, true);
     f.tooltip->ShowTooltip();
     const int height = f.shown()->height();
@@ -58,6 +61,7 @@ private Q_SLOTS:
     QTRY_VERIFY(f.shown()->height() > height + 50);
     // It has grown away from its widget.
     QTRY_VERIFY(!f.shown()->geometry().intersects(f.widget->geometry()));
+    VELA_COMPARE_SCREEN("unfolded_tooltip");
     f.moveAway();
     f.tooltip->HideTooltip();
     f.tooltip->ShowTooltip();
@@ -112,6 +116,8 @@ private Q_SLOTS:
     action.setToolTip("<i>Own</i> words");
     QCOMPARE(tooltip->Text(), "<i>Own</i> words");
     QCOMPARE(tooltip->accessibleName().section(QLatin1Char('\n'), -1), "Own words");
+    f.tooltip->ShowTooltip();
+    VELA_COMPARE_SCREEN("tooltip_of_an_action");
   }
 
   void widgetIsDescribed() {
