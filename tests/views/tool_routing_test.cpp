@@ -55,6 +55,18 @@ private:
   const std::shared_ptr<QStringList> m_journal;
 };
 
+/// Hands on what lies over it when it is told to wait.
+class HandingTool : public Vela::Test::RecordingTool {
+public:
+  using RecordingTool::RecordingTool;
+  void suspend() override {
+    RecordingTool::suspend();
+    if (hand)
+      std::exchange(hand, {})();
+  }
+  std::function<void()> hand;
+};
+
 } // namespace
 
 /// Which command or tool gets what, which cursor is seen, and how operations end.
@@ -197,6 +209,17 @@ void ToolRoutingTest::toolsWaitForAnotherOne() {
     left->endOperation();
     QVERIFY(left->isSuspended()); // below the top
   }
+  ToolScreen screen;
+  const auto below = std::make_shared<HandingTool>("below", screen.journal);
+  const auto over = std::make_shared<Vela::Test::RecordingTool>("over", screen.journal);
+  screen.controller->pushTool(LeftButton, below);
+  screen.controller->pushTool(LeftButton, over);
+  below->hand = [&] {
+    screen.controller->popTool(LeftButton);
+    screen.controller->pushTool(MiddleButton, over);
+  };
+  screen.controller->pushTool(RightButton, std::make_shared<InteractiveTool>(screen.view));
+  QVERIFY2(over->isActive(), "it has gone where nothing waits");
 }
 
 void ToolRoutingTest::executingCommandComesFirst_data() {

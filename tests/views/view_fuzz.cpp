@@ -143,7 +143,7 @@ void ViewFuzz::mouse() {
   const Qt::MouseButton button =
       std::array{Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}[m_bytes.next(3)];
   const int what = m_bytes.next(9);
-  const QPointer<QWindow> window = anyWindow();
+  const QPointer<QWindow> window = m_inputWindow = anyWindow();
   // After a press of the right button Qt asks for a context menu there, also when the view is gone.
   const bool presses = what == 1 || !QTestPrivate::qtestMouseButtons.testFlag(button);
   const bool asksForMenu = button == Qt::RightButton && presses;

@@ -127,6 +127,8 @@ private:
   int m_depth = 0;
   int m_events = 0;
   int m_deletes = 0;
+  const QWidget* m_newHome = nullptr; // of the view that is being moved; Qt knows it, the view does not
+  QPointer<QWindow> m_inputWindow;    // which Qt goes on with
   UiBase::CmdsViewController* m_caller = nullptr; // of the act; it lives when that begins
   const qsizetype m_shutdownDelegates;            // before there was a view
   QWidget m_window;

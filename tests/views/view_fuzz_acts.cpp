@@ -142,7 +142,9 @@ void ViewFuzz::present(BaseViewController& controller, CmdsViewController* calle
   const bool isWindow = other && other->getView() && other->getView()->isWindow();
   const QPointer<BaseView> view = other ? other->getView() : nullptr;
   const QPointer<BaseView> over = controller.getView();
-  if (other && !(keepsWindows && isWindow) && controller.presentViewController(other, FromRight) &&
+  const bool isHeld = view && (view == m_newHome || view->isAncestorOf(m_newHome) ||
+                               (isWindow && (keepsWindows || view->windowHandle() == m_inputWindow)));
+  if (other && !isHeld && controller.presentViewController(other, FromRight) &&
       !(view && over && view->parentWidget() == over && view->presentation().size() > 1))
     report(QStringLiteral("said to be presented"));
 }
@@ -164,6 +166,7 @@ void ViewFuzz::reparent(BaseView& view) {
       isInner && outer && outer != &view && !view.isAncestorOf(outer))
     place = outer;
   note(place ? QStringLiteral("…into a tab") : QStringLiteral("…into a window of its own"));
+  const QScopedValueRollback<const QWidget*> moves(m_newHome, place);
   if (place && number % 4 == 1)
     m_tabs->addTab(&view, QStringLiteral("view"));
   else

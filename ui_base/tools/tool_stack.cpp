@@ -46,9 +46,10 @@ public:
     return !stack || stack->empty() ? nullptr : stack->back();
   }
 
-  bool holds(EToolActivationButton button, const std::shared_ptr<InteractiveTool>& tool) const {
+  bool holds(EToolActivationButton button, const InteractiveTool& tool) const {
     const Stack* const stack = find(button);
-    return stack && std::find(stack->begin(), stack->end(), tool) != stack->end();
+    return stack && std::any_of(stack->begin(), stack->end(),
+                                [&tool](const auto& held) { return held.get() == &tool; });
   }
 
   std::shared_ptr<InteractiveTool> operating() const {
@@ -64,16 +65,16 @@ public:
   void reset(EToolActivationButton button, const std::shared_ptr<InteractiveTool>& tool) const {
     const bool wasSuspended = tool->isSuspended();
     const bool waits = wasSuspended && top(button) == tool; // for one of another button
-    if (!holds(button, tool) || (!wasSuspended && !tool->isActive()))
+    if (!holds(button, *tool) || (!wasSuspended && !tool->isActive()))
       return;
     const auto before = operating();
     if (wasSuspended)
       tool->resume();
-    if (holds(button, tool))
+    if (holds(button, *tool))
       tool->deactivate();
-    if (holds(button, tool))
+    if (holds(button, *tool))
       tool->activate();
-    if (!holds(button, tool))
+    if (!holds(button, *tool))
       return;
     const auto after = operating();
     const bool waitsNow = after == before ? waits : button == LeftButton && after != nullptr;
@@ -163,10 +164,12 @@ QList<HeldTool> ToolStack::heldTools() const {
 }
 
 bool ToolStack::holds(const InteractiveTool& tool) const {
-  return std::any_of(d->tools.begin(), d->tools.end(), [&tool](const auto& entry) {
-    return std::any_of(entry.second.begin(), entry.second.end(),
-                       [&tool](const auto& held) { return held.get() == &tool; });
-  });
+  return std::any_of(d->tools.begin(), d->tools.end(),
+                     [&](const auto& entry) { return d->holds(entry.first, tool); });
+}
+
+bool ToolStack::holds(const InteractiveTool& tool, EToolActivationButton button) const {
+  return d->holds(button, tool);
 }
 
 void ToolStack::idleCursorChanged(InteractiveTool&) {}

@@ -72,6 +72,8 @@ public:
   QList<HeldTool> heldTools() const;
   /// Whether the tool is on the stack of any button.
   bool holds(const InteractiveTool& tool) const;
+  /// Whether the tool is on the stack of this button.
+  bool holds(const InteractiveTool& tool, EToolActivationButton button) const;
 
   /// Makes every tool that does not operate tell its state afresh, one after another, so that what follows
   /// their reports is brought back in step.

@@ -75,12 +75,12 @@ void CmdsViewController::keepToolsWaiting() {
   const QPointer<BaseViewController> self(this);
   const auto held = heldTools();
   for (const HeldTool& entry : held) {
-    if (!self || !holds(*entry.tool))
-      continue;
+    // What hears of one of them may push another elsewhere.
+    const auto isHere = [&] { return self && holds(*entry.tool, entry.button); };
     const auto isTop = [&] { return getTool(entry.button) == entry.tool; };
-    if (!isTop())
+    if (isHere() && !isTop())
       endOperation(entry.tool); // what hears of it may take off those above
-    if (self && (!isTop() || (entry.button == LeftButton && getOperatingTool())))
+    if (isHere() && (!isTop() || (entry.button == LeftButton && getOperatingTool())))
       entry.tool->suspend(); // unless it operates itself
   }
 }
