@@ -5,6 +5,7 @@
 
 #include <ui_base/commands/cmd_mgr.h>
 #include <ui_base/commands/command_walk.h>
+#include <ui_base/core/application_events.h>
 #include <ui_base/views/base_view.h>
 
 #include <QActionEvent>
@@ -63,7 +64,9 @@ void noteConflicts(const QVariantList& conflicts, ShortcutRules& rules) {
 
 QString ShortcutScheme::noShortcutTag() { return QStringLiteral("no_shortcut"); }
 
-ShortcutScheme::ShortcutScheme(QObject* parent) : QObject(parent) { qApp->installEventFilter(this); }
+ShortcutScheme::ShortcutScheme(QObject* parent) : QObject(parent) {
+  ApplicationEvents::watch(*this, {QEvent::ActionAdded, QEvent::Show, QEvent::Shortcut});
+}
 
 ShortcutScheme::~ShortcutScheme() = default;
 

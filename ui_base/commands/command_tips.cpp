@@ -6,6 +6,7 @@
 #include "menu_entry_accessible.h"
 
 #include <tqm_mesh_kernel/dispatch.h>
+#include <ui_base/core/application_events.h>
 #include <ui_base/popups/widget_pos_calculator.h>
 #include <ui_base/tooltips/tooltip_reason.h>
 #include <ui_base/tooltips/tooltip_wrapper.h>
@@ -48,21 +49,44 @@ QString ownTipOf(const QAction& entry) {
 
 } // namespace
 
+TooltipEnd::TooltipEnd(TooltipWrapper& tooltip, QWidget& owner) : QObject(&tooltip), m_tooltip(tooltip) {
+  owner.installEventFilter(this);
+}
+
+void TooltipEnd::setEntry(const QAction* entry) { m_entry = entry; }
+
+bool TooltipEnd::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+  case QEvent::MouseMove: {
+    const auto* const menu = qobject_cast<QMenu*>(watched);
+    if (menu && menu->actionAt(static_cast<QMouseEvent*>(event)->position().toPoint()) != m_entry)
+      m_tooltip.HideTooltip();
+    break;
+  }
+  case QEvent::Leave:
+  case QEvent::Hide:
+  case QEvent::Wheel:
+  case QEvent::MouseButtonPress:
+  case QEvent::KeyPress:
+    m_tooltip.HideTooltip();
+    break;
+  default:
+    break;
+  }
+  return false;
+}
+
 void CommandTips::start() {
   static QPointer<CommandTips> tips;
   if (tips || !qApp || !Taren::Core::isMainThread())
     return;
   tips = new CommandTips(qApp);
-  qApp->installEventFilter(tips);
+  ApplicationEvents::watch(*tips, {QEvent::ToolTip, QEvent::KeyPress});
   TooltipReason::setSource(reasonOf);
   QAccessible::installFactory(MenuEntryAccessible::make);
 }
 
 bool CommandTips::eventFilter(QObject* watched, QEvent* event) {
-  if (m_tooltip && watched == m_tooltip->parent())
-    hideFrom(watched, *event);
-  if (event->type() != QEvent::ToolTip && event->type() != QEvent::KeyPress)
-    return false;
   auto* const menu = qobject_cast<QMenu*>(watched);
   if (event->type() == QEvent::KeyPress) {
     if (menu) // which goes to another entry only now
@@ -84,32 +108,14 @@ QString CommandTips::tipOf(const QMenu& menu, const QAction& entry) {
   return entry.isEnabled() ? text : TooltipReason::composed(text, TooltipReason::of(entry));
 }
 
-TooltipWrapper& CommandTips::tooltipOf(QWidget& owner) {
+TooltipWrapper& CommandTips::tooltipOf(QWidget& owner, const QAction* entry) {
   if (!m_tooltip || m_tooltip->parent() != &owner) {
     delete m_tooltip;
     m_tooltip = new TooltipWrapper(QStringLiteral("command tips"), &owner);
+    m_end = new TooltipEnd(*m_tooltip, owner);
   }
+  m_end->setEntry(entry);
   return *m_tooltip;
-}
-
-void CommandTips::hideFrom(QObject* owner, const QEvent& event) {
-  switch (event.type()) {
-  case QEvent::MouseMove: {
-    const auto* const menu = qobject_cast<QMenu*>(owner);
-    if (!menu || menu->actionAt(static_cast<const QMouseEvent&>(event).position().toPoint()) == m_entry)
-      return;
-    break;
-  }
-  case QEvent::Leave:
-  case QEvent::Hide:
-  case QEvent::Wheel:
-  case QEvent::MouseButtonPress:
-  case QEvent::KeyPress:
-    break;
-  default:
-    return;
-  }
-  m_tooltip->HideTooltip();
 }
 
 // Beside the menu, so that no entry is covered.
@@ -117,10 +123,9 @@ bool CommandTips::explainEntry(QMenu& menu, const QAction* entry) {
   const QString tip = entry ? tipOf(menu, *entry) : QString();
   if (tip.isEmpty())
     return false;
-  m_entry = entry;
   const QRect area = menu.actionGeometry(const_cast<QAction*>(entry));
   const bool mirrored = menu.isRightToLeft();
-  TooltipWrapper& tooltip = tooltipOf(menu);
+  TooltipWrapper& tooltip = tooltipOf(menu, entry);
   tooltip.GetPosCalculator()->SetDirections(mirrored ? QList{Left, Right} : QList{Right, Left});
   tooltip.UpdateText(tip);
   const int side = mirrored ? 0 : menu.width();

@@ -13,6 +13,21 @@ namespace Vela::UiBase {
 
 class TooltipWrapper;
 
+/// Takes a tooltip away when the user goes on with the menu or the button that it belongs to.
+class TooltipEnd : public QObject {
+public:
+  TooltipEnd(TooltipWrapper& tooltip, QWidget& owner);
+
+  /// The entry of a menu that the tooltip is about now.
+  void setEntry(const QAction* entry);
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  TooltipWrapper& m_tooltip; // its parent
+  QPointer<const QAction> m_entry;
+};
+
 /// Lets tooltips of disabled commands say why: gives tooltip objects the reason, and shows it in menus, for
 /// the mouse and for the keyboard, and on tool buttons of Qt itself. Tooltips of menu entries look like all
 /// others of the library.
@@ -34,11 +49,10 @@ private:
 
   bool explainEntry(QMenu& menu, const QAction* entry);
   bool explainButton(QToolButton& button);
-  TooltipWrapper& tooltipOf(QWidget& owner);
-  void hideFrom(QObject* owner, const QEvent& event);
+  TooltipWrapper& tooltipOf(QWidget& owner, const QAction* entry = nullptr);
 
   QPointer<TooltipWrapper> m_tooltip; // a child of what it is about
-  QPointer<const QAction> m_entry;    // of a menu, which it is about
+  QPointer<TooltipEnd> m_end;         // a child of the tooltip
 };
 
 } // namespace Vela::UiBase

@@ -2,6 +2,7 @@
 #include "run_source.h"
 
 #include <tqm_mesh_kernel/dispatch.h>
+#include <ui_base/core/application_events.h>
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
@@ -25,7 +26,10 @@ ERunSource sourceIn(const QObject* watched, ERunSource otherwise) {
 } // namespace
 
 InputWatch::InputWatch(QObject* application) : QObject(application) {
-  application->installEventFilter(this);
+  ApplicationEvents::watch(*this,
+                           {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
+                            QEvent::Wheel, QEvent::Drop, QEvent::KeyPress, QEvent::KeyRelease,
+                            QEvent::Shortcut, QEvent::Timer, QEvent::MetaCall, QEvent::DeferredDelete});
   if (const auto* const loop = QAbstractEventDispatcher::instance(thread()))
     connect(loop, &QAbstractEventDispatcher::awake, this, [this] { m_source = RunByProgram; });
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "language.h"
 
+#include "application_events.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -35,7 +37,7 @@ protected:
 
 private:
   explicit LanguageWatch(QObject* application) : QObject(application) {
-    application->installEventFilter(this);
+    ApplicationEvents::watch(*this, {QEvent::LanguageChange});
   }
 };
 

@@ -5,6 +5,8 @@
 #include "covered_shortcuts.h"
 #include "presentation.h"
 
+#include <ui_base/core/application_events.h>
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPointer>
@@ -24,7 +26,8 @@ QPointer<ApplicationEventRelay>& relay() {
 } // namespace
 
 ApplicationEventRelay::ApplicationEventRelay(QObject* application) : QObject(application) {
-  application->installEventFilter(this);
+  ApplicationEvents::watch(*this, {QEvent::Shortcut, QEvent::ShortcutOverride});
+  ApplicationEvents::watchApplication(*this);
   if (const auto* const widgets = qobject_cast<QApplication*>(application))
     connect(widgets, &QApplication::focusChanged, this, &ApplicationEventRelay::focusChanged);
 }

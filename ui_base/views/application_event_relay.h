@@ -11,8 +11,8 @@ namespace Vela::UiBase {
 
 class BaseView;
 
-/// The one event filter on the application object for all views. It passes on only the events of the
-/// application object itself: a filter for each view would have each of them see every event of the program.
+/// Watches the application for all views. It passes on to them the events of the application object itself: a
+/// filter there for each view would have each of them see every event of the program.
 /// Shortcuts it keeps from what is covered by a presented view, and a focus that is lost it gives back to a
 /// view.
 class ApplicationEventRelay : public QObject {
