@@ -14,30 +14,25 @@ namespace Vela::UiBase {
 
 class InteractiveToolPrivate {
 public:
-  enum State : int { Inactive, Active, Suspended, Operating };
-
   explicit InteractiveToolPrivate(BaseView* toolView) : view(Upstairs::asWidget(toolView)) {}
-
-  /// @return whether the state was @p from, and is now @p to.
-  bool change(State from, State to) {
-    if (state != from)
-      return false;
-    state = to;
-    return true;
-  }
 
   QScopedPointer<QCursor> idleCursor;
   QCursor operatingCursor = Qt::ArrowCursor;
   MousePress pressEvent;
   QPointer<QWidget> view;
-  State state = Inactive;
 };
-
-using State = InteractiveToolPrivate::State;
 
 InteractiveTool::InteractiveTool(BaseView* view) : d(std::make_unique<InteractiveToolPrivate>(view)) {}
 
 InteractiveTool::~InteractiveTool() = default;
+
+/// @return whether the state was @p from, and is now @p to.
+bool InteractiveTool::change(State from, State to) {
+  if (m_state != from)
+    return false;
+  m_state = to;
+  return true;
+}
 
 // Observers may let go of the tool, and some hear of it later.
 void InteractiveTool::report(void (ToolStateProtocol::*callback)(InteractiveTool*)) {
@@ -68,27 +63,27 @@ bool InteractiveTool::mouseRelease(QMouseEvent* event) {
 bool InteractiveTool::perform(const ToolOperation&) { return false; }
 
 void InteractiveTool::activate() {
-  if (d->change(State::Inactive, State::Active))
+  if (change(State::Inactive, State::Active))
     report(&ToolStateProtocol::toolActivated);
 }
 
 void InteractiveTool::suspend() {
-  if (d->change(State::Active, State::Suspended))
+  if (change(State::Active, State::Suspended))
     report(&ToolStateProtocol::toolSuspended);
 }
 
 void InteractiveTool::resume() {
-  if (d->change(State::Suspended, State::Active))
+  if (change(State::Suspended, State::Active))
     report(&ToolStateProtocol::toolResumed);
 }
 
 void InteractiveTool::deactivate() {
-  if (d->change(State::Active, State::Inactive))
+  if (change(State::Active, State::Inactive))
     report(&ToolStateProtocol::toolDeactivated);
 }
 
 void InteractiveTool::startOperation() {
-  if (!d->change(State::Active, State::Operating))
+  if (!change(State::Active, State::Operating))
     return;
   const auto self = weak_from_this().lock();
   report(&ToolStateProtocol::toolBeganOperating);
@@ -98,15 +93,9 @@ void InteractiveTool::startOperation() {
 
 void InteractiveTool::endOperation() {
   d->pressEvent = {};
-  if (d->change(State::Operating, State::Active))
+  if (change(State::Operating, State::Active))
     report(&ToolStateProtocol::toolEndedOperating);
 }
-
-bool InteractiveTool::isActive() const noexcept { return d->state == State::Active; }
-
-bool InteractiveTool::isSuspended() const noexcept { return d->state == State::Suspended; }
-
-bool InteractiveTool::isOperating() const noexcept { return d->state == State::Operating; }
 
 const QCursor& InteractiveTool::getIdleCursor() const {
   return d->idleCursor ? *d->idleCursor : d->operatingCursor;

@@ -75,11 +75,11 @@ public:
   /// @}
 
   /// Whether it serves its button.
-  bool isActive() const noexcept;
+  bool isActive() const noexcept { return m_state == State::Active; }
   /// Whether another tool lies over it.
-  bool isSuspended() const noexcept;
+  bool isSuspended() const noexcept { return m_state == State::Suspended; }
   /// Whether a press has begun something that has not ended.
-  bool isOperating() const noexcept;
+  bool isOperating() const noexcept { return m_state == State::Operating; }
 
   /// The cursor while no operation runs: the operating cursor unless one was set.
   const QCursor& getIdleCursor() const;
@@ -106,12 +106,16 @@ protected:
   QCursor loadCursorFromPath(const QString& path, const QPoint& hotSpot);
 
 private:
+  enum class State : signed char { Inactive, Active, Suspended, Operating };
+
   friend class CmdsViewController; // ends operations that lose the mouse, and pushes
 
+  bool change(State from, State to);
   void report(void (ToolStateProtocol::*callback)(InteractiveTool*));
   void tellIdleCursor();
 
   const std::unique_ptr<InteractiveToolPrivate> d;
+  State m_state = State::Inactive;
   bool m_moves = false; // it is being pushed, or its controller dies
 };
 

@@ -75,6 +75,7 @@ BaseView::~BaseView() {
   const ViewsInUse inUse; // what it stands in must outlive it
   ApplicationEventRelay::remove(*this);
   const auto controller = std::exchange(d->controller, nullptr);
+  ControllerInUse::handOver(*d, controller);
   const QPointer<BaseViewController> left(controller.get());
   if (left)
     left->forgetView(this);
@@ -108,6 +109,7 @@ void BaseView::setViewController(BaseViewController* controller) {
   }
 
   const auto before = std::exchange(d->controller, shared);
+  ControllerInUse::handOver(*d, before);
   const QPointer<BaseViewController> previous(before.get());
   if (previous)
     previous->forgetView(this);

@@ -92,7 +92,8 @@ private:
   void deleteSafely();
   void dropViewController(const BaseViewController* controller);
   std::shared_ptr<BaseViewController> ownController() const;
-  void forgetLostClick(const QMouseEvent& event);
+  bool handle(QEvent* event);
+  bool loseMouse(const QEvent& event);
   void takeFocusOfPress();
   void passCoveredFocusOn(const QFocusEvent& event);
   void loadController();

@@ -83,6 +83,8 @@ void BaseViewController::forgetView(BaseView* view) {
 
 void BaseViewController::viewChanged(bool) {}
 
+void BaseViewController::mouseWasLost() {}
+
 // In the middle of the callback before, the opposite may have been told.
 void BaseViewController::reachChanged() {
   d->notifications.setVisible(isInReach());

@@ -140,6 +140,10 @@ private:
   /// The view is another one now, or none, and not yet anybody else's; or it was told that it appears or
   /// disappears.
   virtual void viewChanged(bool inReach);
+  /// The view will not hear of the release of a button that may be held: the focus or the activation of its
+  /// window goes elsewhere, a dialog blocks it, or it is disabled. A view that is hidden or closes
+  /// disappears.
+  virtual void mouseWasLost();
 
   bool isInReach() const { return m_told != Told::Disappeared; }
   void reachChanged();

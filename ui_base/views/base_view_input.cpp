@@ -76,18 +76,25 @@ bool isPartOfWalk(const QEvent& event) {
   }
 }
 
-// The release of a button that is held goes to a dialog or a menu, or to nobody.
+// What was begun with a button that is held ends: its release may go elsewhere.
 bool losesMouse(const QWidget& view, const QEvent& event) {
   switch (event.type()) {
   case QEvent::WindowBlocked:
-    return true;
+  case QEvent::WindowDeactivate:
   case QEvent::FocusOut:
-    return static_cast<const QFocusEvent&>(event).reason() == Qt::PopupFocusReason;
+    return true;
   case QEvent::EnabledChange:
     return !view.isEnabled();
   default:
     return false;
   }
+}
+
+// Of an event that loses the mouse: the release goes to a dialog or a menu, or to nobody.
+bool losesRelease(const QEvent& event) {
+  if (event.type() == QEvent::FocusOut)
+    return static_cast<const QFocusEvent&>(event).reason() == Qt::PopupFocusReason;
+  return event.type() != QEvent::WindowDeactivate;
 }
 
 // What heard that the view is hidden has shown it again, and afterwards Qt hid its children: they would stay
@@ -123,11 +130,14 @@ void hideForMove(BaseView& view) {
 } // namespace
 
 bool BaseView::event(QEvent* event) {
-  const QEvent::Type type = event->type();
   if (d->dying) // of an event loop that runs in what its destructor calls
     return false;
-  if (type == QEvent::MouseMove && !d->presentation->isCovered(*this))
-    return QWidget::event(event); // none comes as often
+  const bool isMove = event->type() == QEvent::MouseMove; // none comes as often
+  return isMove && !d->presentation->isCovered(*this) ? QWidget::event(event) : handle(event);
+}
+
+bool BaseView::handle(QEvent* event) {
+  const QEvent::Type type = event->type();
   std::optional<ViewsInUse> inUse;
   if (isPartOfWalk(*event))
     inUse.emplace();
@@ -144,8 +154,8 @@ bool BaseView::event(QEvent* event) {
     event->ignore();
     return false;
   }
-  if (losesMouse(*this, *event))
-    d->forgetClick();
+  if (losesMouse(*this, *event) && !loseMouse(*event))
+    return true;
   if (type == QEvent::HideToParent && isVisible()) {
     showChildrenAgain(*this); // which calls out
     return true;
@@ -178,6 +188,16 @@ bool BaseView::event(QEvent* event) {
   return handled;
 }
 
+/// @return whether the view lives.
+bool BaseView::loseMouse(const QEvent& event) {
+  if (losesRelease(event))
+    d->forgetClick();
+  const QPointer<BaseView> self(this);
+  if (const auto controller = ownController())
+    controller->mouseWasLost();
+  return self;
+}
+
 // Not by a click policy: Qt would give it the focus for presses on its toolbars too, which take none.
 void BaseView::takeFocusOfPress() {
   if (isVisible() && !hasFocus() && (focusPolicy() & Qt::TabFocus))
@@ -197,11 +217,11 @@ void BaseView::passCoveredFocusOn(const QFocusEvent& event) {
 /// @return whether the event is done: the controller consumed it, or the view died of it.
 template <class Event>
 bool BaseView::handOn(bool (ViewResponder::*handler)(Event*), Event* event) {
-  const std::shared_ptr<BaseViewController> controller = d->controller;
+  ViewResponder* const controller = d->controller.get();
   if (!controller)
     return false;
-  const QPointer<BaseView> self(this);
-  return (static_cast<ViewResponder&>(*controller).*handler)(event) || !self;
+  const ControllerInUse inUse(*d);
+  return (controller->*handler)(event) || inUse.viewEnded();
 }
 
 void BaseView::mousePressEvent(QMouseEvent* event) {
@@ -211,20 +231,16 @@ void BaseView::mousePressEvent(QMouseEvent* event) {
     QWidget::mousePressEvent(event);
 }
 
+// The release of a double click went elsewhere when the mouse is back without a button. Events that a program
+// made up need not carry the buttons.
 void BaseView::mouseMoveEvent(QMouseEvent* event) {
-  forgetLostClick(*event);
+  if (event->spontaneous() && event->buttons() == Qt::NoButton) {
+    d->doubleClicking = false;
+    d->pressed = false;
+  }
   d->movedWhilePressed = d->pressed;
   if (!handOn(&ViewResponder::mouseMove, event))
     QWidget::mouseMoveEvent(event);
-}
-
-// The release of a double click went elsewhere when the mouse is back without a button. Events that a program
-// made up need not carry the buttons.
-void BaseView::forgetLostClick(const QMouseEvent& event) {
-  if (event.buttons() != Qt::NoButton || !event.spontaneous())
-    return;
-  d->doubleClicking = false;
-  d->pressed = false;
 }
 
 void BaseView::mouseReleaseEvent(QMouseEvent* event) {

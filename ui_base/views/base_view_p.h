@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ui_base/core/lifetime.h>
+
 #include <QEvent>
 
 #include <memory>
+#include <utility>
 
 namespace Vela::UiBase {
 
 class BaseViewController;
+class ControllerInUse;
 class Presentation;
 
 /// Exists while somebody goes on with views after what is called out to: Qt, which walks over widgets to hide
@@ -59,6 +63,46 @@ public:
 
   std::shared_ptr<BaseViewController> controller;
   std::shared_ptr<Presentation> presentation; // never null
+
+  Lifetime lifetime;
+  ControllerInUse* inUse = nullptr; // the innermost
+};
+
+/// Exists while the controller handles input of its view. A controller that the view lets go of meanwhile is
+/// handed over and lives on until that is done: no reference is counted where nothing happens, which locks.
+class ControllerInUse {
+public:
+  explicit ControllerInUse(BaseViewPrivate& view)
+      : m_viewLife(view.lifetime),
+        m_view(view),
+        m_outer(std::exchange(view.inUse, this)),
+        m_controller(view.controller.get()) {}
+  ~ControllerInUse() {
+    if (!viewEnded())
+      m_view.inUse = m_outer;
+  }
+  ControllerInUse(const ControllerInUse&) = delete;
+  ControllerInUse& operator=(const ControllerInUse&) = delete;
+
+  bool viewEnded() const { return m_viewLife.ended(); }
+
+  /// The view lets go of a controller.
+  static void handOver(const BaseViewPrivate& view, const std::shared_ptr<BaseViewController>& controller) {
+    ControllerInUse* outermost = nullptr;
+    for (ControllerInUse* use = view.inUse; use; use = use->m_outer) {
+      if (use->m_controller == controller.get())
+        outermost = use;
+    }
+    if (outermost)
+      outermost->m_kept = controller;
+  }
+
+private:
+  const Lifetime::Guard m_viewLife;
+  BaseViewPrivate& m_view;
+  ControllerInUse* const m_outer;
+  const BaseViewController* const m_controller;
+  std::shared_ptr<BaseViewController> m_kept;
 };
 
 } // namespace Vela::UiBase

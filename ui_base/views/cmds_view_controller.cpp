@@ -29,19 +29,16 @@ std::shared_ptr<CommandGroup> makeGroup(const QString& text, const QString& id) 
 
 } // namespace
 
-CmdsViewControllerPrivate::CmdsViewControllerPrivate(BaseViewController& controller,
-                                                     std::function<void()> mouseLost)
+CmdsViewControllerPrivate::CmdsViewControllerPrivate(BaseViewController& controller)
     : actionPanelGroup(makeGroup(String::ACTIONS_GROUP_TEXT(), String::COMMAND_ACTIONPANEL_GROUP_ID())),
       toolPanelGroup(makeGroup(String::TOOLS_GROUP_TEXT(), String::COMMAND_TOOLPANEL_GROUP_ID())),
       dynamicToolPanelGroup(
           makeGroup(String::DYNAMIC_TOOLS_GROUP_TEXT(), String::COMMAND_DYNAMIC_TOOLPANEL_GROUP_ID())),
-      watch(std::move(mouseLost)),
       runNotices(controller) {
   toolPanelGroup->groupActionGroup()->setExclusive(false);
 }
 
-CmdsViewController::CmdsViewController()
-    : d(std::make_unique<CmdsViewControllerPrivate>(*this, [this] { endRunningOperation(); })) {}
+CmdsViewController::CmdsViewController() : d(std::make_unique<CmdsViewControllerPrivate>(*this)) {}
 
 // The view is attached here, because arguments for a virtual base are ignored below the most derived class.
 CmdsViewController::CmdsViewController(BaseView* view) : CmdsViewController() { setView(view); }
@@ -89,6 +86,8 @@ void CmdsViewController::viewChanged(bool inReach) {
   d->cursors.moveTo(getView());
   d->cursors.setInReach(inReach);
 }
+
+void CmdsViewController::mouseWasLost() { endRunningOperation(); }
 
 void CmdsViewController::viewWasLost() {
   const QPointer<BaseViewController> self(this);

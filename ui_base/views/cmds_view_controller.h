@@ -152,12 +152,11 @@ protected:
 
 private:
   void viewChanged(bool inReach) override;
+  void mouseWasLost() override;
   template <class Event>
   bool offerToCommand(bool (ViewResponder::*handler)(Event*), Event* event);
-  std::shared_ptr<InteractiveTool> toolForMove(const QMouseEvent& event);
-  void holdBack(const QMouseEvent& rightPress);
+  std::shared_ptr<InteractiveTool> toolOfHeldButton(const QMouseEvent& event);
   MousePress takeRightPress();
-  void stopWatchUnlessNeeded();
   static void endOperation(const std::shared_ptr<InteractiveTool>& tool);
   static void endLostOperation(const std::shared_ptr<InteractiveTool>& tool, const QMouseEvent& event);
   static void bringToRest(const std::shared_ptr<InteractiveTool>& tool);

@@ -29,8 +29,8 @@ bool CmdsViewController::offerToCommand(bool (ViewResponder::*handler)(Event*), 
   const auto command = d->executing.responder();
   if (!command)
     return false;
-  const QPointer<BaseViewController> self(this);
-  return (command.get()->*handler)(event) || !self;
+  const Lifetime::Guard self(d->lifetime);
+  return (command.get()->*handler)(event) || self.ended();
 }
 
 bool CmdsViewController::mousePress(QMouseEvent* event) {
@@ -43,7 +43,7 @@ bool CmdsViewController::mousePress(QMouseEvent* event) {
   if (!self)
     return true;
   if (button == RightButton) {
-    holdBack(*event);
+    d->pendingRightPress = MousePress(*event);
     return false;
   }
   const auto tool = getTool(button);
@@ -51,25 +51,26 @@ bool CmdsViewController::mousePress(QMouseEvent* event) {
 }
 
 bool CmdsViewController::mouseMove(QMouseEvent* event) {
-  if (event->spontaneous() && !event->buttons().testFlag(Qt::RightButton))
+  if (!d->pendingRightPress.isNull() && event->spontaneous() && !event->buttons().testFlag(Qt::RightButton))
     takeRightPress();
   if (d->executing.takesInput()) {
-    const auto before = getOperatingTool();
+    const auto before = event->spontaneous() ? getOperatingTool() : nullptr; // no other loses an operation
     if (offerToCommand(&ViewResponder::mouseMove, event)) {
       endLostOperation(before, *event);
       return true;
     }
   }
-  const auto tool = toolForMove(*event);
+  auto tool = getOperatingTool();
+  if (!tool)
+    tool = toolOfHeldButton(*event);
   const bool taken = tool && tool->mouseMove(event);
-  endLostOperation(tool, *event);
+  if (event->spontaneous())
+    endLostOperation(tool, *event);
   return taken;
 }
 
-/// The tool that operates, or that of the button held, which the press held back may start.
-std::shared_ptr<InteractiveTool> CmdsViewController::toolForMove(const QMouseEvent& event) {
-  if (auto operating = getOperatingTool())
-    return operating;
+/// The tool of the button held, which the press held back may start.
+std::shared_ptr<InteractiveTool> CmdsViewController::toolOfHeldButton(const QMouseEvent& event) {
   const EToolActivationButton button = heldButton(event.buttons());
   auto tool = getTool(button);
   if (tool && button == RightButton && !d->pendingRightPress.isNull()) {
@@ -159,22 +160,7 @@ bool CmdsViewController::mouseDrop(QDropEvent* event) {
 
 bool CmdsViewController::rightClick(QMouseEvent*) { return false; }
 
-void CmdsViewController::holdBack(const QMouseEvent& rightPress) {
-  d->pendingRightPress = MousePress(rightPress);
-  d->watch.start(getView());
-}
-
-MousePress CmdsViewController::takeRightPress() {
-  const MousePress press = std::exchange(d->pendingRightPress, {});
-  if (!press.isNull())
-    stopWatchUnlessNeeded();
-  return press;
-}
-
-void CmdsViewController::stopWatchUnlessNeeded() {
-  if (d->pendingRightPress.isNull() && !getOperatingTool())
-    d->watch.stop();
-}
+MousePress CmdsViewController::takeRightPress() { return std::exchange(d->pendingRightPress, {}); }
 
 // The release went elsewhere when the mouse is back without the button. Events that a program made up need
 // not carry the buttons.

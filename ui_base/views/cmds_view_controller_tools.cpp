@@ -145,7 +145,6 @@ void CmdsViewController::toolBeganOperating(InteractiveTool* tool) {
     return;
   const QPointer<BaseViewController> self(this);
   d->cursors.show(*tool, ViewCursors::Operating, tool->getOperatingCursor());
-  d->watch.start(getView());
   const auto held = heldTools();
   for (const HeldTool& other : held) {
     if (other.tool.get() != tool)
@@ -159,7 +158,6 @@ void CmdsViewController::toolEndedOperating(InteractiveTool* tool) {
   if (!tool || !holds(*tool))
     return;
   d->cursors.takeAway(*tool, ViewCursors::Operating);
-  stopWatchUnlessNeeded();
   const QPointer<BaseViewController> self(this);
   ToolStack::toolEndedOperating(tool);
   if (self)
