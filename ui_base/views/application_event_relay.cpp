@@ -2,6 +2,7 @@
 #include "application_event_relay.h"
 
 #include "base_view.h"
+#include "base_view_p.h"
 #include "covered_shortcuts.h"
 #include "presentation.h"
 
@@ -26,7 +27,8 @@ QPointer<ApplicationEventRelay>& relay() {
 } // namespace
 
 ApplicationEventRelay::ApplicationEventRelay(QObject* application) : QObject(application) {
-  ApplicationEvents::watch(*this, {QEvent::Shortcut, QEvent::ShortcutOverride});
+  ApplicationEvents::watch(
+      *this, {QEvent::Shortcut, QEvent::ShortcutOverride, QEvent::WindowBlocked, QEvent::WindowDeactivate});
   ApplicationEvents::watchApplication(*this);
   if (const auto* const widgets = qobject_cast<QApplication*>(application))
     connect(widgets, &QApplication::focusChanged, this, &ApplicationEventRelay::focusChanged);
@@ -82,17 +84,30 @@ bool ApplicationEventRelay::eventFilter(QObject* watched, QEvent* event) {
     event->accept();
     return true;
   }
-  if (watched != parent())
-    return false;
-  QList<QPointer<BaseView>> views;
-  views.reserve(m_views.size());
-  for (BaseView* const view : std::as_const(m_views))
-    views.append(view);
-  for (const QPointer<BaseView>& view : std::as_const(views)) {
+  if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowDeactivate)
+    return loseMouse(*watched, *event);
+  const auto views = watched == parent() ? guardedViews() : QList<QPointer<BaseView>>();
+  for (const QPointer<BaseView>& view : views) {
     if (view && view->eventFilter(watched, event))
       return true;
   }
   return false;
+}
+
+// Before Qt tells what is in the window, one after another: what ends with the mouse may delete others there.
+bool ApplicationEventRelay::loseMouse(const QObject& window, const QEvent& event) const {
+  const QPointer<const QObject> receiver(&window);
+  const ViewsInUse inUse;
+  const auto views = guardedViews();
+  for (const QPointer<BaseView>& view : views) {
+    if (view && view->window() == receiver)
+      view->loseMouse(event);
+  }
+  return !receiver;
+}
+
+QList<QPointer<BaseView>> ApplicationEventRelay::guardedViews() const {
+  return {m_views.cbegin(), m_views.cend()};
 }
 
 } // namespace Vela::UiBase

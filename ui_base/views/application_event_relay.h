@@ -13,8 +13,8 @@ class BaseView;
 
 /// Watches the application for all views. It passes on to them the events of the application object itself: a
 /// filter there for each view would have each of them see every event of the program.
-/// Shortcuts it keeps from what is covered by a presented view, and a focus that is lost it gives back to a
-/// view.
+/// Shortcuts it keeps from what is covered by a presented view, a focus that is lost it gives back to a view,
+/// and the views of a window that is deactivated or blocked it tells that the mouse is lost.
 class ApplicationEventRelay : public QObject {
 public:
   /// A view is removed before it dies. Main thread only.
@@ -31,6 +31,8 @@ private:
   explicit ApplicationEventRelay(QObject* application);
 
   bool anyCovered() const;
+  QList<QPointer<BaseView>> guardedViews() const;
+  bool loseMouse(const QObject& window, const QEvent& event) const;
   void focusChanged(const QWidget* before, const QWidget* now);
 
   QList<BaseView*> m_views;
