@@ -80,6 +80,7 @@ private Q_SLOTS:
   void notificationsFollowControllerToItsNextView();
   void notificationWithoutViewIsDeleted();
 
+  void controllerLivesUntilItHasHandledItsEvent();
   void heldControllerOutlivesItsView();
   void controllerDeletedByHandTakesParentlessViewAlong();
   void viewsShareOneController();
@@ -222,6 +223,22 @@ void BaseViewControllerTest::notificationWithoutViewIsDeleted() {
   controller.showNotification(content, FadeInOnly, 3000);
   settle();
   QVERIFY(!content && !controller.isNotificationShowing());
+}
+
+void BaseViewControllerTest::controllerLivesUntilItHasHandledItsEvent() {
+  for (const bool deletes : {false, true}) {
+    ViewStage s;
+    bool lived = false;
+    s.controller->on["keyPress"] = [&] {
+      if (deletes)
+        delete s.view;
+      else
+        s.view->setViewController(s.other);
+      lived = s.controller;
+    };
+    QTest::keyPress(s.view->windowHandle(), Qt::Key_K);
+    QVERIFY(lived && !s.controller);
+  }
 }
 
 void BaseViewControllerTest::heldControllerOutlivesItsView() {
