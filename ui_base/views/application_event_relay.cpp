@@ -86,7 +86,9 @@ bool ApplicationEventRelay::eventFilter(QObject* watched, QEvent* event) {
   }
   if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowDeactivate)
     return loseMouse(*watched, *event);
-  const auto views = watched == parent() ? guardedViews() : QList<QPointer<BaseView>>();
+  if (watched != parent())
+    return false;
+  const QList<QPointer<BaseView>> views(m_views.cbegin(), m_views.cend());
   for (const QPointer<BaseView>& view : views) {
     if (view && view->eventFilter(watched, event))
       return true;
@@ -95,19 +97,19 @@ bool ApplicationEventRelay::eventFilter(QObject* watched, QEvent* event) {
 }
 
 // Before Qt tells what is in the window, one after another: what ends with the mouse may delete others there.
-bool ApplicationEventRelay::loseMouse(const QObject& window, const QEvent& event) const {
-  const QPointer<const QObject> receiver(&window);
+bool ApplicationEventRelay::loseMouse(const QObject& place, const QEvent& event) const {
+  QList<QPointer<BaseView>> views;
+  for (BaseView* const view : m_views) {
+    if (view == &place || view->window() == &place)
+      views.append(view);
+  }
+  const QPointer<const QObject> receiver(&place);
   const ViewsInUse inUse;
-  const auto views = guardedViews();
-  for (const QPointer<BaseView>& view : views) {
-    if (view && view->window() == receiver)
+  for (const QPointer<BaseView>& view : std::as_const(views)) {
+    if (view)
       view->loseMouse(event);
   }
   return !receiver;
-}
-
-QList<QPointer<BaseView>> ApplicationEventRelay::guardedViews() const {
-  return {m_views.cbegin(), m_views.cend()};
 }
 
 } // namespace Vela::UiBase

@@ -31,8 +31,7 @@ private:
   explicit ApplicationEventRelay(QObject* application);
 
   bool anyCovered() const;
-  QList<QPointer<BaseView>> guardedViews() const;
-  bool loseMouse(const QObject& window, const QEvent& event) const;
+  bool loseMouse(const QObject& place, const QEvent& event) const;
   void focusChanged(const QWidget* before, const QWidget* now);
 
   QList<BaseView*> m_views;

@@ -76,18 +76,11 @@ bool isPartOfWalk(const QEvent& event) {
   }
 }
 
-// What was begun with a button that is held ends: its release may go elsewhere.
+// What was begun with a button that is held ends: its release may go elsewhere. What happens to the whole
+// window the view is told of before.
 bool losesMouse(const QWidget& view, const QEvent& event) {
-  switch (event.type()) {
-  case QEvent::WindowBlocked:
-  case QEvent::WindowDeactivate:
-  case QEvent::FocusOut:
-    return true;
-  case QEvent::EnabledChange:
-    return !view.isEnabled();
-  default:
-    return false;
-  }
+  const QEvent::Type type = event.type();
+  return type == QEvent::FocusOut || (type == QEvent::EnabledChange && !view.isEnabled());
 }
 
 // Of an event that loses the mouse: the release goes to a dialog or a menu, or to nobody.
