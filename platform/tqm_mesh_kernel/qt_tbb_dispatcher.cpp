@@ -2,9 +2,13 @@
 #include "qt_tbb_dispatcher.h"
 
 #include "dispatch.h"
+#include "worker_arena.h"
 
 #include <QCoreApplication>
 
+#include <oneapi/tbb/global_control.h>
+
+#include <array>
 #include <chrono>
 #include <future>
 #include <memory>
@@ -22,6 +26,21 @@ using Priority = oneapi::tbb::task_arena::priority;
 constexpr int closingRounds = 1000;
 constexpr int closingTasks = 1000;
 
+struct Workers {
+  // oneTBB's own limit leaves a machine of two cores one worker.
+  oneapi::tbb::global_control parallelism{oneapi::tbb::global_control::max_allowed_parallelism,
+                                          static_cast<std::size_t>(WorkerArena::workerCount()) + 1};
+  std::array<WorkerArena, 3> arenas{WorkerArena(Priority::high), WorkerArena(Priority::normal),
+                                    WorkerArena(Priority::low)};
+};
+
+// Made with the first task, and never destroyed, as the dispatcher: oneTBB looks at the machine then and
+// loads libraries of its own, for which no program waits while it starts.
+WorkerArena& arenaFor(int qos) {
+  static Workers& workers = *new Workers;
+  return workers.arenas.at(static_cast<std::size_t>(qos - HighQoS));
+}
+
 EQualityOfService known(EQualityOfService qos) {
   return qos >= MainThreadQoS && qos <= LowQoS ? qos : NormalQoS;
 }
@@ -32,11 +51,6 @@ QtTbbDispatcher& QtTbbDispatcher::instance() {
   static QtTbbDispatcher& dispatcher = *new QtTbbDispatcher;
   return dispatcher;
 }
-
-QtTbbDispatcher::QtTbbDispatcher()
-    : m_parallelism(oneapi::tbb::global_control::max_allowed_parallelism,
-                    static_cast<std::size_t>(WorkerArena::workerCount()) + 1),
-      m_arenas{WorkerArena(Priority::high), WorkerArena(Priority::normal), WorkerArena(Priority::low)} {}
 
 bool QtTbbDispatcher::dispatchAsync(std::function<void()> task, EQualityOfService qos) {
   if (qos == MainThreadQoS)
@@ -78,8 +92,7 @@ bool QtTbbDispatcher::enqueueForWorkers(std::function<void()>&& task, EQualityOf
   }
   static constexpr std::array<void (*)(), 3> runNext{runNextWorkerTask<HighQoS>, runNextWorkerTask<NormalQoS>,
                                                      runNextWorkerTask<LowQoS>};
-  const auto index = static_cast<std::size_t>(qos - HighQoS);
-  m_arenas.at(index).enqueue(std::move(task), runNext.at(index));
+  arenaFor(qos).enqueue(std::move(task), runNext.at(static_cast<std::size_t>(qos - HighQoS)));
   return true;
 }
 
@@ -92,9 +105,8 @@ bool QtTbbDispatcher::admitsWorkerTask() {
 
 template <int qos>
 void QtTbbDispatcher::runNextWorkerTask() {
-  QtTbbDispatcher& dispatcher = instance();
-  dispatcher.m_arenas.at(qos - HighQoS).runNext();
-  dispatcher.workerTaskEnded();
+  arenaFor(qos).runNext();
+  instance().workerTaskEnded();
 }
 
 void QtTbbDispatcher::workerTaskEnded() {

@@ -3,11 +3,7 @@
 
 #include "i_dispatcher.h"
 #include "main_thread_queue.h"
-#include "worker_arena.h"
 
-#include <oneapi/tbb/global_control.h>
-
-#include <array>
 #include <atomic>
 
 namespace Taren::Core {
@@ -28,7 +24,7 @@ public:
   static void applicationStarts();
 
 private:
-  QtTbbDispatcher();
+  QtTbbDispatcher() = default;
 
   static void applicationEnds();
 
@@ -41,8 +37,6 @@ private:
   static constexpr int unlimitedAdmissions = -1;
 
   MainThreadQueue m_mainThread;
-  oneapi::tbb::global_control m_parallelism; // oneTBB's own limit leaves a machine of two cores one worker
-  std::array<WorkerArena, 3> m_arenas;
   std::atomic<int> m_workerTasks{0};
   std::atomic<int> m_admissions{unlimitedAdmissions}; // how many more tasks the workers take
 };
