@@ -3,13 +3,29 @@
 
 #include "color_scheme.h"
 
+#include <QFontDatabase>
+
+#include <algorithm>
+
 namespace Vela::Resource {
 
 namespace {
 
+// One family only: with more, Qt has the system sort all its fonts by likeness to each as soon as the font is
+// used, instead of when a character is missing.
+QString arialLikeFamily() {
+  const QStringList wanted{QStringLiteral("Arial"), QStringLiteral("Liberation Sans"),
+                           QStringLiteral("Helvetica")};
+  const QStringList installed = QFontDatabase::families();
+  const auto found = std::find_if(wanted.begin(), wanted.end(),
+                                  [&](const QString& family) { return installed.contains(family); });
+  return found == wanted.end() ? wanted.constFirst() : *found;
+}
+
 QFont arial(int pixelSize, QFont::Weight weight = QFont::Normal) {
+  static const QString family = arialLikeFamily();
   QFont font;
-  font.setFamilies({QStringLiteral("Arial"), QStringLiteral("Liberation Sans"), QStringLiteral("Helvetica")});
+  font.setFamilies({family});
   font.setStyleHint(QFont::SansSerif);
   font.setPixelSize(pixelSize);
   font.setWeight(weight);
