@@ -36,7 +36,6 @@
 #include <workbench/mesh_view.h>
 #include <workbench/mesh_view_controller.h>
 #include <workbench/pages/show_page_command.h>
-#include <workbench/panels/smooth_panel.h>
 #include <workbench/photos/photo_command.h>
 #include <workbench/photos/photo_view_controller.h>
 #include <workbench/recent_files.h>
@@ -174,7 +173,7 @@ QList<CommandBase*> meshCommands(MeshViewController* mesh) {
           new UndoCommand(mesh),
           new RedoCommand(mesh),
           new SmoothMeshCommand(mesh),
-          new SmoothFlyoutCommand(makeSmoothFlyout(mesh->meshView()), mesh),
+          new SmoothFlyoutCommand(mesh),
           new DecimateMeshCommand(mesh),
           new MeshInfoCommand(mesh),
           new SelectionCommand(mesh, SelectAll),

@@ -32,6 +32,8 @@ class PanelCommand : public FlyoutCommand {
 
 public:
   PanelCommand(QWidget* panel, CmdsViewController* controller) : FlyoutCommand(panel, controller) {}
+  PanelCommand(std::function<FlyoutBase*()> make, CmdsViewController* controller)
+      : FlyoutCommand(std::move(make), controller) {}
 
   std::atomic<int> runs = 0;
   QSemaphore mayFinish{1000};
@@ -104,6 +106,25 @@ private Q_SLOTS:
     connect(before, &QObject::destroyed, &taker, [&] { QVERIFY(!keeper.giveBackFrom(taker)); });
     delete before;
     QCOMPARE(window.focusWidget(), &taker);
+  }
+
+  void isMadeWhenItIsFirstAskedFor() {
+    const Stage stage;
+    int made = 0;
+    const auto make = [&made, parent = stage.panel] {
+      ++made;
+      return new FlyoutBase("Later", nullptr, AllPanelButtons, parent->window());
+    };
+    auto* const command = new PanelCommand(make, stage.controller);
+    command->setEnabled(false);
+    delete new PanelCommand(make, stage.controller);
+    QCOMPARE(made, 0);
+    QVERIFY(!command->flyout()->isEnabled());
+    stage.controller->addCommand(command);
+    command->setEnabled(true);
+    command->trigger();
+    QVERIFY(command->flyout()->isVisible());
+    QCOMPARE(made, 1);
   }
 
   void hiddenAsItIsShownItLeavesNoWindow() {

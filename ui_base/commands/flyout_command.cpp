@@ -55,7 +55,10 @@ public:
     bool isInterrupted = false; // ended by one of those that are told of its beginning
   };
 
+  FlyoutBase* madeFlyout() const { return qobject_cast<FlyoutBase*>(panel.data()); }
+
   QPointer<QWidget> panel;
+  std::function<void()> makePanel; // until it is made
   bool active = false;
   std::shared_ptr<Session> session;
   struct {
@@ -67,9 +70,22 @@ public:
 
 FlyoutCommand::FlyoutCommand(QWidget* panel, CmdsViewController* viewController)
     : CommandBase(viewController), d(std::make_unique<FlyoutCommandPrivate>()) {
-  d->panel = panel;
   enableExecutionNotification(true);
   setExecutionQoS(Taren::Core::NormalQoS);
+  setPanel(panel);
+}
+
+FlyoutCommand::FlyoutCommand(std::function<FlyoutBase*()> makeFlyout, CmdsViewController* viewController)
+    : FlyoutCommand(nullptr, viewController) {
+  if (makeFlyout)
+    d->makePanel = [this, make = std::move(makeFlyout)] {
+      setPanel(make());
+      showEnabled();
+    };
+}
+
+void FlyoutCommand::setPanel(QWidget* panel) {
+  d->panel = panel;
   if (panel)
     connect(panel, &QObject::destroyed, this, [this] {
       d->panel.clear(); // whoever is told may begin it again
@@ -102,9 +118,16 @@ void FlyoutCommand::connectFlyout(const FlyoutBase& panel) {
   addObserver(d->busyFlyout, false);
 }
 
-FlyoutBase* FlyoutCommand::flyout() const { return qobject_cast<FlyoutBase*>(d->panel.data()); }
+FlyoutBase* FlyoutCommand::flyout() const {
+  if (const auto make = std::exchange(d->makePanel, nullptr))
+    make();
+  return d->madeFlyout();
+}
 
-QWidget* FlyoutCommand::simpleFlyout() const { return d->panel; }
+QWidget* FlyoutCommand::simpleFlyout() const {
+  flyout();
+  return d->panel;
+}
 
 bool FlyoutCommand::isSimpleFlyout() const { return !flyout(); }
 
@@ -123,7 +146,7 @@ bool FlyoutCommand::event(QEvent* event) {
 // A panel that is disabled for a while, by its own run for instance, has the focus again afterwards, unless
 // the user has put it elsewhere.
 void FlyoutCommand::showEnabled() {
-  FlyoutBase* const panel = flyout();
+  FlyoutBase* const panel = d->madeFlyout();
   if (!panel)
     return;
   const CommandRef self(*this);
@@ -246,10 +269,10 @@ void FlyoutCommand::onFinalize() {
 }
 
 void FlyoutCommand::close() {
-  if (hostOf(flyout())) {
+  if (hostOf(d->madeFlyout())) {
     // As a rule the host is just closing it. Where the command was ended by itself, or dies, nobody else
     // does.
-    const auto closeIfLeftOpen = [flyoutPanel = flyout(), self = QPointer<FlyoutCommand>(this)] {
+    const auto closeIfLeftOpen = [flyoutPanel = d->madeFlyout(), self = QPointer<FlyoutCommand>(this)] {
       if (flyoutPanel->isVisible() && !(self && self->d->session))
         flyoutPanel->CloseMe();
     };
@@ -257,7 +280,7 @@ void FlyoutCommand::close() {
     return;
   }
   const QPointer<QWidget> panel(d->panel);
-  if (FlyoutBase* const flyoutPanel = flyout())
+  if (FlyoutBase* const flyoutPanel = d->madeFlyout())
     flyoutPanel->CloseMe(); // tells whoever hosts it
   if (panel)
     panel->hide();

@@ -4,6 +4,8 @@
 #include <ui_base/commands/command_base.h>
 #include <ui_base/commands/context_hold.h>
 
+#include <functional>
+
 class QWidget;
 
 namespace Vela::UiBase {
@@ -38,9 +40,9 @@ class UI_BASE_EXPORT FlyoutCommand : public CommandBase {
 public:
   ~FlyoutCommand() override;
 
-  /// The panel if it is a FlyoutBase, else null.
+  /// The panel if it is a FlyoutBase, else null. Makes it, where that is still to be done.
   virtual FlyoutBase* flyout() const;
-  /// The panel as it was given; null once it has died.
+  /// The panel as it was given or made; null once it has died.
   virtual QWidget* simpleFlyout() const;
   /// Whether the panel is no FlyoutBase.
   virtual bool isSimpleFlyout() const;
@@ -69,6 +71,10 @@ public Q_SLOTS:
 protected:
   /// @param panel what the command is worked with; may be null.
   FlyoutCommand(QWidget* panel, CmdsViewController* viewController);
+  /// For a panel that is made when something first asks for it, a button that hosts it or the beginning of
+  /// the command: a program starts without panels that nobody has seen.
+  /// @param makeFlyout called at most once, and not in the destructor; the command does not own the flyout.
+  FlyoutCommand(std::function<FlyoutBase*()> makeFlyout, CmdsViewController* viewController);
 
   /// How the commands stand while this one is open; empty, which changes nothing, by default. What it says of
   /// the command itself is left out: its panel shall be used, and closed.
@@ -83,6 +89,7 @@ protected Q_SLOTS:
   void onToggled(bool checked) override;
 
 private:
+  void setPanel(QWidget* panel);
   void connectFlyout(const FlyoutBase& panel);
   void showEnabled();
   void holdBeginContext(ContextHold& hold);

@@ -20,16 +20,11 @@ constexpr QLatin1String IterationsKey("iterations");
 constexpr QLatin1String InwardsKey("inwards");
 constexpr QLatin1String OutwardsKey("outwards");
 
-SmoothPanel* panelOf(const FlyoutBase* flyout) {
-  return flyout ? qobject_cast<SmoothPanel*>(flyout->MainPanel()) : nullptr;
-}
-
 } // namespace
 
-SmoothFlyoutCommand::SmoothFlyoutCommand(FlyoutBase* flyout, MeshViewController* controller)
-    : FlyoutCommand(flyout, controller),
+SmoothFlyoutCommand::SmoothFlyoutCommand(MeshViewController* controller)
+    : FlyoutCommand([this] { return makeFlyout(); }, controller),
       MeshUser(static_cast<const CommandBase&>(*this)),
-      m_panel(panelOf(flyout)),
       m_edit(*this, *this) {
   setText({staticMetaObject, QT_TR_NOOP("Smooth &with Options…")});
   setIcon(QtUiToolkit::Instance().CreateIcon(QStringLiteral("smooth_options")));
@@ -42,24 +37,24 @@ SmoothFlyoutCommand::SmoothFlyoutCommand(FlyoutBase* flyout, MeshViewController*
                               "the others stay exactly as they are.")},
                   QStringLiteral("smooth_mesh")});
   m_preview.setDelay(PreviewDelay);
-  follow();
-}
-
-SmoothFlyoutCommand::~SmoothFlyoutCommand() { beginDestruction(); }
-
-void SmoothFlyoutCommand::follow() {
-  if (m_panel)
-    connect(m_panel, &SmoothPanel::changed, this, &SmoothFlyoutCommand::updatePreview);
   connect(&m_edit, &MeshEdit::finished, this, [this](bool applied) { m_applied = applied; });
-  if (FlyoutBase* const panel = flyout())
-    connect(panel, &FlyoutBase::FlyoutIdle, this, [this, panel] {
-      if (std::exchange(m_applied, false))
-        panel->CloseMe();
-    });
   if (MeshDocument* const edited = document()) {
     connect(edited, &MeshDocument::meshChanged, this, &SmoothFlyoutCommand::onMeshChanged);
     connect(edited, &MeshDocument::selectionChanged, this, &SmoothFlyoutCommand::updatePreview);
   }
+}
+
+SmoothFlyoutCommand::~SmoothFlyoutCommand() { beginDestruction(); }
+
+FlyoutBase* SmoothFlyoutCommand::makeFlyout() {
+  FlyoutBase* const flyout = makeSmoothFlyout(meshView());
+  m_panel = qobject_cast<SmoothPanel*>(flyout->MainPanel());
+  connect(m_panel, &SmoothPanel::changed, this, &SmoothFlyoutCommand::updatePreview);
+  connect(flyout, &FlyoutBase::FlyoutIdle, this, [this, flyout] {
+    if (std::exchange(m_applied, false))
+      flyout->CloseMe();
+  });
+  return flyout;
 }
 
 QString SmoothFlyoutCommand::obstacle() const { return isActive() ? QString() : needFreeMesh(); }
@@ -69,7 +64,7 @@ bool SmoothFlyoutCommand::locksMesh() const { return true; }
 void SmoothFlyoutCommand::cancel() {
   if (m_edit.isRunning())
     requestStop();
-  else if (FlyoutBase* const panel = flyout(); panel && isActive())
+  else if (FlyoutBase* const panel = isActive() ? flyout() : nullptr)
     panel->Cancel();
 }
 

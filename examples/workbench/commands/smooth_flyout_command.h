@@ -21,8 +21,7 @@ class SmoothFlyoutCommand : public Vela::UiBase::FlyoutCommand, public MeshUser 
   COMMAND_ID(SmoothFlyoutCommand)
 
 public:
-  /// @param flyout  from makeSmoothFlyout(); not owned
-  SmoothFlyoutCommand(Vela::UiBase::FlyoutBase* flyout, MeshViewController* controller);
+  explicit SmoothFlyoutCommand(MeshViewController* controller);
   ~SmoothFlyoutCommand() override;
 
   /// The values of the panel. With given ones it is applied without its panel.
@@ -48,13 +47,13 @@ protected:
   Vela::UiBase::CommandContext getExecutionCommandContext() override;
 
 private:
-  void follow();
+  Vela::UiBase::FlyoutBase* makeFlyout();
   void updatePreview();
   void clearPreview();
   void onMeshChanged();
   SmoothOptions options() const;
 
-  const QPointer<SmoothPanel> m_panel;
+  QPointer<SmoothPanel> m_panel; // of the flyout, once that is made
   MeshEdit m_edit;
   LatestTask m_preview;
   std::optional<SmoothOptions> m_given; // for the next run, in place of the panel's
