@@ -2,7 +2,6 @@
 #include "color_scheme.h"
 
 #include <QFile>
-#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -131,14 +130,15 @@ QString expandStyleSheet(const QString& path, const ColorScheme& scheme) {
     return {};
   const QString source = QString::fromUtf8(file.readAll());
 
-  static const QRegularExpression token(QStringLiteral("@(\\w+)"));
+  const auto isOfToken = [](QChar c) { return c.isLetterOrNumber(); };
   QString result;
   qsizetype copied = 0;
-  for (auto it = token.globalMatch(source); it.hasNext();) {
-    const QRegularExpressionMatch match = it.next();
-    result += QStringView(source).mid(copied, match.capturedStart() - copied);
-    result += colorOfToken(match.capturedView(1), scheme);
-    copied = match.capturedEnd();
+  for (auto at = source.indexOf(u'@'); at >= 0; at = source.indexOf(u'@', copied)) {
+    const auto name = source.cbegin() + at + 1;
+    const auto end = std::find_if_not(name, source.cend(), isOfToken);
+    result += QStringView(source).mid(copied, at - copied);
+    result += colorOfToken(QStringView(name, end), scheme);
+    copied = end - source.cbegin();
   }
   result += QStringView(source).mid(copied);
   return result;

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QResource>
 
 #include <algorithm>
 #include <array>
@@ -18,8 +19,7 @@ constexpr QLatin1String FOLDER(":/resources/images");
 constexpr std::array MARKS{"info", "warning", "error"};
 
 QByteArray readDrawing(const QString& name) {
-  QFile file(FOLDER + QLatin1Char('/') + name + QLatin1String(".svg"));
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  return QResource(FOLDER + QLatin1Char('/') + name + QLatin1String(".svg")).uncompressedData();
 }
 
 QIcon makeIcon(const QString& name, const QByteArray& drawing, const QColor& color) {

@@ -13,6 +13,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QPainter>
+#include <QStatusBar>
 #include <QStyle>
 
 namespace Workbench {
@@ -39,7 +40,7 @@ QString arrowStyle(bool mirrored) {
 } // namespace
 
 UnitButton::UnitButton(QMainWindow& window, const MeshViewController& controller)
-    : QToolButton(&window),
+    : QToolButton(window.statusBar()), // where it will stand: a style sheet is applied again for another parent
       m_controller(controller),
       m_menu(new QMenu(this)),
       m_arrow(Icons::icon(QStringLiteral("arrow_down"))) {
