@@ -32,6 +32,11 @@ function(vlk_add_library target)
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_link_libraries(${target} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
+  if(UNIX AND NOT APPLE)
+    # A library calls its own functions without looking for others of the same name, as those of Qt do: programs
+    # load sooner.
+    target_link_options(${target} PRIVATE LINKER:-Bsymbolic-functions)
+  endif()
   set_target_properties(${target} PROPERTIES
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} EXPORT_NAME ${arg_EXPORT_NAME}
     # Installed libraries find one another wherever the tree was unpacked.
