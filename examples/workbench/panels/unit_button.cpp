@@ -40,7 +40,7 @@ QString arrowStyle(bool mirrored) {
 } // namespace
 
 UnitButton::UnitButton(QMainWindow& window, const MeshViewController& controller)
-    : QToolButton(window.statusBar()), // where it will stand: a style sheet is applied again for another parent
+    : QToolButton(window.statusBar()), // where it will stand: another parent would style it anew
       m_controller(controller),
       m_menu(new QMenu(this)),
       m_arrow(Icons::icon(QStringLiteral("arrow_down"))) {
