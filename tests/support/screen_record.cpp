@@ -15,6 +15,7 @@
 #include <QMetaEnum>
 #include <QPainter>
 #include <QRegularExpression>
+#include <QTranslator>
 #include <QWidget>
 
 #include <algorithm>
@@ -210,6 +211,26 @@ QString listDifference(const QString& name) {
 
 void makeDark(bool dark) { Resource::Styles::Instance().setPalette(dark ? Resource::Dark : Resource::Light); }
 
+class Capitals : public QTranslator {
+public:
+  bool isEmpty() const override { return false; }
+  QString translate(const char*, const char* text, const char*, int) const override {
+    return QString::fromUtf8(text).toUpper();
+  }
+};
+
+void translate(bool translated) {
+  static Capitals language;
+  translated ? QCoreApplication::installTranslator(&language) : QCoreApplication::removeTranslator(&language);
+}
+
+void enlarge(bool large) {
+  static const QFont before = QApplication::font();
+  QFont font = before;
+  font.setPixelSize(QFontInfo(before).pixelSize() + (large ? 4 : 0));
+  QApplication::setFont(large ? font : before);
+}
+
 void mirror(bool mirrored) { QApplication::setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight); }
 
 } // namespace
@@ -221,7 +242,8 @@ QString differenceFromScreen(const QString& name) {
   QString difference = listDifference(name);
   if (difference.isEmpty())
     difference = pictureDifference(image, name);
-  for (const auto& [change, variant] : {std::pair(&makeDark, "-dark"), std::pair(&mirror, "-mirrored")}) {
+  for (const auto& [change, variant] : {std::pair(&makeDark, "-dark"), std::pair(&translate, "-translated"),
+                                        std::pair(&enlarge, "-large"), std::pair(&mirror, "-mirrored")}) {
     if (!difference.isEmpty() || (change == &mirror && isMirrored()))
       break;
     change(true);

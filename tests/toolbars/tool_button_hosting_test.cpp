@@ -2,6 +2,7 @@
 #include "tool_button_fixture.h"
 
 #include <support/rows.h>
+#include <support/screen_record.h>
 #include <ui_base/popups/m_dialog_base.h>
 #include <ui_base/toolbars/menu_state.h>
 
@@ -314,9 +315,11 @@ private Q_SLOTS:
     SharedStage stage;
     stage.flyout->SetKeepOpenInView(keepInView);
     stage.flyout->AddSubWidget(stage.beside, Right);
-    stage.flyout->ShowSubWidget(stage.beside, true);
     stage.click(stage.button);
-    QVERIFY(stage.flyout->isVisible());
+    QVERIFY(stage.flyout->isVisible() && !stage.flyout->IsSubWidgetVisible());
+    stage.flyout->ShowSubWidget(stage.beside, true);
+    QVERIFY(stage.flyout->IsSubWidgetVisible());
+    VELA_COMPARE_SCREEN("flyout_with_neighbour");
     press(stage);
     Vela::Test::settle();
     QCOMPARE(stage.flyout->isVisible(), open);

@@ -113,6 +113,7 @@ private Q_SLOTS:
     QCOMPARE(f.widget->accessibleDescription(), "Evens out noise.");
     auto* const tooltip = qobject_cast<TooltipEx*>(f.tooltip->TooltipControl());
     QCOMPARE(tooltip->Title(), "Smooth & relax");
+    action.setShortcut(Qt::CTRL | Qt::Key_M);
     action.setToolTip("<i>Own</i> words");
     QCOMPARE(tooltip->Text(), "<i>Own</i> words");
     QCOMPARE(tooltip->accessibleName().section(QLatin1Char('\n'), -1), "Own words");

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <support/screen_record.h>
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/commands/command_base.h>
@@ -168,6 +169,7 @@ void CmdsViewControllerTest::runIsShownAndCancelled() {
     const auto* const bar = screen.view->findChild<QProgressBar*>();
     QTRY_COMPARE(bar->value(), 30);
     QCOMPARE(bar->accessibleName(), QStringLiteral("Smooth…"));
+    VELA_COMPARE_SCREEN("run");
     for (int i = 0; i < 5 && !screen.cancelButtons().constFirst()->hasFocus(); ++i)
       QTest::keyClick(screen.view->windowHandle(), Qt::Key_Tab);
     QTest::keyClick(screen.view->windowHandle(), key);
