@@ -161,7 +161,7 @@ bool isRecording() { return qEnvironmentVariableIsSet("VELA_RECORD_SCREENS"); }
 
 bool drawsAsRecorded() {
   static const bool result = [] {
-    if (QGuiApplication::platformName() != QLatin1String("offscreen"))
+    if (QGuiApplication::platformName() != QLatin1String("offscreen") || qApp->devicePixelRatio() != 1)
       return false;
     const QImage now = letters();
     if (isRecording())
@@ -181,6 +181,13 @@ QString firstDifference(const QStringList& now, const QStringList& then) {
       .arg(one == now.end() ? QString() : one->trimmed(), other == then.end() ? QString() : other->trimmed());
 }
 
+/// Beside the program, under the name of the file that it is compared with.
+QString saved(const QImage& image, const QString& file) {
+  const QString here = QDir::current().filePath(QFileInfo(file).fileName());
+  image.save(here);
+  return here;
+}
+
 /// Records what is seen, or compares it; the list of widgets is the first one's only.
 QString pictureDifference(const QImage& now, const QString& name, const char* variant = "") {
   const QString file = pathOf(name, variant) + QLatin1String(".png");
@@ -188,9 +195,7 @@ QString pictureDifference(const QImage& now, const QString& name, const char* va
     return now.save(file, "PNG", 0) ? QString() : QStringLiteral("cannot be written");
   if (now == QImage(file).convertToFormat(now.format()))
     return {};
-  const QString here = QDir::current().filePath(QFileInfo(file).fileName());
-  now.save(here);
-  return QStringLiteral("not the picture %1; now: %2").arg(file, here);
+  return QStringLiteral("not the picture %1; now: %2").arg(file, saved(now, file));
 }
 
 QString listDifference(const QString& name) {
@@ -235,7 +240,7 @@ void mirror(bool mirrored) { QApplication::setLayoutDirection(mirrored ? Qt::Rig
 
 } // namespace
 
-QString differenceFromScreen(const QString& name) {
+QString differenceFromScreen(const QString& name, EVariants variants) {
   if (!drawsAsRecorded())
     return {};
   const QImage image = stillPicture();
@@ -244,13 +249,14 @@ QString differenceFromScreen(const QString& name) {
     difference = pictureDifference(image, name);
   for (const auto& [change, variant] : {std::pair(&makeDark, "-dark"), std::pair(&translate, "-translated"),
                                         std::pair(&enlarge, "-large"), std::pair(&mirror, "-mirrored")}) {
-    if (!difference.isEmpty() || (change == &mirror && isMirrored()))
+    if (!difference.isEmpty() || variants == OnlyAsItIs || (change == &mirror && isMirrored()))
       break;
     change(true);
     difference = pictureDifference(stillPicture(), name, variant);
     change(false);
-    if (difference.isEmpty() && stillPicture() != image)
-      difference = QStringLiteral("it does not come back from ") + QLatin1String(variant);
+    if (const QImage after = stillPicture(); difference.isEmpty() && after != image)
+      difference = QStringLiteral("it does not come back from %1: %2")
+                       .arg(QLatin1String(variant), saved(after, pathOf(name, "-after.png")));
   }
   return difference;
 }

@@ -194,14 +194,6 @@ private Q_SLOTS:
     QVERIFY(list && list->isVisible() && desktop.contains(list->geometry()));
     VELA_COMPARE_SCREEN(QStringLiteral("overflow, ") + QTest::currentDataTag());
     QVERIFY(!list->geometry().intersects(QRect(more->mapToGlobal(QPoint()), more->size())));
-    if (area != Qt::BottomToolBarArea)
-      return;
-    const QImage picture = more->grab().toImage();
-    const QPoint centre = more->rect().center();
-    const auto ink = [&](int x) {
-      return qAbs(qGray(picture.pixel(centre + QPoint(x, 0))) - qGray(picture.pixel(centre + QPoint(x, 6))));
-    };
-    QVERIFY2((ink(4) > ink(-4)) == (direction == Qt::LeftToRight), "where its tips point");
   }
 
   void whatDiesWithItsGroupGoes() {

@@ -2,7 +2,6 @@
 #include "tool_button_fixture.h"
 
 #include <support/rows.h>
-#include <support/screen_record.h>
 #include <ui_base/popups/m_dialog_base.h>
 #include <ui_base/toolbars/menu_state.h>
 
@@ -319,7 +318,6 @@ private Q_SLOTS:
     QVERIFY(stage.flyout->isVisible() && !stage.flyout->IsSubWidgetVisible());
     stage.flyout->ShowSubWidget(stage.beside, true);
     QVERIFY(stage.flyout->IsSubWidgetVisible());
-    VELA_COMPARE_SCREEN("flyout_with_neighbour");
     press(stage);
     Vela::Test::settle();
     QCOMPARE(stage.flyout->isVisible(), open);
