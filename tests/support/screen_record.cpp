@@ -249,7 +249,8 @@ QString differenceFromScreen(const QString& name, EVariants variants) {
     difference = pictureDifference(image, name);
   for (const auto& [change, variant] : {std::pair(&makeDark, "-dark"), std::pair(&translate, "-translated"),
                                         std::pair(&enlarge, "-large"), std::pair(&mirror, "-mirrored")}) {
-    if (!difference.isEmpty() || variants == OnlyAsItIs || (change == &mirror && isMirrored()))
+    if (!difference.isEmpty() || variants == OnlyAsItIs || (variants == AlsoDark && change != &makeDark) ||
+        (change == &mirror && isMirrored()))
       break;
     change(true);
     difference = pictureDifference(stillPicture(), name, variant);

@@ -6,7 +6,8 @@
 
 namespace Vela::Test {
 
-enum EVariants { OnlyAsItIs, AllVariants };
+/// How else a screen is compared: not at all, dark, or also where what is on it takes other room.
+enum EVariants { OnlyAsItIs, AlsoDark, AllVariants };
 
 /// Compares what is on the screen with what was recorded under a name in tests/support/screens: a picture of
 /// all visible windows, and a list of their widgets with places, focus, cursors and what a screen reader is

@@ -62,7 +62,7 @@ private Q_SLOTS:
     Vela::Test::click(*stage.flyoutButton());
     QVERIFY(stage.outer->isVisible() && menu->isHidden() && stage.flyoutButton()->isChecked());
     QVERIFY(stage.outer->mapTo(&stage.window, QPoint()).x() > stage.panel->geometry().right());
-    VELA_COMPARE_SCREEN("action_panel");
+    VELA_COMPARE_SCREEN("action_panel", Vela::Test::AlsoDark);
   }
 
   void busyFlyoutLocksTheButtons() {

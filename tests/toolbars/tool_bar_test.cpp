@@ -192,7 +192,7 @@ private Q_SLOTS:
     more->click();
     const auto* const list = more->findChild<QMenu*>();
     QVERIFY(list && list->isVisible() && desktop.contains(list->geometry()));
-    VELA_COMPARE_SCREEN(QStringLiteral("overflow, ") + QTest::currentDataTag());
+    VELA_COMPARE_SCREEN(QStringLiteral("overflow, ") + QTest::currentDataTag(), Vela::Test::AlsoDark);
     QVERIFY(!list->geometry().intersects(QRect(more->mapToGlobal(QPoint()), more->size())));
   }
 

@@ -109,7 +109,7 @@ private Q_SLOTS:
     };
     const QPoint distance = gap();
     QVERIFY(distance.x() == 0 && qAbs(distance.y() - 7) <= 1);
-    VELA_COMPARE_SCREEN("menu_of_a_button");
+    VELA_COMPARE_SCREEN("menu_of_a_button", Vela::Test::AlsoDark);
     stage.menuButton->move(stage.menuButton->pos() + QPoint(25, 3));
     QCOMPARE(gap(), distance);
     stage.menuButton->HideMenu();

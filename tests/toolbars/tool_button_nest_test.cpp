@@ -47,7 +47,7 @@ private Q_SLOTS:
     QVERIFY(stage.subFlyout->isVisible() && !stage.subBar->isVisible());
     QCOMPARE(shownColor(*stage.menuButton), QColor(Qt::green));
     QVERIFY(stage.plain->IsLocked() && stage.button->IsLocked() && !stage.menuButton->IsLocked());
-    VELA_COMPARE_SCREEN("extended_button");
+    VELA_COMPARE_SCREEN("extended_button", Vela::Test::AlsoDark);
     const ToolButton* const late = stage.bar->AddAction(new QAction("Late", stage.view));
     Vela::Test::settle();
     QVERIFY(late->IsLocked());
@@ -110,7 +110,8 @@ private Q_SLOTS:
       const QRect owner(opener->mapToGlobal(QPoint()), opener->size());
       QVERIFY(!inWindow.contains(owner) || !seen.intersects(owner));
       if (size.width() == 300)
-        VELA_COMPARE_SCREEN(QStringLiteral("%1, area %2").arg(opener->text(), QTest::currentDataTag()));
+        VELA_COMPARE_SCREEN(QStringLiteral("%1, area %2").arg(opener->text(), QTest::currentDataTag()),
+                            Vela::Test::AlsoDark);
       opener->HideMenu();
     }
   }
