@@ -130,7 +130,7 @@ void BaseViewControllerTest::altReleaseIsSynthesizedOnDeactivation() {
 }
 
 void BaseViewControllerTest::doubleClickWithoutItsReleaseLeavesTheNextPress() {
-  for (const QString loss : {"dialog", "menu", "disabled"}) {
+  for (const QString loss : {"dialog", "menu", "disabled", "grab"}) {
     ViewStage s;
     QDialog dialog;
     dialog.setModal(true);
@@ -141,10 +141,13 @@ void BaseViewControllerTest::doubleClickWithoutItsReleaseLeavesTheNextPress() {
         dialog.show();
       else if (loss == "menu")
         menu.popup(s.view->mapToGlobal(s.view->rect().bottomRight()));
-      else
+      else if (loss == "disabled")
         s.view->setEnabled(false);
+      else
+        dialog.grabMouse();
     };
     QTest::mouseDClick(s.view->windowHandle(), Qt::LeftButton, {}, {5, 5});
+    dialog.releaseMouse();
     dialog.close();
     menu.close();
     s.view->setEnabled(true);

@@ -217,15 +217,19 @@ bool BaseView::handOn(bool (ViewResponder::*handler)(Event*), Event* event) {
   return (controller->*handler)(event) || inUse.viewEnded();
 }
 
+// The release of a double click went elsewhere when the mouse is back without a button, or a press finds no
+// other one held; QWidget passes the double click itself on as a press. Events that a program made up need
+// not carry the buttons.
 void BaseView::mousePressEvent(QMouseEvent* event) {
+  if (event->spontaneous() && event->type() == QEvent::MouseButtonPress &&
+      event->buttons() == event->button())
+    d->doubleClicking = false;
   d->movedWhilePressed = false;
   d->pressed = true;
   if (d->doubleClicking || !handOn(&ViewResponder::mousePress, event))
     QWidget::mousePressEvent(event);
 }
 
-// The release of a double click went elsewhere when the mouse is back without a button. Events that a program
-// made up need not carry the buttons.
 void BaseView::mouseMoveEvent(QMouseEvent* event) {
   if (event->spontaneous() && event->buttons() == Qt::NoButton) {
     d->doubleClicking = false;
