@@ -194,7 +194,7 @@ void ViewFuzz::checkUseOf(FuzzController& controller) {
     return;
   QTest::mouseClick(m_window.windowHandle(), Qt::LeftButton, {}, at);
   loseRelease();
-  if (controller.presses != before + 1)
+  if (controller.presses == before) // twice where a view around it has the same controller
     report(QStringLiteral("a press is not heard"));
 }
 
