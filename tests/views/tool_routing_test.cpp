@@ -212,6 +212,9 @@ void ToolRoutingTest::toolsWaitForAnotherOne() {
     left->startOperation();
     left->endOperation();
     QVERIFY(left->isSuspended()); // below the top
+    left->resume();               // as a reset does
+    screen.play("pop");
+    QCOMPARE(screen.cursor(), Qt::OpenHandCursor);
   }
   ToolScreen screen;
   const auto below = std::make_shared<HandingTool>("below", screen.journal);

@@ -93,6 +93,8 @@ std::shared_ptr<InteractiveTool> CmdsViewController::popTool(EToolActivationButt
   const QPointer<BaseViewController> self(this);
   const QScopedValueRollback moves(top->m_moves, true);
   bringToRest(top);
+  if (self)
+    keepToolsWaiting(); // what is active below, as in a reset, would not tell that it is resumed
   if (!self || !holds(*top))
     return top;
   if (getTool(button) == top)
