@@ -2,6 +2,7 @@
 #include "menu_fixture.h"
 
 #include <support/screen_record.h>
+
 #include <QScreen>
 
 using namespace Vela::UiBase;
