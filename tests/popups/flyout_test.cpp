@@ -118,9 +118,13 @@ private Q_SLOTS:
     auto* const command = new PanelCommand(make, stage.controller);
     command->setEnabled(false);
     delete new PanelCommand(make, stage.controller);
-    QCOMPARE(made, 0);
-    QVERIFY(!command->flyout()->isEnabled());
     stage.controller->addCommand(command);
+    command->mayFinish.acquire(1000);
+    command->onExecute();
+    QCOMPARE(made, 0);
+    QVERIFY(!command->flyout()->isEnabled() && command->flyout()->IsBusy());
+    command->mayFinish.release();
+    QTRY_VERIFY(!command->flyout()->IsBusy());
     command->setEnabled(true);
     command->trigger();
     QVERIFY(command->flyout()->isVisible());

@@ -6,6 +6,7 @@
 #include "command_ref.h"
 #include "upstairs.h"
 
+#include <tqm_mesh_kernel/dispatch.h>
 #include <ui_base/popups/flyout_base.h>
 #include <ui_base/popups/flyout_host.h>
 #include <vlk_common_res/strings.h>
@@ -25,18 +26,24 @@ using License::LicenseService;
 /// Makes a flyout busy while its command executes.
 class BusyFlyout : public CommandStateProtocol {
 public:
-  explicit BusyFlyout(FlyoutBase* flyout) : m_flyout(flyout) {}
+  void setFlyout(FlyoutBase* flyout) {
+    m_flyout = flyout;
+    if (m_busy) // it was made meanwhile
+      setBusy(true);
+  }
 
   void commandBeganExecuting(CommandBase*, bool) override { setBusy(true); }
   void commandEndedExecuting(CommandBase*, bool) override { setBusy(false); }
 
 private:
-  void setBusy(bool busy) const {
+  void setBusy(bool busy) {
+    m_busy = busy;
     if (m_flyout)
       m_flyout->SetBusy(busy);
   }
 
-  const QPointer<FlyoutBase> m_flyout;
+  QPointer<FlyoutBase> m_flyout;
+  bool m_busy = false;
 };
 
 FlyoutHost* hostOf(const FlyoutBase* flyout) {
@@ -55,33 +62,38 @@ public:
     bool isInterrupted = false; // ended by one of those that are told of its beginning
   };
 
-  FlyoutBase* madeFlyout() const { return qobject_cast<FlyoutBase*>(panel.data()); }
-
   QPointer<QWidget> panel;
-  std::function<void()> makePanel; // until it is made
+  std::function<FlyoutBase*()> makePanel; // until it is made
   bool active = false;
   std::shared_ptr<Session> session;
   struct {
     QPointer<QWidget> before; // when the panel was disabled, in it
     QPointer<QWidget> since;
   } focus;
-  std::shared_ptr<BusyFlyout> busyFlyout;
+  const std::shared_ptr<BusyFlyout> busyFlyout = std::make_shared<BusyFlyout>();
 };
 
 FlyoutCommand::FlyoutCommand(QWidget* panel, CmdsViewController* viewController)
     : CommandBase(viewController), d(std::make_unique<FlyoutCommandPrivate>()) {
   enableExecutionNotification(true);
   setExecutionQoS(Taren::Core::NormalQoS);
+  addObserver(d->busyFlyout, false);
   setPanel(panel);
 }
 
 FlyoutCommand::FlyoutCommand(std::function<FlyoutBase*()> makeFlyout, CmdsViewController* viewController)
     : FlyoutCommand(nullptr, viewController) {
-  if (makeFlyout)
-    d->makePanel = [this, make = std::move(makeFlyout)] {
-      setPanel(make());
-      showEnabled();
-    };
+  d->makePanel = std::move(makeFlyout);
+}
+
+// Once. What makes it may let go of the command.
+void FlyoutCommand::makePanel() {
+  const CommandRef self(*this);
+  FlyoutBase* const panel = std::exchange(d->makePanel, nullptr)();
+  if (self.get())
+    setPanel(panel);
+  if (self.get())
+    showEnabled();
 }
 
 void FlyoutCommand::setPanel(QWidget* panel) {
@@ -91,7 +103,7 @@ void FlyoutCommand::setPanel(QWidget* panel) {
       d->panel.clear(); // whoever is told may begin it again
       onFinalize();
     });
-  if (const auto* const flyoutPanel = qobject_cast<FlyoutBase*>(panel))
+  if (auto* const flyoutPanel = qobject_cast<FlyoutBase*>(panel))
     connectFlyout(*flyoutPanel);
 }
 
@@ -104,7 +116,7 @@ FlyoutCommand::~FlyoutCommand() {
 }
 
 // By signature: what a flyout offers is known by the names of its signals alone.
-void FlyoutCommand::connectFlyout(const FlyoutBase& panel) {
+void FlyoutCommand::connectFlyout(FlyoutBase& panel) {
   connect(&panel, SIGNAL(ApplyChanges()), this, SLOT(onExecute()));
   connect(&panel, SIGNAL(CloseFlyout()), this, SLOT(onFinalize()));
   connect(&panel, SIGNAL(ESCKeyReleased()), this, SLOT(onESCKeyReleased()));
@@ -114,20 +126,23 @@ void FlyoutCommand::connectFlyout(const FlyoutBase& panel) {
       connect(&panel, SIGNAL(ResetValues()), main, SIGNAL(ResetValues()));
     connect(&panel, SIGNAL(ResetValues()), this, SLOT(onReset()));
   }
-  d->busyFlyout = std::make_shared<BusyFlyout>(const_cast<FlyoutBase*>(&panel));
-  addObserver(d->busyFlyout, false);
+  d->busyFlyout->setFlyout(&panel);
 }
 
-FlyoutBase* FlyoutCommand::flyout() const {
-  if (const auto make = std::exchange(d->makePanel, nullptr))
-    make();
-  return d->madeFlyout();
-}
+FlyoutBase* FlyoutCommand::flyout() const { return qobject_cast<FlyoutBase*>(FlyoutCommand::simpleFlyout()); }
 
+// A run may ask on its worker.
 QWidget* FlyoutCommand::simpleFlyout() const {
-  flyout();
-  return d->panel;
+  if (!d->makePanel || !Taren::Core::isMainThread())
+    return d->panel;
+  auto& self = const_cast<FlyoutCommand&>(*this);
+  const CommandRef alive(self);
+  self.makePanel();
+  return alive.get() ? d->panel.data() : nullptr;
 }
+
+/// The flyout, unless it is still to be made.
+FlyoutBase* FlyoutCommand::madeFlyout() const { return d->makePanel ? nullptr : flyout(); }
 
 bool FlyoutCommand::isSimpleFlyout() const { return !flyout(); }
 
@@ -146,7 +161,7 @@ bool FlyoutCommand::event(QEvent* event) {
 // A panel that is disabled for a while, by its own run for instance, has the focus again afterwards, unless
 // the user has put it elsewhere.
 void FlyoutCommand::showEnabled() {
-  FlyoutBase* const panel = d->madeFlyout();
+  FlyoutBase* const panel = madeFlyout();
   if (!panel)
     return;
   const CommandRef self(*this);
@@ -269,18 +284,19 @@ void FlyoutCommand::onFinalize() {
 }
 
 void FlyoutCommand::close() {
-  if (hostOf(d->madeFlyout())) {
+  FlyoutBase* const flyoutPanel = madeFlyout();
+  if (hostOf(flyoutPanel)) {
     // As a rule the host is just closing it. Where the command was ended by itself, or dies, nobody else
     // does.
-    const auto closeIfLeftOpen = [flyoutPanel = d->madeFlyout(), self = QPointer<FlyoutCommand>(this)] {
+    const auto closeIfLeftOpen = [flyoutPanel, self = QPointer<FlyoutCommand>(this)] {
       if (flyoutPanel->isVisible() && !(self && self->d->session))
         flyoutPanel->CloseMe();
     };
-    QMetaObject::invokeMethod(d->panel, closeIfLeftOpen, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(flyoutPanel, closeIfLeftOpen, Qt::QueuedConnection);
     return;
   }
   const QPointer<QWidget> panel(d->panel);
-  if (FlyoutBase* const flyoutPanel = d->madeFlyout())
+  if (flyoutPanel)
     flyoutPanel->CloseMe(); // tells whoever hosts it
   if (panel)
     panel->hide();

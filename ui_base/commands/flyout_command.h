@@ -40,7 +40,8 @@ class UI_BASE_EXPORT FlyoutCommand : public CommandBase {
 public:
   ~FlyoutCommand() override;
 
-  /// The panel if it is a FlyoutBase, else null. Makes it, where that is still to be done.
+  /// The panel if it is a FlyoutBase, else null. Makes it, where that is still to be done, on the main thread
+  /// only.
   virtual FlyoutBase* flyout() const;
   /// The panel as it was given or made; null once it has died.
   virtual QWidget* simpleFlyout() const;
@@ -73,7 +74,8 @@ protected:
   FlyoutCommand(QWidget* panel, CmdsViewController* viewController);
   /// For a panel that is made when something first asks for it, a button that hosts it or the beginning of
   /// the command: a program starts without panels that nobody has seen.
-  /// @param makeFlyout called at most once, and not in the destructor; the command does not own the flyout.
+  /// @param makeFlyout called at most once, on the main thread, and not in the destructor; it does not throw.
+  /// The command does not own the flyout.
   FlyoutCommand(std::function<FlyoutBase*()> makeFlyout, CmdsViewController* viewController);
 
   /// How the commands stand while this one is open; empty, which changes nothing, by default. What it says of
@@ -89,8 +91,10 @@ protected Q_SLOTS:
   void onToggled(bool checked) override;
 
 private:
+  FlyoutBase* madeFlyout() const;
+  void makePanel();
   void setPanel(QWidget* panel);
-  void connectFlyout(const FlyoutBase& panel);
+  void connectFlyout(FlyoutBase& panel);
   void showEnabled();
   void holdBeginContext(ContextHold& hold);
   void tell(void (CommandStateProtocol::*what)(CommandBase*), const std::shared_ptr<const bool>& unless = {});

@@ -6,6 +6,7 @@
 #include <ui_base/commands/command_group.h>
 #include <ui_base/commands/flyout_command.h>
 
+#include <QPointer>
 #include <QWidgetAction>
 
 namespace Vela::UiBase {
@@ -61,9 +62,13 @@ ToolButton* ToolBar::CreateToolButton(QWidget* parent, QAction* action, ToolBar&
     commands->setToolButton(button);
     return button;
   }
-  if (QWidget* const menu = widgetOf(*action))
-    return bar.AddAction(action, menu, group, index, applyTooltipParams, applyMenuParams);
-  return bar.AddAction(action, group, index, applyTooltipParams, applyMenuParams);
+  const QPointer<ToolBar> alive(&bar);
+  const QPointer<QAction> shown(action);
+  QWidget* const menu = widgetOf(*action); // which may be made now
+  if (!alive)
+    return nullptr;
+  return menu ? bar.AddAction(shown, menu, group, index, applyTooltipParams, applyMenuParams)
+              : bar.AddAction(shown, group, index, applyTooltipParams, applyMenuParams);
 }
 
 ToolButton* ToolBar::AddAction(QAction* action, const QString& group, int index, bool applyTooltipParams,
