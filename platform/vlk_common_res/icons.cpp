@@ -19,7 +19,9 @@ constexpr QLatin1String FOLDER(":/resources/images");
 constexpr std::array MARKS{"info", "warning", "error"};
 
 QByteArray readDrawing(const QString& name) {
-  return QResource(FOLDER + QLatin1Char('/') + name + QLatin1String(".svg")).uncompressedData();
+  QByteArray drawing = QResource(FOLDER + QLatin1Char('/') + name + QLatin1String(".svg")).uncompressedData();
+  drawing.detach(); // from a resource that may be unregistered
+  return drawing;
 }
 
 QIcon makeIcon(const QString& name, const QByteArray& drawing, const QColor& color) {
