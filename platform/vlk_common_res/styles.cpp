@@ -4,6 +4,7 @@
 #include "color_scheme.h"
 
 #include <QFontDatabase>
+#include <QGuiApplication>
 
 #include <algorithm>
 
@@ -23,9 +24,11 @@ QString arialLikeFamily() {
 }
 
 QFont arial(int pixelSize, QFont::Weight weight = QFont::Normal) {
-  static const QString family = arialLikeFamily();
+  static QString family;
+  if (family.isEmpty() && qGuiApp) // which the fonts of the system need
+    family = arialLikeFamily();
   QFont font;
-  font.setFamilies({family});
+  font.setFamilies({family.isEmpty() ? QStringLiteral("Arial") : family});
   font.setStyleHint(QFont::SansSerif);
   font.setPixelSize(pixelSize);
   font.setWeight(weight);
