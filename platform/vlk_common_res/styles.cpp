@@ -50,6 +50,8 @@ void Styles::setPalette(EPalette palette) {
   m_palette = palette;
   m_sheets.clear();
   Q_EMIT widgetPaletteChanged(widgetPalette());
+  if (m_palette != palette) // one who heard of it has switched again, and others heard of that before
+    Q_EMIT widgetPaletteChanged(widgetPalette());
   Q_EMIT changed();
 }
 
