@@ -17,11 +17,7 @@
 
 namespace Vela::UiBase {
 
-namespace {
-
-constexpr int gatheringTime = 200; // ms
-
-} // namespace
+static constexpr int gatheringTime = 200; // ms
 
 ToolbarManagerPrivate::ToolbarManagerPrivate() : pendingStates(std::make_unique<PendingGroupStates>()) {}
 
