@@ -30,8 +30,10 @@ private Q_SLOTS:
     f.tooltip->ShowTooltip();
     QVERIFY(layer.isVisible() && f.shown()->parentWidget() == &layer);
 
-    // A layer of another window is not where the user looks.
+    // A layer of another window is not where the user looks, unless it is a window.
     QWidget elsewhere;
+    manager.SetTooltipLayer("test", &elsewhere);
+    QCOMPARE(manager.getTooltipLayer(f.tooltip), &elsewhere);
     QWidget foreign(&elsewhere);
     manager.SetTooltipLayer("test", &foreign);
     QCOMPARE(manager.getTooltipLayer(f.tooltip), f.window);
