@@ -183,7 +183,7 @@ QString firstDifference(const QStringList& now, const QStringList& then) {
 
 /// Beside the program, under the name of the file that it is compared with.
 QString saved(const QImage& image, const QString& file) {
-  const QString here = QDir::current().filePath(QFileInfo(file).fileName());
+  QString here = QDir::current().filePath(QFileInfo(file).fileName());
   image.save(here);
   return here;
 }
