@@ -167,8 +167,11 @@ bool drawsAsRecorded() {
     if (isRecording())
       now.save(pathOf(QStringLiteral("letters"), ".png"));
     const QImage then(pathOf(QStringLiteral("letters"), ".png"));
-    return QLatin1String(qVersion()).startsWith(QLatin1String("6.4.")) &&
-           now == then.convertToFormat(now.format());
+    const bool same = QLatin1String(qVersion()).startsWith(QLatin1String("6.4.")) &&
+                      now == then.convertToFormat(now.format());
+    if (!same)
+      qInfo("Letters are drawn otherwise than when the screens were recorded: none is compared.");
+    return same;
   }();
   return result;
 }
