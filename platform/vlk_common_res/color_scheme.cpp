@@ -110,8 +110,7 @@ constexpr std::array TOKENS{
 QString colorOfToken(QStringView name, const ColorScheme& scheme) {
   const auto* const found = std::find_if(
       TOKENS.begin(), TOKENS.end(), [name](const Token& token) { return name == QLatin1String(token.name); });
-  Q_ASSERT(found != TOKENS.end());
-  return (scheme.*found->color).name();
+  return found == TOKENS.end() ? u'@' + name.toString() : (scheme.*found->color).name();
 }
 
 } // namespace
