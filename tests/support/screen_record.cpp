@@ -14,6 +14,7 @@
 #include <QImage>
 #include <QMetaEnum>
 #include <QPainter>
+#include <QPixmap>
 #include <QRegularExpression>
 #include <QTranslator>
 #include <QWidget>
@@ -149,12 +150,14 @@ bool isMirrored() {
                      [](const QWidget* each) { return each->isRightToLeft(); });
 }
 
+/// In the resolution of the screen, which an image would not ask for.
 QImage letters() {
-  QImage image(160, 40, QImage::Format_ARGB32_Premultiplied);
-  image.fill(Qt::white);
-  QPainter painter(&image);
-  painter.drawText(image.rect(), Qt::AlignCenter, QStringLiteral("Quick Hamburgefonts"));
-  return image;
+  QPixmap pixmap(160, 40);
+  pixmap.fill(Qt::white);
+  QPainter painter(&pixmap);
+  painter.drawText(pixmap.rect(), Qt::AlignCenter, QStringLiteral("Quick Hamburgefonts"));
+  painter.end();
+  return pixmap.toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
 bool isRecording() { return qEnvironmentVariableIsSet("VELA_RECORD_SCREENS"); }
