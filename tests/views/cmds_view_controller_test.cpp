@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <support/input.h>
 #include <support/screen_record.h>
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
-#include <ui_base/commands/command_base.h>
 #include <ui_base/commands/run_log.h>
 #include <ui_base/notifications/notification_bar.h>
 #include <ui_base/views/base_view.h>
@@ -16,36 +16,20 @@
 #include <QProgressBar>
 #include <QThread>
 
+#include <commands/commands_fixture.h>
 #include <functional>
 
 using Taren::Core::ScopedDispatcher;
 using Taren::Core::SteppedDispatcher;
 using Vela::Services::ApplicationService;
+using Vela::Test::pressKey;
 using namespace Vela::UiBase;
 
 namespace {
 
-class NotingCommand : public CommandBase {
-public:
-  NotingCommand(CmdsViewController* controller, QString id) : CommandBase(controller), m_id(std::move(id)) {
-    enableExecutionNotification(true);
-  }
-  QString commandId() const override { return m_id; }
-  bool onExecuteAsync(bool) override {
-    if (work)
-      work();
-    return true;
-  }
-  std::function<void()> work;
-
-private:
-  const QString m_id;
-};
-
-class TwoCommands : public Vela::Services::IAppManager {
-public:
+struct TwoCommands : Vela::Services::IAppManager {
   QList<CommandBase*> commandsFor(CmdsViewController* controller) override {
-    return {new NotingCommand(controller, "first"), nullptr, new NotingCommand(controller, "second")};
+    return {new TestCommand("first", controller), nullptr, new TestCommand("second", controller)};
   }
 };
 
@@ -58,7 +42,8 @@ struct Screen {
     controller->setRunNoticeDelay(0);
     view->resize(400, 300);
     view->setFocusPolicy(Qt::StrongFocus);
-    view->show();
+    Vela::Test::showActive(*view);
+    view->setFocus();
   }
   ~Screen() {
     const auto underway = RunLog::Instance().runsUnderway();
@@ -69,14 +54,14 @@ struct Screen {
     delete view;
     ApplicationService::GetInstance().setAppManager(nullptr);
   }
-  NotingCommand* command(const char* id = "first") const {
-    return controller->findCommand<NotingCommand>(id);
-  }
-  static void start(NotingCommand& command) {
+  TestCommand* command(const char* id = "first") const { return controller->findCommand<TestCommand>(id); }
+  static void start(TestCommand& command) {
     command.setExecutionQoS(Taren::Core::NormalQoS);
-    command.work = [] {
+    command.enableExecutionNotification(true);
+    command.work = [](bool) {
       for (const RunProgress progress = CommandRun::current().reporter();; QThread::yieldCurrentThread())
         progress.report(0.3);
+      return true;
     };
     command.trigger();
   }
@@ -99,133 +84,126 @@ class CmdsViewControllerTest : public Vela::Test::TestCase {
 
 private Q_SLOTS:
   void initTestCase() { NotificationBar::setDefaultFadeDuration(0); }
-  void eachViewLoadsTheCommandsOnce();
-  void closingUnchecksAndRemovesCommands();
-  void busyCursorAndMessageFrameExecution();
-  void runIsShownAndCancelled();
-  void eachRunHasARowThatComesBack();
-  void busyCursorEndsWithItsCommandOrController();
-  void pendingContextDoesNotReachControllerDeletedByHand();
-};
 
-void CmdsViewControllerTest::eachViewLoadsTheCommandsOnce() {
-  const Screen screen;
-  screen.view->hide();
-  screen.view->show();
-  const CommandBag& bag = std::as_const(*screen.controller).commandBag();
-  QCOMPARE(bag.count(), 2);
-  QCOMPARE(bag.commandAt(1)->commandId(), QStringLiteral("second"));
-  const auto held = screen.controller->shared_from_this();
-  delete screen.view;
-  QVERIFY(!held->isLoaded()); // nor asked for a shutdown
-  BaseView next;
-  held->setView(&next);
-  next.show();
-  QCOMPARE(bag.count(), 2);
-  held->setView(nullptr);
-}
-
-void CmdsViewControllerTest::closingUnchecksAndRemovesCommands() {
-  const Screen screen;
-  NotingCommand* const command = screen.command();
-  command->setCheckable(true);
-  command->setChecked(true);
-  const auto held = command->shared_from_this();
-  const QPointer<CommandBase> other = screen.command("second");
-  QVERIFY(screen.view->close());
-  Vela::Test::settle();
-  QVERIFY(!held->isChecked() && held->isEnabled() && !other);
-  QVERIFY(!held->getView() && !held->getViewController());
-}
-
-void CmdsViewControllerTest::busyCursorAndMessageFrameExecution() {
-  for (const bool enabled : {true, false}) {
+  void eachViewLoadsTheCommandsOnce() {
     const Screen screen;
-    QApplication::setOverrideCursor(Qt::CrossCursor); // somebody else's
-    NotingCommand* const command = screen.command();
-    command->enableExecutionNotification(enabled);
-    command->setExecutionNotificationMessage(StartNotification, QStringLiteral("Loading…"));
-    command->work = [&] {
-      QCOMPARE(QApplication::overrideCursor()->shape() == Qt::CrossCursor, !enabled);
-      QCOMPARE(screen.notification(), enabled ? QStringLiteral("Loading…") : QString());
-      command->enableExecutionNotification(!enabled);
-    };
-    command->trigger();
-    QCOMPARE(QApplication::overrideCursor()->shape(), Qt::CrossCursor);
-    QApplication::restoreOverrideCursor();
-    QVERIFY(!QApplication::overrideCursor());
+    screen.view->hide();
+    screen.view->show();
+    const CommandBag& bag = std::as_const(*screen.controller).commandBag();
+    QCOMPARE(bag.count(), 2);
+    QCOMPARE(bag.commandAt(1)->commandId(), QStringLiteral("second"));
+    const auto held = screen.controller->shared_from_this();
+    delete screen.view;
+    QVERIFY(!held->isLoaded()); // nor asked for a shutdown
+    BaseView next;
+    held->setView(&next);
+    next.show();
+    QCOMPARE(bag.count(), 2);
+    held->setView(nullptr);
   }
-}
 
-void CmdsViewControllerTest::runIsShownAndCancelled() {
-  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+  void closingUnchecksAndRemovesCommands() {
     const Screen screen;
-    screen.view->activateWindow();
-    screen.view->setFocus();
-    QVERIFY(QTest::qWaitForWindowActive(screen.view));
-    screen.command()->setText(QStringLiteral("&Smooth…"));
+    TestCommand* const command = screen.command();
+    command->setCheckable(true);
+    command->setChecked(true);
+    const auto held = command->shared_from_this();
+    const QPointer<CommandBase> other = screen.command("second");
+    QVERIFY(screen.view->close());
+    Vela::Test::settle();
+    QVERIFY(!held->isChecked() && held->isEnabled() && !other && !held->getView());
+  }
+
+  void busyCursorAndMessageFrameExecution() {
+    for (const bool enabled : {true, false}) {
+      const Screen screen;
+      QApplication::setOverrideCursor(Qt::CrossCursor); // somebody else's
+      Qt::CursorShape seen = Qt::BlankCursor;
+      QString shown;
+      TestCommand* const command = screen.command();
+      command->enableExecutionNotification(enabled);
+      command->setExecutionNotificationMessage(StartNotification, QStringLiteral("Loading…"));
+      command->work = [&](bool) {
+        seen = QApplication::overrideCursor()->shape();
+        shown = screen.notification();
+        command->enableExecutionNotification(!enabled);
+        return true;
+      };
+      command->trigger();
+      QCOMPARE(seen == Qt::CrossCursor, !enabled);
+      QCOMPARE(shown, enabled ? QStringLiteral("Loading…") : QString());
+      QCOMPARE(QApplication::overrideCursor()->shape(), Qt::CrossCursor);
+      QApplication::restoreOverrideCursor();
+      QVERIFY(!QApplication::overrideCursor());
+    }
+  }
+
+  void runIsShownAndCancelled() {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+      const Screen screen;
+      screen.command()->setText(QStringLiteral("&Smooth…"));
+      Screen::start(*screen.command());
+      QTRY_COMPARE(screen.cancelButtons().size(), 1);
+      const auto* const bar = screen.view->findChild<QProgressBar*>();
+      QTRY_COMPARE(bar->value(), 30);
+      QCOMPARE(bar->accessibleName(), QStringLiteral("Smooth…"));
+      VELA_COMPARE_SCREEN("run");
+      for (int i = 0; i < 5 && !screen.cancelButtons().constFirst()->hasFocus(); ++i)
+        pressKey(*screen.view, Qt::Key_Tab);
+      pressKey(*screen.view, key);
+      QTRY_COMPARE(screen.notification(), QStringLiteral("Smooth was cancelled."));
+      QVERIFY(!QApplication::overrideCursor());
+      QTRY_VERIFY(!screen.view->findChild<QProgressBar*>());
+    }
+  }
+
+  void eachRunHasARowThatComesBack() {
+    const Screen screen;
+    TestCommand* const second = screen.command("second");
     Screen::start(*screen.command());
+    Screen::start(*second);
+    QTRY_COMPARE(screen.cancelButtons().size(), 2);
+    screen.controller->showNotification(QStringLiteral("Saved."), FadeInAndOut, 50);
+    QCOMPARE(screen.notification(), QStringLiteral("Saved."));
+    QTRY_COMPARE(screen.cancelButtons().size(), 2);
+    second->requestStop();
+    QTRY_VERIFY(second->runs().isEmpty());
+    screen.controller->hideNotification();
     QTRY_COMPARE(screen.cancelButtons().size(), 1);
-    const auto* const bar = screen.view->findChild<QProgressBar*>();
-    QTRY_COMPARE(bar->value(), 30);
-    QCOMPARE(bar->accessibleName(), QStringLiteral("Smooth…"));
-    VELA_COMPARE_SCREEN("run");
-    for (int i = 0; i < 5 && !screen.cancelButtons().constFirst()->hasFocus(); ++i)
-      QTest::keyClick(screen.view->windowHandle(), Qt::Key_Tab);
-    QTest::keyClick(screen.view->windowHandle(), key);
-    QTRY_COMPARE(screen.notification(), QStringLiteral("Smooth was cancelled."));
-    QVERIFY(!QApplication::overrideCursor());
-    QTRY_VERIFY(!screen.view->findChild<QProgressBar*>());
+    screen.controller->removeCommand(screen.command());
+    QTRY_COMPARE(screen.cancelButtons().size(), 1); // it still works
+    RunLog::Instance().runsUnderway().constFirst().requestStop();
+    QTRY_VERIFY(screen.cancelButtons().isEmpty());
   }
-}
 
-void CmdsViewControllerTest::eachRunHasARowThatComesBack() {
-  const Screen screen;
-  NotingCommand* const second = screen.command("second");
-  Screen::start(*screen.command());
-  Screen::start(*second);
-  QTRY_COMPARE(screen.cancelButtons().size(), 2);
-  screen.controller->showNotification(QStringLiteral("Saved."), FadeInAndOut, 50);
-  QCOMPARE(screen.notification(), QStringLiteral("Saved."));
-  QTRY_COMPARE(screen.cancelButtons().size(), 2);
-  second->requestStop();
-  QTRY_VERIFY(second->runs().isEmpty());
-  screen.controller->hideNotification();
-  QTRY_COMPARE(screen.cancelButtons().size(), 1);
-  screen.controller->removeCommand(screen.command());
-  QTRY_COMPARE(screen.cancelButtons().size(), 1); // it still works
-  RunLog::Instance().runsUnderway().constFirst().requestStop();
-  QTRY_VERIFY(screen.cancelButtons().isEmpty());
-}
+  void busyCursorEndsWithItsCommandOrController() {
+    const std::function<void(const Screen&)> ends[] = {
+        [](const Screen& screen) { screen.controller->removeCommand(screen.command()); },
+        [](const Screen& screen) { screen.view->close(); }, [](const Screen& screen) { delete screen.view; }};
+    for (const auto& end : ends) {
+      SteppedDispatcher dispatcher;
+      const ScopedDispatcher installed(dispatcher);
+      const Screen screen;
+      screen.command()->enableExecutionNotification(true);
+      screen.command()->setExecutionQoS(Taren::Core::NormalQoS);
+      screen.command()->trigger();
+      QVERIFY(QApplication::overrideCursor());
+      end(screen);
+      QVERIFY(!QApplication::overrideCursor());
+      dispatcher.runAll();
+      QVERIFY(ApplicationService::GetInstance().isWorkspaceSwitchingEnabled());
+    }
+  }
 
-void CmdsViewControllerTest::busyCursorEndsWithItsCommandOrController() {
-  for (const char* end : {"command removed", "view closed", "view deleted"}) {
-    SteppedDispatcher dispatcher;
-    const ScopedDispatcher installed(dispatcher);
+  void pendingContextDoesNotReachControllerDeletedByHand() {
     const Screen screen;
-    screen.command()->setExecutionQoS(Taren::Core::NormalQoS);
-    screen.command()->trigger();
-    QVERIFY(QApplication::overrideCursor());
-    if (qstrcmp(end, "command removed") == 0)
-      screen.controller->removeCommand(screen.command());
-    else if (qstrcmp(end, "view closed") == 0)
-      screen.view->close();
-    else
-      delete screen.view;
-    QVERIFY(!QApplication::overrideCursor());
-    dispatcher.runAll();
-    QVERIFY(ApplicationService::GetInstance().isWorkspaceSwitchingEnabled());
+    const auto held = screen.controller->shared_from_this();
+    screen.controller->setContext(screen.controller->disabledContext());
+    delete screen.controller;
+    Vela::Test::settle();
+    QVERIFY(!screen.view);
   }
-}
-
-void CmdsViewControllerTest::pendingContextDoesNotReachControllerDeletedByHand() {
-  const Screen screen;
-  const auto held = screen.controller->shared_from_this();
-  screen.controller->setContext(screen.controller->disabledContext());
-  delete screen.controller;
-  Vela::Test::settle();
-  QVERIFY(!screen.view);
-}
+};
 
 VELA_TEST_MAIN(CmdsViewControllerTest)
 #include "cmds_view_controller_test.moc"

@@ -3,6 +3,7 @@
 
 #include "recording_controller.h"
 
+#include <support/input.h>
 #include <support/test_case.h>
 #include <ui_base/views/base_view.h>
 
@@ -12,23 +13,24 @@
 #include <QVBoxLayout>
 #include <QtTest/qtestspontaneevent.h>
 
+#include <vector>
+
 namespace Vela::Test {
 
-/// A window with the view a; b, c and d are not presented yet. d stands in another window.
+/// A window with the view a; b and c are windows of their own, d stands in another window; of these none is
+/// shown. Each has a controller of its name.
 class PresentationScreen {
 public:
   PresentationScreen() {
     auto* const layout = new QVBoxLayout(&window);
     for (const QString name : {"a", "b", "c", "d"}) {
       views[name] = new UiBase::BaseView;
-      controllers[name] = new RecordingController(&calls, views[name], name + QLatin1Char(' '));
+      controllers[name] = new RecordingController(&calls, views[name], name);
     }
     layout->addWidget(views["a"]);
     (new QVBoxLayout(&other))->addWidget(views["d"]);
     window.resize(300, 200);
-    window.show();
-    window.activateWindow();
-    [[maybe_unused]] const bool active = QTest::qWaitForWindowActive(&window);
+    showActive(window);
     calls.clear();
   }
   ~PresentationScreen() {
@@ -37,37 +39,35 @@ public:
   }
   Q_DISABLE_COPY_MOVE(PresentationScreen)
 
-  UiBase::BaseView* view(const QString& name) const { return views[name]; }
-  RecordingController* controller(const QString& name) const { return controllers[name]; }
+  UiBase::BaseView* view(const QString& name) const { return views.value(name); }
+  RecordingController* controller(const QString& name) const { return controllers.value(name); }
+  QWindow* handle() const { return window.windowHandle(); }
 
-  /// What the controllers heard of their views' lives since the last time: "b load, b +".
-  QString story() {
-    const QHash<QString, QString> shortNames{{"viewDidLoad", "load"},
-                                             {"viewWillAppear", "+"},
-                                             {"viewWillDisappear", "-"},
-                                             {"viewWillClose", "close"},
-                                             {"viewWasLost", "lost"}};
-    QStringList told;
-    const QStringList heard = std::exchange(calls, {});
-    for (const QString& call : heard) {
-      if (const QString name = shortNames.value(call.mid(2)); !name.isEmpty())
-        told += call.left(2) + name;
+  /// What was called since the last time: "b load, b +".
+  QString story() { return std::exchange(calls, {}).join(QStringLiteral(", ")); }
+  /// Who lives: "aA" is a view and its controller, "b*" a controller that has no view.
+  QString alive() const {
+    QStringList alive;
+    for (const QString name : {"a", "b", "c", "d"}) {
+      const RecordingController* const its = controller(name);
+      alive += (view(name) ? name : QString()) + (its ? its->getView() ? name.toUpper() : "*" : QString());
     }
-    return told.join(QStringLiteral(", "));
+    alive.removeAll(QString());
+    return alive.join(QLatin1Char(' '));
   }
 
   /// Does steps: "a>b" (a presents b), "b<" (dismiss), "b^" (hide), "bv" (show), "b/" (into the other
   /// window), "b!" (refuses to close from now on), "bx" (delete the view), "bX" (the controller), "bq"
   /// (close), "b~" (is kept when it is closed), "b=c" (its view gets the controller c), "b@c" (lies in c),
-  /// "bf" (takes the focus), "w^", "wv", "w_", "w=" (hide, show, minimise and restore the window).
+  /// "bf" (takes the focus), "b&" (its controller is held), "w^", "wv", "w_", "w=", "wq", "w%" (hide,
+  /// show, minimise, restore and close the window, hold nothing any more).
   void run(const QString& steps) {
     const QStringList list = steps.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     for (const QString& each : list) {
-      const QString who = each.left(1);
-      if (who == "w")
-        windowStep(each.at(1));
-      else if (view(who) && controller(who))
-        step(*view(who), *controller(who), each.at(1), each.mid(2));
+      if (each[0] == 'w')
+        windowStep(each[1]);
+      else if (view(each.left(1)))
+        step(view(each.left(1)), controller(each.left(1)), each[1], each.mid(2));
       lostFocus |= window.isActiveWindow() && !window.focusWidget();
       settle();
     }
@@ -78,61 +78,48 @@ public:
   QStringList calls;
   QHash<QString, QPointer<UiBase::BaseView>> views;
   QHash<QString, QPointer<RecordingController>> controllers;
-  bool answer = false;    // of the last request to present or dismiss
+  std::vector<std::shared_ptr<UiBase::BaseViewController>> held;
+  QString answers;        // "1" or "0" of each request to present or dismiss and to close the window
   bool lostFocus = false; // of the window, after some step
 
 private:
+  void answered(bool answer) { answers += answer ? '1' : '0'; }
   void windowStep(QChar what) {
+    if (what == 'q')
+      return answered(window.close());
+    if (what == '%')
+      return held.clear();
     if (what == '^' || what == 'v')
       return window.setVisible(what == 'v');
     // A child hears of it from the window system like its window.
     const QList<QWidget*> widgets = window.findChildren<QWidget*>();
     for (QWidget* const widget : widgets) {
-      if (!widget->isVisible())
-        continue;
       QHideEvent hide;
       QShowEvent show;
       QEvent* const event = what == '_' ? static_cast<QEvent*>(&hide) : &show;
       QSpontaneKeyEvent::setSpontaneous(event);
-      QCoreApplication::instance()->notify(widget, event);
+      if (widget->isVisible())
+        QCoreApplication::instance()->notify(widget, event);
     }
   }
 
-  void step(UiBase::BaseView& itsView, RecordingController& itself, QChar what, const QString& whom) {
-    switch (what.toLatin1()) {
-    case '>':
-      answer = itself.presentViewController(controller(whom), UiBase::FromLeft);
-      break;
-    case '<':
-      answer = itself.dismissViewController();
-      break;
-    case '^':
-    case 'v':
-      return itsView.setVisible(what == 'v');
-    case '@':
-      itsView.setParent(view(whom));
-      return itsView.show();
-    case '/':
-      return itsView.setParent(&other);
-    case 'f':
-      return itsView.setFocus();
-    case '!':
-      itself.mayClose = false;
-      break;
-    case 'x':
-      delete &itsView;
-      break;
-    case 'X':
-      delete &itself;
-      break;
-    case 'q':
-      itsView.close();
-      break;
-    case '~':
-      return itsView.setAttribute(Qt::WA_DeleteOnClose, false);
-    default:
-      itsView.setViewController(controller(whom));
-    }
+  void step(UiBase::BaseView* its, RecordingController* itself, QChar what, const QString& whom) {
+    const QHash<QChar, std::function<void()>> steps{
+        {'>', [&] { answered(itself->presentViewController(controller(whom), UiBase::FromLeft)); }},
+        {'<', [&] { answered(itself->dismissViewController()); }},
+        {'^', [&] { its->hide(); }},
+        {'v', [&] { its->show(); }},
+        {'/', [&] { its->setParent(&other); }},
+        {'!', [&] { itself->mayClose = false; }},
+        {'x', [&] { delete its; }},
+        {'X', [&] { delete itself; }},
+        {'q', [&] { its->close(); }},
+        {'~', [&] { its->setAttribute(Qt::WA_DeleteOnClose, false); }},
+        {'=', [&] { its->setViewController(controller(whom)); }},
+        {'@', [&] { (its->setParent(view(whom)), its->show()); }},
+        {'f', [&] { its->setFocus(); }},
+        {'&', [&] { held.push_back(itself->shared_from_this()); }}};
+    steps[what]();
   }
 };
 

@@ -10,62 +10,62 @@
 
 namespace Vela::Test {
 
-/// Writes down every call and declines input; does what it was told to do in a call.
+/// Writes down its calls as "a press" and declines input; does what it was told to do in a call.
 class RecordingController : public UiBase::BaseViewController {
   Q_OBJECT
 
 public:
-  explicit RecordingController(QStringList* calls, UiBase::BaseView* view = nullptr, QString prefix = {})
-      : BaseViewController(view), m_calls(calls), m_prefix(std::move(prefix)) {}
-  ~RecordingController() override { note("~"); }
+  RecordingController(QStringList* calls, UiBase::BaseView* view, QString name)
+      : BaseViewController(view), m_calls(calls), m_name(std::move(name)) {}
 
   bool mayClose = true;
+  bool endsWithTheProgram = true;
   QHash<QString, std::function<void()>> on;
 
-  bool mousePress(QMouseEvent*) override { return !note("mousePress"); }
-  bool mouseDoubleClick(QMouseEvent*) override { return !note("mouseDoubleClick"); }
-  bool keyPress(QKeyEvent*) override { return !note("keyPress"); }
-  bool keyRelease(QKeyEvent*) override { return !note("keyRelease"); }
-
+  bool mousePress(QMouseEvent*) override { return !note("press"); }
+  bool keyPress(QKeyEvent*) override { return !note("key"); }
+  bool keyRelease(QKeyEvent*) override { return !note("keyup"); }
+  bool mayShutDown() override { return endsWithTheProgram; }
   void viewDidLoad() override {
-    if (note("viewDidLoad"))
-      BaseViewController::viewDidLoad();
+    pass("load", [this] { BaseViewController::viewDidLoad(); });
   }
   void viewWillAppear() override {
-    if (note("viewWillAppear"))
-      BaseViewController::viewWillAppear();
+    pass("+", [this] { BaseViewController::viewWillAppear(); });
   }
   void viewWillDisappear() override {
-    if (note("viewWillDisappear"))
-      BaseViewController::viewWillDisappear();
+    pass("-", [this] { BaseViewController::viewWillDisappear(); });
   }
   bool viewWillClose() override {
     const bool agrees = mayClose;
-    return note("viewWillClose") && agrees ? BaseViewController::viewWillClose() : agrees;
+    return note("close") && agrees ? BaseViewController::viewWillClose() : agrees;
   }
-  void viewDidResize(QResizeEvent*) override { note("viewDidResize"); }
-  void viewDidMove(QMoveEvent*) override { note("viewDidMove"); }
+  void viewDidResize(QResizeEvent*) override { act("resized"); }
+  void viewDidMove(QMoveEvent*) override { act("moved"); }
 
 protected:
   void viewWasLost() override {
-    if (note("viewWasLost"))
-      BaseViewController::viewWasLost();
+    pass("lost", [this] { BaseViewController::viewWasLost(); });
   }
 
 private:
+  void pass(const char* call, const auto& base) {
+    if (note(call))
+      base();
+  }
   /// @return whether the controller lived to see the end of it.
   bool note(const char* call) {
+    m_calls->append(m_name + QLatin1Char(' ') + QLatin1String(call));
+    return act(call);
+  }
+  bool act(const char* call) {
     const QPointer<RecordingController> self(this);
-    const QString name = QString::fromLatin1(call);
-    if (m_calls)
-      m_calls->append(m_prefix + name);
-    if (const auto act = on.value(name))
-      act();
+    if (const auto action = on.value(QString::fromLatin1(call)))
+      action();
     return self;
   }
 
   QStringList* m_calls;
-  const QString m_prefix;
+  const QString m_name;
 };
 
 } // namespace Vela::Test
