@@ -2,7 +2,6 @@
 #include "presentation_screen.h"
 
 #include <support/rows.h>
-#include <ui_base/notifications/notification_bar.h>
 #include <ui_base/tooltips/tooltip_manager.h>
 #include <ui_base/views/tabbed_app.h>
 #include <vlk_app_service/application_service.h>
@@ -163,24 +162,21 @@ private Q_SLOTS:
     QCOMPARE(visibility, (QList<QVariantList>{{false}, {true}}));
   }
 
-  void notificationsFollowControllerToItsNextView() {
-    const Screen screen;
-    BaseViewController& a = *screen.controller("a");
-    const auto notify = [&a] { a.showNotification(QStringLiteral("Saved."), FadeInOnly, 3000); };
-    notify();
-    QVERIFY(a.isNotificationShowing());
-    BaseView next;
-    next.show();
-    a.setView(&next);
-    QVERIFY(!a.isNotificationShowing());
-    notify();
-    const auto* const bar = next.findChild<NotificationBar*>();
-    QVERIFY(bar && bar->isVisible());
+  void notificationsAreSeenOverWhatHasAppeared() {
+    for (const auto& [steps, seen] : {std::pair{"an", "a"},
+                                      {"a>b an cn c@a", ""},
+                                      {"a>b an cn c@a b<", "ac"},
+                                      {"bv an b=a", ""},
+                                      {"bv an b=a an", "b"}}) {
+      Screen screen;
+      screen.run(steps);
+      QCOMPARE(screen.notices(), QLatin1String(seen));
+    }
+    BaseViewController controller;
     const QPointer<QWidget> content = new QWidget;
-    a.setView(nullptr);
-    a.showNotification(content, FadeInOnly, 3000);
+    controller.showNotification(content, FadeInOnly, 3000);
     settle();
-    QVERIFY(!screen.view("a")->findChild<NotificationBar*>() && !content);
+    QVERIFY(!content && !controller.isNotificationShowing());
   }
 };
 

@@ -2,7 +2,6 @@
 #include "presentation_screen.h"
 
 #include <support/rows.h>
-#include <ui_base/notifications/notification_bar.h>
 #include <ui_base/popups/arrowed_window.h>
 
 #include <QAccessible>
@@ -195,19 +194,6 @@ private Q_SLOTS:
     popup->raise();
     QVERIFY(button->isEnabled());
     QCOMPARE(screen.view("a")->children().constLast(), popup);
-  }
-
-  void notificationIsSeenOverAppearedViewsOnly() {
-    Screen screen;
-    screen.run("a>b");
-    for (const char* name : {"a", "c"})
-      screen.controller(name)->showNotification(QStringLiteral("Saved."), FadeInOnly, 3000);
-    const QList bars{screen.view("a")->findChild<NotificationBar*>(),
-                     screen.view("c")->findChild<NotificationBar*>()};
-    screen.run("c@a");
-    QVERIFY(!bars[0]->isVisible() && !bars[1]->isVisible());
-    screen.run("b<");
-    QVERIFY(bars[0]->isVisible() && bars[1]->isVisible());
   }
 };
 

@@ -5,6 +5,7 @@
 
 #include <support/input.h>
 #include <support/test_case.h>
+#include <ui_base/notifications/notification_bar.h>
 #include <ui_base/views/base_view.h>
 
 #include <QHideEvent>
@@ -56,11 +57,30 @@ public:
     return alive.join(QLatin1Char(' '));
   }
 
+  /// The presentation of a view: "a a>b+" is a, which presents b, which has appeared.
+  QString layers(const QString& name) const {
+    QStringList layers;
+    const QList<UiBase::PresentedView> presentation = view(name)->presentation();
+    for (const UiBase::PresentedView& layer : presentation)
+      layers += views.key(layer.presenter) + (layer.direction == UiBase::FromLeft ? ">" : "") +
+                views.key(layer.view) + (layer.appeared ? "+" : "");
+    return layers.join(QLatin1Char(' '));
+  }
+  /// In which views a notification is seen.
+  QString notices() const {
+    QString seen;
+    for (const QString name : {"a", "b", "c", "d"}) {
+      const auto* const bar = view(name) ? view(name)->findChild<UiBase::NotificationBar*>() : nullptr;
+      seen += bar && bar->isVisible() ? name : QString();
+    }
+    return seen;
+  }
+
   /// Does steps: "a>b" (a presents b), "b<" (dismiss), "b^" (hide), "bv" (show), "b/" (into the other
   /// window), "b!" (refuses to close from now on), "bx" (delete the view), "bX" (the controller), "bq"
   /// (close), "b~" (is kept when it is closed), "b=c" (its view gets the controller c), "b@c" (lies in c),
-  /// "bf" (takes the focus), "b&" (its controller is held), "w^", "wv", "w_", "w=", "wq", "w%" (hide,
-  /// show, minimise, restore and close the window, hold nothing any more).
+  /// "bf" (takes the focus), "bn" (notifies), "b&" (its controller is held), "w^", "wv", "w_", "w=", "wq",
+  /// "w%" (hide, show, minimise, restore and close the window, hold nothing any more).
   void run(const QString& steps) {
     const QStringList list = steps.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     for (const QString& each : list) {
@@ -118,6 +138,7 @@ private:
         {'=', [&] { its->setViewController(controller(whom)); }},
         {'@', [&] { (its->setParent(view(whom)), its->show()); }},
         {'f', [&] { its->setFocus(); }},
+        {'n', [&] { itself->showNotification("Saved.", UiBase::FadeInOnly, 3000); }},
         {'&', [&] { held.push_back(itself->shared_from_this()); }}};
     steps[what]();
   }
