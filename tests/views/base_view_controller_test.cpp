@@ -3,7 +3,6 @@
 
 #include <support/rows.h>
 #include <ui_base/tooltips/tooltip_manager.h>
-#include <ui_base/views/tabbed_app.h>
 #include <vlk_app_service/application_service.h>
 
 #include <QSignalSpy>
@@ -27,12 +26,6 @@ struct Container : PresentViewProtocol {
   bool answer = true;
 };
 
-struct PageApp : TabbedApp {
-  using TabbedApp::setRootViewController;
-  Taren::Core::ERcmStatus Initialize() override { return Taren::Core::RcmSuccess; }
-  QString ServiceName() const override { return QStringLiteral("pages"); }
-};
-
 } // namespace
 
 /// What a controller does for its view, and which of them goes with which, with or without an application.
@@ -52,12 +45,17 @@ private Q_SLOTS:
     row("a& ax b=a b=c", "* b cC dD");
     row("a& ax b=a w%", "A b cC dD");
     row("a& ax b=a w% b=", "b cC dD");
+    for (const char* const before : {"bR bR wR", "bR bx wR", "bR bX wR"})
+      row(before, "aA cC dD");
+    row("bR cR wR", "aA dD");
+    row("a& aR wR", "a bB cC dD"); // although it is held
   }
 
   void ownersTakeAlongWhatIsTheirs() {
     Screen screen;
     screen.run(QTest::currentDataTag());
     QTEST(screen.alive(), "alive");
+    QVERIFY(screen.rootIsTaken);
   }
 
   void controllerLivesUntilItHasHandledItsEvent() {
@@ -70,51 +68,6 @@ private Q_SLOTS:
       };
       QTest::keyPress(screen.handle(), Qt::Key_K);
       QVERIFY(lived && !screen.controller("a"));
-    }
-  }
-
-  void rootControllerGoesWithItsAppOrBefore_data() {
-    const Vela::Test::Rows<QString, QString, QString> row("root", "next", "alive");
-    row("", "b", "b", "aA cC dD");
-    row("bx", "b", "", "aA cC dD");
-    row("bX", "b", "", "aA cC dD");
-    row("another takes its place", "b", "c", "aA dD");
-    row("a&", "a", "a", "a bB cC dD"); // its view is its window's
-  }
-
-  void rootControllerGoesWithItsAppOrBefore() {
-    QFETCH(const QString, root);
-    QFETCH(const QString, next);
-    Screen screen;
-    {
-      PageApp app;
-      app.setRootViewController(screen.controller(root));
-      app.setRootViewController(screen.controller(root));
-      QCOMPARE(app.getVC(), screen.controller(root));
-      if (next == "c")
-        app.setRootViewController(screen.controller(next));
-      else
-        screen.run(QTest::currentDataTag());
-      QCOMPARE(app.getVC(), screen.controller(next));
-    }
-    QTEST(screen.alive(), "alive");
-    screen.run("w%");
-    QVERIFY(!screen.controller(root));
-  }
-
-  void windowHiddenWhileItIsShownIsNotMapped() {
-    for (const char* const call : {"load", "+", "moved", "resized"}) {
-      Screen screen;
-      BaseView& b = *screen.view("b");
-      screen.controller("b")->on[call] = [&b] { b.hide(); };
-      b.show();
-      QVERIFY2(!b.isVisible() && !b.windowHandle()->isVisible(), call);
-      b.setParent(screen.view("a"));
-      QVERIFY2(!b.isVisible(), call);
-      screen.controller("b")->on.clear();
-      b.setParent(nullptr);
-      b.show();
-      QVERIFY2(b.windowHandle()->isVisible(), call);
     }
   }
 

@@ -7,6 +7,7 @@
 #include <support/test_case.h>
 #include <ui_base/notifications/notification_bar.h>
 #include <ui_base/views/base_view.h>
+#include <ui_base/views/tabbed_app.h>
 
 #include <QHideEvent>
 #include <QPointer>
@@ -17,6 +18,12 @@
 #include <vector>
 
 namespace Vela::Test {
+
+struct PageApp : UiBase::TabbedApp {
+  using TabbedApp::setRootViewController;
+  Taren::Core::ERcmStatus Initialize() override { return Taren::Core::RcmSuccess; }
+  QString ServiceName() const override { return QStringLiteral("pages"); }
+};
 
 /// A window with the view a; b and c are windows of their own, d stands in another window; of these none is
 /// shown. Each has a controller of its name.
@@ -79,8 +86,9 @@ public:
   /// Does steps: "a>b" (a presents b), "b<" (dismiss), "b^" (hide), "bv" (show), "b/" (into the other
   /// window), "b!" (refuses to close from now on), "bx" (delete the view), "bX" (the controller), "bq"
   /// (close), "b~" (is kept when it is closed), "b=c" (its view gets the controller c), "b@c" (lies in c),
-  /// "bf" (takes the focus), "bn" (notifies), "b&" (its controller is held), "w^", "wv", "w_", "w=", "wq",
-  /// "w%" (hide, show, minimise, restore and close the window, hold nothing any more).
+  /// "bf" (takes the focus), "bn" (notifies), "bR" (is the application's root), "b&" (its controller is
+  /// held), "w^", "wv", "w_", "w=", "wq", "w%", "wR" (hide, show, minimise, restore and close the window,
+  /// hold nothing any more, end the application).
   void run(const QString& steps) {
     const QStringList list = steps.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     for (const QString& each : list) {
@@ -98,8 +106,10 @@ public:
   QStringList calls;
   QHash<QString, QPointer<UiBase::BaseView>> views;
   QHash<QString, QPointer<RecordingController>> controllers;
+  std::unique_ptr<PageApp> app = std::make_unique<PageApp>();
   std::vector<std::shared_ptr<UiBase::BaseViewController>> held;
-  QString answers;        // "1" or "0" of each request to present or dismiss and to close the window
+  QString answers; // "1" or "0" of each request to present or dismiss and to close the window
+  bool rootIsTaken = true;
   bool lostFocus = false; // of the window, after some step
 
 private:
@@ -109,6 +119,8 @@ private:
       return answered(window.close());
     if (what == '%')
       return held.clear();
+    if (what == 'R')
+      return app.reset();
     if (what == '^' || what == 'v')
       return window.setVisible(what == 'v');
     // A child hears of it from the window system like its window.
@@ -139,6 +151,7 @@ private:
         {'@', [&] { (its->setParent(view(whom)), its->show()); }},
         {'f', [&] { its->setFocus(); }},
         {'n', [&] { itself->showNotification("Saved.", UiBase::FadeInOnly, 3000); }},
+        {'R', [&] { (app->setRootViewController(itself), rootIsTaken &= app->getVC() == itself); }},
         {'&', [&] { held.push_back(itself->shared_from_this()); }}};
     steps[what]();
   }

@@ -51,18 +51,17 @@ private Q_SLOTS:
       const std::shared_ptr<int> alive;
     };
     const auto alive = std::make_shared<int>();
-    {
-      QtUiToolkit toolkit;
-      auto* const first = new Counted(alive);
-      toolkit.IconProvider(first);
-      toolkit.IconProvider(first);
-      QCOMPARE(toolkit.IconProvider(), first);
-      toolkit.IconProvider(new Counted(alive));
-      QCOMPARE(alive.use_count(), 2);
-      toolkit.IconProvider(nullptr);
-      QVERIFY(toolkit.IconProvider() && alive.use_count() == 1);
-      toolkit.IconProvider(new Counted(alive));
+    auto toolkit = std::make_unique<QtUiToolkit>();
+    for (IIconProvider* const next : {new Counted(alive), new Counted(alive)}) {
+      toolkit->IconProvider(next);
+      toolkit->IconProvider(next);
+      QCOMPARE(toolkit->IconProvider(), next);
     }
+    QCOMPARE(alive.use_count(), 2);
+    toolkit->IconProvider(nullptr);
+    QVERIFY(toolkit->IconProvider() && alive.use_count() == 1);
+    toolkit->IconProvider(new Counted(alive));
+    toolkit.reset();
     QCOMPARE(alive.use_count(), 1);
   }
 };
