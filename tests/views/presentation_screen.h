@@ -29,7 +29,8 @@ struct PageApp : UiBase::TabbedApp {
 /// shown. Each has a controller of its name.
 class PresentationScreen {
 public:
-  PresentationScreen() {
+  explicit PresentationScreen(QWidget* its = new QWidget) : window(*its) {
+    window.setAttribute(Qt::WA_DeleteOnClose, false);
     auto* const layout = new QVBoxLayout(&window);
     for (const QString name : {"a", "b", "c", "d"}) {
       views[name] = new UiBase::BaseView;
@@ -44,6 +45,7 @@ public:
   ~PresentationScreen() {
     for (const auto& view : std::as_const(views))
       delete view;
+    delete &window;
   }
   Q_DISABLE_COPY_MOVE(PresentationScreen)
 
@@ -87,8 +89,8 @@ public:
   /// window), "b!" (refuses to close from now on), "bx" (delete the view), "bX" (the controller), "bq"
   /// (close), "b~" (is kept when it is closed), "b=c" (its view gets the controller c), "b@c" (lies in c),
   /// "bf" (takes the focus), "bn" (notifies), "bR" (is the application's root), "b&" (its controller is
-  /// held), "w^", "wv", "w_", "w=", "wq", "w%", "wR" (hide, show, minimise, restore and close the window,
-  /// hold nothing any more, end the application).
+  /// held), "w^", "wv", "w_", "w=", "wq", "we", "w%", "wR" (hide, show, minimise, restore, close and escape
+  /// the window, hold nothing any more, end the application).
   void run(const QString& steps) {
     const QStringList list = steps.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     for (const QString& each : list) {
@@ -101,7 +103,7 @@ public:
     }
   }
 
-  QWidget window;
+  QWidget& window;
   QWidget other;
   QStringList calls;
   QHash<QString, QPointer<UiBase::BaseView>> views;
@@ -117,6 +119,8 @@ private:
   void windowStep(QChar what) {
     if (what == 'q')
       return answered(window.close());
+    if (what == 'e')
+      return QTest::keyPress(handle(), Qt::Key_Escape);
     if (what == '%')
       return held.clear();
     if (what == 'R')
