@@ -3,54 +3,49 @@
 
 #include <ui_base/tools/interactive_tool.h>
 
-#include <QStringList>
+#include <QString>
 
-#include <memory>
+#include <functional>
 
 namespace Vela::Test {
 
-/// Writes down what it is given; declines wheels, keys and double clicks.
-class RecordingTool : public UiBase::InteractiveTool {
+/// Decides about each input before its base gets it.
+template <class Base>
+class InputTaker : public Base {
 public:
-  RecordingTool(QString name, std::shared_ptr<QStringList> journal, UiBase::BaseView* view = nullptr)
-      : InteractiveTool(view), m_name(std::move(name)), m_journal(std::move(journal)) {}
+  using Base::Base;
 
-  const QString& name() const { return m_name; }
+  bool mousePress(QMouseEvent* input) override { return takes("press") || Base::mousePress(input); }
+  bool mouseMove(QMouseEvent* input) override { return takes("move") || Base::mouseMove(input); }
+  bool mouseRelease(QMouseEvent* input) override { return takes("release") || Base::mouseRelease(input); }
+  bool mouseDoubleClick(QMouseEvent*) override { return takes("double"); }
+  bool mouseWheel(QWheelEvent*) override { return takes("wheel"); }
+  bool keyPress(QKeyEvent*) override { return takes("key"); }
+  bool keyRelease(QKeyEvent*) override { return takes("keyup"); }
+
+protected:
+  virtual bool takes(const QString& input) = 0;
+};
+
+/// Tells what it is given, and that its operation ends, as "name:input".
+class RecordingTool : public InputTaker<UiBase::InteractiveTool> {
+public:
+  explicit RecordingTool(QString itsName, UiBase::BaseView* view = nullptr)
+      : InputTaker(view), name(std::move(itsName)) {}
+
+  const QString name;
+  std::function<bool(const QString&)> hear; // answers whether it takes that
 
   using InteractiveTool::setIdleCursor;
   using InteractiveTool::startOperation;
-
-  bool mousePress(QMouseEvent* event) override {
-    note("press");
-    return InteractiveTool::mousePress(event);
-  }
-  bool mouseMove(QMouseEvent* event) override {
-    note("move");
-    return InteractiveTool::mouseMove(event);
-  }
-  bool mouseRelease(QMouseEvent* event) override {
-    note("release");
-    return InteractiveTool::mouseRelease(event);
-  }
-  bool mouseDoubleClick(QMouseEvent*) override { return other("double"); }
-  bool mouseWheel(QWheelEvent*) override { return other("wheel"); }
-  bool keyPress(QKeyEvent*) override { return other("key"); }
-  bool keyRelease(QKeyEvent*) override { return other("keyup"); }
   void endOperation() override {
     if (isOperating())
-      note("end");
+      takes("end");
     InteractiveTool::endOperation();
   }
 
-private:
-  bool other(const char* what) {
-    note(what);
-    return false;
-  }
-  void note(const char* what) { m_journal->append(m_name + QLatin1Char(':') + QLatin1String(what)); }
-
-  const QString m_name;
-  const std::shared_ptr<QStringList> m_journal;
+protected:
+  bool takes(const QString& input) override { return hear && hear(name + ':' + input); }
 };
 
 } // namespace Vela::Test

@@ -6,19 +6,16 @@
 
 #include <QMouseEvent>
 
-#include <array>
-
 using Taren::Objects::createShared;
 using Vela::Test::RecordingTool;
 using namespace Vela::UiBase;
 
 namespace {
 
-/// Writes down what the tools tell it, then follows the rules of every stack.
+/// Hands on what the tools tell it, then follows the rules of every stack.
 class RecordingStack : public ToolStack {
 public:
-  QStringList reports;
-  std::function<void(const QString&)> onReport;
+  std::function<void(const QString&)> hear;
 
   void toolActivated(InteractiveTool* tool) override { note(tool, "activated"); }
   void toolDeactivated(InteractiveTool* tool) override { note(tool, "deactivated"); }
@@ -36,46 +33,67 @@ public:
 
 private:
   void note(InteractiveTool* tool, const char* what) {
-    const QString report = static_cast<RecordingTool*>(tool)->name() + QLatin1Char(' ') + what;
-    reports.append(report);
-    if (const auto act = onReport)
-      act(report);
+    hear(static_cast<RecordingTool*>(tool)->name + ':' + what);
   }
 };
 
-QMouseEvent mouse(QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons buttons,
-                  const QPointF& position = {}) {
-  return QMouseEvent(type, position, position, position, button, buttons, Qt::NoModifier);
-}
+/// A stack and the tools a, b and c, driven by scripts: "L+a" pushes tool a on the left button's stack, "L-"
+/// pops, "a:…" calls an operation of the tool, "reset", "clear" one of the stack. "report=word"
+/// plays the word as soon as that is reported.
+class Stage {
+public:
+  Stage() {
+    m_stack->hear = [this](const QString& report) {
+      told.append(report);
+      play(m_hooks.take(report).replace('&', ' '));
+    };
+    for (const char* name : {"a", "b", "c"})
+      m_tools[name] = std::make_shared<RecordingTool>(name);
+  }
 
-std::shared_ptr<RecordingTool> makeTool(const QString& name) {
-  return std::make_shared<RecordingTool>(name, std::make_shared<QStringList>());
-}
+  QStringList told;
 
-using Tools = QHash<QString, std::shared_ptr<RecordingTool>>;
+  void play(const QString& script) {
+    const QStringList words = script.split(' ', Qt::SkipEmptyParts);
+    for (const QString& word : words)
+      playWord(word);
+  }
+  /// In the words that push them: what lies on the stack, and its states.
+  QString held() const {
+    const char* const states[] = {":inactive", ":active", ":suspended", ":operating"};
+    QStringList held;
+    const auto entries = m_stack->heldTools();
+    for (const auto& [button, tool] : entries)
+      held += buttons.key(button) + ('+' + static_cast<RecordingTool&>(*tool).name) +
+              states[tool->isActive() + 2 * tool->isSuspended() + 3 * tool->isOperating()];
+    return held.join(' ');
+  }
 
-/// "L+a" pushes tool a on the left button's stack, "L-" pops; "a:…" calls an operation of the tool.
-void play(ToolStack& stack, Tools& tools, const QString& word) {
-  if (word == "reset")
-    return stack.resetTools();
-  const auto key = word[0] == 'L' ? LeftButton : word[0] == 'R' ? RightButton : MiddleButton;
-  const QString change = word.mid(2);
-  if (word[1] == '-')
-    return void(stack.popTool(key));
-  const QString name = word[1] == '+' ? change : word.left(1);
-  std::shared_ptr<RecordingTool>& tool = tools[name];
-  if (!tool)
-    tool = makeTool(name);
-  if (word[1] == '+')
-    return stack.pushTool(key, tool);
-  const QHash<QString, void (RecordingTool::*)()> changes{{"activate", &RecordingTool::activate},
-                                                          {"deactivate", &RecordingTool::deactivate},
-                                                          {"suspend", &RecordingTool::suspend},
-                                                          {"resume", &RecordingTool::resume},
-                                                          {"startOperation", &RecordingTool::startOperation},
-                                                          {"endOperation", &RecordingTool::endOperation}};
-  ((*tool).*changes.value(change))();
-}
+private:
+  void playWord(const QString& word) {
+    const QString rest = word.mid(2);
+    if (word.contains('='))
+      m_hooks[word.section('=', 0, 0)] = word.section('=', 1);
+    else if (word[1] == ':')
+      std::invoke(changes.value(rest), *m_tools[word.left(1)]);
+    else if (word[1] == '+')
+      m_stack->pushTool(buttons[word[0]], m_tools[rest]);
+    else if (word[1] == '-')
+      m_stack->popTool(buttons[word[0]]);
+    else
+      word == "reset" ? m_stack->resetTools() : m_stack->clearTools();
+  }
+
+  const QHash<QChar, EToolActivationButton> buttons{
+      {'L', LeftButton}, {'R', RightButton}, {'M', MiddleButton}};
+  const QHash<QString, void (RecordingTool::*)()> changes{
+      {"activate", &RecordingTool::activate},    {"deactivate", &RecordingTool::deactivate},
+      {"suspend", &RecordingTool::suspend},      {"resume", &RecordingTool::resume},
+      {"start", &RecordingTool::startOperation}, {"end", &RecordingTool::endOperation}};
+  const std::shared_ptr<RecordingStack> m_stack = createShared<RecordingStack>();
+  QHash<QString, std::shared_ptr<RecordingTool>> m_tools;
+  QHash<QString, QString> m_hooks;
+};
 
 } // namespace
 
@@ -83,57 +101,12 @@ class ToolStackTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void changeActsInOneStateOnly();
-  void operationFollowsItsButton();
   void toolsHearOfTheirPlace_data();
   void toolsHearOfTheirPlace();
-  void resettingFollowsOperationsOfItsReports();
-  void clearingReleasesWithoutDeactivating();
-  void reportsAndDyingToolsFindAStackThatEnds();
+  void operationFollowsItsButton();
+  void dyingToolFindsAnEmptyStack();
   void laterObserverHearsAToolThatIsGone();
 };
-
-void ToolStackTest::changeActsInOneStateOnly() {
-  const QStringList reaches{"L+a a:deactivate", "L+a", "L+a a:suspend", "L+a a:startOperation"};
-  const std::tuple<const char*, int, const char*> changes[] = {
-      {"a:activate", 0, "a activated"},   {"a:deactivate", 1, "a deactivated"},
-      {"a:suspend", 1, "a suspended"},    {"a:resume", 2, "a resumed"},
-      {"a:startOperation", 1, "a began"}, {"a:endOperation", 3, "a ended"}};
-  for (const auto& [change, from, told] : changes) {
-    for (int state = 0; state < reaches.size(); ++state) {
-      const auto stack = createShared<RecordingStack>();
-      Tools tools;
-      for (const QString& word : reaches[state].split(' '))
-        play(*stack, tools, word);
-      const auto stateOf = [](const auto& a) {
-        return std::array{a->isActive(), a->isSuspended(), a->isOperating()};
-      };
-      const auto before = stateOf(tools["a"]);
-      stack->reports.clear();
-      play(*stack, tools, change);
-      QVERIFY2(stack->reports.value(0) == (state == from ? told : ""), change);
-      QVERIFY2((stateOf(tools["a"]) != before) == (state == from), change);
-    }
-  }
-}
-
-void ToolStackTest::operationFollowsItsButton() {
-  const auto t = makeTool("t");
-  auto press = mouse(QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton, {3, 4});
-  QVERIFY(!t->mousePress(&press)); // not active
-  t->activate();
-  QVERIFY(t->mousePress(&press) && t->isOperating());
-  auto second = mouse(QEvent::MouseButtonPress, Qt::RightButton, Qt::LeftButton | Qt::RightButton, {9, 9});
-  QVERIFY(!t->mousePress(&second));
-  QCOMPARE(t->pressEvent().position(), QPointF(3, 4));
-  auto foreign = mouse(QEvent::MouseButtonRelease, Qt::RightButton, Qt::LeftButton);
-  auto held = mouse(QEvent::MouseMove, Qt::NoButton, Qt::LeftButton | Qt::RightButton);
-  auto lost = mouse(QEvent::MouseMove, Qt::NoButton, Qt::RightButton);
-  QVERIFY(!t->mouseRelease(&foreign) && t->mouseMove(&held) && !t->mouseMove(&lost) && t->isOperating());
-  auto release = mouse(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
-  QVERIFY(t->mouseRelease(&release) && t->isActive() && t->pressEvent().isNull());
-  QVERIFY(!t->mouseMove(&held) && !t->mouseRelease(&release));
-}
 
 void ToolStackTest::toolsHearOfTheirPlace_data() {
   QTest::addColumn<QString>("script");
@@ -142,108 +115,84 @@ void ToolStackTest::toolsHearOfTheirPlace_data() {
   const auto row = [](const char* name, const char* script, const char* told, const char* held) {
     QTest::newRow(name) << QString(script) << QString(told) << QString(held);
   };
-  row("popped", "L+a L+b L-", "a activated, a suspended, b activated, b deactivated, a resumed", "1a");
-  row("nothing to pop", "L- M- L+a L- L-", "a activated, a deactivated", "");
-  row("popped while it operates", "R+a R+b b:startOperation R-",
-      "a activated, a suspended, b activated, b began, b cursor, a resumed", "2a");
+  row("inactive", "L+a a:deactivate a:deactivate a:suspend a:resume a:start a:end",
+      "a:activated a:deactivated", "L+a:inactive");
+  row("active", "L+a a:activate a:resume a:end", "a:activated", "L+a:active");
+  row("suspended", "L+a a:suspend a:activate a:deactivate a:suspend a:start a:end", "a:activated a:suspended",
+      "L+a:suspended");
+  row("operating", "L+a a:start a:activate a:deactivate a:suspend a:resume a:start",
+      "a:activated a:began a:cursor", "L+a:operating");
+  row("popped", "L+a L+b L-", "a:activated a:suspended b:activated b:deactivated a:resumed", "L+a:active");
+  row("nothing to pop", "L- M- L+a L- L-", "a:activated a:deactivated", "");
+  row("popped while it operates", "R+a R+b b:start R-",
+      "a:activated a:suspended b:activated b:began b:cursor a:resumed", "R+a:active");
   // The left one is back with the first that ends.
-  row("two others operate", "L+a R+b M+c b:startOperation c:startOperation b:endOperation c:endOperation",
-      "a activated, b activated, c activated, b began, a suspended, b cursor, c began, c cursor, b ended, "
-      "a resumed, c ended",
-      "1a 2b 4c");
+  row("two others operate", "L+a R+b M+c b:start c:start b:end c:end",
+      "a:activated b:activated c:activated b:began a:suspended b:cursor c:began c:cursor b:ended a:resumed "
+      "c:ended",
+      "L+a:active R+b:active M+c:active");
   row("reset", "R+c L+a L+b reset",
-      "c activated, a activated, a suspended, b activated, b deactivated, b activated, a resumed, a "
-      "deactivated, a activated, a suspended, c deactivated, c activated",
-      "1a 1b 2c");
+      "c:activated a:activated a:suspended b:activated b:deactivated b:activated a:resumed a:deactivated "
+      "a:activated a:suspended c:deactivated c:activated",
+      "L+a:suspended L+b:active R+c:active");
+  row("operation begins in a reset", "L+a R+b a:deactivated=b:start reset",
+      "a:activated b:activated a:deactivated b:began b:cursor a:activated a:suspended",
+      "L+a:suspended R+b:operating");
+  row("operation ends in a reset", "L+a R+b b:start a:deactivated=b:end reset",
+      "a:activated b:activated b:began a:suspended b:cursor a:resumed a:deactivated b:ended a:activated "
+      "b:deactivated b:activated",
+      "L+a:active R+b:active");
+  row("moved in a reset", "L+a a:activated=L-&M+a reset",
+      "a:activated a:deactivated a:activated a:deactivated a:activated", "M+a:active");
+  row("cleared", "L+a clear a:deactivate", "a:activated a:deactivated", "");
 }
 
 void ToolStackTest::toolsHearOfTheirPlace() {
-  QFETCH(const QString, script);
-  const auto stack = createShared<RecordingStack>();
-  Tools tools;
-  for (const QString& word : script.split(' '))
-    play(*stack, tools, word);
-  QTEST(stack->reports.join(", "), "told");
-  QStringList held;
-  const auto entries = std::as_const(*stack).heldTools();
-  for (const HeldTool& entry : entries)
-    held += QString::number(entry.button) + static_cast<RecordingTool&>(*entry.tool).name();
-  QTEST(held.join(' '), "held");
-  for (const auto& tool : std::as_const(tools))
-    QVERIFY(tool->getDelegate() || !stack->holds(*tool));
+  QFETCH(QString, script);
+  Stage stage;
+  stage.play(script);
+  QTEST(stage.told.join(' '), "told");
+  QTEST(stage.held(), "held");
 }
 
-void ToolStackTest::resettingFollowsOperationsOfItsReports() {
-  for (const QString script : {"L+a R+b", "L+a R+b b:startOperation"}) {
-    const auto stack = createShared<RecordingStack>();
-    Tools tools;
-    for (const QString& word : script.split(' '))
-      play(*stack, tools, word);
-    const bool begins = !tools["b"]->isOperating();
-    stack->onReport = [&](const QString& report) {
-      if (report == "a deactivated")
-        play(*stack, tools, begins ? "b:startOperation" : "b:endOperation");
-    };
-    stack->resetTools();
-    QCOMPARE(tools["a"]->isSuspended(), begins);
-  }
-  const auto stack = createShared<RecordingStack>();
-  Tools tools;
-  play(*stack, tools, "L+a");
-  stack->onReport = [&](const QString& report) {
-    if (report == "a activated" && stack->popTool(LeftButton))
-      stack->pushTool(MiddleButton, tools["a"]);
+void ToolStackTest::operationFollowsItsButton() {
+  RecordingTool tool("t");
+  const auto left = Qt::LeftButton;
+  const auto right = Qt::RightButton;
+  const auto send = [&tool](auto handler, Qt::MouseButton button, Qt::MouseButtons buttons) {
+    QMouseEvent event(QEvent::MouseMove, {}, {}, {}, button, buttons, {});
+    return (tool.*handler)(&event);
   };
-  stack->resetTools();
-  QVERIFY(stack->getTool(MiddleButton) == tools["a"] && tools["a"]->isActive());
+  const auto press = &RecordingTool::mousePress;
+  const auto move = &RecordingTool::mouseMove;
+  const auto release = &RecordingTool::mouseRelease;
+  QVERIFY2(!send(press, left, left), "it is not active");
+  tool.activate();
+  QVERIFY(send(press, left, left) && tool.isOperating());
+  QVERIFY(!send(press, right, left | right) && !send(release, right, left));
+  QVERIFY(send(move, Qt::NoButton, left | right) && !send(move, Qt::NoButton, right) && tool.isOperating());
+  QVERIFY(send(release, left, {}) && tool.isActive() && tool.pressEvent().isNull());
+  QVERIFY(!send(move, Qt::NoButton, left) && !send(release, left, {}));
 }
 
-void ToolStackTest::clearingReleasesWithoutDeactivating() {
-  auto stack = createShared<ToolStack>();
-  const auto kept = makeTool("kept");
-  stack->pushTool(LeftButton, kept);
-  stack->clearTools();
-  QVERIFY(kept.use_count() == 1 && kept->isActive() && kept->getDelegate());
-  stack = nullptr;
-  kept->deactivate(); // nobody is left to hear of it
-  QVERIFY(!kept->getDelegate());
-}
-
-void ToolStackTest::reportsAndDyingToolsFindAStackThatEnds() {
-  for (const char* const moment : {"a suspended", "b activated", "b deactivated", "a resumed"}) {
-    auto* const stack = new RecordingStack;
-    auto held = Taren::Objects::adoptShared(stack);
-    Tools tools;
-    stack->onReport = [&](const QString& report) {
-      if (report != moment)
-        return;
-      stack->onReport = {};
-      delete stack;
-      held.reset();
-    };
-    for (const QString word : {"L+a", "L+b", "L-"}) {
-      if (held)
-        play(*stack, tools, word);
-    }
-    QVERIFY(!held);
-  }
-
+void ToolStackTest::dyingToolFindsAnEmptyStack() {
   const auto stack = createShared<ToolStack>();
-  const std::shared_ptr<RecordingTool> asking(new RecordingTool("t", std::make_shared<QStringList>()),
-                                              [&dying = *stack](RecordingTool* tool) {
-                                                dying.getTool(LeftButton);
-                                                delete tool;
-                                              });
-  stack->pushTool(LeftButton, asking);
+  const auto askAndDie = [&dying = *stack](RecordingTool* tool) {
+    QVERIFY(!dying.getTool(LeftButton));
+    delete tool;
+  };
+  stack->pushTool(LeftButton, std::shared_ptr<RecordingTool>(new RecordingTool("t"), askAndDie));
 }
 
 void ToolStackTest::laterObserverHearsAToolThatIsGone() {
   const auto observer = createShared<RecordingStack>();
-  auto t = makeTool("t");
-  t->addObserver(observer, true);
-  t->activate();
-  t = nullptr;
-  QTRY_COMPARE(observer->reports, QStringList("t activated"));
+  QStringList reports;
+  observer->hear = [&reports](const QString& report) { reports.append(report); };
+  auto tool = std::make_shared<RecordingTool>("t");
+  tool->addObserver(observer, true);
+  tool->activate();
+  tool = nullptr;
+  QTRY_COMPARE(reports, QStringList("t:activated"));
 }
 
 VELA_TEST_MAIN(ToolStackTest)

@@ -6,86 +6,58 @@
 
 #include <QDialog>
 #include <QMenu>
+#include <QMetaEnum>
 
-using Vela::Test::ToolScreen;
+using namespace Vela::Test;
 using namespace Vela::UiBase;
 
 namespace {
 
-/// Takes the input named in takes while it executes.
-class InputCommand : public CommandBase, public ViewResponder {
+/// Takes some input while it executes, which a key is pressed in. Words of the screen begin it ("name+"), end
+/// it ("name-"), trigger it ("name!") and take it away ("name/").
+class InputCommand : public CommandBase, public InputTaker<ViewResponder> {
   Q_OBJECT
   COMMAND_ID(InputCommand)
 
 public:
-  InputCommand(const ToolScreen& screen, const char* input)
-      : CommandBase(screen.controller), takes(QString(input).split(' ')), m_journal(screen.journal) {
+  InputCommand(ToolScreen& screen, const QString& name, const QString& input)
+      : CommandBase(screen.controller), m_screen(screen), m_name(name), m_input(input.split(' ')) {
     screen.controller->addCommand(this);
+    screen.on(name + '+', [&screen, this] { screen.controller->commandBegan(this); });
+    screen.on(name + '-', [&screen, this] { screen.controller->commandEnded(this); });
+    screen.on(name + '!', [this] { trigger(); });
+    screen.on(name + '/', [&screen, this] { screen.controller->removeCommand(this); });
   }
 
-  const QStringList takes;
-  std::function<void()> work;
-
-  void begin() {
-    broadcast([this](CommandStateProtocol* observer) { observer->commandBegan(this); });
-  }
-  void end() {
-    broadcast([this](CommandStateProtocol* observer) { observer->commandEnded(this); });
-  }
+protected:
   bool onExecuteAsync(bool) override {
-    work();
+    m_screen.play("key");
     return true;
   }
-
-  bool mousePress(QMouseEvent*) override { return taken("press"); }
-  bool mouseMove(QMouseEvent*) override { return taken("move"); }
-  bool mouseRelease(QMouseEvent*) override { return taken("release"); }
-  bool mouseDoubleClick(QMouseEvent*) override { return taken("double"); }
-  bool mouseWheel(QWheelEvent*) override { return taken("wheel"); }
-  bool keyPress(QKeyEvent*) override { return taken("key"); }
-  bool keyRelease(QKeyEvent*) override { return taken("keyup"); }
+  bool takes(const QString& input) override {
+    const bool taken = m_input.contains(input);
+    if (taken)
+      m_screen.tell(m_name + ':' + input);
+    return taken;
+  }
 
 private:
-  bool taken(const QString& input) {
-    if (takes.contains(input))
-      m_journal->append("command:" + input);
-    return takes.contains(input);
-  }
-
-  const std::shared_ptr<QStringList> m_journal;
-};
-
-/// Hands on what lies over it when it is told to wait.
-class HandingTool : public Vela::Test::RecordingTool {
-public:
-  using RecordingTool::RecordingTool;
-  void suspend() override {
-    RecordingTool::suspend();
-    if (hand)
-      std::exchange(hand, {})();
-  }
-  std::function<void()> hand;
+  ToolScreen& m_screen;
+  const QString m_name;
+  const QStringList m_input;
 };
 
 } // namespace
 
 /// Which command or tool gets what, which cursor is seen, and how operations end.
-class ToolRoutingTest : public Vela::Test::TestCase {
+class ToolRoutingTest : public TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
   void inputReachesTheRightTool_data();
   void inputReachesTheRightTool();
-  void heldBackPressIsReplayedWhereItWas();
-  void viewWithoutACursorOfItsOwnHasNoneAfterwards();
   void operationEndsWithItsMouse_data();
   void operationEndsWithItsMouse();
-  void movingTheMouseLeavesTheFocus();
-  void toolsWaitForAnotherOne();
-
-  void executingCommandComesFirst_data();
-  void executingCommandComesFirst();
-  void executingCommandIsTheLatestThatBegan();
 };
 
 void ToolRoutingTest::inputReachesTheRightTool_data() {
@@ -105,186 +77,113 @@ void ToolRoutingTest::inputReachesTheRightTool_data() {
   row("any release drops the right press", "R+ L+ L- mv R-", "left:press left:release left:end right:move");
   row("no menu in the middle of an operation", "R+ L+ R- mv L-",
       "left:press left:release left:move left:release left:end");
-  row("operations that begin by themselves take turns", "M+ begin key M-",
+  row("operations that begin by themselves take turns", "M+ start key M- end",
       "middle:press middle:end left:key left:keyup right:release right:end");
-  row("no wheel during a drag", "wh L+ wh L-", "left:wheel wheel:wheel left:press left:release left:end");
-  row("double click presses once", "LL", "left:press left:release left:end left:double");
-  row("double click ends another drag", "R+ mv LL R-",
+  row("no wheel during a drag", "wheel L+ wheel L-",
+      "left:wheel wheel:wheel left:press left:release left:end");
+  row("double click presses once", "L2", "left:press left:release left:end left:double");
+  row("double click ends another drag", "R+ mv L2 R-",
       "right:press right:move right:end left:press left:release left:end left:double");
+  row("held-back press is replayed where it was", "mv R+ mv at? R-",
+      "left:move right:press right:move 24,32 right:release right:end");
+  row("moving the mouse leaves the focus", "edit mv wheel focus?", "left:move left:wheel wheel:wheel edit");
+  // The view has no cursor of its own.
+  row("popped while it operates", "cursor? L+ mv pop cursor?",
+      "OpenHandCursor left:press left:move left:end WaitCursor");
+  row("cleared while one operates", "M+ clear cursor?", "middle:press middle:end WaitCursor");
+  row("without a controller", "R+ mv detach cursor?", "right:press right:move right:end WaitCursor");
+  row("waits for another button", "R+ mv push cursor? R- cursor? pop cursor?",
+      "right:press right:move ArrowCursor right:release right:end OpenHandCursor OpenHandCursor");
+
+  row("command takes all", "L+ all+ L- L+ mv L- wheel key L2",
+      "left:press left:end all:release all:press all:move all:release all:wheel all:key all:keyup all:press "
+      "all:release all:double");
+  row("command takes presses", "first+ L+ mv L- wheel", "first:press left:move left:wheel wheel:wheel");
+  row("command takes releases", "second+ L+ L-", "left:press second:release left:end");
+  row("command that runs", "first! key", "first:key first:keyup left:key left:keyup");
+  row("command runs in another that began", "first+ second! second- key",
+      "first:key first:keyup first:key first:keyup");
+  row("command began twice", "first+ second+ second+ key second- key",
+      "second:key second:keyup first:key first:keyup");
+  row("command ends before a later one", "first+ second+ first- key second/ key",
+      "second:key second:keyup left:key left:keyup");
 }
 
 void ToolRoutingTest::inputReachesTheRightTool() {
   QFETCH(QString, script);
   ToolScreen screen;
-  const auto right = screen.tool("right");
-  screen.on("begin", [&] { right->startOperation(); });
+  screen.window.setCursor(Qt::WaitCursor);
+  screen.on("start", [&] { screen.right->startOperation(); });
+  screen.on("end", [&] { screen.right->endOperation(); });
+  screen.on("push", [&] { screen.controller->pushTool(LeftButton, screen.makeTool("over")); });
+  screen.on("pop", [&] { screen.controller->popTool(LeftButton); });
+  screen.on("clear", [&] { screen.controller->clearTools(); });
+  screen.on("detach", [&] { screen.view->setViewController(nullptr); });
+  screen.on("focus?", [&] { screen.tell(screen.edit->hasFocus() ? "edit" : "view"); });
+  screen.on("cursor?", [&] {
+    screen.tell(QMetaEnum::fromType<Qt::CursorShape>().valueToKey(screen.view->cursor().shape()));
+  });
+  screen.on("at?", [&] {
+    const QPoint at = screen.right->pressEvent().position().toPoint();
+    screen.tell(QString("%1,%2").arg(at.x()).arg(at.y()));
+  });
+  new InputCommand(screen, "all", "press move release double wheel key keyup");
+  new InputCommand(screen, "first", "press key keyup");
+  new InputCommand(screen, "second", "release key keyup");
   screen.play(script);
-  if (right->isOperating())
-    right->endOperation();
   QTEST(screen.told(), "told");
-  QVERIFY(!screen.controller->getOperatingTool());
-}
-
-void ToolRoutingTest::heldBackPressIsReplayedWhereItWas() {
-  ToolScreen screen;
-  screen.play("mv R+ mv");
-  QCOMPARE(screen.tool("right")->pressEvent().position(), QPointF(24, 32));
-}
-
-void ToolRoutingTest::viewWithoutACursorOfItsOwnHasNoneAfterwards() {
-  for (const char* script : {"L+ mv pop L-", "M+ clear M-", "R+ mv gone R-"}) {
-    ToolScreen screen;
-    screen.on("pop", [&] { screen.controller->popTool(LeftButton); });
-    screen.on("clear", [&] { screen.controller->clearTools(); });
-    screen.on("gone", [&] { screen.view->setViewController(nullptr); });
-    screen.window.setCursor(Qt::WaitCursor);
-    QCOMPARE(screen.cursor(), Qt::OpenHandCursor);
-    screen.play(script);
-    QCOMPARE(screen.cursor(), Qt::WaitCursor);
-  }
 }
 
 void ToolRoutingTest::operationEndsWithItsMouse_data() {
   QTest::addColumn<QString>("loss");
-  for (const char* loss : {"L? R? M? mv", "focus", "dialog", "popup", "hide", "cover", "deactivate"})
+  for (const char* loss :
+       {"lost mv", "edit", "dialog", "menu", "grab", "disable", "hide", "cover", "deactivate"})
     QTest::newRow(loss) << QString(loss);
 }
 
 void ToolRoutingTest::operationEndsWithItsMouse() {
   QFETCH(QString, loss);
-  for (const QString press : {"L+", "R+ mv", "R+"}) {
+  for (const QString script : {"L2", "L+ loss", "R+ mv loss", "R+ loss"}) {
+    if (loss == "grab" && script != "L2")
+      continue;
     ToolScreen screen;
     QDialog dialog(&screen.window);
     dialog.setModal(true);
     QMenu menu(screen.view);
     menu.addAction("entry");
     QWidget other;
-    BaseView cover;
-    auto* const covering = new BaseViewController(&cover);
-    screen.on("focus", [&] { screen.edit->setFocus(); });
+    QPointer<BaseViewController> cover;
     screen.on("dialog", [&] { dialog.show(); });
-    screen.on("popup", [&] { menu.popup(screen.view->mapToGlobal(QPoint(5, 5))); });
+    screen.on("menu", [&] { menu.popup(screen.view->mapToGlobal(QPoint(5, 5))); });
+    screen.on("grab", [&] { dialog.grabMouse(); });
+    screen.on("disable", [&] { screen.view->setEnabled(false); });
     screen.on("hide", [&] { screen.view->hide(); });
-    screen.on("cover", [&] { screen.controller->presentViewController(covering, NoTransition); });
-    screen.on("deactivate", [&] {
-      other.show();
-      other.activateWindow();
-      QVERIFY(QTest::qWaitForWindowActive(&other));
+    screen.on("deactivate", [&] { showActive(other); });
+    screen.on("cover", [&] {
+      cover = new BaseViewController(new BaseView);
+      screen.controller->presentViewController(cover, NoTransition);
     });
+    screen.on("loss", [&] { screen.play(loss); });
+    screen.on("left:double", [&] { screen.play(loss); });
     if (loss == "dialog" || loss == "deactivate") { // which an unfocused view loses to as well
       screen.view->setFocusPolicy(Qt::NoFocus);
-      screen.edit->setFocus();
+      screen.play("edit");
     }
-    screen.play(press);
-    QCOMPARE(bool(screen.controller->getOperatingTool()), press != "R+");
-    screen.play(loss);
-    QTRY_VERIFY(!screen.controller->getOperatingTool());
-    screen.told();
-    menu.close();
-    dialog.close();
-    QTestPrivate::qtestMouseButtons = Qt::RightButton;
-    screen.play("mv"); // what a right press started does not come back
-    QVERIFY(!screen.told().contains("right:press"));
-    cover.setParent(nullptr);
-  }
-}
-
-void ToolRoutingTest::movingTheMouseLeavesTheFocus() {
-  ToolScreen screen;
-  screen.edit->setFocus();
-  screen.play("mv mv wh");
-  QVERIFY(screen.edit->hasFocus());
-}
-
-void ToolRoutingTest::toolsWaitForAnotherOne() {
-  for (const char* script : {"R+ mv push", "push R+ mv pop"}) {
-    ToolScreen screen;
-    const auto left = screen.tool("left");
-    const auto over = std::make_shared<Vela::Test::RecordingTool>("over", screen.journal);
-    screen.on("push", [&] { screen.controller->pushTool(LeftButton, over); });
-    screen.on("pop", [&] { screen.controller->popTool(LeftButton); });
     screen.play(script);
-    QVERIFY2(screen.controller->getTool(LeftButton)->isSuspended(), script);
-    screen.play("R-");
-    QVERIFY2(screen.controller->getTool(LeftButton)->isActive(), script);
-    screen.play("push");
-    left->resume();
-    left->startOperation();
-    left->endOperation();
-    QVERIFY(left->isSuspended()); // below the top
-    left->resume();               // as a reset does
-    screen.play("pop");
-    QCOMPARE(screen.cursor(), Qt::OpenHandCursor);
+    QTRY_VERIFY(!screen.controller->getOperatingTool());
+    dialog.releaseMouse();
+    dialog.close();
+    menu.close();
+    if (cover)
+      cover->dismissViewController();
+    screen.view->setEnabled(true);
+    screen.view->show();
+    screen.holdUnheard(Qt::RightButton);
+    screen.told();
+    screen.play("mv lost L+");
+    const QString told = screen.told(); // what a right press started does not come back
+    QVERIFY2(told.endsWith("left:press") && !told.contains("right:press"), qPrintable(told));
   }
-  ToolScreen screen;
-  const auto below = std::make_shared<HandingTool>("below", screen.journal);
-  const auto over = std::make_shared<Vela::Test::RecordingTool>("over", screen.journal);
-  screen.controller->pushTool(LeftButton, below);
-  screen.controller->pushTool(LeftButton, over);
-  below->hand = [&] {
-    screen.controller->popTool(LeftButton);
-    screen.controller->pushTool(MiddleButton, over);
-  };
-  screen.controller->pushTool(RightButton, std::make_shared<InteractiveTool>(screen.view));
-  QVERIFY2(over->isActive(), "it has gone where nothing waits");
-}
-
-void ToolRoutingTest::executingCommandComesFirst_data() {
-  QTest::addColumn<QString>("script");
-  QTest::addColumn<QString>("told");
-  QTest::newRow("press move release double wheel key keyup")
-      << "L+ mv L- wh key LL"
-      << "command:press command:move command:release command:wheel command:key command:keyup command:press "
-         "command:release command:double";
-  QTest::newRow("press") << "L+ mv L- wh"
-                         << "command:press left:move left:wheel wheel:wheel";
-  QTest::newRow("release") << "L+ L-"
-                           << "left:press command:release left:end";
-}
-
-void ToolRoutingTest::executingCommandComesFirst() {
-  QFETCH(QString, script);
-  ToolScreen screen;
-  auto* const command = new InputCommand(screen, QTest::currentDataTag());
-  screen.play("L+");
-  command->begin();
-  QVERIFY(!screen.controller->getOperatingTool()); // the mouse is the command's now
-  screen.play("L-");
-  screen.told();
-  screen.play(script);
-  QTEST(screen.told(), "told");
-}
-
-void ToolRoutingTest::executingCommandIsTheLatestThatBegan() {
-  ToolScreen screen;
-  auto* const first = new InputCommand(screen, "key");
-  auto* const second = new InputCommand(screen, "wheel");
-  auto* const ran = new InputCommand(screen, "press");
-  const auto who = [&screen] {
-    screen.play("key wh L+ L-");
-    return screen.told().section("command:", 1).section(' ', 0, 0);
-  };
-  QString during;
-  ran->work = [&] { during = who(); };
-  ran->trigger();
-  QCOMPARE(during, QString("press"));
-  QCOMPARE(who(), QString());
-
-  first->begin();
-  ran->trigger(); // runs inside the one that began, and leaves it its place
-  QCOMPARE(during, QString("key"));
-  ran->end(); // of a command that did not begin
-  QCOMPARE(who(), QString("key"));
-  second->begin();
-  second->begin();
-  QCOMPARE(who(), QString("wheel"));
-  second->end();
-  QCOMPARE(who(), QString("key"));
-  second->begin();
-  first->end(); // not in the order in which they began
-  QCOMPARE(who(), QString("wheel"));
-  screen.controller->removeCommand(second);
-  QCOMPARE(who(), QString());
 }
 
 VELA_TEST_MAIN(ToolRoutingTest)

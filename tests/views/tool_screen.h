@@ -1,45 +1,41 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <support/input.h>
 #include <ui_base/views/base_view.h>
 #include <ui_base/views/cmds_view_controller.h>
 
 #include <QLineEdit>
 #include <QPointer>
-#include <QStringList>
-#include <QTest>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <QWindow>
 
-#include <functional>
-#include <memory>
 #include <tools/recording_tool.h>
 
 namespace Vela::Test {
 
-/// A controller that writes down its right clicks.
+/// Tells its right clicks.
 class ToolController : public UiBase::CmdsViewController {
 public:
-  ToolController(UiBase::BaseView* view, std::shared_ptr<QStringList> journal)
-      : CmdsViewController(view), m_journal(std::move(journal)) {}
+  using CmdsViewController::CmdsViewController;
+
+  std::function<void()> onRightClick;
 
 protected:
   bool rightClick(QMouseEvent*) override {
-    m_journal->append(QStringLiteral("menu"));
+    onRightClick();
     return true;
   }
-
-private:
-  const std::shared_ptr<QStringList> m_journal;
 };
 
 /// A window with a line edit above a view, which has a tool on each button: "left", "right", "middle",
 /// "wheel". It is driven by scripts, one word for each thing a person does:
 ///
-/// "L+" "R+" "M+" press a button, "L-" "R-" "M-" release it, "mv" moves the mouse, "LL" "RR" "MM"
-/// double-click, "wh" turns the wheel, "key" presses and releases a key, "L?" "R?" "M?" release a button
-/// where the window does not hear of it. Words of on() are added to these.
+/// "L+" "R+" "M+" press a button, "L-" "R-" "M-" release it, "L2" "R2" "M2" double-click, "mv" moves the
+/// mouse, "wheel" turns the wheel, "key" presses and releases a key, "edit" focuses the line edit, "lost"
+/// releases the buttons where the window does not hear of it. Words of on() are added to these; where such a
+/// word is input that is told, as "left:double", the tool takes it and does that.
 class ToolScreen {
 public:
   ToolScreen() {
@@ -47,83 +43,78 @@ public:
     layout->addWidget(edit);
     layout->addWidget(view, 1);
     window.resize(300, 300);
-    window.show();
-    window.activateWindow();
-    if (!QTest::qWaitForWindowActive(&window))
-      qFatal("the window does not become active");
+    showActive(window);
     view->setFocus();
-    push(UiBase::LeftButton, "left");
-    push(UiBase::RightButton, "right");
-    push(UiBase::MiddleButton, "middle");
-    push(UiBase::NoButton, "wheel");
+    controller->onRightClick = [this] { tell("menu"); };
+    controller->pushTool(UiBase::LeftButton, left);
+    controller->pushTool(UiBase::RightButton, right);
+    controller->pushTool(UiBase::MiddleButton, makeTool("middle"));
+    controller->pushTool(UiBase::NoButton, makeTool("wheel"));
+    on("mv", [this] { moveMouse(*view, m_position += QPoint(7, 11)); });
+    on("lost", [] { holdUnheard(Qt::NoButton); });
+    on("key", [this] { pressKey(window, Qt::Key_K); });
+    on("edit", [this] { edit->setFocus(); });
+    on("wheel", [this] {
+      QWheelEvent wheel(m_position, view->mapToGlobal(m_position), {}, {0, 120},
+                        QTestPrivate::qtestMouseButtons, {}, Qt::NoScrollPhase, false);
+      QCoreApplication::sendEvent(view, &wheel);
+    });
     play("mv"); // a press elsewhere would bring a move along
-    journal->clear();
+    told();
   }
   ~ToolScreen() {
-    QTestPrivate::qtestMouseButtons = Qt::NoButton;
+    holdUnheard(Qt::NoButton);
     QTest::mouseMove(window.windowHandle(), {5, 5}); // the application forgets the buttons, too
   }
   Q_DISABLE_COPY_MOVE(ToolScreen)
 
-  void on(const QString& word, const std::function<void()>& action) { m_actions.insert(word, action); }
+  void on(const QString& word, const std::function<void()>& action) { m_words.insert(word, action); }
   void play(const QString& script) {
-    const QStringList words = script.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    for (const QString& word : words) {
-      if (const auto action = m_actions.value(word))
-        action();
-      else if (word == "key")
-        QTest::keyClick(window.windowHandle(), Qt::Key_K);
-      else
-        mouse(word);
-    }
+    const QStringList words = script.split(' ');
+    for (const QString& word : words)
+      m_words.contains(word) ? m_words[word]() : useButton(word);
   }
-  /// What the tools were given since the last call, without moves that reach no operation.
-  QString told() { return std::exchange(*journal, {}).join(QLatin1Char(' ')); }
-  Qt::CursorShape cursor() const { return view->cursor().shape(); }
-  std::shared_ptr<RecordingTool> tool(const QString& name) const { return m_tools.value(name); }
+  /// The buttons are held, which the window does not hear of.
+  static void holdUnheard(Qt::MouseButtons buttons) {
+    QTestPrivate::qtestMouseButtons = buttons;
+    QTest::lastMouseTimestamp += QTest::mouseDoubleClickInterval; // the next press is no double click
+  }
+  std::shared_ptr<RecordingTool> makeTool(const QString& name) {
+    auto tool = std::make_shared<RecordingTool>(name, view);
+    tool->hear = [this](const QString& input) {
+      tell(input);
+      if (m_words.contains(input))
+        m_words[input]();
+      return m_words.contains(input);
+    };
+    tool->setIdleCursor(Qt::OpenHandCursor);
+    return tool;
+  }
+  void tell(const QString& input) { m_told += input; }
+  /// What was told since the last call.
+  QString told() { return std::exchange(m_told, {}).join(' '); }
 
-  std::shared_ptr<QStringList> journal = std::make_shared<QStringList>();
+private:
+  void useButton(const QString& word) {
+    const QHash<QChar, Qt::MouseButton> buttons{
+        {'L', Qt::LeftButton}, {'R', Qt::RightButton}, {'M', Qt::MiddleButton}};
+    const QHash<QChar, QTest::MouseAction> uses{
+        {'+', QTest::MousePress}, {'-', QTest::MouseRelease}, {'2', QTest::MouseDClick}};
+    QTest::mouseEvent(uses[word[1]], window.windowHandle(), buttons[word[0]], {},
+                      inWindow(*view, m_position));
+  }
+
+  QStringList m_told;
+  QHash<QString, std::function<void()>> m_words;
+  QPoint m_position{10, 10};
+
+public:
   QWidget window;
   QLineEdit* edit = new QLineEdit;
   QPointer<UiBase::BaseView> view = new UiBase::BaseView;
-  ToolController* controller = new ToolController(view, journal);
-
-private:
-  void push(UiBase::EToolActivationButton button, const QString& name) {
-    const auto made = std::make_shared<RecordingTool>(name, journal, view);
-    made->setIdleCursor(Qt::OpenHandCursor);
-    m_tools.insert(name, made);
-    controller->pushTool(button, made);
-  }
-  void mouse(const QString& word) {
-    if (word == "mv")
-      m_position += QPoint(7, 11);
-    QWindow* const handle = window.windowHandle();
-    const QPoint at = view->mapTo(&window, m_position);
-    const auto button = word.at(0) == 'L'   ? Qt::LeftButton
-                        : word.at(0) == 'R' ? Qt::RightButton
-                                            : Qt::MiddleButton;
-    if (word == "mv") {
-      QTest::mouseMove(handle, at);
-    } else if (word == "wh") {
-      QWheelEvent wheel(m_position, view->mapToGlobal(m_position), {}, {0, 120},
-                        QTestPrivate::qtestMouseButtons, {}, Qt::NoScrollPhase, false);
-      QCoreApplication::sendEvent(view, &wheel);
-    } else if (word.at(1) == '+') {
-      QTest::mousePress(handle, button, {}, at);
-    } else if (word.at(1) == '-') {
-      QTest::mouseRelease(handle, button, {}, at);
-    } else if (word.at(1) == '?') {
-      QTestPrivate::qtestMouseButtons.setFlag(button, false);
-      QTest::lastMouseTimestamp += QTest::mouseDoubleClickInterval; // the next press is no double click
-    } else {
-      QTest::mouseDClick(handle, button, {}, at);
-    }
-  }
-
-  QHash<QString, std::shared_ptr<RecordingTool>> m_tools;
-  QHash<QString, std::function<void()>> m_actions;
-  QPoint m_position{10, 10};
+  ToolController* controller = new ToolController(view);
+  const std::shared_ptr<RecordingTool> left = makeTool("left");
+  const std::shared_ptr<RecordingTool> right = makeTool("right");
 };
 
 } // namespace Vela::Test
