@@ -9,11 +9,13 @@
 
 namespace Vela::Test {
 
-/// Decides about each input before its base gets it.
+/// Tells each input before its base gets it.
 template <class Base>
 class InputTaker : public Base {
 public:
   using Base::Base;
+
+  std::function<bool(const QString&)> hear; // answers whether it takes that
 
   bool mousePress(QMouseEvent* input) override { return takes("press") || Base::mousePress(input); }
   bool mouseMove(QMouseEvent* input) override { return takes("move") || Base::mouseMove(input); }
@@ -24,17 +26,16 @@ public:
   bool keyRelease(QKeyEvent*) override { return takes("keyup"); }
 
 protected:
-  virtual bool takes(const QString& input) = 0;
+  bool takes(const QString& input) const { return hear && hear(input); }
 };
 
-/// Tells what it is given, and that its operation ends, as "name:input".
+/// Tells the end of its operation as well.
 class RecordingTool : public InputTaker<UiBase::InteractiveTool> {
 public:
   explicit RecordingTool(QString itsName, UiBase::BaseView* view = nullptr)
       : InputTaker(view), name(std::move(itsName)) {}
 
   const QString name;
-  std::function<bool(const QString&)> hear; // answers whether it takes that
 
   using InteractiveTool::setIdleCursor;
   using InteractiveTool::startOperation;
@@ -43,9 +44,6 @@ public:
       takes("end");
     InteractiveTool::endOperation();
   }
-
-protected:
-  bool takes(const QString& input) override { return hear && hear(name + ':' + input); }
 };
 
 } // namespace Vela::Test

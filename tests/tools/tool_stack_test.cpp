@@ -17,17 +17,17 @@ class RecordingStack : public ToolStack {
 public:
   std::function<void(const QString&)> hear;
 
-  void toolActivated(InteractiveTool* tool) override { note(tool, "activated"); }
-  void toolDeactivated(InteractiveTool* tool) override { note(tool, "deactivated"); }
-  void toolSuspended(InteractiveTool* tool) override { note(tool, "suspended"); }
-  void toolResumed(InteractiveTool* tool) override { note(tool, "resumed"); }
+  void toolActivated(InteractiveTool* tool) override { note(tool, "on"); }
+  void toolDeactivated(InteractiveTool* tool) override { note(tool, "off"); }
+  void toolSuspended(InteractiveTool* tool) override { note(tool, "wait"); }
+  void toolResumed(InteractiveTool* tool) override { note(tool, "back"); }
   void toolCursorChange(InteractiveTool* tool) override { note(tool, "cursor"); }
   void toolBeganOperating(InteractiveTool* tool) override {
-    note(tool, "began");
+    note(tool, "begin");
     ToolStack::toolBeganOperating(tool);
   }
   void toolEndedOperating(InteractiveTool* tool) override {
-    note(tool, "ended");
+    note(tool, "end");
     ToolStack::toolEndedOperating(tool);
   }
 
@@ -60,7 +60,7 @@ public:
   }
   /// In the words that push them: what lies on the stack, and its states.
   QString held() const {
-    const char* const states[] = {":inactive", ":active", ":suspended", ":operating"};
+    const char* const states[] = {":off", ":on", ":waits", ":operates"};
     QStringList held;
     const auto entries = m_stack->heldTools();
     for (const auto& [button, tool] : entries)
@@ -87,9 +87,9 @@ private:
   const QHash<QChar, EToolActivationButton> buttons{
       {'L', LeftButton}, {'R', RightButton}, {'M', MiddleButton}};
   const QHash<QString, void (RecordingTool::*)()> changes{
-      {"activate", &RecordingTool::activate},    {"deactivate", &RecordingTool::deactivate},
-      {"suspend", &RecordingTool::suspend},      {"resume", &RecordingTool::resume},
-      {"start", &RecordingTool::startOperation}, {"end", &RecordingTool::endOperation}};
+      {"on", &RecordingTool::activate},          {"off", &RecordingTool::deactivate},
+      {"wait", &RecordingTool::suspend},         {"back", &RecordingTool::resume},
+      {"begin", &RecordingTool::startOperation}, {"end", &RecordingTool::endOperation}};
   const std::shared_ptr<RecordingStack> m_stack = createShared<RecordingStack>();
   QHash<QString, std::shared_ptr<RecordingTool>> m_tools;
   QHash<QString, QString> m_hooks;
@@ -115,36 +115,24 @@ void ToolStackTest::toolsHearOfTheirPlace_data() {
   const auto row = [](const char* name, const char* script, const char* told, const char* held) {
     QTest::newRow(name) << QString(script) << QString(told) << QString(held);
   };
-  row("inactive", "L+a a:deactivate a:deactivate a:suspend a:resume a:start a:end",
-      "a:activated a:deactivated", "L+a:inactive");
-  row("active", "L+a a:activate a:resume a:end", "a:activated", "L+a:active");
-  row("suspended", "L+a a:suspend a:activate a:deactivate a:suspend a:start a:end", "a:activated a:suspended",
-      "L+a:suspended");
-  row("operating", "L+a a:start a:activate a:deactivate a:suspend a:resume a:start",
-      "a:activated a:began a:cursor", "L+a:operating");
-  row("popped", "L+a L+b L-", "a:activated a:suspended b:activated b:deactivated a:resumed", "L+a:active");
-  row("nothing to pop", "L- M- L+a L- L-", "a:activated a:deactivated", "");
-  row("popped while it operates", "R+a R+b b:start R-",
-      "a:activated a:suspended b:activated b:began b:cursor a:resumed", "R+a:active");
+  row("inactive", "L+a a:off a:off a:wait a:back a:begin a:end", "a:on a:off", "L+a:off");
+  row("active", "L+a a:on a:back a:end", "a:on", "L+a:on");
+  row("suspended", "L+a a:wait a:on a:off a:wait a:begin a:end", "a:on a:wait", "L+a:waits");
+  row("operating", "L+a a:begin a:on a:off a:wait a:back a:begin", "a:on a:begin a:cursor", "L+a:operates");
+  row("popped", "L+a L+b L-", "a:on a:wait b:on b:off a:back", "L+a:on");
+  row("nothing to pop", "L- M- L+a L- L-", "a:on a:off", "");
+  row("popped while it operates", "R+a R+b b:begin R-", "a:on a:wait b:on b:begin b:cursor a:back", "R+a:on");
   // The left one is back with the first that ends.
-  row("two others operate", "L+a R+b M+c b:start c:start b:end c:end",
-      "a:activated b:activated c:activated b:began a:suspended b:cursor c:began c:cursor b:ended a:resumed "
-      "c:ended",
-      "L+a:active R+b:active M+c:active");
-  row("reset", "R+c L+a L+b reset",
-      "c:activated a:activated a:suspended b:activated b:deactivated b:activated a:resumed a:deactivated "
-      "a:activated a:suspended c:deactivated c:activated",
-      "L+a:suspended L+b:active R+c:active");
-  row("operation begins in a reset", "L+a R+b a:deactivated=b:start reset",
-      "a:activated b:activated a:deactivated b:began b:cursor a:activated a:suspended",
-      "L+a:suspended R+b:operating");
-  row("operation ends in a reset", "L+a R+b b:start a:deactivated=b:end reset",
-      "a:activated b:activated b:began a:suspended b:cursor a:resumed a:deactivated b:ended a:activated "
-      "b:deactivated b:activated",
-      "L+a:active R+b:active");
-  row("moved in a reset", "L+a a:activated=L-&M+a reset",
-      "a:activated a:deactivated a:activated a:deactivated a:activated", "M+a:active");
-  row("cleared", "L+a clear a:deactivate", "a:activated a:deactivated", "");
+  row("two others operate", "L+a R+b M+c b:begin c:begin b:end c:end",
+      "a:on b:on c:on b:begin a:wait b:cursor c:begin c:cursor b:end a:back c:end", "L+a:on R+b:on M+c:on");
+  row("reset", "R+c L+a L+b reset", "c:on a:on a:wait b:on b:off b:on a:back a:off a:on a:wait c:off c:on",
+      "L+a:waits L+b:on R+c:on");
+  row("operation begins in a reset", "L+a R+b a:off=b:begin reset",
+      "a:on b:on a:off b:begin b:cursor a:on a:wait", "L+a:waits R+b:operates");
+  row("operation ends in a reset", "L+a R+b b:begin a:off=b:end reset",
+      "a:on b:on b:begin a:wait b:cursor a:back a:off b:end a:on b:off b:on", "L+a:on R+b:on");
+  row("moved in a reset", "L+a a:on=L-&M+a reset", "a:on a:off a:on a:off a:on", "M+a:on");
+  row("cleared", "L+a clear a:off", "a:on a:off", "");
 }
 
 void ToolStackTest::toolsHearOfTheirPlace() {
@@ -192,7 +180,7 @@ void ToolStackTest::laterObserverHearsAToolThatIsGone() {
   tool->addObserver(observer, true);
   tool->activate();
   tool = nullptr;
-  QTRY_COMPARE(reports, QStringList("t:activated"));
+  QTRY_COMPARE(reports, QStringList("t:on"));
 }
 
 VELA_TEST_MAIN(ToolStackTest)

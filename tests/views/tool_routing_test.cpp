@@ -20,31 +20,26 @@ class InputCommand : public CommandBase, public InputTaker<ViewResponder> {
   COMMAND_ID(InputCommand)
 
 public:
-  InputCommand(ToolScreen& screen, const QString& name, const QString& input)
-      : CommandBase(screen.controller), m_screen(screen), m_name(name), m_input(input.split(' ')) {
+  InputCommand(ToolScreen& screen, const QString& name, const QStringList& input)
+      : CommandBase(screen.controller), m_screen(screen) {
+    hear = [&screen, name, input](const QString& heard) {
+      if (input.contains(heard))
+        screen.tell(name + ':' + heard);
+      return input.contains(heard);
+    };
     screen.controller->addCommand(this);
     screen.on(name + '+', [&screen, this] { screen.controller->commandBegan(this); });
     screen.on(name + '-', [&screen, this] { screen.controller->commandEnded(this); });
     screen.on(name + '!', [this] { trigger(); });
     screen.on(name + '/', [&screen, this] { screen.controller->removeCommand(this); });
   }
-
-protected:
   bool onExecuteAsync(bool) override {
     m_screen.play("key");
     return true;
   }
-  bool takes(const QString& input) override {
-    const bool taken = m_input.contains(input);
-    if (taken)
-      m_screen.tell(m_name + ':' + input);
-    return taken;
-  }
 
 private:
   ToolScreen& m_screen;
-  const QString m_name;
-  const QStringList m_input;
 };
 
 } // namespace
@@ -68,45 +63,42 @@ void ToolRoutingTest::inputReachesTheRightTool_data() {
   };
   row("right click opens the menu", "R+ R-", "menu");
   row("no menu after a drag, also one that was ended", "R+ mv L+ L- R-",
-      "right:press right:move right:end left:press left:release left:end");
+      "R:press R:move R:end L:press L:release L:end");
   row("right press ends left drag", "L+ R+ mv L- R-",
-      "left:press left:end right:press right:move right:release right:release right:end");
-  row("middle press ends left drag", "L+ M+ mv M- L-",
-      "left:press left:end middle:press middle:move middle:release middle:end");
-  row("release of another button", "M+ R+ R-", "middle:press middle:end menu");
-  row("any release drops the right press", "R+ L+ L- mv R-", "left:press left:release left:end right:move");
-  row("no menu in the middle of an operation", "R+ L+ R- mv L-",
-      "left:press left:release left:move left:release left:end");
+      "L:press L:end R:press R:move R:release R:release R:end");
+  row("middle press ends left drag", "L+ M+ mv M- L-", "L:press L:end M:press M:move M:release M:end");
+  row("release of another button", "M+ R+ R-", "M:press M:end menu");
+  row("any release drops the right press", "R+ L+ L- mv R-", "L:press L:release L:end R:move");
+  row("no menu in the middle of an operation", "R+ L+ R- mv L-", "L:press L:release L:move L:release L:end");
   row("operations that begin by themselves take turns", "M+ start key M- end",
-      "middle:press middle:end left:key left:keyup right:release right:end");
-  row("no wheel during a drag", "wheel L+ wheel L-",
-      "left:wheel wheel:wheel left:press left:release left:end");
-  row("double click presses once", "L2", "left:press left:release left:end left:double");
+      "M:press M:end L:key L:keyup R:release R:end");
+  row("no wheel during a drag", "wheel L+ wheel L-", "L:wheel W:wheel L:press L:release L:end");
+  row("double click presses once", "L2", "L:press L:release L:end L:double");
   row("double click ends another drag", "R+ mv L2 R-",
-      "right:press right:move right:end left:press left:release left:end left:double");
+      "R:press R:move R:end L:press L:release L:end L:double");
   row("held-back press is replayed where it was", "mv R+ mv at? R-",
-      "left:move right:press right:move 24,32 right:release right:end");
-  row("moving the mouse leaves the focus", "edit mv wheel focus?", "left:move left:wheel wheel:wheel edit");
+      "L:move R:press R:move 24,32 R:release R:end");
+  row("moving the mouse leaves the focus", "edit mv wheel focus?", "L:move L:wheel W:wheel edit");
   // The view has no cursor of its own.
   row("popped while it operates", "cursor? L+ mv pop cursor?",
-      "OpenHandCursor left:press left:move left:end WaitCursor");
-  row("cleared while one operates", "M+ clear cursor?", "middle:press middle:end WaitCursor");
-  row("without a controller", "R+ mv detach cursor?", "right:press right:move right:end WaitCursor");
+      "OpenHandCursor L:press L:move L:end WaitCursor");
+  row("cleared while one operates", "M+ clear cursor?", "M:press M:end WaitCursor");
+  row("without a controller", "R+ mv detach cursor?", "R:press R:move R:end WaitCursor");
   row("waits for another button", "R+ mv push cursor? R- cursor? pop cursor?",
-      "right:press right:move ArrowCursor right:release right:end OpenHandCursor OpenHandCursor");
+      "R:press R:move ArrowCursor R:release R:end OpenHandCursor OpenHandCursor");
 
   row("command takes all", "L+ all+ L- L+ mv L- wheel key L2",
-      "left:press left:end all:release all:press all:move all:release all:wheel all:key all:keyup all:press "
+      "L:press L:end all:release all:press all:move all:release all:wheel all:key all:keyup all:press "
       "all:release all:double");
-  row("command takes presses", "first+ L+ mv L- wheel", "first:press left:move left:wheel wheel:wheel");
-  row("command takes releases", "second+ L+ L-", "left:press second:release left:end");
-  row("command that runs", "first! key", "first:key first:keyup left:key left:keyup");
+  row("command takes presses", "first+ L+ mv L- wheel", "first:press L:move L:wheel W:wheel");
+  row("command takes releases", "second+ L+ L-", "L:press second:release L:end");
+  row("command that runs", "first! key", "first:key first:keyup L:key L:keyup");
   row("command runs in another that began", "first+ second! second- key",
       "first:key first:keyup first:key first:keyup");
   row("command began twice", "first+ second+ second+ key second- key",
       "second:key second:keyup first:key first:keyup");
   row("command ends before a later one", "first+ second+ first- key second/ key",
-      "second:key second:keyup left:key left:keyup");
+      "second:key second:keyup L:key L:keyup");
 }
 
 void ToolRoutingTest::inputReachesTheRightTool() {
@@ -127,9 +119,9 @@ void ToolRoutingTest::inputReachesTheRightTool() {
     const QPoint at = screen.right->pressEvent().position().toPoint();
     screen.tell(QString("%1,%2").arg(at.x()).arg(at.y()));
   });
-  new InputCommand(screen, "all", "press move release double wheel key keyup");
-  new InputCommand(screen, "first", "press key keyup");
-  new InputCommand(screen, "second", "release key keyup");
+  new InputCommand(screen, "all", {"press", "move", "release", "double", "wheel", "key", "keyup"});
+  new InputCommand(screen, "first", {"press", "key", "keyup"});
+  new InputCommand(screen, "second", {"release", "key", "keyup"});
   screen.play(script);
   QTEST(screen.told(), "told");
 }
@@ -164,7 +156,7 @@ void ToolRoutingTest::operationEndsWithItsMouse() {
       screen.controller->presentViewController(cover, NoTransition);
     });
     screen.on("loss", [&] { screen.play(loss); });
-    screen.on("left:double", [&] { screen.play(loss); });
+    screen.on("L:double", [&] { screen.play(loss); });
     if (loss == "dialog" || loss == "deactivate") { // which an unfocused view loses to as well
       screen.view->setFocusPolicy(Qt::NoFocus);
       screen.play("edit");
@@ -182,7 +174,7 @@ void ToolRoutingTest::operationEndsWithItsMouse() {
     screen.told();
     screen.play("mv lost L+");
     const QString told = screen.told(); // what a right press started does not come back
-    QVERIFY2(told.endsWith("left:press") && !told.contains("right:press"), qPrintable(told));
+    QVERIFY2(told.endsWith("L:press") && !told.contains("R:press"), qPrintable(told));
   }
 }
 

@@ -29,13 +29,13 @@ protected:
   }
 };
 
-/// A window with a line edit above a view, which has a tool on each button: "left", "right", "middle",
-/// "wheel". It is driven by scripts, one word for each thing a person does:
+/// A window with a line edit above a view, which has the tools L, R and M on its buttons and W on the
+/// wheel. It is driven by scripts, one word for each thing a person does:
 ///
 /// "L+" "R+" "M+" press a button, "L-" "R-" "M-" release it, "L2" "R2" "M2" double-click, "mv" moves the
 /// mouse, "wheel" turns the wheel, "key" presses and releases a key, "edit" focuses the line edit, "lost"
 /// releases the buttons where the window does not hear of it. Words of on() are added to these; where such a
-/// word is input that is told, as "left:double", the tool takes it and does that.
+/// word is input that is told, as "L:double", the tool takes it and does that.
 class ToolScreen {
 public:
   ToolScreen() {
@@ -48,8 +48,8 @@ public:
     controller->onRightClick = [this] { tell("menu"); };
     controller->pushTool(UiBase::LeftButton, left);
     controller->pushTool(UiBase::RightButton, right);
-    controller->pushTool(UiBase::MiddleButton, makeTool("middle"));
-    controller->pushTool(UiBase::NoButton, makeTool("wheel"));
+    controller->pushTool(UiBase::MiddleButton, makeTool("M"));
+    controller->pushTool(UiBase::NoButton, makeTool("W"));
     on("mv", [this] { moveMouse(*view, m_position += QPoint(7, 11)); });
     on("lost", [] { holdUnheard(Qt::NoButton); });
     on("key", [this] { pressKey(window, Qt::Key_K); });
@@ -81,11 +81,12 @@ public:
   }
   std::shared_ptr<RecordingTool> makeTool(const QString& name) {
     auto tool = std::make_shared<RecordingTool>(name, view);
-    tool->hear = [this](const QString& input) {
-      tell(input);
-      if (m_words.contains(input))
-        m_words[input]();
-      return m_words.contains(input);
+    tool->hear = [this, name](const QString& input) {
+      const QString word = name + ':' + input;
+      tell(word);
+      if (m_words.contains(word))
+        m_words[word]();
+      return m_words.contains(word);
     };
     tool->setIdleCursor(Qt::OpenHandCursor);
     return tool;
@@ -113,8 +114,8 @@ public:
   QLineEdit* edit = new QLineEdit;
   QPointer<UiBase::BaseView> view = new UiBase::BaseView;
   ToolController* controller = new ToolController(view);
-  const std::shared_ptr<RecordingTool> left = makeTool("left");
-  const std::shared_ptr<RecordingTool> right = makeTool("right");
+  const std::shared_ptr<RecordingTool> left = makeTool("L");
+  const std::shared_ptr<RecordingTool> right = makeTool("R");
 };
 
 } // namespace Vela::Test
