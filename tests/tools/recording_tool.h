@@ -9,13 +9,13 @@
 
 namespace Vela::Test {
 
-/// Tells each input before its base gets it.
+/// Tells its input; what is not taken goes on to its base.
 template <class Base>
 class InputTaker : public Base {
 public:
   using Base::Base;
 
-  std::function<bool(const QString&)> hear; // answers whether it takes that
+  std::function<bool(const QString&)> hear; // answers whether the input is taken
 
   bool mousePress(QMouseEvent* input) override { return takes("press") || Base::mousePress(input); }
   bool mouseMove(QMouseEvent* input) override { return takes("move") || Base::mouseMove(input); }
@@ -29,7 +29,7 @@ protected:
   bool takes(const QString& input) const { return hear && hear(input); }
 };
 
-/// Tells the end of its operation as well.
+/// A tool that has a name, and tells the end of its operation as well.
 class RecordingTool : public InputTaker<UiBase::InteractiveTool> {
 public:
   explicit RecordingTool(QString itsName, UiBase::BaseView* view = nullptr)

@@ -33,8 +33,8 @@ public:
 };
 
 /// A stack and the tools a, b and c, driven by scripts: "L+a" pushes tool a on the left button's stack, "L-"
-/// pops, "a:…" calls an operation of the tool, "reset", "clear" one of the stack. "report=word"
-/// plays the word as soon as that is reported.
+/// pops, "a:on", "a:off", "a:wait", "a:back", "a:begin" and "a:end" change the tool, "reset" and "clear" the
+/// stack. "a:on=L-&M+b" plays what is on the right when the tool next tells what is on the left.
 class Stage {
 public:
   Stage() {
@@ -59,7 +59,7 @@ public:
     QStringList held;
     const auto entries = m_stack->heldTools();
     for (const auto& [button, tool] : entries)
-      held += buttons.key(button) + ('+' + static_cast<RecordingTool&>(*tool).name);
+      held += m_buttons.key(button) + ('+' + static_cast<RecordingTool&>(*tool).name);
     return held.join(' ');
   }
 
@@ -69,18 +69,20 @@ private:
     if (word.contains('='))
       m_hooks[word.section('=', 0, 0)] = word.section('=', 1);
     else if (word[1] == ':')
-      std::invoke(changes.value(rest), *m_tools[word.left(1)]);
+      std::invoke(m_changes.value(rest), *m_tools[word.left(1)]);
     else if (word[1] == '+')
-      m_stack->pushTool(buttons[word[0]], m_tools[rest]);
+      m_stack->pushTool(m_buttons[word[0]], m_tools[rest]);
     else if (word[1] == '-')
-      m_stack->popTool(buttons[word[0]]);
+      m_stack->popTool(m_buttons[word[0]]);
+    else if (word == "reset")
+      m_stack->resetTools();
     else
-      word == "reset" ? m_stack->resetTools() : m_stack->clearTools();
+      m_stack->clearTools();
   }
 
-  const QHash<QChar, EToolActivationButton> buttons{
+  const QHash<QChar, EToolActivationButton> m_buttons{
       {'L', LeftButton}, {'R', RightButton}, {'M', MiddleButton}};
-  const QHash<QString, void (RecordingTool::*)()> changes{
+  const QHash<QString, void (RecordingTool::*)()> m_changes{
       {"on", &RecordingTool::activate},          {"off", &RecordingTool::deactivate},
       {"wait", &RecordingTool::suspend},         {"back", &RecordingTool::resume},
       {"begin", &RecordingTool::startOperation}, {"end", &RecordingTool::endOperation}};
