@@ -15,34 +15,33 @@ namespace {
 /// Hands on what the tools tell it, then follows the rules of every stack.
 class RecordingStack : public ToolStack {
 public:
-  std::function<void(InteractiveTool*, const char*)> hear;
+  using Hear = std::function<void(InteractiveTool*, const QString&)>;
+  explicit RecordingStack(const Hear& hears) : m_hear(hears) {}
 
-  void toolActivated(InteractiveTool* tool) override { hear(tool, "on"); }
-  void toolDeactivated(InteractiveTool* tool) override { hear(tool, "off"); }
-  void toolSuspended(InteractiveTool* tool) override { hear(tool, "wait"); }
-  void toolResumed(InteractiveTool* tool) override { hear(tool, "back"); }
-  void toolCursorChange(InteractiveTool* tool) override { hear(tool, "cursor"); }
+  void toolActivated(InteractiveTool* tool) override { m_hear(tool, "on"); }
+  void toolDeactivated(InteractiveTool* tool) override { m_hear(tool, "off"); }
+  void toolSuspended(InteractiveTool* tool) override { m_hear(tool, "wait"); }
+  void toolResumed(InteractiveTool* tool) override { m_hear(tool, "back"); }
+  void toolCursorChange(InteractiveTool* tool) override { m_hear(tool, "cursor"); }
   void toolBeganOperating(InteractiveTool* tool) override {
-    hear(tool, "begin");
+    m_hear(tool, "begin");
     ToolStack::toolBeganOperating(tool);
   }
   void toolEndedOperating(InteractiveTool* tool) override {
-    hear(tool, "end");
+    m_hear(tool, "end");
     ToolStack::toolEndedOperating(tool);
   }
+
+private:
+  const Hear& m_hear; // which may delete the stack
 };
 
 /// A stack and the tools a, b and c, driven by scripts: "L+a" pushes tool a on the left button's stack, "L-"
-/// pops, "a:on", "a:off", "a:wait", "a:back", "a:begin" and "a:end" change the tool, "reset" and "clear" the
-/// stack. "a:on=L-&M+b" plays what is on the right when the tool next tells what is on the left.
+/// pops, "a:on", "a:off", "a:wait", "a:back", "a:begin" and "a:end" change the tool, "reset", "clear" and
+/// "delete" the stack. "a:on=L-&M+b" plays what is on the right when the tool next tells what is on the left.
 class Stage {
 public:
   Stage() {
-    m_stack->hear = [this](InteractiveTool* tool, const char* what) {
-      const QString report = static_cast<RecordingTool*>(tool)->name + ':' + what;
-      told += report;
-      play(m_hooks.take(report).replace('&', ' '));
-    };
     for (const char* name : {"a", "b", "c"})
       m_tools[name] = std::make_shared<RecordingTool>(name);
   }
@@ -57,7 +56,7 @@ public:
   /// What lies on the stack, in the words that push it.
   QString held() const {
     QStringList held;
-    const auto entries = m_stack->heldTools();
+    const auto entries = m_stack ? m_stack->heldTools() : QList<HeldTool>();
     for (const auto& [button, tool] : entries)
       held += m_buttons.key(button) + ('+' + static_cast<RecordingTool&>(*tool).name);
     return held.join(' ');
@@ -76,8 +75,10 @@ private:
       m_stack->popTool(m_buttons[word[0]]);
     else if (word == "reset")
       m_stack->resetTools();
-    else
+    else if (word == "clear")
       m_stack->clearTools();
+    else
+      delete std::exchange(m_stack, nullptr).get();
   }
 
   const QHash<QChar, EToolActivationButton> m_buttons{
@@ -86,7 +87,12 @@ private:
       {"on", &RecordingTool::activate},          {"off", &RecordingTool::deactivate},
       {"wait", &RecordingTool::suspend},         {"back", &RecordingTool::resume},
       {"begin", &RecordingTool::startOperation}, {"end", &RecordingTool::endOperation}};
-  const std::shared_ptr<RecordingStack> m_stack = createShared<RecordingStack>();
+  const RecordingStack::Hear m_hear = [this](InteractiveTool* tool, const QString& what) {
+    const QString report = static_cast<RecordingTool*>(tool)->name + ':' + what;
+    told += report;
+    play(m_hooks.take(report).replace('&', ' '));
+  };
+  std::shared_ptr<RecordingStack> m_stack = createShared<RecordingStack>(m_hear);
   QHash<QString, std::shared_ptr<RecordingTool>> m_tools;
   QHash<QString, QString> m_hooks;
 };
@@ -111,12 +117,11 @@ void ToolStackTest::toolsHearOfTheirPlace_data() {
   const auto row = [](const char* name, const char* script, const char* told, const char* held) {
     QTest::newRow(name) << QString(script) << QString(told) << QString(held);
   };
-  row("inactive", "L+a a:off a:off a:wait a:back a:begin a:end", "a:on a:off", "L+a");
-  row("active", "L+a a:on a:back a:end", "a:on", "L+a");
+  row("active, inactive", "L+a a:on a:back a:end a:off a:off a:wait a:back a:begin a:end", "a:on a:off",
+      "L+a");
   row("suspended", "L+a a:wait a:on a:off a:wait a:begin a:end", "a:on a:wait", "L+a");
   row("operating", "L+a a:begin a:on a:off a:wait a:back a:begin", "a:on a:begin a:cursor", "L+a");
-  row("popped", "L+a L+b L-", "a:on a:wait b:on b:off a:back", "L+a");
-  row("nothing to pop", "L- M- L+a L- L-", "a:on a:off", "");
+  row("popped", "L- M- L+a L+b L- L- L-", "a:on a:wait b:on b:off a:back a:off", "");
   row("popped while it operates", "R+a R+b b:begin R-", "a:on a:wait b:on b:begin b:cursor a:back", "R+a");
   // The left one is back with the first that ends.
   row("two others operate", "L+a R+b M+c b:begin c:begin b:end c:end",
@@ -129,6 +134,8 @@ void ToolStackTest::toolsHearOfTheirPlace_data() {
       "a:on b:on b:begin a:wait b:cursor a:back a:off b:end a:on b:off b:on", "L+a R+b");
   row("moved in a reset", "L+a a:on=L-&M+a reset", "a:on a:off a:on a:off a:on", "M+a");
   row("cleared", "L+a clear a:off", "a:on a:off", "");
+  row("gone as one waits", "L+a a:wait=delete L+b", "a:on a:wait", "");
+  row("gone as one is back", "L+a L+b a:back=delete L-", "a:on a:wait b:on b:off a:back", "");
 }
 
 void ToolStackTest::toolsHearOfTheirPlace() {
@@ -168,9 +175,9 @@ void ToolStackTest::dyingToolFindsAnEmptyStack() {
 }
 
 void ToolStackTest::laterObserverHearsAToolThatIsGone() {
-  const auto observer = createShared<RecordingStack>();
   QStringList reports;
-  observer->hear = [&reports](InteractiveTool*, const QString& what) { reports += what; };
+  const RecordingStack::Hear hear = [&reports](auto*, const QString& what) { reports += what; };
+  const auto observer = createShared<RecordingStack>(hear);
   auto tool = std::make_shared<RecordingTool>("t");
   tool->addObserver(observer, true);
   tool->activate();
