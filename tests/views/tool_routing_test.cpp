@@ -68,7 +68,7 @@ void ToolRoutingTest::inputReachesTheRightTool_data() {
   row("release of another button", "M+ R+ R-", "M:press M:end menu");
   row("any release drops the right press", "R+ L+ L- mv R-", "L:press L:release L:end R:move");
   row("no menu in the middle of an operation", "R+ L+ R- mv L-", "L:press L:release L:move L:release L:end");
-  row("operations take turns", "M+ start key M- end", "M:press M:end L:key L:keyup R:release R:end");
+  row("operations take turns", "M+ wake start key M- end", "M:press M:end L:key L:keyup L:release L:end");
   row("no wheel during a drag", "wheel L+ wheel L-", "L:wheel W:wheel L:press L:release L:end");
   row("double click ends a drag", "R+ mv L2 R-", "R:press R:move R:end L:press L:release L:end L:double");
   row("press is replayed in its place", "mv R+ mv at? R-",
@@ -79,6 +79,7 @@ void ToolRoutingTest::inputReachesTheRightTool_data() {
       "Qt::OpenHandCursor L:press L:move L:end Qt::WaitCursor");
   row("cleared while one operates", "M+ clear cursor?", "M:press M:end Qt::WaitCursor");
   row("without a controller", "R+ mv detach cursor?", "R:press R:move R:end Qt::WaitCursor");
+  row("waits below the top", "push wake start end waits?", "L:end waits");
   row("waits for another button", "R+ mv push cursor? R- cursor? pop cursor?",
       "R:press R:move Qt::ArrowCursor R:release R:end Qt::OpenHandCursor Qt::OpenHandCursor");
 
@@ -87,20 +88,20 @@ void ToolRoutingTest::inputReachesTheRightTool_data() {
       "all:release all:double");
   row("command takes releases", "second+ L+ L-", "L:press second:release L:end");
   row("command that runs", "first! key", "first:key first:keyup L:key L:keyup");
-  row("command runs in another that began", "first+ second! second- key",
-      "first:key first:keyup first:key first:keyup");
-  row("command began twice", "first+ second+ second+ key second- key",
+  row("runs in another", "first+ second! second- key", "first:key first:keyup first:key first:keyup");
+  row("began twice", "first+ second+ second+ key second- key",
       "second:key second:keyup first:key first:keyup");
-  row("command ends before a later one", "first+ second+ first- key second/ key",
-      "second:key second:keyup L:key L:keyup");
+  row("ended out of order", "first+ second+ first- key second/ key", "second:key second:keyup L:key L:keyup");
 }
 
 void ToolRoutingTest::inputReachesTheRightTool() {
   QFETCH(QString, script);
   ToolScreen screen;
   screen.window.setCursor(Qt::WaitCursor);
-  screen.on("start", [&] { screen.right->startOperation(); });
-  screen.on("end", [&] { screen.right->endOperation(); });
+  screen.on("start", [&] { screen.left->startOperation(); });
+  screen.on("end", [&] { screen.left->endOperation(); });
+  screen.on("wake", [&] { screen.left->resume(); });
+  screen.on("waits?", [&] { screen.tell(screen.left->isSuspended() ? "waits" : "is back"); });
   screen.on("push", [&] { screen.controller->pushTool(LeftButton, screen.makeTool("over")); });
   screen.on("pop", [&] { screen.controller->popTool(LeftButton); });
   screen.on("clear", [&] { screen.controller->clearTools(); });
