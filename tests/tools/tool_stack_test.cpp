@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "recording_tool.h"
 
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <ui_base/tools/tool_stack.h>
 
@@ -103,87 +104,76 @@ class ToolStackTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void toolsHearOfTheirPlace_data();
-  void toolsHearOfTheirPlace();
-  void operationFollowsItsButton();
-  void dyingToolFindsAnEmptyStack();
-  void laterObserverHearsAToolThatIsGone();
+  void toolsHearOfTheirPlace_data() {
+    const Vela::Test::Rows<QString, QString, QString> row("script", "told", "held");
+    row("active, inactive", "L+a a:on a:back a:end a:off a:off a:wait a:back a:begin a:end", "a:on a:off",
+        "L+a");
+    row("suspended", "L+a a:wait a:on a:off a:wait a:begin a:end", "a:on a:wait", "L+a");
+    row("operating", "L+a a:begin a:on a:off a:wait a:back a:begin", "a:on a:begin a:cursor", "L+a");
+    row("popped", "L- M- L+a L+b L- L- L-", "a:on a:wait b:on b:off a:back a:off", "");
+    row("popped while it operates", "R+a R+b b:begin R-", "a:on a:wait b:on b:begin b:cursor a:back", "R+a");
+    // The left one is back with the first that ends.
+    row("two others operate", "L+a R+b M+c b:begin c:begin b:end c:end",
+        "a:on b:on c:on b:begin a:wait b:cursor c:begin c:cursor b:end a:back c:end", "L+a R+b M+c");
+    row("reset", "R+c L+a L+b reset", "c:on a:on a:wait b:on b:off b:on a:back a:off a:on a:wait c:off c:on",
+        "L+a L+b R+c");
+    row("operation begins in a reset", "L+a R+b a:off=b:begin reset",
+        "a:on b:on a:off b:begin b:cursor a:on a:wait", "L+a R+b");
+    row("operation ends in a reset", "L+a R+b b:begin a:off=b:end reset",
+        "a:on b:on b:begin a:wait b:cursor a:back a:off b:end a:on b:off b:on", "L+a R+b");
+    row("moved in a reset", "L+a a:on=L-&M+a reset", "a:on a:off a:on a:off a:on", "M+a");
+    row("cleared", "L+a clear a:off", "a:on a:off", "");
+    row("gone as one waits", "L+a a:wait=delete L+b", "a:on a:wait", "");
+    row("gone as one is back", "L+a L+b a:back=delete L-", "a:on a:wait b:on b:off a:back", "");
+  }
+
+  void toolsHearOfTheirPlace() {
+    QFETCH(QString, script);
+    Stage stage;
+    stage.play(script);
+    QTEST(stage.told.join(' '), "told");
+    QTEST(stage.held(), "held");
+  }
+
+  void operationFollowsItsButton() {
+    RecordingTool tool("t");
+    const auto takes = [&tool](auto handler, Qt::MouseButtons held, Qt::MouseButton button = Qt::NoButton) {
+      QMouseEvent event(QEvent::MouseMove, {}, {}, {}, button, held, {});
+      return (tool.*handler)(&event);
+    };
+    const auto press = &RecordingTool::mousePress;
+    const auto move = &RecordingTool::mouseMove;
+    const auto release = &RecordingTool::mouseRelease;
+    const Qt::MouseButtons both = Qt::LeftButton | Qt::RightButton;
+    QVERIFY2(!takes(press, Qt::LeftButton, Qt::LeftButton), "it is not active");
+    tool.activate();
+    QVERIFY(takes(press, Qt::LeftButton, Qt::LeftButton) && tool.isOperating());
+    QVERIFY(!takes(press, both, Qt::RightButton) && !takes(release, Qt::LeftButton, Qt::RightButton));
+    QVERIFY(takes(move, both) && !takes(move, Qt::RightButton) && tool.isOperating());
+    QVERIFY(takes(release, {}, Qt::LeftButton) && tool.isActive() && tool.pressEvent().isNull());
+    QVERIFY(!takes(move, Qt::LeftButton) && !takes(release, {}, Qt::LeftButton));
+  }
+
+  void dyingToolFindsAnEmptyStack() {
+    const auto stack = createShared<ToolStack>();
+    const auto askAndDie = [&dying = *stack](RecordingTool* tool) {
+      QVERIFY(!dying.getTool(LeftButton));
+      delete tool;
+    };
+    stack->pushTool(LeftButton, std::shared_ptr<RecordingTool>(new RecordingTool("t"), askAndDie));
+  }
+
+  void laterObserverHearsAToolThatIsGone() {
+    bool heard = false;
+    const RecordingStack::Hear hear = [&heard](auto* tool, const QString&) { heard = tool->isActive(); };
+    const auto observer = createShared<RecordingStack>(hear);
+    auto tool = std::make_shared<RecordingTool>("t");
+    tool->addObserver(observer, true);
+    tool->activate();
+    tool = nullptr;
+    QTRY_VERIFY(heard);
+  }
 };
-
-void ToolStackTest::toolsHearOfTheirPlace_data() {
-  QTest::addColumn<QString>("script");
-  QTest::addColumn<QString>("told");
-  QTest::addColumn<QString>("held");
-  const auto row = [](const char* name, const char* script, const char* told, const char* held) {
-    QTest::newRow(name) << QString(script) << QString(told) << QString(held);
-  };
-  row("active, inactive", "L+a a:on a:back a:end a:off a:off a:wait a:back a:begin a:end", "a:on a:off",
-      "L+a");
-  row("suspended", "L+a a:wait a:on a:off a:wait a:begin a:end", "a:on a:wait", "L+a");
-  row("operating", "L+a a:begin a:on a:off a:wait a:back a:begin", "a:on a:begin a:cursor", "L+a");
-  row("popped", "L- M- L+a L+b L- L- L-", "a:on a:wait b:on b:off a:back a:off", "");
-  row("popped while it operates", "R+a R+b b:begin R-", "a:on a:wait b:on b:begin b:cursor a:back", "R+a");
-  // The left one is back with the first that ends.
-  row("two others operate", "L+a R+b M+c b:begin c:begin b:end c:end",
-      "a:on b:on c:on b:begin a:wait b:cursor c:begin c:cursor b:end a:back c:end", "L+a R+b M+c");
-  row("reset", "R+c L+a L+b reset", "c:on a:on a:wait b:on b:off b:on a:back a:off a:on a:wait c:off c:on",
-      "L+a L+b R+c");
-  row("operation begins in a reset", "L+a R+b a:off=b:begin reset",
-      "a:on b:on a:off b:begin b:cursor a:on a:wait", "L+a R+b");
-  row("operation ends in a reset", "L+a R+b b:begin a:off=b:end reset",
-      "a:on b:on b:begin a:wait b:cursor a:back a:off b:end a:on b:off b:on", "L+a R+b");
-  row("moved in a reset", "L+a a:on=L-&M+a reset", "a:on a:off a:on a:off a:on", "M+a");
-  row("cleared", "L+a clear a:off", "a:on a:off", "");
-  row("gone as one waits", "L+a a:wait=delete L+b", "a:on a:wait", "");
-  row("gone as one is back", "L+a L+b a:back=delete L-", "a:on a:wait b:on b:off a:back", "");
-}
-
-void ToolStackTest::toolsHearOfTheirPlace() {
-  QFETCH(QString, script);
-  Stage stage;
-  stage.play(script);
-  QTEST(stage.told.join(' '), "told");
-  QTEST(stage.held(), "held");
-}
-
-void ToolStackTest::operationFollowsItsButton() {
-  RecordingTool tool("t");
-  const auto takes = [&tool](auto handler, Qt::MouseButtons held, Qt::MouseButton button = Qt::NoButton) {
-    QMouseEvent event(QEvent::MouseMove, {}, {}, {}, button, held, {});
-    return (tool.*handler)(&event);
-  };
-  const auto press = &RecordingTool::mousePress;
-  const auto move = &RecordingTool::mouseMove;
-  const auto release = &RecordingTool::mouseRelease;
-  const Qt::MouseButtons both = Qt::LeftButton | Qt::RightButton;
-  QVERIFY2(!takes(press, Qt::LeftButton, Qt::LeftButton), "it is not active");
-  tool.activate();
-  QVERIFY(takes(press, Qt::LeftButton, Qt::LeftButton) && tool.isOperating());
-  QVERIFY(!takes(press, both, Qt::RightButton) && !takes(release, Qt::LeftButton, Qt::RightButton));
-  QVERIFY(takes(move, both) && !takes(move, Qt::RightButton) && tool.isOperating());
-  QVERIFY(takes(release, {}, Qt::LeftButton) && tool.isActive() && tool.pressEvent().isNull());
-  QVERIFY(!takes(move, Qt::LeftButton) && !takes(release, {}, Qt::LeftButton));
-}
-
-void ToolStackTest::dyingToolFindsAnEmptyStack() {
-  const auto stack = createShared<ToolStack>();
-  const auto askAndDie = [&dying = *stack](RecordingTool* tool) {
-    QVERIFY(!dying.getTool(LeftButton));
-    delete tool;
-  };
-  stack->pushTool(LeftButton, std::shared_ptr<RecordingTool>(new RecordingTool("t"), askAndDie));
-}
-
-void ToolStackTest::laterObserverHearsAToolThatIsGone() {
-  bool heard = false;
-  const RecordingStack::Hear hear = [&heard](auto* tool, const QString&) { heard = tool->isActive(); };
-  const auto observer = createShared<RecordingStack>(hear);
-  auto tool = std::make_shared<RecordingTool>("t");
-  tool->addObserver(observer, true);
-  tool->activate();
-  tool = nullptr;
-  QTRY_VERIFY(heard);
-}
 
 VELA_TEST_MAIN(ToolStackTest)
 #include "tool_stack_test.moc"

@@ -6,18 +6,15 @@
 #include <ui_base/commands/run_log.h>
 #include <ui_base/notifications/notification_bar.h>
 #include <ui_base/views/base_view.h>
-#include <ui_base/views/cmds_view_controller.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/i_app_manager.h>
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QPointer>
 #include <QProgressBar>
 #include <QThread>
 
 #include <commands/commands_fixture.h>
-#include <functional>
 
 using Taren::Core::ScopedDispatcher;
 using Taren::Core::SteppedDispatcher;
@@ -118,20 +115,17 @@ private Q_SLOTS:
     for (const bool enabled : {true, false}) {
       const Screen screen;
       QApplication::setOverrideCursor(Qt::CrossCursor); // somebody else's
-      Qt::CursorShape seen = Qt::BlankCursor;
-      QString shown;
       TestCommand* const command = screen.command();
       command->enableExecutionNotification(enabled);
       command->setExecutionNotificationMessage(StartNotification, QStringLiteral("Loading…"));
+      std::pair<bool, QString> seen;
       command->work = [&](bool) {
-        seen = QApplication::overrideCursor()->shape();
-        shown = screen.notification();
+        seen = {QApplication::overrideCursor()->shape() != Qt::CrossCursor, screen.notification()};
         command->enableExecutionNotification(!enabled);
         return true;
       };
       command->trigger();
-      QCOMPARE(seen == Qt::CrossCursor, !enabled);
-      QCOMPARE(shown, enabled ? QStringLiteral("Loading…") : QString());
+      QCOMPARE(seen, std::pair(enabled, enabled ? QStringLiteral("Loading…") : QString()));
       QCOMPARE(QApplication::overrideCursor()->shape(), Qt::CrossCursor);
       QApplication::restoreOverrideCursor();
       QVERIFY(!QApplication::overrideCursor());

@@ -4,6 +4,7 @@
 #include "recording_controller.h"
 
 #include <support/input.h>
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <ui_base/notifications/notification_bar.h>
 #include <ui_base/views/base_view.h>

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "presentation_screen.h"
 
-#include <support/rows.h>
-
 #include <QDialog>
 #include <QTabWidget>
-#include <QVBoxLayout>
 
 using Vela::Test::settle;
 using Screen = Vela::Test::PresentationScreen;

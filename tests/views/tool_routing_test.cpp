@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "tool_screen.h"
 
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <ui_base/commands/command_base.h>
 
-#include <QDebug>
 #include <QDialog>
 #include <QMenu>
 
@@ -49,115 +49,109 @@ class ToolRoutingTest : public TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void inputReachesTheRightTool_data();
-  void inputReachesTheRightTool();
-  void operationEndsWithItsMouse_data();
-  void operationEndsWithItsMouse();
-};
+  void inputReachesTheRightTool_data() {
+    const Rows<QString, QString> row("script", "told");
+    row("right click opens the menu", "R+ R-", "menu");
+    row("no menu after a drag", "R+ mv L+ L- R-", "R:press R:move R:end L:press L:release L:end");
+    row("right press ends left drag", "L+ R+ mv L- R-",
+        "L:press L:end R:press R:move R:release R:release R:end");
+    row("release of another button", "M+ R+ R-", "M:press M:end menu");
+    row("any release drops the right press", "R+ L+ L- mv R-", "L:press L:release L:end R:move");
+    row("no menu in the middle of an operation", "R+ L+ R- mv L-",
+        "L:press L:release L:move L:release L:end");
+    row("operations take turns", "M+ wake start key M- end", "M:press M:end L:key L:keyup L:release L:end");
+    row("no wheel during a drag", "wheel L+ wheel L-", "L:wheel W:wheel L:press L:release L:end");
+    row("double click ends a drag", "R+ mv L2 R-", "R:press R:move R:end L:press L:release L:end L:double");
+    row("press is replayed in its place", "mv R+ mv at? R-",
+        "L:move R:press R:move QPointF(24,32) R:release R:end");
+    row("moving the mouse leaves the focus", "edit mv wheel focus?", "L:move L:wheel W:wheel edit");
+    // The view has no cursor of its own.
+    row("popped while it operates", "cursor? L+ mv pop cursor?",
+        "Qt::OpenHandCursor L:press L:move L:end Qt::WaitCursor");
+    row("cleared while one operates", "M+ clear cursor?", "M:press M:end Qt::WaitCursor");
+    row("without a controller", "R+ mv detach cursor?", "R:press R:move R:end Qt::WaitCursor");
+    row("waits below the top", "push wake start end waits?", "L:end waits");
+    row("waits for another button", "R+ mv push cursor? R- cursor? pop cursor?",
+        "R:press R:move Qt::ArrowCursor R:release R:end Qt::OpenHandCursor Qt::OpenHandCursor");
 
-void ToolRoutingTest::inputReachesTheRightTool_data() {
-  QTest::addColumn<QString>("script");
-  QTest::addColumn<QString>("told");
-  const auto row = [](const char* name, const char* script, const char* told) {
-    QTest::newRow(name) << QString(script) << QString(told);
-  };
-  row("right click opens the menu", "R+ R-", "menu");
-  row("no menu after a drag", "R+ mv L+ L- R-", "R:press R:move R:end L:press L:release L:end");
-  row("right press ends left drag", "L+ R+ mv L- R-",
-      "L:press L:end R:press R:move R:release R:release R:end");
-  row("release of another button", "M+ R+ R-", "M:press M:end menu");
-  row("any release drops the right press", "R+ L+ L- mv R-", "L:press L:release L:end R:move");
-  row("no menu in the middle of an operation", "R+ L+ R- mv L-", "L:press L:release L:move L:release L:end");
-  row("operations take turns", "M+ wake start key M- end", "M:press M:end L:key L:keyup L:release L:end");
-  row("no wheel during a drag", "wheel L+ wheel L-", "L:wheel W:wheel L:press L:release L:end");
-  row("double click ends a drag", "R+ mv L2 R-", "R:press R:move R:end L:press L:release L:end L:double");
-  row("press is replayed in its place", "mv R+ mv at? R-",
-      "L:move R:press R:move QPointF(24,32) R:release R:end");
-  row("moving the mouse leaves the focus", "edit mv wheel focus?", "L:move L:wheel W:wheel edit");
-  // The view has no cursor of its own.
-  row("popped while it operates", "cursor? L+ mv pop cursor?",
-      "Qt::OpenHandCursor L:press L:move L:end Qt::WaitCursor");
-  row("cleared while one operates", "M+ clear cursor?", "M:press M:end Qt::WaitCursor");
-  row("without a controller", "R+ mv detach cursor?", "R:press R:move R:end Qt::WaitCursor");
-  row("waits below the top", "push wake start end waits?", "L:end waits");
-  row("waits for another button", "R+ mv push cursor? R- cursor? pop cursor?",
-      "R:press R:move Qt::ArrowCursor R:release R:end Qt::OpenHandCursor Qt::OpenHandCursor");
-
-  row("command takes all", "L+ all+ L- L+ mv L- wheel key L2",
-      "L:press L:end all:release all:press all:move all:release all:wheel all:key all:keyup all:press "
-      "all:release all:double");
-  row("command takes releases", "second+ L+ L-", "L:press second:release L:end");
-  row("command that runs", "first! key", "first:key first:keyup L:key L:keyup");
-  row("runs in another", "first+ second! second- key", "first:key first:keyup first:key first:keyup");
-  row("began twice", "first+ second+ second+ key second- key",
-      "second:key second:keyup first:key first:keyup");
-  row("ended out of order", "first+ second+ first- key second/ key", "second:key second:keyup L:key L:keyup");
-}
-
-void ToolRoutingTest::inputReachesTheRightTool() {
-  QFETCH(QString, script);
-  ToolScreen screen;
-  screen.window.setCursor(Qt::WaitCursor);
-  screen.on("start", [&] { screen.left->startOperation(); });
-  screen.on("end", [&] { screen.left->endOperation(); });
-  screen.on("wake", [&] { screen.left->resume(); });
-  screen.on("waits?", [&] { screen.tell(screen.left->isSuspended() ? "waits" : "is back"); });
-  screen.on("push", [&] { screen.controller->pushTool(LeftButton, screen.makeTool("over")); });
-  screen.on("pop", [&] { screen.controller->popTool(LeftButton); });
-  screen.on("clear", [&] { screen.controller->clearTools(); });
-  screen.on("detach", [&] { screen.view->setViewController(nullptr); });
-  screen.on("focus?", [&] { screen.tell(screen.edit->hasFocus() ? "edit" : "view"); });
-  screen.on("cursor?", [&] { screen.tell(QDebug::toString(screen.view->cursor().shape())); });
-  screen.on("at?", [&] { screen.tell(QDebug::toString(screen.right->pressEvent().position())); });
-  new InputCommand(screen, "all", {"press", "move", "release", "double", "wheel", "key", "keyup"});
-  new InputCommand(screen, "first", {"key", "keyup"});
-  new InputCommand(screen, "second", {"release", "key", "keyup"});
-  screen.play(script);
-  QTEST(screen.told(), "told");
-}
-
-void ToolRoutingTest::operationEndsWithItsMouse_data() {
-  QTest::addColumn<QString>("loss");
-  for (const char* loss : {"lost mv", "edit", "dialog", "menu", "grab", "disable", "hide", "deactivate"})
-    QTest::newRow(loss) << QString(loss);
-}
-
-void ToolRoutingTest::operationEndsWithItsMouse() {
-  QFETCH(QString, loss);
-  for (const QString script : {"L2", "L+ loss", "R+ mv loss", "R+ loss"}) {
-    if (loss == "grab" && script != "L2")
-      continue;
-    ToolScreen screen;
-    QDialog dialog(&screen.window);
-    QWidget other;
-    QMenu menu(screen.view);
-    menu.addAction("entry");
-    screen.on("dialog", [&] { dialog.open(); });
-    screen.on("menu", [&] { menu.popup(screen.view->mapToGlobal(QPoint(5, 5))); });
-    screen.on("grab", [&] { dialog.grabMouse(); });
-    screen.on("disable", [&] { screen.view->setEnabled(false); });
-    screen.on("hide", [&] { screen.view->hide(); });
-    screen.on("deactivate", [&] { showActive(other); });
-    screen.on("loss", [&] { screen.play(loss); });
-    screen.on("L:double", [&] { screen.play(loss); });
-    if (loss == "dialog" || loss == "deactivate") { // which an unfocused view loses to as well
-      screen.view->setFocusPolicy(Qt::NoFocus);
-      screen.play("edit");
-    }
-    screen.play(script);
-    QVERIFY(!screen.controller->getOperatingTool());
-    dialog.releaseMouse();
-    dialog.close();
-    menu.close();
-    screen.view->setEnabled(true);
-    screen.view->show();
-    ToolScreen::holdUnheard(Qt::RightButton);
-    screen.told();
-    screen.play("mv lost L+");
-    const QString told = screen.told(); // what a right press started does not come back
-    QVERIFY2(told.endsWith("L:press") && !told.contains("R:press"), qPrintable(told));
+    row("command takes all", "L+ all+ L- L+ mv L- wheel key L2",
+        "L:press L:end all:release all:press all:move all:release all:wheel all:key all:keyup all:press "
+        "all:release all:double");
+    row("command takes releases", "second+ L+ L-", "L:press second:release L:end");
+    row("command that runs", "first! key", "first:key first:keyup L:key L:keyup");
+    row("runs in another", "first+ second! second- key", "first:key first:keyup first:key first:keyup");
+    row("began twice", "first+ second+ second+ key second- key",
+        "second:key second:keyup first:key first:keyup");
+    row("ended out of order", "first+ second+ first- key second/ key",
+        "second:key second:keyup L:key L:keyup");
   }
-}
+
+  void inputReachesTheRightTool() {
+    QFETCH(QString, script);
+    ToolScreen screen;
+    screen.window.setCursor(Qt::WaitCursor);
+    screen.on("start", [&] { screen.left->startOperation(); });
+    screen.on("end", [&] { screen.left->endOperation(); });
+    screen.on("wake", [&] { screen.left->resume(); });
+    screen.on("waits?", [&] { screen.tell(screen.left->isSuspended() ? "waits" : "is back"); });
+    screen.on("push", [&] { screen.controller->pushTool(LeftButton, screen.makeTool("over")); });
+    screen.on("pop", [&] { screen.controller->popTool(LeftButton); });
+    screen.on("clear", [&] { screen.controller->clearTools(); });
+    screen.on("detach", [&] { screen.view->setViewController(nullptr); });
+    screen.on("focus?", [&] { screen.tell(screen.edit->hasFocus() ? "edit" : "view"); });
+    screen.on("cursor?", [&] { screen.tell(QDebug::toString(screen.view->cursor().shape())); });
+    screen.on("at?", [&] { screen.tell(QDebug::toString(screen.right->pressEvent().position())); });
+    new InputCommand(screen, "all", {"press", "move", "release", "double", "wheel", "key", "keyup"});
+    new InputCommand(screen, "first", {"key", "keyup"});
+    new InputCommand(screen, "second", {"release", "key", "keyup"});
+    screen.play(script);
+    QTEST(screen.told(), "told");
+  }
+
+  void operationEndsWithItsMouse_data() {
+    const Rows<QString> row("loss");
+    for (const char* loss : {"lost mv", "edit", "dialog", "menu", "grab", "disable", "hide", "deactivate"})
+      row(loss, loss);
+  }
+
+  void operationEndsWithItsMouse() {
+    QFETCH(QString, loss);
+    for (const QString script : {"L2", "decline L2", "L+ loss", "R+ mv loss", "R+ loss"}) {
+      if (loss == "grab" && !script.endsWith("L2"))
+        continue;
+      ToolScreen screen;
+      QDialog dialog(&screen.window);
+      QWidget other;
+      QMenu menu(screen.view);
+      menu.addAction("entry");
+      screen.on("dialog", [&] { dialog.open(); });
+      screen.on("menu", [&] { menu.popup(screen.view->mapToGlobal(QPoint(5, 5))); });
+      screen.on("grab", [&] { dialog.grabMouse(); });
+      screen.on("disable", [&] { screen.view->setEnabled(false); });
+      screen.on("hide", [&] { screen.view->hide(); });
+      screen.on("deactivate", [&] { showActive(other); });
+      screen.on("decline", [&] { screen.takesWords = false; });
+      screen.on("loss", [&] { screen.play(loss); });
+      screen.on("L:double", [&] { screen.play(loss); });
+      if (loss == "dialog" || loss == "deactivate") { // which an unfocused view loses to as well
+        screen.view->setFocusPolicy(Qt::NoFocus);
+        screen.play("edit");
+      }
+      screen.play(script);
+      QVERIFY(!screen.controller->getOperatingTool());
+      dialog.releaseMouse();
+      dialog.close();
+      menu.close();
+      screen.view->setEnabled(true);
+      screen.view->show();
+      ToolScreen::holdUnheard(Qt::RightButton);
+      screen.told();
+      screen.play("mv lost L+");
+      const QString told = screen.told(); // what a right press started does not come back
+      QVERIFY2(told.endsWith("L:press") && !told.contains("R:press"), qPrintable(told));
+    }
+  }
+};
 
 VELA_TEST_MAIN(ToolRoutingTest)
 #include "tool_routing_test.moc"

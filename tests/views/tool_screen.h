@@ -15,8 +15,7 @@
 namespace Vela::Test {
 
 /// Tells its right clicks.
-class ToolController : public UiBase::CmdsViewController {
-public:
+struct ToolController : UiBase::CmdsViewController {
   using CmdsViewController::CmdsViewController;
 
   std::function<void()> onRightClick;
@@ -34,7 +33,7 @@ protected:
 /// "L+" "R+" "M+" press a button, "L-" "R-" "M-" release it, "L2" "R2" "M2" double-click, "mv" moves the
 /// mouse, "wheel" turns the wheel, "key" presses and releases a key, "edit" focuses the line edit, "lost"
 /// releases the buttons where the window does not hear of it. Words of on() are added to these; where such a
-/// word is input that is told, as "L:double", the tool takes it and does that.
+/// word is input that is told, as "L:double", the tool does that and takes it, unless takesWords is off.
 class ToolScreen {
 public:
   ToolScreen() {
@@ -82,7 +81,7 @@ public:
       tell(word);
       if (m_words.contains(word))
         m_words[word]();
-      return m_words.contains(word);
+      return m_words.contains(word) && takesWords;
     };
     tool->setIdleCursor(Qt::OpenHandCursor);
     return tool;
@@ -90,6 +89,8 @@ public:
   void tell(const QString& input) { m_told += input; }
   /// What was told since the last call.
   QString told() { return std::exchange(m_told, {}).join(' '); }
+
+  bool takesWords = true;
 
 private:
   void useButton(const QString& word) {

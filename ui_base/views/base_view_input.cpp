@@ -226,7 +226,9 @@ void BaseView::mousePressEvent(QMouseEvent* event) {
     d->doubleClicking = false;
   d->movedWhilePressed = false;
   d->pressed = true;
-  if (d->doubleClicking || !handOn(&ViewResponder::mousePress, event))
+  // A double click that is declined comes here from Qt, and may have lost the mouse by then.
+  const bool isPress = !d->doubleClicking && event->type() == QEvent::MouseButtonPress;
+  if (!isPress || !handOn(&ViewResponder::mousePress, event))
     QWidget::mousePressEvent(event);
 }
 
