@@ -68,6 +68,18 @@ private Q_SLOTS:
     }
   }
 
+  void dragsAreHandedOn() {
+    Screen screen;
+    const QMimeData data;
+    QDragEnterEvent enter({}, Qt::CopyAction, &data, {}, {});
+    QDragMoveEvent move({}, Qt::CopyAction, &data, {}, {});
+    QDragLeaveEvent leave;
+    QDropEvent drop({}, Qt::CopyAction, &data, {}, {});
+    for (QEvent* const event : QList<QEvent*>{&enter, &move, &leave, &enter, &drop})
+      QCoreApplication::sendEvent(screen.view("a"), event);
+    QCOMPARE(screen.story(), "a drag, a over, a leave, a drag, a drop");
+  }
+
   void delegateMayPresent() {
     const Screen screen;
     BaseViewController* const a = screen.controller("a");

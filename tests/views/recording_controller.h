@@ -25,6 +25,13 @@ public:
   bool mousePress(QMouseEvent*) override { return !note("press"); }
   bool keyPress(QKeyEvent*) override { return !note("key"); }
   bool keyRelease(QKeyEvent*) override { return !note("keyup"); }
+  bool mouseDragEnter(QDragEnterEvent* event) override {
+    event->accept(); // for what follows
+    return !note("drag");
+  }
+  bool mouseDragMove(QDragMoveEvent*) override { return !note("over"); }
+  bool mouseDragLeave(QDragLeaveEvent*) override { return !note("leave"); }
+  bool mouseDrop(QDropEvent*) override { return !note("drop"); }
   bool mayShutDown() override { return endsWithTheProgram; }
   void viewDidLoad() override {
     pass("load", [this] { BaseViewController::viewDidLoad(); });
