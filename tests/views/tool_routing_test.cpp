@@ -121,6 +121,7 @@ private Q_SLOTS:
         continue;
       ToolScreen screen;
       QDialog dialog(&screen.window);
+      dialog.setAttribute(Qt::WA_ShowWithoutActivating); // blocked all the same
       QWidget other;
       QMenu menu(screen.view);
       menu.addAction("entry");
