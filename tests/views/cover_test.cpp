@@ -85,6 +85,7 @@ private Q_SLOTS:
 
   void screenReadersFindOnlyTheFront() {
     Screen screen;
+    new QPushButton(screen.view("a"));
     auto* const button = new QPushButton(screen.view("a"));
     button->show();
     QAccessibleInterface* const a = QAccessible::queryAccessibleInterface(screen.view("a"));

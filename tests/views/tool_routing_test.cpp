@@ -72,7 +72,7 @@ private Q_SLOTS:
     row("without a controller", "R+ mv detach cursor?", "R:press R:move R:end Qt::WaitCursor");
     row("waits below the top", "push wake start end waits?", "L:end waits");
     row("waits for another button", "R+ mv push cursor? R- cursor? pop cursor?",
-        "R:press R:move Qt::ArrowCursor R:release R:end Qt::OpenHandCursor Qt::OpenHandCursor");
+        "R:press R:move Qt::ArrowCursor R:release R:end Qt::PointingHandCursor Qt::OpenHandCursor");
 
     row("command takes all", "L+ all+ L- L+ mv L- wheel key L2",
         "L:press L:end all:release all:press all:move all:release all:wheel all:key all:keyup all:press "
@@ -94,7 +94,9 @@ private Q_SLOTS:
     screen.on("end", [&] { screen.left->endOperation(); });
     screen.on("wake", [&] { screen.left->resume(); });
     screen.on("waits?", [&] { screen.tell(screen.left->isSuspended() ? "waits" : "is back"); });
-    screen.on("push", [&] { screen.controller->pushTool(LeftButton, screen.makeTool("over")); });
+    const auto over = screen.makeTool("over");
+    over->setIdleCursor(Qt::PointingHandCursor);
+    screen.on("push", [&] { screen.controller->pushTool(LeftButton, over); });
     screen.on("pop", [&] { screen.controller->popTool(LeftButton); });
     screen.on("clear", [&] { screen.controller->clearTools(); });
     screen.on("detach", [&] { screen.view->setViewController(nullptr); });
