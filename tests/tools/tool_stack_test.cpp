@@ -162,17 +162,6 @@ private Q_SLOTS:
     };
     stack->pushTool(LeftButton, std::shared_ptr<RecordingTool>(new RecordingTool("t"), askAndDie));
   }
-
-  void laterObserverHearsAToolThatIsGone() {
-    bool heard = false;
-    const RecordingStack::Hear hear = [&heard](auto* tool, const QString&) { heard = tool->isActive(); };
-    const auto observer = createShared<RecordingStack>(hear);
-    auto tool = std::make_shared<RecordingTool>("t");
-    tool->addObserver(observer, true);
-    tool->activate();
-    tool = nullptr;
-    QTRY_VERIFY(heard);
-  }
 };
 
 VELA_TEST_MAIN(ToolStackTest)

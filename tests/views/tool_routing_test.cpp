@@ -52,16 +52,18 @@ private Q_SLOTS:
   void inputReachesTheRightTool_data() {
     const Rows<QString, QString> row("script", "told");
     row("right click opens the menu", "R+ R-", "menu");
-    row("no menu after a drag", "R+ mv L+ L- R-", "R:press R:move R:end L:press L:release L:end");
+    row("no menu after a drag", "R+ mv L+ L- R-", "R:press R:move R:end L:press L:release L:end behind");
     row("right press ends left drag", "L+ R+ mv L- R-",
-        "L:press L:end R:press R:move R:release R:release R:end");
+        "L:press L:end R:press R:move R:release behind R:release R:end");
     row("release of another button", "M+ R+ R-", "M:press M:end menu");
-    row("any release drops the right press", "R+ L+ L- mv R-", "L:press L:release L:end R:move");
+    row("any release drops the right press", "R+ L+ L- mv R-", "L:press L:release L:end R:move behind");
     row("no menu in the middle of an operation", "R+ L+ R- mv L-",
-        "L:press L:release L:move L:release L:end");
-    row("operations take turns", "M+ wake start key M- end", "M:press M:end L:key L:keyup L:release L:end");
+        "L:press L:release behind L:move L:release L:end");
+    row("operations take turns", "M+ wake start key M- end",
+        "M:press M:end L:key L:keyup L:release behind L:end");
     row("no wheel during a drag", "wheel L+ wheel L-", "L:wheel W:wheel L:press L:release L:end");
-    row("double click ends a drag", "R+ mv L2 R-", "R:press R:move R:end L:press L:release L:end L:double");
+    row("double click ends a drag", "R+ mv L2 R-",
+        "R:press R:move R:end L:press L:release L:end L:double behind behind behind");
     row("press is replayed in its place", "mv R+ mv at? R-",
         "L:move R:press R:move QPointF(24,32) R:release R:end");
     row("moving the mouse leaves the focus", "edit mv wheel focus?", "L:move L:wheel W:wheel edit");
@@ -76,7 +78,7 @@ private Q_SLOTS:
 
     row("command takes all", "L+ all+ L- L+ mv L- wheel key L2",
         "L:press L:end all:release all:press all:move all:release all:wheel all:key all:keyup all:press "
-        "all:release all:double");
+        "all:release all:double behind");
     row("command takes releases", "second+ L+ L-", "L:press second:release L:end");
     row("command that runs", "first! key", "first:key first:keyup L:key L:keyup");
     row("runs in another", "first+ second! second- key", "first:key first:keyup first:key first:keyup");

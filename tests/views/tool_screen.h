@@ -27,6 +27,17 @@ protected:
   }
 };
 
+/// Tells the clicks that the view in it left to it.
+struct Behind : QWidget {
+  std::function<void()> onClick;
+  bool event(QEvent* event) override {
+    const int type = event->type();
+    if (onClick && (type == QEvent::MouseButtonRelease || type == QEvent::MouseButtonDblClick))
+      onClick();
+    return QWidget::event(event);
+  }
+};
+
 /// A window with a line edit above a view, which has the tools L, R and M on its buttons and W on the
 /// wheel. It is driven by scripts, one word for each thing a person does:
 ///
@@ -59,6 +70,7 @@ public:
     });
     play("mv"); // a press elsewhere would bring a move along
     told();
+    window.onClick = [this] { tell("behind"); };
   }
   ~ToolScreen() { play("lost mv"); } // the application forgets the buttons, too
   Q_DISABLE_COPY_MOVE(ToolScreen)
@@ -107,7 +119,7 @@ private:
   QPoint m_position{10, 10};
 
 public:
-  QWidget window;
+  Behind window;
   QLineEdit* edit = new QLineEdit;
   UiBase::BaseView* view = new UiBase::BaseView;
   ToolController* controller = new ToolController(view);
