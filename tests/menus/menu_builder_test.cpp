@@ -2,6 +2,7 @@
 #include "menu_fixture.h"
 
 #include <support/rows.h>
+#include <support/screen_record.h>
 
 #include <QAccessible>
 #include <QMenuBar>
@@ -124,6 +125,97 @@ private Q_SLOTS:
     connect(screen.item("About"), &QToolButton::toggled, &screen.receiver, [about] { delete about; });
     about->setChecked(true);
     QVERIFY(screen.item("About")->isHidden());
+  }
+
+  void whatIsAddedIsSeenAndWorks() {
+    Screen screen;
+    Builder& builder = *screen.builder;
+    QPixmap dot(16, 16);
+    dot.fill(Qt::red);
+    AppMenuItemSpecifier sign = entry("sign", "&Sign", SLOT(sign()));
+    sign.icon = dot;
+    sign.tooltip = id("Signs it");
+    sign.shortcut = Qt::Key_F2;
+    sign.checkable = sign.checked = true;
+    AppMenuItemSpecifier more = AppMenuItemSpecifier::SubMenu(id("more"), id("&More"), {sign});
+    more.enabled = false;
+    const auto shared = QSharedPointer<AppMenuItemSpecifier>::create(sign);
+    builder.AddMenuBarItem(shared, id("Sign here"), id("color: red"));
+    sign.shortcut = Qt::Key_F3;
+    QVERIFY(builder.AddDropDownMenu(id("sign"), {sign, more, AppMenuItemSpecifier::OfAction(&screen.undo)}));
+    QVERIFY(builder.AddSubMenu(id("sign"), entry("two", "Two"), {more, sign}));
+    QVERIFY(builder.AddSubMenu(id("two"), entry("three", "Three"), {&screen.undo, nullptr, &screen.redo}));
+    QVERIFY(builder.AppendMenuItem(id("two"), AppMenuItemSpecifier::Separator()));
+    QVERIFY(builder.AddSeparator() && !builder.AddSeparator());
+    const AppMenuToggleItemSpecifier states{
+        {id("a"), id("Off")}, {id("b"), id("On"), id("It is on")}, false, SLOT(sign())};
+    builder.AddMenuBarToggleItem(id("turn"), QSharedPointer<AppMenuToggleItemSpecifier>::create(states));
+    QVERIFY(builder.AddSeparator(false, 20));
+    builder.AddMenuBarToggleTextItem(id("text"), id("Less"), id("More"), SLOT(sign()));
+    builder.AddMenuBarToggleTextItem(id("zero"), id("No"), id("Yes"), SLOT(sign()), 0);
+    QVERIFY(builder.AddSeparator(false, -1));
+    builder.InsertMenuBarItem(2, id("icon"), QIcon(dot), {}, id("An icon"), id("Icon"));
+    builder.InsertMenuBarItem(3, id("click"), SLOT(sign()), QIcon(), id("Click"), id("Clicks"),
+                              id("Clicker"));
+    shared->name = id("last");
+    shared->shortcut = {};
+    builder.InsertMenuBarItem(99, shared, id("Last"));
+    shared->kind = AppMenuSeparator;
+    builder.InsertMenuBarItem(1, shared);
+    screen.window.resize(900, 200);
+    QVERIFY(screen.isReady());
+    for (const char* const name : {"turn", "text", "zero", "click", "last", "sign", "icon"})
+      screen.click(name);
+    QCOMPARE(screen.receiver.calls.count(id("sign")), 6); // the last one has only an icon
+    builder.SetMenuBarToggleItemState(id("turn"), true);
+    builder.SetMenuPosition({7, 3});
+    for (const Qt::Key key : {Qt::Key_F2, Qt::Key_Up, Qt::Key_Right})
+      screen.key(key);
+    QVERIFY(screen.menu("sign")->toolTipsVisible() && screen.menu("two")->isVisible());
+    VELA_COMPARE_SCREEN("every_menu_item");
+    for (const Qt::Key key : {Qt::Key_F10, Qt::Key_F10, Qt::Key_End, Qt::Key_Down}) {
+      screen.window.resize(300, 200);
+      settle();
+      screen.key(key);
+    }
+    VELA_COMPARE_SCREEN("every_menu_item_in_the_rest", Vela::Test::OnlyAsItIs);
+    const QList<AppMenuItemSpecifier> none;
+    for (const char* const name : {"", "none", "click"})
+      QVERIFY(!builder.AddSubMenu(id(name), sign, none) && !builder.AppendMenuItem(id(name), sign) &&
+              !builder.AddSubMenu(id(name), sign, QVector<QAction*>()) &&
+              !builder.AddDropDownMenu(id("none"), none) &&
+              !builder.AddDropDownMenu(id("none"), {}, nullptr));
+  }
+
+  void aReaderIsToldOfItemsAndUsesThem() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    screen.builder->AddMenuBarItem(id("both"), SLOT(sign()), QIcon(), {}, id("Both"));
+    screen.builder->AddDropDownMenu(id("both"), {entry("one", "One")});
+    const auto told = [&screen](const char* name, const QString& does = {}) {
+      QAccessibleInterface* const item = QAccessible::queryAccessibleInterface(screen.item(name));
+      QAccessibleActionInterface* const actions = item->actionInterface();
+      actions->doAction(does);
+      return QStringList{item->text(QAccessible::Name),
+                         actions->actionNames().join(u'+'),
+                         actions->keyBindingsForAction({}).join(u','),
+                         QString::number(item->childCount()),
+                         QString::number(item->indexOfChild(item->child(0))),
+                         item->child(1) ? id("more") : QString(),
+                         item->state().expandable ? id("menu") : QString(),
+                         item->state().collapsed ? id("closed") : QString()}
+          .join(u'|');
+    };
+    const auto press = QAccessibleActionInterface::pressAction();
+    QCOMPARE(told("file"), id("File|ShowMenu|Alt+F|1|0||menu|closed"));
+    QCOMPARE(told("file", QAccessibleActionInterface::showMenuAction()),
+             id("File|ShowMenu|Alt+F|1|0||menu|"));
+    screen.key(Qt::Key_Escape);
+    QCOMPARE(told("help"), id("Help|Press|Alt+H|0|-1|||"));
+    QCOMPARE(told("both", press), id("Both|ShowMenu+Press||1|0||menu|closed"));
+    screen.builder->SetButtonEnabled(id("both"), false);
+    QCOMPARE(told("both", press), id("Both|||1|0||menu|closed"));
+    QCOMPARE(screen.receiver.calls, QStringList(id("sign")));
   }
 
   void whatCannotOpenOrRunDoesNoHarm() {

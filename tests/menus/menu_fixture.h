@@ -41,6 +41,7 @@ inline QString id(const char* name) { return QString::fromLatin1(name); }
 struct Screen {
   Screen() : builder(new Builder(id("bar"), &window, &window)), edit(new QLineEdit) {
     window.setCentralWidget(edit);
+    edit->setObjectName(id("line"));
     builder->SetReceiver(&receiver);
     builder->AddMenuBarItem(id("file"), QIcon(), id("&File"));
     Vela::UiBase::AppMenuItemSpecifier grid = entry("grid", "&Grid", SLOT(grid(bool)));
@@ -66,6 +67,17 @@ struct Screen {
     for (const char* const each : {"file", "edit"})
       result = result && menu(each)->isVisible() == (qstrcmp(each, name) == 0);
     return result;
+  }
+
+  /// What has the focus, which menu is open at which entry, what was called, "!" when the bar stays.
+  QString state() const {
+    QStringList facts{window.focusWidget()->objectName()};
+    if (const auto* const open = qobject_cast<QMenu*>(QApplication::activePopupWidget()))
+      facts += {open->objectName(),
+                open->activeAction() ? open->activeAction()->text().remove(u'&').toLower() : QString()};
+    if (!receiver.calls.isEmpty())
+      facts += receiver.calls.join(u',');
+    return facts.join(u'/') + (builder->CanHide() ? QString() : id("!"));
   }
 
   void click(const char* name) { QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, center(name)); }

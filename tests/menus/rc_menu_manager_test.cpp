@@ -104,6 +104,57 @@ private Q_SLOTS:
     QCOMPARE(triggered.count(), QByteArray(QTest::currentDataTag()).startsWith("chosen") ? 1 : 0);
   }
 
+  void whatIsLinkedIsFoundAndReleased() {
+    Screen screen;
+    RCMenuManager& manager = screen.manager;
+    QVERIFY(screen.isReady());
+    QCOMPARE(manager.FindButton(QStringLiteral("&Push")), screen.pushButton);
+    QVERIFY(!manager.FindButton(QStringLiteral("none")));
+    QVERIFY(manager.GetMenu(screen.pushButton) == &screen.pushMenu && !manager.GetMenu(nullptr));
+    manager.SetHideInterval(-5);
+    QCOMPARE(manager.HideInterval(), 0);
+    manager.SetHideInterval(60000);
+    for (const bool links : {false, true}) {
+      screen.toolButton->setPopupMode(QToolButton::DelayedPopup);
+      links ? manager.Start() : manager.Stop();
+      QCOMPARE(screen.toolButton->popupMode(), links ? QToolButton::InstantPopup : QToolButton::DelayedPopup);
+      QVERIFY((screen.toolButton->menu() != nullptr) == links &&
+              (screen.pushButton->menu() != nullptr) == links);
+      screen.click(screen.pushButton);
+      QVERIFY(screen.pushMenu.isVisible() == links && screen.pushButton->isDown() == links);
+    }
+    manager.OpenMenu(screen.toolButton);
+    QVERIFY2(screen.toolMenu.isVisible() && !screen.pushMenu.isVisible(), "one at a time");
+    screen.toolButton->setStyleSheet(QStringLiteral("color: blue"));
+    manager.CloseMenu(screen.toolButton);
+    QCOMPARE(screen.toolButton->styleSheet(), QStringLiteral("color: blue"));
+    manager.OpenMenu(screen.toolButton);
+    QCOMPARE(screen.toolButton->styleSheet(), ALTERNATE);
+    manager.CloseMenu(screen.toolButton);
+    QCOMPARE(screen.toolButton->styleSheet(), QStringLiteral("color: blue"));
+  }
+
+  void whatOpensAMenu() {
+    Screen screen;
+    QVERIFY(screen.isReady());
+    QWindow* const handle = screen.window.windowHandle();
+    const QPoint on = screen.toolButton->geometry().center();
+    QTest::mouseClick(handle, Qt::RightButton, {}, on);
+    QTest::mousePress(handle, Qt::LeftButton, {}, on);
+    QVERIFY(screen.toolButton->isDown());
+    QTest::mouseRelease(handle, Qt::LeftButton, {}, QPoint(300, 200));
+    QVERIFY(!screen.toolButton->isDown() && !screen.toolMenu.isVisible());
+    screen.toolButton->setFocus();
+    QTest::keyClick(handle, Qt::Key_A);
+    QVERIFY(!screen.toolMenu.isVisible());
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Down}) {
+      QTest::keyPress(handle, key);
+      QVERIFY(screen.toolMenu.isVisible());
+      QCOMPARE(screen.toolMenu.activeAction(), screen.toolMenu.actions().constFirst());
+      QTest::keyClick(screen.toolMenu.windowHandle(), Qt::Key_Escape);
+    }
+  }
+
   void aMenuStaysWhileThePointerIsInside() {
     Screen screen;
     QVERIFY(screen.isReady());
