@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include <support/rows.h>
 #include <support/screen_record.h>
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/assistants/command_palette.h>
+#include <ui_base/commands/command_group.h>
 #include <ui_base/views/base_view.h>
 
 #include <QLineEdit>
@@ -62,6 +64,15 @@ public:
     shared->addCommand(command);
     return command;
   }
+  void addMore() {
+    auto* const group = new CommandGroup({}, QStringLiteral("View"), QStringLiteral("view"));
+    for (const char* const text : {"Show &Grid", "Grid Spacing", "Smoothly Shaded", "Straße"})
+      group->addCommand(add(QString::fromUtf8(text), text), group->commandBag().count());
+    shared->addCommand(group);
+    for (int i = 0; i < 20; ++i)
+      add(QString::number(i), "Xyz");
+    dispatcher.runAll();
+  }
   void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QTest::keyClick(window.windowHandle(), key, modifiers);
     dispatcher.runAll();
@@ -102,26 +113,63 @@ class CommandPaletteTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void whatIsTypedRunsAndTheFocusGoesBack_data() {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("ran");
-    QTest::newRow("name") << "mesh" << smooth;
-    QTest::newRow("initials") << "sm" << smooth;
-    QTest::newRow("words in any order") << "mesh smoo" << smooth;
-    QTest::newRow("a wrong letter") << "smopth" << smooth;
-    QTest::newRow("umlaut written out") << "oeffnen"
-                                        << "open";
-    QTest::newRow("words of the identifier") << "measure" << measure;
+  void whatIsTypedFindsAndRuns_data() {
+    QTest::addColumn<QString>("found"); // the first one runs
+    const char* const rows[][2] = {
+        {"&mesh", "Smooth Mesh; Distanz messen"}, // words of identifiers come later
+        {"sm", "Smooth Mesh; Smoothly Shaded"},
+        {"mesh smoo", "Smooth Mesh"},
+        {"smopth", "Smooth Mesh; Smoothly Shaded"},
+        {"shwo", "Show Grid"},
+        {"grids", "Grid Spacing; Show Grid"},
+        {"gri", "Grid Spacing; Show Grid"},
+        {"sogr", "Show Grid"},
+        {"ooth", "Smooth Mesh; Smoothly Shaded"},
+        {"gid", "Show Grid; Grid Spacing"},
+        {"view", "Straße; Show Grid; Grid Spacing; Smoothly Shaded"},
+        {"oeffnen", "Öffnen"},
+        {"strasse", "Straße"},
+        {"measure", "Distanz messen"},
+        {"hsem", ""}};
+    for (const auto& [typed, found] : rows)
+      QTest::newRow(typed) << QString::fromUtf8(found);
   }
-  void whatIsTypedRunsAndTheFocusGoesBack() {
-    QFETCH(QString, typed);
-    QFETCH(QString, ran);
+  void whatIsTypedFindsAndRuns() {
+    QFETCH(const QString, found);
     Stage stage;
-    stage.type(typed);
+    stage.addMore();
+    stage.type(QString::fromLatin1(QTest::currentDataTag()));
+    QCOMPARE(stage.rows().join(QLatin1String("; ")), found);
     QVERIFY(stage.field->hasFocus());
-    stage.press(Qt::Key_Return);
-    QCOMPARE(stage.ran.join(u','), ran);
-    QVERIFY(stage.palette->isHidden() && stage.button->hasFocus());
+    stage.press(found.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
+    QVERIFY(stage.palette->isHidden() && stage.button->hasFocus() && stage.ran.isEmpty() == found.isEmpty());
+    stage.type({});
+    QVERIFY2(found.isEmpty() || found.startsWith(stage.rows().first()), "what was used comes first");
+  }
+
+  void keysWalkTheList() {
+    Stage stage;
+    stage.addMore();
+    stage.smoothing->setIcon(stage.window.style()->standardIcon(QStyle::SP_DialogOpenButton));
+    stage.measuring->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
+    stage.shared->setGroundState(measure, {State::Off, State::Keep}, QStringLiteral("There is no mesh."));
+    stage.type({});
+    VELA_COMPARE_SCREEN("groups_in_the_palette", Vela::Test::OnlyAsItIs);
+    const std::pair<Qt::Key, int> steps[] = {
+        {Qt::Key_Down, 1},      {Qt::Key_Up, 0},       {Qt::Key_Up, 26},       {Qt::Key_Down, 0},
+        {Qt::Key_PageUp, 0},    {Qt::Key_PageDown, 9}, {Qt::Key_Tab, 9},       {Qt::Key_Backtab, 9},
+        {Qt::Key_PageDown, 18}, {Qt::Key_PageUp, 9},   {Qt::Key_PageDown, 18}, {Qt::Key_PageDown, 26},
+        {Qt::Key_PageDown, 26}};
+    for (const auto& [key, row] : steps) {
+      stage.press(key);
+      QCOMPARE(stage.list->currentIndex().row(), row);
+    }
+    stage.press(Qt::Key_K, Qt::ControlModifier);
+    QVERIFY(stage.palette->isHidden() && stage.ran.isEmpty());
+    stage.type({});
+    QTest::mouseClick(stage.list->viewport(), Qt::LeftButton, {},
+                      stage.list->visualRect(stage.list->model()->index(2, 0)).center());
+    QTRY_COMPARE(stage.ran, QStringList(QStringLiteral("open")));
   }
 
   void itClosesWhenSomethingElseIsUsed() {

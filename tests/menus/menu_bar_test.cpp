@@ -119,6 +119,7 @@ private Q_SLOTS:
     row("some disabled", false,
         "-edit:line F10:file! Right:help! E:help! Alt+F:file/file/open! Right:file/file/open! Esc:file! "
         "-help:file! End:file! H:file! Esc:line -file:line F10:line");
+    row("shared letter", false, "+&First:line Alt+F:file! F:&First! Up:&First! Space:line/open");
   }
   void theKeyboardAloneReachesEverything() {
     QFETCH(const QByteArray, script);
@@ -132,6 +133,8 @@ private Q_SLOTS:
       const QKeyCombination keys = QKeySequence(word)[0];
       if (word.startsWith(u'-'))
         screen.builder->SetButtonEnabled(word.mid(1), false);
+      else if (word.startsWith(u'+'))
+        screen.builder->AddMenuBarItem(word.mid(1), SLOT(open()), QIcon(), word.mid(1));
       else
         screen.key(word == id("Alt") ? Qt::Key_Alt : keys.key(), keys.keyboardModifiers());
       settle();
@@ -161,20 +164,6 @@ private Q_SLOTS:
     screen.builder->HideMe();
     alt();
     QVERIFY2(screen.edit->hasFocus(), "there is no bar to go to");
-  }
-
-  void itemsThatShareAMnemonicAreChosenFrom() {
-    Screen screen;
-    QVERIFY(screen.isReady());
-    screen.builder->AddMenuBarItem(id("first"), SLOT(open()), QIcon(), id("&First"));
-    screen.key(Qt::Key_F, Qt::AltModifier);
-    QVERIFY(screen.isOnlyOpen("") && screen.item("file")->hasFocus());
-    screen.key(Qt::Key_F);
-    QVERIFY(screen.item("first")->hasFocus() && screen.receiver.calls.isEmpty());
-    screen.key(Qt::Key_Up);
-    QVERIFY2(screen.receiver.calls.isEmpty(), "an arrow does not click");
-    screen.key(Qt::Key_Space);
-    QCOMPARE(screen.receiver.calls, QStringList{id("open")});
   }
 };
 

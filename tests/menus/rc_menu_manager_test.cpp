@@ -115,7 +115,6 @@ private Q_SLOTS:
     QCOMPARE(manager.HideInterval(), 0);
     manager.SetHideInterval(60000);
     for (const bool links : {false, true}) {
-      screen.toolButton->setPopupMode(QToolButton::DelayedPopup);
       links ? manager.Start() : manager.Stop();
       QCOMPARE(screen.toolButton->popupMode(), links ? QToolButton::InstantPopup : QToolButton::DelayedPopup);
       QVERIFY((screen.toolButton->menu() != nullptr) == links &&
@@ -138,20 +137,17 @@ private Q_SLOTS:
     Screen screen;
     QVERIFY(screen.isReady());
     QWindow* const handle = screen.window.windowHandle();
-    const QPoint on = screen.toolButton->geometry().center();
-    QTest::mouseClick(handle, Qt::RightButton, {}, on);
-    QTest::mousePress(handle, Qt::LeftButton, {}, on);
+    QTest::mouseClick(handle, Qt::RightButton, {}, screen.toolButton->geometry().center());
+    QTest::mousePress(handle, Qt::LeftButton, {}, screen.toolButton->geometry().center());
     QVERIFY(screen.toolButton->isDown());
     QTest::mouseRelease(handle, Qt::LeftButton, {}, QPoint(300, 200));
-    QVERIFY(!screen.toolButton->isDown() && !screen.toolMenu.isVisible());
     screen.toolButton->setFocus();
-    QTest::keyClick(handle, Qt::Key_A);
-    QVERIFY(!screen.toolMenu.isVisible());
-    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Down}) {
+    for (const Qt::Key key : {Qt::Key_A, Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Down}) {
+      QVERIFY(!screen.toolButton->isDown() && !screen.toolMenu.isVisible());
       QTest::keyPress(handle, key);
-      QVERIFY(screen.toolMenu.isVisible());
-      QCOMPARE(screen.toolMenu.activeAction(), screen.toolMenu.actions().constFirst());
-      QTest::keyClick(screen.toolMenu.windowHandle(), Qt::Key_Escape);
+      QCOMPARE(screen.toolMenu.activeAction(),
+               key == Qt::Key_A ? nullptr : screen.toolMenu.actions().constFirst());
+      QTest::keyClick(key == Qt::Key_A ? handle : screen.toolMenu.windowHandle(), Qt::Key_Escape);
     }
   }
 
