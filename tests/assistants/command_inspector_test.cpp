@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include <support/input.h>
+#include <support/screen_record.h>
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/assistants/command_inspector.h>
+#include <ui_base/commands/command_group.h>
 #include <ui_base/commands/run_log.h>
 #include <ui_base/tools/interactive_tool.h>
 #include <ui_base/tooltips/default_tooltip.h>
 #include <ui_base/views/base_view.h>
 
+#include <QAbstractItemModelTester>
 #include <QHelpEvent>
 #include <QSignalSpy>
+#include <QTabWidget>
 #include <QTableView>
 #include <QToolButton>
 #include <QToolTip>
@@ -33,6 +37,9 @@ class CommandInspectorTest : public Vela::Test::TestCase {
     QVERIFY(tip && tip->isVisible() && !QToolTip::isVisible());
     QVERIFY2(tip->AccessibleText().startsWith("%2 <b>&%1 ") && tip->AccessibleText().contains("took"),
              qPrintable(tip->AccessibleText()));
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(timeline, &leave);
+    QTRY_VERIFY(!tip->isVisible());
   }
 
 private Q_SLOTS:
@@ -61,6 +68,8 @@ private Q_SLOTS:
       }
       dispatcher.runAll();
       inspector.show();
+      for (const QTableView* const each : tables)
+        new QAbstractItemModelTester(each->model(), each->model());
       QCOMPARE(rows(), 2);
       QSignalSpy resets(table->model(), &QAbstractItemModel::modelReset);
       QVERIFY(!resets.wait(600)); // nothing has changed, in neither window
@@ -69,6 +78,9 @@ private Q_SLOTS:
       one->setGroundState(QStringLiteral("smooth"), {State::On, State::Keep});
       dispatcher.runAll();
       QTRY_COMPARE(rows(), 1);
+      auto* const group = new CommandGroup({}, {}, QStringLiteral("group"));
+      group->addCommand(two->findCommand("smooth"), 0);
+      two->addCommand(group);
       auto* const button = new QToolButton(&owner);
       button->setDefaultAction(two->findCommand("smooth"));
       button->show();
@@ -77,8 +89,13 @@ private Q_SLOTS:
           one->holdContext(one->disabledContext(), ContextHolder::because(QStringLiteral("Scanning.")));
       dispatcher.runAll();
       two->pushTool(LeftButton, std::make_shared<InteractiveTool>(&second));
-      Vela::Test::moveMouse(*button);
       QTRY_VERIFY(inspector.report().contains("InteractiveTool\tactive"));
+      for (const int page : {2, 3, 5}) { // the others tell times
+        inspector.findChild<QTabWidget*>()->setCurrentIndex(page);
+        VELA_COMPARE_SCREEN(QStringLiteral("inspector_%1").arg(page), Vela::Test::OnlyAsItIs);
+      }
+      Vela::Test::moveMouse(*button);
+      QTRY_VERIFY(inspector.report().startsWith("smooth (smooth)"));
       const QString report = inspector.report();
       QVERIFY2(!report.startsWith("QWidget"), qPrintable(report)); // the window of the button
       for (const char* const part :

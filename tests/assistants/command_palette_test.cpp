@@ -7,6 +7,7 @@
 #include <ui_base/commands/command_group.h>
 #include <ui_base/views/base_view.h>
 
+#include <QAbstractItemModelTester>
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
@@ -46,6 +47,7 @@ public:
     palette->dismiss();
     field = palette->findChild<QLineEdit*>();
     list = palette->findChild<QListView*>();
+    new QAbstractItemModelTester(list->model(), list);
     dispatcher.runAll();
     Vela::Test::settle();
   }
