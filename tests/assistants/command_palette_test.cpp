@@ -158,10 +158,10 @@ private Q_SLOTS:
     stage.type({});
     VELA_COMPARE_SCREEN("groups_in_the_palette", Vela::Test::OnlyAsItIs);
     const std::pair<Qt::Key, int> steps[] = {
-        {Qt::Key_Down, 1},      {Qt::Key_Up, 0},       {Qt::Key_Up, 26},       {Qt::Key_Down, 0},
-        {Qt::Key_PageUp, 0},    {Qt::Key_PageDown, 9}, {Qt::Key_Tab, 9},       {Qt::Key_Backtab, 9},
-        {Qt::Key_PageDown, 18}, {Qt::Key_PageUp, 9},   {Qt::Key_PageDown, 18}, {Qt::Key_PageDown, 26},
-        {Qt::Key_PageDown, 26}};
+        {Qt::Key_Down, 1},      {Qt::Key_Return, 1},    {Qt::Key_Up, 0},       {Qt::Key_Up, 26},
+        {Qt::Key_Down, 0},      {Qt::Key_PageUp, 0},    {Qt::Key_PageDown, 9}, {Qt::Key_Tab, 9},
+        {Qt::Key_Backtab, 9},   {Qt::Key_PageDown, 18}, {Qt::Key_PageUp, 9},   {Qt::Key_PageDown, 18},
+        {Qt::Key_PageDown, 26}, {Qt::Key_PageDown, 26}};
     for (const auto& [key, row] : steps) {
       stage.press(key);
       QCOMPARE(stage.list->currentIndex().row(), row);
