@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -227,6 +228,39 @@ private Q_SLOTS:
     openDialog(dialog);
     pressKey(dialog, Qt::Key_Escape);
     QCOMPARE(dialog.Answer(), "refused");
+  }
+
+  void detailsUnfoldAndAreCopied() {
+    DialogEx dialog(DialogError, "Export", "The file could not be written.");
+    dialog.SetInformativeText("The disk is full.");
+    dialog.SetDetails("28");
+    QPushButton* const save = dialog.AddNamedButton(saveDiscardCancel().constFirst());
+    openDialog(dialog);
+    dialog.SetRememberKey("ask/export", "Next time as well");
+    settle();
+    const QSize folded = dialog.size();
+    dialog.ShowDetails(true);
+    QVERIFY(dialog.NamedButton("save") == save && save->hasFocus());
+    VELA_COMPARE_SCREEN("details");
+    pressKey(dialog, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QGuiApplication::clipboard()->text(),
+             "Export\n\nThe file could not be written.\nThe disk is full.\n\n28");
+    dialog.ShowDetails(false);
+    QCOMPARE(dialog.size(), folded);
+  }
+
+  void buttonsOfABusyDialogAreEnabledLater() {
+    MDialogBase dialog("Smooth", new QLineEdit, AllPanelButtons);
+    dialog.SetBusy(true);
+    dialog.EnableApplyButton(false);
+    dialog.EnableResetButton(false);
+    dialog.EnableResetButton(true);
+    QPushButton* const late = dialog.AddButton("Late", QDialogButtonBox::HelpRole);
+    QVERIFY(!late->isEnabled() && !buttonSaying(dialog, "Reset")->isEnabled());
+    QVERIFY(!dialog.IsApplyButtonEnabled() && dialog.IsResetButtonEnabled());
+    dialog.SetBusy(false);
+    QVERIFY(late->isEnabled() && !buttonSaying(dialog, "Apply")->isEnabled() &&
+            dialog.IsResetButtonEnabled());
   }
 
   void anAnswerIsRemembered() {

@@ -82,8 +82,12 @@ void MDialogBasePrivate::updateFrame() {
 
 void MDialogBasePrivate::applyStyles() {
   const Styles& styles = Styles::Instance();
+  const QPointer<QWidget> focused(q->focusWidget());
   q->setPalette(styles.widgetPalette());
   q->setStyleSheet(styles.DialogGeneral());
+  // The box hides its buttons and shows them again when the style changes.
+  if (focused && q->focusWidget() != focused)
+    focused->setFocus(Qt::OtherFocusReason);
 }
 
 QPushButton* MDialogBasePrivate::button(const QString& text, QDialogButtonBox::ButtonRole role) {
