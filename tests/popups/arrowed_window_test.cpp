@@ -142,15 +142,22 @@ private Q_SLOTS:
 
   void looksAsRecorded() {
     QWidget view;
-    view.resize(620, 300);
-    for (int i = 0; i < 16; ++i) {
+    view.resize(620, 440);
+    for (int i = 0; i < 24; ++i) {
       auto* const window = new ArrowedWindow(&view);
-      window->AttachWidget(new Content(i < 8 ? QSize(81, 41) : QSize(3, 3)));
+      window->AttachWidget(new Content(i / 8 == 1 ? QSize(3, 3) : QSize(81, 41)));
       SArrowParam arrow;
       arrow.position = EArrowPosition(ArrowTop + i % 8);
       arrow.length = 15;
+      if (i >= 16) {
+        arrow.fixedAngle = true;
+        arrow.angle = defaultArrowAngle(arrow.position) + 9 * (i % 8) - 30;
+        window->SetRoundCornerRadius(9);
+        window->SetContentMargin(1);
+        window->SetPartialBackgroundColor(true, {0, 12, 1, 15}, Qt::yellow);
+      }
       window->SetArrow(arrow);
-      window->SetBorder(Qt::darkBlue, i % 3, Qt::SolidLine, Qt::MiterJoin);
+      window->SetBorder(Qt::darkBlue, i % 3, Qt::SolidLine, i < 16 ? Qt::MiterJoin : Qt::BevelJoin);
       window->move(10 + 150 * (i % 4), 5 + 72 * (i / 4));
     }
     view.show();

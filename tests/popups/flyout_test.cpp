@@ -10,6 +10,7 @@
 #include <ui_base/views/cmds_view_controller.h>
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -138,6 +139,29 @@ private Q_SLOTS:
     QVERIFY(flyout.isHidden() && !flyout.windowHandle()->isVisible());
   }
 
+  void sideWidgetsAndAStripeAreShown() {
+    FlyoutBase flyout("Smooth", new QSpinBox, AllPanelButtons);
+    const QSignalSpy sides(&flyout, &FlyoutBase::SubWidgetVisibilityChanged);
+    const QSignalSpy stripes(&flyout, &FlyoutBase::SetPartialBackgroundColor);
+    for (const EDirection side : {Left, Top, Right, Bottom}) {
+      auto* const beside = new QWidget;
+      beside->setFixedSize(30 + side, 20 + side);
+      flyout.AddSubWidget(beside, side);
+      flyout.ShowSubWidget(beside, true);
+      flyout.ShowSubWidget(beside, true);
+    }
+    flyout.ShowPartialBackground({0, 40, 10, 20}, Qt::yellow);
+    flyout.SetApplyText("Go");
+    flyout.move(100, 100);
+    Vela::Test::showActive(flyout);
+    flyout.move(120, 110);
+    VELA_COMPARE_SCREEN("flyout_window");
+    flyout.HidePartialBackground();
+    QCOMPARE(sides, QList<QVariantList>(4, {true}));
+    QCOMPARE(stripes, QList<QVariantList>(
+                          {{true, QRect(0, 40, 10, 20), QColor(Qt::yellow)}, {false, QRect(), QColor()}}));
+  }
+
   void plainPanelIsOnlyShown() {
     Stage stage;
     QWidget plain;
@@ -207,6 +231,7 @@ private Q_SLOTS:
     stage.command->trigger();
     stage.edit->setFocus();
     stage.flyout->SetBusy(true);
+    QVERIFY(QAccessible::queryAccessibleInterface(stage.flyout)->state().busy);
     QVERIFY(stage.flyout->hasFocus());
     pressKey(stage.window, Qt::Key_Escape);
     QVERIFY(stage.flyout->isVisible());

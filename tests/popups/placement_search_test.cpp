@@ -171,6 +171,41 @@ private Q_SLOTS:
     QCOMPARE(search.outcomes(), "---");
   }
 
+  void howFarOutsideAPopupIs_data() {
+    const Rows<QRect, QPoint> row("popup", "outside"); // of an area of 200 x 200
+    row("nowhere", {0, 0, 200, 200}, {});
+    row("left", {-1, 0, 100, 100}, {-1, 0});
+    row("right", {0, 0, 201, 100}, {1, 0});
+    row("above, at the right", {100, -1, 100, 100}, {0, -1});
+    row("below", {0, 0, 100, 201}, {0, 1});
+    row("left, as far as an arrow slides", {-90, 0, 100, 50}, {-30, 0});
+    row("right, as far as an arrow slides", {190, 0, 100, 50}, {30, 0});
+    row("above, as far as an arrow slides", {0, -90, 50, 100}, {0, -30});
+    row("below, as far as an arrow slides", {0, 190, 50, 100}, {0, 30});
+  }
+  void howFarOutsideAPopupIs() {
+    QFETCH(QRect, popup);
+    QPoint outside;
+    const bool isInside = Placement::verify(popup, {0, 0, 200, 200}, outside);
+    QTEST(outside, "outside");
+    QCOMPARE(isInside, outside.isNull());
+  }
+
+  void searchesInWords() {
+    PlacementSearch search;
+    search.begin({1, 2, 3, 4});
+    search.setFreeArea(QRect(0, 0, 9, 9));
+    search.add({.rect = {0, 0, 9, 9}, .outcome = PlacementAccepted});
+    search.add({.side = Left, .arrow = ArrowTop, .rect = {-1, -1, 11, 11}, .coversReference = true});
+    search.add({.arrow = ArrowRight, .arrowOffset = 1, .rect = {-1, 0, 1, 1}, .outcome = PlacementNoLayout});
+    QCOMPARE(search.toString(),
+             QStringLiteral("Reference: 3 × 4 at (1, 2)\nFree area: 9 × 9 at (0, 0)\n"
+                            "1. above, 9 × 9 at (0, 0), taken\n"
+                            "2. left, arrow at the top, 11 × 11 at (-1, -1), refused, 1 px too far left,"
+                            " 1 px too far right, 1 px too high, 1 px too low, covers the reference\n"
+                            "3. above, arrow at the right, slid by 1 px, the window has no such arrow"));
+  }
+
   void insideWheneverACandidateIs() {
     std::mt19937 random(1); // of a fixed seed
     const auto number = [&](int from, int to) { return std::uniform_int_distribution<>(from, to)(random); };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <support/input.h>
 #include <support/rows.h>
+#include <support/screen_record.h>
 #include <support/test_case.h>
 #include <ui_base/popups/arrowed_window.h>
 #include <ui_base/popups/placement_search.h>
@@ -11,6 +12,7 @@
 #include <QScreen>
 
 using namespace Vela::UiBase;
+using Vela::Test::OnlyAsItIs;
 using Vela::Test::Rows;
 using Vela::Test::showActive;
 
@@ -21,6 +23,12 @@ struct Stage {
   Stage(const QSize& size, const QRect& place, bool arrowed) {
     window.resize(size);
     owner.setGeometry(place);
+    makePopup(arrowed);
+    calculator.SetRefWidget(&owner);
+    calculator.SetDirection(Bottom);
+    window.show();
+  }
+  void makePopup(bool arrowed) {
     if (arrowed) {
       auto* const arrows = new ArrowedWindow(&window);
       content = new QWidget;
@@ -34,9 +42,6 @@ struct Stage {
     }
     popup->hide();
     calculator.SetWidget(popup);
-    calculator.SetRefWidget(&owner);
-    calculator.SetDirection(Bottom);
-    window.show();
   }
   ArrowedWindow* arrows() const { return qobject_cast<ArrowedWindow*>(popup); }
   QPoint answer() const {
@@ -149,8 +154,12 @@ private Q_SLOTS:
           continue;
         stage.owner.move((window.width() - 24) * x / 7, (window.height() - 16) * y / 7);
         for (const EDirection side : {Left, Top, Right, Bottom}) {
+          stage.makePopup(arrowed);
           stage.calculator.SetDirection(side);
+          stage.calculator.SetBaseOffset(2 + i % 3 * 4);
+          stage.calculator.SetAlignment(EWidgetsAlign(i % 3));
           stage.place();
+          stage.popup->setVisible(!stage.popup->isWindow());
           QVERIFY2(stage.room().contains(stage.seen()), qPrintable(stage.calculator.LastSearch().toString()));
           QVERIFY(!stage.seen().intersects(stage.reference()));
           if (arrowed) {
@@ -159,6 +168,7 @@ private Q_SLOTS:
           }
         }
       }
+      VELA_COMPARE_SCREEN(QStringLiteral("popups_%1_%2").arg(arrowed).arg(window.width()), OnlyAsItIs);
     }
   }
 
