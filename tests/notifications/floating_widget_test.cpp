@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <support/input.h>
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <ui_base/notifications/floating_widget.h>
 
 #include <QMouseEvent>
 
 using namespace Vela::UiBase;
+using Vela::Test::Rows;
 using Vela::Test::settle;
 
 namespace {
@@ -47,6 +49,29 @@ private Q_SLOTS:
     view.setLayoutDirection(Qt::RightToLeft);
     view.resize(410, 300);
     QCOMPARE(host.geometry(), QRect(10, 230, 100, 30));
+  }
+
+  void arrangements_data() {
+    // Of four of which one is hidden; where the last one is, and the size of all.
+    const Rows<LayoutBaseWidget::EArrangement, QPoint, QSize> row("arrangement", "last", "size");
+    row("column", LayoutBaseWidget::Column, {3, 47}, {26, 70});
+    row("row", LayoutBaseWidget::Row, {47, 3}, {70, 26});
+    row("grid", LayoutBaseWidget::Grid, {3, 25}, {48, 48});
+  }
+  void arrangements() {
+    QFETCH(LayoutBaseWidget::EArrangement, arrangement);
+    LayoutBaseWidget host;
+    host.setArrangement(arrangement, 2);
+    host.setContentMargin(3);
+    host.setSpacing(2);
+    for (int i = 0; i < 4; ++i)
+      host.addWidget(new FixedContent({20, 20}));
+    host.addWidget(host.widgets().constFirst()); // as it is there already
+    host.widgets().at(1)->hide();
+    host.show();
+    QTEST(host.widgets().constLast()->pos(), "last");
+    QTEST(host.fittingSize({500, 500}), "size");
+    QCOMPARE(host.fittingSize({9, 9}), QSize(9, 9));
   }
 
   void visibleOnlyWithVisibleContent() {

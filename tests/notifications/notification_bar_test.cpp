@@ -32,6 +32,24 @@ class NotificationBarTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
+  void barsAreSetUp() {
+    NotificationFixture f;
+    NotificationBar::setDefaultFadeDuration(-1);
+    QCOMPARE(NotificationBar(nullptr).fadeDuration(), 0);
+    NotificationBar::setDefaultFadeDuration(180);
+    QCOMPARE(NotificationBar(nullptr).fadeDuration(), 180);
+    f.bar->setQueueLimit(2);
+    QCOMPARE(f.bar->queueLimit(), 2);
+    QSignalSpy ended(f.bar, &NotificationBar::notificationEnded);
+    QCOMPARE(f.bar->showNotification(QString(), FadeInAndOut, 0), 0);
+    const quint64 id = f.post(NotificationError, "broken");
+    QCOMPARE(f.bar->currentNotification(), id);
+    f.post(NotificationWarning, "odd");
+    f.bar->clearNotifications();
+    QVERIFY(!f.bar->isNotificationShowing() && !f.bar->waitingCount() && !f.bar->currentNotification());
+    QCOMPARE(ended.count(), 2);
+  }
+
   void timeRunsOutInTurn() {
     NotificationFixture f;
     QSignalSpy shown(f.bar, &NotificationBar::notificationShown);
@@ -145,7 +163,9 @@ private Q_SLOTS:
     settle();
     QCOMPARE(f.button(QString())->toolTip(), "CLOSE");
     QCoreApplication::removeTranslator(&language);
-    click(*f.button(QString()));
+    QTest::mousePress(f.view->windowHandle(), Qt::LeftButton, {}, inWindow(*f.button({})));
+    VELA_COMPARE_SCREEN("pressed_cross");
+    QTest::mouseRelease(f.view->windowHandle(), Qt::LeftButton, {}, inWindow(*f.button({})));
     QVERIFY(!f.bar->isNotificationShowing());
     QVERIFY(f.work->hasFocus());
   }

@@ -80,8 +80,10 @@ private Q_SLOTS:
     f.tooltip->SetTooltipControl(tooltip, true);
     f.tooltip->SetTooltipKeyword("smoothing");
     f.tooltip->ShowTooltip();
+    VELA_COMPARE_SCREEN("folded_tooltip");
     f.key(Qt::Key_F1);
     QVERIFY(tooltip->IsUnfolded() && asked.isEmpty());
+    VELA_COMPARE_SCREEN("tooltip_with_help");
     f.key(Qt::Key_F1);
     QCOMPARE(asked, QList<QVariantList>({{17, QStringLiteral("smoothing")}}));
     QCOMPARE(askedAnywhere, asked);
@@ -130,6 +132,12 @@ private Q_SLOTS:
     f.tooltip->SetTooltipText("Fits");
     f.tooltip->Detach();
     QCOMPARE(f.widget->accessibleDescription(), "own words");
+    auto* const content = new QWidget;
+    auto* const label = new QLabel(content);
+    f.other->SetTooltipControl(content, true);
+    f.other->SetTooltipText("<b>All</b>");
+    f.other->SetTooltipControl(content, false);
+    QCOMPARE(f.neighbour->accessibleDescription() + label->text(), "All<b>All</b>");
     f.other->Detach();
     QVERIFY(f.neighbour->accessibleDescription().isEmpty());
   }

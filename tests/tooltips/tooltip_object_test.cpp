@@ -9,7 +9,6 @@
 using namespace Vela::UiBase;
 using Vela::Test::letTimePass;
 using Vela::Test::Rows;
-using Vela::Test::settle;
 
 using Act = std::function<void(TooltipFixture&)>;
 
@@ -225,21 +224,6 @@ private Q_SLOTS:
       QCOMPARE(f.tooltip->IsVisible(), !atOnce);
       manager.SetShowNextAtOnce("test", false);
     }
-  }
-
-  void textOutlivesTheLayerItWasShownOn() {
-    TooltipFixture f;
-    auto* const layer = new QWidget(f.window);
-    f.tooltip->SetTooltipLayer(layer);
-    f.tooltip->ShowTooltip();
-    QVERIFY(f.tooltip->IsVisible());
-    delete layer;
-    f.tooltip->ShowTooltip();
-    const QPointer<QWidget> shown(f.shown());
-    QVERIFY(f.tooltip->IsVisible() && shown->isVisible());
-    delete f.tooltip;
-    settle();
-    QVERIFY(!shown);
   }
 
 private:

@@ -2,6 +2,7 @@
 #include "tooltip_fixture.h"
 
 #include <support/rows.h>
+#include <support/screen_record.h>
 #include <ui_base/tooltips/tooltip_ex.h>
 #include <ui_base/tooltips/tooltip_wrapper.h>
 
@@ -49,31 +50,35 @@ private Q_SLOTS:
   }
 
   void types_data() {
-    const Rows<ETooltipType, bool, EDirection> row("type", "rich", "side");
-    row("quick", QuickTooltip, false, Top);
-    row("quick, beside", QuickSideTooltip, false, Right);
-    row("quick hint", QuickHintTooltip, false, Bottom);
-    row("rich", RichTooltip, true, Bottom);
-    row("rich, beside", RichSideTooltip, true, Left);
+    const Rows<ETooltipType, bool> row("type", "rich");
+    row("quick", QuickTooltip, false);
+    row("quick, beside", QuickSideTooltip, false);
+    row("quick hint", QuickHintTooltip, false);
+    row("rich", RichTooltip, true);
+    row("rich, beside", RichSideTooltip, true);
   }
   void types() {
     QFETCH(const ETooltipType, type);
     QFETCH(const bool, rich);
-    QFETCH(const EDirection, side);
     TooltipFixture f({30, 30, NEVER, NEVER, NEVER});
     f.tooltip->SetUseCustomTooltipSettings(false);
     f.tooltip->SetTooltipType(type);
     QCOMPARE(f.tooltip->IsHoverEventsEnabled(), rich);
     f.moveTo(f.widget);
     QTRY_VERIFY(f.tooltip->IsVisible());
-    const QRect body = f.shown()->geometry();
-    QVERIFY(!body.intersects(f.widget->geometry()));
-    QCOMPARE(body.bottom() < f.widget->y(), side == Top);
-    QCOMPARE(body.top() > f.widget->geometry().bottom(), side == Bottom);
-    QCOMPARE(body.left() > f.widget->geometry().right(), side == Right);
-    QCOMPARE(body.right() < f.widget->x(), side == Left);
+    VELA_COMPARE_SCREEN(QStringLiteral("tooltip_%1").arg(QTest::currentDataTag()), Vela::Test::AlsoDark);
     f.press(f.shown());
     QCOMPARE(f.tooltip->IsVisible(), rich);
+  }
+
+  void ownPlacement() {
+    TooltipFixture f;
+    f.tooltip->SetTooltipType(RichTooltip);
+    for (const auto& [arrow, side] : {std::pair(ArrowLeft, Right), {ArrowTop, Bottom}}) {
+      f.tooltip->SetTooltipPlacement({.position = arrow, .length = 25}, side, 9, AlignStart, {7, 3});
+      f.tooltip->ShowTooltip();
+      VELA_COMPARE_SCREEN(QStringLiteral("placed_tooltip_%1").arg(side), Vela::Test::OnlyAsItIs);
+    }
   }
 
   void unfoldsInSightAtOnce() {
