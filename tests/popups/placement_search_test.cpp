@@ -96,23 +96,6 @@ class PlacementSearchTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void plainPositions_data() {
-    const Rows<EDirection, QList<QPoint>> row("side", "startCenterEnd"); // 100 x 41, ten pixels away
-    row("left", Left, {{-10, 50}, {-10, 40}, {-10, 28}});
-    row("above", Top, {{100, -1}, {66, -1}, {30, -1}});
-    row("right", Right, {{140, 50}, {140, 40}, {140, 28}});
-    row("below", Bottom, {{100, 79}, {66, 79}, {30, 79}});
-  }
-  void plainPositions() {
-    QFETCH(EDirection, side);
-    QFETCH(QList<QPoint>, startCenterEnd);
-    constexpr QPoint more(3, -5);
-    for (const EWidgetsAlign alignment : {AlignStart, AlignCenter, AlignEnd}) {
-      const Placement::Target target{.reference = owner, .alignment = alignment, .additionalOffset = more};
-      QCOMPARE(Placement::plainPosition(target, side, {100, 41}), startCenterEnd[alignment] + more);
-    }
-  }
-
   void arrowedPositions_data() {
     // The tip in a window of 80 x 60.
     const Rows<EDirection, EArrowPosition, QPoint, QPoint, QPoint> row("side", "position", "tip", "expected",
@@ -179,8 +162,6 @@ private Q_SLOTS:
     row("above, at the right", {100, -1, 100, 100}, {0, -1});
     row("below", {0, 0, 100, 201}, {0, 1});
     row("left, as far as an arrow slides", {-90, 0, 100, 50}, {-30, 0});
-    row("right, as far as an arrow slides", {190, 0, 100, 50}, {30, 0});
-    row("above, as far as an arrow slides", {0, -90, 50, 100}, {0, -30});
     row("below, as far as an arrow slides", {0, 190, 50, 100}, {0, 30});
   }
   void howFarOutsideAPopupIs() {
