@@ -115,6 +115,17 @@ private Q_SLOTS:
     QVERIFY(!menu->isVisible());
   }
 
+  void flyoutInAWindowOfItsOwnGoesWithTheWindowOfItsHome() {
+    auto stage = std::make_unique<MenuStage>();
+    stage->window.resize(150, 140); // too small for it
+    Vela::Test::settle();
+    stage->button->ShowMenu();
+    const QPointer<FlyoutBase> flyout = stage->flyout;
+    QVERIFY(flyout->isVisible() && flyout->window() != &stage->window);
+    stage.reset();
+    QVERIFY(!flyout);
+  }
+
   void sharedFlyoutOutlivesItsBars_data() {
     QTest::addColumn<QString>("first");
     for (const char* first : {"opener", "bar", "window", "arrowed window", "opener as it closes"})

@@ -220,8 +220,8 @@ void Hosting::windowDies(const QObject* window) {
 }
 
 void Hosting::goHome() {
-  // A dying widget is no longer in the focus chain, and cannot be given another parent.
-  if (!m_window.remains() || !m_widget || isDying(*m_widget))
+  // What is dying is no longer in the focus chain, and cannot be given another parent, nor be one.
+  if (!m_window.remains() || !m_widget || isDying(*m_widget) || (m_home && isDying(*m_home->window())))
     return;
   const QPointer<QWidget> widget(m_widget);
   widget->hide();
