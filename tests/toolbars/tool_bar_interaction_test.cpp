@@ -2,6 +2,7 @@
 #include "toolbars_fixture.h"
 
 #include <support/input.h>
+#include <support/screen_record.h>
 #include <support/test_case.h>
 #include <ui_base/menus/menu_builder.h>
 #include <ui_base/popups/flyout_base.h>
@@ -190,6 +191,7 @@ private Q_SLOTS:
     QCOMPARE(focused(), QStringLiteral("inner"));
     screen.press(Qt::Key_Right);
     QCOMPARE(focused(), QStringLiteral("inner 0"));
+    VELA_COMPARE_SCREEN("focus_in_a_nest", Vela::Test::AlsoDark);
     screen.press(Qt::Key_Escape);
     QCOMPARE(focused(), QStringLiteral("inner"));
     screen.press(Qt::Key_Escape);
@@ -257,6 +259,7 @@ private Q_SLOTS:
     auto* const last = dynamic_cast<NamedCommand*>(commands->commandBag().commandAt(11));
     QTRY_COMPARE(last->runs, 1);
     QVERIFY(shows(buttons[11]) && !shows(buttons[0]));
+    VELA_COMPARE_SCREEN("scrolled_bar", Vela::Test::OnlyAsItIs);
     QTest::keyClick(window.windowHandle(), Qt::Key_F6);
     QVERIFY(buttons[0]->hasFocus() && shows(buttons[0]));
     window.resize(700, 700);

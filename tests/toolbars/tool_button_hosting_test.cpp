@@ -3,6 +3,7 @@
 
 #include <support/rows.h>
 #include <ui_base/popups/m_dialog_base.h>
+#include <ui_base/toolbars/hosting_info.h>
 #include <ui_base/toolbars/menu_state.h>
 
 #include <QAbstractItemView>
@@ -93,6 +94,12 @@ private Q_SLOTS:
     Vela::Test::showActive(stage.otherWindow);
     click(*stage.otherButton);
     QVERIFY2(opensAt(stage.otherButton), "the one that was clicked, while it is open elsewhere");
+    HostingInfo told{menu->objectName(), {}, {}, {}, {}, stage.command->commandId(), 3, MenuState::Open};
+    told.widget = menu->objectName().isEmpty() ? menu->metaObject()->className() : menu->objectName();
+    told.home = plain ? QString() : QString("Vela::UiBase::BaseView");
+    told.window = "QWidget";
+    told.turn = "Vela::UiBase::ToolButtonWithWidgetMenu";
+    QVERIFY(hostedWidgets().contains(told));
     stage.otherButton->HideMenu();
     stage.command->trigger();
     QVERIFY2(opensAt(stage.otherButton), "the one used last, in the active window");

@@ -2,6 +2,7 @@
 #include "toolbars_fixture.h"
 
 #include <support/input.h>
+#include <support/screen_record.h>
 #include <support/test_case.h>
 #include <ui_base/toolbars/tool_bar.h>
 #include <ui_base/toolbars/tool_button.h>
@@ -180,6 +181,25 @@ private Q_SLOTS:
     QVERIFY(stage.action.isChecked() && stage.button->GetTooltipObject()->IsTooltipEnabled());
   }
 
+  void actionsAndIconsAreMadeAsTold() {
+    QWidget window;
+    window.show();
+    const QIcon files = ToolButton::CreateToolButtonIcon(":/resources/images/lock_normal.png", QString());
+    QVERIFY(!files.isNull() && ToolButton::CreateToolButtonIcon(QString(), QString()).isNull());
+    QAction* const hides = ToolButton::CreateToolButtonAction(&window, files, "Hide", "Hides it", &window,
+                                                              SLOT(hide()), true, true);
+    QVERIFY(hides->isCheckable() && hides->isChecked() && hides->toolTip() == "Hides it");
+    hides->trigger();
+    QVERIFY(window.isHidden());
+    const QAction* const plain = ToolButton::CreateToolButtonAction(&window, QString(), QString(), "A", "B");
+    QVERIFY(!plain->isCheckable() && !plain->isChecked() && plain->icon().isNull());
+    Stage stage;
+    stage.button->SetKeepIcon(true);
+    Vela::Test::moveMouse(*stage.button);
+    Vela::Test::settle();
+    QVERIFY(stage.button->KeepIcon() && shownColor(*stage.button) == QColor(Qt::red));
+  }
+
   void licenseLocksPaidCommands() {
     auto& service = Vela::License::LicenseService::Instance();
     auto provider = std::make_unique<License>();
@@ -193,6 +213,7 @@ private Q_SLOTS:
     button->show();
     const auto badge = [button] { return button->findChild<QLabel*>("lock_badge"); };
     QVERIFY(button->IsLocked() && badge() && badge()->isVisible());
+    VELA_COMPARE_SCREEN("paid_button", Vela::Test::AlsoDark);
     button->click();
     QCOMPARE(command.runs, 0);
     license->current = Vela::License::TrialLicense;

@@ -2,6 +2,7 @@
 #include "toolbars_fixture.h"
 
 #include <support/input.h>
+#include <support/screen_record.h>
 #include <support/test_case.h>
 #include <ui_base/toolbars/tool_bar.h>
 #include <ui_base/toolbars/toolbar_manager.h>
@@ -96,6 +97,7 @@ private Q_SLOTS:
                 first.right() == line.left() - 10 && last.right() < first.left());
     }
     QVERIFY(row.bar(1)->isHidden());
+    VELA_COMPARE_SCREEN(QStringLiteral("row of toolbars, ") + QTest::currentDataTag(), Vela::Test::AlsoDark);
   }
 
   void onlyTheLastOfABurstCounts() {
