@@ -1,104 +1,78 @@
 // SPDX-License-Identifier: MIT
 #include "tool_button_fixture.h"
 
+#include <support/rows.h>
 #include <support/screen_record.h>
 
-#include <QGraphicsDropShadowEffect>
-
 using namespace Vela::UiBase;
-
-namespace {
-
-void borderGroups(ToolBar& bar) {
-  bar.SetBorder(3, Qt::red, true);
-  bar.SetRoundCorner(AllRoundCorners, OuterRoundCorner, 9);
-  bar.SetGroupBackColor(Qt::yellow);
-  bar.SetGroupContentMargins({3, 4, 5, 6});
-}
-
-template <Qt::ToolBarArea area>
-void roundCorners(MenuStage& stage) {
-  stage.bar->SetArea(area);
-  stage.bar->SetBorder(2, QColor(), false);
-  stage.bar->SetRoundCorner(OuterRoundCorner, OuterRoundCorner, 12);
-  stage.bar->SetOffset({9, 7});
-}
-
-void separate(MenuStage& stage) {
-  stage.bar->SetButtonSeparatorColor(Qt::red);
-  stage.bar->SetButtonSpacing(6);
-  stage.bar->SetButtonGroupSpacing(21);
-  stage.bar->SetCentered(true);
-}
-
-template <Qt::ToolBarArea area, int width, int height>
-void narrow(MenuStage& stage) {
-  stage.bar->SetArea(area);
-  stage.window.resize(width, height);
-}
-
-void mirror(MenuStage& stage) { stage.window.setLayoutDirection(Qt::RightToLeft); }
-
-const Way<MenuStage> looks[] = {
-    {"groups", [](MenuStage& stage) { borderGroups(*stage.bar), mirror(stage); }},
-    {"left", roundCorners<Qt::LeftToolBarArea>},
-    {"right", roundCorners<Qt::RightToolBarArea>},
-    {"bottom", roundCorners<Qt::BottomToolBarArea>},
-    {"nowhere", roundCorners<Qt::NoToolBarArea>},
-    {"separators", separate},
-    {"separators, mirrored", [](MenuStage& stage) { separate(stage), mirror(stage); }},
-    {"grid", [](MenuStage& stage) { separate(stage), stage.bar->SetGridLayout(2); }},
-    {"bare, at the right",
-     [](MenuStage& stage) {
-       stage.bar->SetBackColor(Qt::transparent);
-       stage.bar->SetGroupBackColor(QColor());
-       stage.bar->SetButtonDefaultMenuParameters(false, {ArrowRight, 17, true}, Left, 13, AlignEnd, {4, 8});
-       stage.bar->SetArea(Qt::RightToolBarArea);
-     }},
-    {"texts",
-     [](MenuStage& stage) {
-       stage.bar->SetToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-       stage.bar->SetIconSize({});
-       stage.bar->SetButtonSize({});
-       stage.bar->SetButtonStyleSheet("QToolButton { background: pink; }", true);
-     }},
-    {"copied",
-     [](MenuStage& stage) {
-       const ToolBar other(&stage.window, Qt::TopToolBarArea);
-       borderGroups(const_cast<ToolBar&>(other));
-       other.GetShadow()->setBlurRadius(30);
-       stage.bar->CopyAllParametersFrom(&other);
-       stage.bar->EnableShadow(false);
-       stage.bar->EnableShadow(true);
-     }},
-    {"narrow", narrow<Qt::TopToolBarArea, 150, 300>},
-    {"narrow, mirrored",
-     [](MenuStage& stage) { narrow<Qt::BottomToolBarArea, 150, 300>(stage), mirror(stage); }},
-    {"low", narrow<Qt::LeftToolBarArea, 300, 200>},
-};
-
-} // namespace
 
 /// How a toolbar lays out and paints its buttons, and where their menus stand.
 class ToolBarLooksTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void showsItsLooks_data() { addRows(looks); }
+  void showsItsLooks_data() {
+    ToolBarParams groups, corners, separators, bare, texts;
+    groups.groupMargins = {3, 4, 5, 6};
+    groups.groupBackColor = Qt::yellow;
+    groups.borderColor = Qt::red;
+    groups.borderAroundGroups = true;
+    groups.barCorners = AllRoundCorners;
+    groups.groupCorners = corners.barCorners = corners.groupCorners = OuterRoundCorner;
+    groups.borderWidth = corners.borderWidth = 3;
+    groups.cornerRadius = corners.cornerRadius = 12;
+    corners.offset = {9, 7};
+    separators.separatorColor = Qt::red;
+    separators.buttonSpacing = 6;
+    separators.groupSpacing = 21;
+    separators.centered = true;
+    bare.backColor = Qt::transparent;
+    bare.groupBackColor = QColor();
+    bare.menu = {false, {ArrowRight, 17, true}, Left, 13, AlignEnd, {4, 8}};
+    texts.buttonStyle = Qt::ToolButtonTextUnderIcon;
+    texts.iconSize = texts.buttonSize = QSize();
+    texts.buttonStyleSheet = "QToolButton { background: pink; }";
+    const Vela::Test::Rows<Qt::ToolBarArea, bool, int, QSize, ToolBarParams> row("area", "mirrored",
+                                                                                 "columns", "size", "params");
+    const QSize wide(700, 500);
+    row("groups", Qt::TopToolBarArea, true, 0, wide, groups);
+    row("left", Qt::LeftToolBarArea, false, 0, wide, corners);
+    row("right", Qt::RightToolBarArea, false, 0, wide, corners);
+    row("bottom", Qt::BottomToolBarArea, false, 0, wide, corners);
+    row("nowhere", Qt::NoToolBarArea, false, 0, wide, corners);
+    row("separators", Qt::RightToolBarArea, false, 0, wide, separators);
+    row("separators, mirrored", Qt::TopToolBarArea, true, 0, wide, separators);
+    row("grid", Qt::TopToolBarArea, false, 2, wide, separators);
+    row("bare", Qt::RightToolBarArea, false, 0, wide, bare);
+    row("texts", Qt::TopToolBarArea, false, 0, wide, texts);
+    row("narrow", Qt::TopToolBarArea, false, 0, {150, 300}, {});
+    row("narrow, mirrored", Qt::BottomToolBarArea, true, 0, {150, 300}, {});
+    row("low", Qt::LeftToolBarArea, false, 0, {300, 200}, {});
+  }
   void showsItsLooks() {
-    QFETCH(int, way);
+    QFETCH(Qt::ToolBarArea, area);
+    QFETCH(bool, mirrored);
+    QFETCH(int, columns);
+    QFETCH(QSize, size);
+    QFETCH(ToolBarParams, params);
     MenuStage stage;
     for (const char* const group : {"first", "second"}) {
       stage.bar->AddAction(new QAction(coloredIcon(Qt::cyan), "On", stage.view), group)->setEnabled(false);
       stage.bar->AddAction(new QAction(coloredIcon(Qt::green), "Hidden", stage.view), group)->hide();
     }
-    looks[way].go(stage);
+    stage.window.resize(size);
+    stage.window.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+    stage.bar->SetArea(area);
+    stage.bar->SetGridLayout(columns);
+    ToolBar other(nullptr, area);
+    other.SetParams(params);
+    stage.bar->CopyAllParametersFrom(&other);
     Vela::Test::settle();
     stage.button->ShowMenu();
-    VELA_COMPARE_SCREEN(QStringLiteral("panel of a bar, ") + looks[way].name, Vela::Test::OnlyAsItIs);
+    VELA_COMPARE_SCREEN(QStringLiteral("panel of a bar, ") + QTest::currentDataTag(), Vela::Test::OnlyAsItIs);
     stage.button->HideMenu();
     stage.menuButton->ShowMenu();
-    VELA_COMPARE_SCREEN(QStringLiteral("menu of a bar, ") + looks[way].name, Vela::Test::AlsoDark);
+    VELA_COMPARE_SCREEN(QStringLiteral("menu of a bar, ") + QTest::currentDataTag(), Vela::Test::AlsoDark);
   }
 
   void nothingComesOfNothing() {

@@ -94,11 +94,11 @@ private Q_SLOTS:
     Vela::Test::showActive(stage.otherWindow);
     click(*stage.otherButton);
     QVERIFY2(opensAt(stage.otherButton), "the one that was clicked, while it is open elsewhere");
-    HostingInfo told{menu->objectName(), {}, {}, {}, {}, stage.command->commandId(), 3, MenuState::Open};
-    told.widget = menu->objectName().isEmpty() ? menu->metaObject()->className() : menu->objectName();
-    told.home = plain ? QString() : QString("Vela::UiBase::BaseView");
-    told.window = "QWidget";
-    told.turn = "Vela::UiBase::ToolButtonWithWidgetMenu";
+    const QString name = menu->objectName().isEmpty() ? menu->metaObject()->className() : menu->objectName();
+    const HostingInfo told{name,      plain ? "" : "Vela::UiBase::BaseView",
+                           "QWidget", "Vela::UiBase::ToolButtonWithWidgetMenu",
+                           {},        stage.command->commandId(),
+                           3,         MenuState::Open};
     QVERIFY(hostedWidgets().contains(told));
     stage.otherButton->HideMenu();
     stage.command->trigger();
