@@ -83,19 +83,12 @@ private Q_SLOTS:
     QVERIFY(!ToolBar::CreateToolButton(nullptr, stage.command, bar));
     QVERIFY(!ToolBar::CreateToolButton(&bar, nullptr, bar));
     bar.AddCommandGroup(nullptr);
-    bar.AddToolButton(nullptr);
-    bar.AddToolButton(stage.plain);
     bar.RemoveCommand(nullptr);
-    bar.AddCallbackHandler(nullptr, stage.command);
-    ToolBar::ApplyDefaultToolbarParams(nullptr, "none");
-    bar.CopyAllParametersFrom(nullptr);
     QCOMPARE(bar.Buttons(), before);
     QVERIFY(!bar.FindOneButton("", true) && !bar.FindOneButton("Inner", false) && !bar.DismissLeafMenu());
     QVERIFY(!bar.HiddenByRequest() && bar.InShowMode());
     bar.HideMe(true);
     QVERIFY(bar.HiddenByRequest() && !bar.InShowMode());
-    ToolBar::ApplyDefaultToolbarParams(&bar, "named");
-    QVERIFY(bar.objectName() == "named" && bar.accessibleName() == "named");
   }
 };
 
