@@ -5,6 +5,8 @@
 #include <ui_base/commands/cycle_checkable_command.h>
 #include <ui_base/toolbars/tool_button.h>
 
+#include <QSignalSpy>
+
 #include <random>
 
 using namespace Ids;
@@ -51,6 +53,10 @@ private Q_SLOTS:
     child->setEnabled(false); // nothing in it is enabled
     QVERIFY(!button->isEnabled() && group->isEnabled());
     child->setEnabled(true);
+    QVERIFY(button->isEnabled());
+    group->setEnabled(false);
+    QVERIFY(!button->isEnabled());
+    group->setEnabled(true);
     QVERIFY(button->isEnabled());
     f.manager->setContext(f.manager->inactiveContext());
     f.apply();
@@ -120,6 +126,57 @@ private Q_SLOTS:
     connect(group.get(), &CommandGroup::childrenChanged, group.get(), [&] { group->addCommand(again, 5); });
     QVERIFY(!group->addCommand(again, 5)); // as the other one moves, it is added
     QCOMPARE(again->holdingGroups().size(), 1);
+  }
+
+  void groupAnswersForWhatIsBelowIt() {
+    auto* const inner = groupOf(QStringLiteral("H"), {checkableCommand(b)});
+    auto* const child = checkableCommand(a, true);
+    const auto group = adoptShared(groupOf(QStringLiteral("G"), {child, inner}));
+    QVERIFY(group->hasCommand(b) && !group->hasCommand(c) && !group->getCommand(c));
+    QVERIFY(!group->getCommandGroup(c) && !group->removeCommand(QString(c)) &&
+            !group->removeCommand(&*group));
+    QVERIFY(!group->addCommand(child, 0) && !group->addCommand(std::shared_ptr<CommandBase>(), 0));
+    for (const auto& [id, holder] :
+         {std::pair(QString(b), inner), std::pair(QString(a), group.get()),
+          std::pair(group->commandId(), group.get()), std::pair(inner->commandId(), inner)})
+      QCOMPARE(group->getCommandGroup(id), holder);
+    const QMap<QString, CommandState> states{
+        {a, {1, 1}}, {b, {1, 0}}, {group->commandId(), {1, 1}}, {inner->commandId(), {1, 0}}};
+    QCOMPARE(group->commandContext().get(), states);
+    for (int i = 0; i < 2; ++i)
+      group->addAttachedCommandGroupName(QStringLiteral("x"));
+    QCOMPARE(child->attachedCommandGroupNames(), QStringList("x"));
+    group->removeAttachedCommandGroupName(QStringLiteral("x"));
+    QVERIFY(child->attachedCommandGroupNames().isEmpty() && group->attachedCommandGroupName().isEmpty());
+    QSignalSpy told(group.get(), &CommandGroup::childToBeTriggered);
+    group->uncheckChildren(true);
+    QVERIFY(told.isEmpty() && !child->isChecked() && !group->isChecked());
+    QVERIFY(group->listenToTrigger(inner, SLOT(uncheckChildren(bool))));
+    QVERIFY(!group->listenToTrigger(nullptr, SLOT(uncheckChildren(bool))) &&
+            !group->listenToTrigger(inner, nullptr));
+    child->trigger();
+    QVERIFY(told.count() > 0 && child->isChecked() && group->isChecked());
+    inner->getCommand(b)->trigger();
+    QVERIFY(!child->isChecked());
+  }
+
+  void bagsAnswerByPlaceAndByName() {
+    CommandBag bag;
+    const auto first = adoptShared<CommandBase>(new TestCommand(a));
+    const auto twin = adoptShared<CommandBase>(new TestCommand(a));
+    QVERIFY(bag.addCommand(first) && bag.insertCommand(-1, twin) && !bag.addCommand(first));
+    QVERIFY(bag.addCommand(groupOf(QStringLiteral("G"), {})) &&
+            !bag.addCommand(std::shared_ptr<CommandBase>()));
+    int index = -1;
+    QVERIFY(bag.getCommand(a, index) == twin.get() && index == 0 && bag.hasCommand(a, index) && index == 0);
+    QVERIFY(!bag.getCommand(b, index) && index == 3 && !bag.hasCommand(b, index) && !bag.commandAt(-1));
+    QVERIFY(!bag.commandAt(3) && !bag.sharedCommandAt(3) && bag.sharedCommandAt(1) == first);
+    QCOMPARE(bag.groups().size(), 1);
+    QVERIFY(bag.removeCommand(twin.get()) && !bag.removeCommand(twin.get()) && !bag.contains(twin.get()));
+    QVERIFY(bag.getCommand(a) == first.get() && bag.contains(first.get()) && !bag.removeCommand(QString(b)));
+    bag.removeCommand(groupId(QStringLiteral("G")));
+    QVERIFY(bag.groups().isEmpty() && bag.removeCommand(QString(a)) && !bag.hasCommand(a));
+    QCOMPARE(bag.count(), 0);
   }
 
   void lookUpsFollowEveryChange() {
