@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "mesh_files.h"
+#include "test_folder.h"
 #include "test_meshes.h"
 
 #include <support/rows.h>
 #include <support/test_case.h>
 #include <workbench/mesh_loader.h>
 
-#include <QTemporaryDir>
-
 #include <thread>
 
 using namespace Workbench;
 using Vela::Test::Rows;
 
-class MeshLoaderTest : public Vela::Test::TestCase {
+class MeshLoaderTest : public Vela::Test::TestCase, private Test::TestFolder {
   Q_OBJECT
 
 private Q_SLOTS:
@@ -59,13 +58,16 @@ private Q_SLOTS:
 
   void tellsWhyAFileIsNotLoaded_data() {
     const Rows<QString, QByteArray, QString> row("name", "content", "reason");
+    row("empty", "a.stl", {}, "The file is empty.");
     row("unknown format", "a.docx", "PK", "format is not known");
     row("OBJ, no such vertex", "a.obj", "v 0 0 0\nv 1 0 0\nf 1 2 7\n", "damaged");
     row("OBJ, not a number", "a.obj", "v nan 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n", "not a finite number");
     row("OFF, absurd count", "a.off", "OFF\n353535235358 6 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n", "");
     row("PLY, infinite", "a.ply", Test::storedFile("cube_text.ply").replace("\n-1 ", "\ninf "),
         "not a finite number");
+    row("PLY, brings the importer down", "a.ply", {"ply\nformat binary_\0\0", 20}, "damaged");
     row("STL, cut off", "a.stl", Test::storedFile("cube_binary.stl").left(200), "damaged");
+    row("GLB, cut off", "a.glb", Test::storedFile("placed_cube.glb").left(500), "damaged");
     const QByteArray gltf = Test::storedFile("placed_cube.gltf");
     row("glTF, no such buffer", "a.gltf",
         QByteArray(gltf).replace("data:application/octet-stream;base64,", "missing.bin?"), "damaged");
@@ -85,16 +87,6 @@ private Q_SLOTS:
       QVERIFY2(error.reason().contains(reason), qPrintable(error.reason()));
     }
   }
-
-private:
-  QString write(const QString& name, const QByteArray& content) {
-    QFile file(m_folder.filePath(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-      qFatal("cannot write %s", qPrintable(name));
-    return file.fileName();
-  }
-
-  QTemporaryDir m_folder;
 };
 
 VELA_TEST_MAIN(MeshLoaderTest)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "test_meshes.h"
 
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <workbench/mesh_loader.h>
 #include <workbench/mesh_writer.h>
@@ -16,6 +17,7 @@
 #endif
 
 using namespace Workbench;
+using Vela::Test::Rows;
 
 namespace {
 
@@ -98,9 +100,9 @@ private Q_SLOTS:
   void cleanup() { m_folder = makeFolder(); }
 
   void whatIsSavedIsReadBack_data() {
-    QTest::addColumn<QString>("name");
+    const Rows<QString> row("name");
     for (const char* name : {"a.obj", "a.ply", "a.stl", "A.STL", "Würfel √2.obj"})
-      QTest::newRow(name) << QString::fromUtf8(name);
+      row(name, name);
   }
   void whatIsSavedIsReadBack() {
     QFETCH(QString, name);
@@ -125,24 +127,13 @@ private Q_SLOTS:
 
 #ifdef Q_OS_UNIX
   void aSaveThatFailsLeavesTheOldFile_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("place"); // what is wrong
-    QTest::addColumn<QString>("reason");
+    const Rows<QString, QString, QString> row("place", "name", "reason"); // what is wrong there
     for (const char* name : {"old.obj", "old.ply", "old.stl"})
-      QTest::addRow("full disk, %s", name) << name << "full"
-                                           << "cannot be written";
-    QTest::newRow("read-only folder") << "old.obj"
-                                      << "locked"
-                                      << "no permission to write into the folder";
-    QTest::newRow("read-only file") << "old.obj"
-                                    << "protected"
-                                    << "no permission to change the file";
-    QTest::newRow("other format") << "old.off"
-                                  << ""
-                                  << "OBJ, PLY and STL";
-    QTest::newRow("cancelled") << "old.ply"
-                               << "cancelled"
-                               << "";
+      row(QByteArray("full disk, ") + name, "full", name, "cannot be written");
+    row("read-only folder", "locked", "old.obj", "no permission to write into the folder");
+    row("read-only file", "protected", "old.obj", "no permission to change the file");
+    row("other format", "", "old.off", "OBJ, PLY and STL");
+    row("cancelled", "cancelled", "old.ply", "");
   }
   void aSaveThatFailsLeavesTheOldFile() {
     QFETCH(QString, name);
@@ -195,14 +186,10 @@ private Q_SLOTS:
 #endif
 
   void tellsWhereNothingCanBeSaved_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("no folder") << "missing/a.obj"
-                               << "folder does not exist";
-    QTest::newRow("a folder") << "folder.obj"
-                              << "not a file";
-    QTest::newRow("no format") << "a"
-                               << "format is not known";
+    const Rows<QString, QString> row("name", "reason");
+    row("no folder", "missing/a.obj", "folder does not exist");
+    row("a folder", "folder.obj", "not a file");
+    row("no format", "a", "format is not known");
   }
   void tellsWhereNothingCanBeSaved() {
     QFETCH(QString, name);

@@ -12,10 +12,9 @@ using namespace Workbench;
 namespace {
 
 Mesh box(const QVector3D& from, const QVector3D& to) {
-  std::vector<QVector3D> corners = Test::cube(1).positions();
-  for (QVector3D& corner : corners)
-    corner = from + (corner + QVector3D(0.5F, 0.5F, 0.5F)) * (to - from);
-  return {corners, Test::cube(1).triangles()};
+  return Test::moved(Test::cube(1), [&](const QVector3D& p) {
+    return from + (p + QVector3D(0.5F, 0.5F, 0.5F)) * (to - from);
+  });
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 #include "test_meshes.h"
 
 #include <cmath>
-#include <functional>
 #include <numbers>
 
 namespace Workbench::Test {
@@ -48,19 +47,10 @@ Mesh cube(float edge) {
   std::vector<QVector3D> corners;
   for (int i = 0; i < 8; ++i)
     corners.emplace_back((i & 1) != 0 ? h : -h, (i & 2) != 0 ? h : -h, (i & 4) != 0 ? h : -h);
-  return {corners,
-          {{0, 2, 3},
-           {0, 3, 1},
-           {4, 5, 7},
-           {4, 7, 6},
-           {0, 1, 5},
-           {0, 5, 4},
-           {2, 6, 7},
-           {2, 7, 3},
-           {0, 4, 6},
-           {0, 6, 2},
-           {1, 3, 7},
-           {1, 7, 5}}};
+  const std::vector<Mesh::Triangle> sides = {{0, 2, 3}, {0, 3, 1}, {4, 5, 7}, {4, 7, 6},
+                                             {0, 1, 5}, {0, 5, 4}, {2, 6, 7}, {2, 7, 3},
+                                             {0, 4, 6}, {0, 6, 2}, {1, 3, 7}, {1, 7, 5}};
+  return {corners, sides};
 }
 
 Mesh square(float half, int cells, float z) {
@@ -104,6 +94,13 @@ Mesh merged(const Mesh& first, const Mesh& second) {
   for (const Mesh::Triangle& t : second.triangles())
     triangles.push_back({t[0] + offset, t[1] + offset, t[2] + offset});
   return {positions, triangles};
+}
+
+Mesh moved(const Mesh& mesh, const std::function<QVector3D(const QVector3D&)>& place) {
+  std::vector<QVector3D> positions;
+  for (const QVector3D& position : mesh.positions())
+    positions.push_back(place(position));
+  return {positions, mesh.triangles()};
 }
 
 } // namespace Workbench::Test

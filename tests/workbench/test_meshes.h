@@ -3,6 +3,8 @@
 
 #include <workbench/mesh.h>
 
+#include <functional>
+
 namespace Workbench::Test {
 
 /// An axis-aligned cube around the origin, faces outwards, 12 triangles.
@@ -15,5 +17,7 @@ Mesh blob(int rings);
 Mesh sphere(int rings);
 /// Both meshes, the triangles of @p first first.
 Mesh merged(const Mesh& first, const Mesh& second);
+/// With each point where @p place puts it.
+Mesh moved(const Mesh& mesh, const std::function<QVector3D(const QVector3D&)>& place);
 
 } // namespace Workbench::Test
