@@ -23,7 +23,7 @@ struct Outcome {
 } // namespace
 
 // Runs the program itself.
-class CommandLineTest : public Vela::Test::TestCase {
+class CommandLineTest : public Vela::Test::TestCase, private Test::TestFolder {
   Q_OBJECT
 
 private Q_SLOTS:
@@ -74,6 +74,24 @@ private Q_SLOTS:
     }
   }
 
+  void aSessionThatDiffersIsToldWhere_data() {
+    const Rows<QByteArray, int, QString> row("session", "status", "errors");
+    row("whole", "command Workbench::ShowPageCommand1 on\n  page = \"photographs\"\n", 0, "");
+    row("malformed", "command\n", 1, "Line 2: ");
+    row("grey", "\ncommand Workbench::SmoothMeshCommand\n", 1,
+        "line 3: step 1: Smooth Mesh is grey: No mesh is open.");
+    row("ended", "command Workbench::QuitCommand\n", 1, "The program ended before the session did.");
+    row("no such triangle", "operation Workbench::ModeCommand0 click left {\"triangle\":7}\n", 1,
+        "nobody can do");
+  }
+  void aSessionThatDiffersIsToldWhere() {
+    QFETCH(QByteArray, session);
+    QFETCH(QString, errors);
+    const Outcome outcome = run({"--replay", write("a.session", "session 1\n" + session)});
+    QTEST(outcome.status, "status");
+    QVERIFY2(outcome.errors.contains(errors), qPrintable(outcome.errors));
+  }
+
   void answersWithoutADisplay() {
     m_environment.insert("QT_QPA_PLATFORM", "no such platform");
     const Outcome help = run({"-platform", "xcb", "--help"});
@@ -98,16 +116,6 @@ private:
     return {program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
             QString::fromUtf8(program.readAllStandardError())};
   }
-
-  QString path(const QString& name) const { return m_folder.filePath(name); }
-  QString write(const QString& name, const QByteArray& content) {
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-      qFatal("cannot write %s", qPrintable(file.fileName()));
-    return file.fileName();
-  }
-
-  QTemporaryDir m_folder;
   QProcessEnvironment m_environment;
 };
 

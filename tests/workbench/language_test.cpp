@@ -23,21 +23,18 @@ namespace {
 
 /// The sources in a file of translations that read differently in the other language.
 QSet<QString> englishTexts(const QString& file) {
-  QFile device(file);
   QSet<QString> texts;
+  QFile device(file);
   if (!device.open(QIODevice::ReadOnly))
-    return texts;
+    qFatal("cannot read %s", qPrintable(file));
   QXmlStreamReader xml(&device);
-  QString source;
-  while (!xml.atEnd()) {
-    xml.readNext();
+  for (QString source; !xml.atEnd(); xml.readNext()) {
     if (xml.isStartElement() && xml.name() == QLatin1String("source"))
       source = xml.readElementText();
-    else if (xml.isStartElement() && xml.name() == QLatin1String("translation")) {
-      const QString translation = xml.readElementText(QXmlStreamReader::IncludeChildElements); // plurals
-      if (translation != source && !source.contains(QLatin1Char('%')))
-        texts.insert(source);
-    }
+    if (!xml.isStartElement() || xml.name() != QLatin1String("translation") || source.contains('%'))
+      continue;
+    if (xml.readElementText(QXmlStreamReader::IncludeChildElements) != source) // plurals
+      texts.insert(source);
   }
   return texts;
 }

@@ -9,7 +9,6 @@
 #include <workbench/photos/photo_view.h>
 
 #include <QToolButton>
-#include <QWheelEvent>
 
 using namespace Workbench;
 using Workbench::Test::WorkbenchFixture;
@@ -45,10 +44,6 @@ public:
   QToolButton* button(const char* objectName) {
     return photos().toolBar()->findChild<QToolButton*>(QLatin1String(objectName));
   }
-  void turnWheel(const QPointF& at) {
-    QWheelEvent event(at, photos().mapToGlobal(at), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(&photos(), &event);
-  }
 };
 
 } // namespace
@@ -70,8 +65,7 @@ private Q_SLOTS:
     };
     QTRY_COMPARE(middle(), QColor(Qt::red));
     const QPoint mesh = strip->visualItemRect(strip->item(0)).center();
-    QTest::mouseClick(bench.window().windowHandle(), Qt::LeftButton, {},
-                      strip->viewport()->mapTo(&bench.window(), mesh));
+    clickAt(*strip->viewport(), mesh);
     QTRY_VERIFY(bench.window().pages().current() == MeshPage && bench.view().hasFocus());
     for (int i = 0; i < 5 && !strip->hasFocus(); ++i)
       bench.press(Qt::Key_F6);
@@ -115,9 +109,9 @@ private Q_SLOTS:
     QVERIFY(viewport.isFit() && !bench.button("zoom_out_button")->isEnabled());
     const QPointF pointer(200, 120);
     for (int i = 0; i < 3; ++i)
-      bench.turnWheel(pointer);
+      bench.turnWheel(bench.photos(), pointer, 120);
     const QPointF seen = viewport.photoPoint(pointer);
-    bench.turnWheel(pointer);
+    bench.turnWheel(bench.photos(), pointer, 120);
     QVERIFY((viewport.photoPoint(pointer) - seen).manhattanLength() < 1e-6);
 
     const QPointF held = viewport.photoPoint(pointer);

@@ -3,6 +3,7 @@
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 
+#include <support/rows.h>
 #include <ui_base/popups/dialog_ex.h>
 #include <workbench/commands/save_mesh_command.h>
 #include <workbench/commands/smooth_mesh_command.h>
@@ -13,6 +14,7 @@
 #include <QFileDialog>
 
 using namespace Workbench;
+using Vela::Test::Rows;
 using Vela::Test::settle;
 using Vela::UiBase::DialogEx;
 
@@ -69,39 +71,26 @@ private Q_SLOTS:
   }
 
   void savesUnderAnotherName_data() {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<QString>("opened");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("written");
-    QTest::addColumn<bool>("isExport");
-    const int both = Qt::ControlModifier | Qt::ShiftModifier;
-    const int control = Qt::ControlModifier;
-    QTest::newRow("as") << int(Qt::Key_S) << both << "cube.obj"
-                        << "new.stl"
-                        << "new.stl" << false;
-    QTest::newRow("ending added") << int(Qt::Key_S) << both << "cube.obj"
-                                  << "new"
-                                  << "new.obj" << false;
-    QTest::newRow("only read") << int(Qt::Key_S) << control << "cube.off"
-                               << "new"
-                               << "new.ply" << false;
-    QTest::newRow("export") << int(Qt::Key_E) << control << "cube.obj"
-                            << "new.ply"
-                            << "new.ply" << true;
+    const Rows<Qt::Key, Qt::KeyboardModifiers, QString, QString, QString> row("key", "modifiers", "opened",
+                                                                              "typed", "written");
+    const auto both = Qt::ControlModifier | Qt::ShiftModifier;
+    row("as", Qt::Key_S, both, "cube.obj", "new.stl", "new.stl");
+    row("ending added", Qt::Key_S, both, "cube.obj", "new", "new.obj");
+    row("only read", Qt::Key_S, Qt::ControlModifier, "cube.off", "new", "new.ply");
+    row("export", Qt::Key_E, Qt::ControlModifier, "cube.obj", "new.ply", "new.ply");
   }
   void savesUnderAnotherName() {
-    QFETCH(int, key);
-    QFETCH(int, modifiers);
+    QFETCH(Qt::Key, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
     QFETCH(QString, opened);
     QFETCH(QString, typed);
     QFETCH(QString, written);
-    QFETCH(bool, isExport);
+    const bool isExport = key == Qt::Key_E;
     Bench bench;
     bench.write("cube.off", Test::offFile(Test::cube(2)));
     bench.open(bench.path(opened));
     bench.edit();
-    bench.press(Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+    bench.press(key, modifiers);
     QVERIFY(bench.chooseFile(bench.path(typed)));
     QTRY_COMPARE(bench.notification(), QStringLiteral("Saved ") + written);
     QCOMPARE(trianglesIn(bench.path(written)), std::size_t(200));
@@ -129,20 +118,17 @@ private Q_SLOTS:
   }
 
   void asksBeforeChangesAreLost_data() {
-    QTest::addColumn<QString>("way");
-    QTest::addColumn<int>("answer");
-    QTest::addColumn<std::size_t>("inFile");
-    QTest::addColumn<bool>("left");
-    for (const char* way : {"quit", "close", "open", "drop"}) {
-      QTest::addRow("%s, save", way) << way << int(Qt::Key_S) << std::size_t(200) << true;
-      QTest::addRow("%s, discard", way) << way << int(Qt::Key_D) << std::size_t(12) << true;
-      QTest::addRow("%s, cancel", way) << way << int(Qt::Key_C) << std::size_t(12) << false;
-      QTest::addRow("%s, Escape", way) << way << int(Qt::Key_Escape) << std::size_t(12) << false;
+    const Rows<QString, Qt::Key, std::size_t, bool> row("way", "answer", "inFile", "left");
+    for (const QByteArray way : {"quit", "close", "open", "drop"}) {
+      row(way + ", save", way, Qt::Key_S, 200, true);
+      row(way + ", discard", way, Qt::Key_D, 12, true);
+      row(way + ", cancel", way, Qt::Key_C, 12, false);
+      row(way + ", Escape", way, Qt::Key_Escape, 12, false);
     }
   }
   void asksBeforeChangesAreLost() {
     QFETCH(QString, way);
-    QFETCH(int, answer);
+    QFETCH(Qt::Key, answer);
     QFETCH(std::size_t, inFile);
     QFETCH(bool, left);
     Bench bench;
@@ -153,7 +139,7 @@ private Q_SLOTS:
     QVERIFY(bench.question());
     QVERIFY(bench.question()->Text().contains("cube.obj"));
     QVERIFY(bench.view().isVisible()); // what is asked about
-    bench.answer(Qt::Key(answer));
+    bench.answer(answer);
     QTRY_VERIFY(!bench.question());
     if (way == "open" || way == "drop")
       QTRY_COMPARE(bench.triangles(), std::size_t(left ? 2 : 200));
@@ -185,12 +171,11 @@ private Q_SLOTS:
   }
 
   void asksBeforeWorkIsLost_data() {
-    QTest::addColumn<bool>("quits");
-    QTest::addColumn<bool>("stops");
-    for (const bool quits : {true, false}) {
-      for (const bool stops : {true, false})
-        QTest::addRow("%s, %s", quits ? "quit" : "open", stops ? "stop" : "cancel") << quits << stops;
-    }
+    const Rows<bool, bool> row("quits", "stops");
+    row("quit, stop", true, true);
+    row("quit, cancel", true, false);
+    row("open, stop", false, true);
+    row("open, cancel", false, false);
   }
   void asksBeforeWorkIsLost() {
     QFETCH(bool, quits);

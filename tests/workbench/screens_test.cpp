@@ -17,17 +17,19 @@
 
 using namespace Workbench;
 using namespace Vela::UiBase;
-using Test::WorkbenchFixture;
+using Bench = Test::WorkbenchFixture;
+using Vela::Test::click;
+using Vela::Test::moveMouse;
 using Vela::Test::settle;
 
 namespace {
 
-using Open = std::function<void(WorkbenchFixture&)>;
+using Open = std::function<void(Bench&)>;
 
 QRect globalRect(const QWidget& widget) { return {widget.mapToGlobal(QPoint(0, 0)), widget.size()}; }
 
 /// What has opened: windows of their own, and what lies over the view.
-QWidgetList opened(WorkbenchFixture& bench) {
+QWidgetList opened(Bench& bench) {
   QWidgetList all;
   for (QWidget* const widget : QApplication::topLevelWidgets()) {
     if (widget->isVisible() && widget != &bench.window())
@@ -42,7 +44,7 @@ QWidgetList opened(WorkbenchFixture& bench) {
   return all;
 }
 
-bool liesRight(const QWidget& popup, WorkbenchFixture& bench) {
+bool liesRight(const QWidget& popup, Bench& bench) {
   const QRect area = popup.isWindow() ? bench.window().screen()->geometry() : globalRect(bench.window());
   return area.contains(globalRect(popup)) && popup.devicePixelRatioF() == bench.window().devicePixelRatioF();
 }
@@ -63,25 +65,21 @@ class ScreensTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void whatOpensStaysWithItsWindow_data() {
     const Vela::Test::Rows<Open> row("open");
-    row("menu", [](WorkbenchFixture& bench) { bench.press(Qt::Key_H, Qt::AltModifier); });
-    row("sub-menu", [](WorkbenchFixture& bench) {
+    row("menu", [](Bench& bench) { bench.press(Qt::Key_H, Qt::AltModifier); });
+    row("sub-menu", [](Bench& bench) {
       bench.press(Qt::Key_T, Qt::AltModifier);
       bench.press(Qt::Key_Up);
       bench.press(Qt::Key_Right);
     });
-    row("menu of a button",
-        [](WorkbenchFixture& bench) { Vela::Test::click(*bench.window().findChild<UnitButton*>()); });
-    row("tooltip",
-        [](WorkbenchFixture& bench) { Vela::Test::moveMouse(*bench.bars().mainBar()->Buttons().first()); });
-    row("flyout",
-        [](WorkbenchFixture& bench) { bench.press(Qt::Key_M, Qt::ControlModifier | Qt::AltModifier); });
-    row("sub-toolbar",
-        [](WorkbenchFixture& bench) { Vela::Test::click(*firstGroupButton(*bench.bars().panel())); });
+    row("menu of a button", [](Bench& bench) { click(*bench.window().findChild<UnitButton*>()); });
+    row("tooltip", [](Bench& bench) { moveMouse(*bench.bars().mainBar()->Buttons().first()); });
+    row("flyout", [](Bench& bench) { bench.press(Qt::Key_M, Qt::ControlModifier | Qt::AltModifier); });
+    row("sub-toolbar", [](Bench& bench) { click(*firstGroupButton(*bench.bars().panel())); });
   }
   void whatOpensStaysWithItsWindow() {
     QFETCH(Open, open);
     QCOMPARE(QGuiApplication::screens().size(), 2);
-    WorkbenchFixture bench({700, 500});
+    Bench bench({700, 500});
     bench.show(Test::blob(8));
     const auto allLieRight = [&bench] {
       const QWidgetList all = opened(bench);
@@ -100,7 +98,7 @@ private Q_SLOTS:
       QVERIFY(allLieRight()); // or has closed
       for (int i = 0; i < 3 && !opened(bench).isEmpty(); ++i)
         bench.press(Qt::Key_Escape);
-      Vela::Test::moveMouse(bench.view());
+      moveMouse(bench.view());
       QTRY_VERIFY(opened(bench).isEmpty());
     }
   }

@@ -5,7 +5,6 @@
 #include <support/rows.h>
 #include <ui_base/notifications/floating_widget.h>
 #include <ui_base/toolbars/action_panel.h>
-#include <ui_base/toolbars/toolbar_manager.h>
 #include <workbench/commands/volume_panel_command.h>
 
 #include <QApplication>
@@ -37,23 +36,19 @@ private Q_SLOTS:
     bench.press(Qt::Key_A, Qt::ControlModifier); // the bar of the selection
     bench.controller().showNotification("What has been done to the mesh at last", NotificationWarning);
     bench.resize(size);
-    const auto selectionBar = [&bench]() -> const ToolBar* {
-      for (const ToolBar* const bar : bench.view().findChildren<ToolBar*>()) {
-        if (!bar->property(qPrintable(ToolbarManager::COMMANDGROUP_PROPERTY)).toString().isEmpty())
-          return bar;
+    const auto floating = [&bench] {
+      QWidgetList all;
+      for (QWidget* const each : bench.view().findChildren<QWidget*>()) {
+        if (each->isVisible() && (qobject_cast<ToolBar*>(each) || qobject_cast<FloatingWidget*>(each)))
+          all += each;
       }
-      return nullptr;
+      return all;
     };
-    QTRY_VERIFY(selectionBar() && selectionBar()->isVisible());
+    QTRY_COMPARE(floating().size(), 5);
     QTRY_COMPARE(bench.bars().mainBar()->x(), (bench.view().width() - bench.bars().mainBar()->width()) / 2);
-    QList<const QWidget*> floating{bench.bars().mainBar(), bench.bars().panel(), selectionBar()};
-    for (const FloatingWidget* const widget : bench.view().findChildren<FloatingWidget*>())
-      floating += widget;
-    QCOMPARE(floating.size(), 5);
-    for (const QWidget* const widget : floating) {
-      QVERIFY(widget->isVisible());
+    for (const QWidget* const widget : floating()) {
       QVERIFY(bench.view().rect().contains(widget->geometry()));
-      for (const QWidget* const other : floating)
+      for (const QWidget* const other : floating())
         QVERIFY(widget == other || !widget->geometry().intersects(other->geometry()));
     }
   }

@@ -4,11 +4,8 @@
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 
-#include <support/input.h>
 #include <ui_base/tools/interactive_tool.h>
 #include <workbench/commands/mode_command.h>
-
-#include <QWheelEvent>
 
 namespace Workbench::Test {
 
@@ -21,32 +18,6 @@ public:
     camera.orbit(-camera.yaw(), -camera.pitch());
     view().setCamera(camera);
     QTRY_VERIFY(view().isSettled());
-  }
-
-  void click(Qt::MouseButton button, const QPoint& at, Qt::KeyboardModifiers modifiers = {}) {
-    Vela::Test::clickAt(view(), at, button, modifiers);
-  }
-  void doubleClick(const QPoint& at) {
-    QTest::mouseDClick(window().windowHandle(), Qt::LeftButton, {}, Vela::Test::inWindow(view(), at));
-  }
-  // Holds the button at the end.
-  void pull(Qt::MouseButton button, const QPoint& from, const QPoint& to,
-            Qt::KeyboardModifiers modifiers = {}) {
-    QTest::mousePress(window().windowHandle(), button, modifiers, Vela::Test::inWindow(view(), from));
-    Vela::Test::moveMouse(view(), (from + to) / 2);
-    Vela::Test::moveMouse(view(), to);
-  }
-  void drag(Qt::MouseButton button, const QPoint& from, const QPoint& to,
-            Qt::KeyboardModifiers modifiers = {}) {
-    pull(button, from, to, modifiers);
-    release(button, to, modifiers);
-  }
-  void release(Qt::MouseButton button, const QPoint& at, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::mouseRelease(window().windowHandle(), button, modifiers, Vela::Test::inWindow(view(), at));
-  }
-  void wheel(const QPoint& at, int delta) {
-    QWheelEvent event(at, view().mapToGlobal(at), {}, {0, delta}, {}, {}, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(&view(), &event);
   }
 
   /// Where a point of the scene is seen.
@@ -71,11 +42,7 @@ public:
 
 private:
   static Mesh squareAt(float x) {
-    const Mesh middle = square(1, 2);
-    std::vector<QVector3D> positions = middle.positions();
-    for (QVector3D& position : positions)
-      position.setX(position.x() + x);
-    return {positions, middle.triangles()};
+    return moved(square(1, 2), [x](const QVector3D& p) { return p + QVector3D(x, 0, 0); });
   }
 };
 

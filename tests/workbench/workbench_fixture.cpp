@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "workbench_fixture.h"
 
-#include <support/input.h>
 #include <ui_base/notifications/notification_bar.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/config_manager.h>
@@ -14,6 +13,7 @@
 #include <QFileDialog>
 #include <QMimeData>
 #include <QSignalSpy>
+#include <QWheelEvent>
 #include <QWindow>
 
 namespace Workbench::Test {
@@ -61,13 +61,6 @@ void WorkbenchFixture::resize(const QSize& size) {
   Vela::Test::settle();
 }
 
-QString WorkbenchFixture::write(const QString& name, const QByteArray& content) {
-  QFile file(path(name));
-  if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-    qFatal("cannot write %s", qPrintable(file.fileName()));
-  return file.fileName();
-}
-
 void WorkbenchFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
   QWidget* target = &window();
   if (QWidget* const popup = QApplication::activePopupWidget()) {
@@ -79,6 +72,11 @@ void WorkbenchFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     QVERIFY(QTest::qWaitFor([dialog] { return QApplication::activeWindow() == dialog; }));
   }
   QTest::keyClick(target->windowHandle(), key, modifiers);
+}
+
+void WorkbenchFixture::turnWheel(QWidget& widget, const QPointF& at, int delta) {
+  QWheelEvent event(at, widget.mapToGlobal(at), {}, {0, delta}, {}, {}, Qt::NoScrollPhase, false);
+  QCoreApplication::sendEvent(&widget, &event);
 }
 
 QFileDialog* WorkbenchFixture::fileDialog() {

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "test_folder.h"
+
+#include <support/input.h>
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/kernel.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
@@ -11,14 +14,12 @@
 #include <workbench/toolbars/mesh_tool_bars.h>
 #include <workbench/workbench_app.h>
 
-#include <QTemporaryDir>
-
 class QFileDialog;
 
 namespace Workbench::Test {
 
 /// The workbench as the program starts it, with settings and files of its own, driven through its windows.
-class WorkbenchFixture {
+class WorkbenchFixture : public TestFolder {
 public:
   /// Starts it in a window of this size, and gives that the keyboard.
   explicit WorkbenchFixture(const QSize& size = {400, 300});
@@ -32,10 +33,6 @@ public:
   MeshViewController& controller() { return *window().controller(); }
   void end() { m_kernel.stop(); }
 
-  /// Writes a mesh file. @return its path.
-  QString write(const QString& name, const QByteArray& content);
-  QString path(const QString& name) const { return m_folder.filePath(name); }
-
   template <typename Command>
   Command* command() {
     return controller().findCommand<Command>();
@@ -44,6 +41,29 @@ public:
   bool isEnabled(const QString& id) { return controller().findCommand(id)->isEnabled(); }
 
   void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+  /// The mouse, on the mesh view.
+  void click(Qt::MouseButton button, const QPoint& at, Qt::KeyboardModifiers modifiers = {}) {
+    Vela::Test::clickAt(view(), at, button, modifiers);
+  }
+  void doubleClick(const QPoint& at) {
+    QTest::mouseDClick(window().windowHandle(), Qt::LeftButton, {}, Vela::Test::inWindow(view(), at));
+  }
+  /// Holds the button at the end.
+  void pull(Qt::MouseButton button, const QPoint& from, const QPoint& to,
+            Qt::KeyboardModifiers modifiers = {}) {
+    QTest::mousePress(window().windowHandle(), button, modifiers, Vela::Test::inWindow(view(), from));
+    Vela::Test::moveMouse(view(), (from + to) / 2);
+    Vela::Test::moveMouse(view(), to);
+  }
+  void drag(Qt::MouseButton button, const QPoint& from, const QPoint& to,
+            Qt::KeyboardModifiers modifiers = {}) {
+    pull(button, from, to, modifiers);
+    release(button, to, modifiers);
+  }
+  void release(Qt::MouseButton button, const QPoint& at, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::mouseRelease(window().windowHandle(), button, modifiers, Vela::Test::inWindow(view(), at));
+  }
+  void turnWheel(QWidget& widget, const QPointF& at, int delta);
   /// The file dialog that is open, waited for.
   QFileDialog* fileDialog();
   /// Types a path into the file dialog and accepts it.
@@ -62,7 +82,6 @@ public:
   std::size_t triangles() { return view().mesh().triangles().size(); }
 
 private:
-  QTemporaryDir m_folder;
   Taren::Core::Kernel m_kernel;
   std::shared_ptr<WorkbenchApp> m_app;
 };
