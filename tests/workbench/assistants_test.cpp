@@ -3,7 +3,6 @@
 #include "workbench_fixture.h"
 
 #include <support/rows.h>
-#include <support/test_case.h>
 #include <ui_base/assistants/audit.h>
 #include <ui_base/assistants/shortcut_editor.h>
 #include <vlk_app_service/application_service.h>

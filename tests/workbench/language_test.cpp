@@ -2,7 +2,6 @@
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 
-#include <support/test_case.h>
 #include <ui_base/popups/flyout_base.h>
 #include <workbench/commands/history_command.h>
 #include <workbench/commands/language_command.h>
