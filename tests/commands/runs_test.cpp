@@ -120,13 +120,17 @@ private Q_SLOTS:
     AsyncFixture f;
     QList<quint64> stopped;
     QList<bool> parents;
+    QList<double> progress;
     f.command->work = [&](bool) {
       f.other->onExecute(); // a run within gives way to the outer one
       const CommandRun run = CommandRun::current();
       parents += newest().parent == run.id();
       if (run.stopToken().stop_requested())
         stopped += run.id();
-      run.setProgress(2);
+      for (const double given : {-1.0, 0.05, 2.0}) {
+        run.setProgress(given);
+        progress += run.progress();
+      }
       return true;
     };
     f.command->trigger();
@@ -139,7 +143,7 @@ private Q_SLOTS:
     QCOMPARE(stopped, QList<quint64>{runs[1].id()});
     QCOMPARE(parents, QList<bool>(2, true));
     QVERIFY(runs[0].canBeStopped() && !runs[0].isUnderway());
-    QCOMPARE(runs[0].progress(), 1.0);
+    QCOMPARE(progress.first(3), (QList{0.0, 0.05, 1.0}));
   }
 
   void logAndModelAreForAnyThread() {

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include <support/test_case.h>
+#include <ui_base/core/language.h>
+
+#include <QLabel>
+#include <QPointer>
+
+using namespace Vela::UiBase;
+
+class LanguageTest : public Vela::Test::TestCase {
+  Q_OBJECT
+
+private Q_SLOTS:
+  void textsAreToldAgainWhileTheirOwnerLives() {
+    LanguageTranslator translator;
+    const QPointer<QObject> owner = new QObject;
+    int told = 0;
+    keepTranslated(owner, [&told] { ++told; });
+    keepTranslated(nullptr, [&told] { ++told; }); // once, as there is nobody to live
+    QCOMPARE(told, 2);
+    translator.setLocale(QLocale::c());
+    QCOMPARE(told, 3);
+    keepTranslated(owner, [&told, owner] {
+      ++told;
+      delete owner;
+    });
+    translator.setLocale(QLocale::c());
+    QCOMPARE(told, 4);
+  }
+
+  void textsOfALanguageComeAndGo() {
+    QLabel label;
+    QLabel own;
+    own.setLocale(QLocale::French);
+    {
+      LanguageTranslator translator;
+      translator.setLocale(QLocale::German);
+      QVERIFY(!translator.isEmpty() && translator.locale() == QLocale::German);
+      QCOMPARE(QCoreApplication::translate("Vela::UiBase::FlyoutBase", "Apply"), QString("Anwenden"));
+      QCOMPARE(label.locale().language(), QLocale::German);
+      QCOMPARE(own.locale().language(), QLocale::French);
+      translator.setLocale(QLocale::English);
+      QVERIFY(translator.isEmpty());
+      QCOMPARE(label.locale().language(), QLocale::English);
+      translator.setLocale(QLocale::German);
+    }
+    QCOMPARE(QCoreApplication::translate("Vela::UiBase::FlyoutBase", "Apply"), QString("Apply"));
+    QLocale::setDefault(QLocale::c());
+  }
+
+  void mnemonicsAreNotRead() {
+    QCOMPARE(withoutMnemonic("&Open"), QString("Open"));
+    QCOMPARE(withoutMnemonic("Cut && &paste &"), QString("Cut & paste "));
+  }
+};
+
+VELA_TEST_MAIN(LanguageTest)
+#include "language_test.moc"
