@@ -68,8 +68,10 @@ private Q_SLOTS:
       }
       dispatcher.runAll();
       inspector.show();
-      for (const QTableView* const each : tables)
+      for (const QTableView* const each : tables) {
         new QAbstractItemModelTester(each->model(), each->model());
+        QVERIFY(!each->model()->headerData(0, Qt::Horizontal).toString().isEmpty());
+      }
       QCOMPARE(rows(), 2);
       QSignalSpy resets(table->model(), &QAbstractItemModel::modelReset);
       QVERIFY(!resets.wait(600)); // nothing has changed, in neither window

@@ -150,6 +150,12 @@ private Q_SLOTS:
     const QSignalSpy cancelled(&dialog, &MDialogBase::CancelChanges);
     const QSignalSpy closed(&dialog, &MDialogBase::CloseFlyout);
     const QSignalSpy flyoutClosed(flyout, &FlyoutBase::CloseFlyout);
+    const QSignalSpy applied(&dialog, &MDialogBase::ApplyChanges);
+    const QSignalSpy reset(&dialog, &MDialogBase::ResetValues);
+    openDialog(dialog);
+    buttonSaying(dialog, "Reset")->click();
+    buttonSaying(dialog, "Apply")->click();
+    QVERIFY(applied.size() == 1 && reset.size() == 1);
     const std::function<void()> ways[] = {[&] { flyout->Cancel(); }, [&] { flyout->CloseMe(); },
                                           [&] { dialog.CloseMe(); },
                                           [&] {
