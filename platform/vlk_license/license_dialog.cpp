@@ -9,6 +9,7 @@
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -105,8 +106,12 @@ void LicenseDialog::buildLayout() {
 
 void LicenseDialog::applyLooks() {
   const auto& styles = Resource::Styles::Instance();
+  const QPointer<QWidget> focused(focusWidget());
   setPalette(styles.widgetPalette());
   setStyleSheet(styles.DialogGeneral());
+  // The box hides its buttons and shows them again when the style changes.
+  if (focused && focusWidget() != focused)
+    focused->setFocus(Qt::OtherFocusReason);
   m_productPage->setText(productPageText());
   showMessage(m_message->text(), m_messageIsError);
 }

@@ -2,12 +2,14 @@
 #include <support/input.h>
 #include <support/rows.h>
 #include <support/test_case.h>
+#include <vlk_common_res/styles.h>
 #include <vlk_license/license_service.h>
 
 #include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTimer>
 
@@ -112,7 +114,15 @@ private Q_SLOTS:
     };
     const auto badKeyThen = [](const char* key) {
       return [=](QDialog* dialog) {
-        type(dialog, "BAD-KEY\r");
+        const QPointer<QWidget> field = dialog->focusWidget();
+        auto* const activate = dialog->findChild<QPushButton*>("license_activate_button");
+        type(dialog, "BAD");
+        activate->setFocus();
+        for (const auto palette : {Vela::Resource::Dark, Vela::Resource::Light})
+          Vela::Resource::Styles::Instance().setPalette(palette);
+        QCOMPARE(dialog->focusWidget(), activate);
+        field->setFocus();
+        type(dialog, "-KEY\r");
         QCOMPARE(dialog->findChild<QLabel*>("license_error_label")->text(), "No such key.");
         type(dialog, key); // in place of the bad one
         Vela::Test::pressKey(*dialog, Qt::Key_Escape);
