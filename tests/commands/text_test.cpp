@@ -4,9 +4,9 @@
 #include <support/test_case.h>
 #include <ui_base/commands/command_group.h>
 #include <ui_base/commands/text.h>
-#include <ui_base/core/language.h>
 
 #include <QHash>
+#include <QTranslator>
 
 using namespace Vela::UiBase;
 
@@ -75,39 +75,6 @@ private Q_SLOTS:
     connect(group.get(), &QAction::changed, this, [&group] { group.reset(); });
     const Words german;
     QVERIFY(!group);
-  }
-
-  void whatWasKeptTranslatedEndsWithItsOwner() {
-    auto owner = std::make_unique<QObject>();
-    int calls = 0;
-    keepTranslated(owner.get(), [&calls] { ++calls; });
-    QCOMPARE(calls, 1);
-    {
-      const Words german;
-      QCOMPARE(calls, 2);
-      owner.reset();
-    }
-    QCOMPARE(calls, 2);
-  }
-
-  void oneTranslatorSpeaksForLibraryAndQt() {
-    const QLocale before;
-    QWidget window;
-    {
-      LanguageTranslator translator;
-      translator.addQtTexts();
-      int changes = 0;
-      keepTranslated(&window, [&changes] { ++changes; });
-      translator.setLocale(QLocale(QLocale::German));
-      if (translator.isEmpty())
-        QSKIP("built without lrelease");
-      QCOMPARE(changes, 2);
-      QCOMPARE(QCoreApplication::translate("Vela::UiBase::FlyoutBase", "Apply"), QStringLiteral("Anwenden"));
-      QCOMPARE(window.locale().language(), QLocale::German);
-      translator.setLocale(QLocale(QLocale::English));
-      QCOMPARE(QCoreApplication::translate("Vela::UiBase::FlyoutBase", "Apply"), QStringLiteral("Apply"));
-    }
-    QLocale::setDefault(before);
   }
 };
 
