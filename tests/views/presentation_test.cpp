@@ -7,6 +7,21 @@ using Vela::Test::settle;
 using Screen = Vela::Test::PresentationScreen;
 using namespace Vela::UiBase;
 
+namespace {
+
+/// Calls back once when something in it is taken away.
+struct Place : QWidget {
+  std::function<void()> left;
+
+protected:
+  void childEvent(QChildEvent* event) override {
+    if (event->removed() && left)
+      std::exchange(left, nullptr)();
+  }
+};
+
+} // namespace
+
 /// Who is told what when views are presented, and what the calls answer.
 class PresentationTest : public Vela::Test::TestCase {
   Q_OBJECT
@@ -88,6 +103,22 @@ private Q_SLOTS:
     screen.view("b")->close(); // it is about to be deleted
     screen.run("a>b");
     QCOMPARE(screen.answers, "10");
+  }
+
+  void whatAViewLeavesCannotMoveItElsewhere() {
+    for (const bool seen : {false, true}) { // Qt announces only a move of what was seen
+      for (const char* const acts : {"b>a", "d>b"}) {
+        Screen screen;
+        Place place;
+        screen.view("b")->setParent(&place);
+        screen.view("b")->show();
+        place.setVisible(seen);
+        place.left = [&] { screen.run(acts); };
+        screen.run("a>b");
+        QCOMPARE(screen.answers, "01");
+        QCOMPARE(screen.view("b")->parentWidget(), screen.view("a"));
+      }
+    }
   }
 
   void presentationCanBeAskedFor() {

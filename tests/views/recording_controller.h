@@ -3,6 +3,7 @@
 
 #include <ui_base/views/base_view_controller.h>
 
+#include <QDragEnterEvent>
 #include <QHash>
 #include <QStringList>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QMenu>
 #include <QObject>
 #include <QPointer>
 
-class QMenu;
 class QToolButton;
 
 namespace Vela::UiBase {
