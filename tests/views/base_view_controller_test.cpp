@@ -55,6 +55,16 @@ private Q_SLOTS:
     QVERIFY(screen.rootIsTaken);
   }
 
+  void controllerLivesUntilItHasHandledItsEvent() {
+    for (const char* const end : {"ax", "a=b"}) {
+      Screen screen;
+      bool lived = false;
+      screen.controller("a")->on["key"] = [&] { lived = (screen.run(end), screen.controller("a")); };
+      QTest::keyPress(screen.handle(), Qt::Key_K);
+      QVERIFY(lived && !screen.controller("a"));
+    }
+  }
+
   void altReleaseIsSynthesizedOnDeactivation() {
     for (const auto& [last, told] : {std::pair{Qt::Key_Alt, ", a keyup"}, {Qt::Key_A, ""}}) {
       Screen screen;
