@@ -8,13 +8,6 @@
 #include <ui_base/toolbars/tool_bar.h>
 #include <ui_base/views/base_view.h>
 
-#include <QLabel>
-#include <QMenu>
-#include <QMenuBar>
-#include <QPushButton>
-#include <QStackedWidget>
-#include <QVBoxLayout>
-
 #include <commands/commands_fixture.h>
 
 using namespace Vela::UiBase;

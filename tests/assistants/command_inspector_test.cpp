@@ -10,14 +10,6 @@
 #include <ui_base/tooltips/default_tooltip.h>
 #include <ui_base/views/base_view.h>
 
-#include <QAbstractItemModelTester>
-#include <QHelpEvent>
-#include <QSignalSpy>
-#include <QTabWidget>
-#include <QTableView>
-#include <QToolButton>
-#include <QToolTip>
-
 #include <commands/commands_fixture.h>
 
 using namespace Vela::UiBase;

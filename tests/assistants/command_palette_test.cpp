@@ -7,12 +7,6 @@
 #include <ui_base/commands/command_group.h>
 #include <ui_base/views/base_view.h>
 
-#include <QAbstractItemModelTester>
-#include <QLineEdit>
-#include <QListView>
-#include <QPushButton>
-#include <QVBoxLayout>
-
 #include <commands/commands_fixture.h>
 
 using namespace Vela::UiBase;

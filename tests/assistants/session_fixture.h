@@ -12,10 +12,6 @@
 #include <ui_base/tools/operation_log.h>
 #include <ui_base/views/base_view.h>
 
-#include <QApplication>
-#include <QDialog>
-#include <QSignalSpy>
-
 #include <commands/commands_fixture.h>
 
 namespace Vela::UiBase {

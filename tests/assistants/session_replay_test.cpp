@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "session_fixture.h"
 
-#include <QPolygonF>
-#include <QTemporaryDir>
-
 using namespace Vela::UiBase;
 
 /// Sessions that are recorded and replayed.

@@ -3,12 +3,6 @@
 
 #include <support/rows.h>
 
-#include <QMatrix4x4>
-#include <QQuaternion>
-#include <QRandomGenerator>
-#include <QTimer>
-#include <QUrl>
-
 using namespace Vela::UiBase;
 
 /// Sessions that are written, read, recorded and replayed.

@@ -10,19 +10,6 @@
 #include <ui_base/popups/m_dialog_base.h>
 #include <ui_base/views/base_view.h>
 
-#include <QAbstractItemModelTester>
-#include <QKeySequenceEdit>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QPushButton>
-#include <QShortcut>
-#include <QSignalSpy>
-#include <QStackedWidget>
-#include <QTemporaryDir>
-#include <QTreeView>
-#include <QVBoxLayout>
-
 #include <commands/commands_fixture.h>
 
 using namespace Vela::UiBase;

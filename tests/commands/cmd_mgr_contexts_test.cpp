@@ -3,8 +3,6 @@
 
 #include <support/test_case.h>
 
-#include <QRegularExpression>
-
 #include <atomic>
 #include <stdexcept>
 #include <thread>

@@ -5,8 +5,6 @@
 #include <ui_base/commands/cycle_checkable_command.h>
 #include <ui_base/toolbars/tool_button.h>
 
-#include <QSignalSpy>
-
 #include <random>
 
 using namespace Ids;

@@ -4,10 +4,6 @@
 #include <support/test_case.h>
 #include <vlk_license/license_service.h>
 
-#include <QApplication>
-#include <QRegularExpression>
-#include <QTimer>
-
 #include <stdexcept>
 #include <thread>
 

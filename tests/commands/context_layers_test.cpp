@@ -7,9 +7,6 @@
 #include <ui_base/popups/flyout_base.h>
 #include <ui_base/views/base_view.h>
 
-#include <QActionGroup>
-#include <QSpinBox>
-
 #include <random>
 #include <thread>
 

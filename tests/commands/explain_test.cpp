@@ -9,12 +9,6 @@
 #include <ui_base/tooltips/tooltip_object.h>
 #include <ui_base/tooltips/tooltip_reason.h>
 
-#include <QAccessible>
-#include <QActionGroup>
-#include <QHelpEvent>
-#include <QMenu>
-#include <QToolTip>
-
 using namespace Vela::UiBase;
 
 namespace {

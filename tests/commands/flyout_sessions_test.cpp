@@ -7,9 +7,6 @@
 #include <ui_base/toolbars/tool_bar.h>
 #include <ui_base/toolbars/tool_button_with_widget_menu.h>
 
-#include <QSpinBox>
-#include <QVBoxLayout>
-
 using namespace Vela::UiBase;
 
 namespace {

@@ -5,9 +5,6 @@
 #include <ui_base/commands/run_log.h>
 #include <ui_base/commands/run_model.h>
 
-#include <QAbstractItemModelTester>
-#include <QPushButton>
-
 #include <new>
 #include <stdexcept>
 

@@ -5,9 +5,6 @@
 #include <ui_base/commands/command_group.h>
 #include <ui_base/commands/text.h>
 
-#include <QHash>
-#include <QTranslator>
-
 using namespace Vela::UiBase;
 
 namespace {

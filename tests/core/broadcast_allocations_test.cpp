@@ -2,8 +2,6 @@
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/i_dispatcher.h>
 
-#include <QCoreApplication>
-
 #include <core/note_protocol.h>
 #include <cstdlib>
 #include <new>

@@ -2,10 +2,6 @@
 #include <support/test_case.h>
 #include <ui_base/core/language.h>
 
-#include <QFile>
-#include <QLabel>
-#include <QPointer>
-
 using namespace Vela::UiBase;
 
 class LanguageTest : public Vela::Test::TestCase {

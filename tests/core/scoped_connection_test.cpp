@@ -2,8 +2,6 @@
 #include <support/test_case.h>
 #include <ui_base/core/scoped_connection.h>
 
-#include <QSignalSpy>
-
 using Vela::UiBase::ScopedConnection;
 
 namespace {

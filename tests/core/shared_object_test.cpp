@@ -2,8 +2,6 @@
 #include <support/test_case.h>
 #include <ui_base/core/shared_object.h>
 
-#include <QObject>
-
 using namespace Taren::Objects;
 
 namespace {

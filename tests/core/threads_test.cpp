@@ -3,10 +3,6 @@
 #include <tqm_mesh_kernel/dispatch.h>
 #include <ui_base/core/shared_object.h>
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QThread>
-
 #include <atomic>
 #include <core/note_protocol.h>
 #include <thread>

@@ -7,10 +7,6 @@
 #include <ui_base/toolbars/tool_button.h>
 #include <ui_base/views/base_view.h>
 
-#include <QApplication>
-#include <QTimer>
-#include <QWindow>
-
 using namespace Vela::UiBase;
 
 namespace {

@@ -4,8 +4,6 @@
 #include <support/rows.h>
 #include <support/screen_record.h>
 
-#include <QScreen>
-
 using namespace Vela::UiBase;
 using Vela::Test::settle;
 

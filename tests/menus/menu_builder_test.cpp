@@ -4,10 +4,6 @@
 #include <support/rows.h>
 #include <support/screen_record.h>
 
-#include <QAccessible>
-#include <QMenuBar>
-#include <QSignalSpy>
-
 using namespace Vela::UiBase;
 using Vela::Test::settle;
 

@@ -4,14 +4,6 @@
 #include <support/test_case.h>
 #include <ui_base/menus/menu_builder.h>
 
-#include <QAction>
-#include <QApplication>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QMenu>
-#include <QTest>
-#include <QToolButton>
-
 class Receiver : public QObject {
   Q_OBJECT
 

@@ -3,13 +3,6 @@
 #include <support/test_case.h>
 #include <ui_base/menus/rc_menu_manager.h>
 
-#include <QMainWindow>
-#include <QMenu>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTimer>
-#include <QToolButton>
-
 using namespace Vela::UiBase;
 using Vela::Test::settle;
 

@@ -4,8 +4,6 @@
 #include <support/test_case.h>
 #include <ui_base/notifications/floating_widget.h>
 
-#include <QMouseEvent>
-
 using namespace Vela::UiBase;
 using Vela::Test::Rows;
 using Vela::Test::settle;

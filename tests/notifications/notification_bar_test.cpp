@@ -4,12 +4,6 @@
 #include <support/screen_record.h>
 #include <support/test_case.h>
 
-#include <QAccessible>
-#include <QGraphicsEffect>
-#include <QLabel>
-#include <QSignalSpy>
-#include <QTranslator>
-
 using namespace Vela::UiBase;
 using namespace Vela::Test;
 

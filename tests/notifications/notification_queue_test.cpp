@@ -3,9 +3,6 @@
 #include <support/test_case.h>
 #include <ui_base/notifications/notification_queue.h>
 
-#include <QRandomGenerator>
-#include <QSet>
-
 using namespace Vela::UiBase;
 
 namespace {

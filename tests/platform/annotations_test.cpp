@@ -5,9 +5,6 @@
 #include <vgsobjects/point_object.h>
 #include <vgsobjects/text_object.h>
 
-#include <QImage>
-#include <QPainter>
-
 using namespace Vela::Graphics;
 using namespace Vela::Common;
 

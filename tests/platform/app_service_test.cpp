@@ -4,10 +4,6 @@
 #include <vlk_app_service/config_manager.h>
 #include <vlk_app_service/shutdown_protocol.h>
 
-#include <QFile>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-
 #include <utility>
 
 using namespace Vela::Services;

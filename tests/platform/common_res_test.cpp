@@ -3,10 +3,6 @@
 #include <vlk_common_res/icons.h>
 #include <vlk_common_res/styles.h>
 
-#include <QFile>
-#include <QIcon>
-#include <QRegularExpression>
-
 #include <cmath>
 
 using namespace Vela::Resource;

@@ -2,13 +2,6 @@
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/dispatch.h>
 
-#include <QCoreApplication>
-#include <QEventLoop>
-#include <QPointer>
-#include <QSignalSpy>
-#include <QThread>
-#include <QTimer>
-
 #include <atomic>
 #include <stdexcept>
 #include <thread>

@@ -5,9 +5,6 @@
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/i_app_manager.h>
 
-#include <QCoreApplication>
-#include <QThread>
-
 #include <atomic>
 #include <thread>
 

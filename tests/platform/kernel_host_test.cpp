@@ -3,9 +3,6 @@
 #include <support/test_case.h>
 #include <tqm_mesh_kernel/kernel.h>
 
-#include <QCoreApplication>
-#include <QSet>
-
 #include <stdexcept>
 #include <thread>
 #include <utility>

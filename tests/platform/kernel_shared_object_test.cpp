@@ -3,9 +3,6 @@
 #include <tqm_mesh_kernel/dispatch.h>
 #include <tqm_mesh_kernel/shared_object_internal.h>
 
-#include <QPointer>
-#include <QThread>
-
 #include <thread>
 
 using namespace Taren::Core;

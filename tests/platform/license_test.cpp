@@ -5,14 +5,6 @@
 #include <vlk_common_res/styles.h>
 #include <vlk_license/license_service.h>
 
-#include <QApplication>
-#include <QLabel>
-#include <QMessageBox>
-#include <QPointer>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTimer>
-
 using namespace Vela::License;
 
 namespace {

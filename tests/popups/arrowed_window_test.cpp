@@ -4,11 +4,6 @@
 #include <support/test_case.h>
 #include <ui_base/popups/arrowed_window.h>
 
-#include <QGraphicsDropShadowEffect>
-#include <QGraphicsOpacityEffect>
-#include <QImage>
-#include <QPointer>
-
 #include <algorithm>
 #include <cmath>
 

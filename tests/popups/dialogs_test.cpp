@@ -10,18 +10,6 @@
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/config_manager.h>
 
-#include <QApplication>
-#include <QCheckBox>
-#include <QClipboard>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPointer>
-#include <QPushButton>
-#include <QScreen>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTimer>
-
 using namespace Vela::UiBase;
 using Vela::Services::ApplicationService;
 using Vela::Services::ConfigManager;

@@ -9,17 +9,6 @@
 #include <ui_base/views/base_view.h>
 #include <ui_base/views/cmds_view_controller.h>
 
-#include <QAbstractItemView>
-#include <QAccessible>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSemaphore>
-#include <QSignalSpy>
-#include <QSpinBox>
-#include <QVBoxLayout>
-#include <QWindow>
-
 #include <atomic>
 
 using namespace Vela::UiBase;

@@ -5,14 +5,6 @@
 #include <ui_base/popups/info_panel.h>
 #include <ui_base/popups/info_view.h>
 
-#include <QApplication>
-#include <QDesktopServices>
-#include <QFile>
-#include <QScrollBar>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTextBrowser>
-
 using namespace Vela::UiBase;
 
 class InfoPanelTest : public Vela::Test::TestCase {

@@ -8,9 +8,6 @@
 #include <ui_base/popups/popup_sight.h>
 #include <ui_base/popups/widget_pos_calculator.h>
 
-#include <QApplication>
-#include <QScreen>
-
 using namespace Vela::UiBase;
 using Vela::Test::OnlyAsItIs;
 using Vela::Test::Rows;

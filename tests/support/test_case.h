@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QObject>
-#include <QTest>
+#include <QtTest/QtTest>
+#include <QtWidgets/QtWidgets>
 
 #include <functional>
 #include <memory>
-
-class QApplication;
 
 namespace Vela::Test {
 

@@ -4,9 +4,6 @@
 #include <support/screen_record.h>
 #include <ui_base/toolbars/action_panel.h>
 
-#include <QLabel>
-#include <QSignalSpy>
-
 using namespace Vela::UiBase;
 
 namespace {

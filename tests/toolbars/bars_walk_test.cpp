@@ -3,10 +3,6 @@
 
 #include <ui_base/core/dying.h>
 
-#include <QApplication>
-#include <QEventLoop>
-#include <QTimer>
-
 #include <algorithm>
 
 using namespace Vela::UiBase;

@@ -4,9 +4,6 @@
 #include <ui_base/toolbars/action_panel.h>
 #include <ui_base/tooltips/tooltip_manager.h>
 
-#include <QHashFunctions>
-#include <QTimer>
-
 #include <utility>
 
 using namespace Vela::UiBase;

@@ -3,9 +3,6 @@
 
 #include <ui_base/popups/widget_pos_calculator.h>
 
-#include <QDebug>
-#include <QScreen>
-
 #include <algorithm>
 
 using namespace Vela::UiBase;

@@ -10,12 +10,6 @@
 #include <ui_base/toolbars/tool_button_with_button_menu.h>
 #include <ui_base/toolbars/tool_button_with_widget_menu.h>
 
-#include <QApplication>
-#include <QLineEdit>
-#include <QMenu>
-#include <QPushButton>
-#include <QSignalSpy>
-
 using namespace Vela::UiBase;
 using Vela::Test::click;
 using Vela::Test::settle;

@@ -4,10 +4,6 @@
 #include <support/test_case.h>
 #include <ui_base/toolbars/tool_bar.h>
 
-#include <QHBoxLayout>
-#include <QPropertyAnimation>
-#include <QVBoxLayout>
-
 #include <random>
 
 using namespace Vela::UiBase;

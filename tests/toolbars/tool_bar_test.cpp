@@ -7,10 +7,6 @@
 #include <ui_base/toolbars/tool_bar.h>
 #include <ui_base/toolbars/tool_button_with_button_menu.h>
 
-#include <QMenu>
-#include <QScreen>
-#include <QSignalSpy>
-
 using namespace Vela::UiBase;
 using Vela::Test::settle;
 

@@ -15,11 +15,6 @@
 #include <ui_base/views/base_view.h>
 #include <ui_base/views/cmds_view_controller.h>
 
-#include <QLineEdit>
-#include <QSpinBox>
-#include <QVBoxLayout>
-#include <QWindow>
-
 class PanelCommand : public Vela::UiBase::FlyoutCommand {
   Q_OBJECT
   COMMAND_ID(PanelCommand)

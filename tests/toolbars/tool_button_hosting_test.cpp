@@ -6,12 +6,6 @@
 #include <ui_base/toolbars/hosting_info.h>
 #include <ui_base/toolbars/menu_state.h>
 
-#include <QAbstractItemView>
-#include <QColorDialog>
-#include <QComboBox>
-#include <QLabel>
-#include <QMessageBox>
-
 #include <functional>
 
 using namespace Vela::UiBase;

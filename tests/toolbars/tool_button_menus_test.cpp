@@ -4,9 +4,6 @@
 #include <support/screen_record.h>
 #include <ui_base/popups/m_dialog_base.h>
 
-#include <QAccessible>
-#include <QSignalSpy>
-
 using namespace Vela::UiBase;
 
 namespace {

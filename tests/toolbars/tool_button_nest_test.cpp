@@ -4,9 +4,6 @@
 #include <support/rows.h>
 #include <support/screen_record.h>
 
-#include <QScreen>
-#include <QSignalSpy>
-
 using namespace Vela::UiBase;
 
 namespace {

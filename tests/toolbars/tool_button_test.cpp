@@ -9,9 +9,6 @@
 #include <ui_base/tooltips/tooltip_object.h>
 #include <vlk_license/license_service.h>
 
-#include <QLabel>
-#include <QMouseEvent>
-
 using namespace Vela::UiBase;
 
 namespace {

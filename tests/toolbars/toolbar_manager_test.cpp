@@ -7,8 +7,6 @@
 #include <ui_base/toolbars/tool_bar.h>
 #include <ui_base/toolbars/toolbar_manager.h>
 
-#include <QLabel>
-
 #include <vector>
 
 using namespace Vela::UiBase;

@@ -5,8 +5,6 @@
 #include <support/test_case.h>
 #include <ui_base/tools/tool_stack.h>
 
-#include <QMouseEvent>
-
 using Taren::Objects::createShared;
 using Vela::Test::RecordingTool;
 using namespace Vela::UiBase;

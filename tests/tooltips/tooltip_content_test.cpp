@@ -6,12 +6,6 @@
 #include <ui_base/tooltips/tooltip_ex.h>
 #include <ui_base/tooltips/tooltip_ex_factory.h>
 
-#include <QAction>
-#include <QIcon>
-#include <QKeyEvent>
-#include <QShortcut>
-#include <QSignalSpy>
-
 using namespace Vela::UiBase;
 
 using Act = std::function<void(TooltipFixture&, TooltipEx&)>;

@@ -9,12 +9,6 @@
 #include <ui_base/tooltips/tooltip_manager.h>
 #include <ui_base/tooltips/tooltip_object.h>
 
-#include <QCursor>
-#include <QLabel>
-#include <QTest>
-#include <QTimer>
-#include <QWidget>
-
 /// A shown and active window with two neighbours that have tooltips. Times are either over at once or last
 /// longer than any test.
 class TooltipFixture {

@@ -3,9 +3,6 @@
 
 #include <support/rows.h>
 
-#include <QDialog>
-#include <QHelpEvent>
-
 using namespace Vela::UiBase;
 using Vela::Test::letTimePass;
 using Vela::Test::Rows;

@@ -7,10 +7,6 @@
 #include <ui_base/tooltips/tooltip_object.h>
 #include <ui_base/tooltips/tooltip_wrapper.h>
 
-#include <QCursor>
-#include <QEventLoop>
-#include <QScreen>
-
 #include <algorithm>
 #include <array>
 #include <random>

@@ -6,13 +6,6 @@
 #include <ui_toolkit/sample_inner_tooltip.h>
 #include <vlk_common_res/strings.h>
 
-#include <QAction>
-#include <QLabel>
-#include <QMovie>
-#include <QSignalSpy>
-#include <QToolButton>
-#include <QVBoxLayout>
-
 using namespace Vela::UiToolkit;
 
 class ToolkitWidgetsTest : public Vela::Test::TestCase {

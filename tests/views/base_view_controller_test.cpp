@@ -4,8 +4,6 @@
 #include <ui_base/tooltips/tooltip_manager.h>
 #include <vlk_app_service/application_service.h>
 
-#include <QSignalSpy>
-
 using Vela::Services::ApplicationService;
 using Vela::Test::settle;
 using Screen = Vela::Test::PresentationScreen;

@@ -9,11 +9,6 @@
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/i_app_manager.h>
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QProgressBar>
-#include <QThread>
-
 #include <commands/commands_fixture.h>
 
 using Taren::Core::ScopedDispatcher;

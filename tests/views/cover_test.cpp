@@ -4,15 +4,6 @@
 #include <support/screen_record.h>
 #include <ui_base/popups/arrowed_window.h>
 
-#include <QAccessible>
-#include <QAction>
-#include <QDialog>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QShortcut>
-#include <QTabBar>
-#include <QTabWidget>
-
 using namespace Vela::Test;
 using Screen = Vela::Test::PresentationScreen;
 using namespace Vela::UiBase;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "presentation_screen.h"
 
-#include <QDialog>
-
 using Vela::Test::settle;
 using Screen = Vela::Test::PresentationScreen;
 using namespace Vela::UiBase;

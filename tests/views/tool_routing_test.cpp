@@ -5,9 +5,6 @@
 #include <support/test_case.h>
 #include <ui_base/commands/command_base.h>
 
-#include <QDialog>
-#include <QMenu>
-
 using namespace Vela::Test;
 using namespace Vela::UiBase;
 

@@ -3,8 +3,6 @@
 #include <ui_base/views/default_icon_provider.h>
 #include <ui_base/views/qt_ui_toolkit.h>
 
-#include <QTemporaryDir>
-
 using namespace Vela::UiBase;
 
 namespace {

@@ -4,10 +4,6 @@
 #include <support/test_case.h>
 #include <vlk_app_service/application_service.h>
 
-#include <QTest>
-#include <QVBoxLayout>
-#include <QWindow>
-
 #include <algorithm>
 
 namespace Vela::Test {

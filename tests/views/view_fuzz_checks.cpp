@@ -3,10 +3,6 @@
 
 #include <support/test_case.h>
 
-#include <QApplication>
-#include <QTest>
-#include <QWindow>
-
 #include <algorithm>
 #include <set>
 

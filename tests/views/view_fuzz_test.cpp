@@ -3,10 +3,6 @@
 
 #include <support/test_case.h>
 
-#include <QDir>
-#include <QElapsedTimer>
-#include <QFile>
-
 #include <random>
 
 using Vela::Test::Bytes;

@@ -3,8 +3,6 @@
 
 #include <support/test_case.h>
 
-#include <QApplication>
-
 using namespace Vela::Test;
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {

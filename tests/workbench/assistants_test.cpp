@@ -19,10 +19,6 @@
 #include <workbench/photos/photo_view.h>
 #include <workbench/photos/photo_view_controller.h>
 
-#include <QApplication>
-#include <QKeySequenceEdit>
-#include <QTreeView>
-
 using namespace Workbench;
 using namespace Vela::UiBase;
 using Test::WorkbenchFixture;

@@ -5,10 +5,6 @@
 
 #include <support/rows.h>
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QProcess>
-
 using namespace Workbench;
 using Vela::Test::Rows;
 

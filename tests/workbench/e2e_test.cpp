@@ -16,12 +16,6 @@
 #include <workbench/renderer.h>
 #include <workbench/screenshot_run.h>
 
-#include <QApplication>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QSignalSpy>
-#include <QStatusBar>
-
 using namespace Workbench;
 using Test::WorkbenchFixture;
 using Vela::Test::settle;

@@ -7,9 +7,6 @@
 #include <workbench/mesh_view.h>
 #include <workbench/renderer.h>
 
-#include <QPointer>
-#include <QThreadPool>
-
 using namespace Workbench;
 using Change = std::function<void(MeshView&)>;
 

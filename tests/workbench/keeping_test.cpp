@@ -13,9 +13,6 @@
 #include <workbench/pages/workbench_pages.h>
 #include <workbench/window_layout.h>
 
-#include <QApplication>
-#include <QClipboard>
-
 using namespace Workbench;
 using Test::WorkbenchFixture;
 using Vela::Test::settle;

@@ -8,11 +8,6 @@
 #include <workbench/commands/smooth_flyout_command.h>
 #include <workbench/language.h>
 
-#include <QApplication>
-#include <QFile>
-#include <QSpinBox>
-#include <QXmlStreamReader>
-
 using namespace Workbench;
 using namespace Vela::UiBase;
 using Test::WorkbenchFixture;

@@ -6,8 +6,6 @@
 #include <workbench/mesh_loader.h>
 #include <workbench/mesh_writer.h>
 
-#include <QTemporaryDir>
-
 #include <algorithm>
 
 #ifdef Q_OS_UNIX

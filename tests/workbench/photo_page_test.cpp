@@ -8,8 +8,6 @@
 #include <workbench/pages/workbench_pages.h>
 #include <workbench/photos/photo_view.h>
 
-#include <QToolButton>
-
 using namespace Workbench;
 using Workbench::Test::WorkbenchFixture;
 using namespace Vela::Test;

@@ -9,10 +9,6 @@
 #include <workbench/mesh_ops/smooth.h>
 #include <workbench/panels/smooth_panel.h>
 
-#include <QApplication>
-#include <QSpinBox>
-#include <QTextBrowser>
-
 using namespace Workbench;
 using namespace Vela::UiBase;
 using Test::WorkbenchFixture;

@@ -5,8 +5,6 @@
 #include <support/test_case.h>
 #include <workbench/renderer.h>
 
-#include <QPalette>
-
 #include <oneapi/tbb/global_control.h>
 #include <oneapi/tbb/task_arena.h>
 

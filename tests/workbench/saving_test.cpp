@@ -10,9 +10,6 @@
 #include <workbench/mesh_loader.h>
 #include <workbench/photos/photo_view.h>
 
-#include <QApplication>
-#include <QFileDialog>
-
 using namespace Workbench;
 using Vela::Test::Rows;
 using Vela::Test::settle;

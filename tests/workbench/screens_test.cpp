@@ -9,10 +9,6 @@
 #include <ui_base/toolbars/tool_button_with_button_menu.h>
 #include <workbench/panels/unit_button.h>
 
-#include <QApplication>
-#include <QMenu>
-#include <QScreen>
-
 #include <algorithm>
 
 using namespace Workbench;

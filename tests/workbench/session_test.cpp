@@ -9,8 +9,6 @@
 #include <workbench/language.h>
 #include <workbench/session/workbench_subject.h>
 
-#include <QSignalSpy>
-
 using namespace Workbench;
 using namespace Vela::UiBase;
 using Test::WorkbenchFixture;

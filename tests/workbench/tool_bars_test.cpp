@@ -7,8 +7,6 @@
 #include <ui_base/toolbars/action_panel.h>
 #include <workbench/commands/volume_panel_command.h>
 
-#include <QApplication>
-
 using namespace Workbench;
 using namespace Vela::UiBase;
 using Test::WorkbenchFixture;

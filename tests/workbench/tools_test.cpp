@@ -9,9 +9,6 @@
 #include <workbench/commands/selection_command.h>
 #include <workbench/recent_files.h>
 
-#include <QApplication>
-#include <QContextMenuEvent>
-
 using namespace Workbench;
 using namespace Vela::UiBase;
 using Bench = Test::ToolsBench;

@@ -8,14 +8,6 @@
 #include <vlk_common_res/styles.h>
 #include <workbench/toolbars/mesh_tool_bars.h>
 
-#include <QApplication>
-#include <QDropEvent>
-#include <QFileDialog>
-#include <QMimeData>
-#include <QSignalSpy>
-#include <QWheelEvent>
-#include <QWindow>
-
 namespace Workbench::Test {
 
 using namespace Vela;
