@@ -9,6 +9,9 @@ namespace Vela::Test {
 /// How else a screen is compared: not at all, dark, or also where what is on it takes other room.
 enum EVariants { OnlyAsItIs, AlsoDark, AllVariants };
 
+/// Whether letters are drawn as they were when the screens were recorded; says it once where they are not.
+bool drawsAsRecorded();
+
 /// Compares what is on the screen with what was recorded under a name in tests/support/screens: a picture of
 /// all visible windows, and a list of their widgets with places, focus, cursors and what a screen reader is
 /// told. Then dark, in another language, in a larger font and mirrored, after each of which it has to be as
