@@ -29,6 +29,18 @@ inline Vela::UiBase::AppMenuItemSpecifier entry(const char* name, const char* te
 
 inline QString id(const char* name) { return QString::fromLatin1(name); }
 
+/// Knows which of the keys that lead around nobody in it has used.
+class Window : public QMainWindow {
+public:
+  QStringList unused;
+
+protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() >= Qt::Key_Escape && event->key() < Qt::Key_Shift)
+      unused += QKeySequence(event->key()).toString();
+  }
+};
+
 /// A window with an edit line and the items "file" (a menu), "edit" (another), "help" (a click).
 struct Screen {
   Screen() : builder(new Builder(id("bar"), &window, &window)), edit(new QLineEdit) {
@@ -84,7 +96,7 @@ struct Screen {
   Receiver receiver;
   QAction undo{id("&Undo")};
   QAction redo{id("Re&do")};
-  QMainWindow window;
+  Window window;
   Builder* builder;
   QLineEdit* edit;
 };
