@@ -179,6 +179,10 @@ private Q_SLOTS:
               !builder.AddSubMenu(id(name), sign, QVector<QAction*>()) &&
               !builder.AddDropDownMenu(id("none"), none) &&
               !builder.AddDropDownMenu(id("none"), {}, nullptr));
+    QSharedPointer<QToolButton> item = builder.GetMenuBarItem(id("click"));
+    for (const auto style : {Qt::ToolButtonIconOnly, Qt::ToolButtonTextOnly})
+      builder.SetMenuBarItemButtonStyle(item, style);
+    QVERIFY2(item->maximumWidth() > 900, "wide enough for its text again");
   }
 
   void aReaderIsToldOfItemsAndUsesThem() {
@@ -234,7 +238,10 @@ private Q_SLOTS:
       screen.click("edit");
       delete screen.menu("edit");
       QVERIFY(!screen.item("edit")->isDown() && screen.builder->CanHide());
+      screen.builder->AddMenuBarItem(id("edit"), QIcon(), id("New"));
       screen.click("file");
+      settle();
+      QVERIFY2(screen.item("file")->isDown(), "the item that has died was another one");
       screen.builder->AddMenuBarItem(id("file"), QIcon(), id("New"));
       settle();
       screen.click("file");

@@ -20,6 +20,7 @@ class Builder : public Vela::UiBase::MenuBuilder {
 public:
   using MenuBuilder::FindAction;
   using MenuBuilder::MenuBuilder;
+  using MenuBuilder::SetMenuBarItemButtonStyle;
 };
 
 inline Vela::UiBase::AppMenuItemSpecifier entry(const char* name, const char* text,
