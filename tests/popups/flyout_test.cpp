@@ -93,6 +93,9 @@ private Q_SLOTS:
     FocusKeeper keeper;
     keeper.keep();
     taker.setFocus();
+    QVERIFY(keeper.giveBackFrom(taker) && before->hasFocus());
+    keeper.keep();
+    taker.setFocus();
     connect(before, &QObject::destroyed, &taker, [&] { QVERIFY(!keeper.giveBackFrom(taker)); });
     delete before;
     QCOMPARE(window.focusWidget(), &taker);
@@ -116,8 +119,9 @@ private Q_SLOTS:
     command->mayFinish.release();
     QTRY_VERIFY(!command->flyout()->IsBusy());
     command->setEnabled(true);
+    command->flyout()->resize(200, 150);
     command->trigger();
-    QVERIFY(command->flyout()->isVisible());
+    QVERIFY(command->flyout()->isVisible() && !command->flyout()->styleSheet().isEmpty());
     QCOMPARE(made, 1);
   }
 
@@ -131,18 +135,19 @@ private Q_SLOTS:
   void sideWidgetsAndAStripeAreShown() {
     FlyoutBase flyout("Smooth", new QSpinBox, AllPanelButtons);
     const QSignalSpy sides(&flyout, &FlyoutBase::SubWidgetVisibilityChanged);
-    for (const EDirection side : {Left, Top, Right, Bottom}) {
+    flyout.move(100, 110);
+    flyout.show();
+    for (const EDirection side : {Right, Bottom, Left, Top}) {
+      flyout.move(flyout.pos() + QPoint(5, 0));
       auto* const beside = new QWidget;
-      beside->setFixedSize(30 + side, 20 + side);
+      (new QVBoxLayout(beside))->setContentsMargins(15, 10, 15 + side, 10 + side);
       flyout.AddSubWidget(beside, side);
       flyout.ShowSubWidget(beside, true);
       flyout.ShowSubWidget(beside, true);
     }
     flyout.ShowPartialBackground({0, 40, 10, 20}, Qt::yellow);
     flyout.SetApplyText("Go");
-    flyout.move(100, 100);
     Vela::Test::showActive(flyout);
-    flyout.move(120, 110);
     VELA_COMPARE_SCREEN("flyout_window");
     QCOMPARE(sides, QList<QVariantList>(4, {true}));
   }

@@ -90,6 +90,8 @@ private Q_SLOTS:
     QTRY_VERIFY(f.tooltip->IsVisible());
     f.tooltip->SetEnableTooltip(false);
     QVERIFY(!f.tooltip->IsVisible());
+    f.widget->hide();
+    f.widget->show();
     f.tooltip->SetEnableTooltip(true);
     QTRY_VERIFY(f.tooltip->IsVisible());
     // Not while a button is held on it.
