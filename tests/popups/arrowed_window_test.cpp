@@ -236,7 +236,8 @@ private Q_SLOTS:
 
   void shadowTakesItsRoomAndLeavesOtherEffects() {
     ArrowedWindow window;
-    window.AttachWidget(new Content({60, 30}));
+    auto* const content = new Content({60, 30});
+    window.AttachWidget(content);
     window.GetShadow()->setBlurRadius(9);
     const QRect inside = window.GetBounds();
     window.EnableShadow(true);
@@ -246,6 +247,10 @@ private Q_SLOTS:
     QCOMPARE(window.GetBounds(), inside.translated(9, 9));
     window.show();
     VELA_COMPARE_SCREEN("shadow");
+    content->setPalette(Qt::red);
+    settle();
+    const QImage seen = window.screen()->grabWindow(window.winId()).toImage();
+    QVERIFY2(seen.pixelColor(content->pos() - QPoint(1, 0)).green() < 99, "it is as its content");
     window.setGraphicsEffect(new QGraphicsOpacityEffect);
     window.EnableShadow(false);
     QVERIFY2(window.graphicsEffect(), "somebody else's effect stays");

@@ -49,6 +49,9 @@ private Q_SLOTS:
     constexpr QRect middle(140, 90, 20, 20);
     QCOMPARE(kept({.reference = middle}, {Bottom, Top}, {40, 30}), QRect(130, 119, 40, 30));
     QCOMPARE(kept({.reference = {140, 0, 20, 180}}, {Bottom}, {40, 35}), QRect(130, 180, 40, 35));
+    // An owner that may be covered as a whole sets no limit.
+    QCOMPARE(kept({.reference = {140, 180, 20, 20}, .baseOffset = -30}, {Bottom}, {40, 35}),
+             QRect(130, 165, 40, 35));
     // An offset is for the side that was wanted.
     const QPoint offset(0, 20);
     QCOMPARE(kept({.reference = middle, .additionalOffset = offset}, {Bottom, Top}, {40, 30}),

@@ -90,8 +90,6 @@ private Q_SLOTS:
     QTRY_VERIFY(f.tooltip->IsVisible());
     f.tooltip->SetEnableTooltip(false);
     QVERIFY(!f.tooltip->IsVisible());
-    f.widget->hide();
-    f.widget->show();
     f.tooltip->SetEnableTooltip(true);
     QTRY_VERIFY(f.tooltip->IsVisible());
     // Not while a button is held on it.
@@ -101,6 +99,19 @@ private Q_SLOTS:
     letTimePass(1);
     QVERIFY(!f.tooltip->IsVisible());
     QTest::mouseRelease(f.window->windowHandle(), Qt::LeftButton, {}, at);
+  }
+
+  void theWidgetGetsItsEventsAllTheSame() {
+    const TooltipFixture f;
+    QPushButton button(f.window);
+    f.tooltip->AttachTo(&button);
+    button.show();
+    const QSignalSpy clicks(&button, &QPushButton::clicked);
+    for (const bool enabled : {true, false}) {
+      f.tooltip->SetEnableTooltip(enabled);
+      f.press(&button);
+    }
+    QCOMPARE(clicks.count(), 2);
   }
 
   void mouseOnTooltipKeepsItWithHoverEventsOnly() {

@@ -149,6 +149,8 @@ private Q_SLOTS:
       wrapper.SetTooltipControl(content, arrowed);
       wrapper.Show(f.window->mapToGlobal(QPoint(300, 200)), true, ShowUntilHidden);
       QVERIFY(content->isVisible() && content->window() == f.window);
+      QCOMPARE(f.window->grab().toImage().pixelColor(content->mapTo(f.window, QPoint(1, 3))),
+               content->palette().color(QPalette::Window));
       content->hide(); // whoever hides it
       QVERIFY(!wrapper.IsVisible());
       wrapper.Show({}, false, ShowUntilHidden);
