@@ -250,7 +250,8 @@ private Q_SLOTS:
     content->setPalette(Qt::red);
     settle();
     const QImage seen = window.screen()->grabWindow(window.winId()).toImage();
-    QVERIFY2(seen.pixelColor(content->pos() - QPoint(1, 0)).green() < 99, "it is as its content");
+    const QPoint beside = (content->pos() - QPoint(1, 0)) * seen.devicePixelRatio();
+    QVERIFY2(seen.pixelColor(beside).green() < 99, "it is as its content");
     window.setGraphicsEffect(new QGraphicsOpacityEffect);
     window.EnableShadow(false);
     QVERIFY2(window.graphicsEffect(), "somebody else's effect stays");

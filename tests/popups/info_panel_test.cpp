@@ -92,6 +92,16 @@ private Q_SLOTS:
     QVERIFY2(bar->value() > 0 && panel.findChild<QTextBrowser*>()->source().isEmpty(), "still the same page");
   }
 
+  void picturesAreAsSharpAsTheScreen() {
+    InfoPanel panel;
+    panel.SetHtml("text");
+    panel.show();
+    const QUrl picture("data:image/svg+xml,<svg xmlns='http://www.w3.org/2000/svg' width='8' height='6'/>");
+    const auto seen = panel.findChild<QTextBrowser*>()->loadResource(QTextDocument::ImageResource, picture);
+    QCOMPARE(seen.value<QImage>().size(), QSize(8, 6) * panel.devicePixelRatio());
+    QCOMPARE(seen.value<QImage>().devicePixelRatio(), panel.devicePixelRatioF());
+  }
+
   void sources() {
     const QTemporaryDir folder;
     QFile file(folder.filePath("page.html"));
