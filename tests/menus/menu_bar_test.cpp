@@ -51,6 +51,9 @@ private Q_SLOTS:
     screen.click("edit");
     QVERIFY2(screen.isOnlyOpen(""), "a second click on the open item closes");
     QVERIFY(screen.edit->hasFocus() && screen.builder->CanHide());
+    screen.alt(Qt::Key_E);
+    QVERIFY2(!screen.menu("edit")->testAttribute(Qt::WA_NoMouseReplay), "a press beside it is one there");
+    screen.click("edit");
 
     screen.click("help");
     QCOMPARE(screen.receiver.calls, QStringList{id("open")});
