@@ -3,6 +3,7 @@
 
 #include <support/rows.h>
 #include <support/screen_record.h>
+#include <vlk_common_res/styles.h>
 
 using namespace Vela::UiBase;
 using Vela::Test::settle;
@@ -205,6 +206,15 @@ private Q_SLOTS:
     QCOMPARE(told("both", "Press"), id("Both|ShowMenu+Press|||closed"));
     QCOMPARE(screen.receiver.calls, QStringList(id("sign")));
     QCOMPARE(told("both", "ShowMenu"), id("Both|ShowMenu+Press|||"));
+  }
+
+  void everyMenuIsStyledWithThePalette() {
+    const Screen screen;
+    screen.builder->styled.clear();
+    Vela::Resource::Styles::Instance().setPalette(Vela::Resource::Dark);
+    for (const char* const name : {"file", "edit", "recent"})
+      QCOMPARE(screen.builder->styled.count(screen.menu(name)), 1);
+    Vela::Resource::Styles::Instance().setPalette(Vela::Resource::Light);
   }
 
   void whatCannotOpenOrRunDoesNoHarm() {

@@ -21,6 +21,13 @@ public:
   using MenuBuilder::FindAction;
   using MenuBuilder::MenuBuilder;
   using MenuBuilder::SetMenuBarItemButtonStyle;
+  QList<QMenu*> styled;
+
+protected:
+  void SetDropDownMenuStyle(QMenu* menu) override {
+    styled += menu;
+    MenuBuilder::SetDropDownMenuStyle(menu);
+  }
 };
 
 inline Vela::UiBase::AppMenuItemSpecifier entry(const char* name, const char* text,
