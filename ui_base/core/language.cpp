@@ -81,7 +81,6 @@ LanguageTranslator::LanguageTranslator(QObject* parent) : QTranslator(parent) {
 }
 
 LanguageTranslator::~LanguageTranslator() {
-  m_texts.clear();
   if (QCoreApplication::instance())
     QCoreApplication::removeTranslator(this);
 }

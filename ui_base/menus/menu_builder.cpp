@@ -290,9 +290,9 @@ void MenuBuilder::SetMenuBarItemButtonStyle(QSharedPointer<QToolButton>& item, Q
     item->setFixedSize(item->iconSize() + QSize(ICON_FRAME, ICON_FRAME));
     return;
   }
-  item->setMinimumWidth(MIN_TEXT_WIDTH);
+  item->setMinimumSize(MIN_TEXT_WIDTH, 0);
   // A width beyond Qt's own limit is brought down to it, with a warning.
-  item->setMaximumWidth(std::min(MAX_TEXT_WIDTH, QWIDGETSIZE_MAX));
+  item->setMaximumSize(std::min(MAX_TEXT_WIDTH, QWIDGETSIZE_MAX), QWIDGETSIZE_MAX);
 }
 
 void MenuBuilder::SetMenuBarItemStyle(QSharedPointer<QToolButton>& item, bool split) {

@@ -29,7 +29,6 @@ bool isAccepting(QDialogButtonBox::ButtonRole role) {
 } // namespace
 
 MDialogBase::MDialogBase(QWidget* parent) : QDialog(parent), d(std::make_unique<MDialogBasePrivate>(this)) {
-  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   d->build();
   d->applyStyles();
   connect(&Styles::Instance(), &Styles::changed, this, [this] { d->applyStyles(); });

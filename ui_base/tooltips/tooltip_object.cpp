@@ -269,7 +269,6 @@ void TooltipObject::EventFilterOnMouseMove(QObject* object, QEvent* event) {
   } else {
     d->stop(d->showUpTimer);
   }
-  own()->leftButtonPressed = static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
 }
 
 void TooltipObject::EventFilterOnMouseButtonPress(QObject* object, QEvent* event) {
@@ -277,7 +276,6 @@ void TooltipObject::EventFilterOnMouseButtonPress(QObject* object, QEvent* event
     ATooltipObject::EventFilterOnMouseButtonPress(object, event);
     return;
   }
-  own()->leftButtonPressed = true;
   if (own()->dismissOnPress)
     ForceHideTooltip();
 }

@@ -31,7 +31,6 @@ public:
   void onKeyPress(const QKeyEvent& event);
 
   QPointer<QWidget> attachedWidget;
-  bool leftButtonPressed = false;
   bool mouseInside = false;
   bool dismissOnPress = true;
 
