@@ -122,8 +122,8 @@ private Q_SLOTS:
     row("cut off", Finding::TextCutOff, "Apply", [](Stage& stage) { stage.button->setFixedWidth(14); });
     row("cut off on a hidden page", Finding::TextCutOff, "Hidden at first",
         [](Stage& stage) { stage.label->setFixedWidth(20); });
-    row("pale", Finding::LowContrast, "Hidden at first",
-        [](Stage& stage) { paint(*stage.label, QColor(0xbb, 0xbb, 0xbb)); });
+    row("a little too pale", Finding::LowContrast, "Hidden at first",
+        [](Stage& stage) { paint(*stage.label, QColor(0x74, 0x74, 0x74)); });
     row("nameless in an open panel", Finding::NoAccessibleName, "FlyoutBase", [](Stage& stage) {
       auto* const panel = new FlyoutBase(QStringLiteral("Now"), new QPushButton, {}, &stage.window);
       panel->setWindowFlag(Qt::Tool);

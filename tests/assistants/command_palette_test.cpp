@@ -136,7 +136,7 @@ private Q_SLOTS:
     stage.addMore();
     stage.type(QString::fromLatin1(QTest::currentDataTag()));
     QCOMPARE(stage.rows().join(QLatin1String("; ")), found);
-    QVERIFY(stage.field->hasFocus());
+    QVERIFY(stage.field->hasFocus() && stage.list->isVisible() != found.isEmpty());
     stage.press(found.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
     QVERIFY(stage.palette->isHidden() && stage.button->hasFocus() && stage.ran.isEmpty() == found.isEmpty());
     stage.type({});
@@ -214,7 +214,7 @@ private Q_SLOTS:
     VELA_COMPARE_SCREEN("grey_in_the_palette", Vela::Test::OnlyAsItIs);
     QTest::keyClick(stage.window.windowHandle(), Qt::Key_Up); // round to the last one
     QTest::keyClick(stage.window.windowHandle(), Qt::Key_Return);
-    QCOMPARE(stage.palette->awaitedCommand(), stage.measuring);
+    QVERIFY(stage.palette->isHidden() && stage.palette->awaitedCommand() == stage.measuring);
     QCOMPARE(stage.ran, QStringList());
     stage.dispatcher.runAll();
     QTRY_COMPARE(stage.ran, QStringList({smooth, measure}));

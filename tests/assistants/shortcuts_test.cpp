@@ -138,6 +138,7 @@ private Q_SLOTS:
                              Qt::ShortcutContext context = Qt::WindowShortcut) {
       return rules.meeting(useIn(*stage.view, ctrlM, "a"), useIn(place, keys, id, context));
     };
+    QCOMPARE(usesOf(*stage.smooth).constFirst().name, QStringLiteral("Smooth Mesh"));
     QCOMPARE(meeting(stage.window, ctrlM, "x"), SameKeys);
     QCOMPARE(meeting(stage.window, chord, "x"), Prefix);
     QCOMPARE(meeting(page, ctrlM, "x"), NeverMeet); // pages of one stack
@@ -206,17 +207,19 @@ private Q_SLOTS:
 
   void theEditorRecordsTakesOverAndGivesBack() {
     EditorStage stage;
+    stage.scheme.setShortcuts(*stage.smooth, {ctrlM, Qt::Key_F8});
     QSignalSpy shown(stage.editor->findChild<QTreeView*>()->model(), &QAbstractItemModel::dataChanged);
     stage.choose(QStringLiteral("measure"));
     stage.record(Qt::Key_M, Qt::Key_O); // the keys of the other one
     QTRY_COMPARE(stage.measure->shortcut(), ctrlM);
-    QVERIFY(stage.smooth->shortcuts().isEmpty());
+    QCOMPARE(stage.smooth->shortcuts(), QList<QKeySequence>{Qt::Key_F8});
     QCOMPARE(shown.size(), 2); // one changes for each of them
     VELA_COMPARE_SCREEN("shortcuts");
     stage.press(*stage.editor, Qt::Key_R, Qt::AltModifier);
     QTRY_COMPARE(stage.measure->shortcut(), ctrlJ);
     stage.press(*stage.editor, Qt::Key_A, Qt::AltModifier);
     QTRY_COMPARE(stage.smooth->shortcut(), ctrlM);
+    QVERIFY2(!stage.editor->findChildren<QPushButton*>().constLast()->isEnabled(), "none is changed");
   }
 
   void whatItShowsMayDie() {
@@ -325,6 +328,9 @@ private Q_SLOTS:
     panel.show();
     QCOMPARE(told(Qt::Key_Escape),
              QStringLiteral("0|Panel: Hole – gets it|Library: Close what is open|What is left: QPushButton"));
+    KeyProbe elsewhere(other); // where nothing has the focus
+    elsewhere.ask(Qt::Key_F9);
+    QVERIFY(elsewhere.text().endsWith(QStringLiteral("\nNobody takes it.")));
   }
 
   void aKeyIsTriedAndReachesNobody() {

@@ -331,6 +331,8 @@ private Q_SLOTS:
     auto inner = f.manager->holdContext({{"b", {0, 2}}, {"c", {0, 2}}});
     f.apply();
     QVERIFY(first->isChecked() && !second->isEnabled() && !third->isEnabled());
+    f.add(Ids::d);
+    f.manager->removeCommand(Ids::d);              // before the layers are laid over it
     connect(first, &QAction::toggled, first, [&] { // while the outer one is half released
       inner.release();
       f.manager->pushContext({{"c", {0, 2}}});

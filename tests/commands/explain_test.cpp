@@ -109,6 +109,10 @@ private Q_SLOTS:
     const QAccessibleInterface* const heard = QAccessible::queryAccessibleInterface(&menu)->child(0);
     QCOMPARE(heard->text(QAccessible::Description), isRunning);
     QVERIFY(heard->state().disabled);
+    QMenu further;
+    f.command->setMenu(&further);
+    QCOMPARE(QAccessible::queryAccessibleInterface(&menu)->child(1)->child(0),
+             QAccessible::queryAccessibleInterface(&further));
     QVERIFY(
         QAccessible::queryAccessibleInterface(&menu)->child(0)->actionInterface()->actionNames().isEmpty());
 

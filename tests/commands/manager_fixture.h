@@ -16,8 +16,6 @@ inline constexpr QLatin1String d("d");
 
 class TestManager : public Vela::UiBase::CmdMgr {
 public:
-  ~TestManager() override { removeAllCommands(); }
-
   void commandBegan(Vela::UiBase::CommandBase* command) override {
     ++began;
     Vela::UiBase::CmdMgr::commandBegan(command);

@@ -104,7 +104,10 @@ private Q_SLOTS:
     };
     QTest::keyClick(button.windowHandle(), Qt::Key_F7);
     QCOMPARE(newest().source, RunByKey);
-    click([&] { command->trigger(); });
+    click([&] {
+      const TestCommand another(QStringLiteral("made meanwhile"));
+      command->trigger();
+    });
     QCOMPARE(newest().source, RunByMouse);
     click([&] {
       Vela::Test::settle(); // in a loop that the click began

@@ -93,7 +93,9 @@ private Q_SLOTS:
       QAction* const second = screen.button(QStringLiteral("a 1"))->Action();
       for (const char* const id : {"a 0", "a 1"})
         screen.bar->AddExclusiveGroupButton(QStringLiteral("x"), screen.button(QString::fromLatin1(id)));
-      second->setCheckable(true);
+      QAction* const first = screen.button(QStringLiteral("a 0"))->Action();
+      for (QAction* const action : {first, second})
+        action->setCheckable(true);
       second->setChecked(true);
       const QPointer<ToolBar> bar(screen.bar);
       connect(second, &QAction::toggled, &screen.window, [&bar, ends] {
@@ -104,7 +106,7 @@ private Q_SLOTS:
       });
       click(*screen.button(QStringLiteral("a 0")));
       QCOMPARE(bar.isNull(), ends);
-      QVERIFY(ends || !second->isChecked());
+      QVERIFY(first->isChecked() && (ends || !second->isChecked()));
     }
   }
 

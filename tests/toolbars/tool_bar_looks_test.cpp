@@ -73,6 +73,8 @@ private Q_SLOTS:
     stage.button->HideMenu();
     stage.menuButton->ShowMenu();
     VELA_COMPARE_SCREEN(QStringLiteral("menu of a bar, ") + QTest::currentDataTag(), Vela::Test::AlsoDark);
+    const ToolButton* const late = stage.bar->AddAction(new QAction("Late", stage.view));
+    QVERIFY(params.buttonStyleSheet.isEmpty() || late->styleSheet() == params.buttonStyleSheet);
   }
 
   void nothingComesOfNothing() {
@@ -87,8 +89,12 @@ private Q_SLOTS:
     QCOMPARE(bar.Buttons(), before);
     QVERIFY(!bar.FindOneButton("", true) && !bar.FindOneButton("Inner", false) && !bar.DismissLeafMenu());
     QVERIFY(!bar.HiddenByRequest() && bar.InShowMode());
+    bool shows = true; // up to the start of a hide
+    connect(&bar, &ToolBar::ButtonMenuVisibilityChange, &bar, [&] { shows = bar.InShowMode(); });
+    stage.menuButton->ShowMenu();
+    QVERIFY(shows);
     bar.HideMe(true);
-    QVERIFY(bar.HiddenByRequest() && !bar.InShowMode());
+    QVERIFY(!shows && bar.HiddenByRequest() && !bar.InShowMode());
   }
 };
 

@@ -52,11 +52,12 @@ private Q_SLOTS:
     window.resize(400, 300);
     ToolBar bar(&window, Qt::BottomToolBarArea);
     bar.SetCentered(true);
-    bar.SetOffset({0, 6});
     const auto commands = namedGroup("view", 3);
     bar.AddCommandGroup(commands.get());
     window.show();
-    QTRY_COMPARE(bar.geometry().bottom(), 300 - 1 - 6);
+    QTRY_COMPARE(bar.geometry().bottom(), 300 - 1);
+    bar.SetOffset({0, 6}); // at once
+    QCOMPARE(bar.geometry().bottom(), 300 - 1 - 6);
     window.resize(600, 200);
     QTRY_COMPARE(bar.geometry().bottom(), 200 - 1 - 6);
     QVERIFY(std::abs(bar.geometry().center().x() - 299) <= 1);
@@ -69,6 +70,17 @@ private Q_SLOTS:
     QVERIFY(bar.width() > before);
     QCOMPARE(bar.size(), bar.sizeHint());
     VELA_COMPARE_SCREEN("centred_bar");
+    bar.hide();
+    bar.resize(10, 10);
+    bar.ShowMe();
+    QCOMPARE(bar.size(), bar.sizeHint());
+    bar.hide();
+    laidOut.clear();
+    for (const char* const name : {"two", "at once"})
+      commands->addCommand(namedCommand(QString::fromLatin1(name)), 9);
+    QTRY_COMPARE(laidOut.size(), 1);
+    bar.AdjustToolBarSize(false);
+    QVERIFY(bar.Buttons().at(5)->x() > bar.Buttons().at(4)->x()); // also while it is hidden
   }
 
   void aSlideMayBeginAsAnotherOneEnds() {

@@ -7,6 +7,7 @@
 #include <ui_base/toolbars/tool_bar.h>
 #include <ui_base/toolbars/tool_button.h>
 #include <ui_base/tooltips/tooltip_object.h>
+#include <ui_base/views/qt_ui_toolkit.h>
 #include <vlk_license/license_service.h>
 
 using namespace Vela::UiBase;
@@ -106,6 +107,9 @@ private Q_SLOTS:
     QCOMPARE(shownColor(*stage.button), QColor(Qt::green)); // stays while checked
     stage.action.setChecked(false);
     QCOMPARE(shownColor(*stage.button), QColor(Qt::red));
+    stage.action.setIcon(coloredIcon(Qt::blue));
+    QCOMPARE(shownColor(*stage.button), QColor(Qt::blue));
+    stage.action.setIcon(twoPictures());
     stage.action.setEnabled(false);
     Vela::Test::moveMouse(*stage.button);
     Vela::Test::settle();
@@ -187,6 +191,8 @@ private Q_SLOTS:
     QVERIFY(hides->isCheckable() && hides->isChecked() && hides->toolTip() == "Hides it");
     hides->trigger();
     QVERIFY(window.isHidden());
+    window.addAction(hides);
+    QCOMPARE(QtUiToolkit::FindAction(&window, "Hide"), hides);
     const QAction* const plain = ToolButton::CreateToolButtonAction(&window, QString(), QString(), "A", "B");
     QVERIFY(!plain->isCheckable() && !plain->isChecked() && plain->icon().isNull());
   }

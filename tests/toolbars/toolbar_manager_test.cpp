@@ -123,7 +123,7 @@ private Q_SLOTS:
     row.main->setParent(&other);
     other.show();
     row.main->show();
-    QVERIFY(!row.bar(0) && row.main->parentWidget()->findChildren<ToolBar*>().size() == 4);
+    QVERIFY(!row.bar(0) && !row.separator() && other.findChildren<ToolBar*>().size() == 4);
   }
 
   void longRowEndsInTheWindow() {
@@ -172,6 +172,15 @@ private Q_SLOTS:
     row.begin(0);
     QTRY_VERIFY(!row.bar(0)->isHidden());
     QCOMPARE(row.bar(0)->Buttons().size(), 1);
+    const auto twin = namedGroup("group 0", 3); // nothing of the one before
+    row.manager->addDynamicCommandGroup(twin.get());
+    row.manager->commandGroupBegan(twin.get());
+    QTRY_COMPARE(row.bar(0)->Buttons().size(), 3);
+    row.manager->removeDynamicCommand(twin.get());
+    row.manager->addDynamicCommandGroup(twin.get()); // at once: not the toolbar that is to go
+    row.manager->commandGroupBegan(twin.get());
+    Vela::Test::settle();
+    QVERIFY(row.bar(0) && !row.bar(0)->isHidden());
   }
 
   void toolbarMayGoInAClickOnItself_data() {

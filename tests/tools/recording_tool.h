@@ -37,7 +37,7 @@ public:
 
   const QString name;
 
-  using InteractiveTool::setIdleCursor;
+  using InteractiveTool::setIdleCursor, InteractiveTool::setOperatingCursor;
   using InteractiveTool::startOperation;
   void endOperation() override {
     if (isOperating())

@@ -28,7 +28,7 @@ public:
     screen.on(name + '+', [&screen, this] { screen.controller->commandBegan(this); });
     screen.on(name + '-', [&screen, this] { screen.controller->commandEnded(this); });
     screen.on(name + '!', [this] { trigger(); });
-    screen.on(name + '/', [&screen, this] { screen.controller->removeCommand(this); });
+    screen.on(name + '/', [&screen, held = shared_from_this()] { screen.controller->removeCommand(&*held); });
   }
   bool onExecuteAsync(bool) override {
     m_screen.play("key");
@@ -69,8 +69,9 @@ private Q_SLOTS:
         "Qt::OpenHandCursor L:press L:move L:end Qt::WaitCursor");
     row("cleared while one operates", "M+ clear cursor?", "M:press M:end Qt::WaitCursor");
     row("without a controller", "R+ mv detach cursor?", "R:press R:move R:end Qt::WaitCursor");
-    row("waits below the top", "push wake start end waits?", "L:end waits");
-    row("waits for another button", "R+ mv push cursor? R- cursor? pop cursor?",
+    row("waits below the top", "push hand wake start end waits?", "L:end waits");
+    row("changes while it is seen", "push hand cursor?", "Qt::PointingHandCursor");
+    row("waits for another button", "R+ mv push hand cursor? R- cursor? pop cursor?",
         "R:press R:move Qt::ArrowCursor R:release R:end Qt::PointingHandCursor Qt::OpenHandCursor");
 
     row("command takes all", "L+ all+ L- L+ mv L- wheel key L2",
@@ -93,9 +94,9 @@ private Q_SLOTS:
     screen.on("end", [&] { screen.left->endOperation(); });
     screen.on("wake", [&] { screen.left->resume(); });
     screen.on("waits?", [&] { screen.tell(screen.left->isSuspended() ? "waits" : "is back"); });
-    const auto over = screen.makeTool("over");
-    over->setIdleCursor(Qt::PointingHandCursor);
+    const auto over = std::make_shared<RecordingTool>("over", screen.view); // without an idle cursor
     screen.on("push", [&] { screen.controller->pushTool(LeftButton, over); });
+    screen.on("hand", [&] { over->setOperatingCursor(Qt::PointingHandCursor); });
     screen.on("pop", [&] { screen.controller->popTool(LeftButton); });
     screen.on("clear", [&] { screen.controller->clearTools(); });
     screen.on("detach", [&] { screen.view->setViewController(nullptr); });
@@ -135,7 +136,7 @@ private Q_SLOTS:
       screen.on("decline", [&] { screen.takesWords = false; });
       screen.on("loss", [&] { screen.play(loss); });
       screen.on("L:double", [&] { screen.play(loss); });
-      if (loss == "dialog" || loss == "deactivate") { // which an unfocused view loses to as well
+      if (loss == "dialog" || loss == "deactivate" || loss == "disable") { // without the focus as well
         screen.view->setFocusPolicy(Qt::NoFocus);
         screen.play("edit");
       }
