@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <support/input.h>
 #include <support/screen_record.h>
-#include <support/test_case.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/assistants/command_inspector.h>
 #include <ui_base/commands/command_group.h>

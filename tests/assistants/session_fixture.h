@@ -2,7 +2,6 @@
 #pragma once
 
 #include <support/input.h>
-#include <support/test_case.h>
 #include <ui_base/assistants/session_recorder.h>
 #include <ui_base/assistants/session_replay.h>
 #include <ui_base/assistants/session_subject.h>

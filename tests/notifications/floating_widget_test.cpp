@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <support/input.h>
 #include <support/rows.h>
-#include <support/test_case.h>
 #include <ui_base/notifications/floating_widget.h>
 
 using namespace Vela::UiBase;

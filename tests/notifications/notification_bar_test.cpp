@@ -2,7 +2,6 @@
 #include "notification_fixture.h"
 
 #include <support/screen_record.h>
-#include <support/test_case.h>
 
 using namespace Vela::UiBase;
 using namespace Vela::Test;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <support/input.h>
 #include <support/rows.h>
-#include <support/test_case.h>
 #include <vlk_common_res/styles.h>
 #include <vlk_license/license_service.h>
 

@@ -2,7 +2,6 @@
 #include <support/input.h>
 #include <support/rows.h>
 #include <support/screen_record.h>
-#include <support/test_case.h>
 #include <ui_base/popups/dialog_ex.h>
 #include <ui_base/popups/flyout_base.h>
 #include <ui_base/popups/info_dialog.h>

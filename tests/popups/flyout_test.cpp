@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <support/input.h>
 #include <support/screen_record.h>
-#include <support/test_case.h>
 #include <ui_base/commands/flyout_command.h>
 #include <ui_base/core/focus_keeper.h>
 #include <ui_base/popups/arrowed_window.h>

@@ -2,7 +2,6 @@
 #include <support/input.h>
 #include <support/rows.h>
 #include <support/screen_record.h>
-#include <support/test_case.h>
 #include <ui_base/popups/arrowed_window.h>
 #include <ui_base/popups/placement_search.h>
 #include <ui_base/popups/popup_sight.h>

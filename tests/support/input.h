@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QTest>
-#include <QTimer>
-#include <QWidget>
+#include "test_case.h"
 
 /// Input as a person gives it: through the window of a widget, so that what lies over it gets it instead.
 namespace Vela::Test {

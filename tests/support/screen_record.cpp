@@ -6,17 +6,6 @@
 
 #include <vlk_common_res/styles.h>
 
-#include <QApplication>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QImage>
-#include <QPainter>
-#include <QPixmap>
-#include <QRegularExpression>
-#include <QTranslator>
-#include <QWidget>
-
 #include <algorithm>
 #include <utility>
 

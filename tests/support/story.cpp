@@ -2,16 +2,8 @@
 #include "story.h"
 
 #include "screen_record.h"
+#include "test_case.h"
 #include "widget_list.h"
-
-#include <QApplication>
-#include <QEvent>
-#include <QFile>
-#include <QFileInfo>
-#include <QMap>
-#include <QSet>
-#include <QTest>
-#include <QWindow>
 
 #include <algorithm>
 

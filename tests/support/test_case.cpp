@@ -5,11 +5,6 @@
 
 #include <vlk_common_res/styles.h>
 
-#include <QApplication>
-#include <QRegularExpression>
-#include <QSettings>
-#include <QStandardPaths>
-
 #include <algorithm>
 #include <vector>
 

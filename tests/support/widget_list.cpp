@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "widget_list.h"
 
-#include <QAccessible>
-#include <QAction>
-#include <QApplication>
-#include <QCursor>
-#include <QMetaEnum>
-#include <QWidget>
+#include "test_case.h"
 
 #include <algorithm>
 #include <tuple>

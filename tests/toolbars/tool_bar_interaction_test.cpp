@@ -3,7 +3,6 @@
 
 #include <support/input.h>
 #include <support/screen_record.h>
-#include <support/test_case.h>
 #include <ui_base/menus/menu_builder.h>
 #include <ui_base/popups/flyout_base.h>
 #include <ui_base/toolbars/tool_bar.h>

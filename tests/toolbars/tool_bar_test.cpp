@@ -81,6 +81,8 @@ private Q_SLOTS:
     QTRY_COMPARE(laidOut.size(), 1);
     bar.AdjustToolBarSize(false);
     QVERIFY(bar.Buttons().at(5)->x() > bar.Buttons().at(4)->x()); // also while it is hidden
+    bar.ShowMe();
+    QCOMPARE(bar.size(), bar.sizeHint());
   }
 
   void aSlideMayBeginAsAnotherOneEnds() {

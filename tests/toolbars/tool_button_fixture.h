@@ -4,7 +4,6 @@
 #include "toolbars_fixture.h"
 
 #include <support/input.h>
-#include <support/test_case.h>
 #include <ui_base/commands/flyout_command.h>
 #include <ui_base/popups/arrowed_window.h>
 #include <ui_base/popups/flyout_base.h>

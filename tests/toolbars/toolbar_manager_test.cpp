@@ -3,7 +3,6 @@
 
 #include <support/input.h>
 #include <support/screen_record.h>
-#include <support/test_case.h>
 #include <ui_base/toolbars/tool_bar.h>
 #include <ui_base/toolbars/toolbar_manager.h>
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <support/input.h>
-#include <support/test_case.h>
 #include <ui_base/popups/arrowed_window.h>
 #include <ui_base/popups/widget_pos_calculator.h>
 #include <ui_base/tooltips/default_tooltip.h>

@@ -9,20 +9,6 @@ using Vela::Test::settle;
 using Screen = Vela::Test::PresentationScreen;
 using namespace Vela::UiBase;
 
-namespace {
-
-/// Presents one controller, in the place of the controller that asks, and dismisses it.
-struct Container : PresentViewProtocol {
-  bool presentViewController(BaseViewController* controller, ETransitionDirection) override {
-    return controller == presents;
-  }
-  bool dismissViewController() override { return presents; }
-
-  BaseViewController* presents = nullptr;
-};
-
-} // namespace
-
 /// What a controller does for its view, and which of them goes with which, with or without an application.
 class BaseViewControllerTest : public Vela::Test::TestCase {
   Q_OBJECT
@@ -89,6 +75,15 @@ private Q_SLOTS:
   }
 
   void delegateMayPresent() {
+    /// Presents one controller, in the place of the controller that asks, and dismisses it.
+    struct Container : PresentViewProtocol {
+      bool presentViewController(BaseViewController* controller, ETransitionDirection) override {
+        return controller == presents;
+      }
+      bool dismissViewController() override { return presents; }
+
+      BaseViewController* presents = nullptr;
+    };
     const Screen screen;
     BaseViewController* const a = screen.controller("a");
     BaseViewController* const b = screen.controller("b");

@@ -3,7 +3,6 @@
 
 #include <support/input.h>
 #include <support/rows.h>
-#include <support/test_case.h>
 #include <ui_base/notifications/notification_bar.h>
 #include <ui_base/views/base_view.h>
 #include <ui_base/views/base_view_controller.h>

@@ -5,21 +5,6 @@ using Vela::Test::settle;
 using Screen = Vela::Test::PresentationScreen;
 using namespace Vela::UiBase;
 
-namespace {
-
-/// Calls back once when something in it is taken away.
-struct Place : QWidget {
-  std::function<void()> left;
-
-protected:
-  void childEvent(QChildEvent* event) override {
-    if (event->removed() && left)
-      std::exchange(left, nullptr)();
-  }
-};
-
-} // namespace
-
 /// Who is told what when views are presented, and what the calls answer.
 class PresentationTest : public Vela::Test::TestCase {
   Q_OBJECT
@@ -104,6 +89,13 @@ private Q_SLOTS:
   }
 
   void whatAViewLeavesCannotMoveItElsewhere() {
+    struct Place : QWidget {
+      std::function<void()> left;
+      void childEvent(QChildEvent* event) override {
+        if (event->removed() && left)
+          std::exchange(left, nullptr)();
+      }
+    };
     for (const bool seen : {false, true}) { // Qt announces only a move of what was seen
       for (const char* const acts : {"b>a", "d>b"}) {
         Screen screen;

@@ -2,7 +2,6 @@
 #include "tool_screen.h"
 
 #include <support/rows.h>
-#include <support/test_case.h>
 #include <ui_base/commands/command_base.h>
 
 using namespace Vela::Test;

@@ -5,17 +5,13 @@
 
 using namespace Vela::UiBase;
 
-namespace {
-
-QColor colorOf(const QIcon& icon, QIcon::Mode mode, qreal scale = 1.0) {
-  const QImage image = icon.pixmap(QSize(16, 16), scale, mode).toImage();
-  return image.isNull() ? QColor() : image.pixelColor(image.rect().center());
-}
-
-} // namespace
-
 class ToolkitServicesTest : public Vela::Test::TestCase {
   Q_OBJECT
+
+  static QColor colorOf(const QIcon& icon, QIcon::Mode mode, qreal scale = 1.0) {
+    const QImage image = icon.pixmap(QSize(16, 16), scale, mode).toImage();
+    return image.isNull() ? QColor() : image.pixelColor(image.rect().center());
+  }
 
 private Q_SLOTS:
   void iconsComeFromTheFilesOfAPath() {

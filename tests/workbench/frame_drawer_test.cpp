@@ -3,7 +3,6 @@
 
 #include <support/input.h>
 #include <support/rows.h>
-#include <support/test_case.h>
 #include <workbench/mesh_view.h>
 #include <workbench/renderer.h>
 

@@ -3,7 +3,6 @@
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 
-#include <support/test_case.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/config_manager.h>
 #include <workbench/commands/length_unit_command.h>

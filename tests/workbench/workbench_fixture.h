@@ -4,7 +4,6 @@
 #include "test_folder.h"
 
 #include <support/input.h>
-#include <support/test_case.h>
 #include <tqm_mesh_kernel/kernel.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/commands/command_base.h>

@@ -71,8 +71,10 @@ void ToolBar::ShowMe() {
   d->placer->comeIn();
   if (self)
     AdjustToolBarSize(true);
-  if (self)
-    show();
+  if (!self)
+    return;
+  d->sizeOutOfDate = isHidden(); // what was put in meanwhile is measured once it shows
+  show();
 }
 
 void ToolBar::HideMe(bool byRequest) {
