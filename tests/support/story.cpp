@@ -89,6 +89,8 @@ QString recordFile() {
       .arg(QFileInfo(QCoreApplication::applicationFilePath()).baseName());
 }
 
+bool isRecording() { return qEnvironmentVariableIsSet("VELA_RECORD_STORIES"); }
+
 /// A title in brackets, and under it what came and went.
 QMap<QString, QStringList> recorded() {
   QFile file(recordFile());
@@ -128,7 +130,7 @@ void record(QMap<QString, QStringList> told) {
 } // namespace
 
 void start() {
-  onlooker().isWatching = drawsAsRecorded();
+  onlooker().isWatching = (isRecording() || QFile::exists(recordFile())) && drawsAsRecorded();
   if (onlooker().isWatching)
     qApp->installEventFilter(&onlooker());
 }
@@ -137,7 +139,7 @@ void look() { onlooker().look(); }
 
 QStringList takeDifferences() {
   const auto told = std::exchange(stories(), {});
-  if (qEnvironmentVariableIsSet("VELA_RECORD_STORIES")) {
+  if (isRecording()) {
     record(told);
     return {};
   }
