@@ -80,7 +80,7 @@ private:
 };
 
 Onlooker& onlooker() {
-  static Onlooker* const onlooker = new Onlooker; // application objects come and go
+  static auto* const onlooker = new Onlooker; // application objects come and go
   return *onlooker;
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "presentation_screen.h"
 
-using Vela::Test::settle;
 using Screen = Vela::Test::PresentationScreen;
 using namespace Vela::UiBase;
 
