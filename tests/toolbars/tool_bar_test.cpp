@@ -75,10 +75,12 @@ private Q_SLOTS:
     bar.ShowMe();
     QCOMPARE(bar.size(), bar.sizeHint());
     bar.hide();
+    settle();
     laidOut.clear();
     for (const char* const name : {"two", "at once"})
       commands->addCommand(namedCommand(QString::fromLatin1(name)), 9);
-    QTRY_COMPARE(laidOut.size(), 1);
+    settle();
+    QCOMPARE(laidOut.size(), 1);
     bar.AdjustToolBarSize(false);
     QVERIFY(bar.Buttons().at(5)->x() > bar.Buttons().at(4)->x()); // also while it is hidden
     bar.ShowMe();
