@@ -57,11 +57,15 @@ public:
       m_before.clear();
     m_title = title;
     const QStringList now = visibleWidgets();
+    QStringList& story = stories()[title];
     if (const QStringList news = changes(m_before, now); !news.isEmpty())
-      stories()[title] << QString() << news;
+      story << QString() << news;
     m_before = now;
     m_looks = false;
   }
+
+  /// What is seen next begins a story.
+  void begin() { m_title.clear(); }
 
   bool eventFilter(QObject* object, QEvent* event) override {
     static const QSet<int> inputs{QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
@@ -119,6 +123,7 @@ void record(QMap<QString, QStringList> told) {
   QFile file(recordFile());
   if (!file.open(QIODevice::WriteOnly))
     qFatal("Stories cannot be written.");
+  told.removeIf([](const auto& story) { return story->isEmpty(); });
   for (auto story = told.begin(); story != told.end(); ++story) {
     const QStringList& lines = story->size() > MostLines ? QStringList(varies) : *story;
     file.write((QLatin1Char('[') + story.key() + QLatin1String("]\n") + lines.join(QLatin1Char('\n')) +
@@ -138,6 +143,7 @@ void start() {
 void look() { onlooker().look(); }
 
 QStringList takeDifferences() {
+  onlooker().begin();
   const auto told = std::exchange(stories(), {});
   if (isRecording()) {
     record(told);

@@ -83,8 +83,15 @@ private Q_SLOTS:
     QCOMPARE(laidOut.size(), 1);
     bar.AdjustToolBarSize(false);
     QVERIFY(bar.Buttons().at(5)->x() > bar.Buttons().at(4)->x()); // also while it is hidden
-    bar.ShowMe();
-    QCOMPARE(bar.size(), bar.sizeHint());
+    using Show = void (ToolBar::*)();
+    for (const Show show : {Show(&ToolBar::ShowMe), Show(&ToolBar::ShowAnimated), Show(&ToolBar::show)}) {
+      bar.hide();
+      commands->addCommand(namedCommand(QStringLiteral("one more")), 9);
+      settle();
+      bar.AdjustToolBarSize(false);
+      std::invoke(show, bar);
+      QCOMPARE(bar.size(), bar.sizeHint());
+    }
   }
 
   void aSlideMayBeginAsAnotherOneEnds() {

@@ -26,7 +26,7 @@ void ToolBar::SetPos(const QPoint& position) {
 }
 
 void ToolBar::AdjustToolBarSize(bool reposition) {
-  d->sizeOutOfDate = false;
+  d->sizeOutOfDate = !isVisible(); // what is put in meanwhile can be measured once it shows
   if (d->placer->isLaidOut()) {
     updateGeometry();
     return;
@@ -71,10 +71,8 @@ void ToolBar::ShowMe() {
   d->placer->comeIn();
   if (self)
     AdjustToolBarSize(true);
-  if (!self)
-    return;
-  d->sizeOutOfDate = isHidden(); // what was put in meanwhile is measured once it shows
-  show();
+  if (self)
+    show();
 }
 
 void ToolBar::HideMe(bool byRequest) {

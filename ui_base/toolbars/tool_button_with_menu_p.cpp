@@ -101,7 +101,12 @@ void ToolButtonWithMenuPrivate::comeIntoSight() const {
 
 void ToolButtonWithMenuPrivate::movePopup() {
   auto* const self = static_cast<ToolButtonWithMenu*>(button);
-  placeInSight(*posCalculator, [self] { return self->GetMenuPosition(); });
+  const auto measure = [this](const QSize&) { // a parent that is left limited it
+    if (auto* const bar = qobject_cast<ToolBar*>(popup()))
+      bar->AdjustToolBarSize(false);
+  };
+  placeInSight(
+      *posCalculator, [self] { return self->GetMenuPosition(); }, Qt::Tool, measure);
 }
 
 // Who closes menus on a press elsewhere may take the button for elsewhere; its click is not to open it again.
