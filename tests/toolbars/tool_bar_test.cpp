@@ -86,7 +86,7 @@ private Q_SLOTS:
     using Show = void (ToolBar::*)();
     for (const Show show : {Show(&ToolBar::ShowMe), Show(&ToolBar::ShowAnimated), Show(&ToolBar::show)}) {
       bar.hide();
-      commands->addCommand(namedCommand(QStringLiteral("one more")), 9);
+      commands->addCommand(namedCommand(QStringLiteral("+")), 9);
       settle();
       bar.AdjustToolBarSize(false);
       std::invoke(show, bar);
