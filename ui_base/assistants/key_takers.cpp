@@ -66,7 +66,6 @@ private:
     const QPointer<QWidget> guard(m_focus);
     QKeyEvent asked(QEvent::ShortcutOverride, key.key(), key.keyboardModifiers(),
                     isLetter ? QString(QChar(key.key())) : QString());
-    asked.ignore();
     QCoreApplication::sendEvent(m_focus, &asked);
     if (!guard)
       m_focus = nullptr;

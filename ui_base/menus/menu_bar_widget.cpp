@@ -20,8 +20,6 @@ MenuBarWidget::MenuBarWidget(const QString& name, QWidget* parent)
       m_layout(new MenuBarLayout(this, m_overflowButton)) {
   setObjectName(name);
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-  policy.setHorizontalStretch(0);
-  policy.setVerticalStretch(0);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
   setContextMenuPolicy(Qt::NoContextMenu);
@@ -85,7 +83,6 @@ void MenuBarWidget::insertSeparator(int index, bool line, int width) {
 void MenuBarWidget::takeRoom(QWidget* widget) {
   const int end = m_layout->count() - 1;
   m_layout->itemAt(end)->spacerItem()->changeSize(0, 0, QSizePolicy::Fixed);
-  m_layout->setStretch(end, 0);
   m_layout->setStretchFactor(widget, 1);
 }
 

@@ -45,7 +45,6 @@ void ArrowedWindow::Initialize() {
   d->layout = new QVBoxLayout(this);
   d->layout->setSizeConstraint(QLayout::SetFixedSize);
   d->layout->setContentsMargins({});
-  d->layout->setSpacing(0);
 }
 
 // --- content

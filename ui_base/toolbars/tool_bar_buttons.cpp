@@ -115,7 +115,6 @@ void ToolBarPrivate::applySizes(ToolButton& button) const {
   if (!iconSize.isEmpty())
     button.setIconSize(iconSize);
   button.setMinimumSize(size.expandedTo({0, 0}));
-  button.updateGeometry();
 }
 
 void ToolBarPrivate::applyStyleSheet(ToolButton& button) const {

@@ -69,7 +69,6 @@ ToolButton::~ToolButton() = default;
 void ToolButton::Initialize(QAction* action, ToolBar* toolBar) {
   makeToolBarsAccessible();
   setFocusPolicy(Qt::NoFocus);
-  setMenu(nullptr);
   setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Preferred);
   // The toolbar is told of every mouse event by forward().
   setAttribute(Qt::WA_NoMousePropagation);

@@ -27,7 +27,6 @@ QAccessibleInterface* makeAccessible(const QString& className, QObject* object) 
 
 ATooltipEx::ATooltipEx(QWidget* parent) : QWidget(parent) {
   [[maybe_unused]] static const bool accessible = (QAccessible::installFactory(makeAccessible), true);
-  setFocusPolicy(Qt::NoFocus);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   setAttribute(Qt::WA_StyledBackground);
   connect(&Styles::Instance(), &Styles::changed, this, [this] { ApplyLook(); });
