@@ -4,15 +4,11 @@
 #include "workbench_fixture.h"
 
 #include <ui_base/assistants/command_palette.h>
-#include <ui_base/views/base_view.h>
-#include <ui_base/views/base_view_controller.h>
 #include <vlk_common_res/styles.h>
 #include <workbench/commands/dark_palette_command.h>
 #include <workbench/commands/open_mesh_command.h>
 #include <workbench/commands/save_screenshot_command.h>
 #include <workbench/commands/shading_command.h>
-#include <workbench/panels/about_dialog.h>
-#include <workbench/photos/photo_view.h>
 #include <workbench/renderer.h>
 #include <workbench/screenshot_run.h>
 
@@ -152,68 +148,21 @@ private Q_SLOTS:
       return workbench.window().isActiveWindow() && focus && widget &&
              (focus == widget || widget->isAncestorOf(focus));
     };
-    const auto isBack = [&] { // which a window manager does
-      if (!QApplication::activeModalWidget())
-        workbench.window().activateWindow();
-      return hasFocus(&workbench.view());
-    };
     const MeshView& mesh = workbench.view();
     QTRY_VERIFY(hasFocus(&mesh));
-    workbench.press(Qt::Key_2, Qt::AltModifier);
-    QTRY_VERIFY(hasFocus(workbench.window().photoView()));
-    workbench.press(Qt::Key_1, Qt::AltModifier);
-    QTRY_VERIFY(hasFocus(&mesh));
-
     workbench.press(Qt::Key_O, Qt::ControlModifier);
     QVERIFY(workbench.fileDialog());
     workbench.press(Qt::Key_Escape);
-    QTRY_VERIFY(isBack());
+    QTRY_VERIFY(!QApplication::activeModalWidget());
+    workbench.window().activateWindow(); // which a window manager does
+    QTRY_VERIFY(hasFocus(&mesh));
     QVERIFY(workbench.notification().isEmpty() && workbench.command<OpenMeshCommand>()->isEnabled());
-    workbench.press(Qt::Key_H, Qt::AltModifier);
-    QTRY_VERIFY(QApplication::activePopupWidget());
-    workbench.press(Qt::Key_A);
-    QTRY_VERIFY(qobject_cast<AboutDialog*>(QApplication::activeModalWidget()));
-    workbench.press(Qt::Key_Escape);
-    QTRY_VERIFY(isBack());
 
     const auto* const palette = workbench.window().findChild<Vela::UiBase::CommandPalette*>();
     workbench.press(Qt::Key_K, Qt::ControlModifier);
     QTRY_VERIFY(hasFocus(palette));
     workbench.press(Qt::Key_Escape);
     QVERIFY(hasFocus(&mesh));
-  }
-
-  void whatCoversAViewIsWorkedByKeyboardAlone() {
-    struct Cover : Vela::UiBase::BaseViewController {
-      using BaseViewController::BaseViewController;
-      bool keyPress(QKeyEvent* event) override {
-        return event->key() == Qt::Key_Escape && dismissViewController();
-      }
-    };
-    WorkbenchFixture workbench;
-    const auto focus = [&workbench]() -> QWidget* { return workbench.window().focusWidget(); };
-    QTRY_COMPARE(focus(), &workbench.view());
-    QPointer<Vela::UiBase::BaseView> view = new Vela::UiBase::BaseView;
-    auto* const cover = new Cover(view);
-    auto* const field = new QLineEdit(view);
-    workbench.controller().setDelegate(std::shared_ptr<Vela::UiBase::PresentViewProtocol>(), false);
-    QVERIFY(workbench.controller().presentViewController(cover, Vela::UiBase::FromRight));
-    QCOMPARE(focus(), view);
-    for (int i = 0; i < 20 && focus() != field; ++i) {
-      workbench.press(Qt::Key_Tab);
-      QVERIFY(focus() && focus() != &workbench.view());
-    }
-    workbench.press(Qt::Key_7);
-    QCOMPARE(field->text(), QStringLiteral("7"));
-    workbench.press(Qt::Key_O, Qt::ControlModifier);
-    QVERIFY(workbench.fileDialog());
-    workbench.press(Qt::Key_Escape);
-    QTRY_VERIFY(!QApplication::activeModalWidget());
-    workbench.window().activateWindow(); // which a window manager does
-    QTRY_COMPARE(QApplication::focusWidget(), field);
-    workbench.press(Qt::Key_Escape);
-    QTRY_COMPARE(focus(), &workbench.view());
-    QTRY_VERIFY(!view);
   }
 
   void theWindowMayGoWhileFilesAreBeingRead() {

@@ -25,17 +25,12 @@ private Q_SLOTS:
     document.edit(QStringLiteral("Delete"), withoutTriangles(document.mesh(), selection));
     QUndoStack& steps = *document.undoStack();
     QCOMPARE(steps.count(), 2);
-    QCOMPARE(document.mesh().triangles().size(), std::size_t(10));
-    QVERIFY(document.selection().isEmpty());
-
     steps.undo();
     QCOMPARE(document.mesh().triangles(), Test::cube(1).triangles());
     QCOMPARE(document.selection(), selection);
     steps.undo();
     QVERIFY(document.selection().isEmpty());
-    steps.redo();
-    QCOMPARE(document.selection(), selection);
-    steps.redo();
+    steps.setIndex(2);
     QCOMPARE(document.mesh().triangles().size(), std::size_t(10));
     QVERIFY(document.selection().isEmpty());
     QVERIFY_THROWS_EXCEPTION(std::invalid_argument, document.setSelection(selection));

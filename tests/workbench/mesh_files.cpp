@@ -7,20 +7,13 @@
 namespace Workbench::Test {
 namespace {
 
-QByteArray line(const char* prefix, const QVector3D& p) {
-  return prefix + QStringLiteral("%1 %2 %3\n").arg(p.x()).arg(p.y()).arg(p.z()).toLatin1();
-}
-
-QByteArray line(const char* prefix, const Mesh::Triangle& t, std::uint32_t base) {
-  return prefix + QStringLiteral("%1 %2 %3\n").arg(t[0] + base).arg(t[1] + base).arg(t[2] + base).toLatin1();
-}
-
 QByteArray lines(const Mesh& mesh, const char* vertex, const char* face, std::uint32_t base) {
+  const QString three = QStringLiteral("%1 %2 %3\n");
   QByteArray all;
   for (const QVector3D& p : mesh.positions())
-    all += line(vertex, p);
+    all += vertex + three.arg(p.x()).arg(p.y()).arg(p.z()).toLatin1();
   for (const Mesh::Triangle& t : mesh.triangles())
-    all += line(face, t, base);
+    all += face + three.arg(t[0] + base).arg(t[1] + base).arg(t[2] + base).toLatin1();
   return all;
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "test_folder.h"
 #include "test_meshes.h"
 
 #include <support/rows.h>
@@ -17,86 +18,39 @@
 using namespace Workbench;
 using Vela::Test::Rows;
 
+#ifdef Q_OS_UNIX
 namespace {
 
-using Corners = std::array<std::array<float, 3>, 3>;
-
-// The triangles by the places of their corners; formats may number the vertices in their own way.
-std::vector<Corners> cornersOf(const Mesh& mesh) {
-  std::vector<Corners> all;
-  for (const Mesh::Triangle& triangle : mesh.triangles()) {
-    Corners corners;
-    for (std::size_t i = 0; i < 3; ++i) {
-      const QVector3D& p = mesh.positions()[triangle[i]];
-      corners[i] = {p.x(), p.y(), p.z()};
-    }
-    all.push_back(corners);
-  }
-  return all;
+// As long as the guard lives, no file of the process grows beyond a size, as on a disk without room for more.
+auto limitFiles(rlim_t size) {
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit small{std::min(size, before.rlim_cur), before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &small);
+  return qScopeGuard([before] { setrlimit(RLIMIT_FSIZE, &before); });
 }
 
-bool isSame(const Corners& a, const Corners& b, float tolerance) {
-  for (std::size_t i = 0; i < 9; ++i) {
-    const float expected = b[i / 3][i % 3];
-    if (std::abs(a[i / 3][i % 3] - expected) > std::abs(expected) * tolerance)
-      return false;
-  }
-  return true;
-}
-
-QByteArray bytesOf(const QString& fileName) {
-  QFile file(fileName);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-#ifdef Q_OS_UNIX
-// While it lives, no file of the process grows beyond a size, as on a disk without room for more.
-class SmallDisk {
-public:
-  explicit SmallDisk(rlim_t size) : m_handler(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &m_before);
-    const rlimit small{size, m_before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-  }
-  ~SmallDisk() {
-    setrlimit(RLIMIT_FSIZE, &m_before);
-    std::signal(SIGXFSZ, m_handler);
-  }
-  Q_DISABLE_COPY_MOVE(SmallDisk)
-
-private:
-  void (*m_handler)(int);
-  rlimit m_before{};
-};
-
-// While it lives, the process is that of a user without rights of its own; root may write everywhere.
-class NobodyUser {
-public:
-  NobodyUser() : m_was(geteuid()) {
-    if (m_was == 0)
-      m_changed = setresuid(Nobody, Nobody, 0) == 0;
-  }
-  ~NobodyUser() {
-    if (m_changed && setresuid(m_was, m_was, m_was) != 0)
+// As long as the guard lives, the process is that of a user without rights of its own; root may write
+// everywhere.
+auto becomeNobody() {
+  constexpr uid_t Nobody = 65534;
+  const uid_t user = geteuid();
+  if (user == 0 && setresuid(Nobody, Nobody, 0) != 0)
+    qFatal("cannot become another user");
+  return qScopeGuard([user] {
+    if (setresuid(user, user, user) != 0)
       qFatal("cannot become the user again");
-  }
-  Q_DISABLE_COPY_MOVE(NobodyUser)
-
-private:
-  static constexpr uid_t Nobody = 65534;
-  const uid_t m_was;
-  bool m_changed = false;
-};
-#endif
+  });
+}
 
 } // namespace
+#endif
 
 class MeshWriterTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void cleanup() { m_folder = makeFolder(); }
-
   void whatIsSavedIsReadBack_data() {
     const Rows<QString> row("name");
     for (const char* name : {"a.obj", "a.ply", "a.stl", "A.STL", "Würfel √2.obj"})
@@ -110,17 +64,19 @@ private Q_SLOTS:
     positions[4] *= 12345.678F;
     positions[5] = -positions[5] / 3;
     const Mesh mesh(positions, shape.triangles());
-    saveMesh(mesh, path(name));
-    saveMesh(mesh, path(name)); // over the first
-    const Mesh read = loadMesh(path(name));
-    const auto expected = cornersOf(mesh);
-    const auto found = cornersOf(read);
-    QCOMPARE(found.size(), expected.size());
-    // The reader of text does not round to the nearest number.
+    const Test::TestFolder folder;
+    saveMesh(mesh, folder.path(name));
+    saveMesh(mesh, folder.path(name)); // over the first
+    const Mesh read = loadMesh(folder.path(name));
+    QCOMPARE(read.triangles().size(), mesh.triangles().size());
+    // Formats number the vertices in their own way; the reader of text does not round to the nearest number.
     const float tolerance = name.endsWith(".obj") ? 1e-6F : 0;
-    const auto same = [tolerance](const Corners& a, const Corners& b) { return isSame(a, b, tolerance); };
-    QVERIFY(std::ranges::equal(found, expected, same));
-    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden), QStringList(name));
+    for (std::size_t i = 0; i < 3 * read.triangles().size(); ++i) {
+      const QVector3D found = read.positions()[read.triangles()[i / 3][i % 3]];
+      const QVector3D expected = positions[shape.triangles()[i / 3][i % 3]];
+      QVERIFY((found - expected).length() <= expected.length() * tolerance);
+    }
+    QCOMPARE(QDir(folder.path({})).entryList(QDir::Files | QDir::Hidden), QStringList(name));
   }
 
 #ifdef Q_OS_UNIX
@@ -138,80 +94,44 @@ private Q_SLOTS:
     QFETCH(QString, place);
     QFETCH(QString, reason);
     const QByteArray old = "what was worked on for days\n";
-    QFile file(path(name));
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(old) == old.size());
-    file.close();
-    {
-      QFile folder(m_folder->path());
-      std::optional<SmallDisk> disk;
-      std::optional<NobodyUser> nobody;
-      std::stop_source stop;
-      if (place == "full")
-        disk.emplace(20000);
-      if (place == "cancelled")
-        stop.request_stop();
-      if (place == "protected")
-        QVERIFY(file.setPermissions(QFile::ReadOwner | QFile::ReadOther));
-      if (place == "locked")
-        QVERIFY(file.setPermissions(QFile::Permissions(0x6666)) &&
-                folder.setPermissions(QFile::Permissions(0x5555)));
-      if (place == "locked" || place == "protected")
-        nobody.emplace();
-      try {
-        saveMesh(Test::blob(60), path(name), Vela::UiBase::RunProgress(stop.get_token()));
-        QFAIL("saved");
-      } catch (const MeshSaveError& error) {
-        QVERIFY2(error.message().contains(reason) && !reason.isEmpty(), qPrintable(error.message()));
-        QVERIFY2(error.message().contains(name), qPrintable(error.message()));
-        QVERIFY2(!error.message().contains(m_folder->path()), qPrintable(error.message()));
-      } catch (const Vela::UiBase::RunCancelled&) {
-        QVERIFY(reason.isEmpty());
-      }
+    const Test::TestFolder folder;
+    QFile file(folder.write(name, old));
+    const auto allow = [&](int inFolder, int inFile) {
+      return QFile::setPermissions(folder.path({}), QFile::Permissions(inFolder)) &&
+             file.setPermissions(QFile::Permissions(inFile));
+    };
+    QVERIFY(allow(place == "locked" ? 0x5555 : 0x7777, place == "protected" ? 0x4444 : 0x6666));
+    std::stop_source stop;
+    if (place == "cancelled")
+      stop.request_stop();
+    try {
+      const auto nobody = becomeNobody();
+      const auto disk = limitFiles(place == "full" ? 20000 : RLIM_INFINITY);
+      saveMesh(Test::blob(60), file.fileName(), Vela::UiBase::RunProgress(stop.get_token()));
+      QFAIL("saved");
+    } catch (const MeshSaveError& error) {
+      QVERIFY2(error.message().contains(reason) && !reason.isEmpty(), qPrintable(error.message()));
+      QVERIFY2(error.message().contains(name), qPrintable(error.message()));
+      QVERIFY2(!error.message().contains(folder.path({})), qPrintable(error.message()));
+    } catch (const Vela::UiBase::RunCancelled&) {
+      QVERIFY(reason.isEmpty());
     }
-    QFile(m_folder->path()).setPermissions(QFile::Permissions(0x7755));
-    QCOMPARE(bytesOf(path(name)), old);
-    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden), QStringList(name));
+    QVERIFY(allow(0x7777, 0x6666));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), old);
+    QCOMPARE(QDir(folder.path({})).entryList(QDir::Files | QDir::Hidden), QStringList(name));
   }
 
   void aLinkStaysOne() {
-    QVERIFY(QDir(m_folder->path()).mkdir("scans"));
-    saveMesh(Test::cube(1), path("scans/cube.ply"));
-    QVERIFY(QFile::link(path("scans/cube.ply"), path("cube.ply")));
-    saveMesh(Test::blob(10), path("cube.ply"));
-    QVERIFY(QFileInfo(path("cube.ply")).isSymLink());
-    QCOMPARE(loadMesh(path("scans/cube.ply")).triangles().size(), std::size_t(200));
+    const Test::TestFolder folder;
+    QVERIFY(QDir(folder.path({})).mkdir("scans"));
+    saveMesh(Test::cube(1), folder.path("scans/cube.ply"));
+    QVERIFY(QFile::link(folder.path("scans/cube.ply"), folder.path("cube.ply")));
+    saveMesh(Test::blob(10), folder.path("cube.ply"));
+    QVERIFY(QFileInfo(folder.path("cube.ply")).isSymLink());
+    QCOMPARE(loadMesh(folder.path("scans/cube.ply")).triangles().size(), std::size_t(200));
   }
 #endif
-
-  void tellsWhereNothingCanBeSaved_data() {
-    const Rows<QString, QString> row("name", "reason");
-    row("no folder", "missing/a.obj", "folder does not exist");
-    row("a folder", "folder.obj", "not a file");
-    row("no format", "a", "format is not known");
-  }
-  void tellsWhereNothingCanBeSaved() {
-    QFETCH(QString, name);
-    QFETCH(QString, reason);
-    QVERIFY(QDir(m_folder->path()).mkdir("folder.obj"));
-    try {
-      saveMesh(Test::cube(1), path(name));
-      QFAIL("saved");
-    } catch (const MeshSaveError& error) {
-      QVERIFY2(error.reason().contains(reason), qPrintable(error.reason()));
-    }
-  }
-
-private:
-  QString path(const QString& name) const { return m_folder->filePath(name); }
-
-  // Others may look.
-  static std::unique_ptr<QTemporaryDir> makeFolder() {
-    auto folder = std::make_unique<QTemporaryDir>();
-    QFile(folder->path()).setPermissions(QFile::Permissions(0x7755));
-    return folder;
-  }
-
-  std::unique_ptr<QTemporaryDir> m_folder = makeFolder();
 };
 
 VELA_TEST_MAIN(MeshWriterTest)

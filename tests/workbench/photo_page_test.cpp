@@ -62,17 +62,13 @@ private Q_SLOTS:
       return icon.pixelColor(icon.rect().center());
     };
     QTRY_COMPARE(middle(), QColor(Qt::red));
-    const QPoint mesh = strip->visualItemRect(strip->item(0)).center();
-    clickAt(*strip->viewport(), mesh);
+    clickAt(*strip->viewport(), strip->visualItemRect(strip->item(0)).center());
     QTRY_VERIFY(bench.window().pages().current() == MeshPage && bench.view().hasFocus());
     for (int i = 0; i < 5 && !strip->hasFocus(); ++i)
       bench.press(Qt::Key_F6);
     for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Return})
       bench.press(key);
     QVERIFY(bench.isShown() && bench.shows("b.png") && bench.photos().hasFocus());
-    bench.resize({500, 330});
-    QVERIFY(!strip->isVisible());
-    bench.resize({500, 600});
     for (int i = 0; i < 2; ++i)
       bench.press(Qt::Key_W, Qt::ControlModifier);
     QTRY_VERIFY(!strip->isVisible());
@@ -80,8 +76,6 @@ private Q_SLOTS:
 
   void goesAlongTheRowByButtonsAndKeys() {
     PhotoBench bench;
-    bench.press(Qt::Key_2, Qt::AltModifier);
-    QVERIFY(bench.isShown() && !bench.button("fit_to_view_button")->isEnabled()); // there is nothing to fit
     QVERIFY(bench.show({bench.photo("a.png", {300, 200}), bench.photo("b.png", {50, 400}),
                         bench.photo("c.png", {300, 200})}));
     QVERIFY(bench.shows("a.png") && !bench.button("prev_button")->isEnabled());
@@ -100,7 +94,7 @@ private Q_SLOTS:
     QCOMPARE(bench.document().count(), 2);
   }
 
-  void zoomsAtThePointerAndUpToTheLimits() {
+  void zoomsAtThePointerAndMovesUpToTheEdges() {
     PhotoBench bench;
     QVERIFY(bench.show({bench.photo("a.png", {3000, 2000})}));
     const PhotoViewport& viewport = bench.photos().viewport();
@@ -108,25 +102,19 @@ private Q_SLOTS:
     const QPointF pointer(200, 120);
     for (int i = 0; i < 3; ++i)
       bench.turnWheel(bench.photos(), pointer, 120);
-    const QPointF seen = viewport.photoPoint(pointer);
-    bench.turnWheel(bench.photos(), pointer, 120);
-    QVERIFY((viewport.photoPoint(pointer) - seen).manhattanLength() < 1e-6);
-
     const QPointF held = viewport.photoPoint(pointer);
+    bench.turnWheel(bench.photos(), pointer, 120);
+    QVERIFY((viewport.photoPoint(pointer) - held).manhattanLength() < 1e-6);
     QWindow* const target = bench.window().windowHandle();
     const QPoint position = inWindow(bench.photos(), pointer.toPoint());
     QTest::mousePress(target, Qt::LeftButton, {}, position);
     QTest::mouseMove(target, position - QPoint(40, 30));
-    QCOMPARE(viewport.photoPoint(pointer - QPointF(40, 30)), held);
+    QVERIFY((viewport.photoPoint(pointer - QPointF(40, 30)) - held).manhattanLength() < 1e-6);
     QTest::mouseMove(target, position - QPoint(5000, 5000)); // the edges stay at those of the view
     QTest::mouseRelease(target, Qt::LeftButton, {}, position - QPoint(5000, 5000));
     QVERIFY((viewport.photoRect().bottomRight() - 2 * viewport.middle()).manhattanLength() < 1);
 
     bench.photos().setFocus();
-    for (int i = 0; i < 40 && bench.button("zoom_in_button")->isEnabled(); ++i)
-      bench.press(Qt::Key_Plus, Qt::ShiftModifier);
-    QCOMPARE(viewport.zoom(), viewport.mostZoom());
-    QVERIFY(!bench.button("zoom_in_button")->isEnabled());
     bench.press(Qt::Key_F);
     QVERIFY(viewport.isFit());
   }

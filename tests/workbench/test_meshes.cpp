@@ -9,35 +9,23 @@ namespace {
 
 constexpr float Pi = std::numbers::pi_v<float>;
 
-struct Count {
-  int rows;
-  int columns;
-};
-
-/// Points in rows and columns with two triangles in each cell. With as many cells as points in a direction
-/// the last ones are those between the last points and the first.
-Mesh grid(Count points, Count cells, const std::function<QVector3D(float row, float column)>& place) {
+/// Points in rows and columns with two triangles in each of n x n cells. With no more points than cells the
+/// last cells are those between the last points and the first.
+Mesh grid(int cells, int rows, int columns, const std::function<QVector3D(float row, float column)>& place) {
   std::vector<QVector3D> positions;
-  for (int row = 0; row < points.rows; ++row) {
-    for (int column = 0; column < points.columns; ++column)
-      positions.push_back(place(float(row) / float(cells.rows), float(column) / float(cells.columns)));
+  for (int row = 0; row < rows; ++row) {
+    for (int column = 0; column < columns; ++column)
+      positions.push_back(place(float(row) / float(cells), float(column) / float(cells)));
   }
-  const auto at = [points](int row, int column) {
-    return std::uint32_t(row % points.rows * points.columns + column % points.columns);
-  };
+  const auto at = [=](int row, int column) { return std::uint32_t(row % rows * columns + column % columns); };
   std::vector<Mesh::Triangle> triangles;
-  for (int row = 0; row < cells.rows; ++row) {
-    for (int column = 0; column < cells.columns; ++column) {
-      triangles.push_back({at(row, column), at(row, column + 1), at(row + 1, column + 1)});
-      triangles.push_back({at(row, column), at(row + 1, column + 1), at(row + 1, column)});
-    }
+  for (int i = 0; i < cells * cells; ++i) {
+    const int row = i / cells;
+    const int column = i % cells;
+    triangles.push_back({at(row, column), at(row, column + 1), at(row + 1, column + 1)});
+    triangles.push_back({at(row, column), at(row + 1, column + 1), at(row + 1, column)});
   }
   return {positions, triangles};
-}
-
-QVector3D onSphere(float latitude, float longitude) {
-  return {std::sin(latitude) * std::cos(longitude), std::cos(latitude),
-          std::sin(latitude) * std::sin(longitude)};
 }
 
 } // namespace
@@ -54,36 +42,28 @@ Mesh cube(float edge) {
 }
 
 Mesh square(float half, int cells, float z) {
-  return grid({cells + 1, cells + 1}, {cells, cells}, [=](float row, float column) {
+  return grid(cells, cells + 1, cells + 1, [=](float row, float column) {
     return QVector3D(half * (2 * column - 1), half * (2 * row - 1), z);
   });
 }
 
 Mesh blob(int rings) {
-  return grid({rings + 1, rings}, {rings, rings}, [](float row, float column) {
+  return grid(rings, rings + 1, rings, [](float row, float column) {
     const float latitude = Pi * row;
     const float longitude = 2 * Pi * column;
-    return onSphere(latitude, longitude) *
-           (1 + 0.1F * std::sin(7 * longitude) * std::sin(latitude) * std::sin(5 * latitude));
+    const float radius = 1 + 0.1F * std::sin(7 * longitude) * std::sin(latitude) * std::sin(5 * latitude);
+    return radius * QVector3D(std::sin(latitude) * std::cos(longitude), std::cos(latitude),
+                              std::sin(latitude) * std::sin(longitude));
   });
 }
 
-Mesh sphere(int rings) {
-  const auto n = std::uint32_t(rings);
-  const Mesh middle = grid({rings - 1, rings}, {rings - 2, rings}, [n](float row, float column) {
-    return onSphere(Pi * (1 + row * float(n - 2)) / float(n), 2 * Pi * column);
+Mesh torus(int rings) {
+  return grid(rings, rings, rings, [](float row, float column) {
+    const float around = 2 * Pi * row;
+    const float across = 2 * Pi * column;
+    const float radius = 2 + std::cos(across);
+    return QVector3D(radius * std::cos(around), std::sin(across), radius * std::sin(around));
   });
-  std::vector<QVector3D> points = middle.positions();
-  std::vector<Mesh::Triangle> triangles = middle.triangles();
-  const auto north = std::uint32_t(points.size());
-  for (const float pole : {1.0F, -1.0F})
-    points.emplace_back(0, pole, 0);
-  for (std::uint32_t u = 0; u < n; ++u) {
-    const std::uint32_t next = (u + 1) % n;
-    triangles.push_back({north, next, u});
-    triangles.push_back({north + 1, north - n + u, north - n + next});
-  }
-  return {points, triangles};
 }
 
 Mesh merged(const Mesh& first, const Mesh& second) {

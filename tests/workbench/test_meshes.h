@@ -13,8 +13,8 @@ Mesh cube(float edge);
 Mesh square(float half, int cells = 1, float z = 0);
 /// A bumpy closed surface of 2 x rings x rings triangles: enough to fill many tiles.
 Mesh blob(int rings);
-/// A closed sphere of radius 1 around the origin, of 2 x rings x (rings - 1) triangles.
-Mesh sphere(int rings);
+/// A tube of radius 1, bent to a ring of radius 2 around the y axis: closed, of 2 x rings x rings triangles.
+Mesh torus(int rings);
 /// Both meshes, the triangles of @p first first.
 Mesh merged(const Mesh& first, const Mesh& second);
 /// With each point where @p place puts it.

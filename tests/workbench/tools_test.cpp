@@ -1,18 +1,58 @@
 // SPDX-License-Identifier: MIT
 #include "mesh_files.h"
 #include "test_meshes.h"
-#include "tools_bench.h"
+#include "workbench_fixture.h"
 
+#include <ui_base/tools/interactive_tool.h>
 #include <workbench/commands/decimate_mesh_command.h>
 #include <workbench/commands/history_command.h>
+#include <workbench/commands/mode_command.h>
 #include <workbench/commands/open_mesh_command.h>
 #include <workbench/commands/selection_command.h>
 #include <workbench/recent_files.h>
 
 using namespace Workbench;
 using namespace Vela::UiBase;
-using Bench = Test::ToolsBench;
 using Vela::Test::settle;
+
+namespace {
+
+/// A workbench that shows two squares side by side, of 8 triangles each, from the front.
+class Bench : public Test::WorkbenchFixture {
+public:
+  Bench() : WorkbenchFixture({800, 600}) {
+    WorkbenchFixture::show(Test::merged(squareAt(-1.5F), squareAt(1.5F)));
+    Camera camera = view().camera();
+    camera.orbit(-camera.yaw(), -camera.pitch());
+    view().setCamera(camera);
+    QTRY_VERIFY(view().isSettled());
+  }
+
+  /// Where a point of the scene is seen.
+  QPoint seen(float x, float y) {
+    return view().camera().project({x, y, 0}, view().size()).value_or(QPointF()).toPoint();
+  }
+  QPoint left() { return seen(-1.6F, 0.1F); } // on the left square
+  QPoint right() { return seen(1.4F, 0.1F); }
+  QPoint background() { return {5, 5}; }
+
+  CommandBase& mode(EToolMode which) { return *controller().findCommand(ModeCommand::idOf(which)); }
+  std::size_t selected() { return view().document().selection().count(); }
+  /// The view shows the cursor of the tool that picks, and no other tool lies over it.
+  bool isAtRest() {
+    const auto tool = controller().getTool(LeftButton);
+    return tool->isActive() && controller().mode() == PickMode &&
+           view().cursor().shape() == Qt::ArrowCursor && !controller().getOperatingTool() &&
+           tool->getOperatingCursor().shape() == Qt::PointingHandCursor;
+  }
+
+private:
+  static Mesh squareAt(float x) {
+    return Test::moved(Test::square(1, 2), [x](const QVector3D& p) { return p + QVector3D(x, 0, 0); });
+  }
+};
+
+} // namespace
 
 /// What a person does to the view with the mouse and the keys.
 class ToolsTest : public Vela::Test::TestCase {
@@ -78,7 +118,8 @@ private Q_SLOTS:
     bench.click(Qt::LeftButton, bench.left(), Qt::ControlModifier);
     bench.drag(Qt::LeftButton, bench.left(), bench.right());
     QCOMPARE(bench.selected(), std::size_t(1));
-    bench.doubleClick(bench.left());
+    QTest::mouseDClick(bench.window().windowHandle(), Qt::LeftButton, {},
+                       Vela::Test::inWindow(bench.view(), bench.left()));
     bench.click(Qt::LeftButton, bench.background(), Qt::ShiftModifier);
     QCOMPARE(bench.selected(), std::size_t(8));
     bench.click(Qt::LeftButton, bench.background());

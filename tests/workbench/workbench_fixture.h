@@ -25,7 +25,6 @@ public:
   ~WorkbenchFixture();
   Q_DISABLE_COPY_MOVE(WorkbenchFixture)
 
-  WorkbenchApp& app() { return *m_app; }
   MainWindow& window() { return *m_app->window(); }
   const MeshToolBars& bars() { return window().toolBars(); }
   MeshView& view() { return *window().view(); }
@@ -43,9 +42,6 @@ public:
   /// The mouse, on the mesh view.
   void click(Qt::MouseButton button, const QPoint& at, Qt::KeyboardModifiers modifiers = {}) {
     Vela::Test::clickAt(view(), at, button, modifiers);
-  }
-  void doubleClick(const QPoint& at) {
-    QTest::mouseDClick(window().windowHandle(), Qt::LeftButton, {}, Vela::Test::inWindow(view(), at));
   }
   /// Holds the button at the end.
   void pull(Qt::MouseButton button, const QPoint& from, const QPoint& to,
