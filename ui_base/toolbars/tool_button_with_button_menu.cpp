@@ -227,11 +227,7 @@ void ToolButtonWithButtonMenu::HideMenuEx() {
 }
 
 QPoint ToolButtonWithButtonMenu::GetMenuPosition() {
-  ToolBar* const menu = GetMenu();
-  if (!menu)
-    return {};
-  menu->AdjustToolBarSize(false);
-  return own()->place();
+  return GetMenu() ? own()->place() : QPoint();
 }
 
 // --- events
