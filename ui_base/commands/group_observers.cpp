@@ -26,11 +26,6 @@ void GroupObservers::remove(const std::shared_ptr<CommandStateProtocol>& observe
   });
 }
 
-void GroupObservers::clear() {
-  m_weak.clear();
-  m_guarded.clear();
-}
-
 // An observer that hears the child already, by another group or by itself, shall not hear it twice.
 void GroupObservers::observe(CommandBase& child) const {
   for (const Weak& entry : m_weak) {

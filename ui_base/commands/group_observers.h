@@ -21,7 +21,6 @@ public:
   void add(const std::shared_ptr<CommandStateProtocol>& observer, bool asynchronous);
   void remove(const CommandStateProtocol* observer);
   void remove(const std::shared_ptr<CommandStateProtocol>& observer);
-  void clear();
 
   void observe(CommandBase& child) const;
   void stopObserving(CommandBase& child) const;

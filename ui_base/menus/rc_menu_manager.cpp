@@ -34,7 +34,6 @@ void RCMenuManager::Initialize() {
   if (d->autoHide) {
     d->hideTimer = new QTimer(this);
     d->hideTimer->setSingleShot(true);
-    d->hideTimer->setInterval(d->hideInterval);
     connect(d->hideTimer, SIGNAL(timeout()), this, SLOT(OnMenuHideTimerTimeOut()));
   }
   if (d->mainWindow)

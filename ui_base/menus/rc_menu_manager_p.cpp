@@ -144,7 +144,6 @@ void RCMenuManagerPrivate::open(QAbstractButton* button, RCMenuInput input) {
     return;
   // Entries that came just now change the size, and so the place.
   menu->move(positionFor(*button, menu->size(), menuGap));
-  menu->raise();
   if (input == RCMenuInput::Keyboard)
     activateFirstEntry(*menu);
   startTimer();

@@ -2,13 +2,16 @@
 #include "tool_button_with_button_menu.h"
 #include "tool_button_with_button_menu_p.h"
 
+#include <ui_base/core/live_pointer.h>
+
 #include <utility>
 
 namespace Vela::UiBase {
 
 namespace {
 
-using Guarded = QList<QPointer<ToolButton>>;
+// A bar still has a button that is being destroyed.
+using Guarded = QList<LivePointer<ToolButton>>;
 
 Guarded buttonsOf(const ToolBar* bar) {
   const QList<ToolButton*> all = bar ? bar->Buttons() : QList<ToolButton*>();
@@ -21,7 +24,7 @@ Guarded buttonsOf(const ToolBar* bar) {
 
 void ToolButtonWithButtonMenuPrivate::controlSubButtons() {
   const Guarded subs = extendModeEnabled ? buttonsOf(subToolBar()) : Guarded();
-  for (const QPointer<ToolButton>& each : subs) {
+  for (const LivePointer<ToolButton>& each : subs) {
     if (auto* const sub = qobject_cast<ToolButtonWithWidgetMenu*>(each.data()))
       sub->SetExtendController(button);
   }
@@ -29,7 +32,7 @@ void ToolButtonWithButtonMenuPrivate::controlSubButtons() {
 
 void ToolButtonWithButtonMenuPrivate::letSubButtonsGo() {
   const Guarded subs = buttonsOf(subToolBar());
-  for (const QPointer<ToolButton>& each : subs) {
+  for (const LivePointer<ToolButton>& each : subs) {
     auto* const sub = qobject_cast<ToolButtonWithWidgetMenu*>(each.data());
     if (sub && sub->ExtendController() == button)
       sub->SetExtendController(nullptr);
@@ -38,7 +41,7 @@ void ToolButtonWithButtonMenuPrivate::letSubButtonsGo() {
 
 void ToolButtonWithButtonMenuPrivate::lockOthers(bool lock) {
   const Guarded others = buttonsOf(liveToolBar());
-  for (const QPointer<ToolButton>& other : others) {
+  for (const LivePointer<ToolButton>& other : others) {
     if (!other || other == button)
       continue;
     other->d->lockForExtendMode(lock);
@@ -68,7 +71,7 @@ void ToolButtonWithButtonMenu::SetExtendMode(bool extend) {
   if (extend)
     return;
   const Guarded subs = buttonsOf(GetMenu());
-  for (const QPointer<ToolButton>& each : subs) {
+  for (const LivePointer<ToolButton>& each : subs) {
     if (auto* const sub = qobject_cast<ToolButtonWithWidgetMenu*>(each.data()))
       sub->SetExtendController(nullptr); // whosever it is
   }
@@ -104,8 +107,10 @@ void ToolButtonWithButtonMenu::OnEnterExtendMode(ToolButton* button) {
   if (!self || own()->extend != State::Extended)
     return;
   own()->lockOthers(true);
-  for (const QPointer<ToolButton>& each : buttonsOf(GetMenu()))
-    each->EnableTooltip(false);
+  for (const LivePointer<ToolButton>& each : buttonsOf(GetMenu())) {
+    if (each)
+      each->EnableTooltip(false);
+  }
   own()->rebuildArrow();
   if (isCheckable())
     setChecked(true);
@@ -156,8 +161,10 @@ void ToolButtonWithButtonMenuPrivate::endStandingIn() {
   self->IconState(self->Hovered());
   self->EnableTooltip(true);
   const Guarded subs = buttonsOf(subToolBar());
-  for (const QPointer<ToolButton>& each : subs)
-    each->EnableTooltip(true);
+  for (const LivePointer<ToolButton>& each : subs) {
+    if (each)
+      each->EnableTooltip(true);
+  }
   if (ToolButtonWithWidgetMenu* const opener = extendController)
     opener->HideMenu();
   if (!guard)

@@ -226,9 +226,7 @@ void ToolButtonWithButtonMenu::HideMenuEx() {
     ToolButtonWithMenu::HideMenuEx();
 }
 
-QPoint ToolButtonWithButtonMenu::GetMenuPosition() {
-  return GetMenu() ? own()->place() : QPoint();
-}
+QPoint ToolButtonWithButtonMenu::GetMenuPosition() { return GetMenu() ? own()->place() : QPoint(); }
 
 // --- events
 
