@@ -112,6 +112,14 @@ private Q_SLOTS:
         [](Stage& stage) { stage.open->setShortcut(Qt::Key_F6); });
     row("command nowhere", Finding::NoKeyboard, "open",
         [](Stage& stage) { stage.menu->removeAction(stage.open); });
+    row("button that keys do not reach", Finding::NoKeyboard, "QPushButton",
+        [](Stage& stage) { stage.button->setFocusPolicy(Qt::NoFocus); });
+    row("button with a key", -1, "", [](Stage& stage) {
+      stage.button->setFocusPolicy(Qt::NoFocus), stage.button->setShortcut(Qt::Key_F7);
+    });
+    row("pale entry that cannot be used", -1, "", [](Stage& stage) {
+      stage.controller->setGroundState(stage.open->id, {State::Off, State::Keep});
+    });
     row("blank in a bar", Finding::NoIcon, "Close", [](Stage& stage) { stage.close->setIcon({}); });
     row("identifier twice", Finding::SameIdentifier, "open", [](Stage& stage) {
       auto* const group = new CommandGroup({}, QStringLiteral("Group"), QStringLiteral("Group"));

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include <support/input.h>
 #include <support/rows.h>
 #include <support/screen_record.h>
-#include <support/test_case.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/assistants/command_palette.h>
+#include <ui_base/assistants/command_usage.h>
 #include <ui_base/commands/command_group.h>
 #include <ui_base/views/base_view.h>
 
@@ -116,16 +117,20 @@ private Q_SLOTS:
         {"sm", "Smooth Mesh; Smoothly Shaded"},
         {"mesh smoo", "Smooth Mesh"},
         {"smopth", "Smooth Mesh; Smoothly Shaded"},
-        {"shwo", "Show Grid"},
-        {"grids", "Grid Spacing; Show Grid"},
-        {"gri", "Grid Spacing; Show Grid"},
-        {"sogr", "Show Grid"},
+        {"shwo", "Show Grid; Show Only Grid"}, // fewer words come first
+        {"grids", "Grid Spacing; Show Grid; Show Only Grid"},
+        {"gri", "Grid Spacing; Show Grid; Show Only Grid"},
+        {"rid", "Grid Spacing; Show Grid; Show Only Grid"},
+        {"shg", "Show Grid; Show Only Grid"},
+        {"sg rid", "Show Grid; Show Only Grid"},
+        {"sogr", "Show Only Grid; Show Grid"},
         {"ooth", "Smooth Mesh; Smoothly Shaded"},
-        {"gid", "Show Grid; Grid Spacing"},
+        {"gid", "Show Only Grid; Show Grid; Grid Spacing"},
         {"view", "Straße; Show Grid; Grid Spacing; Smoothly Shaded"},
         {"oeffnen", "Öffnen"},
         {"strasse", "Straße"},
         {"measure", "Distanz messen"},
+        {"meshes", ""},
         {"hsem", ""}};
     for (const auto& [typed, found] : rows)
       QTest::newRow(typed) << QString::fromUtf8(found);
@@ -133,6 +138,7 @@ private Q_SLOTS:
   void whatIsTypedFindsAndRuns() {
     QFETCH(const QString, found);
     Stage stage;
+    stage.add(QStringLiteral("only"), "Show Only Grid");
     stage.addMore();
     stage.type(QString::fromLatin1(QTest::currentDataTag()));
     QCOMPARE(stage.rows().join(QLatin1String("; ")), found);
@@ -179,6 +185,9 @@ private Q_SLOTS:
         }};
     for (const auto& act : acts) {
       stage.type(QStringLiteral("smooth"));
+      QWidget other;
+      Vela::Test::showActive(other); // for a while
+      Vela::Test::showActive(stage.window);
       QVERIFY(stage.palette->isVisible());
       act();
       QTRY_VERIFY(stage.palette->isHidden());
@@ -192,33 +201,68 @@ private Q_SLOTS:
     stage.type({});
     QCOMPARE(stage.rows(), QStringList({QStringLiteral("Smooth Mesh"), QStringLiteral("Öffnen")}));
     VELA_COMPARE_SCREEN("palette", Vela::Test::OnlyAsItIs); // another language closes it
-    stage.press(Qt::Key_Escape);
+    stage.window.resize(640, 420);
+    QCOMPARE(stage.palette->geometry().center(), stage.window.rect().center());
+    stage.window.addAction(stage.smoothing);
+    stage.smoothing->setShortcut(Qt::Key_F7);
+    for (const Qt::Key key : {Qt::Key_F7, Qt::Key_Escape, Qt::Key_F7}) { // no shortcut runs while it is open
+      QCOMPARE(stage.palette->usage().count(smooth), 0);
+      stage.press(key);
+    }
+    QCOMPARE(stage.ran, QStringList(smooth));
+    QCOMPARE(stage.palette->usage().count(smooth), 1);
     stage.view->hide();
-    stage.type({});
-    QCOMPARE(stage.rows(), QStringList());
+    for (const int offered : {0, 2, 0}) {
+      stage.type({});
+      QCOMPARE(stage.list->model()->rowCount(), offered);
+      stage.press(Qt::Key_Escape);
+      stage.palette->removeManager(stage.shared.get());
+      if (offered == 0)
+        stage.palette->addManager(stage.shared.get(), OfferAlways);
+    }
   }
 
   void aGreyCommandSaysWhyAndWaitsForTheRun() {
-    Stage stage;
-    stage.smoothing->setExecutionQoS(NormalQoS);
-    stage.smoothing->executionContext = stage.shared->disabledContext(measure);
-    stage.smoothing->trigger();
-    while (stage.dispatcher.step(Taren::Core::MainThreadQoS)) {
+    for (const bool cancels : {false, true}) {
+      Stage stage;
+      stage.smoothing->setExecutionQoS(NormalQoS);
+      stage.smoothing->executionContext = stage.shared->disabledContext(measure);
+      stage.smoothing->trigger();
+      while (stage.dispatcher.step(Taren::Core::MainThreadQoS)) {
+      }
+      const auto press = [&stage](Qt::Key key) { QTest::keyClick(stage.window.windowHandle(), key); };
+      QTest::keyClick(stage.window.windowHandle(), Qt::Key_K, Qt::ControlModifier);
+      stage.field->setText(QStringLiteral("messen"));
+      const int reasonRole = Qt::UserRole + 2;
+      QCOMPARE(stage.rows(reasonRole), QStringList(QStringLiteral("\"Smooth Mesh\" is running.")));
+      press(Qt::Key_Return);
+      QCOMPARE(stage.rows(),
+               QStringList(QStringLiteral("Run \"Distanz messen\" as soon as it is available")));
+      VELA_COMPARE_SCREEN("grey_in_the_palette", Vela::Test::OnlyAsItIs);
+      (void)stage.smoothing->runs().first().stopToken(); // from here on it looks at it
+      press(Qt::Key_Escape);
+      QCOMPARE(stage.rows(), QStringList(QStringLiteral("Distanz messen")));
+      press(Qt::Key_Return);
+      QCOMPARE(stage.rows().value(0), QStringLiteral("Cancel \"Smooth Mesh\""));
+      press(cancels ? Qt::Key_Home : Qt::Key_Up); // round to the last one
+      press(Qt::Key_Return);
+      QVERIFY(stage.palette->isHidden());
+      QCOMPARE(stage.palette->awaitedCommand(), cancels ? nullptr : stage.measuring);
+      QCOMPARE(stage.smoothing->runs().first().isStopRequested(), cancels);
+      QCOMPARE(stage.ran, QStringList());
+      stage.dispatcher.runAll();
+      QTRY_COMPARE(stage.ran, cancels ? QStringList(smooth) : QStringList({smooth, measure}));
+      QCOMPARE(stage.palette->awaitedCommand(), nullptr);
     }
-    QTest::keyClick(stage.window.windowHandle(), Qt::Key_K, Qt::ControlModifier);
-    stage.field->setText(QStringLiteral("messen"));
-    const int reasonRole = Qt::UserRole + 2;
-    QCOMPARE(stage.rows(reasonRole), QStringList(QStringLiteral("\"Smooth Mesh\" is running.")));
-    QTest::keyClick(stage.window.windowHandle(), Qt::Key_Return);
-    QCOMPARE(stage.rows().last(), QStringLiteral("Run \"Distanz messen\" as soon as it is available"));
-    VELA_COMPARE_SCREEN("grey_in_the_palette", Vela::Test::OnlyAsItIs);
-    QTest::keyClick(stage.window.windowHandle(), Qt::Key_Up); // round to the last one
-    QTest::keyClick(stage.window.windowHandle(), Qt::Key_Return);
-    QVERIFY(stage.palette->isHidden() && stage.palette->awaitedCommand() == stage.measuring);
-    QCOMPARE(stage.ran, QStringList());
-    stage.dispatcher.runAll();
-    QTRY_COMPARE(stage.ran, QStringList({smooth, measure}));
-    QCOMPARE(stage.palette->awaitedCommand(), nullptr);
+  }
+
+  void whatIsUsedAllTheTimeIsHalved() {
+    CommandUsage usage;
+    usage.restore({{"once", 1}});
+    usage.restore({{"often", 5000}, {smooth, 1}, {measure, "no number"}});
+    QCOMPARE(usage.values(), QVariantMap({{"often", 999}, {smooth, 1}}));
+    usage.note("often");
+    QCOMPARE(usage.values(), QVariantMap({{"often", 500}}));
   }
 };
 

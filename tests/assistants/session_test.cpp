@@ -14,6 +14,10 @@ private Q_SLOTS:
     const Vela::Test::Rows<QString, QString> row("text", "error");
     row("nothing", "\n# only this\n", "Line 3: The file is empty.");
     row("something else", "{}", "Line 1: This is no session");
+    row("something like it", "recording 1", "Line 1: This is no session");
+    row("more than a format", "session 1 2", "Line 1: “2” is too much.");
+    row("half a detail", "session 1\ncommand a\n  nonsense", "Line 3: “nonsense” says nothing of a step.");
+    row("more than an end", "session 1\ncommand a\n  stopped a b", "Line 3: “b” is too much.");
     row("another format", "session 2", "Line 1: Sessions of the format “2”");
     row("no step", "session 1\nundo", "Line 2: A step begins with");
     row("no command", "session 1\ncommand", "Line 2: Something is missing");
@@ -23,7 +27,8 @@ private Q_SLOTS:
     row("half a name", "session 1\ncommand \"a", "no closing quotation mark");
     row("no button", "session 1\noperation t set elbow", "“elbow” is no button");
     row("no keys", "session 1\noperation t set left shift+", "“shift+” are no keys");
-    row("no position", "session 1\noperation t set left (1, inf, 0)", "is not a position");
+    row("no position", "session 1\noperation t set left (1, inf, 0)",
+        "is not a position such as (1, 0.5, 2).");
     row("state of nothing", "session 1\n  a = 1", "There is no step before");
     row("no state", "session 1\nstart\n  a 1", "“name = value”");
     row("too much", "session 1\nstart here", "Line 2: “here” is too much.");

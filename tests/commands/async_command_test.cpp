@@ -10,28 +10,6 @@ using namespace Vela::UiBase;
 using Taren::Core::MainThreadQoS;
 using Taren::Core::NormalQoS;
 
-namespace {
-
-void closesThough(bool atTrigger, bool atSwitch, bool atClose) {
-  AsyncFixture f;
-  f.command->work = [&](bool checked) {
-    f.log.note("work", checked);
-    f.dispatcher.setRefusing(atClose);
-    return true;
-  };
-  f.dispatcher.setRefusing(atTrigger);
-  QCOMPARE(f.command->onExecute(), !atTrigger);
-  f.dispatcher.setRefusing(atSwitch);
-  f.dispatcher.step(NormalQoS);
-  f.dispatcher.setRefusing(false);
-  f.dispatcher.runAll();
-  QVERIFY(f.log.entries.last() == endedLine);
-  QCOMPARE(f.log.entries.size(), atTrigger ? 2 : 3);
-  QVERIFY(f.controller->contextStack().isEmpty());
-}
-
-} // namespace
-
 /// How a command works on another thread, and closes whatever becomes of the work.
 class AsyncCommandTest : public Vela::Test::TestCase {
   Q_OBJECT
@@ -65,9 +43,24 @@ private Q_SLOTS:
   }
 
   void refusalStillCloses() {
-    enum Refused { Work, Switch, Close, SwitchAndClose };
-    for (const Refused refused : {Work, Switch, Close, SwitchAndClose})
-      closesThough(refused == Work, refused == Switch || refused == SwitchAndClose, refused >= Close);
+    enum Refused { Begin = 1, Change = 2, Close = 4 };
+    for (const int refused : {0b001, 0b010, 0b100, 0b110}) {
+      AsyncFixture f;
+      f.command->work = [&](bool checked) {
+        f.log.note("work", checked);
+        f.dispatcher.setRefusing(refused & Close);
+        return true;
+      };
+      f.dispatcher.setRefusing(refused & Begin);
+      QCOMPARE(f.command->onExecute(), !(refused & Begin));
+      f.dispatcher.setRefusing(refused & Change);
+      f.dispatcher.step(NormalQoS);
+      f.dispatcher.setRefusing(false);
+      f.dispatcher.runAll();
+      QVERIFY(f.log.entries.last() == endedLine);
+      QCOMPARE(f.log.entries.size(), refused & Begin ? 2 : 3);
+      QVERIFY(f.controller->contextStack().isEmpty());
+    }
   }
 
   void workThatThrowsClosesAndSaysWhy() {
@@ -83,7 +76,9 @@ private Q_SLOTS:
   }
 
   void whatAnObserverThrowsKeepsNothingFromTheOthers() {
-    for (const auto qos : {MainThreadQoS, NormalQoS}) {
+    using Row = std::pair<Taren::Core::EQualityOfService, bool>;
+    for (const auto& [qos, atBegin] :
+         {Row(MainThreadQoS, false), Row(MainThreadQoS, true), Row(NormalQoS, false), Row(NormalQoS, true)}) {
       AsyncFixture f;
       QStringList failures;
       f.command->failed = [&](const QString& reason) { failures += reason; };
@@ -91,7 +86,7 @@ private Q_SLOTS:
       f.command->enableExecutionNotification(true);
       f.view->show();
       int heard = 0;
-      f.log.observer->ended = [&](CommandBase*, bool) {
+      (atBegin ? f.log.observer->began : f.log.observer->ended) = [&](CommandBase*, bool) {
         ++heard;
         throw std::runtime_error("observer");
       };
@@ -104,6 +99,7 @@ private Q_SLOTS:
       QVERIFY(!QGuiApplication::overrideCursor()); // of the controller, which was added after it
       QCOMPARE(failures, QStringList{"observer"});
       QCOMPARE(heard, 3);
+      QCOMPARE(f.log.entries.contains(workLine), !atBegin);
     }
   }
 

@@ -27,6 +27,7 @@ private Q_SLOTS:
     QCOMPARE(textOf(manager.inactiveContext(h)), "b=2,0");
     QCOMPARE(textOf(manager.currentActiveContext(nullptr)), g + "=1,1 a=1,1 c=0,1");
     QCOMPARE(textOf(manager.currentContext(CommandContext{{c, {2, 2}}, {d, {1, 1}}})), "c=0,1");
+    QVERIFY(manager.disabledContext(QString(d)).isEmpty());
   }
 
   void halfAppliedContextIsFinishedFirstWhateverACommandThrows() {
@@ -94,23 +95,6 @@ private Q_SLOTS:
       f.apply();
       QCOMPARE(second->isChecked(), isStillChecked);
     }
-  }
-
-  void toggleInAnAppliedContextHoldsAnother() {
-    ManagerFixture f;
-    auto* const first = f.add(checkableCommand(a));
-    auto* const second = f.add(b);
-    ContextHold inner;
-    first->work = [&](bool on) {
-      inner = on ? f.manager->holdContext({{b, {0, 2}}}) : ContextHold();
-      return true;
-    };
-    auto outer = f.manager->holdContext({{a, {2, 1}}, {b, {1, 2}}});
-    f.apply();
-    QVERIFY(first->isChecked() && !second->isEnabled());
-    outer.release(); // the first one goes off and lets go in turn
-    f.apply();
-    QVERIFY(!first->isChecked() && second->isEnabled() && f.manager->contextStack().isEmpty());
   }
 
   void presentStatesAreGatheredForAnotherThread() {

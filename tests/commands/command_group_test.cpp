@@ -133,17 +133,20 @@ private Q_SLOTS:
     QVERIFY(group->hasCommand(b) && !group->hasCommand(c) && !group->getCommand(c));
     QVERIFY(!group->getCommandGroup(c) && !group->removeCommand(QString(c)) &&
             !group->removeCommand(&*group));
-    QVERIFY(!group->addCommand(child, 0) && !group->addCommand(std::shared_ptr<CommandBase>(), 0));
+    QVERIFY(!group->addCommand(child, 1) && !inner->addCommand(group.get(), 0) &&
+            !group->addCommand(std::shared_ptr<CommandBase>(), 0));
     for (const auto& [id, holder] :
          {std::pair(QString(b), inner), std::pair(QString(a), group.get()),
           std::pair(group->commandId(), group.get()), std::pair(inner->commandId(), inner)})
       QCOMPARE(group->getCommandGroup(id), holder);
+    QCOMPARE(group->getCommandRank(a), 0);
     const QMap<QString, CommandState> states{
         {a, {1, 1}}, {b, {1, 0}}, {group->commandId(), {1, 1}}, {inner->commandId(), {1, 0}}};
     QCOMPARE(group->commandContext().get(), states);
     for (int i = 0; i < 2; ++i)
       group->addAttachedCommandGroupName(QStringLiteral("x"));
-    QCOMPARE(child->attachedCommandGroupNames(), QStringList("x"));
+    QCOMPARE(child->attachedCommandGroupNames() + group->attachedCommandGroupNames(),
+             QStringList({"x", "x"}));
     group->removeAttachedCommandGroupName(QStringLiteral("x"));
     QVERIFY(child->attachedCommandGroupNames().isEmpty() && group->attachedCommandGroupName().isEmpty());
     QSignalSpy told(group.get(), &CommandGroup::childToBeTriggered);
@@ -156,6 +159,19 @@ private Q_SLOTS:
     QVERIFY(told.count() > 0 && child->isChecked() && group->isChecked());
     inner->getCommand(b)->trigger();
     QVERIFY(!child->isChecked());
+    const auto last = adoptShared(groupOf(QStringLiteral("I"), {child}));
+    QCOMPARE(child->commandGroup(), last.get());
+    QVERIFY(last->removeCommand(child));
+    QVERIFY(child->commandGroup() == group.get() && child->actionGroup() == group->groupActionGroup());
+  }
+
+  void singleCommandIsWrapped() {
+    auto* const command = new TestCommand(a);
+    QVERIFY(!command->isAttached() && !command->isPaidFeature() &&
+            !command->isExecutionNotificationEnabled());
+    const auto group = adoptShared(CommandGroup::WrapSingleCmdIntoVirtualCmdGroup(command, 3, "W", "base"));
+    QVERIFY(group->isVirtualGroup() && group->getCommandRank(a) == 3 && group->getCommand(a) == command);
+    QCOMPARE(group->baseGroupName() + command->baseGroupName(), "basebase");
   }
 
   void bagsAnswerByPlaceAndByName() {
@@ -170,6 +186,15 @@ private Q_SLOTS:
     QVERIFY(!bag.getCommand(b, index) && index == 3 && !bag.hasCommand(b, index) && !bag.commandAt(-1));
     QVERIFY(!bag.commandAt(3) && !bag.sharedCommandAt(3) && bag.sharedCommandAt(1) == first);
     QCOMPARE(bag.groups().size(), 1);
+    CommandBag copy;
+    QVERIFY(copy.addCommand(new TestCommand(b)) && copy.hasCommand(b, index) && copy.addCommand(first));
+    QVERIFY(copy.getCommand(a, index) == first.get() && index == 1);
+    const CommandBag& same = copy = bag;
+    copy = same;
+    QVERIFY(copy.getCommand(a, index) == twin.get() && index == 0 && copy.getCommand(a) == twin.get());
+    QVERIFY(!copy.hasCommand(b) && copy.groups() == bag.groups());
+    QVERIFY(copy.insertCommand(1, adoptShared(groupOf(QStringLiteral("H"), {}))));
+    QVERIFY(copy.groups().size() == 2 && copy.groups().constFirst()->objectName() == "H");
     QVERIFY(bag.removeCommand(twin.get()) && !bag.removeCommand(twin.get()) && !bag.contains(twin.get()));
     QVERIFY(bag.getCommand(a) == first.get() && bag.contains(first.get()) && !bag.removeCommand(QString(b)));
     bag.removeCommand(groupId(QStringLiteral("G")));
@@ -182,28 +207,30 @@ private Q_SLOTS:
     const auto below = [&random](qsizetype limit) { return static_cast<int>(random() % unsigned(limit)); };
     ManagerFixture f;
     QList<CommandGroup*> groups;
-    for (const char* name : {"F", "G", "H"})
+    for (const char* name : {"F", "G"})
       groups.append(groupOf(QString::fromLatin1(name), {}));
+    class Own : public CommandGroup { // who knows where it looks
+      using CommandGroup::CommandGroup;
+    };
+    groups.append(new Own(QString(), QString(), QStringLiteral("H")));
     for (CommandGroup* const group : {groups.at(0), groups.at(2)})
       f.add(group);
     groups.at(0)->addCommand(groups.at(1), 0);
     for (int step = 0; step < 3000; ++step) {
       const QString id = QString::number(below(40));
       CommandGroup* const group = groups.at(below(groups.size()));
-      switch (below(20)) {
-      case 0:
+      const int what = below(20);
+      if (what == 0) {
         f.manager->addCommand(new TestCommand(id));
-        break;
-      case 1:
+      } else if (what == 1) {
         group->addCommand(new TestCommand(id), below(3));
-        break;
-      case 2:
+      } else if (what == 2) {
         group->removeCommand(id);
-        break;
-      case 3:
+      } else if (what == 3) {
         f.manager->removeCommand(id);
-        break;
-      case 4: {
+      } else if (what > 4) {
+        QCOMPARE(f.manager->findCommand(id), firstOf(f.bag(), id));
+      } else {
         CommandContext context;
         for (int i = 0; i < 40; i += 1 + below(3) * below(3))
           context.overwrite(QString::number(i), {step % 2, 2});
@@ -213,10 +240,6 @@ private Q_SLOTS:
           const CommandBase* const first = firstOf(f.bag(), entry.key());
           QVERIFY(!first || first->isEnabled() == entry->enabled);
         }
-        break;
-      }
-      default:
-        QCOMPARE(f.manager->findCommand(id), firstOf(f.bag(), id));
       }
     }
   }

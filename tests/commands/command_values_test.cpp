@@ -47,6 +47,8 @@ private Q_SLOTS:
     changed.overwrite({2, 1});
     changed.update(QStringLiteral("a"), {0, 2});
     QCOMPARE(changed.get(), (Entries{{"a", {0, 1}}, {"b", {2, 1}}, {"c", {2, 1}}}));
+    QCOMPARE(QDebug::toString(left),
+             "CommandContext(\"a\": CommandState(on, keep), \"b\": CommandState(off, on))");
   }
 
   void plainPointerHasOneOwner() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "execution_fixture.h"
 
+#include <support/rows.h>
 #include <support/test_case.h>
 #include <ui_base/commands/flyout_command.h>
 #include <ui_base/popups/flyout_base.h>
@@ -24,11 +25,13 @@ public:
   }
   QString commandId() const override { return id; }
   bool onExecuteAsync(bool) override { return true; }
+  void onReset() override { failures += "reset"; }
+  void onESCKeyReleased() override { failures += "escape"; }
 
   QString id;
   std::function<void()> atBegin;
   CommandContext beginContext;
-  QStringList failures;
+  QStringList failures; // and what else it was asked for
 
 protected:
   CommandContext getBeginCommandContext() override {
@@ -161,6 +164,8 @@ constexpr Way ways[] = {
     {"delete view", [](Stage& stage, Session&) { delete stage.view; }},
 };
 
+enum Circumstances { Checkable = 1, Hosted = 2, Two = 4, Running = 8 };
+
 bool isOpen(const Session& session) { return session.heard->began > session.heard->ended; }
 
 } // namespace
@@ -171,36 +176,30 @@ class FlyoutSessionsTest : public Vela::Test::TestCase {
 
 private Q_SLOTS:
   void everyWayEndsItOnce_data() {
-    QTest::addColumn<bool>("checkable");
-    QTest::addColumn<bool>("hosted");
-    QTest::addColumn<bool>("two");
-    QTest::addColumn<bool>("running");
-    QTest::addColumn<const Way*>("way");
+    const Vela::Test::Rows<int, const Way*> row("circumstances", "way");
     for (const Way& way : ways) {
       // Each pair of circumstances meets.
       for (const int bits : {0b0000, 0b0111, 0b1011, 0b1101, 0b1110}) {
-        const bool hosted = bits & 2;
-        if (way.needsButton && !hosted)
-          continue;
-        QTest::addRow("%s%s%s%s, %s", bits & 1 ? "checkable" : "plain", hosted ? ", hosted" : "",
-                      bits & 4 ? ", two" : "", bits & 8 ? ", while one runs" : "", way.name)
-            << bool(bits & 1) << hosted << bool(bits & 4) << bool(bits & 8) << &way;
+        const QByteArray name = QByteArray(bits & Checkable ? "checkable" : "plain") +
+                                (bits & Hosted ? ", hosted" : "") + (bits & Two ? ", two" : "") +
+                                (bits & Running ? ", while one runs" : "") + ", ";
+        if (bits & Hosted || !way.needsButton)
+          row(name + way.name, bits, &way);
       }
     }
   }
 
   void everyWayEndsItOnce() {
-    QFETCH(bool, checkable);
-    QFETCH(bool, hosted);
-    QFETCH(bool, two);
-    QFETCH(bool, running);
+    QFETCH(int, circumstances);
     QFETCH(const Way*, way);
-    Stage stage(checkable, hosted);
+    const bool checkable = circumstances & Checkable;
+    const bool running = circumstances & Running;
+    Stage stage(checkable, circumstances & Hosted);
     const auto kept = stage.other->shared_from_this();
     if (running)
       stage.controller->findCommand("run")->onExecute();
     for (Session* const session : {&stage.first, &stage.second}) {
-      if (session == &stage.first || two)
+      if (session == &stage.first || circumstances & Two)
         session->command->trigger();
       stage.drain();
     }
@@ -258,7 +257,33 @@ private Q_SLOTS:
     QVERIFY(command.isActive() && stage.first.panel->isVisible());
     QVERIFY(stage.controller->runningCommand()); // which hears all the same
     command.onFinalize();
-    QVERIFY(stage.controller->contextStack().isEmpty());
+    QVERIFY(stage.controller->contextStack().isEmpty() && !stage.first.panel->isVisible());
+  }
+
+  void thePanelAsksItsCommand() {
+    Stage stage(false, false);
+    PanelCommand& command = *stage.first.command;
+    FlyoutBase& panel = *stage.first.panel;
+    QWidget* const values = panel.MainPanel();
+    command.trigger();
+    panel.Reset();
+    panel.Apply();
+    stage.drain();
+    QVERIFY(panel.IsBusy());
+    stage.finishRun();
+    QVERIFY(!panel.IsBusy());
+    for (const bool moves : {false, true}) {
+      values->setFocus();
+      command.setEnabled(false);
+      QVERIFY(!panel.isEnabled() && !values->hasFocus());
+      if (moves)
+        stage.view->setFocus();
+      command.setEnabled(true);
+      QCOMPARE(values->hasFocus(), !moves);
+    }
+    values->setFocus();
+    QTest::keyClick(panel.window()->windowHandle(), Qt::Key_Escape);
+    QCOMPARE(command.failures, (QStringList{"reset", "escape"}));
   }
 };
 

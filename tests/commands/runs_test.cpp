@@ -165,6 +165,8 @@ private Q_SLOTS:
                            [](const auto& a, const auto& b) { return a.id < b.id; }));
     QTRY_COMPARE(model.rowCount(), 300); // the oldest went
     QTRY_COMPARE(model.index(299, RunModel::OutcomeColumn).data(), "Done");
+    for (const int column : {RunModel::WaitColumn, RunModel::DurationColumn})
+      QCOMPARE(model.index(0, column).data(RunModel::SortRole).typeId(), int(QMetaType::Double));
     RunLog::Instance().clear();
     QCOMPARE(model.rowCount(), 0);
   }

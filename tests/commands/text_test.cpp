@@ -51,11 +51,13 @@ private Q_SLOTS:
   void commandsAndGroupsFollowTheLanguage() {
     CommandGroup group(QString(), text("Smooth"), QStringLiteral("group"));
     group.setText(text("&Undo %1").arg(text("Smooth")));
+    group.setStatusTip(text("Smooth"));
     group.setExecutionNotificationMessage(StartNotification, text("&Fine…"));
     {
       const Words german;
       QCOMPARE(group.toolTip(), QStringLiteral("Glätten"));
       QCOMPARE(group.text(), QStringLiteral("&Rückgängig: Glätten"));
+      QCOMPARE(group.statusTip(), group.toolTip());
       QCOMPARE(group.translatableText().source(), QStringLiteral("&Undo Smooth"));
       QCOMPARE(group.getExecutionNotificationMessage(StartNotification), QStringLiteral("&Fein…"));
       // A text that was set as a string stays, through whichever base it was set.

@@ -14,6 +14,7 @@ private Q_SLOTS:
     const QPointer<QObject> owner = new QObject;
     int told = 0;
     keepTranslated(owner, [&told] { ++told; });
+    const auto watches = qApp->children().size();
     keepTranslated(nullptr, [&told] { ++told; }); // once, as there is nobody to live
     QCOMPARE(told, 2);
     translator.setLocale(QLocale::c());
@@ -22,6 +23,7 @@ private Q_SLOTS:
       ++told;
       delete owner;
     });
+    QCOMPARE(qApp->children().size(), watches); // one for all
     translator.setLocale(QLocale::c());
     QCOMPARE(told, 4);
     translator.setLocale(before);

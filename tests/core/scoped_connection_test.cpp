@@ -36,6 +36,10 @@ private Q_SLOTS:
       QVERIFY(connection.IsConnected());
       Q_EMIT sender.turned(1);
     }
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("nullptr")); // once
+    const ScopedConnection none(&sender, SIGNAL(turned(int)), nullptr, SLOT(setValue(int)),
+                                Qt::AutoConnection, nullptr);
+    QVERIFY(!none.IsConnected());
     Q_EMIT sender.turned(2);
     QCOMPARE(receiver.value, 1);
     QCOMPARE(other.value, 2);

@@ -24,18 +24,8 @@
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/i_app_manager.h>
 
-#include <QApplication>
-#include <QLabel>
-#include <QMainWindow>
-#include <QMenu>
-#include <QPainter>
-#include <QPushButton>
-#include <QSettings>
-#include <QShortcut>
-#include <QSlider>
-#include <QTableView>
 #include <QTest>
-#include <QVBoxLayout>
+#include <QtWidgets>
 
 using namespace Taren::Core;
 using namespace Taren::Objects;

@@ -64,6 +64,8 @@ private Q_SLOTS:
     QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, {}, grid);
     QCOMPARE(screen.receiver.calls.constLast(), id("grid on"));
     QVERIFY(screen.isOnlyOpen("") && !file->isDown());
+    menu->popup(QPoint()); // not by the bar
+    QVERIFY(file->isDown());
   }
 
   void menusAreInSight() {
@@ -170,6 +172,8 @@ private Q_SLOTS:
     screen.builder->HideMe();
     alt();
     QVERIFY2(screen.edit->hasFocus(), "there is no bar to go to");
+    screen.builder->Start();
+    QVERIFY(screen.builder->IsMenuVisible());
   }
 };
 

@@ -3,7 +3,6 @@
 
 #include <support/rows.h>
 #include <support/screen_record.h>
-#include <vlk_common_res/styles.h>
 
 using namespace Vela::UiBase;
 using Vela::Test::settle;
@@ -44,8 +43,9 @@ private Q_SLOTS:
 
   void shortcutsLiveWhileWhatTheBarStandsInIsHidden() {
     QMainWindow window;
-    auto* const header = new QWidget(&window);
+    auto* const header = new QWidget;
     Builder builder(id("bar"), &window, header);
+    header->setParent(&window); // and its shortcuts with it
     QAction save;
     save.setShortcut(Qt::CTRL | Qt::Key_S);
     QSignalSpy saved(&save, &QAction::triggered);
@@ -75,6 +75,7 @@ private Q_SLOTS:
     QVERIFY(builder.GetMenu(id("View"))->actions().contains(zoom));
     QVERIFY(builder.GetMenu(id("View 2"))->actions().contains(turn));
     QVERIFY(!builder.GetMenuBarItem(id("View 3")));
+    QCOMPARE(builder.MenuBar()->findChildren<QFrame*>(id("separator")).size(), 1);
     QSignalSpy asked(info, &QAction::triggered);
     builder.GetMenuBarItem(id("Info"))->click();
     QCOMPARE(asked.count(), 1);
@@ -101,6 +102,7 @@ private Q_SLOTS:
       screen.builder->AddMenuBarItem(QSharedPointer<AppMenuItemSpecifier>::create(off));
       QVERIFY(!screen.builder->GetMenuBarItem(off.name)->isEnabled());
     }
+    QVERIFY(filter.left < 100);
   }
 
   void itemsFollowTheActionsOfAMenuBar() {
@@ -206,15 +208,6 @@ private Q_SLOTS:
     QCOMPARE(told("both", "Press"), id("Both|ShowMenu+Press|||closed"));
     QCOMPARE(screen.receiver.calls, QStringList(id("sign")));
     QCOMPARE(told("both", "ShowMenu"), id("Both|ShowMenu+Press|||"));
-  }
-
-  void everyMenuIsStyledWithThePalette() {
-    const Screen screen;
-    screen.builder->styled.clear();
-    Vela::Resource::Styles::Instance().setPalette(Vela::Resource::Dark);
-    for (const char* const name : {"file", "edit", "recent"})
-      QCOMPARE(screen.builder->styled.count(screen.menu(name)), 1);
-    Vela::Resource::Styles::Instance().setPalette(Vela::Resource::Light);
   }
 
   void whatCannotOpenOrRunDoesNoHarm() {

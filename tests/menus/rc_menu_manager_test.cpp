@@ -111,8 +111,6 @@ private Q_SLOTS:
     for (const bool links : {false, true}) {
       links ? manager.Start() : manager.Stop();
       QCOMPARE(screen.toolButton->popupMode(), links ? QToolButton::InstantPopup : QToolButton::DelayedPopup);
-      QVERIFY((screen.toolButton->menu() != nullptr) == links &&
-              (screen.pushButton->menu() != nullptr) == links);
       screen.click(screen.pushButton);
       QVERIFY(screen.pushMenu.isVisible() == links && screen.pushButton->isDown() == links);
     }
@@ -131,7 +129,6 @@ private Q_SLOTS:
     QTest::mouseRelease(handle, Qt::LeftButton, {}, QPoint(300, 200));
     screen.toolButton->setFocus();
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Down}) {
-      QVERIFY(!screen.toolButton->isDown() && !screen.toolMenu.isVisible());
       QTest::keyPress(handle, key);
       QCOMPARE(screen.toolMenu.activeAction(), screen.toolMenu.actions().constFirst());
       QTest::keyClick(screen.toolMenu.windowHandle(), Qt::Key_Escape);

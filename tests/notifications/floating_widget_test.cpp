@@ -58,16 +58,25 @@ private Q_SLOTS:
   void arrangements() {
     QFETCH(LayoutBaseWidget::EArrangement, arrangement);
     LayoutBaseWidget host;
-    host.setArrangement(arrangement, 2);
     host.setContentMargin(3);
     host.setSpacing(2);
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
+      if (i == 3)
+        host.setArrangement(arrangement, 2);
       host.addWidget(new FixedContent({20, 20}));
+    }
     host.widgets().at(1)->hide();
+    for (QWidget* const unfit : std::initializer_list<QWidget*>{nullptr, &host, host.widgets().at(0)})
+      host.addWidget(unfit);
+    QCOMPARE(host.widgets().size(), 4);
     host.show();
     QTEST(host.widgets().constLast()->pos(), "last");
     QTEST(host.fittingSize({500, 500}), "size");
     QCOMPARE(host.fittingSize({9, 9}), QSize(9, 9));
+    host.setArrangement(LayoutBaseWidget::Column, 0);
+    QCOMPARE(host.fittingSize({500, 500}), QSize(26, 70));
+    QCOMPARE(std::tuple(host.arrangement(), host.contentMargin(), host.spacing()),
+             std::tuple(LayoutBaseWidget::Column, 3, 2));
   }
 
   void visibleOnlyWithVisibleContent() {
@@ -95,14 +104,17 @@ private Q_SLOTS:
   }
 
   void clicksBesideTheContentReachTheView() {
+    QWidget window;
+    window.resize(200, 200);
     View view;
-    FloatingWidget host(&view);
+    view.setParent(&window);
+    FloatingWidget host(&window);
     host.setAlignment(Qt::AlignLeft | Qt::AlignTop);
     host.addWidget(new FixedContent({100, 20}));
     host.addWidget(new FixedContent({40, 20}));
-    Vela::Test::showActive(view);
+    Vela::Test::showActive(window);
     const auto press = [&](const QPoint& at) {
-      Vela::Test::clickAt(view, at);
+      Vela::Test::clickAt(window, at);
       return view.presses;
     };
     QCOMPARE(press({90, 15}), 0);

@@ -32,6 +32,8 @@ private Q_SLOTS:
     NotificationBar::setDefaultFadeDuration(180);
     QCOMPARE(NotificationBar(nullptr).fadeDuration(), 180);
     QCOMPARE(f.bar->showNotification(QString(), FadeInAndOut, 0), 0);
+    f.bar->showNotification("no action", FadeInAndOut, 0, true, f.work, nullptr);
+    QVERIFY(!f.button("Details"));
     const quint64 id = f.post(NotificationError, "broken");
     QCOMPARE(f.bar->currentNotification(), id);
     f.post(NotificationWarning, "odd");
@@ -49,6 +51,12 @@ private Q_SLOTS:
     QTRY_COMPARE(ended.count(), 3);
     QCOMPARE(shown, QList<QVariantList>({{first}, {second}, {last}}));
     QCOMPARE(ended, shown);
+    f.post(NotificationError, "stays", 20);
+    f.post(NotificationError, "stays", 0); // endless after all
+    moveMouse(*f.bar);
+    moveMouse(*f.view, {5, 290});
+    letTimePass(40);
+    QCOMPARE(f.reading(), "Error: stays");
   }
 
   void hideNotificationTakesBackOnlyTheInfo() {
@@ -61,7 +69,7 @@ private Q_SLOTS:
     QCOMPARE(f.bar->waitingCount(), 1);
     QVERIFY(f.bar->hideNotification(warning));
     QVERIFY(f.bar->hideNotification(error));
-    QVERIFY(!f.bar->isNotificationShowing());
+    QVERIFY(!f.bar->hideNotification(error) && !f.bar->isNotificationShowing());
   }
 
   void fades() {
@@ -80,17 +88,23 @@ private Q_SLOTS:
   }
 
   void hideAndShowWhileFading() {
-    for (const auto& [old, next] : {std::pair(FadeInAndOut, FadeOutOnly), {FadeOutOnly, FadeInAndOut}}) {
+    for (const auto& [old, next] : {std::pair(FadeInAndOut, FadeOutOnly),
+                                    {FadeOutOnly, FadeInAndOut},
+                                    {FadeInAndOut, FadeInAndOut},
+                                    {FadeInOnly, FadeInAndOut}}) {
       NotificationFixture f;
       f.bar->setFadeDuration(20);
       f.bar->showNotification("old", old, 0);
+      if (old != FadeInOnly)
+        QTRY_VERIFY(!f.bar->graphicsEffect());
       f.bar->hideNotification();
-      f.bar->setFadeDuration(0);
+      if (old == FadeInOnly)
+        letTimePass(30); // it does not go on fading in
       f.bar->showNotification("new", next, 0);
-      QVERIFY(!f.bar->graphicsEffect());
-      letTimePass(30);
+      QCOMPARE(f.bar->graphicsEffect() != nullptr, old == FadeInOnly);
+      letTimePass(40);
       QCOMPARE(f.reading(), "new");
-      QVERIFY(!f.bar->graphicsEffect());
+      QTRY_VERIFY(!f.bar->graphicsEffect());
     }
   }
 
@@ -139,6 +153,12 @@ private Q_SLOTS:
     QVERIFY(!f.bar->isNotificationShowing() && f.work->hasFocus());
     QCOMPARE(receiver.calls, 0);
 
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Enter}) {
+      f.bar->showNotification("once", FadeInAndOut, 0, false, &receiver, SLOT(onAction()));
+      f.key(Qt::Key_Tab);
+      f.key(key);
+    }
+    QCOMPARE(std::exchange(receiver.calls, 0), 2);
     f.bar->showNotification("again", FadeInAndOut, 0, false, &receiver, SLOT(onAction()));
     f.key(Qt::Key_Tab);
     VELA_COMPARE_SCREEN("notification_with_action");
@@ -249,7 +269,10 @@ private Q_SLOTS:
       const quint64 error = waiting ? f.post(NotificationError, "error") : 0;
       auto receiver = std::make_unique<ActionReceiver>();
       f.bar->showNotification("text", FadeInOnly, 0, true, receiver.get(), SLOT(onAction()));
+      if (!waiting)
+        f.button("Details")->setFocus();
       receiver.reset();
+      QVERIFY(f.work->hasFocus());
       f.bar->hideNotification(error);
       QCOMPARE(f.reading(), "text");
       QVERIFY(!f.button("Details"));

@@ -6,11 +6,6 @@
 #include <ui_base/notifications/floating_widget.h>
 #include <ui_base/notifications/notification_bar.h>
 
-#include <QAbstractButton>
-#include <QPointer>
-#include <QTest>
-#include <QWidget>
-
 #include <functional>
 
 /// A shown and active view with a focused widget that stands for the work, and a bar over it.

@@ -76,36 +76,6 @@ private Q_SLOTS:
     QCOMPARE(queue.post(entryFrom("w:a"), dropped), id);
     QCOMPARE(queue.current()->remainingMs, 1000);
   }
-
-  /// Whatever is posted: nothing gets lost or comes twice, and the most severe entry is the one shown.
-  void anySequence() {
-    QRandomGenerator random(20240521);
-    const QStringList kinds = {"i:", "w:", "e:", "i*:", "w*!:", "e*:", "e*!:"};
-    NotificationQueue queue;
-    queue.setLimit(4);
-    QSet<quint64> open;
-    for (int step = 0; step < 5000; ++step) {
-      NotificationQueue::Entries ended;
-      if (random.bounded(3) != 0) {
-        const QString script =
-            kinds.at(random.bounded(int(kinds.size()))) + QString::number(random.bounded(40));
-        open.insert(queue.post(entryFrom(script), ended));
-      } else if (auto gone = queue.takeCurrent()) {
-        ended.push_back(std::move(gone));
-        queue.advance();
-      }
-      for (const auto& entry : ended)
-        QVERIFY(open.remove(entry->id));
-
-      QCOMPARE(int(open.size()), queue.waitingCount() + (queue.current() ? 1 : 0));
-      QVERIFY(queue.waitingCount() <= 4);
-      QVERIFY(queue.current() || queue.waitingCount() == 0);
-    }
-    NotificationQueue::Entries waiting = queue.takeAllWaiting();
-    QVERIFY(
-        std::ranges::is_sorted(waiting, std::ranges::greater(), [](const auto& e) { return e->severity; }));
-    QVERIFY(waiting.empty() || queue.current()->severity >= waiting.front()->severity);
-  }
 };
 
 VELA_TEST_MAIN(NotificationQueueTest)

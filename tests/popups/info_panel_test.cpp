@@ -46,25 +46,26 @@ private Q_SLOTS:
     panel.show();
     QCOMPARE(loaded.size(), 1);
     QVERIFY(loaded.constFirst().constFirst().toBool() && !panel.IsWebView());
-    auto* browser = panel.findChild<QTextBrowser*>();
-    QVERIFY(browser->toPlainText().contains("69 451"));
-    QCOMPARE(browser->accessibleName(), "Mesh");
     VELA_COMPARE_SCREEN("information");
   }
 
   void aPluginServesUntilItFails() {
     qputenv("VLK_PLUGIN_PATH",
             (QCoreApplication::applicationDirPath() + "/../lib/test_plugins").toLocal8Bit());
+    qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
     InfoPanel panel;
     const QSignalSpy loaded(&panel, &InfoPanel::loaded);
     panel.show();
+    QVERIFY(QTest::qWaitForWindowActive(&panel));
     panel.SetHtml("<p>content");
     QVERIFY(panel.IsWebView());
     QVERIFY(panel.findChild<InfoView*>()->property("content").toString().endsWith("<p>content"));
     QCOMPARE(loaded.size(), 1);
+    panel.findChild<InfoView*>()->setFocus();
     panel.SetHtml("<p>too much");
     QVERIFY(!panel.IsWebView());
     QCOMPARE(panel.findChild<QTextBrowser*>()->toPlainText(), "too much");
+    QVERIFY(panel.findChild<QTextBrowser*>()->hasFocus());
     QCOMPARE(loaded.size(), 2);
   }
 

@@ -179,8 +179,8 @@ private Q_SLOTS:
     search.add({.rect = {0, 0, 9, 9}, .outcome = PlacementAccepted});
     search.add({.side = Left, .arrow = ArrowTop, .rect = {-1, -1, 11, 11}, .coversReference = true});
     search.add({.arrow = ArrowRight, .arrowOffset = 1, .rect = {-1, 0, 1, 1}, .outcome = PlacementNoLayout});
-    QCOMPARE(search.toString(),
-             QStringLiteral("Reference: 3 × 4 at (1, 2)\nFree area: 9 × 9 at (0, 0)\n"
+    QCOMPARE(QDebug::toString(search),
+             QStringLiteral("PlacementSearch\nReference: 3 × 4 at (1, 2)\nFree area: 9 × 9 at (0, 0)\n"
                             "1. above, 9 × 9 at (0, 0), taken\n"
                             "2. left, arrow at the top, 11 × 11 at (-1, -1), refused, 1 px too far left,"
                             " 1 px too far right, 1 px too high, 1 px too low, covers the reference\n"

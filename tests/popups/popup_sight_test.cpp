@@ -126,6 +126,8 @@ private Q_SLOTS:
     QVERIFY(!isPlaced());
     calculator.SetRefWidget(&stage->owner);
     QVERIFY(isPlaced());
+    QCOMPARE(calculator.Position(true), QPoint()); // it has no arrows
+    QVERIFY(calculator.LastSearch().candidates().isEmpty());
     stage.reset();
     QTRY_VERIFY(!QApplication::activeWindow());
     QVERIFY(!isPlaced());

@@ -16,7 +16,7 @@ ToolBar* BarsWorld::anyBar() {
 
 void BarsWorld::clickOn(QWidget* target) {
   QWidget* const window = target ? target->window() : nullptr;
-  if (!target || !target->isVisible() || !window->windowHandle())
+  if (!window || !target->isVisible() || !window->windowHandle())
     return;
   const QPointer<QWindow> handle(window->windowHandle());
   const QPoint point = target->mapTo(window, target->rect().center());
@@ -54,11 +54,7 @@ std::vector<BarsWorld::Deed> BarsWorld::userDeeds() {
       {"escape", true, [this] { key(Qt::Key_Escape); }},
       {"space", true, [this] { key(Qt::Key_Space); }},
       {"next bar", true, [this] { key(Qt::Key_F6); }},
-      {"activate", true,
-       [this] {
-         if (QWidget* const window = anyWindow())
-           window->activateWindow();
-       }},
+      {"activate", true, [this] { anyWindow()->activateWindow(); }},
       {"tooltip", true, [this] { with<ToolButton>([this](ToolButton& button) { showTooltip(button); }); }},
       {"event loop", true,
        [] {
@@ -66,11 +62,7 @@ std::vector<BarsWorld::Deed> BarsWorld::userDeeds() {
          QTimer::singleShot(0, &loop, &QEventLoop::quit);
          loop.exec();
        }},
-      {"resize", true,
-       [this] {
-         if (QWidget* const window = anyWindow())
-           window->resize(90 + pick(900), 40 + pick(700));
-       }},
+      {"resize", true, [this] { anyWindow()->resize(90 + pick(900), 40 + pick(700)); }},
       {"settle", false, [] { Vela::Test::settle(); }},
   };
 }
@@ -88,15 +80,9 @@ std::vector<BarsWorld::Deed> BarsWorld::menuDeeds() {
       {"show a panel", true, [this] { withPanel([](QWidget& panel) { panel.show(); }); }},
       {"hide a panel", true, [this] { withPanel([](QWidget& panel) { panel.hide(); }); }},
       {"close a flyout", true,
-       [this] {
-         if (FlyoutBase* const flyout = anyFlyout())
-           flyout->CloseMe();
-       }},
+       [this] { withPanel<FlyoutBase>([](FlyoutBase& flyout) { flyout.CloseMe(); }); }},
       {"busy", true,
-       [this] {
-         if (FlyoutBase* const flyout = anyFlyout())
-           flyout->SetBusy(one(2));
-       }},
+       [this] { withPanel<FlyoutBase>([this](FlyoutBase& flyout) { flyout.SetBusy(one(2)); }); }},
       {"exit a command", true,
        [this] {
          if (PanelCommand* const command = m_commands.value(pick(int(m_commands.size()))))
@@ -159,14 +145,9 @@ std::vector<BarsWorld::Deed> BarsWorld::barDeeds() {
 std::vector<BarsWorld::Deed> BarsWorld::groupDeeds() {
   const auto toGroup = [this](const char* name, void (*act)(BarsWorld&, Group&)) {
     return Deed{name, true, [this, act] {
-                  const auto kept =
-                      m_groups.empty() ? nullptr : m_groups[unsigned(pick(int(m_groups.size())))];
-                  if (kept)
+                  if (const auto kept = anyGroup())
                     act(*this, *kept);
                 }};
-  };
-  const auto first = [](const Group& group) {
-    return group.commandBag().count() == 0 ? nullptr : group.commandBag().commandAt(0);
   };
   return {
       toGroup("add to a group",
@@ -193,10 +174,11 @@ std::vector<BarsWorld::Deed> BarsWorld::groupDeeds() {
                 world.with<ToolbarManager>([&group](ToolbarManager& row) { row.commandGroupEnded(&group); });
               }),
       {"remove a command from a bar", true,
-       [this, first] {
+       [this] {
          const auto kept = m_groups.empty() ? nullptr : m_groups.front();
-         if (ToolBar* const bar = kept && one(3) ? anyBar() : nullptr)
-           bar->RemoveCommand(first(*kept));
+         ToolBar* const bar = kept && one(3) ? anyBar() : nullptr;
+         if (bar && kept->commandBag().count() > 0)
+           bar->RemoveCommand(kept->commandBag().commandAt(0));
        }},
       {"a group dies", false,
        [this] {

@@ -140,20 +140,18 @@ void BarsWorld::buildBar() {
   const Qt::ToolBarArea areas[] = {Qt::LeftToolBarArea, Qt::RightToolBarArea, Qt::TopToolBarArea,
                                    Qt::BottomToolBarArea};
   QWidget* const window = anyWindow();
-  if (!window)
-    return;
   ToolBar* const bar = one(3) ? new ActionPanel(window) : new ToolBar(window, areas[pick(4)]);
   bar->SetOffset({pick(20), pick(20)});
   bar->SetCentered(one(2));
   bar->SetTooltipGroup(one(2) ? QStringLiteral("tips") : QString());
   if (!m_groups.empty() && one(2))
-    bar->AddCommandGroup(anyGroup());
+    bar->AddCommandGroup(anyGroup().get());
   bar->ShowMe();
   if (!one(4))
     return;
   auto* const row = new ToolbarManager(bar);
   row->setGatheringTime(0);
-  row->addDynamicCommandGroup(anyGroup());
+  row->addDynamicCommandGroup(anyGroup().get());
 }
 
 void BarsWorld::buildPanel() {
@@ -209,7 +207,7 @@ void BarsWorld::buildGroup() {
   auto group = namedGroup("group " + QByteArray::number(++m_made), 1 + pick(3));
   if (!one(3))
     group->setIcon(coloredIcon(Qt::green));
-  if (Group* const around = one(2) ? anyGroup() : nullptr)
+  if (const auto around = one(2) ? anyGroup() : nullptr)
     around->addCommand(group, pick(5));
   m_groups.push_back(std::move(group));
 }

@@ -68,9 +68,9 @@ private:
     if (T* const chosen = any<T>())
       act(*chosen);
   }
-  template <class Do>
+  template <class T = QWidget, class Do>
   void withPanel(const Do& act) {
-    if (QWidget* const panel = anyPanel())
+    if (T* const panel = qobject_cast<T*>(anyPanel()))
       act(*panel);
   }
   QWidget* anyWindow() { return m_windows.value(pick(int(m_windows.size()))); }
@@ -79,10 +79,9 @@ private:
     const bool dies = !qobject_cast<QSpinBox*>(panel) && !qobject_cast<Vela::UiBase::FlyoutBase*>(panel);
     return dies ? nullptr : panel;
   }
-  Group* anyGroup() {
-    return m_groups.empty() ? nullptr : m_groups[unsigned(pick(int(m_groups.size())))].get();
+  std::shared_ptr<Group> anyGroup() {
+    return m_groups.empty() ? nullptr : m_groups[unsigned(pick(int(m_groups.size())))];
   }
-  Vela::UiBase::FlyoutBase* anyFlyout() { return qobject_cast<Vela::UiBase::FlyoutBase*>(anyPanel()); }
   Bar* anyBar();
 
   void interfere(); // from every callback

@@ -1,66 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "toolbars_fixture.h"
+#include "tool_bar_screen.h"
 
-#include <support/input.h>
+#include <support/rows.h>
 #include <support/screen_record.h>
 #include <ui_base/menus/menu_builder.h>
-#include <ui_base/popups/flyout_base.h>
-#include <ui_base/toolbars/tool_bar.h>
-#include <ui_base/toolbars/tool_button_with_button_menu.h>
-#include <ui_base/toolbars/tool_button_with_widget_menu.h>
+#include <ui_base/tooltips/tooltip_object.h>
+#include <ui_base/tooltips/tooltip_reason.h>
+
+#include <functional>
 
 using namespace Vela::UiBase;
 using Vela::Test::click;
 using Vela::Test::settle;
-
-namespace {
-
-/// A window with a field that has the focus, and a toolbar: two plain buttons, one with a sub-toolbar of two,
-/// in which there is another one, and one with a flyout.
-struct Screen {
-  Screen() {
-    window.resize(700, 500);
-    field->move(10, 400);
-    commands->addCommand(outer, 5);
-    outer->setIcon(coloredIcon(Qt::red));
-    inner->setIcon(coloredIcon(Qt::red));
-    outer->addCommand(inner, 5);
-    bar->AddCommandGroup(commands.get());
-    flyoutButton = bar->AddAction(flyoutAction, flyout, QStringLiteral("flyouts"));
-    Vela::Test::showActive(window);
-    field->setFocus();
-    settle();
-  }
-
-  ToolButton* button(const QString& id) const { return bar->FindOneButton(id, true); }
-  ToolButtonWithMenu* opener(const CommandGroup& group) const {
-    return qobject_cast<ToolButtonWithMenu*>(button(group.commandId()));
-  }
-  void press(int key, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::keyClick(window.windowHandle(), static_cast<Qt::Key>(key), modifiers);
-  }
-
-  QWidget window;
-  QLineEdit* const field = new QLineEdit(&window);
-  std::shared_ptr<CommandGroup> commands = namedGroup("a", 2);
-  std::shared_ptr<CommandGroup> outer = namedGroup("outer", 2);
-  std::shared_ptr<CommandGroup> inner = namedGroup("inner", 2);
-  QAction* const flyoutAction = new QAction(coloredIcon(Qt::red), QStringLiteral("flyout"), &window);
-  FlyoutBase* const flyout =
-      new FlyoutBase(QStringLiteral("flyout"), new QLineEdit, nullptr, true, false, true, true, &window);
-  ToolBar* const bar = new ToolBar(&window, Qt::TopToolBarArea);
-  ToolButtonWithWidgetMenu* flyoutButton = nullptr;
-};
-
-QString focused() {
-  const QWidget* const focus = QApplication::focusWidget();
-  const auto* const button = qobject_cast<const ToolButton*>(focus);
-  if (!button)
-    return focus ? QString::fromLatin1(focus->metaObject()->className()) : QString();
-  return button->property(CMDID_PROP).toString().remove(CommandGroup::className());
-}
-
-} // namespace
 
 class ToolBarInteractionTest : public Vela::Test::TestCase {
   Q_OBJECT
@@ -68,22 +19,19 @@ class ToolBarInteractionTest : public Vela::Test::TestCase {
 private Q_SLOTS:
   void clicksOpenOneMenuAtATimeAndCloseTheOthers() {
     Screen screen;
-    ToolButtonWithMenu* const outer = screen.opener(*screen.outer);
-    ToolButtonWithMenu* const inner = screen.opener(*screen.inner);
+    const ToolButton* const outer = screen.opener(*screen.outer);
     QSignalSpy clicks(screen.bar, &ToolBar::ToolButtonClicked);
     click(*outer);
-    QVERIFY(outer->IsMenuShowing());
-    click(*inner);
-    QVERIFY2(outer->IsMenuShowing() && inner->IsMenuShowing(), "a nested toolbar leaves the outer one");
+    click(*screen.opener(*screen.inner)); // a nested toolbar leaves the outer one
     click(*screen.flyoutButton);
-    QVERIFY(!outer->IsMenuShowing() && !inner->IsMenuShowing() && screen.flyoutButton->IsMenuShowing());
-    QCOMPARE(screen.bar->GetActiveButton(), screen.flyoutButton);
     click(*screen.button(QStringLiteral("a 0")));
-    QVERIFY(!screen.flyoutButton->IsMenuShowing() && !screen.bar->GetActiveButton());
     QCOMPARE(clicks.count(), 3);
-    click(*outer);
-    click(*outer);
-    QVERIFY(!outer->IsMenuShowing());
+    screen.bar->SetHideOnClick(true);
+    for (int i = 0; i < 3; ++i)
+      click(*outer);
+    for (const char* const id : {"outer 0", "a 0"})
+      click(*screen.button(id));
+    settle();
   }
 
   void whoHearsOfAClickMayChangeGroupsOrEndTheBar() {
@@ -141,124 +89,165 @@ private Q_SLOTS:
     MenuBuilder menus(QStringLiteral("menus"), nullptr, &screen.window);
     menus.AddMenuBarItem(QStringLiteral("file"), QIcon(), QStringLiteral("&File"));
     menus.Start();
-    const QList<const QWidget*> stops{screen.button(QStringLiteral("a 0")), &next,
-                                      menus.GetMenuBarItem(QStringLiteral("file")).data(), screen.field};
-    for (const QWidget* const stop : stops) {
-      screen.press(Qt::Key_F6);
-      QCOMPARE(QApplication::focusWidget(), stop);
-    }
-    screen.press(Qt::Key_F10);
-    screen.press(Qt::Key_F6);
+    screen.press({Qt::Key_F6, Qt::Key_F6, Qt::Key_F6, Qt::Key_F6, Qt::Key_F10, Qt::Key_F6});
     QVERIFY(screen.field->hasFocus() && menus.CanHide());
-    screen.press(Qt::Key_F6, Qt::ShiftModifier);
-    QVERIFY(stops[2]->hasFocus());
-    screen.press(Qt::Key_Escape);
-    QVERIFY(screen.field->hasFocus());
+    screen.press({Qt::SHIFT | Qt::Key_F6, Qt::Key_Escape});
   }
 
   void worksByKeyboardAlone() {
     Screen screen;
     ToolBar side(&screen.window, Qt::LeftToolBarArea);
-    side.AddAction(new QAction(QStringLiteral("side"), &side))->setProperty(CMDID_PROP, "side");
+    side.AddAction(new QAction(QStringLiteral("side"), &side));
     side.ShowMe();
     side.move(0, 200);
     auto* const first = dynamic_cast<NamedCommand*>(screen.commands->commandBag().commandAt(0));
-    screen.press(Qt::Key_F6);
-    QCOMPARE(focused(), QStringLiteral("a 0"));
-    screen.press(Qt::Key_F6);
-    QCOMPARE(focused(), QStringLiteral("side"));
-    screen.press(Qt::Key_F6);
-    QCOMPARE(QApplication::focusWidget(), screen.field);
-    screen.press(Qt::Key_F6, Qt::ShiftModifier);
-    QCOMPARE(focused(), QStringLiteral("side"));
-    screen.press(Qt::Key_F6, Qt::ShiftModifier);
-    screen.press(Qt::Key_Return);
-    screen.press(Qt::Key_Space);
+    screen.press({Qt::Key_F6, Qt::Key_F6, Qt::Key_F6, Qt::SHIFT | Qt::Key_F6, Qt::SHIFT | Qt::Key_F6});
+    screen.press({Qt::Key_Return, Qt::Key_Space});
     QCOMPARE(first->runs, 2);
     screen.commands->commandBag().commandAt(1)->setEnabled(false);
-    screen.press(Qt::Key_Right);
-    QCOMPARE(focused(), QStringLiteral("outer"));
-
     // Into the menus and out of them again.
-    screen.press(Qt::Key_Down);
-    QCOMPARE(focused(), QStringLiteral("outer 0"));
-    screen.press(Qt::Key_End);
-    QCOMPARE(focused(), QStringLiteral("inner"));
-    screen.press(Qt::Key_Right);
-    QCOMPARE(focused(), QStringLiteral("inner 0"));
+    screen.press({Qt::Key_Right, Qt::Key_Down, Qt::Key_End, Qt::Key_Right});
     VELA_COMPARE_SCREEN("focus_in_a_nest", Vela::Test::AlsoDark);
-    screen.press(Qt::Key_Escape);
-    QCOMPARE(focused(), QStringLiteral("inner"));
-    screen.press(Qt::Key_Escape);
-    QCOMPARE(focused(), QStringLiteral("outer"));
-    screen.press(Qt::Key_Escape);
-    QCOMPARE(QApplication::focusWidget(), screen.field);
+    screen.press({Qt::Key_Escape, Qt::Key_Escape, Qt::Key_Escape});
   }
 
-  void arrowKeysGoByWhatIsSeen_data() {
-    QTest::addColumn<Qt::LayoutDirection>("direction");
-    QTest::addColumn<QList<int>>("keys");
-    QTest::addColumn<int>("reached");
-    QTest::newRow("right and down") << Qt::LeftToRight << QList<int>{Qt::Key_Right, Qt::Key_Down} << 4;
-    QTest::newRow("left in right to left") << Qt::RightToLeft << QList<int>{Qt::Key_Left, Qt::Key_Down} << 4;
-    QTest::newRow("end and up") << Qt::LeftToRight << QList<int>{Qt::Key_End, Qt::Key_Up} << 2;
+  void showsWhatIsDoneToIt_data() {
+    const Vela::Test::Rows<std::function<void(Screen&)>> row("deed");
+    row("actions hide", [](Screen& screen) {
+      QAction* const late = screen.action("late");
+      late->setVisible(false);
+      screen.bar->AddAction(late);
+      screen.button("a 0")->hide(); // by the application
+      for (QAction* const action : {late, screen.button("a 1")->Action()}) {
+        action->setVisible(!action->isVisible());
+        screen.button("a 0")->Action()->setText("Renamed");
+        settle();
+        action->setVisible(!action->isVisible());
+        settle();
+      }
+    });
+    row("grids", [](Screen& screen) {
+      for (const bool menu : {false, true}) {
+        const auto grid = namedGroup(menu ? "menu" : "grid", 5);
+        grid->setGrid(true);
+        grid->setGridSize(2);
+        grid->setIcon(menu ? coloredIcon(Qt::green) : QIcon());
+        screen.commands->addCommand(grid, 7);
+        settle();
+        grid->removeCommand(QString(menu ? "menu 1" : "grid 1"));
+        settle();
+        if (menu)
+          click(*screen.opener(*grid));
+      }
+    });
+    row("buttons of the application's own", [](Screen& screen) {
+      auto* const own = new ToolButton(screen.action("own"), screen.bar, &screen.window);
+      auto* const other = new ToolButton(screen.action("other"), screen.menu(*screen.outer), &screen.window);
+      for (ToolButton* const each : {own, own, other, static_cast<ToolButton*>(nullptr)})
+        screen.bar->AddToolButton(each, "own");
+      QCOMPARE(screen.bar->Buttons().count(own), 1);
+      QVERIFY(!screen.bar->Buttons().contains(other));
+    });
+    row("a main menu", [](Screen& screen) {
+      const auto* const main =
+          ToolBar::CreateMainToolBarButtonMenu(*screen.bar, coloredIcon(Qt::blue), "main", "a", 0);
+      const QPointer<ToolBar> menu = main->GetMenu();
+      menu->AddAction(screen.action("of the menu"));
+      settle();
+      click(*main);
+      settle();
+      delete screen.bar;
+      QVERIFY(!menu);
+    });
+    row("looks", [](Screen& screen) {
+      screen.opener(*screen.outer)->ShowMenu();
+      for (const char* const color : {"pink", "gold", ""}) {
+        screen.bar->SetButtonStyleSheet(QStringLiteral("QToolButton { background: %1 }").arg(color),
+                                        *color == 'g');
+        settle();
+      }
+      screen.bar->SetButtonSize({60, 60});
+      ToolBar::ApplyDefaultToolbarParams(nullptr, "nobody");
+      for (const char* const name : {"tools", "others"})
+        ToolBar::ApplyDefaultToolbarParams(screen.bar, name);
+      screen.bar->SetTooltipGroup("tips");
+      QCOMPARE(screen.button("a 0")->GetTooltipObject()->TooltipGroup(), QString("tips"));
+    });
+    for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+      row("keys in a grid " + QByteArray::number(direction), [direction](Screen& screen) {
+        screen.window.setLayoutDirection(direction);
+        screen.bar->SetGridLayout(2);
+        settle();
+        screen.press({Qt::Key_F6, Qt::Key_Right, Qt::Key_Down, Qt::Key_Left, Qt::Key_Up, Qt::Key_Up});
+      });
+      for (const int area :
+           {int(Qt::LeftToolBarArea), int(Qt::RightToolBarArea), int(Qt::BottomToolBarArea), 0}) {
+        row("at edge " + QByteArray::number(area + 1000 * direction), [area, direction](Screen& screen) {
+          screen.window.setLayoutDirection(direction);
+          screen.opener(*screen.outer)->ShowMenu();
+          screen.bar->SetArea(Qt::ToolBarArea(area));
+          settle();
+          screen.window.resize(140, 140);
+          settle();
+          screen.press({Qt::Key_F6, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down});
+        });
+      }
+    }
+    row("closed from the inside", [](Screen& screen) {
+      screen.flyoutButton->ShowMenu();
+      QVERIFY(screen.bar->DismissLeafMenu());
+      settle();
+      screen.flyoutButton->ShowMenu();
+      Q_EMIT screen.bar->CloseFlyout();
+      settle();
+      screen.opener(*screen.outer)->ShowMenu();
+      screen.opener(*screen.inner)->ShowMenu();
+      for (const bool open : {true, true, false}) {
+        QCOMPARE(screen.bar->DismissLeafMenu(), open);
+        settle();
+      }
+    });
+    row("a locked menu", [](Screen& screen) {
+      screen.opener(*screen.outer)->ShowMenu();
+      screen.button("outer 0")->setFocus();
+      screen.menu(*screen.outer)->SetLocked(true);
+    });
+    row("a command in two groups", [](Screen& screen) {
+      const auto shared = screen.commands->commandBag().getSharedCommand("a 0");
+      const auto second = namedGroup("second", 1);
+      second->addCommand(shared, 5);
+      screen.commands->addCommand(second, 9);
+      settle();
+      for (CommandGroup* const group : {second.get(), screen.commands.get()}) {
+        group->removeCommand("a 0");
+        settle();
+      }
+    });
+    row("what does not fit", [](Screen& screen) {
+      TooltipReason::setSource([](const QAction& action) { return "Why not " + action.text(); });
+      screen.flyoutAction->setEnabled(false);
+      screen.flyoutButton->setCheckable(true);
+      screen.flyoutButton->setChecked(true);
+      screen.window.resize(110, 500);
+      settle();
+      screen.press({Qt::Key_F6, Qt::Key_End, Qt::Key_Return});
+      auto* const list = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+      QVERIFY(list && list->toolTipsVisible());
+      QCOMPARE(list->actions().constLast()->toolTip(), QString("Why not flyout"));
+      QTest::keyClick(list, Qt::Key_Return);
+      settle();
+      TooltipReason::setSource({});
+    });
+    row("into an open menu", [](Screen& screen) {
+      click(*screen.opener(*screen.outer));
+      screen.press({Qt::Key_F6, Qt::Key_Right, Qt::Key_Right, Qt::Key_Down});
+    });
   }
-  void arrowKeysGoByWhatIsSeen() {
-    QFETCH(Qt::LayoutDirection, direction);
-    QFETCH(QList<int>, keys);
-    QFETCH(int, reached);
+  void showsWhatIsDoneToIt() {
+    QFETCH(std::function<void(Screen&)>, deed);
     Screen screen;
-    screen.window.setLayoutDirection(direction);
-    ToolBar grid(&screen.window, Qt::LeftToolBarArea);
-    grid.SetGridLayout(3);
-    const auto commands = namedGroup("g", 6);
-    grid.AddCommandGroup(commands.get());
-    grid.ShowMe();
-    grid.move(0, 150);
+    deed(screen);
     settle();
-    screen.bar->HideMe(false);
-    screen.press(Qt::Key_F6);
-    for (const int key : keys)
-      screen.press(key);
-    QCOMPARE(focused(), QStringLiteral("g %1").arg(reached));
-  }
-
-  void buttonsWithoutRoomStayWithinReach() {
-    QWidget window;
-    window.setLayoutDirection(Qt::RightToLeft);
-    window.resize(200, 200);
-    ToolBar bar(&window, Qt::TopToolBarArea);
-    const auto commands = namedGroup("c", 12);
-    bar.AddCommandGroup(commands.get());
-    Vela::Test::showActive(window);
-    settle();
-    QVERIFY(window.rect().contains(bar.geometry()));
-    const auto buttons = bar.Buttons();
-    const auto shows = [](const QWidget* widget) {
-      return widget->visibleRegion() == QRegion(widget->rect());
-    };
-    QVERIFY(shows(buttons[0]) && buttons[11]->visibleRegion().isEmpty());
-    for (const ToolButton* const button : buttons)
-      QVERIFY2(shows(button) || button->visibleRegion().isEmpty(), "no button is cut");
-
-    QToolButton* more = nullptr;
-    const auto all = bar.findChildren<QToolButton*>();
-    for (QToolButton* const each : all)
-      more = qobject_cast<ToolButton*>(each) ? more : each;
-    QVERIFY(more && shows(more));
-    click(*more);
-    auto* const list = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    QVERIFY(list);
-    list->setActiveAction(list->actions().constLast());
-    QTest::keyClick(list, Qt::Key_Return);
-    auto* const last = dynamic_cast<NamedCommand*>(commands->commandBag().commandAt(11));
-    QTRY_COMPARE(last->runs, 1);
-    QVERIFY(shows(buttons[11]) && !shows(buttons[0]));
-    VELA_COMPARE_SCREEN("scrolled_bar", Vela::Test::OnlyAsItIs);
-    QTest::keyClick(window.windowHandle(), Qt::Key_F6);
-    QVERIFY(buttons[0]->hasFocus() && shows(buttons[0]));
-    window.resize(700, 700);
-    QTRY_VERIFY(more->isHidden() && shows(buttons[11]));
   }
 };
 

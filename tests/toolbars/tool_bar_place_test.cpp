@@ -20,13 +20,12 @@ public:
     m_bar->SetOffset({3, 4});
     m_bar->SetEnableAutoPosition(kind != ByHand);
     m_bar->AddAction(new QAction(QStringLiteral("one"), &m_window));
-    if (kind == InALayout) {
-      auto* const column = new QVBoxLayout(&m_window);
-      auto* const row = new QHBoxLayout;
-      column->addLayout(row);
-      column->addStretch(1);
+    auto* const column = new QVBoxLayout(&m_window);
+    auto* const row = new QHBoxLayout;
+    column->addLayout(row);
+    column->addStretch(1);
+    if (kind == InALayout)
       row->addWidget(m_bar);
-    }
     m_window.show();
     Vela::Test::settle();
     do_(QStringLiteral("SetPos"), 0); // a beginning that is known
@@ -153,6 +152,7 @@ private Q_SLOTS:
     QTest::addColumn<Qt::ToolBarArea>("area");
     QTest::newRow("at its edge") << int(Bench::AtItsEdge) << Qt::TopToolBarArea;
     QTest::newRow("by hand") << int(Bench::ByHand) << Qt::LeftToolBarArea;
+    QTest::newRow("by hand, across") << int(Bench::ByHand) << Qt::BottomToolBarArea;
     QTest::newRow("in a layout") << int(Bench::InALayout) << Qt::TopToolBarArea;
   }
   // Each two steps after each other, with part of a slide between them, then at random.
@@ -210,6 +210,15 @@ private Q_SLOTS:
     QVERIFY(bar.isHidden() && bar.y() == -bar.height());
     bar.show();
     QCOMPARE(bar.pos(), QPoint(3, 4));
+    bar.HideAnimated();
+    bench.advance(300);
+    bar.SetPos({5, 6});
+    QCOMPARE(bar.pos(), QPoint(5, 6));
+    bar.HideMe(true);
+    bar.ShowAnimated();
+    QVERIFY(!bar.HiddenByRequest());
+    bar.hide();
+    QVERIFY(!bench.slide());
   }
 };
 

@@ -4,6 +4,7 @@
 #include "toolbars_fixture.h"
 
 #include <support/input.h>
+#include <support/rows.h>
 #include <ui_base/commands/flyout_command.h>
 #include <ui_base/popups/arrowed_window.h>
 #include <ui_base/popups/flyout_base.h>
@@ -13,6 +14,8 @@
 #include <ui_base/tooltips/tooltip_object.h>
 #include <ui_base/views/base_view.h>
 #include <ui_base/views/cmds_view_controller.h>
+
+#include <functional>
 
 class PanelCommand : public Vela::UiBase::FlyoutCommand {
   Q_OBJECT
@@ -101,17 +104,4 @@ struct MenuStage {
   QPointer<Vela::UiBase::ToolButtonWithButtonMenu> menuButton;
 };
 
-/// One of the ways in which something may happen on a stage.
-template <class Stage>
-struct Way {
-  const char* name;
-  void (*go)(Stage& stage);
-};
-
-/// A row for each way; the test fetches the index.
-template <class Stage, std::size_t count>
-void addRows(const Way<Stage> (&ways)[count]) {
-  QTest::addColumn<int>("way");
-  for (std::size_t i = 0; i < count; ++i)
-    QTest::newRow(ways[i].name) << int(i);
-}
+using StageAct = std::function<void(MenuStage&)>;

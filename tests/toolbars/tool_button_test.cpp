@@ -7,6 +7,7 @@
 #include <ui_base/toolbars/tool_button.h>
 #include <ui_base/tooltips/tooltip_object.h>
 #include <ui_base/views/qt_ui_toolkit.h>
+#include <vlk_common_res/styles.h>
 #include <vlk_license/license_service.h>
 
 using namespace Vela::UiBase;
@@ -115,6 +116,33 @@ private Q_SLOTS:
     QCOMPARE(shownColor(*stage.button), QColor(Qt::red));
   }
 
+  void picturesAreMadeAnewWhenTheLookChanges() {
+    Stage stage;
+    Vela::Test::moveMouse(*stage.button);
+    QTest::mousePress(stage.window.windowHandle(), Qt::LeftButton, {}, Vela::Test::inWindow(*stage.button));
+    Vela::Test::moveMouse(*stage.button, {60, 20}); // held, it is told of no leaving
+    QTRY_COMPARE(shownColor(*stage.button), QColor(Qt::red));
+    Vela::Test::moveMouse(*stage.button);
+    QTRY_COMPARE(shownColor(*stage.button), QColor(Qt::green));
+    for (const auto type :
+         {QEvent::None, QEvent::PaletteChange, QEvent::StyleChange, QEvent::ScreenChangeInternal}) {
+      const qint64 before = stage.button->icon().cacheKey();
+      QEvent event(type);
+      if (QApplication::sendEvent(stage.button, &event); type == QEvent::None)
+        Q_EMIT Vela::Resource::Styles::Instance().changed();
+      QVERIFY(stage.button->icon().cacheKey() != before);
+      QCOMPARE(shownColor(*stage.button), QColor(Qt::green));
+    }
+    stage.button->setIconSize({16, 16});
+    Vela::Test::moveMouse(*stage.button, {60, 20});
+    QTRY_COMPARE(shownColor(*stage.button), QColor(Qt::red));
+    QCOMPARE(stage.button->icon().availableSizes().size(), 2);
+    QImage image(48, 48, QImage::Format_RGB32);
+    QPainter painter(&image);
+    stage.button->icon().paint(&painter, image.rect());
+    QCOMPARE(image.pixelColor(24, 24), QColor(Qt::red));
+  }
+
   void whatIsSetOnTheButtonLasts() {
     Stage stage;
     stage.button->setCheckable(true);
@@ -184,7 +212,8 @@ private Q_SLOTS:
   void actionsAndIconsAreMadeAsTold() {
     QWidget window;
     window.show();
-    const QIcon files = ToolButton::CreateToolButtonIcon(":/resources/images/lock_normal.png", QString());
+    const QIcon files = ToolButton::CreateToolButtonIcon(QString(), ":/resources/images/lock_normal.png");
+    QVERIFY(!files.isNull());
     QAction* const hides = ToolButton::CreateToolButtonAction(&window, files, "Hide", "Hides it", &window,
                                                               SLOT(hide()), true, true);
     QVERIFY(hides->isCheckable() && hides->isChecked() && hides->toolTip() == "Hides it");

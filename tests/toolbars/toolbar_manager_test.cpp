@@ -4,6 +4,7 @@
 #include <support/input.h>
 #include <support/screen_record.h>
 #include <ui_base/toolbars/tool_bar.h>
+#include <ui_base/toolbars/tool_button_with_widget_menu.h>
 #include <ui_base/toolbars/toolbar_manager.h>
 
 #include <vector>
@@ -77,9 +78,8 @@ private Q_SLOTS:
     row.window.setLayoutDirection(direction);
     row.begin(0);
     row.begin(2);
-    QTRY_VERIFY(!row.bar(2)->isHidden());
+    Vela::Test::settle();
     row.main->setGeometry(360, 10, 140, 60);
-    QVERIFY(row.bar(1)->isHidden());
     VELA_COMPARE_SCREEN(QStringLiteral("row of toolbars, ") + QTest::currentDataTag(), Vela::Test::AlsoDark);
   }
 
@@ -92,14 +92,12 @@ private Q_SLOTS:
     row.begin(1);
     row.end(1);
     row.begin(1);
-    QTRY_VERIFY(!row.bar(1)->isHidden());
-    QVERIFY(!row.separator()->isHidden());
+    Vela::Test::settle();
     QCOMPARE(first.changes, 0);
     QCOMPARE(second.changes, 1);
     row.end(1);
     row.end(0);
-    QTRY_VERIFY(row.bar(1)->isHidden());
-    QVERIFY(row.separator()->isHidden());
+    Vela::Test::settle();
     QCOMPARE(second.changes, 2);
   }
 
@@ -175,11 +173,40 @@ private Q_SLOTS:
     row.manager->addDynamicCommandGroup(twin.get());
     row.manager->commandGroupBegan(twin.get());
     QTRY_COMPARE(row.bar(0)->Buttons().size(), 3);
+    row.groups[0] = twin; // the one before dies
+    QVERIFY(!row.bar(0)->isHidden());
     row.manager->removeDynamicCommand(twin.get());
     row.manager->addDynamicCommandGroup(twin.get()); // at once: not the toolbar that is to go
     row.manager->commandGroupBegan(twin.get());
     Vela::Test::settle();
     QVERIFY(row.bar(0) && !row.bar(0)->isHidden());
+  }
+
+  void whatIsRemovedStaysAwayUntilItsGroupIsAdded() {
+    Row row;
+    const auto nested = namedGroup("nested", 2);
+    row.groups[0]->addCommand(nested, 9);
+    const auto addAndBegin = [&] {
+      row.manager->addDynamicCommandGroup(row.groups[0].get());
+      for (CommandGroup* const group : {row.groups[0].get(), nested.get()})
+        row.manager->commandGroupBegan(group);
+      Vela::Test::settle();
+    };
+    addAndBegin();
+    nested->setToolTip("Renamed");
+    row.bar(0)->AddAction(new QAction("menu", &row.window), new QSpinBox(&row.window))->ShowMenu();
+    CommandBase* const all[] = {nested->getCommand("nested 1"), row.groups[0]->getCommand("group 0 0"),
+                                row.groups[0].get()};
+    for (CommandBase* const command : all) {
+      row.manager->removeDynamicCommand(command);
+      QVERIFY(!row.manager->findDynamicCommand(command->commandId()));
+      for (CommandGroup* const group : {row.groups[0].get(), nested.get()})
+        row.manager->commandGroupBegan(group);
+      Vela::Test::settle();
+    }
+    QVERIFY(!row.bar(0));
+    addAndBegin();
+    QVERIFY(row.manager->findDynamicCommand("group 0 0") && row.manager->findDynamicCommand("nested 1"));
   }
 
   void toolbarMayGoInAClickOnItself_data() {

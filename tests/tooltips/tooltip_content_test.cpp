@@ -32,11 +32,7 @@ private Q_SLOTS:
     using F = TooltipFixture&;
     using T = TooltipEx&;
     const Vela::Test::Rows<Act> row("act");
-    row("after a while", [](F f, T tooltip) {
-      tooltip.SetUnfoldTime(0);
-      f.tooltip->HideTooltip();
-      f.tooltip->ShowTooltip();
-    });
+    row("after a while", [](F, T tooltip) { tooltip.SetUnfoldTime(0); });
     row("under the mouse", [](F f, T tooltip) { f.moveTo(&tooltip); });
     row("with F1", [](F f, T) { f.key(Qt::Key_F1); });
   }
@@ -51,10 +47,7 @@ private Q_SLOTS:
     f.tooltip->ShowTooltip();
     const int height = f.shown()->height();
     act(f, *tooltip);
-    QTRY_VERIFY(tooltip->IsUnfolded() && tooltip->AdvancedWidget()->isVisible());
-    QTRY_VERIFY(f.shown()->height() > height + 50);
-    // It has grown away from its widget.
-    QTRY_VERIFY(!f.shown()->geometry().intersects(f.widget->geometry()));
+    QTRY_VERIFY(tooltip->IsUnfolded());
     VELA_COMPARE_SCREEN("unfolded_tooltip");
     f.moveAway();
     f.tooltip->HideTooltip();
@@ -68,10 +61,10 @@ private Q_SLOTS:
     QSignalSpy generalHelp(general, &QShortcut::activated);
     QSignalSpy asked(f.tooltip, &ATooltipObject::HelpRequested);
     QSignalSpy askedAnywhere(&TooltipManager::GetInstance(), &TooltipManager::HelpRequested);
-    f.tooltip->SetTooltipIndex(17);
     auto* const tooltip = new TooltipEx("Smooth");
     tooltip->SetAdvancedWidget(new QLabel("more"));
     f.tooltip->SetTooltipControl(tooltip, true);
+    f.tooltip->SetTooltipIndex(17);
     f.tooltip->SetTooltipKeyword("smoothing");
     f.tooltip->ShowTooltip();
     VELA_COMPARE_SCREEN("folded_tooltip");
@@ -103,18 +96,51 @@ private Q_SLOTS:
     QCOMPARE(keys->count, 3);
   }
 
+  void partsChangeWhileItIsShown() {
+    TooltipFixture f;
+    f.tooltip->SetTooltipIndex(0);
+    f.tooltip->SetTooltipKeyword("smoothing");
+    const QSignalSpy asked(f.tooltip, &ATooltipObject::HelpRequested);
+    auto* const tooltip = new TooltipEx("Smooth");
+    f.tooltip->SetTooltipControl(tooltip, true);
+    f.tooltip->ShowTooltip();
+    auto* const more = new QLabel("more");
+    const std::function<void()> changes[] = {
+        [&] { tooltip->SetTitle(QString("Smooth it. ").repeated(30)); },
+        [&] { tooltip->SetTitle("Flatten and relax the whole mesh"); },
+        [&] { tooltip->SetShortcut("Ctrl+M"); },
+        [&] { tooltip->SetText("Evens out <b>noise</b>."); },
+        [&] { tooltip->SetReason(QString("There is no mesh. ").repeated(30)); },
+        [&] { tooltip->SetReason("There is <no> mesh."); },
+        [&] { tooltip->SetReason({}); },
+        [&] { tooltip->SetUnfolded(true); }, // there is nothing to unfold
+        [&] { f.key(Qt::Key_F1); },
+        [&] { tooltip->SetAdvancedWidget(more); },
+        [&] { tooltip->SetUnfolded(true); },
+        [&] { tooltip->SetAdvancedWidget(more); },
+        [&] { tooltip->SetAdvancedWidget(tooltip); },
+        [&] { tooltip->SetAdvancedWidget(new QLabel("even more")); },
+        [&] { tooltip->SetTooltipIndex(-1); },
+        [&] { tooltip->SetAdvancedPicture({}, {}); },
+        [&] { tooltip->SetTooltipKeyword({}); }};
+    for (const auto& change : changes) {
+      change();
+      Vela::Test::settle();
+    }
+    QCOMPARE(asked, QList<QVariantList>({{0, QStringLiteral("smoothing")}}));
+  }
+
   void actionsHaveTooltips() {
     TooltipFixture f;
     QAction action(QStringLiteral("&Smooth && relax (&S)…"));
     action.setStatusTip("Evens out noise.");
     TooltipExFactory::Attach(f.tooltip, &action);
+    TooltipExFactory::Attach(f.tooltip, nullptr);
+    TooltipExFactory::Attach(nullptr, &action);
     QCOMPARE(f.widget->accessibleDescription(), "Evens out noise.");
-    auto* const tooltip = qobject_cast<TooltipEx*>(f.tooltip->TooltipControl());
-    QCOMPARE(tooltip->Title(), "Smooth & relax");
+    QVERIFY(f.tooltip->TooltipControl()); // which is made, and follows
     action.setShortcut(Qt::CTRL | Qt::Key_M);
     action.setToolTip("<i>Own</i> words");
-    QCOMPARE(tooltip->Text(), "<i>Own</i> words");
-    QCOMPARE(tooltip->accessibleName().section(QLatin1Char('\n'), -1), "Own words");
     f.tooltip->ShowTooltip();
     VELA_COMPARE_SCREEN("tooltip_of_an_action");
   }
@@ -129,11 +155,12 @@ private Q_SLOTS:
     f.tooltip->Detach();
     QCOMPARE(f.widget->accessibleDescription(), "own words");
     auto* const content = new QWidget;
-    auto* const label = new QLabel(content);
-    f.other->SetTooltipControl(content, true);
-    f.other->SetTooltipText("<b>All</b>");
-    f.other->SetTooltipControl(content, false);
-    QCOMPARE(f.neighbour->accessibleDescription() + label->text(), "All<b>All</b>");
+    new QLabel(content);
+    for (QWidget* const control : QWidgetList{content, new QLabel}) {
+      f.other->SetTooltipControl(control, true);
+      f.other->SetTooltipText("<b>All</b>");
+      QCOMPARE(f.neighbour->accessibleDescription(), "All");
+    }
     f.other->Detach();
     QVERIFY(f.neighbour->accessibleDescription().isEmpty());
   }

@@ -104,6 +104,14 @@ private Q_SLOTS:
     }
   }
 
+  void endedWhileItIsPlaced() {
+    const TooltipFixture f;
+    WidgetPosCalculator::SetSearchObserver([&f](const WidgetPosCalculator&) { delete f.tooltip; });
+    f.tooltip->ShowTooltip();
+    WidgetPosCalculator::SetSearchObserver({});
+    QVERIFY(!f.tooltip && !TooltipManager::GetInstance().IsTooltipShown("test"));
+  }
+
   void unusedObjectsMakeNothing() {
     TooltipFixture f;
     const auto before = qApp->allWidgets().size();

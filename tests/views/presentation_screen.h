@@ -37,6 +37,7 @@ public:
   bool mouseDragMove(QDragMoveEvent*) override { return !note("over"); }
   bool mouseDragLeave(QDragLeaveEvent*) override { return !note("leave"); }
   bool mouseDrop(QDropEvent*) override { return !note("drop"); }
+  bool mouseLeave(QEvent*) override { return !note("leave"); }
   bool mayShutDown() override { return endsWithTheProgram; }
   void viewDidLoad() override {
     pass("load", [this] { BaseViewController::viewDidLoad(); });

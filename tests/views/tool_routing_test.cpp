@@ -47,42 +47,56 @@ class ToolRoutingTest : public TestCase {
 private Q_SLOTS:
   void inputReachesTheRightTool_data() {
     const Rows<QString, QString> row("script", "told");
-    row("right click opens the menu", "R+ R-", "menu");
-    row("no menu after a drag", "R+ mv L+ L- R-", "R:press R:move R:end L:press L:release L:end behind");
+    row("right click opens the menu", "R+ R-", "behind menu");
+    row("no menu after a drag", "R+ mv L+ L- R-",
+        "behind R:press R:move R:end L:press L:release L:end behind");
     row("right press ends left drag", "L+ R+ mv L- R-",
-        "L:press L:end R:press R:move R:release behind R:release R:end");
-    row("release of another button", "M+ R+ R-", "M:press M:end menu");
-    row("any release drops the right press", "R+ L+ L- mv R-", "L:press L:release L:end R:move behind");
+        "L:press L:end behind R:press R:move R:release behind R:release R:end");
+    row("release of another button", "M+ R+ R-", "M:press M:end behind menu");
+    row("any release drops the right press", "R+ L+ L- mv R-",
+        "behind L:press L:release L:end R:move behind behind");
     row("no menu in the middle of an operation", "R+ L+ R- mv L-",
-        "L:press L:release behind L:move L:release L:end");
+        "behind L:press L:release behind L:move L:release L:end");
     row("operations take turns", "M+ wake start key M- end",
-        "M:press M:end L:key L:keyup L:release behind L:end");
-    row("no wheel during a drag", "wheel L+ wheel L-", "L:wheel W:wheel L:press L:release L:end");
+        "M:press M:end L:key behind L:keyup behind L:release behind L:end");
+    row("no wheel during a drag", "wheel L+ wheel L-",
+        "L:wheel W:wheel behind L:press behind L:release L:end");
     row("double click ends a drag", "R+ mv L2 R-",
-        "R:press R:move R:end L:press L:release L:end L:double behind behind behind");
+        "behind R:press R:move R:end L:press L:release L:end L:double behind behind behind");
     row("press is replayed in its place", "mv R+ mv at? R-",
-        "L:move R:press R:move QPointF(24,32) R:release R:end");
-    row("moving the mouse leaves the focus", "edit mv wheel focus?", "L:move L:wheel W:wheel edit");
+        "L:move behind R:press R:move QPointF(24,32) R:release R:end");
+    row("double click in another's operation", "M+ M- start soon M+", "M:press M:release M:end L:end behind");
+    row("taken by the tool", "take wheel key", "L:wheel L:key L:keyup");
+    row("moving the mouse leaves the focus", "edit mv wheel focus?", "L:move L:wheel W:wheel behind edit");
     // The view has no cursor of its own.
     row("popped while it operates", "cursor? L+ mv pop cursor?",
         "Qt::OpenHandCursor L:press L:move L:end Qt::WaitCursor");
     row("cleared while one operates", "M+ clear cursor?", "M:press M:end Qt::WaitCursor");
-    row("without a controller", "R+ mv detach cursor?", "R:press R:move R:end Qt::WaitCursor");
+    row("without a controller", "R+ mv detach cursor?", "behind R:press R:move R:end Qt::WaitCursor");
     row("waits below the top", "push hand wake start end waits?", "L:end waits");
     row("changes while it is seen", "push hand cursor?", "Qt::PointingHandCursor");
+    row("changes while it operates", "push L+ hand cursor? L-", "Qt::PointingHandCursor");
+    row("changes by hand", "point cursor?", "Qt::ArrowCursor");
+    row("taken away by hand", "off cursor? cover off cursor? uncover off cursor?",
+        "Qt::WaitCursor Qt::WaitCursor Qt::ArrowCursor");
+    row("changed by the application", "own L+ L- cursor? detach cursor?",
+        "L:press L:release L:end Qt::ForbiddenCursor Qt::WaitCursor");
+    row("behind another view", "cover cursor? own uncover cursor? detach cursor?",
+        "Qt::WaitCursor Qt::OpenHandCursor Qt::ForbiddenCursor");
+    row("in another view", "own push hand move cursor? moved?", "Qt::WaitCursor Qt::PointingHandCursor");
     row("waits for another button", "R+ mv push hand cursor? R- cursor? pop cursor?",
-        "R:press R:move Qt::ArrowCursor R:release R:end Qt::PointingHandCursor Qt::OpenHandCursor");
+        "behind R:press R:move Qt::ArrowCursor R:release R:end Qt::PointingHandCursor Qt::OpenHandCursor");
 
     row("command takes all", "L+ all+ L- L+ mv L- wheel key L2",
         "L:press L:end all:release all:press all:move all:release all:wheel all:key all:keyup all:press "
         "all:release all:double behind");
     row("command takes releases", "second+ L+ L-", "L:press second:release L:end");
-    row("command that runs", "first! key", "first:key first:keyup L:key L:keyup");
+    row("command that runs", "first! key", "first:key first:keyup L:key behind L:keyup behind");
     row("runs in another", "first+ second! second- key", "first:key first:keyup first:key first:keyup");
     row("began twice", "first+ second+ second+ key second- key",
         "second:key second:keyup first:key first:keyup");
     row("ended out of order", "first+ second+ first- key second/ key",
-        "second:key second:keyup L:key L:keyup");
+        "second:key second:keyup L:key behind L:keyup behind");
   }
 
   void inputReachesTheRightTool() {
@@ -97,6 +111,21 @@ private Q_SLOTS:
     screen.on("push", [&] { screen.controller->pushTool(LeftButton, over); });
     screen.on("hand", [&] { over->setOperatingCursor(Qt::PointingHandCursor); });
     screen.on("pop", [&] { screen.controller->popTool(LeftButton); });
+    screen.on("point", [&] { screen.controller->toolCursorChange(screen.left.get()); });
+    screen.on("off", [&] { screen.controller->toolDeactivated(screen.left.get()); });
+    screen.on("own", [&] { screen.view->setCursor(Qt::ForbiddenCursor); });
+    screen.on("take", [&] {
+      for (const QString input : {"L:wheel", "L:key", "L:keyup"})
+        screen.on(input, [] {});
+    });
+    screen.on("cover", [&] {
+      screen.controller->presentViewController(new BaseViewController(new BaseView), FromTop);
+    });
+    screen.on("uncover",
+              [&] { screen.view->presentation().constLast().controller->dismissViewController(); });
+    BaseView other;
+    screen.on("move", [&] { (other.setViewController(screen.controller), other.show()); });
+    screen.on("moved?", [&] { screen.tell(QDebug::toString(other.cursor().shape())); });
     screen.on("clear", [&] { screen.controller->clearTools(); });
     screen.on("detach", [&] { screen.view->setViewController(nullptr); });
     screen.on("focus?", [&] { screen.tell(screen.edit->hasFocus() ? "edit" : "view"); });

@@ -5,10 +5,7 @@
 #include <ui_base/views/base_view.h>
 #include <ui_base/views/cmds_view_controller.h>
 
-#include <QLineEdit>
-#include <QVBoxLayout>
-#include <QWheelEvent>
-#include <QWindow>
+#include <QtTest/qtestspontaneevent.h>
 
 #include <tools/recording_tool.h>
 
@@ -27,13 +24,15 @@ protected:
   }
 };
 
-/// Tells the clicks that the view in it left to it.
+/// Tells the input that the view in it left to it.
 struct Behind : QWidget {
-  std::function<void()> onClick;
+  std::function<void()> onInput;
   bool event(QEvent* event) override {
     const int type = event->type();
-    if (onClick && (type == QEvent::MouseButtonRelease || type == QEvent::MouseButtonDblClick))
-      onClick();
+    const bool isInput =
+        (type >= QEvent::MouseButtonPress && type <= QEvent::KeyRelease) || type == QEvent::Wheel;
+    if (onInput && isInput)
+      onInput();
     return QWidget::event(event);
   }
 };
@@ -43,8 +42,9 @@ struct Behind : QWidget {
 ///
 /// "L+" "R+" "M+" press a button, "L-" "R-" "M-" release it, "L2" "R2" "M2" double-click, "mv" moves the
 /// mouse, "wheel" turns the wheel, "key" presses and releases a key, "edit" focuses the line edit, "lost"
-/// releases the buttons where the window does not hear of it. Words of on() are added to these; where such a
-/// word is input that is told, as "L:double", the tool does that and takes it, unless takesWords is off.
+/// releases the buttons where the window does not hear of it, "soon" makes the next press a double click.
+/// Words of on() are added to these; where such a word is input that is told, as "L:double", the tool does
+/// that and takes it, unless takesWords is off.
 class ToolScreen {
 public:
   ToolScreen() {
@@ -61,16 +61,18 @@ public:
     controller->pushTool(UiBase::NoButton, makeTool("W"));
     on("mv", [this] { moveMouse(*view, m_position += QPoint(7, 11)); });
     on("lost", [] { holdUnheard(Qt::NoButton); });
+    on("soon", [] { QTest::lastMouseTimestamp -= QTest::mouseDoubleClickInterval; });
     on("key", [this] { pressKey(window, Qt::Key_K); });
     on("edit", [this] { edit->setFocus(); });
     on("wheel", [this] {
       QWheelEvent wheel(m_position, view->mapToGlobal(m_position), {}, {0, 120},
                         QTestPrivate::qtestMouseButtons, {}, Qt::NoScrollPhase, false);
-      QCoreApplication::sendEvent(view, &wheel);
+      QSpontaneKeyEvent::setSpontaneous(&wheel); // Qt hands no other on to what is behind
+      QCoreApplication::instance()->notify(view, &wheel);
     });
     play("mv"); // a press elsewhere would bring a move along
     told();
-    window.onClick = [this] { tell("behind"); };
+    window.onInput = [this] { tell("behind"); };
   }
   ~ToolScreen() { play("lost mv"); } // the application forgets the buttons, too
   Q_DISABLE_COPY_MOVE(ToolScreen)

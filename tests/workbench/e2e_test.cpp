@@ -141,30 +141,6 @@ private Q_SLOTS:
     QCOMPARE(styles.palette(), Vela::Resource::Light);
   }
 
-  void theFocusIsWhereTheKeyboardGoes() {
-    WorkbenchFixture workbench;
-    const auto hasFocus = [&](const QWidget* widget) {
-      const QWidget* const focus = workbench.window().focusWidget();
-      return workbench.window().isActiveWindow() && focus && widget &&
-             (focus == widget || widget->isAncestorOf(focus));
-    };
-    const MeshView& mesh = workbench.view();
-    QTRY_VERIFY(hasFocus(&mesh));
-    workbench.press(Qt::Key_O, Qt::ControlModifier);
-    QVERIFY(workbench.fileDialog());
-    workbench.press(Qt::Key_Escape);
-    QTRY_VERIFY(!QApplication::activeModalWidget());
-    workbench.window().activateWindow(); // which a window manager does
-    QTRY_VERIFY(hasFocus(&mesh));
-    QVERIFY(workbench.notification().isEmpty() && workbench.command<OpenMeshCommand>()->isEnabled());
-
-    const auto* const palette = workbench.window().findChild<Vela::UiBase::CommandPalette*>();
-    workbench.press(Qt::Key_K, Qt::ControlModifier);
-    QTRY_VERIFY(hasFocus(palette));
-    workbench.press(Qt::Key_Escape);
-    QVERIFY(hasFocus(&mesh));
-  }
-
   void theWindowMayGoWhileFilesAreBeingRead() {
     WorkbenchFixture workbench;
     const QString file = workbench.write("large.off", Test::offFile(Test::blob(250)));

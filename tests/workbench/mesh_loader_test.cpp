@@ -58,15 +58,10 @@ private Q_SLOTS:
     row("OBJ, no such vertex", "a.obj", "v 0 0 0\nv 1 0 0\nf 1 2 7\n", "damaged");
     row("OBJ, not a number", "a.obj", "v nan 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n", "not a finite number");
     row("OFF, absurd count", "a.off", "OFF\n353535235358 6 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n", "");
-    row("PLY, infinite", "a.ply", Test::storedFile("cube_text.ply").replace("\n-1 ", "\ninf "),
-        "not a finite number");
     row("PLY, brings the importer down", "a.ply", {"ply\nformat binary_\0\0", 20}, "damaged");
     row("STL, cut off", "a.stl", Test::storedFile("cube_binary.stl").left(200), "damaged");
-    row("GLB, cut off", "a.glb", Test::storedFile("placed_cube.glb").left(500), "damaged");
-    const QByteArray gltf = Test::storedFile("placed_cube.gltf");
     row("glTF, no such buffer", "a.gltf",
-        QByteArray(gltf).replace("data:application/octet-stream;base64,", "missing.bin?"), "damaged");
-    row("glTF, no such node", "a.gltf", QByteArray(gltf).replace(R"("children":[1])", R"("children":[77])"),
+        Test::storedFile("placed_cube.gltf").replace("data:application/octet-stream;base64,", "missing.bin?"),
         "damaged");
   }
   void tellsWhyAFileIsNotLoaded() {

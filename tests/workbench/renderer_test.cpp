@@ -5,9 +5,6 @@
 #include <support/test_case.h>
 #include <workbench/renderer.h>
 
-#include <oneapi/tbb/global_control.h>
-#include <oneapi/tbb/task_arena.h>
-
 using namespace Workbench;
 
 namespace {
@@ -92,25 +89,6 @@ private Q_SLOTS:
   void withoutRoomThereIsNoImage() {
     const Picture none(Test::cube(1), {}, 20);
     QVERIFY(none.image().isNull() && !none.pick({0, 0}));
-  }
-
-  void theImageDoesNotDependOnTheThreads() {
-    const Mesh mesh = Test::merged(Test::blob(90), Test::square(0.9F, 30));
-    const QSize size(333, 257);
-    Camera camera = frontCamera(size, 80);
-    camera.orbit(25, 35);
-    RenderStyle style = lightStyle();
-    style.shading = FlatShadingWithEdges;
-    using Control = oneapi::tbb::global_control;
-    const Control moreThanProcessors(Control::max_allowed_parallelism, 8);
-    const auto drawnBy = [&](int threads) {
-      QImage image;
-      oneapi::tbb::task_arena(threads).execute([&] { image = imageOf({mesh, camera, size, style, 1, {}}); });
-      return image;
-    };
-    const QImage first = drawnBy(1);
-    for (const int threads : {2, 5, 8})
-      QVERIFY(drawnBy(threads) == first);
   }
 };
 

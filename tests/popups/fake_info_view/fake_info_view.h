@@ -17,7 +17,7 @@ public:
 
 class FakeInfoViewPlugin : public QObject, public Vela::UiBase::InfoViewPlugin {
   Q_OBJECT
-  Q_PLUGIN_METADATA(IID VELA_INFO_VIEW_PLUGIN_IID)
+  Q_PLUGIN_METADATA(IID VELA_INFO_VIEW_PLUGIN_IID FILE "fake_info_view.json")
   Q_INTERFACES(Vela::UiBase::InfoViewPlugin)
 
 public:
