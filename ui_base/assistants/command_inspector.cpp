@@ -187,7 +187,6 @@ bool CommandInspector::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void CommandInspector::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
   if (event->spontaneous() || d->live)
     return; // the window was minimised
   d->live = std::make_unique<LiveModels>();
@@ -200,7 +199,6 @@ void CommandInspector::showEvent(QShowEvent* event) {
 }
 
 void CommandInspector::hideEvent(QHideEvent* event) {
-  QWidget::hideEvent(event);
   if (event->spontaneous())
     return;
   d->timer.stop();

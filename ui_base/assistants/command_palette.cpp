@@ -64,10 +64,7 @@ void CommandPalette::open() {
   qApp->installEventFilter(this);
 }
 
-void CommandPalette::dismiss() {
-  if (!isHidden())
-    hide();
-}
+void CommandPalette::dismiss() { hide(); }
 
 bool CommandPalette::event(QEvent* event) {
   // Keys that the field does not want stop here.
@@ -98,7 +95,6 @@ bool CommandPalette::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void CommandPalette::hideEvent(QHideEvent* event) {
-  QWidget::hideEvent(event);
   if (event->spontaneous())
     return; // the window is minimised
   hide();   // also when its parent is hidden

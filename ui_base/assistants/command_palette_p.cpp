@@ -173,8 +173,7 @@ void CommandPalettePrivate::await(const std::shared_ptr<CommandBase>& command) {
   usage.note(command->commandId());
   if (auto* const controller = command->getViewController()) {
     const QString message = CommandPalette::tr("\"%1\" runs as soon as it is available.");
-    controller->showNotification(message.arg(nameInSentence(*command)), FadeInAndOut, noticeTime, true,
-                                 nullptr, nullptr);
+    controller->showNotification(message.arg(nameInSentence(*command)), FadeInAndOut, noticeTime, true);
   }
 }
 

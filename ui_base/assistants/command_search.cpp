@@ -126,7 +126,6 @@ QList<int> CommandSearch::find(const QString& typed, const CommandUsage& usage) 
   }
   std::ranges::stable_sort(answers, std::ranges::greater(), &std::pair<int, int>::first);
   QList<int> positions;
-  positions.reserve(static_cast<qsizetype>(answers.size()));
   for (const auto& answer : answers)
     positions.append(answer.second);
   return positions;

@@ -68,13 +68,9 @@ public:
   }
 
   /// All that is left, one JSON value.
-  QJsonValue value() {
-    QJsonValue value = json(m_rest);
-    m_rest.clear();
-    return value;
-  }
+  QJsonValue value() const { return json(m_rest); }
 
-  QVariantMap values(const QDir& folder) {
+  QVariantMap values(const QDir& folder) const {
     if (atEnd())
       return {};
     const QJsonValue all = value();

@@ -19,10 +19,7 @@ ShortcutEditor::ShortcutEditor(ShortcutScheme& scheme, QWidget* parent)
 
 ShortcutEditor::~ShortcutEditor() = default;
 
-void ShortcutEditor::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
-  d->applyStyles();
-}
+void ShortcutEditor::showEvent(QShowEvent*) { d->applyStyles(); }
 
 bool ShortcutEditor::importFrom(const QString& file) {
   QFile source(file);

@@ -18,7 +18,6 @@ namespace Vela::UiBase {
 
 using Taren::Core::dispatchAsync;
 using Taren::Core::dispatchSync;
-using Taren::Core::isMainThread;
 using Taren::Core::MainThreadQoS;
 
 namespace {

@@ -8,10 +8,7 @@ namespace Vela::UiBase {
 namespace {
 
 // Signature strings and properties name the type with and without its namespace.
-void registerCommandState() {
-  qRegisterMetaType<CommandState>("Vela::UiBase::CommandState");
-  qRegisterMetaType<CommandState>("CommandState");
-}
+void registerCommandState() { qRegisterMetaType<CommandState>("CommandState"); }
 Q_CONSTRUCTOR_FUNCTION(registerCommandState)
 
 } // namespace

@@ -9,8 +9,6 @@ namespace Vela::UiBase {
 
 namespace {
 
-void foreseeChecked(CommandContext& states, const CommandBase& command, bool checked);
-
 template <class Visitor>
 void forEachRival(const CommandBase& command, const Visitor& visit) {
   const QActionGroup* const group = command.actionGroup();

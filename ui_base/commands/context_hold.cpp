@@ -12,17 +12,14 @@ ContextHold::ContextHold() noexcept = default;
 ContextHold::ContextHold(std::weak_ptr<CmdMgr> manager, quint64 layer, ContextHolder holder)
     : m_manager(std::move(manager)), m_layer(layer), m_holder(std::move(holder)) {}
 
-ContextHold::ContextHold(ContextHold&& other) noexcept
-    : m_manager(std::move(other.m_manager)),
-      m_layer(std::exchange(other.m_layer, 0)),
-      m_holder(std::move(other.m_holder)) {}
+ContextHold::ContextHold(ContextHold&& other) noexcept = default;
 
 ContextHold& ContextHold::operator=(ContextHold&& other) noexcept {
   if (this == &other)
     return *this;
   ContextHold before(std::move(*this));
   m_manager = std::move(other.m_manager);
-  m_layer = std::exchange(other.m_layer, 0);
+  m_layer = other.m_layer;
   m_holder = std::move(other.m_holder);
   return *this;
 }
@@ -30,9 +27,8 @@ ContextHold& ContextHold::operator=(ContextHold&& other) noexcept {
 ContextHold::~ContextHold() { release(); }
 
 void ContextHold::release() {
-  const quint64 layer = std::exchange(m_layer, 0);
-  if (const auto manager = std::exchange(m_manager, {}).lock(); manager && layer)
-    manager->releaseLayer(layer);
+  if (const auto manager = std::exchange(m_manager, {}).lock())
+    manager->releaseLayer(m_layer);
 }
 
 bool ContextHold::isHolding() const {

@@ -35,7 +35,7 @@ ContextLayers::Id ContextLayers::push(CommandContext saved, CommandContext besid
                                       const ContextHolder& holder, bool isHeld) {
   m_layers.push_back({++m_lastId, std::move(asked), std::move(beside), holder, isHeld});
   for (const Layer& layer : m_layers) {
-    if (layer.isHeld && !layer.holder.commandId().isEmpty()) {
+    if (layer.isHeld) {
       leaveChecked(saved, layer.holder.commandId());
       leaveChecked(m_layers.back().beside, layer.holder.commandId());
     }

@@ -42,10 +42,7 @@ QString sentence(const CmdMgr& manager, const ContextHolder& holder) {
   return Sentences::tr("Something else is under way.");
 }
 
-bool isDisabled(CommandGroup& group) {
-  const QActionGroup* const actions = group.groupActionGroup();
-  return !group.isEnabled() || (actions && !actions->isEnabled());
-}
+bool isDisabled(CommandGroup& group) { return !group.isEnabled() || !group.groupActionGroup()->isEnabled(); }
 
 QList<CommandCause> groupsDisabling(const CommandBase& command) {
   QList<CommandCause> causes;
@@ -73,7 +70,6 @@ QList<CommandCause> CmdMgr::explain(const QString& id) const {
   const bool isDisabled = enabled == State::Off;
   if (isDisabled) {
     const QList<ContextHolder> holders = holdersDisabling(id);
-    causes.reserve(holders.size() + 1);
     for (const ContextHolder& holder : holders)
       causes.append({CommandCause::Layer, holder, sentence(*this, holder)});
   }

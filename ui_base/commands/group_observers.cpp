@@ -21,9 +21,7 @@ void GroupObservers::remove(const CommandStateProtocol* observer) {
 }
 
 void GroupObservers::remove(const std::shared_ptr<CommandStateProtocol>& observer) {
-  std::erase_if(m_weak, [&observer](const Weak& entry) {
-    return entry.observer.expired() || entry.observer.lock() == observer;
-  });
+  std::erase_if(m_weak, [&observer](const Weak& entry) { return entry.observer.lock() == observer; });
 }
 
 // An observer that hears the child already, by another group or by itself, shall not hear it twice.

@@ -59,7 +59,7 @@ public:
       records.pop_front();
   }
 
-  mutable std::mutex mutex;
+  std::mutex mutex;
   std::deque<RunRecord> records; // rising identifiers
   std::vector<Underway> underway;
   qsizetype capacity = RunLog::defaultCapacity;

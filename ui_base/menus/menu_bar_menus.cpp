@@ -41,14 +41,7 @@ void MenuBarMenus::link(QToolButton* item, QMenu* menu) {
     menuHidden(); // replaced before it was shown
   menu = newMenu;
   if (!m_menus.contains(item))
-    connect(item, &QObject::destroyed, this, [this, item] {
-      const LivePointer<QMenu> orphan = m_menus.take(item);
-      if (item != m_openItem.remains())
-        return;
-      menuHidden();
-      if (orphan)
-        orphan->close();
-    });
+    connect(item, &QObject::destroyed, this, [this, item] { m_menus.remove(item); });
   m_menus[item] = menu;
   item->setMenu(menu);
   if (!menu)

@@ -152,7 +152,7 @@ bool RCMenuManager::eventFilter(QObject* watched, QEvent* event) {
     return false;
   }
   RCMenuLink* const pair = d->linkOf(watched);
-  if (!pair || !pair->linked || !pair->isAlive())
+  if (!pair || !pair->isAlive())
     return false;
   return watched == pair->button ? d->filterButton(*pair, *event) : d->filterMenu(*pair, *event);
 }

@@ -37,7 +37,7 @@ void Countdown::setPaused(bool paused) {
 int Countdown::remaining() const {
   if (!m_running)
     return 0;
-  return m_timer.isActive() ? std::max(0, m_timer.remainingTime()) : m_left;
+  return m_timer.isActive() ? m_timer.remainingTime() : m_left;
 }
 
 void Countdown::onTimeout() {

@@ -18,7 +18,6 @@ public:
   /// Forgets the time; finished() does not come.
   void stop();
   void setPaused(bool paused);
-  bool isPaused() const { return m_paused; }
   bool isRunning() const { return m_running; }
   /// Milliseconds left, at least 0; 0 when not running.
   int remaining() const;

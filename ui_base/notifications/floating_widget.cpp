@@ -120,9 +120,6 @@ bool FloatingWidget::eventFilter(QObject* watched, QEvent* event) {
   return LayoutBaseWidget::eventFilter(watched, event);
 }
 
-void FloatingWidget::showEvent(QShowEvent* event) {
-  LayoutBaseWidget::showEvent(event);
-  raise();
-}
+void FloatingWidget::showEvent(QShowEvent*) { raise(); }
 
 } // namespace Vela::UiBase

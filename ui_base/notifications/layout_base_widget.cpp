@@ -97,15 +97,9 @@ QSize LayoutBaseWidget::fittingSize(const QSize& available) const {
 }
 
 void LayoutBaseWidget::childEvent(QChildEvent* event) {
-  QWidget::childEvent(event);
-  if (!event->removed())
-    return;
   // It may be half destroyed, so only its address counts.
-  const auto gone = std::find(d->widgets.cbegin(), d->widgets.cend(), event->child());
-  if (gone == d->widgets.end())
-    return;
-  d->widgets.erase(gone);
-  event->child()->removeEventFilter(this);
+  if (event->removed() && d->widgets.removeOne(event->child()))
+    event->child()->removeEventFilter(this);
 }
 
 bool LayoutBaseWidget::eventFilter(QObject* watched, QEvent* event) {

@@ -109,25 +109,19 @@ void NotificationBar::changeEvent(QEvent* event) {
     d->retranslate();
 }
 
-void NotificationBar::enterEvent(QEnterEvent* event) {
-  QWidget::enterEvent(event);
+void NotificationBar::enterEvent(QEnterEvent*) {
   d->hovered = true;
   d->updatePaused();
 }
 
-void NotificationBar::leaveEvent(QEvent* event) {
-  QWidget::leaveEvent(event);
+void NotificationBar::leaveEvent(QEvent*) {
   d->hovered = false;
   d->updatePaused();
 }
 
-void NotificationBar::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
-  d->updatePaused();
-}
+void NotificationBar::showEvent(QShowEvent*) { d->updatePaused(); }
 
-void NotificationBar::hideEvent(QHideEvent* event) {
-  QWidget::hideEvent(event);
+void NotificationBar::hideEvent(QHideEvent*) {
   d->hovered = false;
   d->updatePaused();
 }

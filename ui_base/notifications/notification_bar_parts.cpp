@@ -29,7 +29,6 @@ void NotificationBarPrivate::buildParts() {
   m_layout->addSpacing(4);
   m_layout->addWidget(m_actionButton);
   m_layout->addWidget(m_closeButton);
-  retranslate();
 }
 
 void NotificationBarPrivate::fillParts(const NotificationEntry& entry) {

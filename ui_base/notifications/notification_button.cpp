@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "notification_button.h"
 
-#include <QEvent>
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QPainter>
@@ -44,12 +43,6 @@ QSize NotificationButton::sizeHint() const {
   const QFontMetrics metrics(labelFont());
   return {metrics.size(Qt::TextShowMnemonic, text()).width() + 2 * TextPadding,
           qMax(Height, metrics.height() + 6)};
-}
-
-bool NotificationButton::event(QEvent* event) {
-  if (event->type() == QEvent::FontChange)
-    updateGeometry();
-  return QAbstractButton::event(event);
 }
 
 void NotificationButton::keyPressEvent(QKeyEvent* event) {

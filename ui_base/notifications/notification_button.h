@@ -21,7 +21,6 @@ public:
   QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
-  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 

@@ -107,10 +107,8 @@ void NotificationLabel::resizeEvent(QResizeEvent* event) {
 
 void NotificationLabel::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() == QEvent::FontChange) {
-    updateGeometry();
+  if (event->type() == QEvent::FontChange)
     updateToolTip();
-  }
 }
 
 void NotificationLabel::updateToolTip() {

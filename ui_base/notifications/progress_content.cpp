@@ -34,7 +34,6 @@ ProgressContent::ProgressContent(const QString& text, QWidget* parent)
   m_label->setTextFormat(Qt::PlainText);
   m_bar->setAccessibleName(text);
   m_bar->setFixedWidth(barWidth);
-  m_bar->setRange(0, 100);
   m_bar->hide();
   m_cancel->hide();
   connect(m_cancel, &QAbstractButton::clicked, this, &ProgressContent::cancelRequested);

@@ -161,6 +161,13 @@ void ArrowedWindow::changeEvent(QEvent* event) {
     GenerateLayout();
 }
 
+// A content whose text is written asks for its size, too.
+bool ArrowedWindow::event(QEvent* event) {
+  if (event->type() == QEvent::LayoutRequest && d->content)
+    d->adoptDescription();
+  return QWidget::event(event);
+}
+
 bool ArrowedWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched != d->content)
     return QWidget::eventFilter(watched, event);
@@ -201,8 +208,7 @@ void ArrowedWindow::paintEvent(QPaintEvent*) {
   d->paint(painter);
 }
 
-void ArrowedWindow::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
+void ArrowedWindow::showEvent(QShowEvent*) {
   if (!d->content)
     return;
   d->content->show();

@@ -20,17 +20,13 @@ BusyIndicator::BusyIndicator(QWidget* parent) : QWidget(parent) {
   connect(&m_movie, &QMovie::frameChanged, this, qOverload<>(&QWidget::update));
 }
 
-void BusyIndicator::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
+void BusyIndicator::showEvent(QShowEvent*) {
   const QString path = QStringLiteral(":/resources/images/sys_loader-16x16.gif");
   m_movie.setFileName(Resource::Icons::pathForRatio(path, devicePixelRatioF()));
   m_movie.start();
 }
 
-void BusyIndicator::hideEvent(QHideEvent* event) {
-  QWidget::hideEvent(event);
-  m_movie.stop();
-}
+void BusyIndicator::hideEvent(QHideEvent*) { m_movie.stop(); }
 
 void BusyIndicator::paintEvent(QPaintEvent*) {
   QPainter painter(this);

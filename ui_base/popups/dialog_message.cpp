@@ -52,7 +52,6 @@ QIcon iconOf(EDialogSeverity severity) {
 DialogMessage::DialogMessage(QWidget* parent) : QWidget(parent) {
   m_mark = new QLabel(this);
   m_mark->setObjectName(QStringLiteral("severity_label"));
-  m_mark->hide();
   auto* const row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(markSpacing);
@@ -86,7 +85,6 @@ QLayout* DialogMessage::textColumn() {
   m_details->setTabChangesFocus(true);
   m_details->setMinimumHeight(detailsHeight);
   m_details->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
-  m_details->hide();
   auto* const column = new QVBoxLayout;
   column->setSpacing(textSpacing);
   column->addWidget(m_text);

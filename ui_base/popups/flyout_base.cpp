@@ -224,7 +224,6 @@ bool FlyoutBase::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void FlyoutBase::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
   if (event->spontaneous())
     return;
   d->open = true;
@@ -249,7 +248,6 @@ void FlyoutBase::setVisible(bool visible) {
 }
 
 void FlyoutBase::hideEvent(QHideEvent* event) {
-  QWidget::hideEvent(event);
   if (event->spontaneous())
     return;
   const QPointer<FlyoutBase> self(this);
@@ -258,10 +256,7 @@ void FlyoutBase::hideEvent(QHideEvent* event) {
     d->giveFocusBack();
 }
 
-void FlyoutBase::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
-  Q_EMIT FlyoutResized();
-}
+void FlyoutBase::resizeEvent(QResizeEvent*) { Q_EMIT FlyoutResized(); }
 
 void FlyoutBase::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);

@@ -76,8 +76,6 @@ void FlyoutBasePrivate::makeAccessible() {
 }
 
 void FlyoutBasePrivate::announceBusy() const {
-  if (!QAccessible::isActive())
-    return;
   QAccessible::State changed;
   changed.busy = true;
   QAccessibleStateChangeEvent event(q, changed);

@@ -62,7 +62,7 @@ void FlyoutSubWidgets::publish() {
 bool FlyoutSubWidgets::setShown(QWidget* widget, bool shown) {
   const auto sub = std::find_if(m_widgets.begin(), m_widgets.end(),
                                 [widget](const SubWidget& each) { return each.widget == widget; });
-  if (!widget || sub == m_widgets.end() || sub->shown == shown)
+  if (sub == m_widgets.end() || sub->shown == shown)
     return false;
   sub->shown = shown;
   follow();
@@ -70,8 +70,7 @@ bool FlyoutSubWidgets::setShown(QWidget* widget, bool shown) {
 }
 
 bool FlyoutSubWidgets::isAnyShown() const {
-  return std::any_of(m_widgets.begin(), m_widgets.end(),
-                     [](const SubWidget& sub) { return sub.widget && sub.shown; });
+  return std::any_of(m_widgets.begin(), m_widgets.end(), [](const SubWidget& sub) { return sub.shown; });
 }
 
 void FlyoutSubWidgets::follow() {

@@ -156,8 +156,7 @@ bool InfoPanel::IsWebView() const { return d->view && !qobject_cast<TextInfoView
 
 QSize InfoPanel::sizeHint() const { return {420, 320}; }
 
-void InfoPanel::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
+void InfoPanel::showEvent(QShowEvent*) {
   if (d->view)
     return;
   InfoView* const fromPlugin = createPluginView(this);

@@ -174,7 +174,8 @@ void MDialogBase::ChangeHeight(int height) {
   const QRect available = screen()->availableGeometry();
   const int needed = d->column->hasHeightForWidth() ? d->column->totalHeightForWidth(width())
                                                     : d->column->totalSizeHint().height();
-  resize(width(), std::min(std::max(height, needed), available.height() - MDialogBasePrivate::windowFrame));
+  resize(width(),
+         std::min(std::max(height, needed), available.height() - MDialogBasePrivate::windowFrame.height()));
   const int below = geometry().bottom() - available.bottom();
   if (below > 0)
     move(x(), y() - below);

@@ -152,7 +152,7 @@ void MDialogBasePrivate::focusFirst() {
 // What surrounds the content keeps its size, so the content gets what the screen leaves.
 void MDialogBasePrivate::fitTheScreen() {
   updateLayouts();
-  const QSize available = q->screen()->availableSize() - QSize(0, windowFrame);
+  const QSize available = q->screen()->availableSize() - windowFrame;
   scroller->setLimitWithin(*column, available);
   if (q->testAttribute(Qt::WA_Resized))
     q->resize(q->size().boundedTo(available));

@@ -19,8 +19,8 @@ class ContentScroller;
 /// The parts of a dialog, and what they do while it is busy, shown and closed.
 class MDialogBasePrivate {
 public:
-  /// px that the desktop may need for the title bar of the window.
-  static constexpr int windowFrame = 40;
+  /// px that the desktop may need for the borders and the title bar of the window.
+  static constexpr QSize windowFrame{20, 40};
 
   explicit MDialogBasePrivate(MDialogBase* owner) : q(owner) {}
 

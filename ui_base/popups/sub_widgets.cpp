@@ -17,7 +17,7 @@ QMargins SubWidgets::takenBeside(const QWidget* content) {
   // The list does not tell which of them have died.
   const QWidgetList alive = QApplication::allWidgets();
   for (const QWidget* const widget : listed)
-    if (widget && alive.contains(widget) && widget->isVisible())
+    if (alive.contains(widget) && widget->isVisible())
       Placement::addSideWidget(taken, widget->property("direction_to").toInt(), widget->size());
   return taken;
 }

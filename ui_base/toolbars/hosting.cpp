@@ -110,7 +110,6 @@ FlyoutCommand* Hosting::command() const {
 // --- whose turn it is
 
 void Hosting::join(ToolButtonWithWidgetMenu& button) {
-  m_buttons.removeIf([](const auto& known) { return known.isNull(); });
   m_buttons.append(LivePointer<ToolButtonWithWidgetMenu>(&button));
 }
 

@@ -72,7 +72,7 @@ void ToolBar::Initialize(Qt::ToolBarArea area, int autoPositionInterval, bool hi
   d->InitializeStateMachine();
   d->InitializeResizeTimer();
   connect(this, &ToolBar::ButtonMenuVisibilityChange, this,
-          [this](ToolButton* button, bool visible) { d->onMenuVisibilityChange(button, visible); });
+          [this](ToolButton*, bool visible) { d->onMenuVisibilityChange(visible); });
   connect(this, &ToolBar::CloseFlyout, this, [this] {
     if (ToolButtonWithWidgetMenu* const active = GetActiveButton())
       active->HideMenu();
@@ -145,9 +145,7 @@ ToolButtonWithMenu* ToolBar::OwnerButton() const { return d->ownerButton; }
 void ToolBar::SetOwnerButton(ToolButtonWithMenu* button) {
   const QPointer<ToolBar> self(this);
   d->changeNest(button);
-  if (!self)
-    return;
-  if (button && !testAttribute(Qt::WA_WState_ExplicitShowHide))
+  if (self && button && !testAttribute(Qt::WA_WState_ExplicitShowHide))
     hide();
 }
 
@@ -202,12 +200,9 @@ bool ToolBar::eventFilter(QObject* watched, QEvent* event) {
          d->keys->press(*other, static_cast<QKeyEvent&>(*event));
 }
 
-void ToolBar::enterEvent(QEnterEvent* event) { QWidget::enterEvent(event); }
+void ToolBar::enterEvent(QEnterEvent*) {}
 
-void ToolBar::hideEvent(QHideEvent* event) {
-  d->giveFocusBack();
-  QWidget::hideEvent(event);
-}
+void ToolBar::hideEvent(QHideEvent*) { d->giveFocusBack(); }
 
 // What goes to the bar does not go to the view below.
 void ToolBar::mouseMoveEvent(QMouseEvent* event) { event->accept(); }
@@ -216,8 +211,7 @@ void ToolBar::mousePressEvent(QMouseEvent* event) { event->accept(); }
 
 void ToolBar::mouseReleaseEvent(QMouseEvent* event) { event->accept(); }
 
-void ToolBar::moveEvent(QMoveEvent* event) {
-  QWidget::moveEvent(event);
+void ToolBar::moveEvent(QMoveEvent*) {
   d->placer->noteMove();
   if (!isWindow())
     d->resizeTimer->start();
@@ -228,15 +222,13 @@ void ToolBar::paintEvent(QPaintEvent*) {
   d->paint(painter);
 }
 
-void ToolBar::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
+void ToolBar::resizeEvent(QResizeEvent*) {
   d->fitContent();
   d->placer->update();
   d->resizeTimer->start();
 }
 
-void ToolBar::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
+void ToolBar::showEvent(QShowEvent*) {
   ToolBarFocusCycle::of(*window());
   if (d->sizeOutOfDate)
     AdjustToolBarSize(true);

@@ -196,7 +196,7 @@ public:
   void HideAnimated();
   /// Shows the bar where it rests, or hides it, at once.
   void setVisible(bool visible) override;
-  /// Whether the bar is shown or is being shown: from the start of a show to the start of a hide.
+  /// Whether ShowMe() or ShowAnimated() has begun to show the bar, and nothing has begun to hide it since.
   bool InShowMode();
   /// How long a slide takes; 300 at first.
   void SetAnimationDuration(int milliseconds);

@@ -2,6 +2,7 @@
 #include "tool_bar_commands.h"
 #include "tool_bar_content.h"
 #include "tool_bar_p.h"
+#include "tool_button_p.h"
 
 #include <ui_base/commands/command_group.h>
 #include <ui_base/commands/flyout_command.h>
@@ -54,9 +55,10 @@ ToolButton* ToolBar::CreateToolButton(QWidget* parent, QAction* action, ToolBar&
     return nullptr;
   if (auto* const commands = dynamic_cast<CommandGroup*>(action)) {
     ToolBar* const menu = bar.CreateSubToolBar(commands);
-    bar.d->adopt(menu);
-    if (menu)
+    if (menu) {
+      bar.d->adopt(*menu);
       menu->AddCommandGroup(commands);
+    }
     ToolButton* const button =
         bar.AddAction(action, {}, menu, applyMenuParams, commands->objectName(), group, index);
     commands->setToolButton(button);
@@ -84,8 +86,7 @@ ToolButtonWithButtonMenu* ToolBar::AddAction(QAction* action, const QIcon& icon,
                                              bool applyParams, const QString& name, const QString& group,
                                              int index) {
   auto* const button = new ToolButtonWithButtonMenu(icon, this, menu, name, d->content->panel(group));
-  if (!icon.isNull())
-    d->withOwnIcon.insert(button);
+  button->d->hasOwnIcon = !icon.isNull();
   if (action)
     button->addAction(action);
   d->OnButtonCreated(*button, group, applyParams, applyParams, index);
@@ -125,8 +126,10 @@ ToolButtonWithButtonMenu* ToolBar::CreateMainToolBarButtonMenu(ToolBar& bar, con
                                                                const QString& name, const QString& group,
                                                                int index) {
   ToolBar* const menu = bar.CreateSubToolBar(nullptr);
-  bar.d->adopt(menu);
-  menu->setAccessibleName(name);
+  if (menu) {
+    bar.d->adopt(*menu);
+    menu->setAccessibleName(name);
+  }
   return bar.AddAction(nullptr, icon, menu, true, name, group, index);
 }
 

@@ -7,6 +7,7 @@
 #include "tool_button_with_button_menu_p.h"
 
 #include <ui_base/commands/command_group.h>
+#include <ui_base/core/language.h>
 #include <ui_base/tooltips/tooltip_object.h>
 #include <vlk_common_res/styles.h>
 
@@ -71,12 +72,10 @@ void ToolBarPrivate::OnButtonCreated(ToolButton& button, const QString& group, b
 void ToolBarPrivate::InitializeButtonShowCallbackHandler(ToolButton& button) {
   static ShownWithAction shownWithAction;
   button.SetShowCallbackHandler(&shownWithAction);
-  if (const QAction* const action = actionOf(button); action && !action->isVisible()) {
-    hiddenWithAction.insert(&button);
-    button.hide();
-  } else if (content->isVisible()) {
+  const QAction* const action = actionOf(button);
+  button.d->hiddenWithAction = action && !action->isVisible();
+  if (!button.d->hiddenWithAction && content->isVisible())
     button.show();
-  }
 }
 
 void ToolBarPrivate::applyTooltipParams(ToolButton& button) const {
@@ -140,8 +139,6 @@ void ToolBarPrivate::removeButton(ToolButton& button) {
   const QPointer<ToolButton> guarded(&button);
   button.removeEventFilter(toolBar);
   content->take(&button);
-  hiddenWithAction.remove(&button);
-  withOwnIcon.remove(&button);
   QPointer<QWidget> menu;
   if (auto* const opener = qobject_cast<ToolButtonWithMenu*>(&button)) {
     menu = opener->GetMenu();
@@ -156,11 +153,9 @@ void ToolBarPrivate::removeButton(ToolButton& button) {
     subToolBar->deleteLater();
 }
 
-void ToolBarPrivate::adopt(ToolBar* subToolBar) {
-  if (!subToolBar)
-    return;
+void ToolBarPrivate::adopt(ToolBar& subToolBar) {
   ownSubToolBars.removeAll(nullptr);
-  ownSubToolBars.append(subToolBar);
+  ownSubToolBars.append(&subToolBar);
 }
 
 void ToolBarPrivate::setUpSubToolBar(ToolBar& menu, const CommandGroup* group) const {
@@ -182,7 +177,7 @@ void ToolBarPrivate::setUpSubToolBar(ToolBar& menu, const CommandGroup* group) c
     return;
   menu.setObjectName(group->objectName());
   const auto nameMenu = [&menu, group] {
-    menu.setAccessibleName(group->text().isEmpty() ? group->toolTip() : group->text());
+    menu.setAccessibleName(group->text().isEmpty() ? group->toolTip() : withoutMnemonic(group->text()));
   };
   QObject::connect(group, &QAction::changed, &menu, nameMenu);
   nameMenu();
@@ -237,15 +232,10 @@ bool ToolBarPrivate::filterButton(ToolButton& button, QEvent& event) {
 
 void ToolBarPrivate::followVisibility(ToolButton& button) {
   const QAction* const action = actionOf(button);
-  if (!action || action->isVisible() == !hiddenWithAction.contains(&button))
+  if (!action || action->isVisible() == !button.d->hiddenWithAction)
     return;
-  if (!action->isVisible()) {
-    hiddenWithAction.insert(&button);
-    button.hide();
-  } else {
-    hiddenWithAction.remove(&button);
-    button.show();
-  }
+  button.d->hiddenWithAction = !action->isVisible();
+  button.setVisible(action->isVisible());
 }
 
 // A button that opens the toolbar of a group is not bound to it, as its click runs nothing.
@@ -257,7 +247,8 @@ void ToolBarPrivate::followAction(ToolButton& button) const {
   const QPointer<QAction> followed(action);
   if (!action->text().isEmpty())
     button.setText(literally(action->iconText()));
-  if (!withOwnIcon.contains(&button) && button.d->source.cacheKey() != action->icon().cacheKey())
+  button.d->takeName(*action); // the text without one of its own is an object name
+  if (!button.d->hasOwnIcon && button.d->source.cacheKey() != action->icon().cacheKey())
     button.setIcon(action->icon());
   if (button.toolTip() != action->toolTip()) {
     button.setToolTip(action->toolTip());

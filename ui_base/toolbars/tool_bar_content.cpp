@@ -25,7 +25,6 @@ public:
 
 protected:
   void childEvent(QChildEvent* event) override {
-    QWidget::childEvent(event);
     if (event->removed())
       m_content.take(event->child());
   }
@@ -47,10 +46,10 @@ ToolBarContent::~ToolBarContent() {
 }
 
 // What has the layout hears of its changes.
-bool ToolBarContent::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == m_inner && event->type() == QEvent::LayoutRequest && m_listener && hasChanged())
+bool ToolBarContent::eventFilter(QObject*, QEvent* event) {
+  if (event->type() == QEvent::LayoutRequest && m_listener && hasChanged())
     m_listener();
-  return QWidget::eventFilter(watched, event);
+  return false;
 }
 
 // A picture that is swapped under the mouse asks for a layout, too.
@@ -102,18 +101,14 @@ void ToolBarContent::setSpacing(int buttons, int groups) {
   m_groupSpacing = groups;
   if (m_layout)
     m_layout->setSpacing(groups);
-  for (const Group& group : m_groups) {
-    if (QLayout* const layout = group.panel->layout())
-      layout->setSpacing(buttons);
-  }
+  for (const Group& group : m_groups)
+    group.panel->layout()->setSpacing(buttons);
 }
 
 void ToolBarContent::setGroupMargins(const QMargins& margins) {
   m_groupMargins = margins;
-  for (const Group& group : m_groups) {
-    if (QLayout* const layout = group.panel->layout())
-      layout->setContentsMargins(margins);
-  }
+  for (const Group& group : m_groups)
+    group.panel->layout()->setContentsMargins(margins);
 }
 
 ToolBarContent::Group& ToolBarContent::group(const QString& name) {

@@ -233,7 +233,8 @@ bool ToolBarKeys::press(QAbstractButton& button, const QKeyEvent& event) {
   case Qt::Key_Right:
   case Qt::Key_Up:
   case Qt::Key_Down:
-    return move(button, event.key());
+    move(button, event.key());
+    return true;
   case Qt::Key_Home:
   case Qt::Key_End: {
     const QList<QAbstractButton*> buttons = stops();
@@ -246,14 +247,15 @@ bool ToolBarKeys::press(QAbstractButton& button, const QKeyEvent& event) {
     button.click();
     return true;
   case Qt::Key_Escape:
-    return escape();
+    escape();
+    return true;
   default:
     return false;
   }
 }
 
 // The arrow keys never leave a toolbar otherwise than into a menu.
-bool ToolBarKeys::move(QAbstractButton& button, int key) {
+void ToolBarKeys::move(QAbstractButton& button, int key) {
   const QList<QAbstractButton*> buttons = stops();
   QList<QRect> rects;
   for (const QAbstractButton* const stop : buttons)
@@ -263,25 +265,21 @@ bool ToolBarKeys::move(QAbstractButton& button, int key) {
     focus(*buttons[next]);
   else
     openMenu(button, key);
-  return true;
 }
 
-bool ToolBarKeys::openMenu(QAbstractButton& button, int key) const {
+void ToolBarKeys::openMenu(QAbstractButton& button, int key) const {
   auto* const opener = qobject_cast<ToolButtonWithMenu*>(&button);
   if (!opener || key != menuKey(*m_toolBar))
-    return false;
+    return;
   if (!opener->IsMenuShowing())
     opener->click();
   else if (auto* const menu = qobject_cast<ToolBar*>(opener->GetMenu()))
     ToolBarPrivate::of(*menu).keys->enter();
-  return true;
 }
 
-bool ToolBarKeys::escape() {
-  if (m_toolBar->DismissLeafMenu())
-    return true;
-  ToolBarFocusCycle::of(*m_toolBar->window()).giveFocusBack();
-  return true;
+void ToolBarKeys::escape() {
+  if (!m_toolBar->DismissLeafMenu())
+    ToolBarFocusCycle::of(*m_toolBar->window()).giveFocusBack();
 }
 
 } // namespace Vela::UiBase

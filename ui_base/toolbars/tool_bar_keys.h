@@ -55,10 +55,10 @@ public:
 
 private:
   QList<QAbstractButton*> stops() const;
-  bool move(QAbstractButton& button, int key);
-  bool openMenu(QAbstractButton& button, int key) const;
+  void move(QAbstractButton& button, int key);
+  void openMenu(QAbstractButton& button, int key) const;
   void focus(QAbstractButton& button);
-  bool escape();
+  void escape();
 
   ToolBar* m_toolBar = nullptr;
   QPointer<QAbstractButton> m_last;

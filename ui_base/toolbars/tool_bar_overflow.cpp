@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tool_bar_overflow.h"
 
+#include "tool_bar_commands.h"
 #include "tool_button_accessible.h"
 
 #include <ui_base/core/language.h>
@@ -27,8 +28,9 @@ namespace {
 
 QString entryText(const ToolButton& button) {
   static const QRegularExpression tags(QStringLiteral("<[^>]*>"));
-  const QAction* const action = button.Action();
-  QString text = action ? action->text() : button.text();
+  const QAction* const action = actionOf(button);
+  // That of a button that opens a group without a text is an object name.
+  QString text = action && (button.Action() || action->text().isEmpty()) ? action->text() : button.text();
   if (text.isEmpty())
     text = button.accessibleName();
   if (text.isEmpty())

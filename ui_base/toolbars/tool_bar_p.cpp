@@ -45,7 +45,7 @@ void ToolBarPrivate::InitializeStateMachine() {
 
 // --- showing and menus
 
-void ToolBarPrivate::onMenuVisibilityChange(ToolButton* button, bool visible) {
+void ToolBarPrivate::onMenuVisibilityChange(bool visible) {
   const QList<ToolButtonWithMenu*> menus = toolBar->MenuButtons(true);
   const bool open = visible || std::any_of(menus.cbegin(), menus.cend(), [](const ToolButtonWithMenu* other) {
                       return other->IsMenuShowing();
@@ -54,10 +54,6 @@ void ToolBarPrivate::onMenuVisibilityChange(ToolButton* button, bool visible) {
     menuWatch = new ToolBarMenuWatch(*toolBar);
   if (menuWatch)
     menuWatch->setWatching(open);
-  const auto* const opener = qobject_cast<ToolButtonWithMenu*>(button);
-  if (auto* const menu =
-          visible && opener && opener->hasFocus() ? qobject_cast<ToolBar*>(opener->GetMenu()) : nullptr)
-    of(*menu).keys->enter();
 }
 
 // Of two flyouts that come to be open in one nest the one that was there closes.

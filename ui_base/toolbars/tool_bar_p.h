@@ -69,7 +69,7 @@ public:
   /// A button of the nest has got a panel.
   virtual void panelCame(const ToolButtonWithMenu& opener);
   /// Makes the bar the owner of a sub-toolbar.
-  void adopt(ToolBar* subToolBar);
+  void adopt(ToolBar& subToolBar);
   /// Makes a fresh toolbar fit as the menu of a button of this one, with the looks of this one.
   /// @param group which it is to show, or null.
   void setUpSubToolBar(ToolBar& menu, const CommandGroup* group) const;
@@ -118,7 +118,7 @@ public:
   void setLock(const void* holder, bool locked);
   /// Makes the bar the menu of another button, or of none; the flyout that is open in it goes along.
   void changeNest(ToolButtonWithMenu* owner);
-  void onMenuVisibilityChange(ToolButton* button, bool visible);
+  void onMenuVisibilityChange(bool visible);
   bool dismissLeaf();
   void dismiss(ToolButtonWithWidgetMenu& button) const;
   /// @param onClick leaves those open that a click is to leave open.
@@ -163,8 +163,6 @@ public:
   QHash<QString, QList<QPointer<QToolButton>>> exclusiveGroups;
   QList<std::pair<QPointer<QAction>, CallbackHandler*>> callbackHandlers;
   QList<QPointer<ToolBar>> ownSubToolBars;
-  QSet<const ToolButton*> hiddenWithAction;
-  QSet<const ToolButton*> withOwnIcon;
   bool menusByArea = false; // and not by the defaults for menus
   QPointer<CachedShadowEffect> shadow;
   ShadowLooks shadowLooks;

@@ -89,12 +89,11 @@ void ToolButton::Initialize(QAction* action, ToolBar* toolBar) {
   setDefaultAction(action);
   d->mirror();
   d->wrapIcon();
-  const auto takeName = [this] {
-    if (d->action && d->action->text().isEmpty())
-      setAccessibleName(d->action->toolTip());
-  };
-  connect(action, &QAction::changed, this, takeName);
-  takeName();
+  connect(action, &QAction::changed, this, [this] {
+    if (d->action)
+      d->takeName(*d->action);
+  });
+  d->takeName(*action);
   if (const auto* const command = dynamic_cast<const CommandBase*>(action))
     setProperty(CMDID_PROP, command->commandId());
   InitializeTooltipObject();
@@ -240,8 +239,7 @@ void ToolButton::setVisible(bool visible) {
     QToolButton::setVisible(shows);
 }
 
-void ToolButton::showEvent(QShowEvent* event) {
-  QToolButton::showEvent(event);
+void ToolButton::showEvent(QShowEvent*) {
   UpdateLicenseLock();
   if (d->lockLabel)
     d->lockLabel->setVisible(d->locked);
@@ -307,10 +305,8 @@ void ToolButton::leaveEvent(QEvent* event) {
 
 void ToolButton::mouseMoveEvent(QMouseEvent* event) {
   forward(*event, d->toolBar);
-  if (d->locked) {
-    event->accept();
+  if (d->locked)
     return;
-  }
   // While a button is held down the mouse neither enters nor leaves.
   const bool active = rect().contains(event->position().toPoint()) || isChecked();
   if (active != d->iconActive)

@@ -154,8 +154,6 @@ QAccessibleInterface* makeAccessible(const QString& className, QObject* object) 
 }
 
 void announce(QWidget& button, const QAccessible::State& changed) {
-  if (!QAccessible::isActive())
-    return;
   QAccessibleStateChangeEvent event(&button, changed);
   QAccessible::updateAccessibility(&event);
 }

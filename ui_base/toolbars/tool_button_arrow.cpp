@@ -52,7 +52,6 @@ QPainterPath toolButtonArrow(const QRect& button, EDirection direction, bool men
     triangle.translate(button.left() + nearestToEdge - triangle.boundingRect().left(), 0);
   QPainterPath path;
   path.addPolygon(triangle);
-  path.closeSubpath();
   return path;
 }
 

@@ -94,6 +94,13 @@ void ToolButtonPrivate::renewPictures() {
   button->IconState(iconActive);
 }
 
+void ToolButtonPrivate::takeName(const QAction& from) {
+  if (button->accessibleName() != takenName)
+    return;
+  takenName = from.text().isEmpty() ? from.toolTip() : QString();
+  button->setAccessibleName(takenName);
+}
+
 void ToolButtonPrivate::mirror() { mirrored = {action->isCheckable(), action->isEnabled()}; }
 
 } // namespace Vela::UiBase

@@ -61,10 +61,13 @@ public:
     bool enabled = true;
   };
   void mirror();
+  /// Calls the button by the tooltip of an action without a text, unless somebody gave it a name of its own.
+  void takeName(const QAction& from);
 
   ToolButton* button = nullptr;
   QPointer<QAction> action;
   QString tooltipText;
+  QString takenName; // from the action
   LivePointer<ToolBar> toolBar;
   QMap<const QAction*, QList<ToolButton::IToolButtonCallbackHandler*>> callbackHandlers;
   ToolButton::IToolButtonShowCallbackHandler* showCallbackHandler = nullptr;
@@ -90,6 +93,8 @@ public:
   bool tooltipEnabled = true;
   Mirrored mirrored;
   bool heldDisabled = false;
+  bool hiddenWithAction = false; // by the toolbar
+  bool hasOwnIcon = false;       // which is not to follow the action's
   bool dying = false;
 };
 

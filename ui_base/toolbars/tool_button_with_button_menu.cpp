@@ -242,10 +242,7 @@ void ToolButtonWithButtonMenu::changeEvent(QEvent* event) {
     own()->rebuildArrow();
 }
 
-void ToolButtonWithButtonMenu::enterEvent(QEnterEvent* event) {
-  ToolButtonWithMenu::enterEvent(event);
-  update();
-}
+void ToolButtonWithButtonMenu::enterEvent(QEnterEvent* event) { ToolButtonWithMenu::enterEvent(event); }
 
 void ToolButtonWithButtonMenu::hideEvent(QHideEvent* event) {
   const QPointer<ToolButtonWithButtonMenu> self(this);
@@ -254,10 +251,7 @@ void ToolButtonWithButtonMenu::hideEvent(QHideEvent* event) {
     OnExitExtendMode();
 }
 
-void ToolButtonWithButtonMenu::leaveEvent(QEvent* event) {
-  ToolButtonWithMenu::leaveEvent(event);
-  update();
-}
+void ToolButtonWithButtonMenu::leaveEvent(QEvent* event) { ToolButtonWithMenu::leaveEvent(event); }
 
 void ToolButtonWithButtonMenu::mouseMoveEvent(QMouseEvent* event) {
   ToolButtonWithMenu::mouseMoveEvent(event);
@@ -276,9 +270,6 @@ void ToolButtonWithButtonMenu::timerEvent(QTimerEvent* event) {
   QAbstractButton::timerEvent(event); // NOLINT(bugprone-parent-virtual-call)
 }
 
-void ToolButtonWithButtonMenu::resizeEvent(QResizeEvent* event) {
-  ToolButtonWithMenu::resizeEvent(event);
-  own()->rebuildArrow();
-}
+void ToolButtonWithButtonMenu::resizeEvent(QResizeEvent*) { own()->rebuildArrow(); }
 
 } // namespace Vela::UiBase

@@ -260,19 +260,15 @@ void ToolButtonWithMenu::RecalcMenuPosAndMove() {
 
 bool ToolButtonWithMenu::eventFilter(QObject* watched, QEvent* event) {
   if (watched != own()->watched || !own()->state.isShown())
-    return ToolButton::eventFilter(watched, event);
-  if (event->type() == QEvent::Hide && own()->watched->isHidden()) {
-    // Not when something around the menu is hidden, with which it comes back.
-    MenuHidden();
     return false;
-  }
-  if (isEscape(*event)) {
-    event->accept();
-    if (event->type() == QEvent::KeyPress)
-      HideMenu();
-    return true;
-  }
-  return ToolButton::eventFilter(watched, event);
+  if (event->type() == QEvent::Hide && own()->watched->isHidden())
+    MenuHidden(); // not when something around the menu is hidden, with which it comes back
+  if (!isEscape(*event))
+    return false;
+  event->accept();
+  if (event->type() == QEvent::KeyPress)
+    HideMenu();
+  return true;
 }
 
 void ToolButtonWithMenu::keyPressEvent(QKeyEvent* event) {
@@ -283,10 +279,6 @@ void ToolButtonWithMenu::keyPressEvent(QKeyEvent* event) {
 }
 
 void ToolButtonWithMenu::hideEvent(QHideEvent* event) {
-  const QPointer<ToolButtonWithMenu> self(this);
-  ToolButton::hideEvent(event);
-  if (!self)
-    return;
   d->leaveDyingToolBar();
   if (!event->spontaneous() && own()->state.isShown() && !own()->controller())
     HideMenu();
@@ -299,9 +291,6 @@ void ToolButtonWithMenu::mouseReleaseEvent(QMouseEvent* event) {
     own()->state.released();
 }
 
-void ToolButtonWithMenu::moveEvent(QMoveEvent* event) {
-  ToolButton::moveEvent(event);
-  RecalcMenuPosAndMove();
-}
+void ToolButtonWithMenu::moveEvent(QMoveEvent*) { RecalcMenuPosAndMove(); }
 
 } // namespace Vela::UiBase

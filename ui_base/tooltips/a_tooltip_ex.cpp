@@ -44,7 +44,6 @@ void ATooltipEx::SetReason(const QString& reason) {
     m_reason = new QLabel(this);
     m_reason->setObjectName(QStringLiteral("tooltip_reason"));
     m_reason->setTextFormat(Qt::PlainText);
-    m_reason->setFocusPolicy(Qt::NoFocus);
     box->addWidget(m_reason);
   }
   TooltipText::setWrapped(m_reason, reason);

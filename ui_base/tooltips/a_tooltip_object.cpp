@@ -57,12 +57,11 @@ void ATooltipObject::ShowTooltip() {
   d->tellReason();
   if (!self || !d->tooltipWindow)
     return;
+  d->visible = true; // whoever hides it while it is placed, hides it
   d->place();
-  if (!self || !d->tooltipWindow)
-    return;
-  d->visible = true;
-  showPopup(*d->tooltipWindow);
-  if (!self || !d->visible || !d->tooltipWindow)
+  if (self && d->isShowing())
+    showPopup(*d->tooltipWindow);
+  if (!self || !d->isShowing())
     return;
   d->tooltipWindow->raise();
   if (d->checkTimerEnabled)
@@ -174,7 +173,7 @@ void ATooltipObject::EventFilterOnEnter(QObject* object) {
 }
 
 void ATooltipObject::EventFilterOnLeave(QObject*) {
-  if (d->enabled && d->useCustomSettings)
+  if (d->useCustomSettings)
     d->stop(d->showUpTimer);
   if (!d->tooltipHovered)
     d->mouseOverTooltip = CheckMouseHover();
@@ -245,7 +244,7 @@ void ATooltipObject::SetTooltipText(const QString& text) {
   const QPointer<ATooltipObject> self(this);
   if (!text.isNull() && !d->make && d->pendingControl) {
     TooltipText::write(d->pendingControl, text);
-    if (self && d->visible && d->tooltipWindow)
+    if (self && d->isShowing())
       d->place();
   } else {
     d->setContent(nullptr, d->useArrowedWindow);

@@ -191,7 +191,7 @@ void ATooltipObjectPrivate::link() {
                                 &TooltipManager::HelpRequested));
   // At once, as it would be seen at its old place otherwise.
   const auto placeAnew = [this] {
-    if (visible && !placing && tooltipWindow)
+    if (isShowing() && !placing)
       place();
   };
   if (auto* const unfolding = qobject_cast<TooltipEx*>(tooltip))
@@ -263,7 +263,7 @@ void ATooltipObjectPrivate::followSize() {
   // Not while the window is laying itself out.
   const auto placeLater = [this] {
     placePending = false;
-    if (visible && tooltipWindow)
+    if (isShowing())
       place();
   };
   QMetaObject::invokeMethod(object, placeLater, Qt::QueuedConnection);

@@ -74,6 +74,8 @@ public:
   /// is not shown any more.
   void end();
 
+  bool isShowing() const { return visible && tooltipWindow; }
+
   ATooltipObject* object = nullptr;
   bool enabled = true;
   QPointer<QWidget> layer;

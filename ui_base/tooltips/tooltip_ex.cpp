@@ -65,10 +65,8 @@ TooltipExPrivate::TooltipExPrivate(TooltipEx* owner)
   title->setObjectName(QStringLiteral("tooltip_title"));
   shortcut->setObjectName(QStringLiteral("tooltip_shortcut"));
   hint->setObjectName(QStringLiteral("tooltip_hint"));
-  for (QLabel* const label : {title, shortcut, text, hint}) {
-    label->setFocusPolicy(Qt::NoFocus);
+  for (QLabel* const label : {title, shortcut, text, hint})
     label->hide();
-  }
   unfoldTimer.setSingleShot(true);
   unfoldTimer.setInterval(TooltipManager::GetInstance().Times().unfold);
   QObject::connect(&unfoldTimer, &QTimer::timeout, owner, [owner] { owner->SetUnfolded(true); });
@@ -189,20 +187,15 @@ void TooltipEx::changeEvent(QEvent* event) {
     d->updateHint();
 }
 
-void TooltipEx::enterEvent(QEnterEvent* event) {
-  ATooltipEx::enterEvent(event);
-  SetUnfolded(true);
-}
+void TooltipEx::enterEvent(QEnterEvent*) { SetUnfolded(true); }
 
-void TooltipEx::hideEvent(QHideEvent* event) {
-  ATooltipEx::hideEvent(event);
+void TooltipEx::hideEvent(QHideEvent*) {
   d->unfoldTimer.stop();
   SetUnfolded(false);
 }
 
-void TooltipEx::showEvent(QShowEvent* event) {
-  ATooltipEx::showEvent(event);
-  if (d->advanced && !d->unfolded && UnfoldTime() >= 0)
+void TooltipEx::showEvent(QShowEvent*) {
+  if (d->advanced && UnfoldTime() >= 0)
     d->unfoldTimer.start();
 }
 

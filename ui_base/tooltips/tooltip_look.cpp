@@ -93,7 +93,6 @@ WidgetPosCalculator& ATooltipObjectPrivate::calculator() {
   if (posCalculator)
     return *posCalculator;
   posCalculator = std::make_unique<WidgetPosCalculator>();
-  posCalculator->SetAlignment(AlignCenter);
   posCalculator->SetDirection(Top);
   posCalculator->SetWidget(tooltipWindow);
   if (QWidget* const widget = reference())

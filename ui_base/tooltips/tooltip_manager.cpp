@@ -88,8 +88,7 @@ void TooltipManager::onViewVisibilityChange(bool visible) {
   // The tool tip of a view that disappears would stay up until the mouse moves.
   if (!visible) {
     HideAllTooltips();
-    if (QToolTip::isVisible())
-      QToolTip::hideText();
+    QToolTip::hideText();
   }
   Q_EMIT viewVisibilityChanged(visible);
 }

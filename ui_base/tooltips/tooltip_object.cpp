@@ -85,15 +85,14 @@ void TooltipObjectPrivate::watchParts() {
 
 void TooltipObjectPrivate::onPartEvent(QObject* part, QEvent* event) {
   auto* const tooltip = static_cast<TooltipObject*>(object);
-  const QPointer<QWidget> widget(attachedWidget);
   switch (event->type()) {
   case QEvent::MouseMove:
     if (isPart(part))
-      tooltip->EventFilterOnMouseMove(widget, event);
+      tooltip->EventFilterOnMouseMove(attachedWidget, event);
     break;
   case QEvent::MouseButtonPress:
     if (isPart(part))
-      tooltip->EventFilterOnMouseButtonPress(widget, event);
+      tooltip->EventFilterOnMouseButtonPress(attachedWidget, event);
     break;
   case QEvent::Enter: // to one with a tooltip of its own, perhaps made since
     if (!isPart(part))

@@ -20,11 +20,9 @@ QString TooltipText::plain(const QString& text) {
 
 void TooltipText::setWrapped(QLabel* label, const QString& text) {
   label->setText(text);
-  if (label->wordWrap())
-    label->setWordWrap(false);
+  label->setWordWrap(false);
   label->setMinimumWidth(0);
   label->setMaximumWidth(QWIDGETSIZE_MAX);
-  label->ensurePolished();
   if (label->sizeHint().width() <= LINE_WIDTH)
     return;
   label->setWordWrap(true);
@@ -35,7 +33,7 @@ QString TooltipText::read(const QWidget* content) {
   if (const auto* const tooltip = qobject_cast<const ATooltipEx*>(content))
     return tooltip->AccessibleText();
   const auto* label = qobject_cast<const QLabel*>(content);
-  if (!label && content)
+  if (!label)
     label = content->findChild<const QLabel*>();
   return label ? plain(label->text()) : QString();
 }
@@ -46,7 +44,7 @@ void TooltipText::write(QWidget* content, const QString& text) {
     return;
   }
   auto* label = qobject_cast<QLabel*>(content);
-  if (!label && content)
+  if (!label)
     label = content->findChild<QLabel*>();
   if (label)
     label->setText(text);

@@ -8,9 +8,7 @@
 namespace Vela::UiBase {
 
 TooltipWrapperPrivate::TooltipWrapperPrivate()
-    : showDuration(TooltipManager::GetInstance().Times().showDuration) {
-  useCustomSettings = true;
-}
+    : showDuration(TooltipManager::GetInstance().Times().showDuration) {}
 
 TooltipWrapper::TooltipWrapper(const QString& group, QObject* parent)
     : TooltipWrapper(*new TooltipWrapperPrivate, group, parent) {}

@@ -105,9 +105,9 @@ void ViewWindow::watch(QWidget& window) {
   }
 }
 
-bool ViewWindow::eventFilter(QObject* watched, QEvent* event) {
+bool ViewWindow::eventFilter(QObject*, QEvent* event) {
   const bool closes = event->type() == QEvent::Close || isEscape(m_window, *event);
-  return closes && watched == &m_window && !m_passesOn && close(event);
+  return closes && !m_passesOn && close(event);
 }
 
 bool ViewWindow::close(QEvent* event) {

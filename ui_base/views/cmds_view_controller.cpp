@@ -160,8 +160,7 @@ void CmdsViewController::commandEndedExecuting(CommandBase* command, bool) {
   const QString end = run.outcome() == RunStopped ? tr("%1 was cancelled.").arg(run.text())
                                                   : command->getExecutionNotificationMessage(EndNotification);
   if (!end.isEmpty())
-    showNotification(end, start.isEmpty() ? FadeInAndOut : FadeOutOnly, notificationDurationMs, false,
-                     nullptr, nullptr);
+    showNotification(end, start.isEmpty() ? FadeInAndOut : FadeOutOnly, notificationDurationMs);
   else if (!start.isEmpty())
     hideNotification();
 }

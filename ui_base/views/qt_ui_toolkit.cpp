@@ -27,7 +27,7 @@ QtUiToolkit& QtUiToolkit::Instance() {
 }
 
 void QtUiToolkit::IconProvider(IIconProvider* provider) {
-  if (provider && provider == m_iconProvider.get())
+  if (provider == m_iconProvider.get())
     return;
   if (!provider) {
     m_iconProvider = std::make_unique<DefaultIconProvider>();
@@ -49,8 +49,7 @@ QAction* QtUiToolkit::CreateAction(const QString& text, const QString& iconPath,
                                    QAction::MenuRole role) const {
   auto* action =
       iconPath.isEmpty() ? new QAction(text, parent) : new QAction(CreateIcon(iconPath), text, parent);
-  if (!shortcut.isEmpty())
-    action->setShortcut(shortcut);
+  action->setShortcut(shortcut);
   if (receiver)
     QObject::connect(action, SIGNAL(triggered()), receiver, member);
   action->setMenuRole(role);
