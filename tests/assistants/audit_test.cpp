@@ -115,7 +115,8 @@ private Q_SLOTS:
     row("button that keys do not reach", Finding::NoKeyboard, "QPushButton",
         [](Stage& stage) { stage.button->setFocusPolicy(Qt::NoFocus); });
     row("button with a key", -1, "", [](Stage& stage) {
-      stage.button->setFocusPolicy(Qt::NoFocus), stage.button->setShortcut(Qt::Key_F7);
+      stage.button->setFocusPolicy(Qt::NoFocus);
+      stage.button->setShortcut(Qt::Key_F7);
     });
     row("pale entry that cannot be used", -1, "", [](Stage& stage) {
       stage.controller->setGroundState(stage.open->id, {State::Off, State::Keep});

@@ -256,6 +256,27 @@ private Q_SLOTS:
     }
   }
 
+  void whatWaitsIsCalledOffOrGivesWay() {
+    Stage stage;
+    auto hold = stage.shared->holdContext(stage.shared->disabledContext());
+    const std::pair<const char*, QString> waits[] = {
+        {"messen", "Run \"Distanz messen\" as soon as it is available"},
+        {"messen", "Do not run \"Distanz messen\" any more"},
+        {"messen", "Run \"Distanz messen\" as soon as it is available"},
+        {"smooth", "Run \"Smooth Mesh\" as soon as it is available"}};
+    for (const auto& [typed, way] : waits) {
+      stage.type(typed);
+      stage.press(Qt::Key_Return);
+      QCOMPARE(stage.rows(), QStringList(way));
+      stage.press(Qt::Key_Return);
+      QCOMPARE(stage.palette->awaitedCommand() != nullptr, way.startsWith("Run"));
+    }
+    QVERIFY(stage.shared->isNotificationShowing());
+    hold = {};
+    stage.press(Qt::Key_Shift);
+    QTRY_COMPARE(stage.ran, QStringList(smooth));
+  }
+
   void whatIsUsedAllTheTimeIsHalved() {
     CommandUsage usage;
     usage.restore({{"once", 1}});

@@ -57,6 +57,11 @@ public:
   Counter() {
     add->work = [this](bool) {
       number += add->used.value("by").toInt();
+      if ((busy = add->used.contains("later")))
+        QTimer::singleShot(30, &view, [this] {
+          number *= 10;
+          busy = false;
+        });
       controller->setGroundState("twice", {State::On, State::Keep});
       return true;
     };
@@ -90,6 +95,7 @@ public:
     controller->pushTool(LeftButton, std::make_shared<SetTool>(&view, number));
   }
 
+  bool isBusy() const override { return busy; }
   QVariantMap state() const override { return {{"number", number}}; }
   CommandBase* command(const char* id) const { return controller->findCommand(id); }
 
@@ -101,6 +107,7 @@ public:
   TestCommand* ask = new TestCommand("ask", controller.get());
   TestCommand* askLater = new TestCommand("askLater", controller.get());
   int number = 0;
+  bool busy = false;
   bool stops = false;
 };
 

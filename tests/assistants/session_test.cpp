@@ -87,6 +87,7 @@ private Q_SLOTS:
     row("a tool", "operation t set left (7, 0, 0)\n  number = 7\n", "whole");
     row("because of another", "command both\n  unknown\ncommand b on\n  unknown\ncommand b on\n",
         "step 3: b is on already.");
+    row("while it is busy", "command add {\"by\":2,\"later\":1}\n  number = 20\n", "whole");
     row("grey", "command twice\n", "step 1: twice is grey: Nothing was added.");
     row("gone", "command more\n", "step 1: there is no command more.");
     row("other inputs", "command add {\"to\":2}\n", "step 1: add does not understand its inputs.");

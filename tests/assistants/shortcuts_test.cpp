@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <support/input.h>
 #include <support/screen_record.h>
-#include <support/test_case.h>
 #include <tqm_mesh_kernel/stepped_dispatcher.h>
 #include <ui_base/assistants/key_probe.h>
 #include <ui_base/assistants/shortcut_editor.h>
@@ -98,10 +98,12 @@ public:
       QTest::sendKeyEvent(QTest::Click, editor->window()->windowHandle(), Qt::Key_unknown, QString(letter),
                           {});
   }
-  /// Records a key and presses the button that a letter stands for.
-  void record(Qt::Key key, Qt::Key mnemonic) {
+  void record(Qt::Key key) {
     keys->setFocus();
     press(*editor, key, Qt::ControlModifier);
+  }
+  /// Presses the button that a letter stands for.
+  void pushButton(Qt::Key mnemonic) {
     editor->findChild<QTreeView*>()->setFocus();
     press(*editor, mnemonic, Qt::AltModifier);
   }
@@ -173,6 +175,23 @@ private Q_SLOTS:
     QCOMPARE(rules.meeting(inField, useIn(stage.window, ctrlM, "y", focus)), SameKeys);
   }
 
+  void whatElseTakesKeysIsMet() {
+    Stage stage;
+    const QKeySequence keys(Qt::ALT | Qt::Key_G);
+    auto* const lone = stage.add("lone", "", {}); // on the first page
+    for (QWidget* const place : {&stage.window, stage.pages->widget(1)}) {
+      const QString name = place == &stage.window ? QStringLiteral("here") : QStringLiteral("there");
+      (new QPushButton(QStringLiteral("&Go ") + name, place))->show();
+      (new QShortcut(keys, place))->setWhatsThis(QStringLiteral("key ") + name);
+      place->addAction(QStringLiteral("do ") + name)->setShortcut(keys);
+    }
+    QStringList met;
+    const auto uses = stage.scheme.metBy(*lone, {keys, Qt::Key_F6});
+    for (const ShortcutUse& use : uses)
+      met += use.name;
+    QCOMPARE(met.join(u'|'), QStringLiteral("do here|key here|Go here|Go to the next toolbar"));
+  }
+
   void differencesAreKeptAndComeToLaterCommands() {
     QVariantMap kept;
     {
@@ -195,6 +214,10 @@ private Q_SLOTS:
     QCOMPARE(stage.ran, QStringList(late->id));
 
     const QByteArray json = stage.scheme.toJson();
+    auto* const lone = stage.add("lone", "Lone", {}); // in no widget
+    stage.scheme.setShortcuts(*lone, {QKeySequence(Qt::CTRL | Qt::Key_W)});
+    stage.press(stage.window, Qt::Key_W, Qt::ControlModifier);
+    QCOMPARE(stage.ran, QStringList({late->id, lone->id}));
     stage.scheme.resetAll();
     QCOMPARE(stage.smooth->shortcut(), ctrlM);
     stage.scheme.restore(
@@ -210,14 +233,18 @@ private Q_SLOTS:
     stage.scheme.setShortcuts(*stage.smooth, {ctrlM, Qt::Key_F8});
     QSignalSpy shown(stage.editor->findChild<QTreeView*>()->model(), &QAbstractItemModel::dataChanged);
     stage.choose(QStringLiteral("measure"));
-    stage.record(Qt::Key_M, Qt::Key_O); // the keys of the other one
+    stage.record(Qt::Key_M); // the keys of the other one
+    QVERIFY2(stage.says(QStringLiteral("These keys belong to")), "while more keys may follow");
+    stage.pushButton(Qt::Key_O);
     QTRY_COMPARE(stage.measure->shortcut(), ctrlM);
     QCOMPARE(stage.smooth->shortcuts(), QList<QKeySequence>{Qt::Key_F8});
     QCOMPARE(shown.size(), 2); // one changes for each of them
     VELA_COMPARE_SCREEN("shortcuts");
-    stage.press(*stage.editor, Qt::Key_R, Qt::AltModifier);
+    stage.pushButton(Qt::Key_C);
+    QTRY_COMPARE(stage.measure->shortcut(), QKeySequence());
+    stage.pushButton(Qt::Key_R);
     QTRY_COMPARE(stage.measure->shortcut(), ctrlJ);
-    stage.press(*stage.editor, Qt::Key_A, Qt::AltModifier);
+    stage.pushButton(Qt::Key_A);
     QTRY_COMPARE(stage.smooth->shortcut(), ctrlM);
     QVERIFY2(!stage.editor->findChildren<QPushButton*>().constLast()->isEnabled(), "none is changed");
   }
@@ -237,7 +264,9 @@ private Q_SLOTS:
   }
 
   void filesAndThePageToPrint() {
-    Stage another; // a window with the same commands
+    QCoreApplication::setAttribute(
+        Qt::AA_DontUseNativeDialogs); // a system's own may not be called off from here
+    Stage another;                    // a window with the same commands
     EditorStage stage;
     stage.scheme.addManager(another.controller.get());
     stage.choose(QStringLiteral("smooth mesh"));
@@ -246,11 +275,31 @@ private Q_SLOTS:
     QVERIFY2(sheet.count(QStringLiteral("Smooth Mesh")) == 1 && sheet.contains(QStringLiteral(">F6<")),
              qPrintable(sheet));
     QTemporaryDir folder;
+    const auto choose = [&](const char* button, const QString& name) { // none: the question is called off
+      QTimer answers;
+      connect(&answers, &QTimer::timeout, [&] {
+        if (auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+          answers.stop();
+          dialog->selectFile(folder.filePath(name));
+          static_cast<QDialog*>(dialog)->done(name.isEmpty() ? QDialog::Rejected : QDialog::Accepted);
+        }
+      });
+      answers.start(0);
+      const auto buttons = stage.editor->findChildren<QPushButton*>();
+      Vela::Test::click(**std::ranges::find(buttons, QString::fromUtf8(button), &QPushButton::text));
+      return stage.editor->findChildren<QLabel*>().constLast()->text();
+    };
     stage.scheme.setShortcuts(*stage.smooth, {QKeySequence(Qt::CTRL | Qt::Key_B)});
-    QVERIFY(stage.editor->exportTo(folder.filePath(QStringLiteral("keys.json"))));
-    stage.scheme.resetAll();
-    QVERIFY(stage.editor->importFrom(folder.filePath(QStringLiteral("keys.json"))));
+    for (const auto& [button, name, told] : {std::tuple("&Export…", "", ""),
+                                             {"&Export…", "keys.json", "The shortcuts were written."},
+                                             {"&Import…", "keys.json", "The shortcuts were read."},
+                                             {"Save &Page…", "keys.pdf", "The page was saved."}}) {
+      QCOMPARE(choose(button, name), QString(told));
+      if (told == std::string_view("The shortcuts were written."))
+        stage.scheme.resetAll();
+    }
     QCOMPARE(stage.smooth->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_B));
+    QVERIFY(QFileInfo(folder.filePath(QStringLiteral("keys.pdf"))).size() > 5000);
     QVERIFY(!stage.editor->importFrom(folder.filePath(QStringLiteral("missing.json"))));
     QCOMPARE(stage.smooth->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_B));
     QFile broken(folder.filePath(QStringLiteral("broken.json")));
@@ -259,7 +308,6 @@ private Q_SLOTS:
     broken.close();
     QVERIFY(!stage.editor->importFrom(broken.fileName()) && stage.says(QStringLiteral("“smooth”")));
     QCOMPARE(stage.measure->shortcut(), ctrlJ);
-    QVERIFY(stage.editor->saveSheet(folder.filePath(QStringLiteral("keys.pdf"))));
     QVERIFY(!stage.editor->saveSheet(folder.filePath(QStringLiteral("no/keys.pdf"))));
   }
 

@@ -28,6 +28,11 @@ private Q_SLOTS:
     QCOMPARE(textOf(manager.currentActiveContext(nullptr)), g + "=1,1 a=1,1 c=0,1");
     QCOMPARE(textOf(manager.currentContext(CommandContext{{c, {2, 2}}, {d, {1, 1}}})), "c=0,1");
     QVERIFY(manager.disabledContext(QString(d)).isEmpty());
+    f.dispatcher.setRefusing(true);
+    f.manager->setContext({{c, {1, 0}}}); // is not awaited
+    f.dispatcher.setRefusing(false);
+    f.manager->pushContext({});
+    QCOMPARE(textOf(manager.contextStack().constFirst()[c]), "0,1");
   }
 
   void halfAppliedContextIsFinishedFirstWhateverACommandThrows() {

@@ -29,7 +29,7 @@ CommandBase* firstOf(const CommandBag& bag, const QString& id) {
 
 class BeginCounter : public QObject, public CommandStateProtocol {
 public:
-  void commandBegan(CommandBase*) override { ++begun; }
+  void commandBeganExecuting(CommandBase*, bool) override { ++begun; }
   int begun = 0;
 };
 
@@ -71,20 +71,39 @@ private Q_SLOTS:
     guarded->setParent(&owner);
     const auto weak = std::make_shared<BeginCounter>();
     const auto group = adoptShared(groupOf(QStringLiteral("G"), {}));
-    const auto begun = [&](QLatin1String id) {
-      auto* const command = new TestCommand(id);
-      group->addCommand(command, 0);
-      command->begin();
+    const auto begun = [&](QLatin1String id) { // of a child and of the group
+      if (!group->hasCommand(id))
+        group->addCommand(new TestCommand(id), 0);
+      group->getCommand(id)->onExecute();
+      group->onExecute();
       f.apply(); // guarded ones are told by the dispatcher
       return std::pair(std::exchange(guarded->begun, 0), std::exchange(weak->begun, 0));
     };
-    group->addObserver(guarded);
-    group->addObserver(weak, false);
-    QCOMPARE(begun(a), std::pair(1, 1));
+    const auto observe = [&](CommandGroup& observed) {
+      observed.addObserver(guarded);
+      observed.addObserver(weak, false);
+    };
+    observe(*group);
+    QCOMPARE(begun(a), std::pair(2, 2));
     group->removeObserver(guarded);
-    QCOMPARE(begun(b), std::pair(0, 1));
+    QCOMPARE(begun(b), std::pair(0, 2));
     group->removeObserver(weak);
     QCOMPARE(begun(c), std::pair(0, 0));
+    QCOMPARE(begun(a), std::pair(0, 0));
+    const auto other = adoptShared(groupOf(QStringLiteral("H"), {group->getCommand(b)}));
+    observe(*other);
+    for (const bool all : {false, true}) {
+      observe(*group);
+      QVERIFY(begun(a) == std::pair(2, 2) && begun(b) == std::pair(2, 2));
+      if (all) {
+        group->removeAllObservers();
+      } else {
+        group->removeObserver(guarded);
+        group->removeObserver(weak);
+      }
+      QCOMPARE(begun(a), std::pair(0, 0));
+      QCOMPARE(begun(b), std::pair(1, 1)); // of the other group
+    }
   }
 
   void cyclingChecksTheNextThatIsEnabled() {
@@ -100,6 +119,8 @@ private Q_SLOTS:
     QVERIFY(!cycle.onExecute() && group->getCommand(a)->isChecked());
     group.reset();
     QVERIFY(!cycle.onExecute());
+    CommandGroup empty{QString(), QString(), QString()};
+    QVERIFY(!CycleCheckableCommand(nullptr, {}, &empty).onExecute());
   }
 
   void ranksMoveWithTheirChildren() {
@@ -152,6 +173,9 @@ private Q_SLOTS:
     QSignalSpy told(group.get(), &CommandGroup::childToBeTriggered);
     group->uncheckChildren(true);
     QVERIFY(told.isEmpty() && !child->isChecked() && !group->isChecked());
+    group->setChecked(true); // though nothing in it is
+    group->uncheckChildren(true);
+    QVERIFY(!group->isChecked());
     QVERIFY(group->listenToTrigger(inner, SLOT(uncheckChildren(bool))));
     QVERIFY(!group->listenToTrigger(nullptr, SLOT(uncheckChildren(bool))) &&
             !group->listenToTrigger(inner, nullptr));
@@ -160,8 +184,11 @@ private Q_SLOTS:
     inner->getCommand(b)->trigger();
     QVERIFY(!child->isChecked());
     const auto last = adoptShared(groupOf(QStringLiteral("I"), {child}));
-    QCOMPARE(child->commandGroup(), last.get());
+    QVERIFY(child->commandGroup() == last.get() && child->actionGroup() == last->groupActionGroup());
     QVERIFY(last->removeCommand(child));
+    QSignalSpy late(last.get(), &CommandGroup::childToBeTriggered);
+    child->toggle();
+    QVERIFY(late.isEmpty());
     QVERIFY(child->commandGroup() == group.get() && child->actionGroup() == group->groupActionGroup());
   }
 

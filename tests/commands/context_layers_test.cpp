@@ -322,6 +322,29 @@ private Q_SLOTS:
     upper.release();
   }
 
+  void whatOnlyAGroupOfTheApplicationKnowsIsGivenBackToo() {
+    class Knowing : public CommandGroup {
+    public:
+      Knowing() : CommandGroup(QString(), QString(), QStringLiteral("K")) {}
+      bool hasCommand(const QString& id) const override { return id == own->commandId(); }
+      CommandBase* getCommand(const QString&) override { return own.get(); }
+
+      const std::shared_ptr<CommandBase> own =
+          Taren::Objects::adoptShared<CommandBase>(checkableCommand("z"));
+    };
+    ManagerFixture f;
+    const CommandBase& own = *f.add(new Knowing)->own;
+    const CommandBase& command = *f.add(QString(Ids::a));
+    f.manager->setContext({{"a", {2, 0}}, {"z", {2, 1}}}); // waits as the layer comes
+    auto hold = f.manager->holdContext({{"a", {0, 2}}, {"z", {0, 0}}});
+    f.manager->updateContextInStack("a", {0, 2});
+    f.apply();
+    QVERIFY(!own.isEnabled() && !own.isChecked());
+    hold.release();
+    f.apply();
+    QVERIFY(own.isEnabled() && own.isChecked() && !command.isEnabled());
+  }
+
   void holdsEndInOneAnother() {
     ManagerFixture f;
     auto* const first = f.add(checkableCommand(Ids::a));

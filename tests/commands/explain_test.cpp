@@ -98,6 +98,26 @@ private Q_SLOTS:
     QCOMPARE(button->accessibleDescription(), text);
   }
 
+  void plainToolButtonTellsTheCause() {
+    ExplainFixture f;
+    QToolButton button;
+    button.setDefaultAction(f.other);
+    button.show();
+    const auto ask = [&button] {
+      QHelpEvent event(QEvent::ToolTip, QPoint(5, 5), button.mapToGlobal(QPoint(5, 5)));
+      QCoreApplication::sendEvent(&button, &event);
+      return button.findChild<ATooltipEx*>();
+    };
+    QVERIFY(!ask() && QToolTip::isVisible());
+    QToolTip::hideText();
+    QTRY_VERIFY(!QToolTip::isVisible());
+    f.command->trigger();
+    f.drain();
+    const ATooltipEx* const shown = ask();
+    QVERIFY(shown && shown->isVisible() && !QToolTip::isVisible());
+    QCOMPARE(shown->accessibleName(), "Does another thing\n" + isRunning);
+  }
+
   void menuEntriesTellTheCause() {
     ExplainFixture f;
     QMenu menu;

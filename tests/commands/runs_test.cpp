@@ -89,6 +89,23 @@ private Q_SLOTS:
     QCOMPARE(newest().commandId, QStringLiteral("unshared"));
   }
 
+  void traceShowsWhatRan() {
+    AsyncFixture f;
+    f.command->failed = [](const QString&) {};
+    f.command->work = [](bool) -> bool { throw std::runtime_error("no mesh"); };
+    for (const bool refusing : {true, false}) {
+      f.dispatcher.setRefusing(refusing);
+      f.command->trigger();
+      f.dispatcher.runAll();
+    }
+    const QTemporaryDir directory;
+    QFile file(directory.filePath("trace"));
+    QVERIFY(service().Kernel().writeTrace(file.fileName()) && file.open(QFile::ReadOnly));
+    const QByteArray trace = file.readAll();
+    QCOMPARE(trace.count("\"run\":"), 1);
+    QVERIFY(trace.contains("\"message\":\"no mesh\""));
+  }
+
   void sourceIsTheInputThatWasGiven() {
     const auto command = createShared<TestCommand>(QStringLiteral("id"));
     command->setShortcut(Qt::Key_F7);

@@ -1,27 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// What the examples in the headers take for granted.
+// What the examples in the headers take for granted; it stands behind the headers that have examples.
 
 #include <ui_base/assistants/session_subject.h>
 #include <ui_base/assistants/shortcut_scheme.h>
-#include <ui_base/commands/cmd_mgr.h>
-#include <ui_base/commands/command_id.h>
 #include <ui_base/commands/flyout_command.h>
-#include <ui_base/commands/run_progress.h>
-#include <ui_base/core/focus_keeper.h>
-#include <ui_base/notifications/notification_bar.h>
 #include <ui_base/popups/info_view.h>
-#include <ui_base/popups/widget_pos_calculator.h>
-#include <ui_base/toolbars/tool_bar.h>
-#include <ui_base/tools/operation_log.h>
-#include <ui_base/tools/tool_stack.h>
-#include <ui_base/tooltips/tooltip_wrapper.h>
-#include <ui_base/views/cmds_view_controller.h>
 #include <ui_toolkit/image_viewer_tool_bar.h>
-#include <vgsdevices/annotation_device.h>
 #include <vgsobjects/line_object.h>
-#include <vlk_app_service/application_service.h>
 #include <vlk_app_service/i_app_manager.h>
 
 #include <QTest>

@@ -26,8 +26,8 @@ void Hands::type(const QString& text) {
   xdotool({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("2"), text});
 }
 
-void Hands::click(const QPoint& at, EButton button) {
-  xdotool(moveTo(at) + QStringList{QStringLiteral("click"), QString::number(button)});
+void Hands::click(const QPoint& at) {
+  xdotool(moveTo(at) + QStringList{QStringLiteral("click"), QString::number(LeftButton)});
 }
 
 void Hands::drag(const QPoint& from, const QPoint& to, EButton button) {

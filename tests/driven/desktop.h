@@ -16,7 +16,7 @@ namespace Hands {
 /// Such as "ctrl+o" or "Escape", one after another.
 void press(const QStringList& keys);
 void type(const QString& text);
-void click(const QPoint& at, EButton button = LeftButton);
+void click(const QPoint& at);
 void drag(const QPoint& from, const QPoint& to, EButton button);
 /// Takes the mouse to a corner, where nothing is under it.
 void moveAway();

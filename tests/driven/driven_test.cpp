@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "desktop.h"
 
-#include <workbench/mesh_files.h>
 #include <workbench/test_meshes.h>
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QPainter>
 #include <QTest>
 
 using namespace Driven;
@@ -78,7 +76,7 @@ private Q_SLOTS:
     keepPicture("open");
   }
 
-  void aPanelShowsAPreview() {
+  void aPanelShowsAPreviewBehindWhichTheMeshTurns() {
     const QImage before = mesh();
     Hands::press({"ctrl+alt+m"});
     const Accessible iterations = m_program.await(ATSPI_ROLE_SPIN_BUTTON, "Iterations");
@@ -88,12 +86,9 @@ private Q_SLOTS:
     WAIT_UNTIL(mesh() != before);
     QVERIFY(button("Apply").has(ATSPI_STATE_ENABLED));
     QCOMPARE(title(), "part.obj – Workbench"); // so far it is a picture only
-  }
-
-  void theMeshTurnsBehindTheOpenPanel() {
-    const QImage before = mesh();
+    const QImage preview = mesh();
     Hands::drag(m_view.rect().center(), m_view.rect().center() + QPoint(150, 30), RightButton);
-    WAIT_UNTIL(mesh() != before);
+    WAIT_UNTIL(mesh() != preview);
     QCOMPARE(m_program.find(ATSPI_ROLE_SPIN_BUTTON, "Iterations").text(), "60");
     keepPicture("turned");
   }
@@ -106,16 +101,13 @@ private Q_SLOTS:
     QVERIFY(!button("Undo").has(ATSPI_STATE_ENABLED));
   }
 
-  void aClickAppliesThePanel() {
+  void aClickAppliesThePanelAndUndoTakesItBack() {
     Hands::press({"ctrl+alt+m"});
     WAIT_UNTIL(m_program.find(ATSPI_ROLE_SPIN_BUTTON, "Iterations").has(ATSPI_STATE_FOCUSED));
     Hands::click(button("Apply").rect().center());
     WAIT_UNTIL(title() == "part.obj* – Workbench");
     WAIT_UNTIL(!m_program.find(ATSPI_ROLE_SPIN_BUTTON, "Iterations"));
     WAIT_UNTIL(button("Undo Smooth").has(ATSPI_STATE_ENABLED));
-  }
-
-  void undoTakesTheEditBack() {
     const QImage before = mesh();
     Hands::press({"ctrl+z"});
     WAIT_UNTIL(title() == "part.obj – Workbench");
@@ -130,28 +122,6 @@ private Q_SLOTS:
     WAIT_UNTIL(m_view.description().startsWith("Distance: "));
     Hands::moveAway();
     keepPicture("measured");
-  }
-
-  void aRightClickRemovesOneOfTheDistances() {
-    const QPoint middle = m_view.rect().center();
-    const QString first = m_view.description();
-    Hands::drag(middle + QPoint(-60, 0), middle + QPoint(-90, 40), LeftButton);
-    WAIT_UNTIL(m_view.description() != first);
-    const QString second = m_view.description();
-    // Popup menus of views are in no accessibility tree: what covers the mesh is the menu.
-    const QPoint place = middle + QPoint(30, 45); // upon the first one
-    const QRect beside(place + QPoint(20, 10), QSize(80, 40));
-    const QImage before = m_program.picture(beside);
-    Hands::click(place, RightButton);
-    WAIT_UNTIL(m_program.picture(beside) != before);
-    Hands::press({"t"});
-    Hands::moveAway();
-    QCOMPARE(m_view.description(), second);
-    Hands::press({"BackSpace"});
-    WAIT_UNTIL(m_view.description().startsWith("Triangles: "));
-    Hands::drag(middle, middle + QPoint(60, 90), LeftButton);
-    WAIT_UNTIL(m_view.description() == first);
-    Hands::moveAway();
   }
 
   void photographsHaveAPageOfTheirOwn() {

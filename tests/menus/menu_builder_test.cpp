@@ -188,6 +188,22 @@ private Q_SLOTS:
     QVERIFY2(item->maximumWidth() > 900 && item->maximumHeight() > 900, "room for its text again");
   }
 
+  void whatIsOddIsAddedToo() {
+    Screen screen;
+    Builder& builder = *screen.builder;
+    QTest::ignoreMessage(QtWarningMsg, "An item of the menu bar needs a name");
+    builder.AddMenuBarItem(QString(), QIcon(), id("Nameless"));
+    QTest::ignoreMessage(QtWarningMsg, "The menu item \"one\" does nothing: Receiver has no slot pen()");
+    const AppMenuItemSpecifier separator = AppMenuItemSpecifier::Separator(); // one is enough
+    for (const AppMenuItemSpecifier& specifier :
+         {separator, separator, AppMenuItemSpecifier::OfAction(&screen.undo),
+          AppMenuItemSpecifier::SubMenu(id("sub"), id("&Sub"), {entry("one", "One", "open()")})})
+      builder.AddMenuBarItem(QSharedPointer<AppMenuItemSpecifier>::create(specifier));
+    QCOMPARE(builder.MenuBar()->findChildren<QFrame*>(id("separator")).size(), 1);
+    screen.undo.setText(id("Undo it"));
+    QVERIFY(screen.item("Undo")->text() == id("Undo it") && screen.menu("sub"));
+  }
+
   void aReaderIsToldOfItemsAndUsesThem() {
     Screen screen;
     QVERIFY(screen.isReady());

@@ -122,6 +122,9 @@ private Q_SLOTS:
       manager.CloseMenu(screen.toolButton);
       QCOMPARE(screen.toolButton->styleSheet(), style);
     }
+    screen.toolMenu.popup(QPoint()); // not by the manager
+    QCOMPARE(screen.toolButton->styleSheet(), ALTERNATE);
+    screen.toolMenu.close();
     QWindow* const handle = screen.window.windowHandle();
     QTest::mouseClick(handle, Qt::RightButton, {}, screen.toolButton->geometry().center());
     QTest::mousePress(handle, Qt::LeftButton, {}, screen.toolButton->geometry().center());

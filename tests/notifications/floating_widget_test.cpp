@@ -89,6 +89,11 @@ private Q_SLOTS:
     content->hide();
     host.addWidget(content);
     QVERIFY2(!host.isVisible(), "its content was hidden on purpose");
+    auto* seen = new FixedContent({20, 20});
+    seen->show(); // as a window
+    host.addWidget(seen);
+    QVERIFY(host.isVisible() && seen->isVisible());
+    delete seen;
     content->show();
     QVERIFY(host.isVisible() && content->isVisible());
     content->hide();

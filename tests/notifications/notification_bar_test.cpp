@@ -219,6 +219,23 @@ private Q_SLOTS:
       VELA_COMPARE_SCREEN(QStringLiteral("long_notification_%1").arg(width));
     }
     QCOMPARE(f.reading(), QStringLiteral("Error: ") + text);
+    const auto parts = f.bar->findChildren<QWidget*>();
+    const QWidget* const label = *std::ranges::find(parts, text, &QWidget::accessibleName);
+    QList<int> heights;
+    for (const char* const shorter : {"one", "one\r\ntwo", "one line is not enough for this"}) {
+      f.bar->clearNotifications();
+      f.post(NotificationError, shorter);
+      settle();
+      heights += f.bar->height();
+      QCOMPARE(label->toolTip(), QString());
+      QVERIFY(!label->accessibleName().contains('\r'));
+    }
+    QVERIFY(heights[0] < heights[1] && heights[1] == heights[2]);
+    for (const QString& longer : {"<" + text, text}) {
+      f.bar->clearNotifications();
+      f.post(NotificationError, longer);
+      QCOMPARE(label->toolTip(), "<span>" + longer.toHtmlEscaped() + "</span>");
+    }
   }
 
   // Everything a notification refers to may die at any time; most useful under the address sanitizer.
@@ -255,6 +272,9 @@ private Q_SLOTS:
       const quint64 id = f.bar->showNotification(notification);
       if (anotherWaits)
         f.post(NotificationWarning, "another");
+      f.view->hide();
+      f.view->show();
+      QCOMPARE(notification.content->isVisible(), !waiting);
       delete notification.content;
       settle();
       QCOMPARE(ended, QList<QVariantList>({{id}}));

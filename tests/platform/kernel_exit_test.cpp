@@ -14,37 +14,27 @@ namespace {
 
 /// An application object for the length of a scope. One program makes several here, as the dispatcher has to
 /// bear with each.
-class Application {
-public:
-  Application() : m_application(m_argc, m_argv) {}
-
-private:
-  int m_argc = 1;
-  char m_name[5] = "test";
-  char* m_argv[2] = {m_name, nullptr};
-  QCoreApplication m_application;
+struct Application {
+  int count = 1;
+  char name[5] = "test";
+  char* arguments[2] = {name, nullptr};
+  QCoreApplication application{count, arguments};
 };
 
-class Mesh : public virtual Taren::Objects::SharedObjectInternal {
-public:
-  explicit Mesh(QThread*& deletedOn) : m_deletedOn(deletedOn) {}
+struct Mesh : virtual Taren::Objects::SharedObjectInternal {
+  explicit Mesh(QThread*& place) : deletedOn(place) {}
   ~Mesh() override {
     beginDestruction();
-    m_deletedOn = QThread::currentThread();
+    deletedOn = QThread::currentThread();
   }
-
-private:
-  QThread*& m_deletedOn;
+  QThread*& deletedOn;
 };
 
-class AppManager : public Vela::Services::IAppManager {
-public:
-  explicit AppManager(QString& notes) : m_notes(notes) {}
-  ~AppManager() override { m_notes += QStringLiteral(", manager gone"); }
+struct AppManager : Vela::Services::IAppManager {
+  explicit AppManager(QString& told) : notes(told) {}
+  ~AppManager() override { notes += QStringLiteral(", manager gone"); }
   QList<Vela::UiBase::CommandBase*> commandsFor(Vela::UiBase::CmdsViewController*) override { return {}; }
-
-private:
-  QString& m_notes;
+  QString& notes;
 };
 
 /// What workers turn to on the main thread. Called by name, so that what crosses the threads is Qt's own.

@@ -46,18 +46,15 @@ public:
 
 private:
   void look() {
-    auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (dialog == nullptr || dialog == m_handled || !QTest::qWaitForWindowExposed(dialog))
+    const QPointer<QDialog> dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (!dialog || dialog == m_handled || !QTest::qWaitForWindowExposed(dialog))
       return;
     m_handled = dialog;
-    if (m_steps.isEmpty()) {
-      m_surprised = true;
+    m_surprised = m_surprised || m_steps.isEmpty();
+    if (!m_surprised)
+      m_steps.takeFirst()(dialog);
+    if (dialog && (m_surprised || QTest::currentTestFailed()))
       dialog->reject();
-      return;
-    }
-    m_steps.takeFirst()(dialog);
-    if (QTest::currentTestFailed() && m_handled != nullptr)
-      m_handled->reject();
   }
 
   QList<Step> m_steps;

@@ -174,9 +174,9 @@ private Q_SLOTS:
     auto* text = new QLabel(QString("more words than a screen has room for ").repeated(900));
     text->setWordWrap(true);
     MDialogBase dialog("Terms", text, false, false, false, true);
-    dialog.resize(300, 9000);
+    dialog.resize(9000, 9000);
     openDialog(dialog);
-    QVERIFY(dialog.screen()->availableGeometry().contains(dialog.geometry()));
+    QVERIFY(dialog.screen()->availableGeometry().contains(dialog.frameGeometry()));
     text->parentWidget()->parentWidget()->setFocus();
     pressKey(dialog, Qt::Key_PageDown);
     settle();

@@ -21,6 +21,12 @@ inline void moveMouse(const QWidget& widget, const QPoint& at) {
 }
 inline void moveMouse(const QWidget& widget) { moveMouse(widget, widget.rect().center()); }
 
+/// The buttons are held, which no window hears of.
+inline void holdUnheard(Qt::MouseButtons buttons) {
+  QTestPrivate::qtestMouseButtons = buttons;
+  QTest::lastMouseTimestamp += QTest::mouseDoubleClickInterval; // the next press is no double click
+}
+
 inline void pressKey(const QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
   QTest::keyClick(widget.window()->windowHandle(), key, modifiers);
 }

@@ -173,6 +173,17 @@ private Q_SLOTS:
       screen.bar->SetTooltipGroup("tips");
       QCOMPARE(screen.button("a 0")->GetTooltipObject()->TooltipGroup(), QString("tips"));
     });
+    row("names", [](Screen& screen) {
+      screen.outer->setToolTip("Opens what is outer");
+      for (const QString& text : {QString(), QStringLiteral("&Outer"), QString()}) {
+        screen.outer->setText(text);
+        settle();
+        QCOMPARE(screen.opener(*screen.outer)->accessibleName(),
+                 text.isEmpty() ? screen.outer->toolTip() : QString());
+        QCOMPARE(screen.menu(*screen.outer)->accessibleName(),
+                 text.isEmpty() ? screen.outer->toolTip() : "Outer");
+      }
+    });
     for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
       row("keys in a grid " + QByteArray::number(direction), [direction](Screen& screen) {
         screen.window.setLayoutDirection(direction);

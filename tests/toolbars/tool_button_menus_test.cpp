@@ -15,7 +15,10 @@ private Q_SLOTS:
     row("click", [](MenuStage& stage) { stage.click(stage.menuButton); });
     row("sub click", [](MenuStage& stage) { stage.click(stage.subPlain); });
     row("outside", [](MenuStage& stage) { stage.click(stage.field); });
-    row("escape", [](MenuStage& stage) { stage.menuButton->setFocus(), stage.key(Qt::Key_Escape); });
+    row("escape", [](MenuStage& stage) {
+      stage.menuButton->setFocus();
+      stage.key(Qt::Key_Escape);
+    });
     row("hide", [](MenuStage& stage) { stage.subBar->hide(); });
     row("bar", [](MenuStage& stage) { stage.bar->HideMe(false); });
   }
@@ -142,7 +145,10 @@ private Q_SLOTS:
     stage.bar->AddAction(command.get(), panel); // lives on, and was not asked
     command->trigger();
     QVERIFY(button->IsMenuShowing());
-    const auto comeAndGo = [&] { command->trigger(), button->HideMenu(); };
+    const auto comeAndGo = [&] {
+      command->trigger();
+      button->HideMenu();
+    };
     connect(button, &ToolButtonWithMenu::ButtonMenuVisibilityChange, command.get(), comeAndGo,
             Qt::SingleShotConnection);
     button->HideMenu();

@@ -148,8 +148,11 @@ private Q_SLOTS:
   void widgetIsDescribed() {
     TooltipFixture f;
     QCOMPARE(f.widget->accessibleDescription(), "Fits the mesh");
+    f.tooltip->ShowTooltip();
     f.tooltip->SetTooltipText("Fits all");
     QCOMPARE(f.widget->accessibleDescription(), "Fits all");
+    Vela::Test::settle();
+    QCOMPARE(f.shown()->accessibleName(), "Fits all");
     f.widget->setAccessibleDescription("own words");
     f.tooltip->SetTooltipText("Fits");
     f.tooltip->Detach();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tooltip_fixture.h"
 
+#include <support/rows.h>
 #include <vlk_common_res/styles.h>
 
 #include <algorithm>
@@ -104,12 +105,20 @@ private Q_SLOTS:
     }
   }
 
+  void endedWhileItIsPlaced_data() {
+    const Vela::Test::Rows<std::function<void(const TooltipFixture&)>> row("end");
+    row("object", [](const TooltipFixture& f) { delete f.tooltip; });
+    row("content", [](const TooltipFixture& f) { delete f.shown(); });
+    row("hidden", [](const TooltipFixture& f) { f.tooltip->HideTooltip(); });
+  }
   void endedWhileItIsPlaced() {
+    QFETCH(std::function<void(const TooltipFixture&)>, end);
     const TooltipFixture f;
-    WidgetPosCalculator::SetSearchObserver([&f](const WidgetPosCalculator&) { delete f.tooltip; });
+    WidgetPosCalculator::SetSearchObserver([&](const WidgetPosCalculator&) { end(f); });
     f.tooltip->ShowTooltip();
     WidgetPosCalculator::SetSearchObserver({});
-    QVERIFY(!f.tooltip && !TooltipManager::GetInstance().IsTooltipShown("test"));
+    QVERIFY(!f.tooltip || !f.tooltip->IsVisible());
+    QVERIFY(!TooltipManager::GetInstance().IsTooltipShown("test"));
   }
 
   void unusedObjectsMakeNothing() {

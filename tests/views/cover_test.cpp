@@ -14,7 +14,7 @@ class CoverTest : public Vela::Test::TestCase {
 
 private Q_SLOTS:
   void inputEndsAtTheFront() {
-    struct Behind : QDialog {
+    struct Behind : QWidget {
       int presses = 0;
       void mousePressEvent(QMouseEvent*) override { ++presses; }
     };
@@ -29,8 +29,6 @@ private Q_SLOTS:
     click(*behind);
     QCOMPARE(behind->presses, 1);
     QCOMPARE(screen.story(), "c press");
-    screen.run("we");
-    QVERIFY(behind->isHidden());
   }
 
   void childrenBehindAreDisabledByARecordOfTheirOwn() {
@@ -99,8 +97,7 @@ private Q_SLOTS:
     const Rows<QString> row("focus");
     for (const char* steps : {"", "a>b b<", "a>b bx", "a>b b^", "a>b b/", "a>b d>b", "w_ w=", "a>b w_ w= b<"})
       row(steps, "a's edit");
-    for (const char* steps :
-         {"a>b", "a>b af", "a>b a>c a>b", "a>b b=c", "a>b b>c c<", "b! a>b b<", "w^ a>b wv"})
+    for (const char* steps : {"a>b af", "a>b a>c a>b", "a>b b=c", "b! a>b b<", "w^ a>b wv"})
       row(steps, "b");
     for (const char* steps : {"a^ a>b a>b", "a^ a>b bf bx", "a^ c@b b@a cf c/"})
       row(steps, "beside"); // nothing of a is seen

@@ -83,11 +83,6 @@ public:
     for (const QString& word : words)
       m_words.contains(word) ? m_words[word]() : useButton(word);
   }
-  /// The buttons are held, which the window does not hear of.
-  static void holdUnheard(Qt::MouseButtons buttons) {
-    QTestPrivate::qtestMouseButtons = buttons;
-    QTest::lastMouseTimestamp += QTest::mouseDoubleClickInterval; // the next press is no double click
-  }
   std::shared_ptr<RecordingTool> makeTool(const QString& name) {
     auto tool = std::make_shared<RecordingTool>(name, view);
     tool->hear = [this, name](const QString& input) {

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "view_fuzz_actors.h"
 
-#include <support/test_case.h>
 #include <vlk_app_service/application_service.h>
-
-#include <algorithm>
 
 namespace Vela::Test {
 
@@ -21,13 +18,8 @@ qsizetype shutdownDelegates() {
 
 } // namespace
 
-std::array<int, ACTS>& ViewFuzz::hits() {
-  static std::array<int, ACTS> counts{};
-  return counts;
-}
-
 ViewFuzz::ViewFuzz(Bytes bytes)
-    : m_bytes(bytes),
+    : m_bytes(std::move(bytes)),
       m_shutdownDelegates(shutdownDelegates()),
       m_edit(new QLineEdit),
       m_tabs(new QTabWidget) {
@@ -46,14 +38,14 @@ ViewFuzz::ViewFuzz(Bytes bytes)
 }
 
 ViewFuzz::~ViewFuzz() {
-  m_bytes = Bytes(nullptr, 0);
+  m_bytes = Bytes({});
   m_depth = MaxDepth; // the end is quiet
   while (!m_views.empty())
     delete m_views.back().data();
   settle();
   if (shutdownDelegates() != m_shutdownDelegates)
     qFatal("a controller without a view still is a delegate of the shutdown");
-  QTestPrivate::qtestMouseButtons = Qt::NoButton;
+  holdUnheard(Qt::NoButton);
   QTest::mouseMove(m_window.windowHandle(), {5, 5}); // the application forgets the buttons, too
   fuzz = nullptr;
 }
@@ -84,7 +76,6 @@ void ViewFuzz::note(const QString& act, const CmdsViewController* who) {
 }
 
 BaseView* ViewFuzz::anyView() {
-  std::erase_if(m_views, [](const View& view) { return !view; });
   return m_views.empty() ? nullptr : m_views[std::size_t(m_bytes.next(int(m_views.size())))].data();
 }
 
@@ -98,7 +89,6 @@ QWindow* ViewFuzz::anyWindow() {
 }
 
 void ViewFuzz::makeView() {
-  std::erase_if(m_views, [](const View& view) { return !view; });
   if (m_views.size() == MaxViews)
     return;
   QWidget* const page = m_tabs->widget(m_bytes.next(2));
@@ -121,17 +111,15 @@ void ViewFuzz::makeView() {
 }
 
 void ViewFuzz::step() {
-  switch (m_bytes.next(8)) {
-  case 0:
-    return widgetStep();
-  case 1:
-    return commandStep();
-  case 2:
-  case 3:
-    return act(Act(m_bytes.next(ACTS)), anyController(), nullptr);
-  default:
-    return mouse();
-  }
+  const int what = m_bytes.next(8);
+  if (what == 0)
+    widgetStep();
+  else if (what == 1)
+    commandStep();
+  else if (what < 4)
+    act(anyController(), nullptr);
+  else
+    mouse();
 }
 
 void ViewFuzz::mouse() {
@@ -143,11 +131,11 @@ void ViewFuzz::mouse() {
   // After a press of the right button Qt asks for a context menu there, also when the view is gone.
   const bool presses = what == 1 || !QTestPrivate::qtestMouseButtons.testFlag(button);
   const bool asksForMenu = button == Qt::RightButton && presses;
-  m_events += asksForMenu;
+  events += asksForMenu;
   const QPoint at((10 + m_bytes.next(64) * 3) % window->width(),
                   (60 + m_bytes.next(32) * 3) % window->height());
   if (what == 8)
-    loseRelease();
+    holdUnheard(Qt::NoButton);
   else if (what == 0)
     QTest::keyClick(window, Qt::Key_K);
   else if (what == 1) // it has a second press and release of its own, which only the main window survives
@@ -158,47 +146,34 @@ void ViewFuzz::mouse() {
     QTest::mouseRelease(window, button, {}, at);
   else
     QTest::mousePress(window, button, {}, at);
-  m_events -= asksForMenu;
-}
-
-// Buttons come up where no window of the program hears of it.
-void ViewFuzz::loseRelease() {
-  QTestPrivate::qtestMouseButtons = Qt::NoButton;
-  QTest::lastMouseTimestamp += QTest::mouseDoubleClickInterval; // the next press is no double click
+  events -= asksForMenu;
 }
 
 void ViewFuzz::widgetStep() {
-  const int what = m_bytes.next(10);
+  const std::function<void()> steps[] = {
+      [&] { makeView(); },
+      [&] { m_tabs->setCurrentIndex((m_tabs->currentIndex() + 1) % m_tabs->count()); },
+      [&] { m_edit->setFocus(); },
+      [&] {
+        m_window.setWindowState(m_window.windowState() ^ Qt::WindowMinimized);
+        m_window.windowHandle()->resize(300, 300); // which the offscreen platform forgets
+      },
+      [&] { m_tabs->setEnabled(!m_tabs->isEnabled()); },
+      [&] { m_window.activateWindow(); },
+      [&] {
+        if (BaseView* const view = anyView())
+          view->setFocus();
+      },
+      [&] { m_window.resize(280 + 10 * m_bytes.next(6), 300); },
+      [&] {
+        m_window.close();
+        m_window.show();
+      },
+      [&] { settle(); }};
+  const int what = m_bytes.next(int(std::size(steps)));
   note(QStringLiteral("widget %1").arg(what));
-  const QScopedValueRollback walk(m_events, m_events + (what < 8));
-  switch (what) {
-  case 0:
-    return makeView();
-  case 1:
-    return m_tabs->setCurrentIndex((m_tabs->currentIndex() + 1) % m_tabs->count());
-  case 2:
-    return m_edit->setFocus();
-  case 3:
-    m_window.setWindowState(m_window.windowState() ^ Qt::WindowMinimized);
-    return m_window.windowHandle()->resize(300, 300); // which the offscreen platform forgets
-  case 4:
-    m_tabs->setEnabled(!m_tabs->isEnabled());
-    return;
-  case 5:
-    m_window.activateWindow();
-    return;
-  case 6:
-    if (BaseView* const view = anyView())
-      view->setFocus();
-    return;
-  case 7:
-    return m_window.resize(280 + 10 * m_bytes.next(6), 300);
-  case 8:
-    m_window.close();
-    return m_window.show();
-  default:
-    settle();
-  }
+  const QScopedValueRollback walk(events, events + (what < 8));
+  steps[what]();
 }
 
 void ViewFuzz::commandStep() {
@@ -206,16 +181,11 @@ void ViewFuzz::commandStep() {
   auto* const found =
       controller ? controller->findCommand(QStringLiteral("fuzz%1").arg(m_bytes.next(2))) : nullptr;
   const auto command = Taren::Objects::adoptShared(static_cast<FuzzCommand*>(found));
-  if (!command)
-    return;
-  switch (m_bytes.next(3)) {
-  case 0:
-    return command->tell(&CommandStateProtocol::commandBegan);
-  case 1:
-    return command->tell(&CommandStateProtocol::commandEnded);
-  default:
-    return command->trigger();
-  }
+  const int what = command ? m_bytes.next(3) : 0;
+  if (what == 2)
+    command->trigger();
+  else if (command)
+    command->tell(what ? &CommandStateProtocol::commandEnded : &CommandStateProtocol::commandBegan);
 }
 
 } // namespace Vela::Test

@@ -1,57 +1,29 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <support/input.h>
 #include <ui_base/commands/command_base.h>
 #include <ui_base/tools/interactive_tool.h>
 #include <ui_base/views/base_view.h>
 #include <ui_base/views/cmds_view_controller.h>
 
-#include <QLineEdit>
-#include <QPointer>
-#include <QStringList>
-#include <QTabWidget>
-
 #include <array>
-#include <memory>
 #include <vector>
 
 namespace Vela::Test {
 
 class FuzzController;
 
-/// What the callbacks of controllers, tools and commands do.
-enum Act {
-  DeleteView,
-  DeleteController,
-  DeleteItself,
-  Present,
-  Dismiss,
-  Reattach,
-  Reparent,
-  NestedLoop,
-  Dialog,
-  Menu,
-  CloseView,
-  HideOrShow,
-  PushTool,
-  PopTool,
-  ClearTools,
-  ResetTools,
-  BeginOperation,
-  EndOperation,
-  ACTS
-};
-
 /// The bytes that decide what happens; zeros when they are used up.
 class Bytes {
 public:
-  Bytes(const unsigned char* data, std::size_t size) : m_next(data), m_end(data + size) {}
-  bool isEmpty() const { return m_next == m_end; }
-  int next(int count) { return isEmpty() ? 0 : *m_next++ % count; }
+  explicit Bytes(QByteArray bytes) : m_bytes(std::move(bytes)) {}
+  bool isEmpty() const { return m_next == m_bytes.size(); }
+  int next(int count) { return isEmpty() ? 0 : static_cast<unsigned char>(m_bytes[m_next++]) % count; }
 
 private:
-  const unsigned char* m_next;
-  const unsigned char* m_end;
+  QByteArray m_bytes;
+  qsizetype m_next = 0;
 };
 
 /// A window with tabs, and up to six views in it, in one another and on their own, with controllers, tools
@@ -66,25 +38,24 @@ public:
   QString run();
   int steps() const { return m_steps; }
 
-  /// How often each act was done in a callback, in all runs.
-  static std::array<int, ACTS>& hits();
-
   /// What a callback calls. @p itself is who called it.
   void callOut(UiBase::CmdsViewController* controller, UiBase::InteractiveTool* itself = nullptr);
   /// Whether who asks says no.
   bool refuses() { return m_depth < MaxDepth && m_bytes.next(8) == 7; }
-  /// Qt works on with the widget after the event, so it is not to be deleted meanwhile. Its controller may
-  /// be.
-  void enterEvent() { ++m_events; }
-  void leaveEvent() { --m_events; }
   /// Pops a tool where it is on top.
-  void takeOff(UiBase::InteractiveTool& tool);
+  void takeOff(UiBase::InteractiveTool* tool);
   /// Of a view that dies.
   void forget(UiBase::BaseView* view) { std::erase(m_views, view); }
-  void report(const QString& finding) { m_findings.append(finding); }
+  void never(bool found, const char* what) {
+    if (found)
+      m_findings.append(QString::fromLatin1(what));
+  }
   /// What is done, for who reads a finding.
   void note(const QString& act, const UiBase::CmdsViewController* who = nullptr);
 
+  /// How many widgets Qt works on with after their event, so that none is to be deleted meanwhile. Their
+  /// controllers may be.
+  int events = 0;
   bool keepsWindows = false;
 
 private:
@@ -92,17 +63,14 @@ private:
   static constexpr int MaxDepth = 3;
 
   void step();
-  void act(Act act, UiBase::CmdsViewController* controller, UiBase::InteractiveTool* itself);
+  void act(UiBase::CmdsViewController* controller, UiBase::InteractiveTool* itself);
   void mouse();
-  void loseRelease();
   void widgetStep();
   void commandStep();
   void makeView();
   void present(UiBase::BaseViewController& controller, UiBase::CmdsViewController* caller);
   void reattach(UiBase::CmdsViewController& controller);
-  void reparent(UiBase::BaseView& view);
-  void openDialog();
-  void openMenu();
+  void reparent(const View& view);
   void deleteView(UiBase::BaseView* view);
   void deleteController(UiBase::CmdsViewController* controller);
   void pushTool(UiBase::CmdsViewController& controller, UiBase::EToolActivationButton button);
@@ -115,7 +83,7 @@ private:
   void checkTools(UiBase::CmdsViewController& controller);
   void checkCursor(const UiBase::BaseView& view);
   void checkFocus();
-  void checkChildren(const UiBase::BaseView& view);
+  void checkChild(const UiBase::BaseView& view, bool isCovered);
   void checkUse();
   void checkUseOf(FuzzController& controller);
 
@@ -125,7 +93,6 @@ private:
   int m_steps = 0;
   int m_made = 0;
   int m_depth = 0;
-  int m_events = 0;
   int m_deletes = 0;
   const QWidget* m_newHome = nullptr; // of the view that is being moved; Qt knows it, the view does not
   QPointer<QWindow> m_inputWindow;    // which Qt goes on with

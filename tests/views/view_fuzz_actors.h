@@ -3,12 +3,6 @@
 
 #include "view_fuzz.h"
 
-#include <QLineEdit>
-#include <QMouseEvent>
-#include <QScopedValueRollback>
-
-#include <utility>
-
 namespace Vela::Test {
 
 /// The one that runs.
@@ -33,10 +27,8 @@ protected:
     const bool mayDie = event->isInputEvent() && event->type() != QEvent::Enter;
     if (mayDie || event->type() == QEvent::Close)
       return UiBase::BaseView::event(event);
-    fuzz->enterEvent();
-    const bool done = UiBase::BaseView::event(event);
-    fuzz->leaveEvent();
-    return done;
+    const QScopedValueRollback walk(fuzz->events, fuzz->events + 1);
+    return UiBase::BaseView::event(event);
   }
 };
 
@@ -49,8 +41,7 @@ public:
 
   void viewDidLoad() override {
     fuzz->note(QStringLiteral("load"), this);
-    if (isLoaded())
-      fuzz->report(QStringLiteral("loaded twice"));
+    fuzz->never(isLoaded(), "loaded twice");
     around([this] { UiBase::CmdsViewController::viewDidLoad(); });
   }
   void viewWillAppear() override {
@@ -111,9 +102,8 @@ protected:
     m_toldOf = nullptr;
     forgetDeadView();
     fuzz->note(QStringLiteral("lost"), this);
-    fuzz->enterEvent();
+    const QScopedValueRollback walk(fuzz->events, fuzz->events + 1);
     around([this] { UiBase::CmdsViewController::viewWasLost(); });
-    fuzz->leaveEvent();
   }
 
 private:
@@ -124,9 +114,7 @@ private:
     if (m_toldOf != getView())
       forgetDeadView();
     m_toldOf = getView();
-    if (std::exchange(m_told, told) == told)
-      fuzz->report(QStringLiteral("told twice in a row that a view %1")
-                       .arg(QLatin1String(told == Appeared ? "appears" : "disappears")));
+    fuzz->never(std::exchange(m_told, told) == told, "told twice in a row that a view appears or disappears");
   }
   template <class Base>
   void around(Base base) {
@@ -146,9 +134,9 @@ private:
 
   void checkMouse(const QMouseEvent& event) {
     const auto operating = getOperatingTool();
-    if (operating && event.spontaneous() && !operating->pressEvent().isNull() &&
-        !event.buttons().testFlag(operating->pressEvent().button()))
-      fuzz->report(QStringLiteral("an operation outlives its mouse"));
+    fuzz->never(operating && event.spontaneous() && !operating->pressEvent().isNull() &&
+                    !event.buttons().testFlag(operating->pressEvent().button()),
+                "an operation outlives its mouse");
   }
 
   // It hears no more that it disappears.
@@ -206,7 +194,7 @@ public:
   void endOperation() override {
     UiBase::InteractiveTool::endOperation();
     if (m_isOneShot)
-      fuzz->takeOff(*this);
+      fuzz->takeOff(this);
     tell();
   }
 

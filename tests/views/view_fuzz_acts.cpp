@@ -1,24 +1,32 @@
 // SPDX-License-Identifier: MIT
 #include "view_fuzz_actors.h"
 
-#include <QCoreApplication>
-#include <QDialog>
-#include <QEventLoop>
-#include <QMenu>
-#include <QTimer>
-
-#include <utility>
-
 namespace Vela::Test {
 
 using namespace UiBase;
 
 namespace {
 
-const char* const actNames[ACTS] = {
-    "delete view", "delete controller", "delete itself", "present",     "dismiss",         "reattach",
-    "reparent",    "nested loop",       "dialog",        "menu",        "close view",      "hide or show",
-    "push tool",   "pop tool",          "clear tools",   "reset tools", "begin operation", "end operation"};
+void runLoop() {
+  QEventLoop loop;
+  QTimer::singleShot(0, &loop, &QEventLoop::quit);
+  loop.exec();
+}
+
+void openDialog(QWidget& window) {
+  QDialog dialog(&window);
+  dialog.setModal(true);
+  dialog.show();
+  QCoreApplication::processEvents();
+}
+
+void openMenu(const QWidget& window) {
+  QMenu menu;
+  menu.addAction(QStringLiteral("entry"));
+  menu.popup(window.mapToGlobal(QPoint(10, 10)));
+  QCoreApplication::processEvents();
+  menu.close();
+}
 
 } // namespace
 
@@ -29,14 +37,14 @@ void ViewFuzz::callOut(CmdsViewController* controller, InteractiveTool* itself) 
     return;
   ++m_depth;
   m_caller = controller;
-  act(Act(m_bytes.next(ACTS)), m_bytes.next(3) ? controller : anyController(), itself);
+  act(m_bytes.next(3) ? controller : anyController(), itself);
   --m_depth;
 }
 
 // Views may be deleted, moved and wait for events where they hand on input, and where their controllers hear
 // of them without Qt; while Qt shows, hides or focuses one after the other it holds on to all of them.
 void ViewFuzz::deleteView(BaseView* view) {
-  const bool isHeld = m_events > 0 || m_deletes > 0 || (keepsWindows && view && view->isWindow());
+  const bool isHeld = events > 0 || m_deletes > 0 || (keepsWindows && view && view->isWindow());
   if (isHeld && view)
     return view->deleteLater();
   const QScopedValueRollback deletes(m_deletes, m_deletes + 1); // not what it stands in
@@ -49,84 +57,54 @@ void ViewFuzz::deleteController(CmdsViewController* controller) {
   delete controller;
 }
 
-void ViewFuzz::takeOff(InteractiveTool& tool) {
-  const auto* const controller = dynamic_cast<FuzzController*>(tool.getDelegate());
+void ViewFuzz::takeOff(InteractiveTool* tool) {
+  const auto* const controller = tool ? dynamic_cast<FuzzController*>(tool->getDelegate()) : nullptr;
   const QList<HeldTool> held = controller ? controller->heldTools() : QList<HeldTool>();
   for (const HeldTool& entry : held) {
-    auto* const holder = dynamic_cast<FuzzController*>(tool.getDelegate());
-    if (entry.tool.get() == &tool && holder && holder->getTool(entry.button) == entry.tool)
+    auto* const holder = dynamic_cast<FuzzController*>(tool->getDelegate());
+    if (entry.tool.get() == tool && holder && holder->getTool(entry.button) == entry.tool)
       holder->popTool(entry.button);
   }
 }
 
-void ViewFuzz::act(Act act, CmdsViewController* controller, InteractiveTool* itself) {
+void ViewFuzz::act(CmdsViewController* controller, InteractiveTool* itself) {
+  enum Kind { Plain, Shows = 1, Waits = 2 }; // shows or hides views; moves them, or lets deleted ones die
   auto* const caller = std::exchange(m_caller, nullptr);
-  const bool movesViews =
-      act == Reparent || act == NestedLoop || act == Dialog || act == Menu; // or lets deleted ones die
-  if (!controller || (movesViews && (m_events > 0 || keepsWindows)))
+  EToolActivationButton button = NoButton;
+  const std::tuple<const char*, int, std::function<void()>> acts[] = {
+      {"delete view", Plain, [&] { deleteView(controller->getView()); }},
+      {"delete controller", Plain, [&] { deleteController(controller); }},
+      {"delete itself", Plain, [&] { takeOff(itself); }},
+      {"present", Shows, [&] { present(*controller, caller); }},
+      {"dismiss", Shows, [&] { controller->dismissViewController(); }},
+      {"reattach", Plain, [&] { reattach(*controller); }},
+      {"reparent", Shows | Waits, [&] { reparent(controller->getView()); }},
+      {"nested loop", Waits, [] { runLoop(); }},
+      {"dialog", Waits, [&] { openDialog(m_window); }},
+      {"menu", Waits, [&] { openMenu(m_window); }},
+      {"close view", Shows, [&] { controller->close(); }},
+      {"hide or show", Shows,
+       [&] {
+         BaseView* const view = controller->getView();
+         view && view->isVisible() ? controller->hide() : controller->show();
+       }},
+      {"push tool", Plain, [&] { pushTool(*controller, button); }},
+      {"pop tool", Plain, [&] { controller->popTool(button); }},
+      {"clear tools", Plain, [&] { controller->clearTools(); }},
+      {"reset tools", Plain, [&] { controller->resetTools(); }},
+      {"begin operation", Plain,
+       [&] {
+         if (const auto tool = controller->getTool(button))
+           static_cast<FuzzTool&>(*tool).startOperation();
+       }},
+      {"end operation", Plain, [&] { controller->endRunningOperation(); }}};
+  const auto& [name, kind, run] = acts[m_bytes.next(int(std::size(acts)))];
+  if (!controller || ((kind & Waits) && (events > 0 || keepsWindows)))
     return;
-  hits()[std::size_t(act)] += m_depth > 0;
-  note(QLatin1String(actNames[act]), controller);
-  const bool showsViews =
-      act == Present || act == Dismiss || act == Reparent || act == CloseView || act == HideOrShow;
-  const QScopedValueRollback walk(m_events, m_events + showsViews);
-  const QPointer<BaseView> view = controller->getView();
-  const auto button = std::array{NoButton, LeftButton, RightButton, MiddleButton}[m_bytes.next(4)];
-  switch (act) {
-  case DeleteView:
-    return deleteView(view);
-  case DeleteController:
-    return deleteController(controller);
-  case DeleteItself:
-    if (itself)
-      takeOff(*itself);
-    return;
-  case Present:
-    return present(*controller, caller);
-  case Dismiss:
-    controller->dismissViewController();
-    return;
-  case Reattach:
-    return reattach(*controller);
-  case Reparent:
-    return view ? reparent(*view) : void();
-  case NestedLoop: {
-    QEventLoop loop;
-    QTimer::singleShot(0, &loop, &QEventLoop::quit);
-    loop.exec();
-    return;
-  }
-  case Dialog:
-    return openDialog();
-  case Menu:
-    return openMenu();
-  case CloseView:
-    controller->close();
-    return;
-  case HideOrShow:
-    if (!view || !view->isVisible())
-      controller->show();
-    else
-      controller->hide();
-    return;
-  case PushTool:
-    return pushTool(*controller, button);
-  case PopTool:
-    controller->popTool(button);
-    return;
-  case ClearTools:
-    return controller->clearTools();
-  case ResetTools:
-    return controller->resetTools();
-  case BeginOperation:
-    if (const auto tool = controller->getTool(button))
-      static_cast<FuzzTool&>(*tool).startOperation();
-    return;
-  case EndOperation:
-    return controller->endRunningOperation();
-  case ACTS:
-    return;
-  }
+  note(QLatin1String(name), controller);
+  const QScopedValueRollback walk(events, events + (kind & Shows));
+  button = std::array{NoButton, LeftButton, RightButton, MiddleButton}[m_bytes.next(4)];
+  run();
 }
 
 void ViewFuzz::pushTool(CmdsViewController& controller, EToolActivationButton button) {
@@ -139,14 +117,13 @@ void ViewFuzz::pushTool(CmdsViewController& controller, EToolActivationButton bu
 void ViewFuzz::present(BaseViewController& controller, CmdsViewController* caller) {
   CmdsViewController* const other = caller && m_bytes.next(2) ? caller : anyController();
   note(QStringLiteral("…this one:"), other);
-  const bool isWindow = other && other->getView() && other->getView()->isWindow();
-  const QPointer<BaseView> view = other ? other->getView() : nullptr;
-  const QPointer<BaseView> over = controller.getView();
+  const View view = other ? other->getView() : nullptr;
+  const View over = controller.getView();
   const bool isHeld = view && (view == m_newHome || view->isAncestorOf(m_newHome) ||
-                               (isWindow && (keepsWindows || view->windowHandle() == m_inputWindow)));
-  if (other && !isHeld && controller.presentViewController(other, FromRight) &&
-      !(view && over && view->parentWidget() == over && view->presentation().size() > 1))
-    report(QStringLiteral("said to be presented"));
+                               (view->isWindow() && (keepsWindows || view->windowHandle() == m_inputWindow)));
+  never(other && !isHeld && controller.presentViewController(other, FromRight) &&
+            !(view && over && view->parentWidget() == over && view->presentation().size() > 1),
+        "said to be presented");
 }
 
 void ViewFuzz::reattach(CmdsViewController& controller) {
@@ -156,38 +133,22 @@ void ViewFuzz::reattach(CmdsViewController& controller) {
 }
 
 // Into a tab, some of them into a view there or as a tab, or on its own.
-void ViewFuzz::reparent(BaseView& view) {
-  const QPointer<BaseView> alive(&view);
+void ViewFuzz::reparent(const View& view) {
+  if (!view)
+    return;
   QWidget* place = m_bytes.next(3) ? m_tabs->widget(m_bytes.next(2)) : nullptr;
-  const int number = static_cast<FuzzView&>(view).number;
-  const bool isInner = number % 3 == 0;
-  if (auto* const outer =
-          place ? place->findChild<BaseView*>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
-      isInner && outer && outer != &view && !view.isAncestorOf(outer))
+  const int number = static_cast<FuzzView&>(*view).number;
+  auto* const outer = place ? place->findChild<BaseView*>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
+  if (number % 3 == 0 && outer && outer != view && !view->isAncestorOf(outer))
     place = outer;
   note(place ? QStringLiteral("…into a tab") : QStringLiteral("…into a window of its own"));
   const QScopedValueRollback<const QWidget*> moves(m_newHome, place);
   if (place && number % 4 == 1)
-    m_tabs->addTab(&view, QStringLiteral("view"));
+    m_tabs->addTab(view, QStringLiteral("view"));
   else
-    view.setParent(place);
-  if (alive)
-    view.show();
-}
-
-void ViewFuzz::openDialog() {
-  QDialog dialog(&m_window);
-  dialog.setModal(true);
-  dialog.show();
-  QCoreApplication::processEvents();
-}
-
-void ViewFuzz::openMenu() {
-  QMenu menu;
-  menu.addAction(QStringLiteral("entry"));
-  menu.popup(m_window.mapToGlobal(QPoint(10, 10)));
-  QCoreApplication::processEvents();
-  menu.close();
+    view->setParent(place);
+  if (view)
+    view->show();
 }
 
 } // namespace Vela::Test

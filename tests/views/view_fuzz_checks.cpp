@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "view_fuzz_actors.h"
 
-#include <support/test_case.h>
-
-#include <algorithm>
-#include <set>
-
 namespace Vela::Test {
 
 using namespace UiBase;
@@ -13,81 +8,66 @@ using namespace UiBase;
 void ViewFuzz::check() {
   const auto views = m_views;
   for (const View& view : views) {
-    if (!view)
-      continue;
     checkPresentation(*view);
     checkCursor(*view);
-    checkChildren(*view);
     if (CmdsViewController* const controller = controllerOf(view))
       checkTools(*controller);
   }
   checkFocus();
-  if (QApplication::overrideCursor())
-    report(QStringLiteral("a busy cursor is left"));
+  never(QApplication::overrideCursor(), "a busy cursor is left");
 }
 
 void ViewFuzz::checkPresentation(const BaseView& view) {
-  const QList<PresentedView> layers = view.presentation();
+  const QWidget* focused = QApplication::focusWidget();
+  while (focused && !qobject_cast<const BaseView*>(focused))
+    focused = focused->parentWidget();
   int appeared = 0;
   int fronts = 0;
   bool found = false;
-  const QWidget* const focus = QApplication::focusWidget();
+  const QList<PresentedView> layers = view.presentation();
   for (const PresentedView& layer : layers) {
-    found |= layer.view == &view;
+    if (layer.view == &view) {
+      found = true;
+      checkChild(view, layer.covered);
+    }
     appeared += layer.appeared;
     fronts += !layer.covered;
-    if (layer.covered && layer.appeared)
-      report(QStringLiteral("a covered view has appeared"));
-    if (layer.presenter && layer.presenter->isVisible() && layer.view->isVisible() &&
-        layer.view->geometry() != layer.presenter->rect())
-      report(QStringLiteral("a presented view is not as large as its presenter"));
+    never(layer.covered && layer.appeared, "a covered view has appeared");
+    never(layer.covered && focused && layer.view == focused, "a covered view has the focus");
+    never(layer.presenter && layer.presenter->isVisible() && layer.view->isVisible() &&
+              layer.view->geometry() != layer.presenter->rect(),
+          "a presented view is not as large as its presenter");
     const bool isOwn = layer.controller && layer.controller->getView() == layer.view;
-    if (!layer.covered && isOwn && layer.controller->isLoaded() && layer.view->isVisible() &&
-        !layer.appeared && !layer.view->window()->isMinimized())
-      report(QStringLiteral("the view in front has not appeared"));
-    if (focus && layer.covered && layer.view && layer.view->isAncestorOf(focus)) {
-      const auto* within = focus;
-      while (within != layer.view && !qobject_cast<const BaseView*>(within))
-        within = within->parentWidget();
-      if (within == layer.view)
-        report(QStringLiteral("the focus is in a covered view"));
-    }
-    if (focus && layer.covered && layer.view == focus)
-      report(QStringLiteral("a covered view has the focus"));
+    never(!layer.covered && isOwn && layer.controller->isLoaded() && layer.view->isVisible() &&
+              !layer.appeared && !layer.view->window()->isMinimized(),
+          "the view in front has not appeared");
   }
-  if (!found)
-    report(QStringLiteral("a view is not in its own presentation"));
-  if (appeared > 1 || fronts > 1)
-    report(QStringLiteral("%1 views have appeared, %2 are in front").arg(appeared).arg(fronts));
-  std::set<const BaseViewController*> seen;
-  for (const auto* presenter = view.getViewController(); presenter; presenter = presenter->presenter()) {
-    if (!seen.insert(presenter).second)
-      return report(QStringLiteral("presenters present one another"));
-  }
+  never(!found, "a view is not in its own presentation");
+  never(appeared > 1, "several views have appeared");
+  never(fronts > 1, "several views are in front");
+  QSet<const BaseViewController*> seen;
+  const auto* presenter = view.getViewController();
+  for (; presenter && !seen.contains(presenter); presenter = presenter->presenter())
+    seen.insert(presenter);
+  never(presenter, "presenters present one another");
 }
 
 void ViewFuzz::checkTools(CmdsViewController& controller) {
   int operating = 0;
+  QSet<InteractiveTool*> seen;
   const auto held = controller.heldTools();
   for (const HeldTool& entry : held) {
     operating += entry.tool->isOperating();
-    if (entry.tool->getDelegate() != &controller)
-      report(QStringLiteral("a tool lies on two stacks"));
-    if (std::count_if(held.begin(), held.end(), [&](const auto& other) { return other.tool == entry.tool; }) >
-        1)
-      report(QStringLiteral("a tool lies twice on a stack"));
+    never(entry.tool->getDelegate() != &controller, "a tool lies on two stacks");
+    never(seen.contains(entry.tool.get()), "a tool lies twice on a stack");
+    seen.insert(entry.tool.get());
   }
-  if (operating > 1)
-    report(QStringLiteral("%1 tools operate").arg(operating));
+  never(operating > 1, "several tools operate");
   for (const HeldTool& entry : held) {
     const bool waits = entry.button == LeftButton && operating > 0;
-    const bool rests = controller.getTool(entry.button) == entry.tool && !waits;
-    if (!entry.tool->isOperating() && entry.tool->isActive() != rests)
-      report(QStringLiteral("the tool of button %1 is %2")
-                 .arg(entry.button)
-                 .arg(QLatin1String(!rests                      ? "active"
-                                    : entry.tool->isSuspended() ? "suspended"
-                                                                : "inactive")));
+    const bool isReady = controller.getTool(entry.button) == entry.tool && !waits;
+    never(!entry.tool->isOperating() && entry.tool->isActive() != isReady,
+          "a tool is active where it has to wait, or is not where it is ready");
   }
 }
 
@@ -103,49 +83,38 @@ void ViewFuzz::checkCursor(const BaseView& view) {
     else if (const auto primary = controller->getTool(LeftButton))
       expected = primary->getIdleCursor().shape();
   }
-  if (view.cursor().shape() != expected)
-    report(QStringLiteral("the cursor is %1, not %2").arg(view.cursor().shape()).arg(expected));
+  never(view.cursor().shape() != expected, "the cursor is another");
 }
 
-void ViewFuzz::checkChildren(const BaseView& view) {
-  const QList<PresentedView> layers = view.presentation();
-  const bool covered = std::any_of(layers.begin(), layers.end(), [&view](const PresentedView& layer) {
-    return layer.view == &view && layer.covered;
-  });
+void ViewFuzz::checkChild(const BaseView& view, bool isCovered) {
   const QLineEdit& editor = *static_cast<const FuzzView&>(view).editor;
-  if (view.isVisible() && editor.isEnabled() != (view.isEnabled() && !covered))
-    report(QStringLiteral("the child of view %1 is %2")
-               .arg(static_cast<const FuzzView&>(view).number)
-               .arg(QLatin1String(covered ? "covered and enabled" : "disabled")));
-  if (editor.isVisible() != view.isVisible())
-    report(QLatin1String("a child is not seen as its view is"));
-  if (!view.window()->isMinimized() &&
-      (view.hasMouseTracking() != view.isVisible() || view.acceptDrops() != view.isVisible()))
-    report(QLatin1String("a view does not follow the mouse as it is seen"));
+  never(view.isVisible() && editor.isEnabled() != (view.isEnabled() && !isCovered),
+        "a child is disabled, or covered and enabled");
+  never(editor.isVisible() != view.isVisible(), "a child is not seen as its view is");
+  never(!view.window()->isMinimized() &&
+            (view.hasMouseTracking() != view.isVisible() || view.acceptDrops() != view.isVisible()),
+        "a view does not follow the mouse as it is seen");
 }
 
 // A window that shows a view which can take the focus is never without one.
 void ViewFuzz::checkFocus() {
   const QWidget* const window = QApplication::activeWindow();
-  if (!window || window->focusWidget())
-    return;
-  for (const View& view : m_views) {
-    if (view && view->window() == window && view->isVisible() && view->isEnabled())
-      return report(QStringLiteral("nothing has the focus"));
-  }
+  for (const View& view : m_views)
+    never(window && !window->focusWidget() && view->window() == window && view->isVisible() &&
+              view->isEnabled(),
+          "nothing has the focus");
 }
 
 // What is left when it is quiet again is as good as new.
 void ViewFuzz::checkUse() {
-  m_bytes = Bytes(nullptr, 0);
+  m_bytes = Bytes({});
   m_depth = MaxDepth;
   m_tabs->setEnabled(true);
   m_window.setWindowState(Qt::WindowNoState);
   m_window.show();
-  m_window.windowHandle()->resize(300,
-                                  300); // the offscreen platform forgot it while the window was minimised
+  m_window.windowHandle()->resize(300, 300); // the offscreen platform forgot it
   m_window.activateWindow();
-  loseRelease();
+  holdUnheard(Qt::NoButton);
   QTest::mouseMove(m_window.windowHandle(), {5, 5});
   settle();
   check();
@@ -162,36 +131,31 @@ void ViewFuzz::checkUseOf(FuzzController& controller) {
   for (const auto& tool : m_tools) {
     if (!tool->getDelegate())
       controller.pushTool(LeftButton, tool);
-    if (tool->getDelegate() == &controller && controller.getTool(LeftButton) == tool &&
-        (!tool->isActive() || controller.popTool(LeftButton) != tool || tool->getDelegate()))
-      report(QStringLiteral("a free tool cannot be used"));
+    never(tool->getDelegate() == &controller && controller.getTool(LeftButton) == tool &&
+              (!tool->isActive() || controller.popTool(LeftButton) != tool || tool->getDelegate()),
+          "a free tool cannot be used");
   }
   BaseView& view = *controller.getView();
   const QPointer<FuzzView> over = new FuzzView(nullptr, Qt::ArrowCursor, ++m_made);
   m_views.emplace_back(over.data());
   auto* const other = new FuzzController(over, m_made);
-  if (!controller.presentViewController(other, FromRight) || other->presenter() != &controller ||
-      (view.isVisible() && !other->hasAppeared()))
-    report(QStringLiteral("a view cannot be presented"));
+  never(!controller.presentViewController(other, FromRight) || other->presenter() != &controller ||
+            (view.isVisible() && !other->hasAppeared()),
+        "a view cannot be presented");
   check();
-  if (!other->dismissViewController())
-    report(QStringLiteral("a view cannot be dismissed"));
+  never(!other->dismissViewController(), "a view cannot be dismissed");
   settle();
-  if (over)
-    report(QStringLiteral("a dismissed view is left"));
+  never(over, "a dismissed view is left");
   check();
   const QList<PresentedView> layers = view.presentation();
-  if (!view.isVisible() || view.window() != &m_window || layers.constLast().view != &view ||
-      view.childAt(100, 100))
+  const QPoint at = view.mapTo(view.window(), QPoint(100, 100));
+  if (!view.isVisible() || layers.constLast().view != &view || m_window.childAt(at) != &view)
     return;
   const int before = controller.presses;
-  const QPoint at = view.mapTo(&m_window, QPoint(100, 100));
-  if (m_window.childAt(at) != &view)
-    return;
   QTest::mouseClick(m_window.windowHandle(), Qt::LeftButton, {}, at);
-  loseRelease();
-  if (controller.presses == before) // twice where a view around it has the same controller
-    report(QStringLiteral("a press is not heard"));
+  holdUnheard(Qt::NoButton);
+  // Twice where a view around it has the same controller.
+  never(controller.presses == before, "a press is not heard");
 }
 
 } // namespace Vela::Test

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "view_fuzz.h"
 
-#include <support/test_case.h>
-
 using namespace Vela::Test;
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
@@ -17,7 +15,8 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
-  if (const QString finding = ViewFuzz(Bytes(data, size)).run(); !finding.isEmpty())
+  const QByteArray bytes(reinterpret_cast<const char*>(data), qsizetype(size));
+  if (const QString finding = ViewFuzz(Bytes(bytes)).run(); !finding.isEmpty())
     qFatal("%s", qPrintable(finding));
   return 0;
 }

@@ -4,16 +4,12 @@
 
 #include <support/rows.h>
 #include <ui_base/assistants/audit.h>
-#include <ui_base/assistants/shortcut_editor.h>
-#include <vlk_app_service/application_service.h>
-#include <vlk_app_service/config_manager.h>
 #include <vlk_common_res/styles.h>
 #include <workbench/commands/about_command.h>
 #include <workbench/commands/find_command_command.h>
 #include <workbench/commands/inspect_command.h>
 #include <workbench/commands/keyboard_command.h>
 #include <workbench/commands/mesh_info_command.h>
-#include <workbench/commands/smooth_mesh_command.h>
 #include <workbench/language.h>
 #include <workbench/pages/workbench_pages.h>
 #include <workbench/photos/photo_view.h>
@@ -30,24 +26,6 @@ class WorkbenchAssistantsTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void aShortcutIsChangedAndStaysChanged() {
-    WorkbenchFixture bench;
-    bench.press(Qt::Key_K, Qt::ControlModifier | Qt::AltModifier);
-    QWidget* const dialog = QApplication::activeModalWidget();
-    QVERIFY(dialog && dialog->findChild<ShortcutEditor*>());
-    for (const QChar letter : QStringLiteral("smooth mesh"))
-      QTest::sendKeyEvent(QTest::Click, dialog->windowHandle(), Qt::Key_unknown, QString(letter), {});
-    dialog->findChild<QKeySequenceEdit*>()->setFocus();
-    bench.press(Qt::Key_1, Qt::ControlModifier); // of a mode
-    dialog->findChild<QTreeView*>()->setFocus();
-    bench.press(Qt::Key_O, Qt::AltModifier);
-    const QKeySequence chosen(Qt::CTRL | Qt::Key_1);
-    QTRY_COMPARE(bench.command<SmoothMeshCommand>()->shortcut(), chosen);
-    const auto& config = Vela::Services::ApplicationService::GetInstance().GetConfigManager();
-    const auto kept = config.value(QStringLiteral("commands/shortcuts")).toMap();
-    QCOMPARE(kept.value(SmoothMeshCommand::className()).toStringList(), QStringList("Ctrl+1"));
-  }
-
   void nothingIsAmissForAnybody_data() {
     const Vela::Test::Rows<QLocale::Language, EPalette, Qt::LayoutDirection> row("language", "palette",
                                                                                  "direction");

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "mesh_files.h"
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 
@@ -7,16 +6,6 @@
 
 using namespace Workbench;
 using Vela::Test::Rows;
-
-namespace {
-
-struct Outcome {
-  int status = -1;
-  QString output;
-  QString errors;
-};
-
-} // namespace
 
 // Runs the program itself.
 class CommandLineTest : public Vela::Test::TestCase, private Test::TestFolder {
@@ -32,8 +21,8 @@ private Q_SLOTS:
 
   void savesWhatTheWindowShowsAsSharpAsTheScreen() {
     const QString mesh = write("blob.off", Test::offFile(Test::blob(40)));
-    QCOMPARE(run({mesh, "--screenshot", path("1x.png"), "--size", "400x300"}).status, 0);
-    QCOMPARE(run({mesh, "--screenshot", path("2x.png"), "--size", "400x300"}, "2").status, 0);
+    QCOMPARE(run({mesh, "--screenshot", path("1x.png"), "--size", "400x300"}), 0);
+    QCOMPARE(run({mesh, "--screenshot", path("2x.png"), "--size", "400x300"}, "2"), 0);
     const QImage normal(path("1x.png"));
     const QImage sharp(path("2x.png"));
     QCOMPARE(normal.size(), QSize(400, 300));
@@ -55,17 +44,15 @@ private Q_SLOTS:
     QFETCH(QString, reason);
     const QString bad = content.isEmpty() ? path(name) : write(name, content);
     const QString good = write("good.off", Test::offFile(Test::blob(20)));
-    const Outcome outcome = run({bad, good, "--screenshot", path("bad.png"), "--size", "300x240"});
-    QCOMPARE(outcome.status, 1);
-    QVERIFY2(outcome.errors.contains(bad) && outcome.errors.contains(reason), qPrintable(outcome.errors));
+    QCOMPARE(run({bad, good, "--screenshot", path("bad.png"), "--size", "300x240"}), 1);
+    QVERIFY2(m_errors.contains(bad) && m_errors.contains(reason), qPrintable(m_errors));
     QVERIFY(!QImage(path("bad.png")).isNull());
   }
 
   void anImageThatCannotBeWrittenIsAnError() {
     for (const char* const name : {"no such folder/image.png", "image.xyz", "image"}) {
-      const Outcome outcome = run({"--screenshot", path(name)});
-      QCOMPARE(outcome.status, 1);
-      QVERIFY2(outcome.errors.contains(path(name)), qPrintable(outcome.errors));
+      QCOMPARE(run({"--screenshot", path(name)}), 1);
+      QVERIFY2(m_errors.contains(path(name)), qPrintable(m_errors));
       QVERIFY(!QFile::exists(path(name)));
     }
   }
@@ -83,36 +70,37 @@ private Q_SLOTS:
   void aSessionThatDiffersIsToldWhere() {
     QFETCH(QByteArray, session);
     QFETCH(QString, errors);
-    const Outcome outcome = run({"--replay", write("a.session", "session 1\n" + session)});
-    QTEST(outcome.status, "status");
-    QVERIFY2(outcome.errors.contains(errors), qPrintable(outcome.errors));
+    QTEST(run({"--replay", write("a.session", "session 1\n" + session)}), "status");
+    QVERIFY2(m_errors.contains(errors), qPrintable(m_errors));
   }
 
   void answersWithoutADisplay() {
     m_environment.insert("QT_QPA_PLATFORM", "no such platform");
-    const Outcome help = run({"-platform", "xcb", "--help"});
-    QCOMPARE(help.status, 0);
-    QVERIFY(help.output.contains("--screenshot"));
+    QCOMPARE(run({"-platform", "xcb", "--help"}), 0);
+    QVERIFY(m_output.contains("--screenshot"));
     for (const char* const text : {"0x480", "640x480x2", "99999x99999"}) {
-      const Outcome unknown = run({"--size", text});
-      QCOMPARE(unknown.status, 1);
-      QVERIFY2(unknown.errors.contains(text), qPrintable(unknown.errors));
+      QCOMPARE(run({"--size", text}), 1);
+      QVERIFY2(m_errors.contains(text), qPrintable(m_errors));
     }
   }
 
 private:
-  Outcome run(const QStringList& arguments, const QString& scale = "1") {
+  /// @return its exit code, -1 when it did not come to its end.
+  int run(const QStringList& arguments, const QString& scale = "1") {
     QProcess program;
     m_environment.insert("QT_SCALE_FACTOR", scale);
     program.setProcessEnvironment(m_environment);
     program.start(QDir(QCoreApplication::applicationDirPath()).filePath("workbench"), arguments);
     constexpr int Patience = 60000;
     if (!program.waitForFinished(Patience) || program.exitStatus() != QProcess::NormalExit)
-      return {};
-    return {program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
-            QString::fromUtf8(program.readAllStandardError())};
+      return -1;
+    m_output = QString::fromUtf8(program.readAllStandardOutput());
+    m_errors = QString::fromUtf8(program.readAllStandardError());
+    return program.exitCode();
   }
   QProcessEnvironment m_environment;
+  QString m_output;
+  QString m_errors;
 };
 
 VELA_TEST_MAIN(CommandLineTest)

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "mesh_files.h"
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 
-#include <ui_base/assistants/command_palette.h>
 #include <vlk_common_res/styles.h>
 #include <workbench/commands/dark_palette_command.h>
 #include <workbench/commands/open_mesh_command.h>
 #include <workbench/commands/save_screenshot_command.h>
 #include <workbench/commands/shading_command.h>
-#include <workbench/renderer.h>
 #include <workbench/screenshot_run.h>
 
 using namespace Workbench;
@@ -28,20 +25,6 @@ class WorkbenchTest : public Vela::Test::TestCase {
   Q_OBJECT
 
 private Q_SLOTS:
-  void opensAMeshByMenu() {
-    WorkbenchFixture workbench;
-    const QString file = workbench.write("cube.obj", cubeFile());
-    workbench.press(Qt::Key_F, Qt::AltModifier);
-    QTRY_VERIFY(QApplication::activePopupWidget());
-    workbench.press(Qt::Key_O);
-    QVERIFY(workbench.chooseFile(file));
-    QTRY_COMPARE(workbench.triangles(), std::size_t(12));
-    QCOMPARE(workbench.window().windowTitle(), QStringLiteral("cube.obj[*] – Workbench"));
-    QTRY_COMPARE(workbench.notification(), "Opened cube.obj");
-    QTRY_VERIFY(workbench.view().isSettled());
-    QVERIFY(Test::meshPixels(imageOf(workbench.view().picture())) > 3000);
-  }
-
   void droppedFilesAreOpenedOneAfterAnother() {
     WorkbenchFixture workbench;
     QSignalSpy shown(&workbench.controller().events(), &MeshViewEvents::meshShown);
@@ -49,7 +32,7 @@ private Q_SLOTS:
     Test::HeldWork work;
     workbench.drop({cube});
     workbench.drop({cube, workbench.write("blob.off", blobFile())}); // waits
-    QCOMPARE(work.dispatcher().pending(Taren::Core::NormalQoS), std::size_t(1));
+    QCOMPARE(work.dispatcher.pending(Taren::Core::NormalQoS), std::size_t(1));
     work.runAll();
     QCOMPARE(workbench.triangles(), std::size_t(1800));
     QCOMPARE(workbench.notification(), "Opened 2 of 2 files");
@@ -85,7 +68,7 @@ private Q_SLOTS:
     QVERIFY(!workbench.command<OpenMeshCommand>()->isEnabled());
     workbench.press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(workbench.view().shading(), FlatShading);
-    QVERIFY(work.dispatcher().step(Taren::Core::NormalQoS));
+    QVERIFY(work.dispatcher.step(Taren::Core::NormalQoS));
     QCOMPARE(workbench.triangles(), std::size_t(0)); // which the main thread shows
     work.runAll();
     QCOMPARE(workbench.triangles(), std::size_t(1800));
@@ -96,7 +79,7 @@ private Q_SLOTS:
     QVERIFY(workbench.command<SaveScreenshotCommand>()->isEnabled());
   }
 
-  void oneScreenshotIsSavedAtATime() {
+  void oneScreenshotIsSavedAtATimeOrTellsWhyNot() {
     WorkbenchFixture workbench;
     workbench.open(workbench.write("cube.obj", cubeFile()));
     auto* const command = workbench.command<SaveScreenshotCommand>();
@@ -113,19 +96,16 @@ private Q_SLOTS:
     const QImage picture(workbench.path("picture.png"));
     QCOMPARE(picture.size(), workbench.view().size() * workbench.view().devicePixelRatioF());
     QVERIFY(Test::meshPixels(picture) > 3000);
-  }
 
-  void aScreenshotThatCannotBeWrittenIsTold() {
-    WorkbenchFixture workbench;
-    workbench.open(workbench.write("cube.obj", cubeFile()));
-    QVERIFY(QDir(workbench.path({})).mkdir("folder"));
+    Vela::Test::showActive(workbench.window()); // no window manager gives it back
     workbench.press(Qt::Key_S, Qt::ControlModifier | Qt::AltModifier);
     auto* const dialog = workbench.fileDialog();
     QVERIFY(dialog);
-    Q_EMIT dialog->fileSelected(workbench.path("folder/missing/picture.png"));
+    Q_EMIT dialog->fileSelected(workbench.path("missing/picture.png"));
     dialog->reject();
-    QTRY_VERIFY2(workbench.notification().contains("Cannot save “picture.png”."),
-                 qPrintable(workbench.notification()));
+    work.runAll();
+    QVERIFY2(workbench.notification().contains("Cannot save “picture.png”."),
+             qPrintable(workbench.notification()));
     QVERIFY(!QApplication::overrideCursor());
   }
 
@@ -133,7 +113,6 @@ private Q_SLOTS:
     WorkbenchFixture workbench;
     auto& styles = Vela::Resource::Styles::Instance();
     workbench.press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
-    QTRY_VERIFY(workbench.view().palette().color(QPalette::Window).lightness() < 100);
     styles.setPalette(Vela::Resource::Light);
     DarkPaletteCommand::restorePalette(); // as at the next start
     QCOMPARE(styles.palette(), Vela::Resource::Dark);

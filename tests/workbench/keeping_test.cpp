@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "mesh_files.h"
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 
+#include <ui_base/assistants/shortcut_scheme.h>
 #include <vlk_app_service/application_service.h>
 #include <vlk_app_service/config_manager.h>
 #include <workbench/commands/length_unit_command.h>
 #include <workbench/commands/measurement_command.h>
 #include <workbench/commands/open_recent_command.h>
 #include <workbench/commands/reset_layout_command.h>
+#include <workbench/commands/smooth_mesh_command.h>
 #include <workbench/pages/workbench_pages.h>
 #include <workbench/window_layout.h>
 
@@ -51,9 +52,12 @@ private Q_SLOTS:
     bench.controller().findCommand(LengthUnitCommand::idOf(Inch))->setChecked(true);
     bench.window().pages().show(PhotoPage);
     WindowLayout::save(bench.window());
+    auto* const shortcuts = bench.window().findChild<Vela::UiBase::ShortcutScheme*>();
+    shortcuts->setShortcuts(*bench.command<SmoothMeshCommand>(), {Qt::CTRL | Qt::Key_J});
     const auto& config = Vela::Services::ApplicationService::GetInstance().GetConfigManager();
     QCOMPARE(config.value(QStringLiteral("measure/unit")).toString(), QStringLiteral("in"));
     QCOMPARE(config.value(QStringLiteral("window/page")).toString(), QStringLiteral("photographs"));
+    QCOMPARE(config.value(QStringLiteral("commands/shortcuts")).toMap(), shortcuts->values());
 
     bench.command<ResetLayoutCommand>()->trigger();
     settle();

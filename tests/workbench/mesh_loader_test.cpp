@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "mesh_files.h"
 #include "test_folder.h"
 #include "test_meshes.h"
 

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "mesh_files.h"
+#include "test_meshes.h"
 #include "workbench_fixture.h"
 
-#include <support/input.h>
 #include <ui_toolkit/image_viewer_tool_bar.h>
 #include <workbench/pages/page_strip.h>
 #include <workbench/pages/workbench_pages.h>

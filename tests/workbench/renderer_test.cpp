@@ -12,8 +12,6 @@ namespace {
 constexpr QSize ImageSize(200, 160);
 constexpr double Scale = 40.2;
 
-RenderStyle lightStyle() { return RenderStyle::forPalette(QPalette(QColor(0xef, 0xef, 0xef))); }
-
 // Looks along -z at the plane z = 0, one unit there covering @p scale pixels.
 Camera frontCamera(const QSize& size, double scale) {
   Camera camera;
@@ -27,7 +25,7 @@ Camera frontCamera(const QSize& size, double scale) {
 class Picture : public Frame {
 public:
   Picture(const Mesh& mesh, const QSize& size, double scale, int samples = 1)
-      : request{mesh, frontCamera(size, scale), size, lightStyle(), samples, {}} {
+      : request{mesh, frontCamera(size, scale), size, {}, samples, {}} {
     Renderer().draw(*this, request);
   }
   const FrameRequest request;

@@ -2,7 +2,6 @@
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 
-#include <support/input.h>
 #include <support/rows.h>
 #include <ui_base/popups/arrowed_window.h>
 #include <ui_base/toolbars/action_panel.h>
@@ -27,28 +26,22 @@ QRect globalRect(const QWidget& widget) { return {widget.mapToGlobal(QPoint(0, 0
 /// What has opened: windows of their own, and what lies over the view.
 QWidgetList opened(Bench& bench) {
   QWidgetList all;
-  for (QWidget* const widget : QApplication::topLevelWidgets()) {
-    if (widget->isVisible() && widget != &bench.window())
-      all += widget;
-  }
-  for (QWidget* const widget : bench.window().findChildren<QWidget*>()) {
+  for (QWidget* const widget : QApplication::allWidgets()) {
     const bool isBar =
         qobject_cast<ToolBar*>(widget) && widget != bench.bars().mainBar() && widget != bench.bars().panel();
-    if (widget->isVisible() && !widget->isWindow() && (isBar || qobject_cast<ArrowedWindow*>(widget)))
+    const bool hasOpened = widget->isWindow() || isBar || qobject_cast<ArrowedWindow*>(widget);
+    if (hasOpened && widget->isVisible() && widget != &bench.window())
       all += widget;
   }
   return all;
 }
 
-bool liesRight(const QWidget& popup, Bench& bench) {
-  const QRect area = popup.isWindow() ? bench.window().screen()->geometry() : globalRect(bench.window());
-  return area.contains(globalRect(popup)) && popup.devicePixelRatioF() == bench.window().devicePixelRatioF();
-}
-
-QWidget* firstGroupButton(const ToolBar& bar) {
-  const QList<ToolButton*> buttons = bar.Buttons();
-  return *std::find_if(buttons.begin(), buttons.end(), [](const ToolButton* button) {
-    return qobject_cast<const ToolButtonWithButtonMenu*>(button);
+bool allLieRight(Bench& bench) {
+  const QWidgetList all = opened(bench);
+  return std::all_of(all.begin(), all.end(), [&bench](const QWidget* popup) {
+    const QRect area = popup->isWindow() ? bench.window().screen()->geometry() : globalRect(bench.window());
+    return area.contains(globalRect(*popup)) &&
+           popup->devicePixelRatioF() == bench.window().devicePixelRatioF();
   });
 }
 
@@ -70,17 +63,14 @@ private Q_SLOTS:
     row("menu of a button", [](Bench& bench) { click(*bench.window().findChild<UnitButton*>()); });
     row("tooltip", [](Bench& bench) { moveMouse(*bench.bars().mainBar()->Buttons().first()); });
     row("flyout", [](Bench& bench) { bench.press(Qt::Key_M, Qt::ControlModifier | Qt::AltModifier); });
-    row("sub-toolbar", [](Bench& bench) { click(*firstGroupButton(*bench.bars().panel())); });
+    row("sub-toolbar",
+        [](Bench& bench) { click(*bench.bars().panel()->findChild<ToolButtonWithButtonMenu*>()); });
   }
   void whatOpensStaysWithItsWindow() {
     QFETCH(Open, open);
     QCOMPARE(QGuiApplication::screens().size(), 2);
     Bench bench({700, 500});
     bench.show(Test::blob(8));
-    const auto allLieRight = [&bench] {
-      const QWidgetList all = opened(bench);
-      return std::all_of(all.begin(), all.end(), [&](QWidget* each) { return liesRight(*each, bench); });
-    };
     // In corners of its own screen, and where that meets the other.
     for (const QPoint& place : {QPoint(-1270, -190), QPoint(-705, 95), QPoint(0, 0), QPoint(575, 295)}) {
       bench.window().move(place);
@@ -88,10 +78,10 @@ private Q_SLOTS:
       open(bench);
       QTRY_VERIFY(!opened(bench).isEmpty());
       settle();
-      QVERIFY(allLieRight());
+      QVERIFY(allLieRight(bench));
       bench.window().move(place.x() < 0 ? QPoint(20, 20) : QPoint(-1000, -100));
       settle();
-      QVERIFY(allLieRight()); // or has closed
+      QVERIFY(allLieRight(bench)); // or has closed
       for (int i = 0; i < 3 && !opened(bench).isEmpty(); ++i)
         bench.press(Qt::Key_Escape);
       moveMouse(bench.view());

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "mesh_files.h"
 #include "test_meshes.h"
 #include "workbench_fixture.h"
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "test_meshes.h"
 
+#include <QFile>
+#include <QString>
+
 #include <cmath>
 #include <numbers>
 
@@ -26,6 +29,16 @@ Mesh grid(int cells, int rows, int columns, const std::function<QVector3D(float 
     triangles.push_back({at(row, column), at(row + 1, column + 1), at(row + 1, column)});
   }
   return {positions, triangles};
+}
+
+QByteArray lines(const Mesh& mesh, const char* vertex, const char* face, std::uint32_t base) {
+  const QString three = QStringLiteral("%1 %2 %3\n");
+  QByteArray all;
+  for (const QVector3D& p : mesh.positions())
+    all += vertex + three.arg(p.x()).arg(p.y()).arg(p.z()).toLatin1();
+  for (const Mesh::Triangle& t : mesh.triangles())
+    all += face + three.arg(t[0] + base).arg(t[1] + base).arg(t[2] + base).toLatin1();
+  return all;
 }
 
 } // namespace
@@ -81,6 +94,21 @@ Mesh moved(const Mesh& mesh, const std::function<QVector3D(const QVector3D&)>& p
   for (const QVector3D& position : mesh.positions())
     positions.push_back(place(position));
   return {positions, mesh.triangles()};
+}
+
+QByteArray objFile(const Mesh& mesh) { return "# a mesh\no thing\n" + lines(mesh, "v ", "f ", 1); }
+
+QByteArray offFile(const Mesh& mesh) {
+  const QString counts = QStringLiteral("OFF\n%1 %2 0\n");
+  return counts.arg(mesh.positions().size()).arg(mesh.triangles().size()).toLatin1() +
+         lines(mesh, "", "3 ", 0);
+}
+
+QByteArray storedFile(const char* name) {
+  QFile file(QStringLiteral(VLK_TEST_MESHES "/") + QLatin1String(name));
+  if (!file.open(QIODevice::ReadOnly))
+    qFatal("cannot read %s", name);
+  return file.readAll();
 }
 
 } // namespace Workbench::Test

@@ -3,6 +3,8 @@
 
 #include <workbench/mesh.h>
 
+#include <QByteArray>
+
 #include <functional>
 
 namespace Workbench::Test {
@@ -19,5 +21,15 @@ Mesh torus(int rings);
 Mesh merged(const Mesh& first, const Mesh& second);
 /// With each point where @p place puts it.
 Mesh moved(const Mesh& mesh, const std::function<QVector3D(const QVector3D&)>& place);
+
+/// @name Contents of mesh files
+/// Not made by the program's own writer, which may have the mistakes of its reader.
+/// @{
+QByteArray objFile(const Mesh& mesh);
+QByteArray offFile(const Mesh& mesh);
+/// A file of the folder meshes: cubes of edge 2. Those called "placed" are the child of a node that moves it
+/// by (10, 0, 0), in one that doubles its size.
+QByteArray storedFile(const char* name);
+/// @}
 
 } // namespace Workbench::Test

@@ -6,7 +6,6 @@
 #include <vlk_app_service/config_manager.h>
 #include <vlk_app_service/i_app_manager.h>
 #include <vlk_common_res/styles.h>
-#include <workbench/toolbars/mesh_tool_bars.h>
 
 namespace Workbench::Test {
 
@@ -46,11 +45,6 @@ void WorkbenchFixture::show(const Mesh& mesh) {
   controller().showMesh(mesh, "mesh");
   Vela::Test::settle();
   QTRY_VERIFY(view().isSettled());
-}
-
-void WorkbenchFixture::resize(const QSize& size) {
-  window().resize(size);
-  Vela::Test::settle();
 }
 
 void WorkbenchFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {

@@ -70,7 +70,6 @@ public:
   void open(const QString& file);
   /// Shows a mesh and waits until it is drawn.
   void show(const Mesh& mesh);
-  void resize(const QSize& size);
 
   /// What the notification over the view says; empty when there is none.
   QString notification();
@@ -85,15 +84,15 @@ private:
 class HeldWork {
 public:
   void runMain() {
-    while (m_dispatcher.step(Taren::Core::MainThreadQoS)) {
+    while (dispatcher.step(Taren::Core::MainThreadQoS)) {
     }
   }
-  void runAll() { m_dispatcher.runAll(); }
-  Taren::Core::SteppedDispatcher& dispatcher() { return m_dispatcher; }
+  void runAll() { dispatcher.runAll(); }
+
+  Taren::Core::SteppedDispatcher dispatcher;
 
 private:
-  Taren::Core::SteppedDispatcher m_dispatcher;
-  const Taren::Core::ScopedDispatcher m_installed{m_dispatcher};
+  const Taren::Core::ScopedDispatcher m_installed{dispatcher};
 };
 
 /// How many pixels show something else than the background at their height, which the left edge shows.

@@ -54,15 +54,13 @@ public:
   std::atomic_bool ranElsewhere = false;
 };
 
-class AppManager : public Vela::Services::IAppManager {
-public:
+struct AppManager : Vela::Services::IAppManager {
   QList<CommandBase*> commandsFor(CmdsViewController* controller) override {
     return {new WorkCommand(controller)};
   }
 };
 
-class EndObserver : public CommandStateProtocol {
-public:
+struct EndObserver : CommandStateProtocol {
   void commandEndedExecuting(CommandBase*, bool) override { QApplication::exit(0); }
 };
 

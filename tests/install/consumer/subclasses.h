@@ -30,58 +30,20 @@ struct More : Private {
   QString more = QStringLiteral("more");
 };
 
-struct Bar : ToolBar {
-  explicit Bar(QWidget* parent) : ToolBar(*new More<ToolBarPrivate>, parent, Qt::TopToolBarArea) {}
+/// A class with nothing else of its own.
+template <class Base, class Private>
+struct Own : Base {
+  template <class... Values>
+  explicit Own(const Values&... values) : Base(*new More<Private>, values...) {}
 };
-struct Panel : ActionPanel {
-  explicit Panel(QWidget* parent) : ActionPanel(*new More<ActionPanelPrivate>, parent) {}
+
+struct Button : Own<ToolButton, ToolButtonPrivate> {
+  Button(QAction* action, ToolBar* bar) : Own(bar) { Initialize(action, bar); }
 };
-struct Button : ToolButton {
-  Button(QAction* action, ToolBar* bar) : ToolButton(*new More<ToolButtonPrivate>, bar) {
-    Initialize(action, bar);
-  }
-};
-struct MenuButton : ToolButtonWithMenu {
-  MenuButton(QAction* action, ToolBar* bar, QWidget* menu)
-      : ToolButtonWithMenu(*new More<ToolButtonWithMenuPrivate>, action, bar, bar) {
-    AttachMenu(menu);
-  }
+struct MenuButton : Own<ToolButtonWithMenu, ToolButtonWithMenuPrivate> {
+  MenuButton(QAction* action, ToolBar* bar, QWidget* menu) : Own(action, bar, bar) { AttachMenu(menu); }
   QPoint GetMenuPosition() override { return {-900, -900}; } // where nobody sees it
   void ClickedHandler() override { ShowMenu(); }
-};
-struct SubToolBarButton : ToolButtonWithButtonMenu {
-  SubToolBarButton(ToolBar* bar, ToolBar* menu)
-      : ToolButtonWithButtonMenu(*new More<ToolButtonWithButtonMenuPrivate>, QIcon(), bar, menu, {}, bar) {}
-};
-struct PanelButton : ToolButtonWithWidgetMenu {
-  PanelButton(QAction* action, ToolBar* bar, QWidget* menu)
-      : ToolButtonWithWidgetMenu(*new More<ToolButtonWithWidgetMenuPrivate>, action, bar, menu, bar) {}
-};
-struct Window : ArrowedWindow {
-  Window() : ArrowedWindow(*new More<ArrowedWindowPrivate>, nullptr) {}
-};
-struct Calculator : WidgetPosCalculator {
-  Calculator() : WidgetPosCalculator(*new More<WidgetPosCalculatorPrivate>, nullptr) {}
-};
-struct Tooltip : TooltipObject {
-  Tooltip() : TooltipObject(*new More<TooltipObjectPrivate>, {}, nullptr) {}
-};
-struct Wrapper : TooltipWrapper {
-  Wrapper() : TooltipWrapper(*new More<TooltipWrapperPrivate>, {}, nullptr) {}
-};
-struct Spot : ATooltipObject {
-  Spot() : ATooltipObject(*new More<ATooltipObjectPrivate>, {}, nullptr) {}
-};
-struct Menus : MenuBuilder {
-  explicit Menus(QMainWindow* window)
-      : MenuBuilder(*new More<MenuBuilderPrivate>, {}, window, window, Qt::ToolButtonTextOnly, true, {}) {}
-};
-struct RightClick : RCMenuManager {
-  explicit RightClick(QMainWindow* window)
-      : RCMenuManager(*new More<RCMenuManagerPrivate>, window, 0, true, nullptr) {}
-};
-struct Row : ToolbarManager {
-  explicit Row(ToolBar* main) : ToolbarManager(*new More<ToolbarManagerPrivate>, main) {}
 };
 
 /// Puts an application's own buttons into a bar and uses one. @return whether all of it works.
@@ -89,25 +51,27 @@ inline bool work() {
   {
     QMainWindow window;
     window.resize(400, 300);
-    Bar bar(&window);
-    Panel panel(&window);
+    Own<ToolBar, ToolBarPrivate> bar(&window, Qt::TopToolBarArea);
+    Own<ActionPanel, ActionPanelPrivate> panel(&window);
     QAction action(QStringLiteral("Own"));
     QLabel menu(QStringLiteral("a menu"), &window);
     QLabel flyout(QStringLiteral("a panel"));
     auto* const button = new MenuButton(&action, &bar, &menu);
-    for (ToolButton* const each :
-         {static_cast<ToolButton*>(button), static_cast<ToolButton*>(new Button(&action, &bar)),
-          static_cast<ToolButton*>(new SubToolBarButton(&bar, &panel)),
-          static_cast<ToolButton*>(new PanelButton(&action, &bar, &flyout))})
-      bar.AddToolButton(each);
-    const Row row(&bar);
-    const Window arrowed;
-    const Calculator calculator;
-    const Tooltip tooltip;
-    const Wrapper wrapper;
-    const Spot spot;
-    const Menus menus(&window);
-    const RightClick rightClick(&window);
+    bar.AddToolButton(button);
+    bar.AddToolButton(new Button(&action, &bar));
+    bar.AddToolButton(new Own<ToolButtonWithButtonMenu, ToolButtonWithButtonMenuPrivate>(
+        QIcon(), &bar, &panel, QString(), &bar));
+    bar.AddToolButton(
+        new Own<ToolButtonWithWidgetMenu, ToolButtonWithWidgetMenuPrivate>(&action, &bar, &flyout, &bar));
+    const Own<ToolbarManager, ToolbarManagerPrivate> row(&bar);
+    const Own<ArrowedWindow, ArrowedWindowPrivate> arrowed(nullptr);
+    const Own<WidgetPosCalculator, WidgetPosCalculatorPrivate> calculator(nullptr);
+    const Own<TooltipObject, TooltipObjectPrivate> tooltip(QString(), nullptr);
+    const Own<TooltipWrapper, TooltipWrapperPrivate> wrapper(QString(), nullptr);
+    const Own<ATooltipObject, ATooltipObjectPrivate> spot(QString(), nullptr);
+    const Own<MenuBuilder, MenuBuilderPrivate> menus(QString(), &window, &window, Qt::ToolButtonTextOnly,
+                                                     true, QString());
+    const Own<RCMenuManager, RCMenuManagerPrivate> rightClick(&window, 0, true, nullptr);
     window.show();
     bar.ShowMe();
     button->click();
